@@ -1,0 +1,66 @@
+# How this project's targets are declared: one static library per folder, one test program per
+# subsystem, one fuzz target per reader.
+
+add_library(talpena_warnings INTERFACE)
+target_compile_options(talpena_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+  -Wsign-conversion -Wnon-virtual-dtor -Woverloaded-virtual -Wold-style-cast -Wformat=2)
+if(TALPENA_WERROR)
+  target_compile_options(talpena_warnings INTERFACE -Werror)
+endif()
+
+# talpena_library(name SOURCES a.cpp a.h ... PUBLIC lib ... PRIVATE lib ...)
+function(talpena_library name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
+  add_library(${name} STATIC ${ARG_SOURCES})
+  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} talpena_warnings)
+endfunction()
+
+# The same for a library of windows: moc runs over it and Qt Widgets is linked.
+function(talpena_windows name)
+  talpena_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+  target_link_libraries(${name} PUBLIC Qt6::Widgets)
+  target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+endfunction()
+
+# talpena_test(name SOURCES a_test.cpp ... LINK lib ...): a GoogleTest program whose cases are
+# tests of their own. TALPENA_SOURCE_DIR and TALPENA_SHARED_DATA are defined for it.
+function(talpena_test name)
+  cmake_parse_arguments(ARG "WINDOWS" "" "SOURCES;LINK" ${ARGN})
+  if(NOT BUILD_TESTING)
+    return()
+  endif()
+  add_executable(${name} ${ARG_SOURCES})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE
+    TALPENA_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
+    TALPENA_BINARY_DIR="${PROJECT_BINARY_DIR}"
+    TALPENA_SHARED_DATA="${PROJECT_SOURCE_DIR}/../shared/data")
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} talpena_warnings)
+  if(ARG_WINDOWS)
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    target_link_libraries(${name} PRIVATE GTest::gtest Qt6::Test)
+  else()
+    target_link_libraries(${name} PRIVATE GTest::gtest_main)
+  endif()
+  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()
+
+# talpena_fuzz(name SOURCES a_fuzz.cpp LINK lib ... CORPUS dir): with TALPENA_FUZZ a libFuzzer
+# program; without it the corpus in fuzz/corpus/ is an ordinary test.
+function(talpena_fuzz name)
+  cmake_parse_arguments(ARG "" "CORPUS" "SOURCES;LINK" ${ARGN})
+  if(TALPENA_FUZZ)
+    add_executable(${name} ${ARG_SOURCES})
+    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  elseif(BUILD_TESTING)
+    add_executable(${name} ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/fuzz/replay_main.cpp)
+    add_test(NAME ${name}_corpus COMMAND ${name} ${ARG_CORPUS})
+  else()
+    return()
+  endif()
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(${name} PRIVATE ${ARG_LINK} talpena_warnings)
+endfunction()

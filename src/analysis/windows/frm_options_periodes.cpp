@@ -1,0 +1,1 @@
+#include "analysis/windows/frm_options_periodes.h"

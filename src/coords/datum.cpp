@@ -1,0 +1,1 @@
+#include "coords/datum.h"

@@ -1,0 +1,1 @@
+#include "coords/windows/frm_datum.h"

@@ -1,0 +1,2 @@
+// The drawing surface of the maps. Nothing draws yet.
+#pragma once

@@ -1,0 +1,2 @@
+// Charts of analysed rows. Nothing draws one yet.
+#pragma once

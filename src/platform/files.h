@@ -1,0 +1,53 @@
+// Files of the user: read in blocks, written so that a crash or a full disk loses nothing.
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace talpena {
+
+class InputFile {
+ public:
+  virtual ~InputFile() = default;
+  virtual std::size_t Lit(std::span<char> buffer) = 0;  ///< bytes read; 0 at the end
+  virtual std::int64_t Taille() const = 0;              ///< bytes, when it was opened
+};
+
+/// A file being written beside its place; it takes the place of the old one in one step.
+/// Destroyed without Remplace it leaves the old file as it was.
+class OutputFile {
+ public:
+  virtual ~OutputFile() = default;
+  virtual void Ecrit(std::string_view bytes) = 0;
+  /// Puts what was written in the place of the old file: synced before, folder synced after,
+  /// mode, owner and link target kept.
+  virtual void Remplace() = 0;
+};
+
+/// Tells two states of a file apart; equal when nothing touched the file between.
+struct FileStamp {
+  std::int64_t size = -1;
+  std::int64_t modifiedNs = 0;
+  std::uint64_t identity = 0;
+  bool operator==(const FileStamp&) const = default;
+};
+
+/// Paths are UTF-8, taken as they stand. Failures are TalpenaErrors in the numbers of the
+/// language's run time: 53 not found, 58 exists, 61 disk full, 70 permission denied, 75 path or
+/// file access, 76 path not found, 57 device fault; the description names the path.
+class FileSystem {
+ public:
+  virtual ~FileSystem() = default;
+  virtual bool Existe(const std::string& path) = 0;  ///< a file (not a folder) is there
+  virtual std::unique_ptr<InputFile> Ouvre(const std::string& path) = 0;
+  virtual std::unique_ptr<OutputFile> Cree(const std::string& path) = 0;
+  virtual void Supprime(const std::string& path) = 0;
+  /// Refuses (58) when the target exists. On a symbolic link the contents move, not the link.
+  virtual void Renomme(const std::string& from, const std::string& to) = 0;
+  virtual std::optional<FileStamp> Empreinte(const std::string& path) = 0;
+};
+
+}  // namespace talpena

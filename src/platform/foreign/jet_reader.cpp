@@ -1,0 +1,1 @@
+#include "platform/foreign/jet_reader.h"

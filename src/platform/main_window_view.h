@@ -1,0 +1,40 @@
+// What the commands ask of the main window.
+#pragma once
+#include <array>
+#include <string>
+
+namespace talpena {
+
+class MainWindowView {
+ public:
+  virtual ~MainWindowView() = default;
+
+  virtual void ChangeTitreFenetre(const std::string& title) = 0;
+  virtual std::string BoxTitre() const = 0;
+  virtual void ChangeBoxTitre(const std::string& text) = 0;  ///< does not set FichierModifie
+  virtual std::string Commentaire() const = 0;
+  virtual void ChangeCommentaire(const std::string& text) = 0;  ///< nor does this
+  /// Shows BoxTitre, LabelTitre, LabelCommentaire and Commentaire.
+  virtual void MontreTitres() = 0;
+  virtual void AjusteGrille() = 0;
+  virtual void ActiveMenus() = 0;
+  virtual void CacheLbl1() = 0;
+  virtual void PlaceFocusGrille() = 0;
+  virtual bool GrilleVisible() const = 0;
+
+  /// Text of a grid column in the grid's current row, "" when there is no row.
+  virtual std::string TexteCellule(int column) = 0;
+
+  virtual void AfficheMessage(const std::string& text) = 0;  ///< the wait window; never fails
+  virtual void FermeMessage() = 0;
+  virtual void ChangeSablier(bool hourglass) = 0;
+  virtual void MontreBarre(bool visible) = 0;         ///< ProgressBar1
+  virtual void MontreProgression(double percent) = 0;  ///< clamped to 0..100, integer part
+  virtual void TraiteMessages() = 0;                  ///< runs the message loop once
+
+  virtual void AffichePanneauDatum(const std::string& code) = 0;  ///< panel 3 of StatusBar1
+  virtual void AfficheDerniersFichiers(const std::array<std::string, 4>& paths) = 0;
+  virtual void MontreOptionsPeriodes() = 0;  ///< frmOptionsPeriodes, modal
+};
+
+}  // namespace talpena

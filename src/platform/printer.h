@@ -1,0 +1,2 @@
+// The printer that the print dialog chose. Nothing prints yet.
+#pragma once

@@ -1,0 +1,1 @@
+#include "platform/sqlite/sqlite_engine.h"

@@ -1,0 +1,32 @@
+// Clock, environment and sound of the machine.
+#pragma once
+#include <string>
+#include <string_view>
+
+namespace talpena {
+
+class Clock {
+ public:
+  virtual ~Clock() = default;
+  virtual int AnneeCourante() = 0;  ///< current year of the local calendar
+};
+
+class Environment {
+ public:
+  virtual ~Environment() = default;
+  virtual std::string Variable(std::string_view name) = 0;  ///< "" when not set
+  /// Folder for working files: TEMP, else TMPDIR, else (not on Windows) a folder of the user's
+  /// cache that nobody else can enter, made when it is absent.
+  virtual std::string DossierTemporaire() = 0;
+  /// Root of the first CD drive, "D:\" when there is none.
+  virtual std::string LecteurCD() = 0;
+  virtual bool ChangeDossier(const std::string& folder) = 0;  ///< false when it cannot
+};
+
+class Sound {
+ public:
+  virtual ~Sound() = default;
+  virtual void Bip() = 0;
+};
+
+}  // namespace talpena

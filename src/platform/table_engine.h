@@ -1,0 +1,178 @@
+// Tables, cursors and transactions, in the vocabulary of the commands. Every failure is a
+// TalpenaError with the engine's number and a description that can be shown to the user.
+#pragma once
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/value.h"
+
+namespace talpena {
+
+enum class FieldType : std::uint8_t {
+  Boolean, Byte, Integer /* 16 bits */, Long /* 32 bits */, Currency, Single, Double,
+  Date, Text, Memo, Binary
+};
+
+struct FieldDef {
+  std::string name;
+  FieldType type = FieldType::Text;
+  int size = 0;                ///< characters of a Text field; 0 for the other types
+  bool allowZeroLength = false;  ///< Text and Memo: "" may be stored
+  bool autoIncrement = false;  ///< Long: numbered by the table, never given twice in its life
+  bool required = false;       ///< Null is refused
+};
+
+struct IndexDef {
+  std::string name;
+  std::vector<std::string> fields;
+  bool unique = false;
+  bool primary = false;
+};
+
+struct TableDef {
+  std::string name;
+  std::vector<FieldDef> fields;
+  std::vector<IndexDef> indexes;
+};
+
+/// Names a row of a recordset's table for as long as the row lives.
+using Bookmark = std::int64_t;
+
+/// A cursor over a table or a SELECT. It stands on a row, before the first (BOF) or behind the
+/// last (EOF). Fields are addressed by index, resolved once with FieldIndex; names are matched
+/// without regard to case.
+///
+/// A recordset over one table (any SELECT * FROM one table with WHERE and ORDER BY, and a table
+/// opened by name) can be written; the rows that it shows, and their order, are those of the
+/// moment it was opened, less the rows deleted since, plus its own (and its clones') added
+/// rows at the end. Values are always current.
+class Recordset {
+ public:
+  virtual ~Recordset() = default;
+
+  virtual const std::vector<FieldDef>& Fields() const = 0;
+  virtual int FieldIndex(std::string_view name) const = 0;  ///< ItemNotFound (3265) if absent
+
+  virtual bool BOF() const = 0;
+  virtual bool EOF_() const = 0;
+  virtual void MoveFirst() = 0;  ///< on an empty recordset: BOF and EOF, no failure
+  virtual void MoveLast() = 0;
+  virtual void MoveNext() = 0;      ///< NoCurrentRecord (3021) when already at EOF
+  virtual void MovePrevious() = 0;  ///< NoCurrentRecord (3021) when already at BOF
+  virtual std::int64_t RecordCount() = 0;
+
+  virtual Bookmark GetBookmark() const = 0;  ///< NoCurrentRecord (3021) off a row
+  virtual void SetBookmark(Bookmark) = 0;    ///< InvalidBookmark (3159) if the row is gone
+  virtual std::int64_t AbsolutePosition() const = 0;  ///< from 0; -1 off a row
+  virtual void SetAbsolutePosition(std::int64_t) = 0;
+
+  /// Value of a field of the current row, or of the row being edited or added.
+  virtual Cell Get(int field) = 0;
+  Cell Get(std::string_view name) { return Get(FieldIndex(name)); }
+
+  /// A row is changed between Edit or AddNew and Update. Set refuses at once what the column
+  /// cannot hold: DataConversion (3421), Overflow (6), FieldTooSmall (3163), ZeroLength (3315),
+  /// NullNotAllowed (3314). A text into a numeric field goes through the numeric parse when the
+  /// whole of it is a number; a Single is rounded to 32 bits. Moving drops an open edit.
+  virtual void AddNew() = 0;
+  virtual void Edit() = 0;
+  virtual void Set(int field, Cell value) = 0;
+  void Set(std::string_view name, Cell value) { Set(FieldIndex(name), value); }
+  virtual void Update() = 0;  ///< after AddNew the cursor goes back to the row it stood on
+  virtual void CancelUpdate() = 0;
+  /// The row added last by this recordset.
+  virtual Bookmark LastModified() const = 0;
+  /// Deletes the current row; the cursor then stands on no row until it is moved (MoveNext goes
+  /// to the row behind the deleted one).
+  virtual void Delete() = 0;
+
+  /// First or next row that meets a condition as a user may write it; false, with the position
+  /// unchanged, when there is none.
+  virtual bool FindFirst(std::string_view condition) = 0;
+  virtual bool FindNext(std::string_view condition) = 0;
+
+  /// An independent cursor over the same rows, sharing their list, standing on the first.
+  virtual std::unique_ptr<Recordset> Clone() = 0;
+};
+
+/// Rows handed to a table one by one, without a cursor.
+class RowSource {
+ public:
+  virtual ~RowSource() = default;
+  /// Fills one cell per column asked for; false when there is no further row. Texts must stay
+  /// valid until the next call.
+  virtual bool Suivante(std::span<Cell> cells) = 0;
+};
+
+class Database {
+ public:
+  virtual ~Database() = default;
+
+  virtual void CreateTable(const TableDef& table) = 0;  ///< TableExists (3010)
+  virtual std::vector<std::string> TableNames() = 0;
+  virtual TableDef Table(std::string_view name) = 0;  ///< TableNotFound (3078)
+
+  /// `source` is a table's name or a SELECT of the dialect that table_engine.md describes.
+  virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view source) = 0;
+
+  /// One statement that changes rows (DELETE, UPDATE, INSERT); the number of rows it changed.
+  virtual std::int64_t Execute(std::string_view statement) = 0;
+
+  /// Adds every row of the source to a table, values checked as by Recordset::Set. On a refused
+  /// row, or when the source throws, the failure is thrown on and the rows before it stay.
+  virtual std::int64_t InsertRows(std::string_view table, std::span<const std::string_view> columns,
+                                  RowSource& source) = 0;
+
+  /// One level of transaction. A second BeginTrans raises InvalidArgument; the other two outside
+  /// a transaction raise NoTransaction (3034).
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void Rollback() = 0;
+  virtual bool EnTransaction() const = 0;
+};
+
+/// Commits on Valide(), rolls back when left without it.
+class Transaction {
+ public:
+  explicit Transaction(Database& database) : database_(&database) { database.BeginTrans(); }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+  ~Transaction() {
+    if (database_ != nullptr && database_->EnTransaction()) {
+      try {
+        database_->Rollback();
+      } catch (...) {  // nothing more can be undone while unwinding
+      }
+    }
+  }
+  void Valide() {
+    database_->CommitTrans();
+    database_ = nullptr;
+  }
+
+ private:
+  Database* database_;
+};
+
+class TableEngine {
+ public:
+  virtual ~TableEngine() = default;
+
+  /// A new, empty, throw-away database. `locale` is kept for engines that need it
+  /// (";LANGID=0x0409;CP=1252;COUNTRY=0"). Raises PathFileAccess, FileExists, ...
+  virtual std::unique_ptr<Database> CreateDatabase(const std::string& path,
+                                                   std::string_view locale) = 0;
+
+  /// An existing database: the engine's own files and, through the readers of foreign formats,
+  /// Access files. `connect` names another maker's format ("dBase IV;"), empty for Access.
+  /// Raises DatabaseNotFound (3024), UnrecognizedFormat (3343).
+  virtual std::unique_ptr<Database> OpenDatabase(const std::string& path, bool readOnly,
+                                                 std::string_view connect = {}) = 0;
+};
+
+}  // namespace talpena

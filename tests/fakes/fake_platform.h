@@ -1,0 +1,175 @@
+// The machine as tests want it: scripted boxes, settings in memory, a clock that stands.
+#pragma once
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "common/talpena_error.h"
+#include "common/text.h"
+#include "platform/platform.h"
+
+namespace talpena::test {
+
+/// Answers boxes from a script, in order, and records every one. A box that the script did not
+/// expect fails the test and is answered by its first button (Cancel for file dialogs).
+class FakeDialogues : public Dialogues {
+ public:
+  std::deque<Answer> answers;            ///< for message boxes with a choice
+  std::deque<std::string> inputs;        ///< for input boxes
+  std::deque<std::string> paths;         ///< for file and folder dialogs; "" is Cancel
+  std::deque<std::uint32_t> colours;     ///< for colour dialogs
+  std::vector<MessageBox> boxes;         ///< message boxes shown
+  std::vector<InputBox> asked;           ///< input boxes shown
+  std::vector<FileDialog> fileDialogs;   ///< open and save dialogs shown
+
+  Answer Demande(const MessageBox& box) override {
+    boxes.push_back(box);
+    if (box.buttons == Buttons::Ok) return Answer::Ok;
+    if (answers.empty()) {
+      ADD_FAILURE() << "unexpected question: " << box.text;
+      return box.buttons == Buttons::OkCancel ? Answer::Ok : Answer::Yes;
+    }
+    const Answer answer = answers.front();
+    answers.pop_front();
+    return answer;
+  }
+  std::string Saisie(const InputBox& box) override {
+    asked.push_back(box);
+    if (inputs.empty()) {
+      ADD_FAILURE() << "unexpected input box: " << box.prompt;
+      return {};
+    }
+    std::string text = inputs.front();
+    inputs.pop_front();
+    return text;
+  }
+  std::string OuvreFichier(const FileDialog& dialog) override { return Chemin(dialog); }
+  std::string EnregistreFichier(const FileDialog& dialog) override { return Chemin(dialog); }
+  std::string ChoisitDossier(const std::string& title, const std::string& start) override {
+    return Chemin({.title = title, .filter = {}, .folder = start});
+  }
+  std::uint32_t ChoisitCouleur(std::uint32_t) override {
+    if (colours.empty()) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
+    const std::uint32_t colour = colours.front();
+    colours.pop_front();
+    return colour;
+  }
+  Font ChoisitPolice(const Font& start) override { return start; }
+  void Imprime() override {}
+
+ private:
+  std::string Chemin(const FileDialog& dialog) {
+    fileDialogs.push_back(dialog);
+    std::string path;
+    if (paths.empty()) {
+      ADD_FAILURE() << "unexpected file dialog: " << dialog.title << ' ' << dialog.filter;
+    } else {
+      path = paths.front();
+      paths.pop_front();
+    }
+    if (path.empty()) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
+    return path;
+  }
+};
+
+class FakeSettings : public SettingsStore {
+ public:
+  std::map<std::string, std::string> values;  ///< "application/section/key", upper case
+  std::vector<std::string> read;              ///< keys in the order they were asked for
+  std::vector<std::string> written;
+
+  static std::string Cle(std::string_view a, std::string_view s, std::string_view k) {
+    return Majuscules(std::string(a) + "/" + std::string(s) + "/" + std::string(k));
+  }
+  std::string Lit(std::string_view a, std::string_view s, std::string_view k,
+                  std::string_view defaultText) override {
+    read.push_back(Cle(a, s, k));
+    const auto it = values.find(Cle(a, s, k));
+    return it == values.end() ? std::string(defaultText) : it->second;
+  }
+  void Ecrit(std::string_view a, std::string_view s, std::string_view k,
+             std::string_view text) override {
+    written.push_back(Cle(a, s, k));
+    values[Cle(a, s, k)] = std::string(text);
+  }
+};
+
+class FakeClock : public Clock {
+ public:
+  int annee = 2011;
+  int AnneeCourante() override { return annee; }
+};
+
+class FakeEnvironment : public Environment {
+ public:
+  std::map<std::string, std::string> variables;
+  std::string cd = "D:\\";
+  std::vector<std::string> dossiers;  ///< folders the process changed to
+  std::string Variable(std::string_view name) override { return variables[std::string(name)]; }
+  std::string DossierTemporaire() override { return variables["TEMP"]; }
+  std::string LecteurCD() override { return cd; }
+  bool ChangeDossier(const std::string& folder) override {
+    dossiers.push_back(folder);
+    return true;
+  }
+};
+
+class FakeSound : public Sound {
+ public:
+  int bips = 0;
+  void Bip() override { ++bips; }
+};
+
+/// The main window as a list of what it was told.
+class FakeView : public MainWindowView {
+ public:
+  std::vector<std::string> calls;  ///< every call, as "Name text"
+  std::string titre, boxTitre, commentaire, panneauDatum, message;
+  std::vector<int> progression;
+  std::array<std::string, 4> derniers;
+  bool menusActifs = false, sablier = false, barre = false, titresVisibles = false,
+       grilleVisible = false;
+  int periodes = 0;  ///< how often frmOptionsPeriodes was shown
+  std::vector<std::string> cellules = std::vector<std::string>(10, "1");
+
+  void ChangeTitreFenetre(const std::string& t) override { Note("ChangeTitreFenetre", titre = t); }
+  std::string BoxTitre() const override { return boxTitre; }
+  void ChangeBoxTitre(const std::string& t) override { Note("ChangeBoxTitre", boxTitre = t); }
+  std::string Commentaire() const override { return commentaire; }
+  void ChangeCommentaire(const std::string& t) override {
+    Note("ChangeCommentaire", commentaire = t);
+  }
+  void MontreTitres() override { titresVisibles = true, Note("MontreTitres"); }
+  void AjusteGrille() override { grilleVisible = true, Note("AjusteGrille"); }
+  void ActiveMenus() override { menusActifs = true, Note("ActiveMenus"); }
+  void CacheLbl1() override { Note("CacheLbl1"); }
+  void PlaceFocusGrille() override { Note("PlaceFocusGrille"); }
+  bool GrilleVisible() const override { return grilleVisible; }
+  std::string TexteCellule(int column) override {
+    return cellules.at(static_cast<std::size_t>(column));
+  }
+  void AfficheMessage(const std::string& t) override { Note("AfficheMessage", message = t); }
+  void FermeMessage() override { message.clear(), Note("FermeMessage"); }
+  void ChangeSablier(bool h) override { sablier = h; }
+  void MontreBarre(bool v) override { barre = v; }
+  void MontreProgression(double p) override { progression.push_back(static_cast<int>(p)); }
+  void TraiteMessages() override { Note("TraiteMessages"); }
+  void AffichePanneauDatum(const std::string& c) override {
+    Note("AffichePanneauDatum", panneauDatum = c);
+  }
+  void AfficheDerniersFichiers(const std::array<std::string, 4>& p) override {
+    derniers = p;
+    Note("AfficheDerniersFichiers");
+  }
+  void MontreOptionsPeriodes() override { ++periodes, Note("MontreOptionsPeriodes"); }
+
+ private:
+  void Note(const std::string& name, const std::string& text = {}) {
+    calls.push_back(text.empty() ? name : name + " " + text);
+  }
+};
+
+}  // namespace talpena::test
