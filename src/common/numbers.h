@@ -25,9 +25,9 @@ std::string Str(std::int64_t value);
 
 /// A number through a mask: up to three sections for positive (and zero), negative, zero,
 /// separated by ";". "0" is a place always written, "#" one written when needed, "." the point,
-/// every other character, and all that stands in double quotes, is literal. With one section a negative
-/// number gets a leading "-". Halves are rounded away from zero on the exact decimal value of
-/// the argument. "#" alone writes no zero: 0.5 by "+##.#####" is "+.5" and 50 is "+50.".
+/// every other character, and all that stands in double quotes, is literal. With one section a
+/// negative number gets a leading "-". Halves are rounded away from zero on the exact decimal value
+/// of the argument. "#" alone writes no zero: 0.5 by "+##.#####" is "+.5" and 50 is "+50.".
 std::string Format(double value, std::string_view mask);
 
 /// Largest integer not above the value; the value without its fraction.

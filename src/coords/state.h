@@ -11,11 +11,11 @@ namespace talpena {
 
 /// One datum of the catalogue: an ellipsoid and three shifts to WGS84.
 struct DatumRecord {
-  std::int16_t da = 0;  ///< 6378137 less the semi-major axis, whole metres
-  double df = 0;        ///< flattening difference to WGS84, no scale factor
-  double dx = 0;        ///< shift to WGS84, metres
-  double dy = 0;        ///< metres
-  double dz = 0;        ///< metres
+  std::int16_t da = 0;         ///< 6378137 less the semi-major axis, whole metres
+  double df = 0;               ///< flattening difference to WGS84, no scale factor
+  double dx = 0;               ///< shift to WGS84, metres
+  double dy = 0;               ///< metres
+  double dz = 0;               ///< metres
   std::int16_t ellipsoid = 0;  ///< row of Ellipsoides, from 1
   std::string code;            ///< five characters, blank padded
   std::string name;
@@ -41,12 +41,12 @@ struct DatumCatalogue {
   std::array<std::int16_t, 7> DatumsSpeciaux{};
 
   // The current ellipsoid, set by ChoisitEllipsoide and valid until its next call.
-  double DemiGrandAxe = 0;    ///< semi-major axis, metres
-  double Aplatissement = 0;   ///< flattening, not its inverse
-  double DemiPetitAxe = 0;    ///< semi-minor axis, metres
+  double DemiGrandAxe = 0;   ///< semi-major axis, metres
+  double Aplatissement = 0;  ///< flattening, not its inverse
+  double DemiPetitAxe = 0;   ///< semi-minor axis, metres
   std::int16_t EllipsoideCourant = 0;
 
-  const DatumRecord& Datum(std::int16_t index) const;      ///< outside: SubscriptOutOfRange (9)
+  const DatumRecord& Datum(std::int16_t index) const;        ///< outside: SubscriptOutOfRange (9)
   const EllipsoidRecord& Ellipsoide(std::int16_t id) const;  ///< outside: SubscriptOutOfRange (9)
 };
 

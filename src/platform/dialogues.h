@@ -25,10 +25,10 @@ struct InputBox {
 };
 
 struct FileDialog {
-  std::string title = {};      ///< empty: the toolkit's own
-  std::string filter;          ///< "Distribution (*.deg)|*.deg", pairs joined by "|"
-  std::string folder = {};     ///< where the dialog starts
-  std::string name = {};       ///< name (or path) offered at first
+  std::string title = {};       ///< empty: the toolkit's own
+  std::string filter;           ///< "Distribution (*.deg)|*.deg", pairs joined by "|"
+  std::string folder = {};      ///< where the dialog starts
+  std::string name = {};        ///< name (or path) offered at first
   bool confirmReplace = false;  ///< saving only
 };
 

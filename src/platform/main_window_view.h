@@ -28,9 +28,9 @@ class MainWindowView {
   virtual void AfficheMessage(const std::string& text) = 0;  ///< the wait window; never fails
   virtual void FermeMessage() = 0;
   virtual void ChangeSablier(bool hourglass) = 0;
-  virtual void MontreBarre(bool visible) = 0;         ///< ProgressBar1
+  virtual void MontreBarre(bool visible) = 0;          ///< ProgressBar1
   virtual void MontreProgression(double percent) = 0;  ///< clamped to 0..100, integer part
-  virtual void TraiteMessages() = 0;                  ///< runs the message loop once
+  virtual void TraiteMessages() = 0;                   ///< runs the message loop once
 
   virtual void AffichePanneauDatum(const std::string& code) = 0;  ///< panel 3 of StatusBar1
   virtual void AfficheDerniersFichiers(const std::array<std::string, 4>& paths) = 0;

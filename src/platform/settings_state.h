@@ -68,9 +68,9 @@ struct SettingsState {
 
 /// What every subsystem reads: the settings and the program's folders.
 struct SharedState : SettingsState {
-  std::string AppDir;        ///< folder of the program's own files, without a separator behind
-  std::string WorkingDir;    ///< folder of the working database, separator behind it unless empty
-  std::string WorkingDbPath; ///< WorkingDir + "talpena_tmp.mdb"
+  std::string AppDir;         ///< folder of the program's own files, without a separator behind
+  std::string WorkingDir;     ///< folder of the working database, separator behind it unless empty
+  std::string WorkingDbPath;  ///< WorkingDir + "talpena_tmp.mdb"
 };
 
 }  // namespace talpena

@@ -14,17 +14,26 @@
 namespace talpena {
 
 enum class FieldType : std::uint8_t {
-  Boolean, Byte, Integer /* 16 bits */, Long /* 32 bits */, Currency, Single, Double,
-  Date, Text, Memo, Binary
+  Boolean,
+  Byte,
+  Integer /* 16 bits */,
+  Long /* 32 bits */,
+  Currency,
+  Single,
+  Double,
+  Date,
+  Text,
+  Memo,
+  Binary
 };
 
 struct FieldDef {
   std::string name;
   FieldType type = FieldType::Text;
-  int size = 0;                ///< characters of a Text field; 0 for the other types
+  int size = 0;                  ///< characters of a Text field; 0 for the other types
   bool allowZeroLength = false;  ///< Text and Memo: "" may be stored
-  bool autoIncrement = false;  ///< Long: numbered by the table, never given twice in its life
-  bool required = false;       ///< Null is refused
+  bool autoIncrement = false;    ///< Long: numbered by the table, never given twice in its life
+  bool required = false;         ///< Null is refused
 };
 
 struct IndexDef {
@@ -66,8 +75,8 @@ class Recordset {
   virtual void MovePrevious() = 0;  ///< NoCurrentRecord (3021) when already at BOF
   virtual std::int64_t RecordCount() = 0;
 
-  virtual Bookmark GetBookmark() const = 0;  ///< NoCurrentRecord (3021) off a row
-  virtual void SetBookmark(Bookmark) = 0;    ///< InvalidBookmark (3159) if the row is gone
+  virtual Bookmark GetBookmark() const = 0;           ///< NoCurrentRecord (3021) off a row
+  virtual void SetBookmark(Bookmark) = 0;             ///< InvalidBookmark (3159) if the row is gone
   virtual std::int64_t AbsolutePosition() const = 0;  ///< from 0; -1 off a row
   virtual void SetAbsolutePosition(std::int64_t) = 0;
 

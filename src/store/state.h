@@ -25,11 +25,11 @@ struct StoreState : CoordState {
   DataControl Data1;
   std::string SqlCourant = "SELECT * FROM TALPENA ORDER BY Counter";
 
-  bool FichierModifie = false;  ///< the table differs from the file on disk
-  std::string NomFichier;       ///< full path of the open file; empty when it has none yet
-  std::string TitreFichier;     ///< title line read last
+  bool FichierModifie = false;     ///< the table differs from the file on disk
+  std::string NomFichier;          ///< full path of the open file; empty when it has none yet
+  std::string TitreFichier;        ///< title line read last
   std::string CommentaireFichier;  ///< comment line read last
-  bool NouveauEnCours = false;  ///< only while New shows the periods dialog
+  bool NouveauEnCours = false;     ///< only while New shows the periods dialog
   std::optional<FileStamp> EmpreinteFichier;  ///< NomFichier as this process read or wrote it
 
   std::vector<FreeFieldDef> FreeFieldDefs;

@@ -17,13 +17,13 @@ namespace talpena::test {
 /// expect fails the test and is answered by its first button (Cancel for file dialogs).
 class FakeDialogues : public Dialogues {
  public:
-  std::deque<Answer> answers;            ///< for message boxes with a choice
-  std::deque<std::string> inputs;        ///< for input boxes
-  std::deque<std::string> paths;         ///< for file and folder dialogs; "" is Cancel
-  std::deque<std::uint32_t> colours;     ///< for colour dialogs
-  std::vector<MessageBox> boxes;         ///< message boxes shown
-  std::vector<InputBox> asked;           ///< input boxes shown
-  std::vector<FileDialog> fileDialogs;   ///< open and save dialogs shown
+  std::deque<Answer> answers;           ///< for message boxes with a choice
+  std::deque<std::string> inputs;       ///< for input boxes
+  std::deque<std::string> paths;        ///< for file and folder dialogs; "" is Cancel
+  std::deque<std::uint32_t> colours;    ///< for colour dialogs
+  std::vector<MessageBox> boxes;        ///< message boxes shown
+  std::vector<InputBox> asked;          ///< input boxes shown
+  std::vector<FileDialog> fileDialogs;  ///< open and save dialogs shown
 
   Answer Demande(const MessageBox& box) override {
     boxes.push_back(box);

@@ -1,0 +1,33 @@
+#!/usr/bin/env bash
+# Builds the program and starts it: ./run.sh [file.deg]
+# Without a display the same program runs under a virtual X server and leaves pictures of its
+# windows in build/pictures.
+set -euo pipefail
+here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
+. "$here/scripts/packages.sh"
+
+file=${1:-}
+if [ -n "$file" ]; then
+  file=$(realpath -m -- "$file")
+fi
+
+# shellcheck disable=SC2086
+need_packages $packages_build
+cd "$here"
+[ -f build/build.ninja ] || cmake --preset release >/dev/null
+cmake --build --preset release
+
+file=${file:-$here/build/bin/samples/talpa_sample.deg}
+if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+  exec build/bin/talpena "$file"
+fi
+
+# shellcheck disable=SC2086
+need_packages $packages_pictures
+pictures=$here/build/pictures
+rm -rf "$pictures"
+mkdir -p "$pictures"
+TALPENA_PICTURES=$pictures QT_QPA_PLATFORM=xcb \
+  xvfb-run -a -s "-screen 0 1600x1000x24" build/bin/talpena "$file"
+echo "No display: pictures of the windows are in $pictures"
+ls "$pictures"
