@@ -156,6 +156,19 @@ TEST(Format, ReadsBackWithinHalfAStep) {
   }
 }
 
+TEST(Format, FillsMasksLongerThanAnyNumber) {
+  const std::string zeros(5000, '0');
+  EXPECT_EQ(Format(0.5, "0." + zeros), "0.5" + zeros.substr(1));
+  EXPECT_EQ(Format(-0.5, "0." + zeros), "-0.5" + zeros.substr(1));
+  EXPECT_EQ(Format(7, zeros), zeros.substr(1) + "7");
+  EXPECT_EQ(Format(0.5, "0." + std::string(5000, '#')), "0.5");
+  // The smallest double has a digit in the last place that any has.
+  const std::string smallest = Format(5e-324, "0." + std::string(1074, '0'));
+  EXPECT_EQ(smallest.size(), 2U + 1074U);
+  EXPECT_TRUE(smallest.ends_with("506419718265533447265625"));
+  EXPECT_EQ(Format(1e308, "0." + zeros).size(), 309 + 1 + zeros.size());
+}
+
 TEST(Format, LeavesWhatIsNoNumberToThePlainText) {
   const double infinity = std::numeric_limits<double>::infinity();
   EXPECT_EQ(Format(infinity, "0.00"), Str(infinity));
