@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"
@@ -16,7 +17,6 @@ namespace {
 
 constexpr std::string_view Application = "TALPENA";
 constexpr std::string_view DatumParDefaut = "EUR-M";
-constexpr int ResourceNotFound = 326;
 
 /// A global as its key sees it. Colours are signed 32-bit numbers in the store.
 using Champ = std::variant<std::int16_t*, bool*, float*, std::uint32_t*, std::string*>;
@@ -174,11 +174,11 @@ void LitReglage(ProcessState& state, Platform& io, const Reglage& reglage, Setti
 
 /// A language without texts would leave no caption to show.
 void ControleLangue(ProcessState& state, Platform& io) {
-  if (!BlocDeTextes(state.Langue).empty()) return;
-  const std::string stored = EnTexte(state.Langue);
+  const std::int16_t stored = state.Langue;
+  if (!BlocDeTextes(stored).empty()) return;
   state.Langue = SettingsState{}.Langue;
-  Tolere(state, io, Place(reglages.front(), stored),
-         [] { throw TalpenaError(ResourceNotFound, "This interface language has no texts"); });
+  Tolere(state, io, Place(reglages.front(), EnTexte(stored)),
+         [&] { Texte(stored, MsgId::Titre); });  // raises what every caption would
 }
 
 void ForceEllipsoide(SettingsState& s) {
