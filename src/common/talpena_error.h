@@ -21,8 +21,9 @@ inline constexpr int PermissionDenied = 70;
 inline constexpr int PathFileAccess = 75;
 inline constexpr int PathNotFound = 76;
 inline constexpr int InvalidNull = 94;
-inline constexpr int NotInCodePage = 481;  ///< a character that code page 1252 lacks
-inline constexpr int Cancelled = 32755;    ///< the user left a dialog by Cancel
+inline constexpr int ResourceNotFound = 326;  ///< a text that the string table lacks
+inline constexpr int NotInCodePage = 481;     ///< a character that code page 1252 lacks
+inline constexpr int Cancelled = 32755;       ///< the user left a dialog by Cancel
 
 // The table engine's own.
 inline constexpr int InvalidArgument = 3001;
