@@ -52,10 +52,8 @@ void VerifieChemin(const std::string& path) {
 void SynchroniseDossier(const std::string& path) {
   const int folder = open(DossierParent(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (folder < 0) return;
-  const int error = fsync(folder) == 0 ? 0 : errno;
+  fsync(folder);
   close(folder);
-  // Some file systems cannot sync folders and say so.
-  if (error != 0 && error != EINVAL && error != EROFS) LanceErreurFichier(error, path);
 }
 
 }  // namespace talpena

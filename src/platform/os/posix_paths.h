@@ -13,8 +13,8 @@ std::string SuitLiens(const std::string& path);
 /// Refuses what no file can be called: "" and names with a NUL byte.
 void VerifieChemin(const std::string& path);
 
-/// Makes what happened in a file's folder last through a power cut. A folder that may not be read
-/// cannot be synced and is let pass.
+/// Makes what happened in a file's folder last through a power cut, where the folder allows it.
+/// A failure is let pass: what was done is done, and the files themselves were synced before.
 void SynchroniseDossier(const std::string& path);
 
 }  // namespace talpena
