@@ -3,7 +3,7 @@
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "store/deg_line_writer.h"
-#include "store/deg_rows.h"
+#include "store/deg_row_writer.h"
 #include "store/save_file.h"
 #include "store/save_questions.h"
 
@@ -106,7 +106,7 @@ void EcritDeg(StoreState& state, Platform& io, MainWindowView& vue, const std::s
     DegHeader(state, questions, file)
         .Ecrit(vue.BoxTitre(), vue.Commentaire(), io.clock.AnneeCourante());
     vue.MontreBarre(true);
-    DegRows lines(state, vue, questions, file, *rows);
+    DegRowWriter lines(state, vue, questions, file, *rows);
     mode == WriteMode::Grouped ? lines.EcritGroupees() : lines.EcritUneParUne();
     vue.MontreProgression(100);
     questions.TenteJusquaReussite([&] { file.Termine(); });

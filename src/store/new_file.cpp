@@ -3,6 +3,7 @@
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "store/file_commands.h"
+#include "store/free_fields.h"
 #include "store/table.h"
 
 namespace talpena {
@@ -29,7 +30,7 @@ void PrendChampsInternes(StoreState& state) {
     state.FreeFieldText += line;
     AjouteChampLibre(state, line);
   }
-  state.FreeFieldCount = static_cast<std::int16_t>(state.FreeFieldDefs.size());
+  CompteChampsLibres(state);
 }
 
 void ChoisitChampsLibres(FileContext c) {

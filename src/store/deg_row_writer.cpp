@@ -1,4 +1,4 @@
-#include "store/deg_rows.h"
+#include "store/deg_row_writer.h"
 
 #include <limits>
 
@@ -27,7 +27,7 @@ float Simple(const Cell& cell) { return static_cast<float>(cell.Nombre()); }
 
 }  // namespace
 
-void DegRows::EcritUneParUne() {
+void DegRowWriter::EcritUneParUne() {
   Cells cells;
   DegLine line;  // outlives the rows: a coordinate that fails keeps the value of the one before
   ParcourtLignes([&](std::int64_t row) {
@@ -46,7 +46,7 @@ void DegRows::EcritUneParUne() {
   });
 }
 
-void DegRows::EcritGroupees() {
+void DegRowWriter::EcritGroupees() {
   Cells cells;
   bool loaded = false;
   ParcourtLignes([&](std::int64_t row) {
@@ -72,7 +72,7 @@ void DegRows::EcritGroupees() {
 
 /// `row` gets the number of each row, from 1, and says whether it was written.
 template <typename Row>
-void DegRows::ParcourtLignes(Row&& row) {
+void DegRowWriter::ParcourtLignes(Row&& row) {
   total_ = rows_.RecordCount();
   std::int64_t number = 0;
   questions_.TenteJusquaReussite([&] { rows_.MoveFirst(); });
@@ -86,7 +86,7 @@ void DegRows::ParcourtLignes(Row&& row) {
 }
 
 /// The current row; false when it is Null in all ten columns.
-bool DegRows::LitRangee(Cells& cells) {
+bool DegRowWriter::LitRangee(Cells& cells) {
   bool null = true;
   for (std::size_t i = Column::FirstInGrid; i < cells.size(); ++i) {
     cells[i] = rows_.Get(static_cast<int>(i));
@@ -95,7 +95,8 @@ bool DegRows::LitRangee(Cells& cells) {
   return !null;
 }
 
-void DegRows::LitPoint(const Cells& cells, std::int64_t row, float& latitude, float& longitude) {
+void DegRowWriter::LitPoint(const Cells& cells, std::int64_t row, float& latitude,
+                            float& longitude) {
   const auto lit = [&](int column, const char* name, float& value) {
     const Cell& cell = cells[static_cast<std::size_t>(column)];
     if (!cell.EstNull()) {
@@ -109,7 +110,7 @@ void DegRows::LitPoint(const Cells& cells, std::int64_t row, float& latitude, fl
   lit(Column::LONGITUDE, "LONGITUDE", longitude);
 }
 
-void DegRows::LitGroupe(const Cells& cells, std::int64_t row) {
+void DegRowWriter::LitGroupe(const Cells& cells, std::int64_t row) {
   group_.period = Entier(cells[Column::PERIOD]);
   LitPoint(cells, row, group_.latitude, group_.longitude);
   group_.n1 = Entier(cells[Column::N1]);
@@ -121,7 +122,7 @@ void DegRows::LitGroupe(const Cells& cells, std::int64_t row) {
   group_.row = row;
 }
 
-bool DegRows::EstDuGroupe(const Cells& cells) const {
+bool DegRowWriter::EstDuGroupe(const Cells& cells) const {
   const Cell& latitude = cells[Column::LATITUDE];
   const Cell& longitude = cells[Column::LONGITUDE];
   return !latitude.EstNull() && !longitude.EstNull() &&
@@ -129,7 +130,7 @@ bool DegRows::EstDuGroupe(const Cells& cells) const {
          Simple(longitude) == group_.longitude;
 }
 
-void DegRows::AjouteAuGroupe(const Cells& cells) {
+void DegRowWriter::AjouteAuGroupe(const Cells& cells) {
   questions_.Tente([&] { group_.n1 = Somme(group_.n1, Entier(cells[Column::N1])); });
   questions_.Tente([&] { group_.n2 = Somme(group_.n2, Entier(cells[Column::N2])); });
   const Cell& comment = cells[Column::COMMENT];
@@ -140,7 +141,7 @@ void DegRows::AjouteAuGroupe(const Cells& cells) {
   RogneCommentaire();
 }
 
-void DegRows::RogneCommentaire() {
+void DegRowWriter::RogneCommentaire() {
   const std::string& separator = state_.SeparateurChamps;
   if (!separator.empty() && group_.comment.starts_with(separator)) {
     group_.comment.erase(0, separator.size());
@@ -148,7 +149,7 @@ void DegRows::RogneCommentaire() {
   group_.comment.resize(PremiersCaracteres(group_.comment, longestGroupComment).size());
 }
 
-void DegRows::EcritGroupe(std::string_view sex, std::string_view datum) {
+void DegRowWriter::EcritGroupe(std::string_view sex, std::string_view datum) {
   Ecrit({.period = group_.period,
          .latitude = group_.latitude,
          .longitude = group_.longitude,
@@ -162,7 +163,7 @@ void DegRows::EcritGroupe(std::string_view sex, std::string_view datum) {
         group_.row);
 }
 
-void DegRows::Ecrit(const DegLine& line, std::int64_t row) {
+void DegRowWriter::Ecrit(const DegLine& line, std::int64_t row) {
   bytes_.clear();
   lacking_.clear();
   EcritLigne(bytes_, line, lacking_);
@@ -179,7 +180,7 @@ void DegRows::Ecrit(const DegLine& line, std::int64_t row) {
 }
 
 /// At each tenth of the work.
-void DegRows::MontreProgression(std::int64_t row) {
+void DegRowWriter::MontreProgression(std::int64_t row) {
   const std::int64_t percent = total_ > 1 ? (row - 1) * 100 / (total_ - 1) : 100;
   if (percent % 10 != 0 || percent == shown_) return;
   shown_ = percent;

@@ -17,10 +17,10 @@ namespace talpena {
 /// Writes the rows of a recordset from its first to its last. Rows that are Null in all ten
 /// columns are left out. A Null latitude or longitude is a failure, behind which the value of the
 /// row before it is written.
-class DegRows {
+class DegRowWriter {
  public:
-  DegRows(const StoreState& state, MainWindowView& vue, SaveQuestions& questions, SaveFile& file,
-          Recordset& rows)
+  DegRowWriter(const StoreState& state, MainWindowView& vue, SaveQuestions& questions,
+               SaveFile& file, Recordset& rows)
       : state_(state), vue_(vue), questions_(questions), file_(file), rows_(rows) {}
 
   /// One line for each row.
