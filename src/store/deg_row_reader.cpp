@@ -1,4 +1,4 @@
-#include "store/deg_row.h"
+#include "store/deg_row_reader.h"
 
 #include <algorithm>
 #include <array>
