@@ -7,6 +7,7 @@ namespace talpena {
 
 /// Numbers of the failures that the program raises or tests for.
 namespace ErrorNumber {
+inline constexpr int InvalidCall = 5;  ///< an argument without a result, a negative root
 inline constexpr int Overflow = 6;
 inline constexpr int SubscriptOutOfRange = 9;
 inline constexpr int DivisionByZero = 11;

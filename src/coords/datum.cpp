@@ -1,1 +1,0 @@
-#include "coords/datum.h"

@@ -1,0 +1,14 @@
+// Writes DATUM.MDB from the source tables.
+#pragma once
+#include <string>
+
+#include "datum_source.h"
+#include "platform/table_engine.h"
+
+namespace talpena {
+
+/// Creates the database with its tables Datum and ELLI, rows in the order of the sources. The
+/// path must be free. Raises what the table engine raises, a code above five characters included.
+void EcritBaseDatums(TableEngine& engine, const CatalogueSource& source, const std::string& path);
+
+}  // namespace talpena
