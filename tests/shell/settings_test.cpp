@@ -5,42 +5,12 @@
 #include <algorithm>
 
 #include "common/numbers.h"
-#include "fakes/fake_platform.h"
+#include "fakes/fake_machine.h"
 
 namespace talpena {
 namespace {
 
 using test::FakeSettings;
-
-/// Stands for engine and files, which settings never touch.
-class NoEngine : public TableEngine {
- public:
-  std::unique_ptr<Database> CreateDatabase(const std::string&, std::string_view) override {
-    return nullptr;
-  }
-  std::unique_ptr<Database> OpenDatabase(const std::string&, bool, std::string_view) override {
-    return nullptr;
-  }
-};
-
-class NoFiles : public FileSystem {
- public:
-  bool Existe(const std::string&) override { return false; }
-  std::unique_ptr<InputFile> Ouvre(const std::string&) override { return nullptr; }
-  std::unique_ptr<OutputFile> Cree(const std::string&) override { return nullptr; }
-  void Supprime(const std::string&) override {}
-  void Renomme(const std::string&, const std::string&) override {}
-  std::optional<FileStamp> Empreinte(const std::string&) override { return {}; }
-};
-
-/// Changes folder only when told that it can.
-class MenuEnvironment : public test::FakeEnvironment {
- public:
-  bool possible = true;
-  bool ChangeDossier(const std::string& folder) override {
-    return FakeEnvironment::ChangeDossier(folder) && possible;
-  }
-};
 
 constexpr ScreenSize screen{.largeurTwips = 28800, .hauteurTwips = 16200};
 
@@ -66,14 +36,12 @@ class Settings : public testing::Test {
   }
   void Charge() { ChargeReglages(state, io, screen); }
 
-  NoEngine engine;
-  NoFiles files;
-  FakeSettings settings;
-  test::FakeDialogues dialogues;
-  test::FakeClock clock;
-  MenuEnvironment environment;
-  test::FakeSound sound;
-  Platform io{engine, files, settings, dialogues, clock, environment, sound};
+  test::FakeMachine machine;
+  Platform& io = machine.io;
+  FakeSettings& settings = machine.settings;
+  test::FakeDialogues& dialogues = machine.dialogues;
+  test::FakeEnvironment& environment = machine.environment;
+  test::FakeSound& sound = machine.sound;
   ProcessState state;
 };
 
@@ -456,7 +424,7 @@ TEST_F(Settings, TheProcessChangesToTheFolderOfTheMenuProgram) {
 }
 
 TEST_F(Settings, AFolderOfTheMenuProgramThatIsGoneIsShown) {
-  environment.possible = false;
+  environment.changePossible = false;
   settings.values[FakeSettings::Cle("TLPMENU.INI", "TLPMENU", "WorkingDir")] = "C:\\BEES";
   Charge();
   ASSERT_EQ(dialogues.boxes.size(), 1U);
@@ -473,7 +441,8 @@ class ReadOnlySettings : public FakeSettings {
 
 TEST_F(Settings, AStoreThatRefusesIsRaised) {
   ReadOnlySettings refusing;
-  Platform other{engine, files, refusing, dialogues, clock, environment, sound};
+  Platform other{machine.engine, machine.files,       refusing, dialogues,
+                 machine.clock,  machine.environment, sound};
   try {
     SauveReglages(state, other);
     ADD_FAILURE() << "nothing was raised";
