@@ -64,6 +64,7 @@ struct SettingsState {
   std::string DbType;
 
   std::array<std::string, 4> LastFiles;  ///< newest first
+  std::string LastDeg;  ///< folder of the last opened file, as the start found it; Open keeps it
 };
 
 /// What every subsystem reads: the settings and the program's folders.

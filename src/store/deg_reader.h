@@ -1,10 +1,10 @@
 // Reads .deg files into TALPENA.
 #pragma once
 #include <string>
-#include <string_view>
 
 #include "platform/main_window_view.h"
 #include "platform/platform.h"
+#include "store/period_line.h"
 #include "store/state.h"
 
 namespace talpena {
@@ -17,8 +17,5 @@ enum class MergeMode { Replace = 0, Merge = 1 };
 /// calls ActiveMenus.
 void LitDeg(StoreState& state, Platform& io, MainWindowView& vue, const std::string& fileName,
             MergeMode merge);
-
-/// Reads the number of periods and the pivot years from a period line.
-void LitPivots(StoreState& state, std::string_view line);
 
 }  // namespace talpena

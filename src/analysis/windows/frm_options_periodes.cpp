@@ -1,1 +1,169 @@
 #include "analysis/windows/frm_options_periodes.h"
+
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QFrame>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+#include "common/string_table.h"
+#include "platform/qt/mnemonics.h"
+
+namespace talpena {
+namespace {
+
+// Captions of the window, in the string table.
+constexpr int CaptionOk = 100, CaptionAnnuler = 101, CaptionTitre = 123, CaptionOption0 = 124,
+              CaptionPivot1 = 127, CaptionPivot21 = 128, CaptionPivot22 = 129;
+
+/// A named child.
+template <typename Widget>
+Widget* Nomme(Widget* widget, const QString& name) {
+  widget->setObjectName(name);
+  return widget;
+}
+
+/// One page of FramePivot: labels with their boxes.
+QWidget* Page(QWidget* parent, std::initializer_list<std::pair<QLabel*, QLineEdit*>> rows) {
+  auto* page = new QWidget(parent);
+  auto* layout = new QFormLayout(page);
+  for (const auto& [label, box] : rows) {
+    layout->addRow(label, box);
+    label->setBuddy(box);
+  }
+  return page;
+}
+
+}  // namespace
+
+frmOptionsPeriodes::frmOptionsPeriodes(StoreState& state, Platform& io, QWidget* parent)
+    : QDialog(parent), state_(state), io_(io) {
+  setObjectName("frmOptionsPeriodes");
+  for (std::size_t i = 0; i < OptionPivot.size(); ++i) {
+    OptionPivot[i] = Nomme(new QRadioButton(this), QString("OptionPivot_%1").arg(i));
+  }
+  ConstruitCadre();
+  for (std::size_t i = 0; i < Command1.size(); ++i) {
+    Command1[i] = Nomme(new QPushButton(this), QString("Command1_%1").arg(i));
+  }
+  Command1[0]->setDefault(true);
+  Dispose();
+  AppliqueLangue();
+  Montre(RempliPeriodes(state_));
+  Relie();
+}
+
+void frmOptionsPeriodes::ConstruitCadre() {
+  FramePivot = Nomme(new QFrame(this), "FramePivot");
+  FramePivot->setFrameShape(QFrame::StyledPanel);
+  lblPivot1 = Nomme(new QLabel(FramePivot), "lblPivot1");
+  lblPivot21 = Nomme(new QLabel(FramePivot), "lblPivot21");
+  lblPivot22 = Nomme(new QLabel(FramePivot), "lblPivot22");
+  TxtPivot1 = Nomme(new QLineEdit(FramePivot), "TxtPivot1");
+  TxtPivot21 = Nomme(new QLineEdit(FramePivot), "TxtPivot21");
+  TxtPivot22 = Nomme(new QLineEdit(FramePivot), "TxtPivot22");
+  pages_ = new QStackedLayout(FramePivot);
+  pages_->addWidget(Page(FramePivot, {}));
+  pages_->addWidget(Page(FramePivot, {{lblPivot1, TxtPivot1}}));
+  pages_->addWidget(Page(FramePivot, {{lblPivot21, TxtPivot21}, {lblPivot22, TxtPivot22}}));
+  QSizePolicy policy = FramePivot->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);  // the window keeps its size from option to option
+  FramePivot->setSizePolicy(policy);
+}
+
+void frmOptionsPeriodes::Dispose() {
+  auto* layout = new QVBoxLayout(this);
+  for (QRadioButton* option : OptionPivot) layout->addWidget(option);
+  layout->addWidget(FramePivot);
+  layout->addStretch();
+  auto* buttons = new QDialogButtonBox(this);
+  buttons->addButton(Command1[0], QDialogButtonBox::AcceptRole);
+  buttons->addButton(Command1[1], QDialogButtonBox::RejectRole);
+  layout->addWidget(buttons);
+}
+
+void frmOptionsPeriodes::Relie() {
+  for (QRadioButton* option : OptionPivot) {
+    connect(option, &QRadioButton::toggled, this, &frmOptionsPeriodes::OptionPivot_Click);
+  }
+  for (std::size_t i = 0; i < Command1.size(); ++i) {
+    connect(Command1[i], &QPushButton::clicked, this,
+            [this, i] { Command1_Click(static_cast<int>(i)); });
+  }
+}
+
+void frmOptionsPeriodes::AppliqueLangue() {
+  Mnemonics letters;
+  const auto pose = [&](auto* widget, int caption) {
+    const std::string text = Texte(state_.Langue, caption);
+    widget->setText(letters.Marque(text));
+    return QString::fromStdString(SansMnemonique(text));
+  };
+  setWindowTitle(QString::fromStdString(SansMnemonique(Texte(state_.Langue, CaptionTitre))));
+  FramePivot->setAccessibleName(windowTitle());
+  for (std::size_t i = 0; i < OptionPivot.size(); ++i) {
+    OptionPivot[i]->setAccessibleName(pose(OptionPivot[i], CaptionOption0 + static_cast<int>(i)));
+  }
+  TxtPivot1->setAccessibleName(pose(lblPivot1, CaptionPivot1));
+  TxtPivot21->setAccessibleName(pose(lblPivot21, CaptionPivot21));
+  TxtPivot22->setAccessibleName(pose(lblPivot22, CaptionPivot22));
+  Command1[0]->setAccessibleName(pose(Command1[0], CaptionOk));
+  Command1[1]->setAccessibleName(pose(Command1[1], CaptionAnnuler));
+}
+
+void frmOptionsPeriodes::OptionPivot_Click() {
+  const int option = Lit().OptionPivot;
+  pages_->setCurrentIndex(option);
+  FramePivot->setVisible(option > 0);
+}
+
+void frmOptionsPeriodes::Command1_Click(int index) {
+  if (index == 1) {
+    reject();
+    return;
+  }
+  PeriodsForm form = Lit();
+  const PeriodsOutcome outcome = ValidePeriodes(state_, io_, form);
+  if (outcome.ferme) {
+    accept();
+    return;
+  }
+  Montre(form);
+  PlaceFocus(outcome.focus);
+}
+
+void frmOptionsPeriodes::Montre(const PeriodsForm& form) {
+  OptionPivot.at(static_cast<std::size_t>(form.OptionPivot))->setChecked(true);
+  TxtPivot1->setText(QString::fromStdString(form.TxtPivot1));
+  TxtPivot21->setText(QString::fromStdString(form.TxtPivot21));
+  TxtPivot22->setText(QString::fromStdString(form.TxtPivot22));
+  OptionPivot_Click();
+}
+
+PeriodsForm frmOptionsPeriodes::Lit() const {
+  PeriodsForm form;
+  for (std::size_t i = 0; i < OptionPivot.size(); ++i) {
+    if (OptionPivot[i]->isChecked()) form.OptionPivot = static_cast<int>(i);
+  }
+  form.TxtPivot1 = TxtPivot1->text().toStdString();
+  form.TxtPivot21 = TxtPivot21->text().toStdString();
+  form.TxtPivot22 = TxtPivot22->text().toStdString();
+  return form;
+}
+
+void frmOptionsPeriodes::PlaceFocus(PeriodsFocus focus) {
+  const std::pair<PeriodsFocus, QLineEdit*> boxes[] = {{PeriodsFocus::TxtPivot1, TxtPivot1},
+                                                       {PeriodsFocus::TxtPivot21, TxtPivot21},
+                                                       {PeriodsFocus::TxtPivot22, TxtPivot22}};
+  for (const auto& [wanted, box] : boxes) {
+    if (wanted != focus) continue;
+    box->setFocus();
+    box->selectAll();
+  }
+}
+
+}  // namespace talpena

@@ -1,1 +1,245 @@
 #include "platform/qt/qt_dialogues.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFontDialog>
+#include <QInputDialog>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <utility>
+
+#include "common/paths.h"
+#include "common/talpena_error.h"
+#include "platform/qt/colours.h"
+#include "platform/qt/file_filter.h"
+
+using namespace Qt::StringLiterals;
+
+namespace talpena {
+namespace {
+
+QString EnQt(const std::string& text) { return QString::fromStdString(text); }
+
+/// Line breaks as Qt draws them, from CR LF, CR or LF.
+QString EnLignes(const std::string& text) {
+  return EnQt(text).replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
+}
+
+/// The ordinary pointer for as long as a box is up, also when a command holds the hourglass.
+class PointeurNormal {
+ public:
+  PointeurNormal() : active_(QApplication::overrideCursor() != nullptr) {
+    if (active_) QApplication::setOverrideCursor(Qt::ArrowCursor);
+  }
+  PointeurNormal(const PointeurNormal&) = delete;
+  PointeurNormal& operator=(const PointeurNormal&) = delete;
+  ~PointeurNormal() {
+    if (active_) QApplication::restoreOverrideCursor();
+  }
+
+ private:
+  bool active_;
+};
+
+/// Shows a dialog; Cancel is raised.
+void Execute(QDialog& dialog) {
+  const PointeurNormal pointeur;
+  if (dialog.exec() != QDialog::Accepted) {
+    throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
+  }
+}
+
+QMessageBox::Icon EnIcone(Icon icon) {
+  switch (icon) {
+    case Icon::Information:
+      return QMessageBox::Information;
+    case Icon::Question:
+      return QMessageBox::Question;
+    case Icon::Exclamation:
+      return QMessageBox::Warning;
+    case Icon::Stop:
+      return QMessageBox::Critical;
+    case Icon::None:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+struct ButtonSet {
+  QMessageBox::StandardButtons shown;
+  QMessageBox::StandardButton first;
+  QMessageBox::StandardButton closing;  ///< what closing the box counts as
+};
+
+ButtonSet EnBoutons(Buttons buttons) {
+  using B = QMessageBox;
+  switch (buttons) {
+    case Buttons::OkCancel:
+      return {B::Ok | B::Cancel, B::Ok, B::Cancel};
+    case Buttons::YesNo:
+      return {B::Yes | B::No, B::Yes, B::No};
+    case Buttons::YesNoCancel:
+      return {B::Yes | B::No | B::Cancel, B::Yes, B::Cancel};
+    case Buttons::Ok:
+      break;
+  }
+  return {B::Ok, B::Ok, B::Ok};
+}
+
+constexpr std::pair<Answer, QMessageBox::StandardButton> answers[] = {
+    {Answer::Ok, QMessageBox::Ok},
+    {Answer::Cancel, QMessageBox::Cancel},
+    {Answer::Yes, QMessageBox::Yes},
+    {Answer::No, QMessageBox::No},
+};
+
+QMessageBox::StandardButton EnBouton(Answer answer) {
+  for (const auto& [known, button] : answers) {
+    if (known == answer) return button;
+  }
+  return QMessageBox::NoButton;
+}
+
+Answer EnReponse(int button, QMessageBox::StandardButton closing) {
+  for (const auto& [answer, known] : answers) {
+    if (known == button) return answer;
+  }
+  return EnReponse(closing, QMessageBox::Ok);  // gone without a button, as at the session's end
+}
+
+/// Where a file dialog starts: in the folder of the name offered, else in the one asked for,
+/// else where the process is.
+QString DossierDepart(const FileDialog& dialog) {
+  for (const std::string& folder : {DossierDe(dialog.name), dialog.folder}) {
+    if (folder.empty()) continue;
+    const QString native = EnQt(RendNatif(folder));
+    if (QFileInfo(native).isDir()) return native;
+  }
+  return QDir::currentPath();
+}
+
+void PrepareFichiers(QFileDialog& dialog, const FileDialog& wanted) {
+  dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  if (!wanted.title.empty()) dialog.setWindowTitle(EnQt(wanted.title));
+  QStringList names;
+  for (const FileFilter& filter : LitFiltres(wanted.filter)) names << filter.nameFilter;
+  if (!names.isEmpty()) dialog.setNameFilters(names);
+  dialog.setDirectory(DossierDepart(wanted));
+  if (!wanted.name.empty()) dialog.selectFile(EnQt(NomDe(wanted.name)));
+}
+
+std::string CheminChoisi(QFileDialog& dialog) {
+  Execute(dialog);
+  return QDir::toNativeSeparators(dialog.selectedFiles().constFirst()).toStdString();
+}
+
+/// Keeps the suffix that is added to a bare name in step with the filter that is chosen.
+void SuitSuffixe(QFileDialog& dialog, const std::string& filter) {
+  const auto prend = [&dialog, filters = LitFiltres(filter)](const QString& chosen) {
+    for (const FileFilter& f : filters) {
+      if (f.nameFilter == chosen) dialog.setDefaultSuffix(f.suffix);
+    }
+  };
+  prend(dialog.selectedNameFilter());
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, prend);
+}
+
+}  // namespace
+
+QtDialogues::QtDialogues() = default;
+QtDialogues::~QtDialogues() = default;
+
+QWidget* QtDialogues::Parent() const {
+  if (QWidget* modal = QApplication::activeModalWidget()) return modal;
+  return parent_ ? parent_.data() : QApplication::activeWindow();
+}
+
+Answer QtDialogues::Demande(const MessageBox& box) {
+  const ButtonSet buttons = EnBoutons(box.buttons);
+  QMessageBox window(EnIcone(box.icon), EnQt(box.title), {}, buttons.shown, Parent());
+  window.setObjectName(u"MessageBox"_s);
+  window.setTextFormat(Qt::PlainText);
+  window.setText(EnLignes(box.text));
+  window.setDefaultButton(box.defaultButton ? EnBouton(*box.defaultButton) : buttons.first);
+  window.setEscapeButton(buttons.closing);
+  const PointeurNormal pointeur;
+  return EnReponse(window.exec(), buttons.closing);
+}
+
+std::string QtDialogues::Saisie(const InputBox& box) {
+  QInputDialog window(Parent());
+  window.setObjectName(u"InputBox"_s);
+  window.setWindowTitle(EnQt(box.title));
+  window.setLabelText(EnLignes(box.prompt));
+  window.setTextValue(EnQt(box.text));
+  for (QLabel* label : window.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+  const PointeurNormal pointeur;
+  return window.exec() == QDialog::Accepted ? window.textValue().toStdString() : std::string();
+}
+
+std::string QtDialogues::OuvreFichier(const FileDialog& dialog) {
+  QFileDialog window(Parent());
+  window.setObjectName(u"OpenDialog"_s);
+  window.setAcceptMode(QFileDialog::AcceptOpen);
+  PrepareFichiers(window, dialog);
+  return CheminChoisi(window);
+}
+
+std::string QtDialogues::EnregistreFichier(const FileDialog& dialog) {
+  QFileDialog window(Parent());
+  window.setObjectName(u"SaveDialog"_s);
+  window.setAcceptMode(QFileDialog::AcceptSave);
+  window.setOption(QFileDialog::DontConfirmOverwrite, !dialog.confirmReplace);
+  PrepareFichiers(window, dialog);
+  SuitSuffixe(window, dialog.filter);
+  return CheminChoisi(window);
+}
+
+std::string QtDialogues::ChoisitDossier(const std::string& title, const std::string& start) {
+  QFileDialog window(Parent());
+  window.setObjectName(u"FolderDialog"_s);
+  PrepareFichiers(window, {.title = title, .filter = {}, .folder = start});
+  window.setFileMode(QFileDialog::Directory);
+  window.setOption(QFileDialog::ShowDirsOnly);
+  return CheminChoisi(window);
+}
+
+std::uint32_t QtDialogues::ChoisitCouleur(std::uint32_t start) {
+  QColorDialog window(EnQColor(start, QApplication::palette()), Parent());
+  window.setObjectName(u"ColourDialog"_s);
+  window.setOption(QColorDialog::DontUseNativeDialog);
+  Execute(window);
+  return EnCouleur(window.selectedColor());
+}
+
+Font QtDialogues::ChoisitPolice(const Font& start) {
+  QFont font(EnQt(start.family));
+  font.setPointSizeF(start.sizePoints);
+  font.setBold(start.bold);
+  font.setItalic(start.italic);
+  QFontDialog window(font, Parent());
+  window.setObjectName(u"FontDialog"_s);
+  window.setOption(QFontDialog::DontUseNativeDialog);
+  Execute(window);
+  const QFont chosen = window.selectedFont();
+  return {chosen.family().toStdString(), chosen.pointSizeF(), chosen.bold(), chosen.italic()};
+}
+
+void QtDialogues::Imprime() {
+  QPrintDialog window(&Imprimante(), Parent());
+  window.setObjectName(u"PrintDialog"_s);
+  Execute(window);
+}
+
+QPrinter& QtDialogues::Imprimante() {
+  if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+  return *printer_;
+}
+
+}  // namespace talpena

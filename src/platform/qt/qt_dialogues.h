@@ -2,27 +2,45 @@
 #pragma once
 #include <QPointer>
 #include <QWidget>
+#include <memory>
 
 #include "platform/dialogues.h"
 
+class QDialog;
+class QPrinter;
+
 namespace talpena {
 
+/// Toolkit dialogs, not those of the desktop, so that they look and answer the same everywhere.
+/// Object names: MessageBox, InputBox, OpenDialog, SaveDialog, FolderDialog, ColourDialog,
+/// FontDialog, PrintDialog. While one is up the pointer is no hourglass.
 class QtDialogues : public Dialogues {
  public:
-  /// Boxes stand over this window, or over the active one.
+  QtDialogues();
+  ~QtDialogues() override;
+
+  /// Boxes stand over the modal window that is up, over this one, or over the active one.
   void ChangeParent(QWidget* parent) { parent_ = parent; }
 
   Answer Demande(const MessageBox& box) override;
   std::string Saisie(const InputBox& box) override;
+  /// A name that is typed need not exist. No suffix is added to it.
   std::string OuvreFichier(const FileDialog& dialog) override;
+  /// The suffix of the chosen filter is added to a name without one.
   std::string EnregistreFichier(const FileDialog& dialog) override;
   std::string ChoisitDossier(const std::string& title, const std::string& start) override;
   std::uint32_t ChoisitCouleur(std::uint32_t start) override;
   Font ChoisitPolice(const Font& start) override;
   void Imprime() override;
 
+  /// The current printer, as the print dialog left it.
+  QPrinter& Imprimante();
+
  private:
+  QWidget* Parent() const;
+
   QPointer<QWidget> parent_;
+  std::unique_ptr<QPrinter> printer_;  ///< made when first wanted
 };
 
 }  // namespace talpena

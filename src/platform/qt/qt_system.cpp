@@ -1,1 +1,47 @@
 #include "platform/qt/qt_system.h"
+
+#include <QApplication>
+#include <QByteArray>
+#include <QDate>
+#include <QDir>
+
+#include "common/paths.h"
+#include "platform/qt/private_folder.h"
+
+#ifdef Q_OS_WIN
+#include <windows.h>
+#endif
+
+namespace talpena {
+
+int QtClock::AnneeCourante() { return QDate::currentDate().year(); }
+
+std::string QtEnvironment::Variable(std::string_view name) {
+  return qEnvironmentVariable(std::string(name).c_str()).toStdString();
+}
+
+std::string QtEnvironment::DossierTemporaire() {
+  for (const char* name : {"TEMP", "TMPDIR"}) {
+    if (std::string folder = Variable(name); !folder.empty()) return folder;
+  }
+  return DossierPrive();
+}
+
+std::string QtEnvironment::LecteurCD() {
+#ifdef Q_OS_WIN
+  char roots[512] = {};
+  GetLogicalDriveStringsA(sizeof roots - 2, roots);
+  for (const char* root = roots; *root != '\0'; root += std::strlen(root) + 1) {
+    if (GetDriveTypeA(root) == DRIVE_CDROM) return root;
+  }
+#endif
+  return "D:\\";
+}
+
+bool QtEnvironment::ChangeDossier(const std::string& folder) {
+  return QDir::setCurrent(QString::fromStdString(RendNatif(folder)));
+}
+
+void QtSound::Bip() { QApplication::beep(); }
+
+}  // namespace talpena

@@ -207,7 +207,7 @@ TEST(JetReader, ReadsDatesOfAllCenturies) {
   const auto rows = LitTable("DateTestDatabase.mdb", "DateTest");
   EXPECT_EQ(rows[1][1], Value(2958101.0));  // 9999-01-01
   EXPECT_EQ(rows[2][1], Value(-728.0));     // 1898-01-01
-  EXPECT_EQ(rows[3][1], Value(-463126.0));  // in the seventh century
+  EXPECT_EQ(rows[3][1], Value(-463126.0));  // 0632-01-01
 }
 
 TEST(JetReader, FindsTablesInAnyCase) {

@@ -1,0 +1,105 @@
+#include "platform/qt/qt_settings_store.h"
+
+#include <QDir>
+#include <QStandardPaths>
+#include <QStringList>
+
+#include "common/paths.h"
+#include "common/talpena_error.h"
+
+using namespace Qt::StringLiterals;
+
+namespace talpena {
+namespace {
+
+QString EnQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+/// A name with every character that means something to file systems or to QSettings (and the
+/// sign that marks them) as "%" and four hexadecimal digits, so that no two names meet.
+QString Neutre(std::string_view name) {
+  QString out;
+  for (const QChar c : EnQt(name)) {
+    const bool plain = c.isLetterOrNumber() || u" ._-"_s.contains(c);
+    if (plain) {
+      out += c;
+    } else {
+      out += u'%' + QString::number(c.unicode(), 16).rightJustified(4, u'0');
+    }
+  }
+  return out;
+}
+
+std::unique_ptr<QSettings> OuvreMagasin(const QString& name) {
+#ifdef Q_OS_WIN
+  return std::make_unique<QSettings>(u"HKEY_CURRENT_USER\\Software\\Talpena\\"_s + name,
+                                     QSettings::NativeFormat);
+#else
+  const QString folder =
+      QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/Talpena/"_s;
+  const QString file = name.endsWith(u".ini"_s) ? name : name + u".ini"_s;
+  return std::make_unique<QSettings>(EnQt(RendNatif((folder + file).toStdString())),
+                                     QSettings::IniFormat);
+#endif
+}
+
+/// The name under which a key stands in the store, in whatever case; as asked when it is absent.
+QString CleExistante(const QSettings& store, std::string_view section, std::string_view key) {
+  const QString wanted = Neutre(section) + u'/' + Neutre(key);
+  if (store.contains(wanted)) return wanted;
+  const QStringList keys = store.allKeys();
+  for (const QString& candidate : keys) {
+    if (candidate.compare(wanted, Qt::CaseInsensitive) == 0) return candidate;
+  }
+  return wanted;
+}
+
+/// A text as it was written. A comma that a person typed into the file unquoted makes a list.
+QString EnTexte(const QVariant& value) {
+  if (value.typeId() == QMetaType::QStringList) return value.toStringList().join(u',');
+  return value.toString();
+}
+
+void Synchronise(QSettings& store) {
+  store.sync();
+  if (store.status() != QSettings::AccessError) return;
+  throw TalpenaError(
+      ErrorNumber::PathFileAccess,
+      "Path/File access error: " + QDir::toNativeSeparators(store.fileName()).toStdString());
+}
+
+void Pose(QSettings& store, std::string_view section, std::string_view key, std::string_view text) {
+  store.setValue(CleExistante(store, section, key), EnQt(text));
+}
+
+}  // namespace
+
+QSettings& QtSettingsStore::Application(std::string_view name) {
+  std::unique_ptr<QSettings>& store = applications_[Neutre(name).toLower()];
+  if (!store) store = OuvreMagasin(Neutre(name).toLower());
+  return *store;
+}
+
+std::string QtSettingsStore::Lit(std::string_view application, std::string_view section,
+                                 std::string_view key, std::string_view defaultText) {
+  const QSettings& store = Application(application);
+  const QVariant value = store.value(CleExistante(store, section, key));
+  return value.isValid() ? EnTexte(value).toStdString() : std::string(defaultText);
+}
+
+void QtSettingsStore::Ecrit(std::string_view application, std::string_view section,
+                            std::string_view key, std::string_view text) {
+  QSettings& store = Application(application);
+  Pose(store, section, key, text);
+  Synchronise(store);
+}
+
+void QtSettingsStore::EcritTout(std::string_view application,
+                                std::span<const SettingEntry> entries) {
+  QSettings& store = Application(application);
+  for (const SettingEntry& e : entries) Pose(store, e.section, e.key, e.text);
+  Synchronise(store);
+}
+
+}  // namespace talpena

@@ -1,0 +1,59 @@
+#include "store/deg_file_rows.h"
+
+#include <algorithm>
+
+namespace talpena {
+namespace {
+
+Cell Texte(const std::string& text) { return Cell::Of(std::string_view(text)); }
+
+void Remplit(const DegRow& row, std::span<Cell> cells) {
+  cells[0] = Cell::Of(std::int64_t{row.period});
+  cells[1] = Cell::Of(double{row.latitude});
+  cells[2] = Cell::Of(double{row.longitude});
+  cells[3] = Cell::Of(std::int64_t{row.n1});
+  cells[4] = Cell::Of(std::int64_t{row.n2});
+  cells[5] = row.sex.empty() ? Cell::Null() : Texte(row.sex);
+  cells[6] = Texte(row.datum);
+  cells[7] = Texte(row.original);
+  cells[8] = Texte(row.date);
+  cells[9] = Texte(row.comment);
+}
+
+}  // namespace
+
+DegFileRows::DegFileRows(StoreState& state, MainWindowView& vue, DegLines& lines)
+    : state_(state),
+      vue_(vue),
+      lines_(lines),
+      reader_(state.FreeFieldSeparator, state.FreeFieldCount > 0 ? state.FreeFieldDefs.size() : 0) {
+  lines.Limite(MaxRowLine);
+}
+
+bool DegFileRows::Suivante(std::span<Cell> cells) {
+  std::string_view line;
+  if (!lines_.Lit(line)) return false;
+  const RowKind kind = reader_.Lit(line);
+  if (kind == RowKind::End) return false;
+  if (kind == RowKind::BarePoint) SignalePoint();
+  Remplit(reader_.Ligne(), cells);
+  MontreAvance();
+  return true;
+}
+
+void DegFileRows::SignalePoint() {
+  state_.FichierModifie = true;
+  vue_.ChangeSablier(true);
+  vue_.TraiteMessages();
+}
+
+void DegFileRows::MontreAvance() {
+  const std::int64_t size = std::max(lines_.Taille(), std::int64_t{1});
+  const auto percent =
+      static_cast<int>(std::min(lines_.Position() * 100 / size, std::int64_t{100}));
+  if (percent % 10 != 0 || percent == shown_) return;
+  vue_.MontreProgression(percent);
+  shown_ = percent;
+}
+
+}  // namespace talpena

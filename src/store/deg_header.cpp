@@ -1,0 +1,102 @@
+#include "store/deg_header.h"
+
+#include <array>
+
+#include "common/numbers.h"
+#include "common/talpena_error.h"
+#include "common/text.h"
+#include "coords/datum.h"
+#include "store/free_fields.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::string_view endMark = "<END>";
+constexpr std::size_t comparedItems = 3;
+
+/// The line up to its first comma.
+std::string LitJeton(DegLines& lines) {
+  const std::string_view line = lines.LitObligatoire();
+  return Cp1252VersUtf8(line.substr(0, line.find(',')));
+}
+
+bool EstFin(std::string_view line) { return EgalSansCasse(line, endMark); }
+
+/// Raises the failure of a definition again, saying on which line it stands.
+void AjouteDefinition(StoreState& state, const std::string& line, std::int64_t number) {
+  try {
+    AjouteTexteChampsLibres(state, line);
+    AjouteChampLibre(state, line);
+  } catch (const TalpenaError& e) {
+    throw TalpenaError(e.number(), "Line " + Str(number) + ": " + e.description());
+  }
+}
+
+/// True when a definition line says the same as the field at its place in the open file.
+bool MemeDefinition(const StoreState& state, std::size_t index,
+                    const std::vector<std::string>& items) {
+  if (index >= state.FreeFieldDefs.size()) return false;
+  const FreeFieldDef& field = state.FreeFieldDefs[index];
+  const auto same = [](std::string_view a, std::string_view b) {
+    return EgalSansCasse(Rogne(a), Rogne(b));
+  };
+  return same(items[0], field.Code) && same(items[1], field.Label) && Val(items[2]) == field.Width;
+}
+
+}  // namespace
+
+bool EstForme2(std::string_view firstLine) {
+  return EgalSansCasse(firstLine.substr(0, 8), "<TALPENA");
+}
+
+std::string LitTexte(DegLines& lines) { return Cp1252VersUtf8(lines.LitObligatoire()); }
+
+void LitEnTete(StoreState& state, MainWindowView& vue, DegLines& lines) {
+  state.DatumFichierCode = LitJeton(lines);
+  state.DatumFichier = ChercheDatum(state.Catalogue, state.DatumFichierCode);
+  vue.AffichePanneauDatum(state.DatumFichierCode);
+  const std::string token = LitJeton(lines);
+  // Only the exact mark ends the block here, and the layout then stays that of the file before.
+  // Held by DegHeader.KeepsTheLayoutForAFileWithoutFreeFields.
+  if (token != endMark) {
+    CommenceChampsLibres(state, token);
+    for (std::string line = LitTexte(lines); !EstFin(line); line = LitTexte(lines)) {
+      if (!Rogne(line).empty()) AjouteDefinition(state, line, lines.Numero());
+    }
+    CompteChampsLibres(state);
+  }
+  state.TitreFichier = LitTexte(lines);
+}
+
+void LitEnTeteFusion(StoreState& state, DegLines& lines) {
+  LitTexte(lines);
+  state.FreeFieldText = LitTexte(lines);
+  for (std::string line = LitTexte(lines); !EstFin(line); line = LitTexte(lines)) {
+    AjouteTexteChampsLibres(state, line);
+  }
+  state.TitreFichier = LitTexte(lines);
+}
+
+std::string RefusDeFusion(const StoreState& state, DegLines& lines) {
+  if (!EgalSansCasse(Rogne(LitJeton(lines)), Rogne(state.DatumFichierCode))) {
+    return "Datum not compatible with current file.";
+  }
+  if (LitTexte(lines) == endMark) return {};
+  std::size_t index = 0;
+  for (std::string line = LitTexte(lines); !EstFin(line); line = LitTexte(lines)) {
+    if (Rogne(line).empty()) continue;
+    const std::vector<std::string> items = Decoupe(line, ',');
+    if (items.size() < comparedItems) {
+      throw TalpenaError(
+          ErrorNumber::SubscriptOutOfRange,
+          "Line " + Str(lines.Numero()) + ": a field definition has fewer than three items.");
+    }
+    if (!MemeDefinition(state, index++, items)) {
+      return "Field definition not compatible with current file!\r\n" + items[0] + "," + items[1] +
+             "," + items[2];
+    }
+  }
+  return {};
+}
+
+}  // namespace talpena

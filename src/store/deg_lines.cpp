@@ -1,0 +1,93 @@
+#include "store/deg_lines.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "common/numbers.h"
+#include "common/talpena_error.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::size_t blockSize = std::size_t{256} << 10;
+constexpr std::string_view lfHint =
+    " The lines of this file end in LF alone; those of a .deg file end in CR LF.";
+
+bool Contient(const char* text, std::size_t length, char c) {
+  return length > 0 && std::memchr(text, c, length) != nullptr;
+}
+
+}  // namespace
+
+DegLines::DegLines(std::unique_ptr<InputFile> file, LineEnd end)
+    : file_(std::move(file)), end_(end), buffer_(blockSize) {}
+
+bool DegLines::Lit(std::string_view& line) {
+  std::size_t length = 0;
+  const bool ended = TrouveFin(length);
+  if (length > limit_) RefuseLongueur();
+  if (!ended && length == 0) return false;
+  const std::size_t taken = length + (ended ? LongueurFin(length) : 0);
+  line = {buffer_.data() + first_, length};
+  lfOnly_ = !ended && number_ == 0 && Contient(line.data(), length, '\n');
+  first_ += taken;
+  position_ += static_cast<std::int64_t>(taken);
+  ++number_;
+  return true;
+}
+
+std::string_view DegLines::LitObligatoire() {
+  std::string_view line;
+  if (Lit(line)) return line;
+  std::string description = "Input past end of file: ";
+  description += number_ == 0 ? "the file is empty."
+                              : "the file ends behind line " + Str(number_) + ", in its header.";
+  if (lfOnly_) description += lfHint;
+  throw TalpenaError(ErrorNumber::InputPastEnd, description);
+}
+
+/// Length of the line that starts at first_; false when the file ends before the line does.
+/// Stops early once the line is above the limit.
+bool DegLines::TrouveFin(std::size_t& length) {
+  length = 0;
+  do {
+    const std::string_view text(buffer_.data() + first_, last_ - first_);
+    const std::size_t found =
+        end_ == LineEnd::Cr ? text.find('\r', length) : text.find_first_of("\r\n", length);
+    if (found != std::string_view::npos) {
+      length = found;
+      return true;
+    }
+    length = text.size();
+  } while (length <= limit_ && Remplit());
+  return false;
+}
+
+/// Bytes of the line end that stands `length` behind first_.
+std::size_t DegLines::LongueurFin(std::size_t length) {
+  if (buffer_[first_ + length] == '\n') return 1;
+  if (first_ + length + 1 == last_ && !Remplit()) return 1;
+  return buffer_[first_ + length + 1] == '\n' ? 2 : 1;
+}
+
+/// Reads the next block behind what is still to be handed out; false at the end of the file.
+bool DegLines::Remplit() {
+  std::copy(buffer_.data() + first_, buffer_.data() + last_, buffer_.data());
+  last_ -= first_;
+  first_ = 0;
+  if (last_ == buffer_.size()) buffer_.resize(std::min(2 * last_, last_ + limit_));
+  const std::size_t count = file_->Lit({buffer_.data() + last_, buffer_.size() - last_});
+  last_ += count;
+  return count > 0;
+}
+
+void DegLines::RefuseLongueur() const {
+  std::string description = "Line " + Str(number_ + 1) + " is longer than " +
+                            Str(static_cast<std::int64_t>(limit_ >> 20)) +
+                            " MB: this is not a distribution file.";
+  const bool onlyLf = number_ == 0 && Contient(buffer_.data() + first_, last_ - first_, '\n');
+  if (onlyLf) description += lfHint;
+  throw TalpenaError(ErrorNumber::Overflow, description);
+}
+
+}  // namespace talpena

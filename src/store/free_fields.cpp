@@ -1,0 +1,88 @@
+#include "store/free_fields.h"
+
+#include <limits>
+
+#include "common/numbers.h"
+#include "common/paths.h"
+#include "common/talpena_error.h"
+#include "common/text.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::size_t maxFields = std::numeric_limits<std::int16_t>::max();
+
+// clang-format off
+constexpr std::array<std::string_view, 11> builtIn = {
+    "STAT.TOPO,Toponyme,Nom du lieu-dit,50",
+    "STAT.LOCA,Localité,Nom de la localité,50",
+    "STAT.FIPS,FIPS,Code FIPS,4",
+    "STAT.ALTI,Altitude,Altitude en m.,5",
+    "COND.TAXPRIO,Taxon associé (fleur),Taxon associé (fleur),50",
+    "COND.MICR , Microsituation, Microsituation, 5",
+    "SPEC.DET , Déterminateur, Déterminateur, 10",
+    "SPEC.REC , Récolteur, Récolteur, 20",
+    "Spec.AUCT,Auteur de la donnée,Auteur de la donnée,20",
+    "SPEC.SRC , Source, Source, 2",
+    "SPEC.COLL , Collection, Collection, 10",
+};
+// clang-format on
+
+}  // namespace
+
+const std::array<std::string_view, 11>& ChampsLibresInternes() { return builtIn; }
+
+void CommenceChampsLibres(StoreState& state, std::string_view separator) {
+  state.FreeFieldText = separator;
+  state.FreeFieldSeparator = separator.empty() ? "/" : separator;
+  state.FreeFieldDefs.clear();
+  state.FreeFieldCount = 0;
+}
+
+void AjouteTexteChampsLibres(StoreState& state, std::string_view line) {
+  if (state.FreeFieldText.size() + line.size() + 2 > MaxFreeFieldText) {
+    throw TalpenaError(ErrorNumber::Overflow, "The field definitions are longer than 16 MB.");
+  }
+  state.FreeFieldText += "\r\n";
+  state.FreeFieldText += line;
+}
+
+void AjouteChampLibre(StoreState& state, std::string_view line) {
+  const std::vector<std::string> items = Decoupe(line, ',');
+  if (items.size() < 3) {
+    throw TalpenaError(ErrorNumber::SubscriptOutOfRange,
+                       "A field definition needs a code, a label and a width, with commas "
+                       "between them: \"" +
+                           std::string(PremiersCaracteres(line, 80)) + "\"");
+  }
+  if (state.FreeFieldDefs.size() >= maxFields) {
+    throw TalpenaError(ErrorNumber::Overflow, "A file may define 32767 free fields at most.");
+  }
+  state.FreeFieldDefs.push_back(
+      {.Label = items[1], .Code = items[0], .Width = Arrondi16(Val(items[2]))});
+}
+
+void CompteChampsLibres(StoreState& state) {
+  state.FreeFieldCount = static_cast<std::int16_t>(state.FreeFieldDefs.size());
+}
+
+std::string CheminStandardHdr(const StoreState& state, Platform& io) {
+  const std::string path = AvecSeparateur(state.AppDir) + "standard.hdr";
+  if (io.files.Existe(path)) return path;
+  const std::string found = TrouveChemin(path).value_or("");
+  return !found.empty() && io.files.Existe(found) ? found : "";
+}
+
+void LitStandardHdr(StoreState& state, Platform& io, const std::string& path) {
+  DegLines lines(io.files.Ouvre(path), DegLines::LineEnd::CrOrLf);
+  CommenceChampsLibres(state, Cp1252VersUtf8(lines.LitObligatoire()));
+  std::string_view line;
+  while (lines.Lit(line)) {
+    const std::string definition = Cp1252VersUtf8(line);
+    AjouteTexteChampsLibres(state, definition);
+    AjouteChampLibre(state, definition);
+  }
+  CompteChampsLibres(state);
+}
+
+}  // namespace talpena
