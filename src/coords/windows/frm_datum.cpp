@@ -37,7 +37,10 @@ class LigneDatum final : public QTreeWidgetItem {
     for (int i = 0; i < columns; ++i) {
       const std::string& text = row[static_cast<std::size_t>(i)];
       setText(i, Affiche(text));
-      if (i < columnFirstShift) continue;
+      if (i < columnFirstShift) {
+        setToolTip(i, Affiche(text));  // names may be cut
+        continue;
+      }
       setTextAlignment(i, Qt::AlignRight | Qt::AlignVCenter);
       setData(i, Qt::UserRole, Val(text));
     }
