@@ -54,11 +54,15 @@ Section Analyse(std::string_view mask) {
   return s;
 }
 
+/// No double has more decimals than this; what a mask asks beyond them is zeros.
+constexpr int MostDecimals = 1074;
+constexpr std::size_t LongestNumber = 1400;  ///< characters of a double with all of them
+
 /// True when the magnitude lies exactly between two numbers of `decimals` places.
 bool EstDemi(double magnitude, int decimals) {
   const double scaled = std::ldexp(magnitude, decimals + 1);
   if (scaled != std::floor(scaled)) return false;
-  char buffer[1100];
+  char buffer[LongestNumber];
   const auto end = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
                                  std::chars_format::fixed, decimals + 1)
                        .ptr;
@@ -77,9 +81,11 @@ void AjouteUnite(std::string& digits) {
   digits.insert(digits.begin(), '1');
 }
 
-/// The magnitude with a number of decimals, halves away from zero on its exact value.
-std::string Chiffres(double magnitude, int decimals) {
-  char buffer[1100];
+/// The magnitude with the decimals of a section, halves away from zero on its exact value.
+std::string Chiffres(double magnitude, const Section& section) {
+  const int decimals =
+      static_cast<int>(std::min(section.decimals.size(), std::size_t{MostDecimals}));
+  char buffer[LongestNumber];
   const bool half = EstDemi(magnitude, decimals);
   const auto end = std::to_chars(buffer, buffer + sizeof buffer, magnitude,
                                  std::chars_format::fixed, decimals + (half ? 1 : 0))
@@ -106,11 +112,12 @@ std::string Entiers(const std::string& places, std::string digits) {
   return digits;
 }
 
-/// Digits behind the point: zeros at the end are written only in "0" places.
+/// Digits behind the point: zeros at the end are written in "0" places, and only there.
 std::string Decimales(const std::string& places, std::string digits) {
   const std::size_t lastZero = places.rfind('0');
   const std::size_t forced = lastZero == std::string::npos ? 0 : lastZero + 1;
   while (digits.size() > forced && digits.back() == '0') digits.pop_back();
+  if (digits.size() < forced) digits.append(forced - digits.size(), '0');
   return digits;
 }
 
@@ -134,7 +141,7 @@ std::string Format(double value, std::string_view mask) {
   const Section positive = Analyse(sections[0]);
   const bool ownNegative = value < 0 && sections.size() > 1 && !sections[1].empty();
   const Section chosen = ownNegative ? Analyse(sections[1]) : positive;
-  const std::string digits = Chiffres(magnitude, static_cast<int>(chosen.decimals.size()));
+  const std::string digits = Chiffres(magnitude, chosen);
 
   if (!EstZero(digits)) {
     const bool sign = value < 0 && !ownNegative;
@@ -143,9 +150,9 @@ std::string Format(double value, std::string_view mask) {
   // What rounds to zero is written as zero, whatever its sign.
   if (sections.size() > 2 && !sections[2].empty()) {
     const Section zero = Analyse(sections[2]);
-    return Remplit(zero, Chiffres(0, static_cast<int>(zero.decimals.size())));
+    return Remplit(zero, Chiffres(0, zero));
   }
-  return Remplit(positive, Chiffres(0, static_cast<int>(positive.decimals.size())));
+  return Remplit(positive, Chiffres(0, positive));
 }
 
 }  // namespace talpena

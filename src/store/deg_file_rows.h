@@ -7,7 +7,7 @@
 #include "platform/main_window_view.h"
 #include "platform/table_engine.h"
 #include "store/deg_lines.h"
-#include "store/deg_row.h"
+#include "store/deg_row_reader.h"
 #include "store/state.h"
 
 namespace talpena {

@@ -57,8 +57,7 @@ class HeaderGuard {
   bool kept_ = false;
 };
 
-/// One run of LitDeg. Destroyed, it has closed the file, the transaction and the wait windows,
-/// whatever happened before.
+/// One run of LitDeg: Execute, and Abandonne when it threw.
 class Load {
  public:
   Load(StoreState& state, Platform& io, MainWindowView& vue, const std::string& fileName,

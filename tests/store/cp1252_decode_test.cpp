@@ -1,4 +1,4 @@
-#include "store/cp1252_decoder.h"
+#include "store/cp1252_decode.h"
 
 #include <gtest/gtest.h>
 
@@ -9,8 +9,7 @@
 namespace talpena {
 namespace {
 
-TEST(Cp1252Decoder, GivesTheTextOfTheCodePageForEveryByteAndLength) {
-  const Cp1252Decoder decoder;
+TEST(DecodeCp1252, GivesTheTextOfTheCodePageForEveryByteAndLength) {
   std::mt19937 random(5);
   std::string text = "what was there before";
   for (int run = 0; run < 20'000; ++run) {
@@ -18,12 +17,12 @@ TEST(Cp1252Decoder, GivesTheTextOfTheCodePageForEveryByteAndLength) {
     const std::size_t length = random() % 40;
     const unsigned top = run % 2 == 0 ? 256 : 128;
     for (std::size_t i = 0; i < length; ++i) bytes += static_cast<char>(random() % top);
-    decoder.Decode(bytes, text);
+    DecodeCp1252(bytes, text);
     ASSERT_EQ(text, Cp1252VersUtf8(bytes));
   }
 }
 
-TEST(Cp1252Decoder, FindsTheOneByteThatIsNotAscii) {
+TEST(DecodeCp1252, FindsTheOneByteThatIsNotAscii) {
   for (std::size_t length = 1; length < 40; ++length) {
     std::string bytes(length, 'a');
     EXPECT_TRUE(EstAscii(bytes));

@@ -4,8 +4,6 @@
 #include <string>
 #include <string_view>
 
-#include "store/cp1252_decoder.h"
-
 namespace talpena {
 
 /// The values of a row line. Texts are UTF-8.
@@ -49,7 +47,6 @@ class DegRowReader {
   void LitPoint(std::string_view line);
   void CompleteCommentaire();
 
-  Cp1252Decoder decoder_;
   std::string separator_;
   std::size_t freeFields_;
   std::string padding_;  ///< the separators of an empty comment

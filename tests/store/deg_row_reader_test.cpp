@@ -1,4 +1,4 @@
-#include "store/deg_row.h"
+#include "store/deg_row_reader.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ DegRow Lit(const std::string& line, std::size_t freeFields = 0) {
   return reader.Ligne();
 }
 
-TEST(DegRow, HoldsEveryColumn) {
+TEST(DegRowReader, HoldsEveryColumn) {
   const DegRow row = Lit(LigneDatum("WGS84deg +04.50000 -003.25000a remark"));
   EXPECT_EQ(row.period, 2);
   EXPECT_EQ(row.latitude, 4.5F);
@@ -37,7 +37,7 @@ TEST(DegRow, HoldsEveryColumn) {
   EXPECT_EQ(row.comment, "a remark");
 }
 
-TEST(DegRow, TakesACommaForThePointOfACoordinate) {
+TEST(DegRowReader, TakesACommaForThePointOfACoordinate) {
   const DegRow row = Lit("1K+ 4,50000-  3,25000  1,9  2,9" + std::string(17, ' ') + "x");
   EXPECT_EQ(row.latitude, 4.5F);
   EXPECT_EQ(row.longitude, -3.25F);
@@ -45,18 +45,18 @@ TEST(DegRow, TakesACommaForThePointOfACoordinate) {
   EXPECT_EQ(row.n2, 2);
 }
 
-TEST(DegRow, KeepsSinglePrecision) {
+TEST(DegRowReader, KeepsSinglePrecision) {
   const DegRow row = Lit("1K+48.12345-123.45678    1    1" + std::string(17, ' ') + "x");
   EXPECT_EQ(row.latitude, 48.12345F);
   EXPECT_EQ(row.longitude, -123.45678F);
 }
 
-TEST(DegRow, ReadsOnlyOneColumnOfThePeriod) {
+TEST(DegRowReader, ReadsOnlyOneColumnOfThePeriod) {
   EXPECT_EQ(Lit("12K 4.50000   3.25000    1    1" + std::string(17, ' ') + "x").period, 1);
   EXPECT_EQ(Lit("-K+ 4.50000   3.25000    1    1" + std::string(17, ' ') + "x").period, 0);
 }
 
-TEST(DegRow, KeepsBlanksOfDateDatumAndOriginal) {
+TEST(DegRowReader, KeepsBlanksOfDateDatumAndOriginal) {
   const DegRow row =
       Lit(Ligne("2004      "
                 " "
@@ -81,13 +81,13 @@ constexpr DatumCase datumCases[] = {
 };
 // clang-format on
 
-TEST(DegRow, TurnsOldEllipsoidCodesIntoDatums) {
+TEST(DegRowReader, TurnsOldEllipsoidCodesIntoDatums) {
   for (const DatumCase& c : datumCases) {
     EXPECT_EQ(Lit(LigneDatum(std::string(c.found) + "deg 1 2")).datum, c.stored) << c.found;
   }
 }
 
-TEST(DegRow, KnowsAiryOnlyAtTheEndOfALineOf46Columns) {
+TEST(DegRowReader, KnowsAiryOnlyAtTheEndOfALineOf46Columns) {
   const DegRow row = Lit(LigneDatum("AIRY"));
   EXPECT_EQ(row.datum, "OGB-M");
   EXPECT_EQ(row.original, "");
@@ -110,7 +110,7 @@ constexpr DatumCase systemCases[] = {
     {"\xFFtm 1", "CLA6"},
 };
 
-TEST(DegRow, LetsTheCoordinateSystemOverrideTheDatum) {
+TEST(DegRowReader, LetsTheCoordinateSystemOverrideTheDatum) {
   for (const DatumCase& c : systemCases) {
     EXPECT_EQ(Lit(LigneDatum("CLA6 " + std::string(c.found))).datum.substr(0, 5),
               std::string(c.stored) == "CLA6" ? "CLA6 " : c.stored)
@@ -118,18 +118,18 @@ TEST(DegRow, LetsTheCoordinateSystemOverrideTheDatum) {
   }
 }
 
-TEST(DegRow, OverridesAnOldCodeToo) {
+TEST(DegRowReader, OverridesAnOldCodeToo) {
   EXPECT_EQ(Lit(LigneDatum("AIRMOutm 30 1 2")).datum, "EUR-M");
 }
 
-TEST(DegRow, HoldsTheCommentFromColumn72ToTheEnd) {
+TEST(DegRowReader, HoldsTheCommentFromColumn72ToTheEnd) {
   const std::string original = "deg +04.50000 -003.25000";
   EXPECT_EQ(Lit(LigneDatum("WGS84" + original)).comment, "");
   EXPECT_EQ(Lit(LigneDatum("WGS84" + original + " x\ny ")).comment, " x\ny ");
   EXPECT_EQ(Lit(LigneDatum("WGS84" + original + std::string(5000, 'x'))).comment.size(), 5000U);
 }
 
-TEST(DegRow, MakesABarePointOfAShortLine) {
+TEST(DegRowReader, MakesABarePointOfAShortLine) {
   DegRowReader reader("/", 0);
   ASSERT_EQ(reader.Lit(Ligne("")), RowKind::BarePoint);
   const DegRow& row = reader.Ligne();
@@ -142,13 +142,13 @@ TEST(DegRow, MakesABarePointOfAShortLine) {
   EXPECT_EQ(row.sex, "");
 }
 
-TEST(DegRow, MakesPointsOfCommasInABarePoint) {
+TEST(DegRowReader, MakesPointsOfCommasInABarePoint) {
   DegRowReader reader("/", 0);
   ASSERT_EQ(reader.Lit("1K+ 4,50000-  3,25000"), RowKind::BarePoint);
   EXPECT_EQ(reader.Ligne().original, "deg +4.50000 -3.25000");
 }
 
-TEST(DegRow, MakesZerosOfAnEmptyLine) {
+TEST(DegRowReader, MakesZerosOfAnEmptyLine) {
   DegRowReader reader("/", 2);
   ASSERT_EQ(reader.Lit(""), RowKind::BarePoint);
   const DegRow& row = reader.Ligne();
@@ -158,7 +158,7 @@ TEST(DegRow, MakesZerosOfAnEmptyLine) {
   EXPECT_EQ(row.comment, "//");
 }
 
-TEST(DegRow, ReadsADateFrom32CharactersOn) {
+TEST(DegRowReader, ReadsADateFrom32CharactersOn) {
   DegRowReader reader("/", 0);
   ASSERT_EQ(reader.Lit(Ligne("2")), RowKind::Row);
   EXPECT_EQ(reader.Ligne().date, "2");
@@ -166,7 +166,7 @@ TEST(DegRow, ReadsADateFrom32CharactersOn) {
   EXPECT_EQ(reader.Ligne().original, "");
 }
 
-TEST(DegRow, InheritsWhatALineIsTooShortFor) {
+TEST(DegRowReader, InheritsWhatALineIsTooShortFor) {
   DegRowReader reader("/", 0);
   reader.Lit(LigneDatum("WGS84deg +04.50000 -003.25000old"));
   ASSERT_EQ(reader.Lit(Ligne("1999/01/02M")), RowKind::Row) << "42 characters: a date alone";
@@ -181,7 +181,7 @@ TEST(DegRow, InheritsWhatALineIsTooShortFor) {
   EXPECT_EQ(reader.Ligne().comment, "old") << "and keep the comment";
 }
 
-TEST(DegRow, InheritsDateAndSexIntoABarePoint) {
+TEST(DegRowReader, InheritsDateAndSexIntoABarePoint) {
   DegRowReader reader("/", 0);
   reader.Lit(LigneDatum("WGS84deg 1 2"));
   ASSERT_EQ(reader.Lit(Ligne("")), RowKind::BarePoint);
@@ -192,7 +192,7 @@ TEST(DegRow, InheritsDateAndSexIntoABarePoint) {
   EXPECT_EQ(reader.Ligne().original, "deg +4.50000 -3.25000");
 }
 
-TEST(DegRow, StopsAtFinDuInAShortLineOnly) {
+TEST(DegRowReader, StopsAtFinDuInAShortLineOnly) {
   DegRowReader reader("/", 0);
   EXPECT_EQ(reader.Lit("FIN DU FICHIER"), RowKind::End);
   EXPECT_EQ(reader.Lit("  fin du fichier"), RowKind::End);
@@ -206,7 +206,7 @@ struct PaddingCase {
   std::string padded;
 };
 
-TEST(DegRow, PadsTheCommentInFront) {
+TEST(DegRowReader, PadsTheCommentInFront) {
   const PaddingCase cases[] = {
       {"", "///"},       {"remark", "///remark"}, {"a/b", "//a/b"},
       {"a/b/", "/a/b/"}, {"a/b/c/d", "a/b/c/d"},  {"a/b/c/d/e", "a/b/c/d/e"}};
@@ -216,7 +216,7 @@ TEST(DegRow, PadsTheCommentInFront) {
   }
 }
 
-TEST(DegRow, PadsWithSeparatorsOfMoreThanOneByte) {
+TEST(DegRowReader, PadsWithSeparatorsOfMoreThanOneByte) {
   DegRowReader reader("\xC2\xA7", 2);  // section sign, A7 in the file
   reader.Lit(
       LigneDatum("WGS84deg +04.50000 -003.25000a\xA7"
@@ -227,7 +227,7 @@ TEST(DegRow, PadsWithSeparatorsOfMoreThanOneByte) {
             "b");
 }
 
-TEST(DegRow, RefusesSeparatorsThatNoRowCouldHold) {
+TEST(DegRowReader, RefusesSeparatorsThatNoRowCouldHold) {
   EXPECT_NO_THROW(DegRowReader("/", 32767));
   try {
     DegRowReader reader(std::string(1000, 's'), 32767);
@@ -237,7 +237,7 @@ TEST(DegRow, RefusesSeparatorsThatNoRowCouldHold) {
   }
 }
 
-TEST(DegRow, DecodesTheCodePageBehindTheCuttingOfColumns) {
+TEST(DegRowReader, DecodesTheCodePageBehindTheCuttingOfColumns) {
   std::string bytes;
   for (int b = 0; b < 256; ++b) bytes += static_cast<char>(b);
   for (std::size_t from = 0; from + 24 <= bytes.size(); from += 8) {
@@ -248,7 +248,7 @@ TEST(DegRow, DecodesTheCodePageBehindTheCuttingOfColumns) {
   }
 }
 
-TEST(DegRow, RefusesNumbersThatNoColumnHolds) {
+TEST(DegRowReader, RefusesNumbersThatNoColumnHolds) {
   const char* lines[] = {"1K    1E39   3.25000    1    1", "1K+ 4.50000      1E99    1    1",
                          "1K+ 4.50000   3.25000  3E9    1", "1K+ 4.50000   3.25000    1 -9E9"};
   for (const char* line : lines) {
@@ -262,13 +262,13 @@ TEST(DegRow, RefusesNumbersThatNoColumnHolds) {
   }
 }
 
-TEST(DegRow, RoundsHalvesOfNumbersToEven) {
+TEST(DegRowReader, RoundsHalvesOfNumbersToEven) {
   const DegRow row = Lit("1K+ 4.50000   3.25000  1.5  2.5" + std::string(17, ' ') + "x");
   EXPECT_EQ(row.n1, 2);
   EXPECT_EQ(row.n2, 2);
 }
 
-TEST(DegRow, KeepsItsBoundsForAnyBytes) {
+TEST(DegRowReader, KeepsItsBoundsForAnyBytes) {
   std::mt19937 random(3);
   DegRowReader reader("/", 4);
   for (int run = 0; run < 100'000; ++run) {

@@ -1,11 +1,33 @@
-#include "store/cp1252_decoder.h"
+#include "store/cp1252_decode.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdint>
 #include <cstring>
 
 #include "common/text.h"
 
 namespace talpena {
+namespace {
+
+struct Sequence {
+  std::array<char, 3> bytes{};
+  std::uint8_t length = 0;
+};
+using UpperHalf = std::array<Sequence, 128>;  ///< characters of bytes 80 to FF
+
+UpperHalf FaitMoitieHaute() {
+  UpperHalf upper;
+  for (std::size_t i = 0; i < upper.size(); ++i) {
+    const char byte = static_cast<char>(static_cast<unsigned char>(0x80 + i));
+    const std::string character = Cp1252VersUtf8({&byte, 1});
+    upper[i].length = static_cast<std::uint8_t>(character.size());
+    std::copy(character.begin(), character.end(), upper[i].bytes.begin());
+  }
+  return upper;
+}
+
+}  // namespace
 
 bool EstAscii(std::string_view bytes) {
   constexpr std::uint64_t highBits = 0x8080808080808080U;
@@ -20,16 +42,8 @@ bool EstAscii(std::string_view bytes) {
   return (seen & highBits) == 0;
 }
 
-Cp1252Decoder::Cp1252Decoder() {
-  for (std::size_t i = 0; i < upper_.size(); ++i) {
-    const char byte = static_cast<char>(static_cast<unsigned char>(0x80 + i));
-    const std::string character = Cp1252VersUtf8({&byte, 1});
-    upper_[i].length = static_cast<std::uint8_t>(character.size());
-    std::copy(character.begin(), character.end(), upper_[i].bytes.begin());
-  }
-}
-
-void Cp1252Decoder::Decode(std::string_view bytes, std::string& text) const {
+void DecodeCp1252(std::string_view bytes, std::string& text) {
+  static const UpperHalf upper = FaitMoitieHaute();
   if (EstAscii(bytes)) {
     text.assign(bytes);
     return;
@@ -41,7 +55,7 @@ void Cp1252Decoder::Decode(std::string_view bytes, std::string& text) const {
     if (byte < 0x80) {
       *out++ = b;
     } else {
-      const Sequence& s = upper_[byte - 0x80U];
+      const Sequence& s = upper[byte - 0x80U];
       out = std::copy_n(s.bytes.begin(), s.length, out);
     }
   }

@@ -1,4 +1,4 @@
-#include "store/deg_row.h"
+#include "store/deg_row_reader.h"
 
 #include <algorithm>
 #include <array>
@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "store/cp1252_decode.h"
 #include "store/deg_number.h"
 
 namespace talpena {
@@ -104,7 +105,7 @@ RowKind DegRowReader::Lit(std::string_view line) {
   LitNombres(line);
   RowKind kind = RowKind::Row;
   if (line.size() > 31) {
-    decoder_.Decode(Colonnes(line, 32, 10), row_.date);
+    DecodeCp1252(Colonnes(line, 32, 10), row_.date);
     if (line.size() > 42) LitOrigine(line);
   } else {
     if (ContientFinDu(line)) return RowKind::End;
@@ -125,11 +126,11 @@ void DegRowReader::LitNombres(std::string_view line) {
 
 /// Columns 42 and behind.
 void DegRowReader::LitOrigine(std::string_view line) {
-  decoder_.Decode(Rogne(Colonnes(line, 42, 1)), row_.sex);
-  decoder_.Decode(DatumDeCode(Colonnes(line, 43, 5)), row_.datum);
+  DecodeCp1252(Rogne(Colonnes(line, 42, 1)), row_.sex);
+  DecodeCp1252(DatumDeCode(Colonnes(line, 43, 5)), row_.datum);
   const std::string_view original = Colonnes(line, 48, 24);
-  decoder_.Decode(original, row_.original);
-  if (line.size() > 47) decoder_.Decode(Colonnes(line, 72), row_.comment);
+  DecodeCp1252(original, row_.original);
+  if (line.size() > 47) DecodeCp1252(Colonnes(line, 72), row_.comment);
   if (const std::string_view datum = DatumDeSysteme(original); !datum.empty()) row_.datum = datum;
 }
 
@@ -137,7 +138,7 @@ void DegRowReader::LitPoint(std::string_view line) {
   row_.datum = "EUR-M";
   const std::string point = "deg " + MotDeCoordonnee(Colonnes(line, 3, 9)) + " " +
                             MotDeCoordonnee(Colonnes(line, 12, 10));
-  decoder_.Decode(point, row_.original);
+  DecodeCp1252(point, row_.original);
   row_.comment.clear();
 }
 
