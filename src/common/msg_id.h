@@ -220,6 +220,8 @@ inline constexpr int BoutonOui = 917;  // "Yes"
 inline constexpr int BoutonNon = 918;  // "No"
 inline constexpr int BoutonOk = 919;   // "OK"
 
+inline constexpr int AncienFichierReste = 920;  // "The former file stands unchanged."
+
 // Accessible names, tool tips.
 inline constexpr int TableDonnees = 921;   // "Table of records"
 inline constexpr int OrdreTri = 922;       // "Sort order"

@@ -21,10 +21,14 @@ class InputFile {
 class OutputFile {
  public:
   virtual ~OutputFile() = default;
+  /// Adds bytes. A failure (disk full) loses none of them: what could not be written waits and
+  /// goes out before the next bytes, so that a caller may go on once there is room.
   virtual void Ecrit(std::string_view bytes) = 0;
   /// Puts what was written in the place of the old file: synced before, folder synced after,
-  /// mode, owner and link target kept.
+  /// mode, owner and link target kept. May be tried again after a failure.
   virtual void Remplace() = 0;
+  /// The same for a file cut short: bytes that still wait and cannot be written are dropped.
+  virtual void RemplaceTronque() { Remplace(); }
 };
 
 /// Tells two states of a file apart; equal when nothing touched the file between.
@@ -44,8 +48,14 @@ class FileSystem {
   virtual bool Existe(const std::string& path) = 0;  ///< a file (not a folder) is there
   virtual std::unique_ptr<InputFile> Ouvre(const std::string& path) = 0;
   virtual std::unique_ptr<OutputFile> Cree(const std::string& path) = 0;
+  /// The same; a file that is not there yet takes mode and owner of `model`, if that exists.
+  virtual std::unique_ptr<OutputFile> CreeComme(const std::string& path,
+                                                [[maybe_unused]] const std::string& model) {
+    return Cree(path);
+  }
   virtual void Supprime(const std::string& path) = 0;
-  /// Refuses (58) when the target exists. On a symbolic link the contents move, not the link.
+  /// Refuses (58) when the target exists. On a symbolic link the contents move; the link stays
+  /// and names a file that Cree will make anew.
   virtual void Renomme(const std::string& from, const std::string& to) = 0;
   virtual std::optional<FileStamp> Empreinte(const std::string& path) = 0;
 };

@@ -1,9 +1,14 @@
 // The whole state of the process.
 #pragma once
+#include <string>
+
 #include "store/state.h"
 
 namespace talpena {
 
-struct ProcessState : StoreState {};
+struct ProcessState : StoreState {
+  std::string DossierCartes;  ///< copy of AppDir through which the map windows find their files
+  std::string FichierAide;    ///< path of the help file of the current language
+};
 
 }  // namespace talpena

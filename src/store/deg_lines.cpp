@@ -9,9 +9,15 @@
 namespace talpena {
 namespace {
 
-constexpr std::size_t blockSize = std::size_t{256} << 10;
+constexpr std::int64_t blockSize = 256 << 10;
 constexpr std::string_view lfHint =
     " The lines of this file end in LF alone; those of a .deg file end in CR LF.";
+
+/// No more than the file and its end need.
+std::size_t TailleDeBloc(const InputFile& file) {
+  constexpr std::int64_t smallest = 4096;
+  return static_cast<std::size_t>(std::clamp(file.Taille() + 1, smallest, blockSize));
+}
 
 bool Contient(const char* text, std::size_t length, char c) {
   return length > 0 && std::memchr(text, c, length) != nullptr;
@@ -20,7 +26,7 @@ bool Contient(const char* text, std::size_t length, char c) {
 }  // namespace
 
 DegLines::DegLines(std::unique_ptr<InputFile> file, LineEnd end)
-    : file_(std::move(file)), end_(end), buffer_(blockSize) {}
+    : file_(std::move(file)), end_(end), buffer_(TailleDeBloc(*file_)) {}
 
 bool DegLines::Lit(std::string_view& line) {
   std::size_t length = 0;
@@ -72,13 +78,18 @@ std::size_t DegLines::LongueurFin(std::size_t length) {
 
 /// Reads the next block behind what is still to be handed out; false at the end of the file.
 bool DegLines::Remplit() {
+  if (last_ == buffer_.size()) FaitPlace();
+  const std::size_t count = file_->Lit({buffer_.data() + last_, buffer_.size() - last_});
+  last_ += count;
+  return count > 0;
+}
+
+/// Room behind what is still to be handed out: it moves to the front, or the buffer grows.
+void DegLines::FaitPlace() {
   std::copy(buffer_.data() + first_, buffer_.data() + last_, buffer_.data());
   last_ -= first_;
   first_ = 0;
   if (last_ == buffer_.size()) buffer_.resize(std::min(2 * last_, last_ + limit_));
-  const std::size_t count = file_->Lit({buffer_.data() + last_, buffer_.size() - last_});
-  last_ += count;
-  return count > 0;
 }
 
 void DegLines::RefuseLongueur() const {

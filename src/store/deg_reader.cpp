@@ -57,8 +57,7 @@ class HeaderGuard {
   bool kept_ = false;
 };
 
-/// One run of LitDeg. Destroyed, it has closed the file, the transaction and the wait windows,
-/// whatever happened before.
+/// One run of LitDeg: Execute, and Abandonne when it threw.
 class Load {
  public:
   Load(StoreState& state, Platform& io, MainWindowView& vue, const std::string& fileName,
@@ -202,11 +201,13 @@ class Load {
     vue_.PlaceFocusGrille();
   }
 
+  /// Says of a refused row on which line it stands.
   void Insere(DegFileRows& rows) {
     try {
       Base().InsertRows("TALPENA", DegFileRows::Columns, rows);
     } catch (const TalpenaError& e) {
-      throw TalpenaError(e.number(), "Line " + Str(lines_->Numero()) + ": " + e.description());
+      if (rows.LigneEnMain() == 0) throw;
+      throw TalpenaError(e.number(), "Line " + Str(rows.LigneEnMain()) + ": " + e.description());
     }
   }
 

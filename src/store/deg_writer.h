@@ -1,7 +1,6 @@
 // Writes TALPENA as a .deg file of form 2.
 #pragma once
 #include <string>
-#include <string_view>
 
 #include "platform/main_window_view.h"
 #include "platform/platform.h"
@@ -13,8 +12,15 @@ namespace talpena {
 enum class WriteMode { Rows, Grouped };
 
 /// Writes the rows of the data control. An empty table writes nothing and leaves the file
-/// alone. On success FichierModifie is false. Failures are shown, not thrown.
+/// alone. On success FichierModifie is false. Failures are shown, not thrown: after each the
+/// user is asked whether to go on behind it.
+///
+/// The file is written beside its place. When the user does not go on, what was written till then
+/// takes the place of the file; a whole former state there is kept as .BAK first, and
+/// FichierModifie stays true.
+///
+/// @param modele  a file whose mode and owner a new file takes, when that exists
 void EcritDeg(StoreState& state, Platform& io, MainWindowView& vue, const std::string& fileName,
-              WriteMode mode);
+              WriteMode mode, const std::string& modele = {});
 
 }  // namespace talpena

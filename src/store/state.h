@@ -30,6 +30,8 @@ struct StoreState : CoordState {
   std::string TitreFichier;        ///< title line read last
   std::string CommentaireFichier;  ///< comment line read last
   bool NouveauEnCours = false;     ///< only while New shows the periods dialog
+  /// Path that a save of this process left cut short or missing; its .BAK is the last whole state.
+  std::string FichierIncomplet;
   std::optional<FileStamp> EmpreinteFichier;  ///< NomFichier as this process read or wrote it
 
   std::vector<FreeFieldDef> FreeFieldDefs;

@@ -108,12 +108,13 @@ class FakeEnvironment : public Environment {
   std::map<std::string, std::string> variables;
   std::string cd = "D:\\";
   std::vector<std::string> dossiers;  ///< folders the process changed to
+  bool changePossible = true;         ///< false: those folders do not exist
   std::string Variable(std::string_view name) override { return variables[std::string(name)]; }
   std::string DossierTemporaire() override { return variables["TEMP"]; }
   std::string LecteurCD() override { return cd; }
   bool ChangeDossier(const std::string& folder) override {
     dossiers.push_back(folder);
-    return true;
+    return changePossible;
   }
 };
 

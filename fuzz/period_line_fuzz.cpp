@@ -1,0 +1,23 @@
+// The period line.
+#include <cstdint>
+
+#include "check.h"
+#include "common/talpena_error.h"
+#include "store/period_line.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using talpena::fuzz::Verifie;
+  const std::string_view line(reinterpret_cast<const char*>(data), size);
+  talpena::StoreState state;
+  state.NbPivots = 7;
+  try {
+    talpena::LitPivots(state, line);
+    const std::size_t absent = line.find("0 - 0");
+    const bool elsewhere = absent != line.npos && absent != 15 && absent != 29;
+    Verifie((state.NbPivots == 7) == elsewhere);
+    Verifie(state.NbPivots == 7 || (state.NbPivots >= 0 && state.NbPivots <= 2));
+  } catch (const talpena::TalpenaError& e) {
+    Verifie(e.number() == talpena::ErrorNumber::Overflow);
+  }
+  return 0;
+}

@@ -1,0 +1,14 @@
+// What the operating system's refusals mean to the user.
+#pragma once
+#include <string>
+
+namespace talpena {
+
+/// Throws the TalpenaError of an errno value. The description is English and names the path:
+/// "Disk full: /home/ann/bees.deg". A missing file is 53 when its folder is there, else 76.
+[[noreturn]] void LanceErreurFichier(int error, const std::string& path);
+
+/// Throws PathFileAccess (75): the path, then what is wrong with it.
+[[noreturn]] void LanceErreurAcces(const std::string& path, const std::string& why);
+
+}  // namespace talpena

@@ -1,0 +1,59 @@
+#include "platform/os/posix_paths.h"
+
+#include <fcntl.h>
+#include <limits.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <optional>
+
+#include "platform/os/posix_error.h"
+
+namespace talpena {
+namespace {
+
+constexpr int maxLinks = 40;  // as the kernel's own limit
+
+/// What a link holds; empty when the path names no link.
+std::optional<std::string> LitLien(const std::string& path) {
+  std::array<char, PATH_MAX> buffer{};
+  const ssize_t length = readlink(path.c_str(), buffer.data(), buffer.size());
+  if (length < 0) return std::nullopt;
+  return std::string(buffer.data(), static_cast<std::size_t>(length));
+}
+
+}  // namespace
+
+std::string DossierParent(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (slash == std::string::npos) return ".";
+  return path.substr(0, slash + 1);
+}
+
+std::string SuitLiens(const std::string& path) {
+  std::string current = path;
+  for (int i = 0; i < maxLinks; ++i) {
+    const std::optional<std::string> next = LitLien(current);
+    if (!next) return current;
+    const bool absolute = !next->empty() && next->front() == '/';
+    current = absolute ? *next : DossierParent(current) + "/" + *next;
+  }
+  LanceErreurFichier(ELOOP, path);
+}
+
+void VerifieChemin(const std::string& path) {
+  if (path.empty()) LanceErreurFichier(ENOENT, path);
+  if (path.find('\0') != std::string::npos) {
+    LanceErreurAcces(path.substr(0, path.find('\0')), "the name holds a NUL byte");
+  }
+}
+
+void SynchroniseDossier(const std::string& path) {
+  const int folder = open(DossierParent(path).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (folder < 0) return;
+  fsync(folder);
+  close(folder);
+}
+
+}  // namespace talpena

@@ -1,0 +1,20 @@
+// Folders and links of paths as the kernel reads them: "/" alone parts them.
+#pragma once
+#include <string>
+
+namespace talpena {
+
+/// The folder that holds what a path names, "." for a bare name.
+std::string DossierParent(const std::string& path);
+
+/// The path behind all links at the end of a path; the file itself need not be there.
+std::string SuitLiens(const std::string& path);
+
+/// Refuses what no file can be called: "" and names with a NUL byte.
+void VerifieChemin(const std::string& path);
+
+/// Makes what happened in a file's folder last through a power cut, where the folder allows it.
+/// A failure is let pass: what was done is done, and the files themselves were synced before.
+void SynchroniseDossier(const std::string& path);
+
+}  // namespace talpena

@@ -1,0 +1,163 @@
+#include "shell/start_stop.h"
+
+#include <array>
+
+#include "common/msg_id.h"
+#include "common/paths.h"
+#include "common/string_table.h"
+#include "coords/datum.h"
+#include "platform/commands.h"
+#include "store/deg_reader.h"
+#include "store/file_commands.h"
+#include "store/table.h"
+
+namespace talpena {
+namespace {
+
+struct Load {
+  ShellContext c;
+  const std::string& commandLine;
+};
+
+void ChoisitWorkingDir(Load& l) {
+  ProcessState& state = l.c.state;
+  const std::string folder = l.c.io.settings.Lit("Talpena", "Config", "WorkingDir",
+                                                 l.c.io.environment.DossierTemporaire());
+  state.WorkingDir = folder.empty() ? std::string() : AvecSeparateur(RendNatif(folder));
+  state.WorkingDbPath = state.WorkingDir + "talpena_tmp.mdb";
+}
+
+// Left by the run before, or by its crash; the rows in it are nobody's any more.
+void SupprimeBaseAncienne(Load& l) {
+  const std::string& path = l.c.state.WorkingDbPath;
+  if (l.c.io.files.Existe(path)) l.c.io.files.Supprime(path);
+}
+
+void CreeBase(Load& l) {
+  l.c.state.WorkingDb =
+      l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+}
+
+void LitReglages(Load& l) {
+  ChargeReglages(l.c.state, l.c.io, l.c.shell.TailleEcran());
+  l.c.shell.AppliqueReglages();
+}
+
+void AppliqueLangue(ShellContext c) {
+  c.shell.AppliqueLangue();
+  c.state.FichierAide = CheminAide(c.state);
+}
+
+void OuvreFichierNomme(Load& l) {
+  if (l.commandLine.empty()) return;
+  l.c.state.NomFichier = l.commandLine;
+  LitDeg(l.c.state, l.c.io, l.c.vue, l.c.state.NomFichier, MergeMode::Replace);
+  l.c.vue.ActiveMenus();
+}
+
+/// One statement of the load: what the handler executes again after failure 3028.
+using Step = void (*)(Load&);
+
+// clang-format off
+constexpr std::array<Step, 24> steps = {
+    [](Load& l) { l.c.vue.ChangeSablier(true); },
+    [](Load& l) { l.c.shell.DesactiveMenus(); },
+    [](Load& l) { l.c.state.DossierCartes = l.c.state.AppDir; },
+    ChoisitWorkingDir,
+    SupprimeBaseAncienne,
+    CreeBase,
+    [](Load& l) { CreateTable(l.c.state); },
+    [](Load& l) { l.c.shell.FondGrilleSysteme(); },
+    [](Load& l) { ChargeDatums(l.c.state, l.c.io); },
+    LitReglages,
+    [](Load& l) { AppliqueLangue(l.c); },
+    [](Load& l) { l.c.shell.RempliListesDatums(); },
+    [](Load& l) { l.c.shell.InitFenetres(); },
+    [](Load& l) { l.c.shell.InitTDBgrid(); },
+    [](Load& l) { l.c.shell.ColoreOptTri(); },
+    [](Load& l) { l.c.shell.MontreFenetre(); },
+    [](Load& l) { l.c.vue.TraiteMessages(); },
+    [](Load& l) { l.c.state.FichierModifie = false; },
+    [](Load& l) { l.c.state.SqlCourant = "SELECT * FROM TALPENA ORDER BY Counter"; },
+    [](Load& l) { l.c.shell.ColoreFenetres(); },
+    [](Load& l) { l.c.shell.FermeSplash(); },
+    OuvreFichierNomme,
+    [](Load& l) { l.c.vue.ChangeSablier(false); },
+    [](Load& l) { l.c.vue.TraiteMessages(); },
+};
+// clang-format on
+
+void SupprimeBaseSysteme(Platform& io) {
+  io.files.Supprime(AvecSeparateur(io.environment.DossierTemporaire()) + "TALPENA.MDB");
+}
+
+/// Deleting a file that is not there is a failure too, so this cannot go round for ever.
+void Execute(Step step, Load& l) {
+  for (;;) {
+    try {
+      step(l);
+      return;
+    } catch (const TalpenaError& e) {
+      if (e.number() != ErrorNumber::SystemDatabase) throw;
+      SupprimeBaseSysteme(l.c.io);
+    }
+  }
+}
+
+void EnregistreEtTermine(ShellContext c) {
+  c.vue.ChangeSablier(true);
+  c.shell.ReleveReglages();
+  SauveReglages(c.state, c.io);
+  c.vue.ChangeSablier(false);
+  c.shell.Termine();
+}
+
+}  // namespace
+
+std::string LigneDeCommande(std::span<const char* const> arguments) {
+  std::string line;
+  for (std::size_t i = 1; i < arguments.size(); ++i) {
+    if (i > 1) line += ' ';
+    line += arguments[i];
+  }
+  return line;
+}
+
+void ChargeForm1(ShellContext c, const std::string& commandLine) {
+  Load load{c, commandLine};
+  try {
+    for (const Step step : steps) Execute(step, load);
+  } catch (const CatalogueRefused&) {
+    c.vue.ChangeSablier(false);
+    c.shell.FermeSplash();
+    c.shell.Termine();
+  } catch (const TalpenaError&) {  // the load ends here: no message, what was done stands
+  }
+}
+
+void MnuQuitter_Click(ShellContext c) {
+  if (CheckSauvegarde({c.state, c.io, c.vue})) return;
+  EnregistreEtTermine(c);
+}
+
+void Form1_Unload(ShellContext c) { MnuQuitter_Click(c); }
+
+void MnuLang_Click(ShellContext c, int index) {
+  constexpr int spanish = 2;
+  if (index == spanish) {
+    c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::FonctionAbsente)});
+    return;
+  }
+  const std::int16_t before = c.state.Langue;
+  c.state.Langue = static_cast<std::int16_t>(index * 1000);
+  if (c.state.Langue == before) return;
+  AppliqueLangue(c);
+  c.shell.InitFenetres();
+  c.shell.InitTDBgrid();
+}
+
+std::string CheminAide(const ProcessState& state) {
+  return AvecSeparateur(state.AppDir) + (state.Langue == 0 ? "TALPENAF.HLP" : "TALPENAE.HLP");
+}
+
+}  // namespace talpena

@@ -1,0 +1,212 @@
+#include "store/file_commands.h"
+
+#include "common/msg_id.h"
+#include "common/paths.h"
+#include "common/string_table.h"
+#include "common/text.h"
+#include "platform/commands.h"
+#include "store/deg_reader.h"
+#include "store/deg_writer.h"
+#include "store/recent_files.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::string_view openFilter = "Distribution (*.deg)|*.deg";
+
+/// Runs a command's body under the common frame.
+template <typename Body>
+void Commande(FileContext c, Body&& body) {
+  ExecuteCommande(c.state, c.io, {}, std::forward<Body>(body));
+}
+
+/// False when another program changed the file and the user does not want it replaced.
+bool PeutEcraser(FileContext c, const std::string& path) {
+  if (path != c.state.NomFichier || !c.state.EmpreinteFichier) return true;
+  const auto now = c.io.files.Empreinte(path);
+  if (!now || now == c.state.EmpreinteFichier) return true;
+  Bip(c.state, c.io);
+  return c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::FichierChange),
+                                 .icon = Icon::Exclamation,
+                                 .buttons = Buttons::YesNo}) == Answer::Yes;
+}
+
+/// Writes the rows over the open file, without a backup.
+void EcritSurPlace(FileContext c) {
+  const std::string path = c.state.NomFichier;
+  if (!PeutEcraser(c, path)) return;
+  const bool missing = c.state.FichierIncomplet == path;
+  EcritDeg(c.state, c.io, c.vue, path, WriteMode::Rows, missing ? CheminBak(path) : "");
+}
+
+/// Makes a path that is about to be read the open file.
+void ChangeNomFichier(StoreState& state, const std::string& path) {
+  state.NomFichier = path;
+  state.EmpreinteFichier.reset();
+}
+
+void EnregistreSous(FileContext c) {
+  const std::string path =
+      c.io.dialogues.EnregistreFichier({.filter = "Distribution files (*.deg)|*.deg",
+                                        .name = c.state.NomFichier,
+                                        .confirmReplace = true});
+  if (path.empty() || !PeutEcraser(c, path)) return;
+  EcritDeg(c.state, c.io, c.vue, path, WriteMode::Rows);
+  c.state.NomFichier = path;
+  c.state.EmpreinteFichier = c.io.files.Empreinte(path);
+  c.vue.ChangeTitreFenetre("Talpena - " + path);
+}
+
+/// The same file by two names.
+bool MemeFichier(FileSystem& files, const std::string& a, const std::string& b) {
+  const auto stamp = files.Empreinte(a);
+  return a == b || (stamp && stamp == files.Empreinte(b));
+}
+
+[[noreturn]] void LanceEchecRenomme(FileContext c, int number, const std::string& what) {
+  throw TalpenaError(number, what + "\n" + Texte(c.state.Langue, MsgId::SauveSousMarche));
+}
+
+/// Moves the open file to its backup. What would make the rename fail is raised before anything
+/// is deleted.
+void GardeBak(FileContext c, const std::string& backup) {
+  const std::string& path = c.state.NomFichier;
+  if (path.find('.') < DossierDe(path).size()) {
+    LanceEchecRenomme(c, ErrorNumber::PathFileAccess, "Path/File access error: " + backup);
+  }
+  if (!c.io.files.Existe(path)) {
+    LanceEchecRenomme(c, ErrorNumber::FileNotFound, "File not found: " + path);
+  }
+  if (MemeFichier(c.io.files, path, backup)) {
+    LanceEchecRenomme(c, ErrorNumber::FileExists, "File already exists: " + backup);
+  }
+  if (c.io.files.Existe(backup)) c.io.files.Supprime(backup);
+  c.io.files.Renomme(path, backup);
+}
+
+void Enregistre(FileContext c) {
+  const std::string path = c.state.NomFichier;
+  if (!PeutEcraser(c, path)) return;
+  const std::string backup = CheminBak(path);
+  // Where a former save broke off, the backup holds the last whole state and stays.
+  if (c.state.FichierIncomplet != path) GardeBak(c, backup);
+  EcritDeg(c.state, c.io, c.vue, path, WriteMode::Rows, backup);
+  if (!c.io.files.Existe(path)) c.state.FichierIncomplet = path;
+}
+
+void Charge(FileContext c, const std::string& path, MergeMode mode) {
+  LitDeg(c.state, c.io, c.vue, path, mode);
+  c.vue.ActiveMenus();
+}
+
+void EnregistreAutomatiquement(FileContext c) {
+  if (!c.state.FichierModifie) return;
+  if (c.state.NomFichier.empty()) {
+    EnregistreSous(c);
+  } else {
+    EcritSurPlace(c);
+  }
+}
+
+}  // namespace
+
+bool CheckSauvegarde(FileContext c) {
+  if (!c.state.FichierModifie) return false;
+  Bip(c.state, c.io);
+  const Answer answer = c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::SauveFichier),
+                                                .icon = Icon::Exclamation,
+                                                .buttons = Buttons::YesNoCancel});
+  if (answer == Answer::Cancel) return true;
+  if (answer == Answer::No) return false;
+  EnregistreAutomatiquement(c);
+  // An empty table is never written and stays modified; there is nothing to lose in it.
+  const bool rows = c.state.Data1.EstLie() && c.state.Data1.recordset().RecordCount() > 0;
+  return c.state.FichierModifie && rows;
+}
+
+void MnuNouveau_Click(FileContext c) {
+  Commande(c, [&] { CreationNouveau(c, 0); });
+}
+
+void MnuOuvrir_Click(FileContext c) {
+  Commande(c, [&] {
+    if (CheckSauvegarde(c)) return;
+    const std::string folder = c.io.settings.Lit("TALPENA", "Paths", "LastDeg", c.state.AppDir);
+    const std::string path =
+        c.io.dialogues.OuvreFichier({.filter = std::string(openFilter), .folder = folder});
+    if (path.empty()) return;
+    ChangeNomFichier(c.state, path);
+    c.io.settings.Ecrit("TALPENA", "Paths", "LastDeg", DossierDe(path));
+    Charge(c, path, MergeMode::Replace);
+    c.vue.CacheLbl1();
+  });
+}
+
+void MnuEnregistrer_Click(FileContext c) {
+  Commande(c, [&] {
+    if (!c.state.NomFichier.empty()) {
+      Enregistre(c);
+      return;
+    }
+    MnuEnrSous_Click(c);
+    c.vue.PlaceFocusGrille();
+  });
+}
+
+void MnuEnrSous_Click(FileContext c) {
+  Commande(c, [&] { EnregistreSous(c); });
+}
+
+void MnuFusionner_Click(FileContext c) {
+  Commande(c, [&] {
+    const std::string path = c.io.dialogues.OuvreFichier({.filter = std::string(openFilter)});
+    if (!path.empty()) Charge(c, path, MergeMode::Merge);
+  });
+}
+
+void MnuGrouper_Click(FileContext c) {
+  Commande(c, [&] {
+    const std::string path =
+        c.io.dialogues.OuvreFichier({.filter = "Fichiers distribution (*.deg)|*.deg"});
+    if (path.empty()) return;
+    if (c.io.files.Existe(path)) {
+      Bip(c.state, c.io);
+      const Answer answer =
+          c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::RemplaceFichier),
+                                  .icon = Icon::Question,
+                                  .buttons = Buttons::YesNo});
+      if (answer != Answer::Yes) return;
+    }
+    if (PeutEcraser(c, path)) EcritDeg(c.state, c.io, c.vue, path, WriteMode::Grouped);
+  });
+}
+
+void MnuLastFile_Click(FileContext c, int index) {
+  Commande(c, [&] {
+    if (CheckSauvegarde(c)) return;
+    const std::string& entry = c.state.LastFiles.at(static_cast<std::size_t>(index));
+    const std::string path = CheminDeLegende(LegendeDernierFichier(index, entry));
+    if (path.empty()) return;
+    ChangeNomFichier(c.state, path);
+    c.vue.ChangeTitreFenetre("Talpena - " + path);
+    Charge(c, path, MergeMode::Replace);
+  });
+}
+
+void Timer1_Timer(FileContext c) {
+  if (!c.state.AutoSave) return;
+  // A 16-bit counter that wraps: an interval set below it comes round again.
+  c.state.CompteurTimer =
+      static_cast<std::int16_t>(static_cast<std::uint16_t>(c.state.CompteurTimer) + 1);
+  if (c.state.CompteurTimer != c.state.SaveInterval) return;
+  c.state.CompteurTimer = 0;
+  Commande(c, [&] { EnregistreAutomatiquement(c); });
+}
+
+std::string CheminBak(std::string_view path) {
+  const std::size_t dot = path.find('.');
+  const std::size_t kept = dot == std::string_view::npos ? 0 : dot + 1;
+  return std::string(path.substr(0, kept)) + "BAK";
+}
+
+}  // namespace talpena

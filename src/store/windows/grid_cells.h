@@ -1,0 +1,34 @@
+// What a cell of the grid shows, and what a text typed into it means to the table.
+#pragma once
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "common/talpena_error.h"
+#include "platform/table_engine.h"
+#include "store/data_control.h"
+
+namespace talpena {
+
+/// Null is empty; a 32-bit float is the shortest decimal that gives the same float.
+std::string TexteDeCellule(const FieldDef& field, const Cell& cell);
+
+/// True for columns that are aligned as numbers.
+bool EstColonneNumerique(const FieldDef& field);
+
+/// Writes a typed text into a field of the row at `position`. Numbers take a comma as their point.
+/// An empty text is Null where the column has no empty text. The text that the cell shows already
+/// changes nothing.
+/// @return whether the row was changed; a value that the column cannot hold is the engine's
+///         TalpenaError, with the row as it was
+bool EcritCellule(Recordset& rows, std::int64_t position, int field, std::string_view typed);
+
+/// Why the table refused a value, in the user's language; the engine's own description where
+/// there is no better text.
+std::string RaisonDuRefus(std::int16_t langue, const FieldDef& field, const TalpenaError& refus);
+
+/// "12/3245": position of the current row from 1 and number of rows; "0/0" when there are none,
+/// "" before a file is open.
+std::string TextePosition(DataControl& data);
+
+}  // namespace talpena

@@ -1,0 +1,135 @@
+#include "store/windows/grid_model.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "store/windows/grid_cells.h"
+
+namespace talpena {
+namespace {
+
+/// A line break inside a remark, shown on the cell's single line.
+const QChar lineBreakMark(0x21B5);
+
+QString SurUneLigne(QString text) {
+  return text.replace(QStringLiteral("\r\n"), lineBreakMark)
+      .replace(QLatin1Char('\n'), lineBreakMark)
+      .replace(QLatin1Char('\r'), lineBreakMark);
+}
+
+constexpr int longText = 30;  ///< characters from which a cell tells its whole text in a tool tip
+
+}  // namespace
+
+GridModel::GridModel(StoreState& state, QObject* parent)
+    : QAbstractTableModel(parent), state_(state) {}
+
+int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : count_; }
+
+int GridModel::columnCount(const QModelIndex& parent) const {
+  return parent.isValid() ? 0 : Column::GridCount;
+}
+
+void GridModel::PlaceSur(int row) const {
+  if (placedOn_ == row) return;
+  placedOn_ = -1;
+  rows_->SetAbsolutePosition(row);
+  placedOn_ = row;
+}
+
+std::string GridModel::Texte(int row, int gridColumn) const {
+  const int field = gridColumn + Column::FirstInGrid;
+  try {
+    PlaceSur(row);
+    return TexteDeCellule(rows_->Fields().at(static_cast<std::size_t>(field)), rows_->Get(field));
+  } catch (const TalpenaError&) {  // the row was deleted a moment ago; the refresh follows
+    return {};
+  }
+}
+
+QVariant GridModel::data(const QModelIndex& index, int role) const {
+  if (!index.isValid() || !rows_) return {};
+  const int column = index.column();
+  switch (role) {
+    case Qt::DisplayRole:
+      return SurUneLigne(QString::fromStdString(Texte(index.row(), column)));
+    case Qt::EditRole:
+      return QString::fromStdString(Texte(index.row(), column));
+    case Qt::ToolTipRole: {
+      const QString text = QString::fromStdString(Texte(index.row(), column));
+      return text.size() >= longText ? QVariant(text) : QVariant();
+    }
+    case Qt::TextAlignmentRole: {
+      const auto field = static_cast<std::size_t>(column + Column::FirstInGrid);
+      const bool number = EstColonneNumerique(rows_->Fields().at(field));
+      return QVariant::fromValue(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
+    }
+    default:
+      return {};
+  }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Vertical) {
+    if (role == Qt::DisplayRole) return section + 1;
+    if (role == Qt::TextAlignmentRole) {
+      return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
+    }
+    return {};
+  }
+  if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
+    return titles_.at(static_cast<std::size_t>(section));
+  }
+  return {};
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex& index) const {
+  return index.isValid() ? Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemIsEditable |
+                               Qt::ItemNeverHasChildren
+                         : Qt::NoItemFlags;
+}
+
+bool GridModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+  if (!index.isValid() || role != Qt::EditRole || !rows_) return false;
+  const int field = index.column() + Column::FirstInGrid;
+  placedOn_ = -1;
+  try {
+    if (!EcritCellule(*rows_, index.row(), field, value.toString().toStdString())) return true;
+  } catch (const TalpenaError& e) {
+    refus_ = RaisonDuRefus(state_.Langue, rows_->Fields().at(static_cast<std::size_t>(field)), e);
+    return false;
+  }
+  state_.FichierModifie = true;
+  state_.Data1.SignaleValeurs();
+  return true;
+}
+
+void GridModel::Recharge() {
+  beginResetModel();
+  rows_ = state_.Data1.EstLie() ? state_.Data1.Clone() : nullptr;
+  placedOn_ = -1;
+  const std::int64_t count = rows_ ? rows_->RecordCount() : 0;
+  count_ = static_cast<int>(std::min<std::int64_t>(count, std::numeric_limits<int>::max()));
+  endResetModel();
+}
+
+void GridModel::RafraichitValeurs() {
+  placedOn_ = -1;
+  if (count_ > 0) {
+    Q_EMIT dataChanged(index(0, 0), index(count_ - 1, Column::GridCount - 1),
+                       {Qt::DisplayRole, Qt::EditRole});
+  }
+}
+
+void GridModel::ChangeTitres(const std::array<std::string, Column::GridCount>& titles) {
+  std::transform(titles.begin(), titles.end(), titles_.begin(),
+                 [](const std::string& t) { return QString::fromStdString(t); });
+  Q_EMIT headerDataChanged(Qt::Horizontal, 0, Column::GridCount - 1);
+}
+
+Bookmark GridModel::SignetDeLigne(int row) const {
+  PlaceSur(row);
+  return rows_->GetBookmark();
+}
+
+}  // namespace talpena

@@ -1,0 +1,52 @@
+// The rows of the data control, as the grid asks for them.
+#pragma once
+#include <QAbstractTableModel>
+#include <array>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "common/talpena_error.h"
+#include "store/state.h"
+#include "store/table.h"
+
+namespace talpena {
+
+/// Reads through a clone of Data1's recordset, one row at a time and only rows that are looked
+/// at, so that a million rows cost what one screen of them costs.
+class GridModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  explicit GridModel(StoreState& state, QObject* parent = nullptr);
+
+  int rowCount(const QModelIndex& parent = {}) const override;
+  int columnCount(const QModelIndex& parent = {}) const override;
+  QVariant data(const QModelIndex& index, int role) const override;
+  QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+  Qt::ItemFlags flags(const QModelIndex& index) const override;
+
+  /// Writes a typed text. False when the table refused it; Refus() then says why.
+  bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+  const std::optional<std::string>& Refus() const { return refus_; }
+  void OublieRefus() { refus_.reset(); }
+
+  void Recharge();           ///< the data control has other rows
+  void RafraichitValeurs();  ///< the same rows with other values
+  void ChangeTitres(const std::array<std::string, Column::GridCount>& titles);
+
+  Bookmark SignetDeLigne(int row) const;
+
+ private:
+  std::string Texte(int row, int gridColumn) const;
+  void PlaceSur(int row) const;
+
+  StoreState& state_;
+  std::unique_ptr<Recordset> rows_;
+  mutable int placedOn_ = -1;  ///< row on which rows_ stands
+  int count_ = 0;
+  std::array<QString, Column::GridCount> titles_;
+  std::optional<std::string> refus_;
+};
+
+}  // namespace talpena

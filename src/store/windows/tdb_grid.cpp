@@ -1,0 +1,280 @@
+#include "store/windows/tdb_grid.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QStyledItemDelegate>
+#include <algorithm>
+
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "platform/commands.h"
+#include "platform/qt/colours.h"
+#include "store/windows/grid_colours.h"
+#include "store/windows/grid_model.h"
+
+namespace talpena {
+namespace {
+
+constexpr float twipsPerPixel = 15;
+
+/// What a column of default width has at least room for.
+constexpr std::array<const char*, Column::GridCount> typicalTexts = {
+    "00", "-00.00000", "-000.00000",        "00000",      "00000",
+    "MM", "NAS-C",     "mgr 31UFT12345678", "0000/00/00", ""};
+
+class GridDelegate : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  // Another window, a menu or a box over the editor is no end of the edit.
+  bool eventFilter(QObject* editor, QEvent* event) override {
+    if (event->type() == QEvent::FocusOut) {
+      const auto reason = static_cast<QFocusEvent*>(event)->reason();
+      if (reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+          reason == Qt::MenuBarFocusReason) {
+        return false;
+      }
+    }
+    return QStyledItemDelegate::eventFilter(editor, event);
+  }
+
+ protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const auto* view = qobject_cast<const QTableView*>(option->widget);
+    if (view == nullptr || index.row() != view->currentIndex().row()) return;
+    // The current row is tinted, so that it is found again on a wide screen.
+    QColor tint = option->palette.color(QPalette::Highlight);
+    tint.setAlphaF(0.16F);
+    option->backgroundBrush = tint;
+  }
+};
+
+QColor EnQt(Rgb c) { return {c.red, c.green, c.blue}; }
+
+Rgb DeQt(const QColor& c) {
+  return {static_cast<std::uint8_t>(c.red()), static_cast<std::uint8_t>(c.green()),
+          static_cast<std::uint8_t>(c.blue())};
+}
+
+}  // namespace
+
+RowHeader::RowHeader(QWidget* parent) : QHeaderView(Qt::Vertical, parent) {
+  setSectionsClickable(true);
+  setHighlightSections(true);
+}
+
+void RowHeader::mousePressEvent(QMouseEvent* event) {
+  const int row = logicalIndexAt(event->position().toPoint());
+  if (event->button() != Qt::LeftButton || row < 0) return;
+  lastRow_ = row;
+  Q_EMIT LigneCliquee(row, event->modifiers());
+}
+
+void RowHeader::mouseMoveEvent(QMouseEvent* event) {
+  const int row = logicalIndexAt(event->position().toPoint());
+  if (lastRow_ < 0 || row < 0 || row == lastRow_) return;
+  lastRow_ = row;
+  Q_EMIT LigneCliquee(row, Qt::ShiftModifier);
+}
+
+void RowHeader::mouseReleaseEvent(QMouseEvent*) { lastRow_ = -1; }
+
+TDBGrid::TDBGrid(StoreState& state, Platform& io, QWidget* parent)
+    : QTableView(parent),
+      state_(state),
+      io_(io),
+      model_(new GridModel(state, this)),
+      background_(state.CouleurFondGrille) {
+  setObjectName(QStringLiteral("TDBGrid1"));
+  auto* rows = new RowHeader(this);
+  setVerticalHeader(rows);
+  setModel(model_);
+  setItemDelegate(new GridDelegate(this));
+  setEditTriggers(SelectedClicked | DoubleClicked | EditKeyPressed | AnyKeyPressed);
+  setSelectionMode(ExtendedSelection);
+  setWordWrap(false);
+  setHorizontalScrollMode(ScrollPerPixel);
+  rows->setSectionResizeMode(QHeaderView::Fixed);
+  rows->setDefaultSectionSize(fontMetrics().height() + 8);
+  horizontalHeader()->setHighlightSections(false);
+  horizontalHeader()->setTextElideMode(Qt::ElideNone);
+  horizontalHeader()->setDefaultAlignment(static_cast<Qt::Alignment>(Qt::AlignCenter) |
+                                          static_cast<Qt::AlignmentFlag>(Qt::TextWordWrap));
+  horizontalHeader()->setMinimumSectionSize(12);
+  connect(rows, &RowHeader::LigneCliquee, this, &TDBGrid::ChoisitLigne);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
+    if (sizing_) return;
+    sizedByUser_.at(static_cast<std::size_t>(column)) = true;
+    EtireDerniere();
+  });
+  const QPointer<TDBGrid> self(this);
+  state_.Data1.Ecoute([self](DataControl::Change change) {
+    if (self) self->SuitDonnees(change);
+  });
+  AppliqueCouleurs();
+}
+
+void TDBGrid::InitTDBgrid() {
+  model_->ChangeTitres(TitresColonnes(state_));
+  AppliqueLargeurs();
+}
+
+void TDBGrid::AppliqueCouleurs() { ChangeFond(state_.CouleurFondGrille); }
+
+void TDBGrid::ChangeFond(std::uint32_t stored) {
+  background_ = stored;
+  const QPalette desktop = QApplication::palette();
+  const QColor background = EnQColor(stored, desktop);
+  QColor text = EnQColor(state_.CouleurTexteGrille, desktop);
+  if (EstCouleurSysteme(state_.CouleurTexteGrille)) {
+    text = EnQt(TexteLisible(DeQt(background), DeQt(text)));
+  }
+  QPalette colours = palette();
+  colours.setColor(QPalette::Base, background);
+  colours.setColor(QPalette::Text, text);
+  setPalette(colours);
+}
+
+int TDBGrid::LargeurVoulue(int column) const {
+  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
+  int widest = fontMetrics().horizontalAdvance(
+      QLatin1String(typicalTexts.at(static_cast<std::size_t>(column))));
+  const QString heading = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+  for (const QString& word : heading.split(QLatin1Char(' '))) {
+    widest = std::max(widest, metrics.horizontalAdvance(word));
+  }
+  return widest + 14;
+}
+
+void TDBGrid::AppliqueLargeurs() {
+  static const SettingsState defaults;
+  sizing_ = true;
+  const QFontMetrics metrics = horizontalHeader()->fontMetrics();
+  int height = metrics.height();
+  for (int column = 0; column < Column::GridCount; ++column) {
+    const auto i = static_cast<std::size_t>(column);
+    if (sizedByUser_.at(i)) continue;
+    const float twips = state_.LargeurColonnes.at(i);
+    int width = static_cast<int>(twips / twipsPerPixel + 0.5F);
+    // A width nobody chose gives way to a heading or a font that needs more room.
+    if (twips == defaults.LargeurColonnes.at(i)) width = std::max(width, LargeurVoulue(column));
+    setColumnWidth(column, std::max(width, 1));
+    const QString heading = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    height = std::max(height, metrics
+                                  .boundingRect(QRect(0, 0, columnWidth(column) - 8, 1000),
+                                                Qt::AlignCenter | Qt::TextWordWrap, heading)
+                                  .height());
+  }
+  horizontalHeader()->setFixedHeight(std::min(height, 2 * metrics.lineSpacing()) + 10);
+  sizing_ = false;
+  EtireDerniere();
+}
+
+void TDBGrid::ReleveLargeurs() {
+  for (int column = 0; column < Column::GridCount; ++column) {
+    const auto i = static_cast<std::size_t>(column);
+    if (!sizedByUser_.at(i)) continue;
+    state_.LargeurColonnes.at(i) = static_cast<float>(columnWidth(column)) * twipsPerPixel;
+  }
+}
+
+// The free text takes what the window has left over.
+void TDBGrid::EtireDerniere() {
+  constexpr int last = Column::GridCount - 1;
+  if (sizedByUser_.at(last)) return;
+  const int left = viewport()->width() - columnViewportPosition(last) - horizontalOffset();
+  const int own = std::max(static_cast<int>(state_.LargeurColonnes.at(last) / twipsPerPixel),
+                           LargeurVoulue(last));
+  sizing_ = true;
+  setColumnWidth(last, std::max(left, own));
+  sizing_ = false;
+}
+
+void TDBGrid::SuitDonnees(DataControl::Change change) {
+  switch (change) {
+    case DataControl::Change::Rows:
+      lastChosen_ = -1;
+      following_ = true;
+      model_->Recharge();
+      following_ = false;
+      SuitPosition();
+      break;
+    case DataControl::Change::Values:
+      model_->RafraichitValeurs();
+      break;
+    case DataControl::Change::Position:
+      SuitPosition();
+      break;
+  }
+}
+
+void TDBGrid::SuitPosition() {
+  if (following_ || !state_.Data1.EstLie()) return;
+  const auto row = static_cast<int>(state_.Data1.recordset().AbsolutePosition());
+  if (row < 0 || row >= model_->rowCount() || row == currentIndex().row()) return;
+  following_ = true;
+  setCurrentIndex(model_->index(row, std::max(currentIndex().column(), 0)));
+  following_ = false;
+}
+
+void TDBGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  if (current.row() != previous.row()) viewport()->update();
+  if (following_ || !current.isValid() || current.row() == previous.row()) return;
+  following_ = true;
+  ExecuteCommande(state_, io_, {}, [&] {
+    state_.Data1.recordset().SetAbsolutePosition(current.row());
+    state_.Data1.SignalePosition();
+  });
+  following_ = false;
+}
+
+void TDBGrid::ChoisitLigne(int row, Qt::KeyboardModifiers modifiers) {
+  const bool extend = modifiers.testFlag(Qt::ShiftModifier) && lastChosen_ >= 0;
+  const int from = extend ? lastChosen_ : row;
+  const QItemSelection rows(model_->index(std::min(from, row), 0),
+                            model_->index(std::max(from, row), Column::GridCount - 1));
+  QItemSelectionModel::SelectionFlags how = QItemSelectionModel::ClearAndSelect;
+  if (extend) {
+    how = QItemSelectionModel::Select;
+  } else if (modifiers.testFlag(Qt::ControlModifier)) {
+    how = QItemSelectionModel::Toggle;
+  }
+  const QModelIndex cell = model_->index(row, std::max(currentIndex().column(), 0));
+  selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
+  selectionModel()->select(rows, how);
+  lastChosen_ = row;
+  setFocus();
+}
+
+std::vector<Bookmark> TDBGrid::LignesChoisies() const {
+  std::vector<int> rows;
+  for (const QItemSelectionRange& range : selectionModel()->selection()) {
+    if (range.width() != Column::GridCount) continue;
+    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
+  }
+  std::sort(rows.begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+  std::vector<Bookmark> bookmarks;
+  bookmarks.reserve(rows.size());
+  for (const int row : rows) bookmarks.push_back(model_->SignetDeLigne(row));
+  return bookmarks;
+}
+
+void TDBGrid::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  EtireDerniere();
+}
+
+void TDBGrid::changeEvent(QEvent* event) {
+  QTableView::changeEvent(event);
+  if (event->type() == QEvent::FontChange) {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
+  }
+  if (event->type() == QEvent::ApplicationPaletteChange) ChangeFond(background_);
+}
+
+}  // namespace talpena

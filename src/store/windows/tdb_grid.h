@@ -1,0 +1,92 @@
+// TDBGrid1: the table of the main window, edited in place.
+#pragma once
+#include <QHeaderView>
+#include <QPersistentModelIndex>
+#include <QTableView>
+#include <vector>
+
+#include "platform/platform.h"
+#include "store/state.h"
+#include "store/table.h"
+
+namespace talpena {
+
+class GridModel;
+
+/// The column of row numbers; a click in it chooses rows.
+class RowHeader : public QHeaderView {
+  Q_OBJECT
+
+ public:
+  explicit RowHeader(QWidget* parent);
+
+ Q_SIGNALS:
+  void LigneCliquee(int row, Qt::KeyboardModifiers modifiers);
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+
+ private:
+  int lastRow_ = -1;
+};
+
+/// Follows Data1: its rows, its values, its current row; and moves Data1 along with the cursor.
+/// Keys: typing or F2 edits, Enter and Tab store and go on to the next cell, Escape drops the
+/// edit, Ctrl+Tab leaves the grid, Shift+Space chooses the row.
+class TDBGrid : public QTableView {
+  Q_OBJECT
+
+ public:
+  TDBGrid(StoreState& state, Platform& io, QWidget* parent = nullptr);
+
+  void InitTDBgrid();                     ///< headings in the current language
+  void AppliqueCouleurs();                ///< from the settings
+  void ChangeFond(std::uint32_t stored);  ///< a colour number of the settings
+  void AppliqueLargeurs();                ///< column widths from the settings
+  void ReleveLargeurs();                  ///< those that the user changed, into the settings
+
+  /// Stores what is being typed. False when the table refused it: the user was told why, the
+  /// cell stays in edit.
+  bool ValideEdition();
+  /// Stores it when the table takes it, drops it otherwise, without a word.
+  void TermineEdition();
+
+  /// Chooses a row: alone, with Ctrl added or taken out, with Shift every row from the one chosen
+  /// last to this one added.
+  void ChoisitLigne(int row, Qt::KeyboardModifiers modifiers);
+  /// Bookmarks of the chosen rows, from the first to the last.
+  std::vector<Bookmark> LignesChoisies() const;
+
+ protected:
+  bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
+  void commitData(QWidget* editor) override;
+  void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  void SuitDonnees(DataControl::Change change);
+  void SuitPosition();
+  void MontreRefus();
+  void Avance(int cells);
+  int LargeurVoulue(int column) const;
+  void EtireDerniere();
+
+  StoreState& state_;
+  Platform& io_;
+  GridModel* model_;
+  QPersistentModelIndex edited_;  ///< cell of the open editor
+  bool refused_ = false;          ///< the last commit was refused
+  bool telling_ = false;          ///< the box that says why is open, or about to be
+  bool following_ = false;        ///< the cursor is being moved to Data1's row, not by the user
+  bool sizing_ = false;           ///< columns are being sized by the program
+  int lastChosen_ = -1;           ///< row chosen last; -1 for none
+  std::array<bool, Column::GridCount> sizedByUser_{};
+  std::uint32_t background_;
+};
+
+}  // namespace talpena
