@@ -1,1 +1,100 @@
 #include "platform/sqlite/sqlite_engine.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <string_view>
+#include <system_error>
+
+#include "platform/sqlite/errors.h"
+#include "platform/sqlite/sqlite_database.h"
+
+namespace talpena {
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::literals;
+
+fs::path Chemin(const std::string& utf8) {
+  return fs::path(reinterpret_cast<const char8_t*>(utf8.c_str()));
+}
+
+bool Existe(const std::string& path) {
+  std::error_code ignored;
+  return fs::exists(Chemin(path), ignored);
+}
+
+bool EstFichierSqlite(const std::string& path) {
+  constexpr std::string_view magic = "SQLite format 3\0"sv;
+  char head[16] = {};
+  std::ifstream file(Chemin(path), std::ios::binary);
+  return file.read(head, sizeof head) && std::string_view(head, sizeof head) == magic;
+}
+
+// A journal that a crash left would be played back into the new file.
+void EnleveJournal(const std::string& path) {
+  for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+    std::error_code ignored;
+    fs::remove(Chemin(path + suffix), ignored);
+  }
+}
+
+void VerifieDossier(const std::string& path) {
+  const fs::path folder = Chemin(path).parent_path();
+  std::error_code ignored;
+  if (!folder.empty() && !fs::is_directory(folder, ignored)) {
+    throw TalpenaError(ErrorNumber::PathNotFound, "Path not found: '" + path + "'.");
+  }
+}
+
+class SqliteEngine final : public TableEngine {
+ public:
+  explicit SqliteEngine(std::vector<std::unique_ptr<ForeignFormat>> formats)
+      : formats_(std::move(formats)) {}
+
+  std::unique_ptr<Database> CreateDatabase(const std::string& path, std::string_view) override {
+    VerifieDossier(path);
+    if (path.empty() || Existe(path)) {
+      throw TalpenaError(ErrorNumber::FileExists, "File already exists: '" + path + "'.");
+    }
+    EnleveJournal(path);
+    try {
+      return sqlite::SqliteDatabase::Cree(path);
+    } catch (const TalpenaError& error) {
+      if (error.number() != ErrorNumber::PathFileAccess) throw;
+      throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: '" + path + "'.");
+    }
+  }
+
+  std::unique_ptr<Database> OpenDatabase(const std::string& path, bool readOnly,
+                                         std::string_view connect) override {
+    if (!Existe(path)) throw sqlite::FichierIntrouvable(path);
+    if (connect.empty() && EstFichierSqlite(path)) return OuvreLeNotre(path, readOnly);
+    for (const auto& format : formats_) {
+      if (format->Reconnait(path, connect)) {
+        return sqlite::SqliteDatabase::Importe(format->Ouvre(path));
+      }
+    }
+    throw sqlite::FormatInconnu(path);
+  }
+
+ private:
+  static std::unique_ptr<Database> OuvreLeNotre(const std::string& path, bool readOnly) {
+    try {
+      return sqlite::SqliteDatabase::Ouvre(path, readOnly);
+    } catch (const TalpenaError& error) {
+      if (error.number() == ErrorNumber::UnrecognizedFormat) throw sqlite::FormatInconnu(path);
+      throw;
+    }
+  }
+
+  std::vector<std::unique_ptr<ForeignFormat>> formats_;
+};
+
+}  // namespace
+
+std::unique_ptr<TableEngine> CreeMoteurSqlite(std::vector<std::unique_ptr<ForeignFormat>> formats) {
+  return std::make_unique<SqliteEngine>(std::move(formats));
+}
+
+}  // namespace talpena

@@ -1,0 +1,197 @@
+#include "platform/sqlite/connection.h"
+
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+
+#include "common/text.h"
+#include "platform/sqlite/functions.h"
+#include "platform/sqlite/source_table.h"
+#include "platform/sqlite/table_state.h"
+
+namespace talpena::sqlite {
+namespace {
+
+std::string_view Vue(const void* data, int size) {
+  return {static_cast<const char*>(data), static_cast<std::size_t>(size)};
+}
+
+bool EstInterne(const char* table) {
+  return table != nullptr && std::string_view(table).starts_with("sqlite_");
+}
+
+}  // namespace
+
+Connection::Connection(const std::string& path, Mode mode) {
+  Ouvre(path, mode);
+  Regle(mode);
+}
+
+Connection::~Connection() = default;
+
+void Connection::Ouvre(const std::string& path, Mode mode) {
+  const int flags = mode == Mode::ReadOnly    ? SQLITE_OPEN_READONLY
+                    : mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE
+                                              : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
+  sqlite3* handle = nullptr;
+  // An empty name is a private database of SQLite's own: in memory, on disk when it grows.
+  const int rc = sqlite3_open_v2(mode == Mode::Private ? "" : path.c_str(), &handle,
+                                 flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
+  db_.reset(handle);
+  if (rc != SQLITE_OK) throw ErreurSqlite(handle, rc);
+}
+
+void Connection::Regle(Mode mode) {
+  sqlite3* db = db_.get();
+  sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_TRIGGER, 0, nullptr);
+  sqlite3_db_config(db, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
+  sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  sqlite3_db_config(db, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
+  sqlite3_limit(db, SQLITE_LIMIT_ATTACHED, 0);
+  int rc = sqlite3_create_collation_v2(db, CollationName, SQLITE_UTF8, this, Compare, nullptr);
+  if (rc != SQLITE_OK) Echoue(rc);
+  EnregistreFonctions(*this);
+  EnregistreSource(*this);
+  rc = sqlite3_set_authorizer(db, Autorise, this);
+  if (rc != SQLITE_OK) Echoue(rc);
+  sqlite3_update_hook(db, Note, this);
+  // The file is thrown away: nothing is synced. The journal stands on disk all the same, so that
+  // taking back a change of a million rows costs no memory.
+  if (mode != Mode::ReadOnly) {
+    Execute("PRAGMA page_size = 4096");
+    Execute("PRAGMA synchronous = OFF");
+    Execute("PRAGMA secure_delete = OFF");
+    Execute("PRAGMA locking_mode = EXCLUSIVE");
+    Execute("PRAGMA journal_mode = PERSIST");
+    Execute("PRAGMA journal_size_limit = 1048576");
+  }
+  Execute("PRAGMA cache_size = -12000");
+}
+
+Statement Connection::Prepare(std::string_view sql, Access access) {
+  sqlite3_stmt* handle = nullptr;
+  const Access before = access_;
+  access_ = access;
+  const int rc =
+      sqlite3_prepare_v2(db_.get(), sql.data(), static_cast<int>(sql.size()), &handle, nullptr);
+  access_ = before;
+  Statement statement(*this, handle);
+  if (rc != SQLITE_OK) {
+    // A translated statement is well formed: what is left to refuse is its size.
+    if ((rc & 0xff) == SQLITE_ERROR && access != Access::Engine && !pending_) throw TropComplexe();
+    Echoue(rc);
+  }
+  return statement;
+}
+
+std::int64_t Connection::LignesChangees() const { return sqlite3_changes64(db_.get()); }
+
+std::int64_t Connection::DerniereCle() const { return sqlite3_last_insert_rowid(db_.get()); }
+
+TalpenaError Connection::Erreur(int resultCode) {
+  if (pending_) {
+    const TalpenaError error = *pending_;
+    pending_.reset();
+    return error;
+  }
+  return ErreurSqlite(db_.get(), resultCode);
+}
+
+void Connection::Debut() {
+  if (inTransaction_) throw ArgumentInvalide();
+  ArreteLecteurs();
+  Execute("BEGIN");
+  inTransaction_ = true;
+  tablesBefore_ = tables_.size();
+  for (const auto& table : tables_) table->Debut();
+}
+
+void Connection::Valide() {
+  if (!inTransaction_) throw PasDeTransaction();
+  ArreteLecteurs();
+  Execute("COMMIT");
+  inTransaction_ = false;
+  for (const auto& table : tables_) table->Valide();
+}
+
+void Connection::Annule() {
+  if (!inTransaction_) throw PasDeTransaction();
+  ArreteLecteurs();
+  Execute("ROLLBACK");
+  VerifieTransaction();
+}
+
+void Connection::VerifieTransaction() {
+  if (!inTransaction_ || sqlite3_get_autocommit(db_.get()) == 0) return;
+  inTransaction_ = false;
+  for (const auto& table : tables_) table->Annule();
+  tables_.resize(tablesBefore_);
+  for (const auto& table : tables_) RetientCle(*table);
+}
+
+// Keys once given are not given again, though the rows that had them are gone.
+void Connection::RetientCle(const TableState& table) {
+  if (table.CleMax() == 0) return;
+  const Cell name = Cell::Of(std::string_view(table.Nom()));
+  auto update = Prepare("UPDATE sqlite_sequence SET seq = max(seq, ?1) WHERE name = ?2");
+  update.Lie(0, table.CleMax());
+  update.Lie(1, name);
+  update.Execute();
+  if (LignesChangees() != 0) return;
+  auto insert = Prepare("INSERT INTO sqlite_sequence (seq, name) VALUES (?1, ?2)");
+  insert.Lie(0, table.CleMax());
+  insert.Lie(1, name);
+  insert.Execute();
+}
+
+int Connection::AjouteTable(std::shared_ptr<TableState> table) {
+  tables_.push_back(std::move(table));
+  return static_cast<int>(tables_.size()) - 1;
+}
+
+TableState* Connection::Table(std::string_view name) const {
+  const auto found = std::find_if(tables_.begin(), tables_.end(), [name](const auto& table) {
+    return EgalSansCasse(table->Nom(), name);
+  });
+  return found == tables_.end() ? nullptr : found->get();
+}
+
+void Connection::Raye(RunningReader* reader) { std::erase(readers_, reader); }
+
+void Connection::ArreteLecteurs() {
+  for (RunningReader* reader : readers_) reader->ArreteLecture();
+}
+
+int Connection::Autorise(void* self, int action, const char* a, const char*, const char*,
+                         const char*) {
+  switch (static_cast<Connection*>(self)->access_) {
+    case Access::Engine:
+      return SQLITE_OK;
+    case Access::Change:
+      if ((action == SQLITE_INSERT || action == SQLITE_UPDATE || action == SQLITE_DELETE) &&
+          !EstInterne(a)) {
+        return SQLITE_OK;
+      }
+      break;
+    case Access::Read:
+      break;
+  }
+  if (action == SQLITE_SELECT || action == SQLITE_FUNCTION) return SQLITE_OK;
+  return action == SQLITE_READ && !EstInterne(a) ? SQLITE_OK : SQLITE_DENY;
+}
+
+int Connection::Compare(void* self, int sizeA, const void* a, int sizeB, const void* b) {
+  return static_cast<Connection*>(self)->collation_.Compare(Vue(a, sizeA), Vue(b, sizeB));
+}
+
+void Connection::Note(void* self, int operation, const char*, const char*, sqlite3_int64 key) {
+  auto* deleted = static_cast<Connection*>(self)->deleted_;
+  if (operation == SQLITE_DELETE && deleted != nullptr) {
+    deleted->push_back(static_cast<std::int32_t>(key));
+  }
+}
+
+}  // namespace talpena::sqlite

@@ -1,0 +1,55 @@
+// The table engine's failures: its own numbers and texts, and SQLite's result codes as these.
+#pragma once
+#include <string>
+#include <string_view>
+
+#include "common/talpena_error.h"
+
+struct sqlite3;
+
+namespace talpena::sqlite {
+
+/// Numbers that only the engine itself raises.
+namespace EngineError {
+inline constexpr int InvalidProcedureCall = 5;
+inline constexpr int OutOfMemory = 7;
+inline constexpr int InvalidPattern = 93;
+inline constexpr int EngineFault = 3000;  ///< a failure of the library without a plainer name
+inline constexpr int FileInUse = 3045;
+inline constexpr int SelectNotExecutable = 3065;
+inline constexpr int UndefinedFunction = 3085;
+inline constexpr int AggregateNotAllowed = 3096;
+inline constexpr int InvalidStatement = 3129;
+inline constexpr int TextAfterEnd = 3142;
+inline constexpr int FieldNotUpdatable = 3164;
+inline constexpr int RecordDeleted = 3167;
+inline constexpr int TooManyFields = 3190;
+inline constexpr int QueryTooComplex = 3360;
+}  // namespace EngineError
+
+TalpenaError Debordement();       ///< 6
+TalpenaError ArgumentInvalide();  ///< 3001
+TalpenaError TableExiste(std::string_view table);
+TalpenaError SansEdition();                              ///< 3020
+TalpenaError PasDeLigne();                               ///< 3021
+TalpenaError CleEnDouble();                              ///< 3022
+TalpenaError FichierIntrouvable(std::string_view path);  ///< 3024
+TalpenaError LectureSeule();                             ///< 3027
+TalpenaError PasDeTransaction();                         ///< 3034
+TalpenaError TableIntrouvable(std::string_view table);
+TalpenaError SignetInvalide();    ///< 3159
+TalpenaError TropLong();          ///< 3163
+TalpenaError ChampFige();         ///< 3164
+TalpenaError LigneSupprimee();    ///< 3167
+TalpenaError ChampIntrouvable();  ///< 3265
+TalpenaError NullRefuse(std::string_view table, std::string_view field);
+TalpenaError VideRefuse(std::string_view table, std::string_view field);
+TalpenaError FormatInconnu(std::string_view path);
+TalpenaError TropComplexe();          ///< 3360
+TalpenaError ConversionImpossible();  ///< 3421
+TalpenaError MotifInvalide();         ///< 93
+
+/// The failure that a result code of SQLite stands for; `db` may be null.
+TalpenaError ErreurSqlite(sqlite3* db, int resultCode);
+
+}  // namespace talpena::sqlite

@@ -1,0 +1,67 @@
+// One call of a function of ours: its arguments and its result, in C++.
+#pragma once
+#include <sqlite3.h>
+
+#include <cstdint>
+#include <string_view>
+
+#include "platform/sqlite/connection.h"
+#include "platform/value.h"
+
+namespace talpena::sqlite {
+
+class FunctionCall {
+ public:
+  FunctionCall(sqlite3_context* context, int count, sqlite3_value** values)
+      : context_(context), count_(count), values_(values) {}
+
+  Connection& Base() const { return *static_cast<Connection*>(sqlite3_user_data(context_)); }
+  int Nombre() const { return count_; }
+  bool EstNull(int i) const { return sqlite3_value_type(values_[i]) == SQLITE_NULL; }
+  bool EstTexte(int i) const { return sqlite3_value_type(values_[i]) == SQLITE_TEXT; }
+  bool UnNull() const;  ///< any argument is Null
+  double Reel(int i) const { return sqlite3_value_double(values_[i]); }
+  std::int64_t Entier(int i) const { return sqlite3_value_int64(values_[i]); }
+  std::string_view Texte(int i) const;
+  Cell Cellule(int i) const;
+  sqlite3_value* Valeur(int i) const { return values_[i]; }
+  sqlite3_context* Contexte() const { return context_; }
+
+  void RendNull() { sqlite3_result_null(context_); }
+  void Rend(std::int64_t value) { sqlite3_result_int64(context_, value); }
+  void Rend(double value);  ///< not a number and infinite: as Echoue
+  void Rend(std::string_view text);
+  void Rend(const Cell& cell);
+  /// A value that does not exist: in a condition Null, so that the row does not match; in a
+  /// statement that changes rows a failure with this number.
+  void Echoue(const TalpenaError& error);
+
+ private:
+  sqlite3_context* context_;
+  int count_;
+  sqlite3_value** values_;
+};
+
+using Function = void (*)(FunctionCall&);
+
+/// Makes a function known to SQLite under `name`. No exception leaves its body.
+template <Function body>
+void Enregistre(Connection& connection, const char* name, int argumentCount) {
+  const auto wrapper = [](sqlite3_context* context, int count, sqlite3_value** values) {
+    FunctionCall call(context, count, values);
+    try {
+      body(call);
+    } catch (const TalpenaError& error) {
+      call.Base().LaisseErreur(error);
+      sqlite3_result_error(context, error.what(), -1);
+    } catch (...) {
+      sqlite3_result_error_nomem(context);
+    }
+  };
+  const int rc = sqlite3_create_function_v2(connection.Poignee(), name, argumentCount,
+                                            SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
+                                            &connection, wrapper, nullptr, nullptr, nullptr);
+  if (rc != SQLITE_OK) connection.Echoue(rc);
+}
+
+}  // namespace talpena::sqlite

@@ -1,0 +1,33 @@
+// Rows kept in memory, packed.
+#pragma once
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "platform/value.h"
+
+namespace talpena::sqlite {
+
+/// Rows of cells, written once: a number takes 2 to 9 bytes, a text its length and 5, and each
+/// row 8 bytes more.
+class RowArena {
+ public:
+  explicit RowArena(std::size_t columns) : columns_(columns) {}
+
+  std::size_t Lignes() const { return starts_.size(); }
+  std::size_t Colonnes() const { return columns_; }
+  void Ajoute(std::span<const Cell> cells);
+  /// Texts are valid as long as the arena does not grow.
+  void Lit(std::size_t row, std::span<Cell> cells) const;
+
+ private:
+  void AjouteEntier(std::int64_t value);
+
+  std::size_t columns_;
+  std::string bytes_;
+  std::vector<std::uint64_t> starts_;
+};
+
+}  // namespace talpena::sqlite

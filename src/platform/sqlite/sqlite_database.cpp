@@ -1,0 +1,316 @@
+#include "platform/sqlite/sqlite_database.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "common/text.h"
+#include "platform/sqlite/errors.h"
+#include "platform/sqlite/insert_source.h"
+#include "platform/sqlite/memory_recordset.h"
+#include "platform/sqlite/record_sorter.h"
+#include "platform/sqlite/row_list.h"
+#include "platform/sqlite/table_recordset.h"
+
+namespace talpena::sqlite {
+namespace {
+
+constexpr const char* DefinitionTable = "talpena_tables";
+constexpr int ApplicationId = 0x544C5041;  // "TLPA": tells our files from SQLite's others
+constexpr std::size_t MostFields = 255;
+
+/// A setting of the connection that goes back to off.
+class EnEcriture {
+ public:
+  explicit EnEcriture(Connection& connection, std::vector<RowKey>* deleted)
+      : connection_(connection) {
+    connection_.ChangeStrict(true);
+    connection_.SurveilleSuppressions(deleted);
+  }
+  ~EnEcriture() {
+    connection_.ChangeStrict(false);
+    connection_.SurveilleSuppressions(nullptr);
+  }
+  EnEcriture(const EnEcriture&) = delete;
+  EnEcriture& operator=(const EnEcriture&) = delete;
+
+ private:
+  Connection& connection_;
+};
+
+bool NomAcceptable(std::string_view name) {
+  return !name.empty() && name.size() <= 256 && Rogne(name) == name &&
+         name.find_first_of(std::string_view("\0\t\r\n[].!`", 8)) == std::string_view::npos &&
+         !EgalSansCasse(name, DefinitionTable) &&
+         !EgalSansCasse(std::string_view(name).substr(0, 7), "sqlite_");
+}
+
+void VerifieDefinition(const TableDef& table) {
+  if (!NomAcceptable(table.name) || table.fields.empty()) throw ArgumentInvalide();
+  if (table.fields.size() > MostFields) {
+    throw TalpenaError(EngineError::TooManyFields, "Too many fields defined.");
+  }
+  int counters = 0;
+  for (std::size_t i = 0; i < table.fields.size(); ++i) {
+    const FieldDef& field = table.fields[i];
+    if (!NomAcceptable(field.name)) throw ArgumentInvalide();
+    if (field.type == FieldType::Text && (field.size < 1 || field.size > 255)) {
+      throw ArgumentInvalide();
+    }
+    if (field.autoIncrement && (++counters > 1 || field.type != FieldType::Long)) {
+      throw ArgumentInvalide();
+    }
+    for (std::size_t j = 0; j < i; ++j) {
+      if (EgalSansCasse(table.fields[j].name, field.name)) throw ArgumentInvalide();
+    }
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<SqliteDatabase> SqliteDatabase::Cree(const std::string& path) {
+  auto connection = std::make_shared<Connection>(path, Connection::Mode::Create);
+  connection->Execute("PRAGMA application_id = " + std::to_string(ApplicationId));
+  connection->Execute(std::string("CREATE TABLE ") + DefinitionTable +
+                      " (name TEXT PRIMARY KEY, definition TEXT NOT NULL) STRICT");
+  return std::unique_ptr<SqliteDatabase>(new SqliteDatabase(std::move(connection), false));
+}
+
+std::unique_ptr<SqliteDatabase> SqliteDatabase::Ouvre(const std::string& path, bool readOnly) {
+  auto connection = std::make_shared<Connection>(
+      path, readOnly ? Connection::Mode::ReadOnly : Connection::Mode::ReadWrite);
+  std::unique_ptr<SqliteDatabase> database(new SqliteDatabase(std::move(connection), readOnly));
+  {
+    Statement id = database->connection_->Prepare("PRAGMA application_id");
+    if (!id.Avance() || id.Entier(0) != ApplicationId) throw FormatInconnu(path);
+  }
+  // Only tables and their indexes belong in such a file: whatever would run by itself is refused.
+  Statement others = database->connection_->Prepare(
+      "SELECT 1 FROM sqlite_schema WHERE type NOT IN ('table', 'index') OR "
+      "(type = 'table' AND sql LIKE 'CREATE VIRTUAL%')");
+  if (others.Avance()) throw FormatInconnu(path);
+  others = Statement();
+  database->ChargeDefinitions();
+  return database;
+}
+
+std::unique_ptr<SqliteDatabase> SqliteDatabase::Importe(std::unique_ptr<ForeignDatabase> foreign) {
+  auto connection = std::make_shared<Connection>(std::string(), Connection::Mode::Private);
+  std::unique_ptr<SqliteDatabase> database(new SqliteDatabase(std::move(connection), true));
+  for (TableDef& table : foreign->Tables()) {
+    // Only the columns are taken over: nothing is written that an index would have to guard.
+    table.indexes.clear();
+    for (FieldDef& field : table.fields) {
+      field.required = false;
+      field.autoIncrement = false;
+    }
+    database->Declare(std::move(table));
+  }
+  database->foreign_ = std::move(foreign);
+  database->imported_.resize(database->connection_->Tables().size());
+  return database;
+}
+
+void SqliteDatabase::ChargeDefinitions() {
+  Statement rows = connection_->Prepare(std::string("SELECT definition FROM ") + DefinitionTable +
+                                        " ORDER BY rowid");
+  while (rows.Avance()) Declare(LitDefinition(rows.Texte(0)));
+}
+
+std::shared_ptr<TableState> SqliteDatabase::Declare(TableDef definition) {
+  auto table = std::make_shared<TableState>(static_cast<int>(connection_->Tables().size()),
+                                            std::move(definition));
+  connection_->AjouteTable(table);
+  return table;
+}
+
+void SqliteDatabase::ExigeEcriture() const {
+  if (readOnly_) throw LectureSeule();
+}
+
+void SqliteDatabase::CreateTable(const TableDef& table) {
+  ExigeEcriture();
+  VerifieDefinition(table);
+  if (connection_->Table(table.name) != nullptr) throw TableExiste(table.name);
+  const TableState state(0, table);
+  const std::vector<std::string> statements = state.SqlCreation();
+  connection_->ArreteLecteurs();
+  connection_->Execute("SAVEPOINT creation");
+  try {
+    for (const std::string& sql : statements) connection_->Execute(sql);
+    Statement note = connection_->Prepare(std::string("INSERT INTO ") + DefinitionTable +
+                                          " (name, definition) VALUES (?1, ?2)");
+    const std::string definition = EcritDefinition(table);
+    note.Lie(0, Cell::Of(std::string_view(table.name)));
+    note.Lie(1, Cell::Of(std::string_view(definition)));
+    note.Execute();
+  } catch (...) {
+    connection_->Execute("ROLLBACK TO creation");
+    connection_->Execute("RELEASE creation");
+    throw;
+  }
+  connection_->Execute("RELEASE creation");
+  Declare(table);
+}
+
+std::vector<std::string> SqliteDatabase::TableNames() {
+  std::vector<std::string> names;
+  for (const auto& table : connection_->Tables()) names.push_back(table->Nom());
+  return names;
+}
+
+TableDef SqliteDatabase::Table(std::string_view name) {
+  const TableState* table = connection_->Table(name);
+  if (table == nullptr) throw TableIntrouvable(name);
+  return table->Definition();
+}
+
+TableFinder SqliteDatabase::Tables() {
+  return [this](std::string_view name) -> TableState* {
+    TableState* table = connection_->Table(name);
+    if (table != nullptr && foreign_) ImporteTable(*table);
+    return table;
+  };
+}
+
+std::shared_ptr<TableState> SqliteDatabase::TrouveTable(std::string_view name) {
+  const TableState* table = Tables()(name);
+  if (table == nullptr) throw TableIntrouvable(name);
+  return connection_->Tables()[static_cast<std::size_t>(table->Numero())];
+}
+
+void SqliteDatabase::ImporteTable(TableState& table) {
+  const auto number = static_cast<std::size_t>(table.Numero());
+  if (imported_[number]) return;
+  connection_->Execute("BEGIN");
+  try {
+    for (const std::string& sql : table.SqlCreation()) connection_->Execute(sql);
+    std::vector<int> fields(table.Definition().fields.size());
+    for (std::size_t i = 0; i < fields.size(); ++i) fields[i] = static_cast<int>(i);
+    const auto rows = foreign_->Rows(table.Nom());
+    Insere(table, fields, *rows, Check::Foreign);
+  } catch (...) {
+    connection_->Execute("ROLLBACK");
+    throw;
+  }
+  connection_->Execute("COMMIT");
+  imported_[number] = true;
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(std::string_view source) {
+  if (!EstSelect(source)) {
+    std::string_view name = Rogne(source);
+    if (name.size() > 2 && name.front() == '[' && name.back() == ']') {
+      name = name.substr(1, name.size() - 2);
+    }
+    return OuvreTable(TrouveTable(name), {}, {});
+  }
+  const Selection selection = TraduitSelect(source, Tables());
+  if (selection.table == nullptr) return LitEnMemoire(selection);
+  const auto number = static_cast<std::size_t>(selection.table->Numero());
+  return OuvreTable(connection_->Tables()[number], selection.condition, selection.order);
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::OuvreTable(std::shared_ptr<TableState> table,
+                                                      const std::string& condition,
+                                                      const std::vector<OrderTerm>& order) {
+  auto rows = std::make_shared<RowList>(Trie(*connection_, *table, condition, order));
+  table->Inscrit(rows, connection_->EnTransaction());
+  return std::make_unique<TableRecordset>(connection_, std::move(table), std::move(rows),
+                                          readOnly_);
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::LitEnMemoire(const Selection& selection) {
+  auto data =
+      std::make_shared<MemoryRows>(MemoryRows{selection.fields, RowArena(selection.fields.size())});
+  Statement rows = connection_->Prepare(selection.sql, Access::Read);
+  std::vector<Cell> cells(selection.fields.size());
+  while (rows.Avance()) {
+    for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = rows.Cellule(static_cast<int>(i));
+    data->rows.Ajoute(cells);
+  }
+  return std::make_unique<MemoryRecordset>(connection_, std::move(data));
+}
+
+std::int64_t SqliteDatabase::Execute(std::string_view statement) {
+  const Change change = TraduitChangement(statement, Tables());
+  ExigeEcriture();
+  std::vector<RowKey> deleted;
+  const EnEcriture guard(*connection_, change.allRows ? nullptr : &deleted);
+  connection_->ArreteLecteurs();
+  connection_->Prepare(change.sql, Access::Change).Execute();
+  const std::int64_t count = connection_->LignesChangees();
+  if (change.allRows) {
+    change.table->NoteVidage();
+  } else if (!deleted.empty()) {
+    change.table->NoteSuppressions(deleted);
+  } else {
+    change.table->NoteChangement();
+  }
+  if (change.kind == Change::Kind::Insert && count > 0) {
+    change.table->NoteCle(connection_->DerniereCle());
+  }
+  return count;
+}
+
+std::int64_t SqliteDatabase::InsertRows(std::string_view table,
+                                        std::span<const std::string_view> columns,
+                                        RowSource& source) {
+  ExigeEcriture();
+  const auto state = TrouveTable(table);
+  std::vector<int> fields;
+  for (const std::string_view column : columns) {
+    const int field = state->Champ(column);
+    if (field < 0) throw ChampIntrouvable();
+    if (std::find(fields.begin(), fields.end(), field) != fields.end()) throw ArgumentInvalide();
+    fields.push_back(field);
+  }
+  if (fields.empty()) throw ArgumentInvalide();
+  const auto& all = state->Definition().fields;
+  for (std::size_t i = 0; i < all.size(); ++i) {
+    const bool given = std::find(fields.begin(), fields.end(), static_cast<int>(i)) != fields.end();
+    if (all[i].required && !all[i].autoIncrement && !given) {
+      throw NullRefuse(state->Nom(), all[i].name);
+    }
+  }
+  return Insere(*state, fields, source, Check::Strict);
+}
+
+// One INSERT ... SELECT: cheaper than a statement a row. OR FAIL keeps the rows before a key that
+// an index refuses.
+std::int64_t SqliteDatabase::Insere(TableState& table, const std::vector<int>& fields,
+                                    RowSource& source, Check check) {
+  std::string names;
+  std::string cells;
+  for (std::size_t i = 0; i < fields.size(); ++i) {
+    const std::string cell = "c" + std::to_string(i);
+    const bool binary = StockageDe(table.Def(fields[i]).type) == Storage::Blob;
+    names += (i == 0 ? "" : ", ") + table.ChampSql(fields[i]);
+    cells += (i == 0 ? "" : ", ") + (binary ? "CAST(" + cell + " AS BLOB)" : cell);
+  }
+  Statement last = connection_->Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
+  last.Lie(0, Cell::Of(std::string_view(table.Nom())));
+  const std::int64_t given = last.Avance() ? last.Entier(0) : 0;
+  last = Statement();
+
+  InsertSource rows(table, fields, source, check, std::numeric_limits<RowKey>::max() - given);
+  Statement insert = connection_->Prepare("INSERT OR FAIL INTO " + table.NomSql() + " (" + names +
+                                          ") SELECT " + cells + " FROM " + SourceTable + "(?1)");
+  insert.LiePointeur(0, static_cast<SourceRows*>(&rows), SourcePointer);
+  const auto note = [&] {
+    table.NoteChangement();
+    if (rows.Nombre() > 0) table.NoteCle(connection_->DerniereCle());
+  };
+  try {
+    insert.Execute();
+  } catch (...) {
+    note();
+    throw;
+  }
+  note();
+  if (rows.failure) std::rethrow_exception(rows.failure);
+  return rows.Nombre();
+}
+
+void SqliteDatabase::BeginTrans() { connection_->Debut(); }
+
+}  // namespace talpena::sqlite
