@@ -201,11 +201,13 @@ class Load {
     vue_.PlaceFocusGrille();
   }
 
+  /// Says of a refused row on which line it stands.
   void Insere(DegFileRows& rows) {
     try {
       Base().InsertRows("TALPENA", DegFileRows::Columns, rows);
     } catch (const TalpenaError& e) {
-      throw TalpenaError(e.number(), "Line " + Str(lines_->Numero()) + ": " + e.description());
+      if (rows.LigneEnMain() == 0) throw;
+      throw TalpenaError(e.number(), "Line " + Str(rows.LigneEnMain()) + ": " + e.description());
     }
   }
 

@@ -12,7 +12,7 @@ namespace {
 
 // clang-format off
 /// By the index of the sort list. Two blanks stand before most columns: saved and compared texts
-/// carry them. Held by ChangeTri.TakesTheExactTexts.
+/// carry them. Held by ChangeTriTest.TakesTheExactTexts.
 constexpr std::array<std::string_view, 10> orders = {
     "SELECT * FROM TALPENA ORDER BY Counter",
     "SELECT * FROM TALPENA ORDER BY [PERIOD]",

@@ -53,7 +53,9 @@ frmOptionsPeriodes::frmOptionsPeriodes(StoreState& state, Platform& io, QWidget*
   Command1[0]->setDefault(true);
   Dispose();
   AppliqueLangue();
-  Montre(RempliPeriodes(state_));
+  const PeriodsForm form = RempliPeriodes(state_);
+  Montre(form);
+  OptionPivot.at(static_cast<std::size_t>(form.OptionPivot))->setFocus();
   Relie();
 }
 
