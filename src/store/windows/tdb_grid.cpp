@@ -101,8 +101,8 @@ TDBGrid::TDBGrid(StoreState& state, Platform& io, QWidget* parent)
   rows->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setTextElideMode(Qt::ElideNone);
-  horizontalHeader()->setDefaultAlignment(static_cast<Qt::Alignment>(Qt::AlignCenter) |
-                                          static_cast<Qt::AlignmentFlag>(Qt::TextWordWrap));
+  horizontalHeader()->setDefaultAlignment(
+      Qt::Alignment::fromInt(int{Qt::AlignCenter} | int{Qt::TextWordWrap}));
   horizontalHeader()->setMinimumSectionSize(12);
   connect(rows, &RowHeader::LigneCliquee, this, &TDBGrid::ChoisitLigne);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
