@@ -185,8 +185,9 @@ void MnuLastFile_Click(FileContext c, int index) {
   Commande(c, [&] {
     if (CheckSauvegarde(c)) return;
     const std::string& entry = c.state.LastFiles.at(static_cast<std::size_t>(index));
-    const std::string path = CheminDeLegende(LegendeDernierFichier(index, entry));
-    if (path.empty()) return;
+    const std::string caption = CheminDeLegende(LegendeDernierFichier(index, entry));
+    if (caption.empty()) return;
+    const std::string path = TrouveChemin(caption).value_or(caption);
     ChangeNomFichier(c.state, path);
     c.vue.ChangeTitreFenetre("Talpena - " + path);
     Charge(c, path, MergeMode::Replace);

@@ -582,6 +582,14 @@ TEST_F(FileCommands, RecentFileOpensTheEntry) {
   EXPECT_EQ(state.LastFiles[0], path);
 }
 
+TEST_F(FileCommands, RecentFileIsFoundInAnyLetterCase) {
+  PoseFichier(path, 2);
+  state.LastFiles[0] = folder / "A.DEG";
+  MnuLastFile_Click(context, 0);
+  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(NombreLignes(), 2);
+}
+
 TEST_F(FileCommands, AnEmptyRecentFileDoesNothing) {
   MnuLastFile_Click(context, 0);
   EXPECT_TRUE(vue.calls.empty());

@@ -244,6 +244,14 @@ class FullDisk : public SaveFailure {
   }
   std::string whole;
 
+  /// Bytes of a file that holds the rows as they are now.
+  rlim_t TailleNouvelle() {
+    const TempFolder elsewhere;
+    EcritDeg(state, io, vue, elsewhere / "b.deg", WriteMode::Rows);
+    state.FichierModifie = true;
+    return LitFichier(elsewhere / "b.deg").size();
+  }
+
   /// More rows than one block of the writer holds, so that it fails before the end.
   void AjouteBeaucoup() {
     for (int i = 0; i < 300; ++i) {
@@ -254,7 +262,8 @@ class FullDisk : public SaveFailure {
 
 TEST_F(FullDisk, AtAnyStageOfASaveLeavesAWholeFile) {
   Ajoute({.period = 2, .latitude = 1, .longitude = 1});
-  for (rlim_t limit = 0; limit < whole.size() + 80; limit += 61) {
+  const rlim_t needed = TailleNouvelle();
+  for (rlim_t limit = 0; limit < needed; limit += 61) {
     SCOPED_TRACE(limit);
     EcritFichier(path, whole);
     fs::remove(bak);
@@ -277,7 +286,8 @@ TEST_F(FullDisk, AtAnyStageOfAnAutomaticSaveLeavesAWholeFile) {
   Ajoute({.period = 2, .latitude = 1, .longitude = 1});
   state.AutoSave = true;
   state.SaveInterval = 1;
-  for (rlim_t limit = 0; limit < whole.size() + 80; limit += 61) {
+  const rlim_t needed = TailleNouvelle();
+  for (rlim_t limit = 0; limit < needed; limit += 61) {
     SCOPED_TRACE(limit);
     EcritFichier(path, whole);
     fs::remove(bak);
