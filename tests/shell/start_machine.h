@@ -14,6 +14,38 @@ namespace talpena::test {
 
 using Journal = std::vector<std::string>;
 
+/// A SELECT that found nothing.
+class NoRows : public Recordset {
+ public:
+  const std::vector<FieldDef>& Fields() const override { return fields_; }
+  int FieldIndex(std::string_view) const override { return 0; }
+  bool BOF() const override { return true; }
+  bool EOF_() const override { return true; }
+  void MoveFirst() override {}
+  void MoveLast() override {}
+  void MoveNext() override {}
+  void MovePrevious() override {}
+  std::int64_t RecordCount() override { return 0; }
+  Bookmark GetBookmark() const override { return 0; }
+  void SetBookmark(Bookmark) override {}
+  std::int64_t AbsolutePosition() const override { return -1; }
+  void SetAbsolutePosition(std::int64_t) override {}
+  Cell Get(int) override { return {}; }
+  void AddNew() override {}
+  void Edit() override {}
+  void Set(int, Cell) override {}
+  void Update() override {}
+  void CancelUpdate() override {}
+  Bookmark LastModified() const override { return 0; }
+  void Delete() override {}
+  bool FindFirst(std::string_view) override { return false; }
+  bool FindNext(std::string_view) override { return false; }
+  std::unique_ptr<Recordset> Clone() override { return std::make_unique<NoRows>(); }
+
+ private:
+  std::vector<FieldDef> fields_;
+};
+
 class JournalDatabase : public Database {
  public:
   explicit JournalDatabase(Journal& journal) : journal_(journal) {}
@@ -23,7 +55,7 @@ class JournalDatabase : public Database {
   std::vector<std::string> TableNames() override { return {}; }
   TableDef Table(std::string_view) override { return {}; }
   std::unique_ptr<Recordset> OpenRecordset(std::string_view) override {
-    throw TalpenaError(ErrorNumber::TableNotFound, "no table");
+    return std::make_unique<NoRows>();
   }
   std::int64_t Execute(std::string_view) override { return 0; }
   std::int64_t InsertRows(std::string_view, std::span<const std::string_view>,
@@ -76,10 +108,6 @@ class JournalSettings : public FakeSettings {
              std::string_view text) override {
     Note(k);
     FakeSettings::Ecrit(a, s, k, text);
-  }
-  void EcritTout(std::string_view application, std::span<const SettingEntry> entries) override {
-    Note("Language");
-    FakeSettings::EcritTout(application, entries);
   }
   bool refuse = false;  ///< nothing can be stored
 

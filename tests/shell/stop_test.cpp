@@ -101,6 +101,7 @@ TEST(MnuLang, IsStoredAtQuitOnly) {
   StartMachine m;
   MnuLang_Click(m.contexte, 5);
   EXPECT_TRUE(m.settings.written.empty());
+  m.state.FichierModifie = false;
   MnuQuitter_Click(m.contexte);
   EXPECT_EQ(m.settings.values["TALPENA/LANGUAGE/LANGUAGE"], "5000");
 }

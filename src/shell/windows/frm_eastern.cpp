@@ -17,6 +17,7 @@ QLabel* Ligne(QWidget* parent, const QString& name, const QString& text) {
   auto* label = new QLabel(text, parent);
   label->setObjectName(name);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   return label;
 }
 
@@ -55,7 +56,7 @@ frmEastern::frmEastern(std::int16_t langue, QWidget* parent) : QDialog(parent) {
   text->addSpacing(8);
   text->addWidget(description);
   text->addWidget(licence);
-  text->addStretch();
+  text->addStretch(1);
   auto* top = new QHBoxLayout;
   top->setSpacing(20);
   top->addWidget(picture, 0, Qt::AlignTop);

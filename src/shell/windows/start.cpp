@@ -16,6 +16,11 @@ namespace {
 
 constexpr std::int16_t english = 1000;  // the settings that name a language are not read yet
 
+/// Version and date, a carriage return between them.
+QString TexteVersion() {
+  return QStringLiteral("version %1\r03.III.2011").arg(VersionDuProgramme());
+}
+
 }  // namespace
 
 Start::Start(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint) {
@@ -28,9 +33,9 @@ Start::Start(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::Frameless
   Image1->setObjectName(QStringLiteral("Image1"));
   Image1->setAccessibleName(QStringLiteral("Talpena"));
   Image1->setPixmap(Image(QStringLiteral("talpena"), palette(), 128, devicePixelRatioF()));
-  Label1 = new QLabel(QStringLiteral("Talpena\n"
-                                     "A desktop editor for biological distribution files\n"
-                                     "Free software, GPL-3.0-or-later"),
+  Label1 = new QLabel(QStringLiteral("<p style='font-size:xx-large'><b>Talpena</b></p>"
+                                     "<p>A desktop editor for biological distribution files<br>"
+                                     "Free software, GPL-3.0-or-later</p>"),
                       this);
   Label1->setObjectName(QStringLiteral("Label1"));
   Label1->setToolTip(QStringLiteral("Click here for more information..."));
@@ -38,7 +43,7 @@ Start::Start(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::Frameless
   Label2 = new QLabel(this);
   Label2->setObjectName(QStringLiteral("Label2"));
   Label2->setTextFormat(Qt::PlainText);
-  Label2->setText(QStringLiteral("version %1\r03.III.2011").arg(VersionDuProgramme()));
+  Label2->setText(TexteVersion().replace(QLatin1Char('\r'), QLatin1Char('\n')));
   for (QLabel* label : {Image1, Label1, Label2}) label->installEventFilter(this);
 
   auto* texts = new QVBoxLayout;
