@@ -86,6 +86,7 @@ void CreationNouveau(FileContext c, std::int32_t lines) {
   c.state.FichierModifie = false;
   c.state.NomFichier.clear();
   c.state.EmpreinteFichier.reset();
+  c.state.LecturePartielle = false;
   c.state.WorkingDb->Execute("DELETE FROM TALPENA");
   c.vue.AjusteGrille();
   ChoisitChampsLibres(c);

@@ -483,6 +483,48 @@ TEST_F(ChangedFile, IsAskedForBySaveAsOnTheSameName) {
   EXPECT_TRUE(state.FichierModifie);
 }
 
+// A file of which only a part could be read
+
+class PartlyReadFile : public FileCommands {
+ protected:
+  PartlyReadFile() {
+    PoseFichier(path, 2);
+    // Too short for the coordinates, and these may not be empty: the load ends there.
+    EcritFichier(path, LitFichier(path) + std::string(45, '1') + "\r\n");
+    dialogues.paths = {path};
+    MnuOuvrir_Click(context);
+    dialogues.boxes.clear();
+    before = LitFichier(path);
+  }
+  std::string before;
+  const std::string onlyPart =
+      "Only part of this file could be read. Replace it by the rows shown?";
+};
+
+TEST_F(PartlyReadFile, IsNotSavedOverWithoutAYes) {
+  EXPECT_EQ(NombreLignes(), 2);
+  Modifie();
+  dialogues.answers = {Answer::No};
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(Boites(), std::vector<std::string>{onlyPart});
+  EXPECT_EQ(LitFichier(path), before);
+  EXPECT_FALSE(fs::exists(bak));
+}
+
+TEST_F(PartlyReadFile, GoesToTheBackupOnYes) {
+  dialogues.answers = {Answer::Yes};
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(LitFichier(bak), before);
+  MnuEnregistrer_Click(context);  // whole again: nothing is asked
+  EXPECT_EQ(dialogues.boxes.size(), 1U);
+}
+
+TEST_F(PartlyReadFile, IsForgottenByNew) {
+  dialogues.inputs = {"1"};
+  MnuNouveau_Click(context);
+  EXPECT_FALSE(state.LecturePartielle);
+}
+
 // Save as
 
 TEST_F(FileCommands, SaveAsTakesTheNewName) {

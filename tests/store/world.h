@@ -1,12 +1,15 @@
 // A program without windows: state, table engine, files in memory, scripted boxes.
 #pragma once
 #include <gtest/gtest.h>
+#include <unistd.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "common/numbers.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_platform.h"
 #include "platform/sqlite/sqlite_engine.h"
@@ -29,10 +32,7 @@ struct World {
   StoreState state;
 
   World() {
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    state.WorkingDbPath = (std::filesystem::path(::testing::TempDir()) /
-                           (std::string(info->test_suite_name()) + "_" + info->name() + ".db"))
-                              .string();
+    state.WorkingDbPath = CheminBase();
     std::filesystem::remove(state.WorkingDbPath);
     state.AppDir = "/app";
     for (const char* code : {"WGS84", "EUR-M", "NTF  ", "NAS-C", "ARS-M"}) {
@@ -51,6 +51,15 @@ struct World {
     state.WorkingDb.reset();
     std::error_code ignored;
     std::filesystem::remove(state.WorkingDbPath, ignored);
+  }
+
+  /// A database of this test and this process.
+  static std::string CheminBase() {
+    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    std::string name = std::string(info->test_suite_name()) + "_" + info->name() + "_" +
+                       std::to_string(::getpid()) + ".db";
+    std::replace(name.begin(), name.end(), '/', '_');
+    return (std::filesystem::path(::testing::TempDir()) / name).string();
   }
 
   /// Puts bytes under a path and loads it.
@@ -72,7 +81,8 @@ struct World {
     for (int field = Column::PERIOD; field < Column::Count; ++field) {
       const Cell cell = rows.Get(field);
       if (field > Column::PERIOD) line += '|';
-      line += cell.EstNull() ? "-" : cell.Texte();
+      const bool single = field == Column::LATITUDE || field == Column::LONGITUDE;
+      line += cell.EstNull() ? "-" : single ? Str(static_cast<float>(cell.real)) : cell.Texte();
     }
     return line;
   }

@@ -117,7 +117,7 @@ Answer EnReponse(int button, QMessageBox::StandardButton closing) {
 QString DossierDepart(const FileDialog& dialog) {
   for (const std::string& folder : {DossierDe(dialog.name), dialog.folder}) {
     if (folder.empty()) continue;
-    const QString native = EnQt(RendNatif(folder));
+    QString native = EnQt(RendNatif(folder));
     if (QFileInfo(native).isDir()) return native;
   }
   return QDir::currentPath();

@@ -91,6 +91,12 @@ TEST_F(FrmOptionsPeriodes, OkTakesTheFormAndCloses) {
   EXPECT_EQ(state.Pivot2, 1900);
 }
 
+TEST_F(FrmOptionsPeriodes, ThePointerIsTheOrdinaryOneAgainAfterOk) {
+  Ouvre();
+  Commande(0).click();
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
 TEST_F(FrmOptionsPeriodes, CancelChangesNothing) {
   Ouvre();
   Option(1).click();
