@@ -68,6 +68,7 @@ int main(int argc, char** argv) {
   dialogues.SuitLangue(state.Langue);
   dialogues.ChangeParent(&form);
   form.ChangeSplash(&splash);
+  QObject::connect(&form, &Form1::Fini, &application, [] { QCoreApplication::exit(0); });
   if (!form.Charge(commandLine)) return 0;
 
   if (!pictures.isEmpty()) return PrendImages(form, state, io, pictures) ? 0 : 1;
