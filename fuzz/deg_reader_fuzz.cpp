@@ -1,5 +1,5 @@
 // A whole .deg file of either form, from its first byte to the cells that go to the table. The
-// first input byte is the size of the blocks in which the file is read.
+// first input byte gives the size of the blocks in which the file is read.
 #include <cmath>
 #include <cstdint>
 
@@ -65,7 +65,7 @@ void LitFichier(std::string_view bytes, std::size_t block) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
   try {
-    LitFichier({reinterpret_cast<const char*>(data) + 1, size - 1}, std::size_t{data[0]} + 1);
+    LitFichier({reinterpret_cast<const char*>(data) + 1, size - 1}, std::size_t{1} << (data[0] % 13));
   } catch (const TalpenaError& e) {
     Verifie(e.number() == ErrorNumber::InputPastEnd || e.number() == ErrorNumber::Overflow ||
             e.number() == ErrorNumber::SubscriptOutOfRange);

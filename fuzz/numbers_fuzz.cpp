@@ -47,7 +47,7 @@ void EssaieLecture(std::string_view text) {
 
 void EssaieEcriture(std::string_view text, std::string_view mask) {
   double value = 0;
-  std::memcpy(&value, text.data(), std::min(text.size(), sizeof value));
+  if (!text.empty()) std::memcpy(&value, text.data(), std::min(text.size(), sizeof value));
   Format(value, mask);
   if (!std::isfinite(value)) return;
   Exige(Val(Str(value)) == value);

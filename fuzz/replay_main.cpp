@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <memory>
 #include <string>
 #include <system_error>
 #include <vector>
@@ -42,8 +43,9 @@ int main(int argc, char** argv) {
       std::fflush(stdout);  // the last name printed is the one that crashed
       const std::string bytes = Contenu(path);
       // A copy of the exact size, so that a sanitizer sees a read behind its end.
-      const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
-      LLVMFuzzerTestOneInput(input.data(), input.size());
+      const auto input = std::make_unique<std::uint8_t[]>(bytes.size());
+      std::copy(bytes.begin(), bytes.end(), input.get());
+      LLVMFuzzerTestOneInput(input.get(), bytes.size());
       ++count;
     }
   }

@@ -31,7 +31,7 @@ class Table {
   }
   double Reel(std::size_t row, std::string_view column) const {
     const std::string& text = Texte(row, column);
-    if (!EstNumerique(text)) Echec("no number: " + text);
+    if (!EstNumerique(text) || text.find(',') != std::string::npos) Echec("no number: " + text);
     return Val(text);
   }
   int Entier(std::size_t row, std::string_view column) const {

@@ -11,9 +11,9 @@ namespace talpena {
 /// What the periods dialog shows and the user typed.
 struct PeriodsForm {
   int OptionPivot = 0;  ///< 0 one period, 1 two, 2 three
-  std::string TxtPivot1;
-  std::string TxtPivot21;
-  std::string TxtPivot22;
+  std::string TxtPivot1 = {};
+  std::string TxtPivot21 = {};
+  std::string TxtPivot22 = {};
 };
 
 /// Where the dialog goes after OK.

@@ -220,6 +220,7 @@ inline constexpr int BoutonOui = 917;  // "Yes"
 inline constexpr int BoutonNon = 918;  // "No"
 inline constexpr int BoutonOk = 919;   // "OK"
 
+inline constexpr int FichierPartiel = 930;      // "Only part of this file could be read. ..."
 inline constexpr int AncienFichierReste = 920;  // "The former file stands unchanged."
 
 // Accessible names, tool tips.

@@ -33,10 +33,9 @@ const Element& Choisit(const std::vector<Element>& all, std::int16_t index) {
 double LitNombre(Recordset& rows, int field) {
   const Cell cell = rows.Get(field);
   if (cell.EstNull()) throw TalpenaError(ErrorNumber::InvalidNull, "Invalid use of Null");
-  if (cell.kind == Cell::Kind::Text && !EstNumerique(cell.text)) {
-    throw TalpenaError(ErrorNumber::TypeMismatch, "Type mismatch");
-  }
-  return cell.Nombre();
+  if (cell.kind != Cell::Kind::Text) return cell.Nombre();
+  if (!EstNumerique(cell.text)) throw TalpenaError(ErrorNumber::TypeMismatch, "Type mismatch");
+  return Val(Remplace(cell.text, ",", "."));
 }
 
 std::int16_t LitEntier(Recordset& rows, int field) { return Arrondi16(LitNombre(rows, field)); }

@@ -107,7 +107,8 @@ void Execute(Step step, Load& l) {
 void EnregistreEtTermine(ShellContext c) {
   c.vue.ChangeSablier(true);
   c.shell.ReleveReglages();
-  SauveReglages(c.state, c.io);
+  // A store that refuses is told of and keeps nobody in the program.
+  ExecuteCommande(c.state, c.io, {}, [&] { SauveReglages(c.state, c.io); });
   c.vue.ChangeSablier(false);
   c.shell.Termine();
 }

@@ -31,8 +31,10 @@ DegFileRows::DegFileRows(StoreState& state, MainWindowView& vue, DegLines& lines
 }
 
 bool DegFileRows::Suivante(std::span<Cell> cells) {
+  line_ = 0;
   std::string_view line;
   if (!lines_.Lit(line)) return false;
+  line_ = lines_.Numero();
   const RowKind kind = reader_.Lit(line);
   if (kind == RowKind::End) return false;
   if (kind == RowKind::BarePoint) SignalePoint();

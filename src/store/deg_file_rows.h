@@ -27,6 +27,9 @@ class DegFileRows : public RowSource {
   /// MaxRowLine, and what reading the file raises.
   bool Suivante(std::span<Cell> cells) override;
 
+  /// Number of the line that was read last, from 1; 0 while no line could be read.
+  std::int64_t LigneEnMain() const { return line_; }
+
   int DernierPourcent() const { return shown_; }  ///< shown last
 
  private:
@@ -37,6 +40,7 @@ class DegFileRows : public RowSource {
   MainWindowView& vue_;
   DegLines& lines_;
   DegRowReader reader_;
+  std::int64_t line_ = 0;
   int shown_ = 0;
 };
 

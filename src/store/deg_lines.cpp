@@ -78,13 +78,18 @@ std::size_t DegLines::LongueurFin(std::size_t length) {
 
 /// Reads the next block behind what is still to be handed out; false at the end of the file.
 bool DegLines::Remplit() {
+  if (last_ == buffer_.size()) FaitPlace();
+  const std::size_t count = file_->Lit({buffer_.data() + last_, buffer_.size() - last_});
+  last_ += count;
+  return count > 0;
+}
+
+/// Room behind what is still to be handed out: it moves to the front, or the buffer grows.
+void DegLines::FaitPlace() {
   std::copy(buffer_.data() + first_, buffer_.data() + last_, buffer_.data());
   last_ -= first_;
   first_ = 0;
   if (last_ == buffer_.size()) buffer_.resize(std::min(2 * last_, last_ + limit_));
-  const std::size_t count = file_->Lit({buffer_.data() + last_, buffer_.size() - last_});
-  last_ += count;
-  return count > 0;
 }
 
 void DegLines::RefuseLongueur() const {

@@ -42,6 +42,7 @@ class DegLines {
 
  private:
   bool Remplit();
+  void FaitPlace();
   bool TrouveFin(std::size_t& length);
   std::size_t LongueurFin(std::size_t length);
   [[noreturn]] void RefuseLongueur() const;

@@ -9,7 +9,7 @@ enum class Comma { EndsNumber, IsPoint };
 
 /// Val of a field, after every "," became "." when so asked; the same value bit for bit, without
 /// memory of its own for plain numbers of up to 15 digits. Raises Overflow (6) as Val does.
-/// Held by DegNumber.EqualsVal.
+/// Held by DegNumber.EqualsValForRandomTexts.
 double ValChamp(std::string_view field, Comma comma);
 
 }  // namespace talpena

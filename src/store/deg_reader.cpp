@@ -81,7 +81,10 @@ class Load {
     LitEnTetes();
     if (guard) guard->Garde();
     LitLignes();
-    if (!merge_) state_.EmpreinteFichier = empreinte_;
+    if (!merge_) {
+      state_.EmpreinteFichier = empreinte_;
+      state_.LecturePartielle = false;
+    }
     MajLastFiles({state_, io_, vue_}, fileName_);
     Lie();
     vue_.ChangeSablier(false);
@@ -134,6 +137,7 @@ class Load {
 
   void VideTable() {
     state_.EmpreinteFichier.reset();
+    state_.LecturePartielle = true;
     rowsChanged_ = true;
     Base().Execute("DELETE FROM TALPENA");
     if (state_.Data1.EstLie()) state_.Data1.Refresh();
@@ -201,11 +205,13 @@ class Load {
     vue_.PlaceFocusGrille();
   }
 
+  /// Says of a refused row on which line it stands.
   void Insere(DegFileRows& rows) {
     try {
       Base().InsertRows("TALPENA", DegFileRows::Columns, rows);
     } catch (const TalpenaError& e) {
-      throw TalpenaError(e.number(), "Line " + Str(lines_->Numero()) + ": " + e.description());
+      if (rows.LigneEnMain() == 0) throw;
+      throw TalpenaError(e.number(), "Line " + Str(rows.LigneEnMain()) + ": " + e.description());
     }
   }
 

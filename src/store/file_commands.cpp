@@ -20,13 +20,23 @@ void Commande(FileContext c, Body&& body) {
   ExecuteCommande(c.state, c.io, {}, std::forward<Body>(body));
 }
 
-/// False when another program changed the file and the user does not want it replaced.
-bool PeutEcraser(FileContext c, const std::string& path) {
-  if (path != c.state.NomFichier || !c.state.EmpreinteFichier) return true;
+/// What speaks against writing over the open file: another program changed it, or only part of it
+/// could be read. 0 when nothing does.
+int ObjectionARemplacer(FileContext c, const std::string& path) {
+  if (path != c.state.NomFichier) return 0;
   const auto now = c.io.files.Empreinte(path);
-  if (!now || now == c.state.EmpreinteFichier) return true;
+  if (!now) return 0;
+  if (c.state.LecturePartielle) return MsgId::FichierPartiel;
+  const bool changed = c.state.EmpreinteFichier && now != c.state.EmpreinteFichier;
+  return changed ? MsgId::FichierChange : 0;
+}
+
+/// False when something speaks against replacing the file and the user does not want it replaced.
+bool PeutEcraser(FileContext c, const std::string& path) {
+  const int objection = ObjectionARemplacer(c, path);
+  if (objection == 0) return true;
   Bip(c.state, c.io);
-  return c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::FichierChange),
+  return c.io.dialogues.Demande({.text = Texte(c.state.Langue, objection),
                                  .icon = Icon::Exclamation,
                                  .buttons = Buttons::YesNo}) == Answer::Yes;
 }
@@ -54,6 +64,7 @@ void EnregistreSous(FileContext c) {
   EcritDeg(c.state, c.io, c.vue, path, WriteMode::Rows);
   c.state.NomFichier = path;
   c.state.EmpreinteFichier = c.io.files.Empreinte(path);
+  c.state.LecturePartielle = false;
   c.vue.ChangeTitreFenetre("Talpena - " + path);
 }
 
@@ -185,8 +196,9 @@ void MnuLastFile_Click(FileContext c, int index) {
   Commande(c, [&] {
     if (CheckSauvegarde(c)) return;
     const std::string& entry = c.state.LastFiles.at(static_cast<std::size_t>(index));
-    const std::string path = CheminDeLegende(LegendeDernierFichier(index, entry));
-    if (path.empty()) return;
+    const std::string caption = CheminDeLegende(LegendeDernierFichier(index, entry));
+    if (caption.empty()) return;
+    const std::string path = TrouveChemin(caption).value_or(caption);
     ChangeNomFichier(c.state, path);
     c.vue.ChangeTitreFenetre("Talpena - " + path);
     Charge(c, path, MergeMode::Replace);

@@ -22,7 +22,7 @@ std::int32_t DemandeNombreLignes(FileContext c) {
 
 /// The definitions go into FreeFieldText with nothing between them: they form one long line,
 /// and the file reads back with a single free field. Held by
-/// CreationNouveau.WithoutStandardHdrTheDefinitionsFormOneLine.
+/// NewCommand.WithoutStandardHdrTheDefinitionsFormOneLine.
 void PrendChampsInternes(StoreState& state) {
   state.FreeFieldSeparator = "/";
   state.FreeFieldText = "/\r\n";
@@ -86,6 +86,7 @@ void CreationNouveau(FileContext c, std::int32_t lines) {
   c.state.FichierModifie = false;
   c.state.NomFichier.clear();
   c.state.EmpreinteFichier.reset();
+  c.state.LecturePartielle = false;
   c.state.WorkingDb->Execute("DELETE FROM TALPENA");
   c.vue.AjusteGrille();
   ChoisitChampsLibres(c);

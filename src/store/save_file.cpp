@@ -55,7 +55,9 @@ void SaveFile::GardeAncien() {
 }
 
 void SaveFile::NoteEmpreinte() {
-  if (path_ == state_.NomFichier) state_.EmpreinteFichier = io_.files.Empreinte(path_);
+  if (path_ != state_.NomFichier) return;
+  state_.EmpreinteFichier = io_.files.Empreinte(path_);
+  state_.LecturePartielle = false;
 }
 
 }  // namespace talpena

@@ -12,7 +12,7 @@ namespace {
 
 // clang-format off
 /// By the index of the sort list. Two blanks stand before most columns: saved and compared texts
-/// carry them. Held by ChangeTri.TakesTheExactTexts.
+/// carry them. Held by ChangeTriTest.TakesTheExactTexts.
 constexpr std::array<std::string_view, 10> orders = {
     "SELECT * FROM TALPENA ORDER BY Counter",
     "SELECT * FROM TALPENA ORDER BY [PERIOD]",
@@ -27,9 +27,14 @@ constexpr std::array<std::string_view, 10> orders = {
 };
 // clang-format on
 
+/// Empty before the first row, behind the last, and on a row that another cursor deleted.
 std::optional<Bookmark> LigneCourante(const Recordset& rows) {
-  if (rows.BOF() || rows.EOF_()) return std::nullopt;
-  return rows.GetBookmark();
+  try {
+    return rows.GetBookmark();
+  } catch (const TalpenaError& e) {
+    if (e.number() != ErrorNumber::NoCurrentRecord) throw;
+    return std::nullopt;
+  }
 }
 
 void RetourneALigne(DataControl& data, Bookmark row) {

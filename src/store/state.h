@@ -32,6 +32,7 @@ struct StoreState : CoordState {
   bool NouveauEnCours = false;     ///< only while New shows the periods dialog
   /// Path that a save of this process left cut short or missing; its .BAK is the last whole state.
   std::string FichierIncomplet;
+  bool LecturePartielle = false;  ///< reading NomFichier failed: the table holds only part of it
   std::optional<FileStamp> EmpreinteFichier;  ///< NomFichier as this process read or wrote it
 
   std::vector<FreeFieldDef> FreeFieldDefs;

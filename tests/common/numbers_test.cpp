@@ -7,8 +7,8 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <random>
-#include <regex>
 #include <string>
 #include <vector>
 
@@ -95,24 +95,29 @@ TEST(Val, RaisesOverflowBeyondTheRangeOfADouble) {
   }
 }
 
-/// What Val reads, found another way: blanks out, the number cut by a pattern.
+/// The value of a text that is one number from end to end.
+std::optional<double> WholeNumber(std::string text) {
+  if (text.find_first_not_of("0123456789+-.EeDd") != std::string::npos) return std::nullopt;
+  for (char& c : text) c = c == 'D' || c == 'd' ? 'e' : c;
+  if (text.starts_with('+')) text.erase(0, 1);
+  double value = 0;
+  const auto end = text.data() + text.size();
+  const auto result = std::from_chars(text.data(), end, value);
+  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
+  return value;
+}
+
+/// What Val reads, found another way: without blanks, the longest beginning that is a number.
 double ReferenceVal(const std::string& text) {
   std::string packed;
   for (const char c : text) {
     if (c != ' ' && c != '\t' && c != '\n') packed += c;
   }
-  static const std::regex number("^[+-]?([0-9]+[.]?[0-9]*|[.][0-9]+)([EeDd][+-]?[0-9]+)?");
-  std::smatch match;
-  if (!std::regex_search(packed, match, number)) return 0;
-  std::string cleaned = match.str();
-  for (char& c : cleaned) c = c == 'D' || c == 'd' ? 'e' : c;
-  if (cleaned[0] == '+') cleaned.erase(0, 1);
-  double value = 0;
-  const auto end = cleaned.data() + cleaned.size();
-  const auto result = std::from_chars(cleaned.data(), end, value);
-  EXPECT_EQ(result.ptr, end) << cleaned;
-  EXPECT_EQ(result.ec, std::errc()) << cleaned;
-  return value;
+  if (packed.starts_with("+-")) return 0;
+  for (; !packed.empty(); packed.pop_back()) {
+    if (const auto value = WholeNumber(packed)) return *value;
+  }
+  return 0;
 }
 
 TEST(Val, AgreesWithTheGrammarOnRandomTexts) {
@@ -132,7 +137,7 @@ TEST(Val, AgreesWithTheGrammarOnRandomTexts) {
       continue;
     }
     // Exponents that leave the range on the low side read as 0; the reference refuses them.
-    if (value == 0) continue;
+    if (value == 0 && text.find_first_of("EeDd") != std::string::npos) continue;
     EXPECT_EQ(value, ReferenceVal(text)) << text;
   }
 }

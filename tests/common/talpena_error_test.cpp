@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 namespace talpena {
 namespace {
 
@@ -17,10 +19,11 @@ TEST(TalpenaError, IsCaughtAsAnyRunTimeFailure) {
 }
 
 TEST(TalpenaError, KeepsItsPartsWhenCopied) {
-  const TalpenaError error(3163, "The field is too small");
-  const TalpenaError copy = error;
-  EXPECT_EQ(copy.number(), 3163);
-  EXPECT_EQ(copy.description(), "The field is too small");
+  const std::vector<TalpenaError> copies(2, TalpenaError(3163, "The field is too small"));
+  for (const TalpenaError& copy : copies) {
+    EXPECT_EQ(copy.number(), 3163);
+    EXPECT_EQ(copy.description(), "The field is too small");
+  }
 }
 
 TEST(ErrorNumber, HasTheNumbersThatUsersKnow) {

@@ -1,5 +1,6 @@
 #include "analysis/windows/frm_options_periodes.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QFrame>
@@ -25,6 +26,20 @@ template <typename Widget>
 Widget* Nomme(Widget* widget, const QString& name) {
   widget->setObjectName(name);
   return widget;
+}
+
+/// The hourglass while all rows are gone through; a box that asks lays it aside.
+class Sablier {
+ public:
+  Sablier() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  Sablier(const Sablier&) = delete;
+  Sablier& operator=(const Sablier&) = delete;
+  ~Sablier() { QApplication::restoreOverrideCursor(); }
+};
+
+PeriodsOutcome ValideSousSablier(StoreState& state, Platform& io, PeriodsForm& form) {
+  const Sablier sablier;
+  return ValidePeriodes(state, io, form);
 }
 
 /// One page of FramePivot: labels with their boxes.
@@ -53,7 +68,9 @@ frmOptionsPeriodes::frmOptionsPeriodes(StoreState& state, Platform& io, QWidget*
   Command1[0]->setDefault(true);
   Dispose();
   AppliqueLangue();
-  Montre(RempliPeriodes(state_));
+  const PeriodsForm form = RempliPeriodes(state_);
+  Montre(form);
+  OptionPivot.at(static_cast<std::size_t>(form.OptionPivot))->setFocus();
   Relie();
 }
 
@@ -127,7 +144,7 @@ void frmOptionsPeriodes::Command1_Click(int index) {
     return;
   }
   PeriodsForm form = Lit();
-  const PeriodsOutcome outcome = ValidePeriodes(state_, io_, form);
+  const PeriodsOutcome outcome = ValideSousSablier(state_, io_, form);
   if (outcome.ferme) {
     accept();
     return;

@@ -1,1 +1,354 @@
 #include "platform/foreign/jet_reader.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <optional>
+#include <utility>
+
+#include "common/talpena_error.h"
+#include "common/text.h"
+#include "platform/foreign/isolated_process.h"
+#include "platform/foreign/jet_extract.h"
+#include "platform/foreign/jet_values.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::size_t octetsNom = 1024;  // of a table or column; the format allows 64 characters
+constexpr std::size_t octetsLigne = std::size_t{256} << 20;
+
+[[noreturn]] void EchecFormat(const std::string& path) {
+  throw TalpenaError(ErrorNumber::UnrecognizedFormat,
+                     "Unrecognized database format '" + path + "'.");
+}
+
+/// An open file that was found to be one of ours.
+struct Fichier {
+  std::string path;
+  Descripteur fd;
+  std::size_t taille = 0;
+  JetVersion version = JetVersion::Jet4;
+  LimitesJet limites;
+
+  FichierJet Vue() const { return {fd.Numero(), taille}; }
+};
+
+struct Colonne {
+  JetType type;
+  int echelle;  ///< decimals of a Numeric
+};
+
+struct TableJet {
+  TableDef definition;
+  std::vector<Colonne> colonnes;
+  std::uint32_t page;
+};
+
+/// The child's answer, every length in it doubted.
+class Reponse {
+ public:
+  Reponse(const Fichier& file, const ProcessusIsole::Travail& travail)
+      : path_(file.path), processus_(travail, file.limites.silence) {}
+
+  TrameJet Marque() {
+    char mark = 0;
+    Lit(&mark, 1);
+    return static_cast<TrameJet>(mark);
+  }
+  std::uint32_t Nombre() {
+    std::uint32_t value = 0;
+    char bytes[sizeof value];
+    Lit(bytes, sizeof bytes);
+    std::memcpy(&value, bytes, sizeof value);
+    return value;
+  }
+  void Octets(std::string& into, std::size_t most) {
+    const std::size_t length = Nombre();
+    if (length > most) EchecFormat(path_);
+    into.resize(length);
+    Lit(into.data(), length);
+  }
+  std::string Nom() {
+    std::string name;
+    Octets(name, octetsNom);
+    if (name.empty() || !EstUtf8(name)) EchecFormat(path_);
+    return name;
+  }
+  const std::string& Chemin() const { return path_; }
+
+ private:
+  void Lit(char* buffer, std::size_t count) {
+    if (!processus_.Lit(buffer, count)) EchecFormat(path_);
+  }
+
+  std::string path_;
+  ProcessusIsole processus_;
+};
+
+std::optional<FieldType> TypeDeChamp(JetType type) {
+  switch (type) {
+    case JetType::Boolean:
+      return FieldType::Boolean;
+    case JetType::Byte:
+      return FieldType::Byte;
+    case JetType::Integer:
+      return FieldType::Integer;
+    case JetType::Long:
+      return FieldType::Long;
+    case JetType::Currency:
+      return FieldType::Currency;
+    case JetType::Single:
+      return FieldType::Single;
+    case JetType::Double:
+    case JetType::Numeric:
+      return FieldType::Double;
+    case JetType::Date:
+      return FieldType::Date;
+    case JetType::Text:
+    case JetType::Guid:
+      return FieldType::Text;
+    case JetType::Memo:
+      return FieldType::Memo;
+    case JetType::Binary:
+    case JetType::Ole:
+      return FieldType::Binary;
+  }
+  return {};
+}
+
+/// Characters that a column of a size in bytes can hold; 0 for all but texts.
+int Caracteres(JetType type, JetVersion version, std::uint32_t bytes) {
+  constexpr int guid = 38, longest = 255;
+  if (type == JetType::Guid) return guid;
+  if (type != JetType::Text) return 0;
+  const std::uint32_t characters = version == JetVersion::Jet3 ? bytes : bytes / 2;
+  return std::clamp(static_cast<int>(characters), 1, longest);
+}
+
+void LitColonne(Reponse& answer, JetVersion version, TableJet& table) {
+  const auto type = static_cast<JetType>(answer.Nombre());
+  const std::uint32_t size = answer.Nombre();
+  const auto scale = static_cast<int>(answer.Nombre());
+  const bool automatic = answer.Nombre() != 0;
+  const auto fieldType = TypeDeChamp(type);
+  if (!fieldType) EchecFormat(answer.Chemin());
+  table.colonnes.push_back({type, scale});
+  table.definition.fields.push_back({.name = answer.Nom(),
+                                     .type = *fieldType,
+                                     .size = Caracteres(type, version, size),
+                                     .allowZeroLength = true,
+                                     .autoIncrement = automatic && type == JetType::Long});
+}
+
+std::vector<TableJet> LitTables(const Fichier& file) {
+  Reponse answer(file, [&](Tuyau& out) { ExtraitTables(file.Vue(), file.limites, out); });
+  std::vector<TableJet> tables;
+  for (;;) {
+    const TrameJet mark = answer.Marque();
+    if (mark == TrameJet::Fin) return tables;
+    if (mark != TrameJet::Table || tables.size() >= file.limites.tables) EchecFormat(file.path);
+    TableJet table;
+    table.page = answer.Nombre();
+    table.definition.name = answer.Nom();
+    const std::size_t columns = answer.Nombre();
+    if (columns > file.limites.colonnes) EchecFormat(file.path);
+    for (std::size_t i = 0; i < columns; ++i) LitColonne(answer, file.version, table);
+    tables.push_back(std::move(table));
+  }
+}
+
+class LignesJet final : public RowSource {
+ public:
+  LignesJet(std::shared_ptr<const Fichier> file, const TableJet& table)
+      : file_(std::move(file)),
+        colonnes_(table.colonnes),
+        textes_(colonnes_.size()),
+        reponse_(*file_, [this, page = table.page](Tuyau& out) {
+          ExtraitLignes(file_->Vue(), page, file_->limites, out);
+        }) {}
+
+  bool Suivante(std::span<Cell> cells) override {
+    if (finie_) return false;
+    const TrameJet mark = reponse_.Marque();
+    if (mark == TrameJet::Fin) {
+      finie_ = true;
+      return false;
+    }
+    if (mark != TrameJet::Ligne) EchecFormat(file_->path);
+    reponse_.Octets(ligne_, octetsLigne);
+    std::string_view rest = ligne_;
+    for (std::size_t i = 0; i < colonnes_.size(); ++i) {
+      const Cell cell = Valeur(i, Prochaine(rest));
+      if (i < cells.size()) cells[i] = cell;
+    }
+    for (std::size_t i = colonnes_.size(); i < cells.size(); ++i) cells[i] = Cell::Null();
+    return true;
+  }
+
+ private:
+  using Octets = std::optional<std::string_view>;
+
+  /// Takes one value off the row; empty for Null.
+  Octets Prochaine(std::string_view& rest) const {
+    std::uint32_t length = 0;
+    if (rest.size() < sizeof length) EchecFormat(file_->path);
+    std::memcpy(&length, rest.data(), sizeof length);
+    rest.remove_prefix(sizeof length);
+    if (length == absentJet) return {};
+    if (length > rest.size()) EchecFormat(file_->path);
+    const std::string_view bytes = rest.substr(0, length);
+    rest.remove_prefix(length);
+    return bytes;
+  }
+
+  template <typename Number>
+  Cell Exige(const std::optional<Number>& value) const {
+    if (!value) EchecFormat(file_->path);
+    return Cell::Of(*value);
+  }
+
+  Cell Valeur(std::size_t column, const Octets& bytes) {
+    if (!bytes) return Cell::Null();
+    switch (colonnes_[column].type) {
+      case JetType::Boolean:
+        return Cell::Of(std::int64_t{*bytes == std::string_view("\1") ? -1 : 0});
+      case JetType::Byte:  // the only unsigned one
+        return Cell::Of(Exige(EntierJet(*bytes, 1)).integer & 0xFF);
+      case JetType::Integer:
+        return Exige(EntierJet(*bytes, 2));
+      case JetType::Long:
+        return Exige(EntierJet(*bytes, 4));
+      case JetType::Currency:
+        return Exige(MonnaieJet(*bytes));
+      case JetType::Single:
+        return Exige(SimpleJet(*bytes));
+      case JetType::Double:
+      case JetType::Date:
+        return Exige(DoubleJet(*bytes));
+      case JetType::Numeric:
+        return Exige(NumeriqueJet(*bytes, colonnes_[column].echelle));
+      case JetType::Guid:
+        return Texte(column, GuidJet(*bytes));
+      case JetType::Text:
+      case JetType::Memo:
+        return Texte(column, TexteJet(file_->version, *bytes));
+      case JetType::Binary:
+      case JetType::Ole:
+        return Cell::Of(*bytes);
+    }
+    EchecFormat(file_->path);
+  }
+
+  /// Keeps a decoded text until the next row.
+  Cell Texte(std::size_t column, std::optional<std::string> text) {
+    if (!text) EchecFormat(file_->path);
+    textes_[column] = std::move(*text);
+    return Cell::Of(std::string_view(textes_[column]));
+  }
+
+  std::shared_ptr<const Fichier> file_;
+  std::vector<Colonne> colonnes_;
+  std::vector<std::string> textes_;
+  std::string ligne_;
+  bool finie_ = false;
+  Reponse reponse_;
+};
+
+class BaseJet final : public ForeignDatabase {
+ public:
+  explicit BaseJet(Fichier file)
+      : file_(std::make_shared<const Fichier>(std::move(file))), tables_(LitTables(*file_)) {}
+
+  std::vector<TableDef> Tables() override {
+    std::vector<TableDef> definitions;
+    for (const TableJet& table : tables_) definitions.push_back(table.definition);
+    return definitions;
+  }
+
+  std::unique_ptr<RowSource> Rows(std::string_view table) override {
+    const auto found = std::find_if(tables_.begin(), tables_.end(), [&](const TableJet& t) {
+      return EgalSansCasse(t.definition.name, table);
+    });
+    if (found == tables_.end()) {
+      throw TalpenaError(ErrorNumber::TableNotFound,
+                         "The database engine cannot find the table '" + std::string(table) + "'.");
+    }
+    return std::make_unique<LignesJet>(file_, *found);
+  }
+
+ private:
+  std::shared_ptr<const Fichier> file_;
+  std::vector<TableJet> tables_;
+};
+
+/// Not blocking, so that a pipe or a device in a file's place cannot hold the program.
+Descripteur OuvreEnLecture(const std::string& path) {
+  return Descripteur(open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+}
+
+std::optional<JetVersion> LitVersion(const Descripteur& fd) {
+  std::array<char, JetHeadBytes> head{};
+  if (pread(fd.Numero(), head.data(), head.size(), 0) != static_cast<ssize_t>(head.size())) {
+    return {};
+  }
+  return VersionJet({head.data(), head.size()});
+}
+
+class FormatJet final : public ForeignFormat {
+ public:
+  explicit FormatJet(const LimitesJet& limits) : limites_(limits) {
+    limites_.colonnes = std::min(limites_.colonnes, LimitesJet{}.colonnes);
+  }
+
+  bool Reconnait(const std::string& path, std::string_view connect) override {
+    if (!connect.empty() && !connect.starts_with(';') &&
+        !EgalSansCasse(connect.substr(0, connect.find(';')), "MS Access")) {
+      return false;
+    }
+    const Descripteur fd = OuvreEnLecture(path);
+    return fd.Ouvert() && LitVersion(fd).has_value();
+  }
+
+  std::unique_ptr<ForeignDatabase> Ouvre(const std::string& path) override {
+    Fichier file{.path = path, .fd = OuvreEnLecture(path), .limites = limites_};
+    if (!file.fd.Ouvert() && errno == EACCES) {
+      throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: '" + path + "'.");
+    }
+    if (!file.fd.Ouvert()) {
+      throw TalpenaError(ErrorNumber::DatabaseNotFound, "Could not find file '" + path + "'.");
+    }
+    struct stat status {};
+    if (fstat(file.fd.Numero(), &status) != 0 || !S_ISREG(status.st_mode)) EchecFormat(path);
+    const auto version = LitVersion(file.fd);
+    if (!version) EchecFormat(path);
+    file.version = *version;
+    file.taille = static_cast<std::size_t>(status.st_size);
+    if (!TailleSensee(file)) EchecFormat(path);
+    return std::make_unique<BaseJet>(std::move(file));
+  }
+
+ private:
+  /// Whole pages, and at least those that hold the catalogue of tables.
+  bool TailleSensee(const Fichier& file) const {
+    constexpr std::size_t fewestPages = 20;
+    const std::size_t page = TaillePageJet(file.version);
+    return file.taille <= limites_.octetsFichier && file.taille >= fewestPages * page &&
+           file.taille % page == 0;
+  }
+
+  LimitesJet limites_;
+};
+
+}  // namespace
+
+std::unique_ptr<ForeignFormat> CreeFormatJet(const LimitesJet& limits) {
+  return std::make_unique<FormatJet>(limits);
+}
+
+}  // namespace talpena

@@ -1,11 +1,32 @@
 // Access files (Jet 3 and Jet 4), read through libmdb.
 #pragma once
+#include <chrono>
+#include <cstddef>
 #include <memory>
 
 #include "platform/foreign_format.h"
 
 namespace talpena {
 
-std::unique_ptr<ForeignFormat> CreeFormatJet();
+/// What a file may be at most. The first four are the format's own bounds or beyond them.
+struct LimitesJet {
+  std::size_t octetsFichier = std::size_t{2} << 30;
+  std::size_t tables = 32768;
+  std::size_t colonnes = 255;                      ///< of a table; never above 255
+  std::size_t lignes = 50'000'000;                 ///< of a table
+  std::size_t octetsMemo = std::size_t{64} << 20;  ///< of one long value
+  std::chrono::milliseconds silence{20'000};       ///< without a sign of the reading process
+};
+
+/// Access 97 to 2003. The file is opened once, for reading, and read in a process of its own:
+/// a damaged file ends in UnrecognizedFormat (3343), from Ouvre or from the rows, whatever the
+/// library makes of it, and never in fewer rows than the table counts. Nothing is printed.
+///
+/// Definitions of tables say what Rows gives: no field is required and every text may be empty,
+/// since a file's own rules bind those who write it. Cells: Boolean -1 and 0; Currency and
+/// decimals as real numbers; Date in days since 1899-12-30; texts and memos as UTF-8; replication
+/// ids as text in braces; OLE and binary columns as bytes. Rows of a table that the file lacks
+/// raise TableNotFound (3078). Linked tables, queries and system tables are left out.
+std::unique_ptr<ForeignFormat> CreeFormatJet(const LimitesJet& limits = {});
 
 }  // namespace talpena

@@ -37,6 +37,10 @@ std::vector<FileFilter> LitFiltres(std::string_view filter) {
   const QStringList parts =
       QString::fromUtf8(filter.data(), static_cast<qsizetype>(filter.size())).split(u'|');
   std::vector<FileFilter> filters;
+  if (parts.size() == 1 && parts[0].contains(u'*')) {  // patterns that stand for themselves
+    const QStringList patterns = Motifs(parts[0]);
+    if (!patterns.isEmpty()) filters.push_back({patterns.join(u' '), Suffixe(patterns)});
+  }
   for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
     const QStringList patterns = Motifs(parts[i + 1]);
     if (patterns.isEmpty()) continue;

@@ -12,7 +12,8 @@ struct FileFilter {
 };
 
 /// Pairs of a description and its patterns ("*.txt;*.csv"), all parted by "|". A description
-/// without patterns behind it is left out; "*.*" means every file.
+/// without patterns behind it is left out; patterns alone stand for themselves; "*.*" means every
+/// file.
 std::vector<FileFilter> LitFiltres(std::string_view filter);
 
 }  // namespace talpena

@@ -46,7 +46,7 @@ std::unique_ptr<QSettings> OuvreMagasin(const QString& name) {
 
 /// The name under which a key stands in the store, in whatever case; as asked when it is absent.
 QString CleExistante(const QSettings& store, std::string_view section, std::string_view key) {
-  const QString wanted = Neutre(section) + u'/' + Neutre(key);
+  QString wanted = Neutre(section) + u'/' + Neutre(key);
   if (store.contains(wanted)) return wanted;
   const QStringList keys = store.allKeys();
   for (const QString& candidate : keys) {

@@ -24,7 +24,7 @@ namespace {
 /// The folder of the desktop session, when it is this user's; else the private one, else "".
 QString DossierVerrou() {
 #ifdef Q_OS_UNIX
-  const QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
+  QString session = qEnvironmentVariable("XDG_RUNTIME_DIR");
   const QFileInfo info(session);
   if (!session.isEmpty() && info.isDir() && info.ownerId() == geteuid()) return session;
 #endif

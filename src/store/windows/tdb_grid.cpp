@@ -21,8 +21,17 @@ constexpr float twipsPerPixel = 15;
 
 /// What a column of default width has at least room for.
 constexpr std::array<const char*, Column::GridCount> typicalTexts = {
-    "00", "-00.00000", "-000.00000",        "00000",      "00000",
-    "MM", "NAS-C",     "mgr 31UFT12345678", "0000/00/00", ""};
+    "00",         "-00.00000", "-000.00000", "00000",
+    "00000",      "MM",        "NAS-C",      "deg +00.00000 +000.00000",
+    "0000/00/00", ""};
+
+/// Left and right of a text, pixels.
+constexpr int cellMargins = 14;
+
+int HauteurTitre(const QFontMetrics& metrics, const QString& heading, int width) {
+  return metrics.boundingRect(QRect(0, 0, width, 1000), Qt::AlignCenter | Qt::TextWordWrap, heading)
+      .height();
+}
 
 class GridDelegate : public QStyledItemDelegate {
  public:
@@ -38,6 +47,18 @@ class GridDelegate : public QStyledItemDelegate {
       }
     }
     return QStyledItemDelegate::eventFilter(editor, event);
+  }
+
+  // The style's own grid lines take the window's colour, which is harsh on a light grid in a dark
+  // desktop; these are a shade of the grid's.
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    QColor line = option.palette.color(QPalette::Text);
+    line.setAlphaF(0.2F);
+    painter->setPen(line);
+    painter->drawLine(option.rect.topRight(), option.rect.bottomRight());
+    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight() - QPoint(1, 0));
   }
 
  protected:
@@ -96,13 +117,14 @@ TDBGrid::TDBGrid(StoreState& state, Platform& io, QWidget* parent)
   setEditTriggers(SelectedClicked | DoubleClicked | EditKeyPressed | AnyKeyPressed);
   setSelectionMode(ExtendedSelection);
   setWordWrap(false);
+  setShowGrid(false);
   setHorizontalScrollMode(ScrollPerPixel);
   rows->setSectionResizeMode(QHeaderView::Fixed);
   rows->setDefaultSectionSize(fontMetrics().height() + 8);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setTextElideMode(Qt::ElideNone);
-  horizontalHeader()->setDefaultAlignment(static_cast<Qt::Alignment>(Qt::AlignCenter) |
-                                          static_cast<Qt::AlignmentFlag>(Qt::TextWordWrap));
+  horizontalHeader()->setDefaultAlignment(
+      Qt::Alignment::fromInt(int{Qt::AlignCenter} | int{Qt::TextWordWrap}));
   horizontalHeader()->setMinimumSectionSize(12);
   connect(rows, &RowHeader::LigneCliquee, this, &TDBGrid::ChoisitLigne);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
@@ -146,7 +168,10 @@ int TDBGrid::LargeurVoulue(int column) const {
   for (const QString& word : heading.split(QLatin1Char(' '))) {
     widest = std::max(widest, metrics.horizontalAdvance(word));
   }
-  return widest + 14;
+  while (HauteurTitre(metrics, heading, widest) > 2 * metrics.lineSpacing()) {
+    widest += metrics.averageCharWidth();
+  }
+  return widest + cellMargins;
 }
 
 void TDBGrid::AppliqueLargeurs() {
@@ -163,10 +188,7 @@ void TDBGrid::AppliqueLargeurs() {
     if (twips == defaults.LargeurColonnes.at(i)) width = std::max(width, LargeurVoulue(column));
     setColumnWidth(column, std::max(width, 1));
     const QString heading = model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
-    height = std::max(height, metrics
-                                  .boundingRect(QRect(0, 0, columnWidth(column) - 8, 1000),
-                                                Qt::AlignCenter | Qt::TextWordWrap, heading)
-                                  .height());
+    height = std::max(height, HauteurTitre(metrics, heading, columnWidth(column) - cellMargins));
   }
   horizontalHeader()->setFixedHeight(std::min(height, 2 * metrics.lineSpacing()) + 10);
   sizing_ = false;

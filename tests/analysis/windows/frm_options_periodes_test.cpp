@@ -59,6 +59,7 @@ TEST_F(FrmOptionsPeriodes, OpensOnTheCurrentMode) {
     state.NbPivots = static_cast<std::int16_t>(mode);
     Ouvre();
     for (int i = 0; i < 3; ++i) EXPECT_EQ(Option(i).isChecked(), i == mode);
+    EXPECT_EQ(window->focusWidget(), &Option(mode));
   }
   EXPECT_EQ(Boite("TxtPivot21").text(), u"1950");
   EXPECT_EQ(Boite("TxtPivot22").text(), u"1980");
@@ -88,6 +89,12 @@ TEST_F(FrmOptionsPeriodes, OkTakesTheFormAndCloses) {
   EXPECT_EQ(state.NbPivots, 2);
   EXPECT_EQ(state.Pivot1, 1951);
   EXPECT_EQ(state.Pivot2, 1900);
+}
+
+TEST_F(FrmOptionsPeriodes, ThePointerIsTheOrdinaryOneAgainAfterOk) {
+  Ouvre();
+  Commande(0).click();
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(FrmOptionsPeriodes, CancelChangesNothing) {

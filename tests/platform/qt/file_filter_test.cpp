@@ -15,6 +15,7 @@ constexpr FilterCase filterCases[] = {
     {"several patterns",       "Text (*.txt;*.csv)|*.txt;*.csv",        "Text (*.txt *.csv)",   "txt"},
     {"every file",             "All files (*.*)|*.*",                   "All files (*)",        ""},
     {"accents",                "Donn\u00e9es|*.deg",                    "Donn\u00e9es (*.deg)", "deg"},
+    {"patterns alone",         "*.mdb",                                 "*.mdb",                "mdb"},
     {"a wild suffix",          "Grids|*.pr?",                           "Grids (*.pr?)",        ""},
 };
 // clang-format on

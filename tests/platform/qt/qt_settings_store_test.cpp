@@ -140,7 +140,7 @@ TEST_F(QtSettingsStoreTest, AFileTypedByHandIsRead) {
 
 TEST_F(QtSettingsStoreTest, ADamagedFileGivesWhatItHolds) {
   EcritIni("talpena.ini",
-           QByteArray("\x00\xff\xfe garbage\n[Settings\nUtmAjust=3\n[Grid]\nTop=5\n", 57));
+           QByteArrayLiteral("\x00\xff\xfe garbage\n[Settings\nUtmAjust=3\n[Grid]\nTop=5\n"));
   QtSettingsStore store;
   EXPECT_EQ(store.Lit("TALPENA", "Settings", "SaveInterval", "5"), "5");
   EXPECT_EQ(store.Lit("TALPENA", "Grid", "Top", "0"), "5");

@@ -1,0 +1,19 @@
+#!/usr/bin/env bash
+# Builds the benchmarks and runs them all; every figure stands beside its floor of the same run.
+set -euo pipefail
+here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
+cd "$here"
+. scripts/packages.sh
+export CCACHE_BASEDIR=$here CCACHE_NOHASHDIR=1
+# shellcheck disable=SC2086
+need_packages $packages_build $packages_test $packages_bench
+[ -f build/bench/build.ninja ] || cmake --preset bench >/dev/null
+cmake --build --preset bench >/dev/null
+for rows in 100000 1000000; do
+  for name in load_bench save_bench engine_bench; do
+    echo "== $name, $rows rows"
+    build/bench/bin/$name "$rows"
+  done
+done
+echo "== start"
+bench/start.sh build/bench/bin build/bench/bin/samples/talpa_sample.deg

@@ -1,0 +1,33 @@
+// What the child process does: walks an Access file with libmdb and hands its bytes on, as they
+// stand in the file, for the parent to check and decode.
+//
+// The answer to ExtraitTables is, for each user table, 'T', its page, its name and the number of
+// its columns; for each column its type, size (bytes), scale, auto-number flag and name. To
+// ExtraitLignes, for each row, 'R', the length of all that follows, and for each column the
+// length of its value and the value; Null is the length absentJet, a Boolean one byte. Both end
+// with 'F': an answer without it comes from a damaged file. Lengths, pages and counts are 32 bits
+// wide in the machine's own order.
+#pragma once
+#include <cstdint>
+
+#include "platform/foreign/isolated_process.h"
+#include "platform/foreign/jet_reader.h"
+
+namespace talpena {
+
+enum class TrameJet : char { Table = 'T', Ligne = 'R', Fin = 'F' };
+inline constexpr std::uint32_t absentJet = 0xFFFFFFFF;
+
+/// The file, open for reading, and its size when it was checked.
+struct FichierJet {
+  int fd = -1;
+  std::size_t taille = 0;
+};
+
+void ExtraitTables(const FichierJet& file, const LimitesJet& limits, Tuyau& out);
+
+/// @param page  that ExtraitTables gave for the table
+void ExtraitLignes(const FichierJet& file, std::uint32_t page, const LimitesJet& limits,
+                   Tuyau& out);
+
+}  // namespace talpena

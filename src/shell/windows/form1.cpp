@@ -1,0 +1,261 @@
+#include "shell/windows/form1.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QProgressBar>
+#include <QRadioButton>
+#include <QScreen>
+#include <QStackedLayout>
+#include <QToolButton>
+#include <algorithm>
+#include <cmath>
+
+#include "shell/windows/frm_message.h"
+#include "store/windows/grid_cells.h"
+#include "store/windows/tdb_grid.h"
+
+namespace talpena {
+namespace {
+
+constexpr float twipsPerPixel = 15;
+
+int EnPixels(float twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
+float EnTwips(int pixels) { return static_cast<float>(pixels) * twipsPerPixel; }
+
+enum : std::int16_t { Normale = 0, Reduite = 1, Agrandie = 2 };  // EtatFenetre
+
+/// A stored place, moved and cut so that the window can be reached on one of today's screens.
+QRect PlaceVisible(QRect wanted, bool maximised) {
+  const QScreen* screen = QGuiApplication::screenAt(wanted.center());
+  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+  if (screen == nullptr) return wanted;
+  QRect area = screen->availableGeometry();
+  if (maximised)
+    area.adjust(area.width() / 12, area.height() / 12, -area.width() / 12, -area.height() / 12);
+  wanted.setSize(wanted.size().boundedTo(area.size()).expandedTo({320, 240}));
+  wanted.moveLeft(std::clamp(wanted.left(), area.left(),
+                             std::max(area.left(), area.right() + 1 - wanted.width())));
+  wanted.moveTop(std::clamp(wanted.top(), area.top(),
+                            std::max(area.top(), area.bottom() + 1 - wanted.height())));
+  return wanted;
+}
+
+}  // namespace
+
+Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
+    : QMainWindow(parent), state_(state), io_(io) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(QStringLiteral("Talpena"));
+  ConstruitMenus();
+  ConstruitCentre();
+  ConstruitBarreEtat();
+  OrdonneTabulation();
+  ChargeIcones();
+  frmMessage_ = new frmMessage(this);
+  ActiveControles();
+  Relie();
+  const QPointer<Form1> self(this);
+  state_.Data1.Ecoute([self](DataControl::Change change) {
+    if (self && change != DataControl::Change::Values) self->AffichePosition();
+  });
+}
+
+Form1::~Form1() = default;
+
+void Form1::ChangeTitreFenetre(const std::string& title) {
+  setWindowTitle(QString::fromStdString(title));
+}
+
+std::string Form1::BoxTitre() const { return BoxTitre_->text().toStdString(); }
+
+void Form1::ChangeBoxTitre(const std::string& text) {
+  BoxTitre_->setText(QString::fromStdString(text));
+  BoxTitre_->setCursorPosition(0);
+}
+
+std::string Form1::Commentaire() const { return Commentaire_->text().toStdString(); }
+
+void Form1::ChangeCommentaire(const std::string& text) {
+  Commentaire_->setText(QString::fromStdString(text));
+  Commentaire_->setCursorPosition(0);
+}
+
+void Form1::MontreTitres() {
+  BoxTitre_->show();
+  LabelTitre->show();
+  LabelCommentaire->show();
+  Commentaire_->show();
+}
+
+void Form1::AjusteGrille() {
+  if (isMinimized()) return;
+  pages_->setCurrentWidget(TDBGrid1);  // the layout gives it all the room that there is
+  Picture1->update();
+}
+
+void Form1::ActiveMenus() {
+  fileOpen_ = true;
+  ActiveControles();
+}
+
+void Form1::DesactiveMenus() {
+  fileOpen_ = false;
+  ActiveControles();
+}
+
+void Form1::ActiveControles() {
+  ParcourtMenus([this](const MenuEntry& entry) {
+    if (entry.EstSeparateur()) return;
+    actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, fileOpen_));
+  });
+  cmd[1]->setEnabled(fileOpen_);
+  for (std::size_t i = 3; i < cmd.size(); ++i) cmd[i]->setEnabled(false);
+  cmdMap->setEnabled(false);
+  for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
+}
+
+void Form1::CacheLbl1() { lbl1->hide(); }
+
+void Form1::PlaceFocusGrille() { TDBGrid1->setFocus(); }
+
+bool Form1::GrilleVisible() const { return pages_->currentWidget() == TDBGrid1; }
+
+std::string Form1::TexteCellule(int column) {
+  const QModelIndex row = TDBGrid1->currentIndex();
+  return row.isValid() ? row.siblingAtColumn(column).data(Qt::EditRole).toString().toStdString()
+                       : std::string();
+}
+
+void Form1::AfficheMessage(const std::string& text) {
+  frmMessage_->Affiche(QString::fromStdString(text));
+  TraiteMessages();
+}
+
+void Form1::FermeMessage() { frmMessage_->hide(); }
+
+void Form1::ChangeSablier(bool hourglass) {
+  if (hourglass == hourglass_) return;
+  hourglass_ = hourglass;
+  if (hourglass) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void Form1::MontreBarre(bool visible) {
+  ProgressBar1->setValue(0);
+  ProgressBar1->setVisible(visible);
+}
+
+void Form1::MontreProgression(double percent) {
+  ProgressBar1->setValue(static_cast<int>(std::clamp(percent, 0.0, 100.0)));
+  ProgressBar1->repaint();
+}
+
+// Keys and clicks wait until the command has ended: it has the rows to itself.
+void Form1::TraiteMessages() {
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void Form1::AffichePanneauDatum(const std::string& code) {
+  panels_[2]->setText(QString::fromStdString(code));
+}
+
+void Form1::AffichePosition() {
+  panels_[0]->setText(QString::fromStdString(TextePosition(state_.Data1)));
+}
+
+void Form1::AfficheDerniersFichiers(const std::array<std::string, 4>& paths) {
+  bool any = false;
+  for (std::size_t i = 0; i < paths.size(); ++i) {
+    QAction* entry = actions_.at("MnuLastFile_" + std::to_string(i + 1));
+    QString path = QString::fromStdString(paths[i]);
+    path.replace(QLatin1Char('&'), QStringLiteral("&&"));  // an ampersand of the path itself
+    entry->setText(
+        QString::fromStdString(LibelleDernierFichier(static_cast<int>(i) + 1, path.toStdString())));
+    entry->setVisible(!paths[i].empty());
+    any = any || !paths[i].empty();
+  }
+  actions_.at("MnuLastFile_0")->setVisible(any);
+}
+
+ScreenSize Form1::TailleEcran() const {
+  const QScreen* screen = QGuiApplication::primaryScreen();
+  const QSize size = screen != nullptr ? screen->size() : QSize(1024, 768);
+  return {EnTwips(size.width()), EnTwips(size.height())};
+}
+
+void Form1::FondGrilleSysteme() { TDBGrid1->ChangeFond(0x8000000F); }
+
+void Form1::AppliqueReglages() {
+  const QRect stored(EnPixels(state_.GrilleGauche), EnPixels(state_.GrilleHaut),
+                     EnPixels(state_.GrilleLargeur), EnPixels(state_.GrilleHauteur));
+  const QRect place = PlaceVisible(stored, state_.EtatFenetre == Agrandie);
+  resize(place.size());
+  move(place.topLeft());
+  TDBGrid1->AppliqueLargeurs();
+  TDBGrid1->AppliqueCouleurs();
+  AfficheDerniersFichiers(state_.LastFiles);
+}
+
+void Form1::ReleveReglages() {
+  state_.EtatFenetre = isMinimized() ? Reduite : isMaximized() ? Agrandie : Normale;
+  state_.GrilleGauche = EnTwips(x());
+  state_.GrilleHaut = EnTwips(y());
+  state_.GrilleLargeur = EnTwips(width());
+  state_.GrilleHauteur = EnTwips(height());
+  TDBGrid1->ReleveLargeurs();
+}
+
+// The windows that list datums fill their lists from the catalogue each time they open.
+void Form1::RempliListesDatums() {}
+
+void Form1::InitTDBgrid() { TDBGrid1->InitTDBgrid(); }
+
+void Form1::ColoreOptTri() {
+  for (QRadioButton* option : OptTri) option->setBackgroundRole(Picture1->backgroundRole());
+}
+
+void Form1::ColoreFenetres() {
+  // The desktop's own face colour; its light or dark palette comes with it.
+  for (QWidget* widget : std::initializer_list<QWidget*>{this, LabelTitre, LabelCommentaire}) {
+    widget->setBackgroundRole(QPalette::Window);
+  }
+}
+
+void Form1::MontreFenetre() {
+  if (state_.EtatFenetre == Agrandie) {
+    showMaximized();
+  } else if (state_.EtatFenetre == Reduite) {
+    showMinimized();
+  } else {
+    showNormal();
+  }
+}
+
+void Form1::FermeSplash() {
+  if (splash_ != nullptr) splash_->close();
+  splash_ = nullptr;
+}
+
+void Form1::Termine() {
+  ended_ = true;
+  close();
+  Q_EMIT Fini();
+}
+
+void Form1::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  if (GrilleVisible()) AjusteGrille();
+}
+
+void Form1::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && cmdMap != nullptr) ChargeIcones();
+}
+
+}  // namespace talpena

@@ -1,0 +1,160 @@
+// Form1: the main window.
+#pragma once
+#include <QMainWindow>
+#include <array>
+#include <map>
+#include <string>
+
+#include "platform/main_window_view.h"
+#include "platform/platform.h"
+#include "shell/menus.h"
+#include "shell/process_state.h"
+#include "shell/shell_view.h"
+#include "shell/start_stop.h"
+#include "store/file_commands.h"
+
+class QAbstractButton;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QMenu;
+class QProgressBar;
+class QPushButton;
+class QRadioButton;
+class QStackedLayout;
+class QToolButton;
+
+namespace talpena {
+
+class TDBGrid;
+class frmMessage;
+
+/// Menu bar, tool buttons, title lines, the grid and the status bar. What its controls do are
+/// procedures of the logic; every one of them runs inside Commande.
+class Form1 : public QMainWindow, public MainWindowView, public ShellView {
+  Q_OBJECT
+
+ public:
+  Form1(ProcessState& state, Platform& io, QWidget* parent = nullptr);
+  ~Form1() override;
+
+  /// Brings the window up and opens the file of the command line. False when the process has to
+  /// end: there is no datum catalogue.
+  bool Charge(const std::string& commandLine);
+  /// The splash that FermeSplash closes.
+  void ChangeSplash(QWidget* splash) { splash_ = splash; }
+  ShellContext Contexte() { return {state_, io_, *this, *this}; }
+
+  // MainWindowView
+  void ChangeTitreFenetre(const std::string& title) override;
+  std::string BoxTitre() const override;
+  void ChangeBoxTitre(const std::string& text) override;
+  std::string Commentaire() const override;
+  void ChangeCommentaire(const std::string& text) override;
+  void MontreTitres() override;
+  void AjusteGrille() override;
+  void ActiveMenus() override;
+  void CacheLbl1() override;
+  void PlaceFocusGrille() override;
+  bool GrilleVisible() const override;
+  std::string TexteCellule(int column) override;
+  void AfficheMessage(const std::string& text) override;
+  void FermeMessage() override;
+  void ChangeSablier(bool hourglass) override;
+  void MontreBarre(bool visible) override;
+  void MontreProgression(double percent) override;
+  void TraiteMessages() override;
+  void AffichePanneauDatum(const std::string& code) override;
+  void AfficheDerniersFichiers(const std::array<std::string, 4>& paths) override;
+  void MontreOptionsPeriodes() override;
+
+  // ShellView
+  ScreenSize TailleEcran() const override;
+  void DesactiveMenus() override;
+  void FondGrilleSysteme() override;
+  void AppliqueReglages() override;
+  void ReleveReglages() override;
+  void AppliqueLangue() override;
+  void RempliListesDatums() override;
+  void InitFenetres() override;
+  void InitTDBgrid() override;
+  void ColoreOptTri() override;
+  void ColoreFenetres() override;
+  void MontreFenetre() override;
+  void FermeSplash() override;
+  void Termine() override;
+
+ Q_SIGNALS:
+  void Fini();  ///< the process has to end
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  FileContext Fichiers() { return {state_, io_, *this}; }
+
+  void ConstruitMenus();
+  void ConstruitMenu(QMenu& menu, std::span<const MenuEntry> entries);
+  QAction* ConstruitEntree(const MenuEntry& entry, QWidget& owner);
+  void ConstruitPicture1();
+  void ConstruitTitres();
+  void ConstruitCentre();
+  void ConstruitBarreEtat();
+  void OrdonneTabulation();
+  void ChargeIcones();
+  void Relie();
+
+  /// Runs a command under the common handler, with what is typed in the grid stored before. A
+  /// tick of Timer1 and the close box wait until it has ended.
+  template <typename Body>
+  bool Commande(Body body);
+  void ApresCommande();
+
+  void ExecuteMenu(const MenuEntry& entry);
+  void cmd_Click(int index);
+  void cmdFirstLast_Click(int index);
+  void CmbTri_Click();
+  void MnuGrille_Click();
+  void MnuTxtGrille_Click();
+  void MnuInfo_Click();
+  void Timer1_Tick();
+  void ActiveControles();
+  void AffichePosition();
+
+  ProcessState& state_;
+  Platform& io_;
+  QWidget* splash_ = nullptr;
+  bool fileOpen_ = false;
+  bool hourglass_ = false;
+  bool ended_ = false;
+  int running_ = 0;          ///< commands under way
+  bool tickWaits_ = false;   ///< a tick fell inside a command
+  bool closeWaits_ = false;  ///< so did the close box
+  int sortIndex_ = 0;        ///< order that the grid shows
+  bool sortDescending_ = false;
+
+  std::map<std::string, QAction*> actions_;  ///< by object name
+  std::map<std::string, QMenu*> menus_;
+  QWidget* Picture1 = nullptr;  ///< the strip of tools
+  std::array<QToolButton*, 6> cmd{};
+  QToolButton* cmdMap = nullptr;
+  QLabel* LblTri = nullptr;
+  QComboBox* CmbTri = nullptr;
+  std::array<QRadioButton*, 2> OptTri{};
+  std::array<QToolButton*, 2> cmdFirstLast{};
+  QLabel* LabelTitre = nullptr;
+  QLineEdit* BoxTitre_ = nullptr;
+  QLabel* LabelCommentaire = nullptr;
+  QLineEdit* Commentaire_ = nullptr;
+  QLabel* lbl1 = nullptr;
+  TDBGrid* TDBGrid1 = nullptr;
+  QStackedLayout* pages_ = nullptr;  ///< lbl1 until a file is open, then the grid
+  std::array<QLabel*, 3> panels_{};
+  QProgressBar* ProgressBar1 = nullptr;
+  QTimer* Timer1 = nullptr;
+  frmMessage* frmMessage_ = nullptr;
+};
+
+}  // namespace talpena

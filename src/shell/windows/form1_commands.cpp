@@ -1,0 +1,209 @@
+// What the controls of Form1 do: each calls one procedure of the logic.
+#include <QApplication>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QTimer>
+#include <QToolButton>
+
+#include "analysis/windows/frm_options_periodes.h"
+#include "platform/commands.h"
+#include "platform/qt/colours.h"
+#include "shell/windows/form1.h"
+#include "shell/windows/frm_eastern.h"
+#include "store/sort.h"
+#include "store/windows/tdb_grid.h"
+
+namespace talpena {
+namespace {
+
+/// Longest interval of the timer, milliseconds: the program's "minute".
+constexpr int tickMs = 65535;
+
+/// Counts a command while it runs, also when it is left by an exception.
+class Running {
+ public:
+  explicit Running(int& count) : count_(count) { ++count_; }
+  Running(const Running&) = delete;
+  Running& operator=(const Running&) = delete;
+  ~Running() { --count_; }
+
+ private:
+  int& count_;
+};
+
+}  // namespace
+
+template <typename Body>
+bool Form1::Commande(Body body) {
+  if (running_ > 0 || !TDBGrid1->ValideEdition()) return false;
+  bool done = false;
+  {
+    const Running running(running_);
+    ExecuteCommande(state_, io_, {}, [&] {
+      body();
+      done = true;
+    });
+  }
+  ApresCommande();
+  return done;
+}
+
+void Form1::ApresCommande() {
+  if (tickWaits_) {
+    tickWaits_ = false;
+    QTimer::singleShot(0, this, &Form1::Timer1_Tick);
+  }
+  if (closeWaits_) {
+    closeWaits_ = false;
+    QTimer::singleShot(0, this, &QWidget::close);
+  }
+}
+
+void Form1::Relie() {
+  for (std::size_t i = 0; i < cmd.size(); ++i) {
+    connect(cmd[i], &QToolButton::clicked, this, [this, i] { cmd_Click(static_cast<int>(i)); });
+  }
+  for (std::size_t i = 0; i < cmdFirstLast.size(); ++i) {
+    connect(cmdFirstLast[i], &QToolButton::clicked, this,
+            [this, i] { cmdFirstLast_Click(static_cast<int>(i)); });
+  }
+  connect(CmbTri, &QComboBox::currentIndexChanged, this, &Form1::CmbTri_Click);
+  connect(OptTri[1], &QRadioButton::toggled, this, &Form1::CmbTri_Click);
+  for (QLineEdit* box : {BoxTitre_, Commentaire_}) {
+    connect(box, &QLineEdit::textEdited, this, [this] { state_.FichierModifie = true; });
+  }
+  connect(lbl1, &QLabel::linkActivated, this,
+          [this](const QString& link) { cmd_Click(link == QLatin1String("new") ? 2 : 0); });
+  Timer1 = new QTimer(this);
+  Timer1->setObjectName(QStringLiteral("Timer1"));
+  Timer1->setInterval(tickMs);
+  connect(Timer1, &QTimer::timeout, this, &Form1::Timer1_Tick);
+  Timer1->start();
+}
+
+bool Form1::Charge(const std::string& commandLine) {
+  {
+    const Running running(running_);
+    ChargeForm1(Contexte(), commandLine);
+  }
+  ApresCommande();
+  return !ended_;
+}
+
+void Form1::ExecuteMenu(const MenuEntry& entry) {
+  if (entry.command == MenuCommand::Lang) {
+    Commande([&] { MnuLang_Click(Contexte(), entry.index); });
+    actions_.at("MnuLang_" + std::to_string(state_.Langue / 1000))->setChecked(true);
+    return;
+  }
+  Commande([&] {
+    switch (entry.command) {
+      case MenuCommand::Nouveau:
+        return MnuNouveau_Click(Fichiers());
+      case MenuCommand::Ouvrir:
+        return MnuOuvrir_Click(Fichiers());
+      case MenuCommand::Enregistrer:
+        return MnuEnregistrer_Click(Fichiers());
+      case MenuCommand::EnrSous:
+        return MnuEnrSous_Click(Fichiers());
+      case MenuCommand::Grouper:
+        return MnuGrouper_Click(Fichiers());
+      case MenuCommand::Fusionner:
+        return MnuFusionner_Click(Fichiers());
+      case MenuCommand::LastFile:
+        return MnuLastFile_Click(Fichiers(), entry.index - 1);
+      case MenuCommand::Quitter:
+        return MnuQuitter_Click(Contexte());
+      case MenuCommand::OptionsPeriodes:
+        return MontreOptionsPeriodes();
+      case MenuCommand::Grille:
+        return MnuGrille_Click();
+      case MenuCommand::TxtGrille:
+        return MnuTxtGrille_Click();
+      case MenuCommand::Info:
+        return MnuInfo_Click();
+      case MenuCommand::Lang:
+      case MenuCommand::None:
+        return;
+    }
+  });
+}
+
+void Form1::cmd_Click(int index) {
+  Commande([&] {
+    if (index == 0) MnuOuvrir_Click(Fichiers());
+    if (index == 1) MnuEnregistrer_Click(Fichiers());
+    if (index == 2) MnuNouveau_Click(Fichiers());
+  });
+}
+
+void Form1::cmdFirstLast_Click(int index) {
+  Commande([&] {
+    if (!state_.Data1.EstLie()) return;
+    Recordset& rows = state_.Data1.recordset();
+    index == 0 ? rows.MoveFirst() : rows.MoveLast();
+    state_.Data1.SignalePosition();
+  });
+}
+
+void Form1::CmbTri_Click() {
+  const int index = CmbTri->currentIndex();
+  const bool descending = OptTri[1]->isChecked();
+  if (Commande([&] { ChangeTri(state_, index, descending); })) {
+    sortIndex_ = index;
+    sortDescending_ = descending;
+    return;
+  }
+  const QSignalBlocker list(CmbTri);  // the controls show the order that the grid has
+  const QSignalBlocker option(OptTri[1]);
+  CmbTri->setCurrentIndex(sortIndex_);
+  OptTri[sortDescending_ ? 1 : 0]->setChecked(true);
+}
+
+void Form1::MnuGrille_Click() {
+  const QColor now = EnQColor(state_.CouleurFondGrille, QApplication::palette());
+  state_.CouleurFondGrille = io_.dialogues.ChoisitCouleur(EnCouleur(now));
+  TDBGrid1->AppliqueCouleurs();
+}
+
+void Form1::MnuTxtGrille_Click() {
+  const QColor now = TDBGrid1->palette().color(QPalette::Text);
+  state_.CouleurTexteGrille = io_.dialogues.ChoisitCouleur(EnCouleur(now));
+  TDBGrid1->AppliqueCouleurs();
+}
+
+void Form1::MnuInfo_Click() { frmEastern(state_.Langue, this).exec(); }
+
+void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, this).exec(); }
+
+void Form1::Timer1_Tick() {
+  if (running_ > 0) {
+    tickWaits_ = true;
+    return;
+  }
+  {
+    // What is half typed in the grid stays half typed.
+    const Running running(running_);
+    ExecuteCommande(state_, io_, {}, [this] { Timer1_Timer(Fichiers()); });
+  }
+  ApresCommande();
+}
+
+void Form1::closeEvent(QCloseEvent* event) {
+  event->accept();
+  if (ended_) return;
+  if (running_ > 0) {
+    closeWaits_ = true;
+    event->ignore();
+    return;
+  }
+  TDBGrid1->TermineEdition();
+  const Running running(running_);
+  ExecuteCommande(state_, io_, {}, [this] { Form1_Unload(Contexte()); });
+}
+
+}  // namespace talpena

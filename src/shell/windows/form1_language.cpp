@@ -1,0 +1,90 @@
+// Captions of Form1 in the current language.
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "shell/windows/form1.h"
+#include "store/windows/tdb_grid.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::array captionsTri = {182, 183, 184, 185, 186, 187, 188, 137};
+
+/// A caption, and behind it the key that does the same.
+QString AvecTouche(const QString& caption, const QAction& action) {
+  const QString key = action.shortcut().toString(QKeySequence::NativeText);
+  return key.isEmpty() ? caption : QStringLiteral("%1 (%2)").arg(caption, key);
+}
+
+}  // namespace
+
+void Form1::AppliqueLangue() {
+  const auto texte = [this](int id) { return QString::fromStdString(Texte(state_.Langue, id)); };
+  ParcourtMenus([this](const MenuEntry& entry) {
+    if (entry.EstSeparateur() || entry.command == MenuCommand::LastFile) return;
+    const QString caption = QString::fromStdString(LibelleMenu(entry, state_.Langue));
+    const auto menu = menus_.find(NomObjet(entry));
+    if (menu != menus_.end()) {
+      menu->second->setTitle(caption);
+    } else {
+      actions_.at(NomObjet(entry))->setText(caption);
+    }
+  });
+  actions_.at("MnuLang_" + std::to_string(state_.Langue / 1000))->setChecked(true);
+
+  const std::array<const char*, 3> sameCommand = {"MnuOuvrir", "MnuEnregistrer", "MnuNouveau"};
+  for (std::size_t i = 0; i < cmd.size(); ++i) {
+    const QString caption = texte(MsgId::CmdOuvrir + static_cast<int>(i));
+    cmd[i]->setText(caption);
+    cmd[i]->setAccessibleName(caption);
+    cmd[i]->setToolTip(i < sameCommand.size() ? AvecTouche(caption, *actions_.at(sameCommand[i]))
+                                              : caption);
+  }
+  cmd[3]->setToolTip(QString::fromStdString(SansMnemonique(Texte(state_.Langue, MsgId::Editer))));
+  cmdMap->setText(texte(MsgId::Carte));
+  cmdMap->setAccessibleName(texte(MsgId::Carte));
+  for (std::size_t i = 0; i < cmdFirstLast.size(); ++i) {
+    const QString caption = texte(MsgId::PremiereLigne + static_cast<int>(i));
+    cmdFirstLast[i]->setToolTip(caption);
+    cmdFirstLast[i]->setAccessibleName(caption);
+  }
+
+  LblTri->setText(texte(MsgId::Tri));
+  for (std::size_t i = 0; i < OptTri.size(); ++i) {
+    OptTri[i]->setText(texte(MsgId::Croissant + static_cast<int>(i)));
+  }
+  const QSignalBlocker unsorted(CmbTri);  // other words for the order that the grid has
+  CmbTri->clear();
+  CmbTri->addItem(QStringLiteral("None"));
+  for (const int id : captionsTri) CmbTri->addItem(texte(id));
+  CmbTri->addItem(QStringLiteral("Sex"));
+  CmbTri->setCurrentIndex(sortIndex_);
+  CmbTri->setAccessibleName(texte(MsgId::OrdreTri));
+  TDBGrid1->setAccessibleName(texte(MsgId::TableDonnees));
+
+  const QString hint = QStringLiteral(
+      "<p style='font-size:x-large'>%1</p><p><a href='open'>%2</a>"
+      " &nbsp; Ctrl+O &nbsp;&nbsp;&nbsp;&nbsp; "
+      "<a href='new'>%3</a> &nbsp; Ctrl+N</p>");
+  lbl1->setText(
+      hint.arg(texte(MsgId::AucunFichier), texte(MsgId::CmdOuvrir), texte(MsgId::CmdNouveau)));
+}
+
+void Form1::InitFenetres() {
+  const auto texte = [this](int id) { return QString::fromStdString(Texte(state_.Langue, id)); };
+  LabelTitre->setText(texte(MsgId::Titre));
+  LabelCommentaire->setText(texte(MsgId::CommentaireTitre));
+  BoxTitre_->setAccessibleName(texte(MsgId::Titre));
+  Commentaire_->setAccessibleName(texte(MsgId::CommentaireTitre));
+  centralWidget()->setAccessibleName(texte(MsgId::Distribution));
+}
+
+}  // namespace talpena

@@ -1,0 +1,120 @@
+#include "shell/windows/pictures.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPalette>
+#include <QPixmap>
+#include <QStyle>
+#include <QStyleFactory>
+#include <QTimer>
+#include <QWidget>
+#include <array>
+#include <memory>
+
+#include "analysis/windows/frm_options_periodes.h"
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "coords/windows/frm_datum.h"
+#include "shell/start_stop.h"
+#include "shell/windows/form1.h"
+#include "shell/windows/frm_eastern.h"
+#include "shell/windows/frm_message.h"
+#include "shell/windows/start.h"
+
+namespace talpena {
+namespace {
+
+struct LanguageName {
+  int index;
+  const char* code;
+};
+constexpr std::array languages = {LanguageName{0, "fr"}, LanguageName{3, "de"},
+                                  LanguageName{4, "it"}, LanguageName{5, "nl"},
+                                  LanguageName{1, "en"}};
+
+QPalette PaletteSombre() {
+  const QColor text(0xE6, 0xE6, 0xE6);
+  QPalette dark(QColor(0x35, 0x37, 0x3B), QColor(0x2B, 0x2D, 0x30));
+  dark.setColor(QPalette::Base, QColor(0x1F, 0x21, 0x24));
+  dark.setColor(QPalette::AlternateBase, QColor(0x26, 0x28, 0x2B));
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    dark.setColor(role, text);
+    dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x82, 0x85));
+  }
+  dark.setColor(QPalette::Highlight, QColor(0x2F, 0x65, 0xCA));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  dark.setColor(QPalette::Link, QColor(0x6C, 0xA6, 0xFF));
+  dark.setColor(QPalette::ToolTipBase, QColor(0x3C, 0x3F, 0x43));
+  dark.setColor(QPalette::ToolTipText, text);
+  return dark;
+}
+
+class Photographer {
+ public:
+  explicit Photographer(const QString& folder) : folder_(folder) {}
+
+  void Prend(QWidget& window, const QString& name) {
+    window.ensurePolished();
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    good_ = window.grab().save(folder_.filePath(name + QStringLiteral(".png"))) && good_;
+  }
+  /// A window that is not on show: shown for the picture only.
+  void PrendFenetre(QWidget& window, const QString& name) {
+    window.show();
+    Prend(window, name);
+    window.hide();
+  }
+  bool Reussi() const { return good_; }
+
+ private:
+  QDir folder_;
+  bool good_ = true;
+};
+
+void PrendAutres(Photographer& photographer, ProcessState& state, Platform& io,
+                 const QString& suffix) {
+  frmEastern about(state.Langue);
+  photographer.PrendFenetre(about, QStringLiteral("about") + suffix);
+  frmOptionsPeriodes periods(state, io);
+  photographer.PrendFenetre(periods, QStringLiteral("periods") + suffix);
+  frmDatum datum(state);
+  photographer.PrendFenetre(datum, QStringLiteral("datum") + suffix);
+  frmMessage message;
+  message.Affiche(
+      QString::fromStdString(Texte(state.Langue, MsgId::Ouverture) + " " + state.NomFichier));
+  photographer.Prend(message, QStringLiteral("message") + suffix);
+  Start splash;
+  photographer.PrendFenetre(splash, QStringLiteral("splash") + suffix);
+}
+
+}  // namespace
+
+bool PrendImages(Form1& form, ProcessState& state, Platform& io, const QString& folder) {
+  QDir().mkpath(folder);
+  Photographer photographer(folder);
+  for (const LanguageName& language : languages) {
+    MnuLang_Click(form.Contexte(), language.index);
+    photographer.Prend(form, QStringLiteral("main_%1").arg(QLatin1String(language.code)));
+  }
+  PrendAutres(photographer, state, io, {});
+  QApplication::setPalette(PaletteSombre());
+  photographer.Prend(form, QStringLiteral("main_dark"));
+  PrendAutres(photographer, state, io, QStringLiteral("_dark"));
+  return photographer.Reussi();
+}
+
+void FermeBoites(const QString& folder, QObject* lifetime) {
+  auto* watch = new QTimer(lifetime);
+  const auto count = std::make_shared<int>(0);
+  QObject::connect(watch, &QTimer::timeout, watch, [folder, count] {
+    QWidget* box = QApplication::activeModalWidget();
+    if (box == nullptr) return;
+    QDir().mkpath(folder);
+    box->grab().save(QDir(folder).filePath(QStringLiteral("box_%1.png").arg(++*count)));
+    box->close();
+  });
+  watch->start(50);
+}
+
+}  // namespace talpena

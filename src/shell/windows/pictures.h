@@ -1,0 +1,21 @@
+// Pictures of the windows, for machines without a display.
+#pragma once
+#include <QObject>
+#include <QString>
+
+#include "platform/platform.h"
+#include "shell/process_state.h"
+
+namespace talpena {
+
+class Form1;
+
+/// Saves PNG pictures of every window into a folder: the main window in light, in dark and in
+/// each language, and the other windows in the first. False when one could not be written.
+bool PrendImages(Form1& form, ProcessState& state, Platform& io, const QString& folder);
+
+/// Takes a picture of every box that comes up before the windows are ready, and closes it, so
+/// that nobody has to answer.
+void FermeBoites(const QString& folder, QObject* lifetime);
+
+}  // namespace talpena

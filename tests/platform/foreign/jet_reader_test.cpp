@@ -1,0 +1,499 @@
+#include "platform/foreign/jet_reader.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <optional>
+#include <random>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "common/numbers.h"
+#include "common/talpena_error.h"
+#include "common/text.h"
+
+namespace talpena {
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path mdbFolder = fs::path(TALPENA_SHARED_DATA) / "db" / "mdb";
+
+#define NEEDS_SHARED_DATA() \
+  if (!fs::exists(mdbFolder)) GTEST_SKIP() << "no Access files under " << mdbFolder
+
+using Row = std::vector<Value>;
+
+std::vector<Row> LitLignes(ForeignDatabase& database, const std::string& table,
+                           std::size_t columns) {
+  std::vector<Row> rows;
+  std::vector<Cell> cells(columns);
+  const auto source = database.Rows(table);
+  while (source->Suivante(cells)) {
+    Row row;
+    for (const Cell& cell : cells) row.push_back(cell.Garde());
+    rows.push_back(std::move(row));
+  }
+  EXPECT_FALSE(source->Suivante(cells)) << "the end lasts";
+  return rows;
+}
+
+TableDef TableDe(ForeignDatabase& database, const std::string& name) {
+  for (const TableDef& table : database.Tables()) {
+    if (table.name == name) return table;
+  }
+  ADD_FAILURE() << "no table " << name;
+  return {};
+}
+
+std::vector<Row> LitTable(const std::string& file, const std::string& table) {
+  const auto database = CreeFormatJet()->Ouvre((mdbFolder / file).string());
+  return LitLignes(*database, table, TableDe(*database, table).fields.size());
+}
+
+/// Number of the failure that reading the whole file ends in; 0 for none.
+int NumeroDe(const std::string& path, const LimitesJet& limits = {}) {
+  try {
+    const auto database = CreeFormatJet(limits)->Ouvre(path);
+    for (const TableDef& table : database->Tables()) {
+      LitLignes(*database, table.name, table.fields.size());
+    }
+  } catch (const TalpenaError& e) {
+    return e.number();
+  }
+  return 0;
+}
+
+struct Content {
+  const char* file;
+  const char* table;
+  std::size_t rows;
+  std::size_t columns;
+};
+
+// Counted with the tools of mdbtools and named with the files.
+// clang-format off
+constexpr Content contents[] = {
+    {"DateTestDatabase.mdb", "DateTest", 6, 6},
+    {"compIndexTestV2000.mdb", "Table1", 512, 0},
+    {"fixedTextTestV2000.mdb", "users", 2, 10},
+    {"indexTestV1997.mdb", "Table1", 4, 5},
+    {"indexTestV1997.mdb", "Table2", 3, 2},
+    {"indexTestV1997.mdb", "Table3", 4, 2},
+    {"indexTestV2003.mdb", "Table1", 4, 5},
+    {"indexTestV2003.mdb", "Table2", 3, 2},
+    {"indexTestV2003.mdb", "Table3", 4, 2},
+    {"queryTestV1997.mdb", "Table1", 0, 3},
+    {"queryTestV1997.mdb", "Table2", 0, 3},
+    {"queryTestV1997.mdb", "Table3", 0, 3},
+    {"queryTestV2003.mdb", "Table1", 0, 3},
+    {"queryTestV2003.mdb", "Table2", 0, 3},
+    {"queryTestV2003.mdb", "Table3", 0, 3},
+    {"test2V1997.mdb", "MSP_PROJECTS", 1, 74},
+    {"test2V2000.mdb", "MSP_PROJECTS", 1, 74},
+    {"testIndexPropertiesV2000.mdb", "TableIgnoreNulls1", 10, 2},
+    {"testIndexPropertiesV2000.mdb", "TableIgnoreNulls1_temp", 0, 2},
+    {"testIndexPropertiesV2000.mdb", "TableIgnoreNulls2", 11, 3},
+    {"testIndexPropertiesV2000.mdb", "TableIgnoreNulls2_temp", 0, 3},
+    {"testIndexPropertiesV2000.mdb", "TableUnique1_temp", 10, 2},
+    {"testIndexPropertiesV2000.mdb", "TableUnique2_temp", 11, 3},
+    {"testV1997.mdb", "Table1", 2, 9},
+    {"testV1997.mdb", "Table2", 0, 89},
+    {"testV1997.mdb", "Table3", 0, 2},
+    {"testV1997.mdb", "Table4", 0, 2},
+};
+// clang-format on
+
+TEST(JetReader, ReadsEveryTableOfTheRealFiles) {
+  NEEDS_SHARED_DATA();
+  std::map<std::string, std::set<std::string>> expected;
+  for (const Content& c : contents) {
+    SCOPED_TRACE(std::string(c.file) + " " + c.table);
+    expected[c.file].insert(c.table);
+    const auto database = CreeFormatJet()->Ouvre((mdbFolder / c.file).string());
+    const std::size_t columns = TableDe(*database, c.table).fields.size();
+    EXPECT_TRUE(c.columns == 0 || columns == c.columns) << columns;
+    EXPECT_EQ(LitLignes(*database, c.table, columns).size(), c.rows);
+  }
+  for (const auto& entry : fs::directory_iterator(mdbFolder)) {
+    std::set<std::string> names;
+    for (const TableDef& table : CreeFormatJet()->Ouvre(entry.path().string())->Tables()) {
+      names.insert(table.name);
+    }
+    EXPECT_EQ(names, expected[entry.path().filename().string()]) << entry.path();
+  }
+}
+
+TEST(JetReader, DefinesTheColumns) {
+  NEEDS_SHARED_DATA();
+  const auto jet3 = CreeFormatJet()->Ouvre((mdbFolder / "testV1997.mdb").string());
+  const TableDef table = TableDe(*jet3, "Table1");
+  const std::vector<std::pair<std::string, FieldType>> expected = {
+      {"A", FieldType::Text},    {"B", FieldType::Text},     {"C", FieldType::Byte},
+      {"D", FieldType::Integer}, {"E", FieldType::Long},     {"F", FieldType::Double},
+      {"G", FieldType::Date},    {"H", FieldType::Currency}, {"I", FieldType::Boolean}};
+  ASSERT_EQ(table.fields.size(), expected.size());
+  for (std::size_t i = 0; i < expected.size(); ++i) {
+    EXPECT_EQ(table.fields[i].name, expected[i].first);
+    EXPECT_EQ(table.fields[i].type, expected[i].second) << expected[i].first;
+    EXPECT_TRUE(table.fields[i].allowZeroLength);
+    EXPECT_FALSE(table.fields[i].required);
+  }
+  EXPECT_EQ(table.fields[0].size, 50);
+  EXPECT_EQ(table.fields[1].size, 100);
+  EXPECT_EQ(table.fields[2].size, 0);
+
+  const auto jet4 = CreeFormatJet()->Ouvre((mdbFolder / "fixedTextTestV2000.mdb").string());
+  const TableDef users = TableDe(*jet4, "users");
+  EXPECT_EQ(users.fields[1].size, 32);
+  EXPECT_EQ(users.fields[4].size, 200);
+
+  const auto dates = CreeFormatJet()->Ouvre((mdbFolder / "DateTestDatabase.mdb").string());
+  EXPECT_FALSE(TableDe(*dates, "DateTest").fields[0].autoIncrement);
+  EXPECT_TRUE(TableDe(*jet3, "Table3").fields[0].autoIncrement);
+  EXPECT_EQ(TableDe(*dates, "DateTest").fields[4].type, FieldType::Memo);
+}
+
+TEST(JetReader, ReadsEveryTypeOfValue) {
+  NEEDS_SHARED_DATA();
+  const auto rows = LitTable("testV1997.mdb", "Table1");
+  ASSERT_EQ(rows.size(), 2U);
+  const Row first = {"a",
+                     "b",
+                     std::int64_t{0},
+                     std::int64_t{0},
+                     std::int64_t{0},
+                     0.0,
+                     29932.0 /* 1981-12-12 */,
+                     0.0,
+                     std::int64_t{0}};
+  const Row second = {"abcdefg",
+                      "hijklmnop",
+                      std::int64_t{2},
+                      std::int64_t{222},
+                      std::int64_t{333333333},
+                      444.555,
+                      27293.0 /* 1974-09-21 */,
+                      3.5,
+                      std::int64_t{-1}};
+  EXPECT_EQ(rows[0], first);
+  EXPECT_EQ(rows[1], second);
+}
+
+TEST(JetReader, ReadsMemosWithTheirLineBreaks) {
+  NEEDS_SHARED_DATA();
+  const auto rows = LitTable("DateTestDatabase.mdb", "DateTest");
+  ASSERT_EQ(rows.size(), 6U);
+  EXPECT_EQ(rows[0][4], Value("Hello"));
+  EXPECT_EQ(rows[4][4], Value("Escaped new line \\r\\n in field"));
+  EXPECT_EQ(std::get<std::string>(rows[5][4]).substr(0, 8), "New line");
+  EXPECT_EQ(rows[5][5], Value("No new line"));
+}
+
+TEST(JetReader, ReadsDatesOfAllCenturies) {
+  NEEDS_SHARED_DATA();
+  const auto rows = LitTable("DateTestDatabase.mdb", "DateTest");
+  EXPECT_EQ(rows[1][1], Value(2958101.0));  // 9999-01-01
+  EXPECT_EQ(rows[2][1], Value(-728.0));     // 1898-01-01
+  EXPECT_EQ(rows[3][1], Value(-463126.0));  // 0632-01-01
+}
+
+TEST(JetReader, FindsTablesInAnyCase) {
+  NEEDS_SHARED_DATA();
+  const auto database = CreeFormatJet()->Ouvre((mdbFolder / "indexTestV2003.mdb").string());
+  EXPECT_EQ(LitLignes(*database, "TABLE2", 2).size(), 3U);
+  try {
+    database->Rows("Table9");
+    ADD_FAILURE() << "a table that is not there was opened";
+  } catch (const TalpenaError& e) {
+    EXPECT_EQ(e.number(), ErrorNumber::TableNotFound);
+    EXPECT_EQ(e.description(), "The database engine cannot find the table 'Table9'.");
+  }
+}
+
+TEST(JetReader, FillsAsManyCellsAsAreAskedFor) {
+  NEEDS_SHARED_DATA();
+  const auto database = CreeFormatJet()->Ouvre((mdbFolder / "testV1997.mdb").string());
+  const auto rows = LitLignes(*database, "Table1", 11);
+  EXPECT_EQ(rows[1].size(), 11U);
+  EXPECT_EQ(rows[1][8], Value(std::int64_t{-1}));
+  EXPECT_EQ(rows[1][10], Value());
+  EXPECT_EQ(LitLignes(*database, "Table1", 1)[1], Row{"abcdefg"});
+}
+
+TEST(JetReader, ReadsTwoTablesAtOnceAndLeavesOneUnfinished) {
+  NEEDS_SHARED_DATA();
+  const auto database = CreeFormatJet()->Ouvre((mdbFolder / "compIndexTestV2000.mdb").string());
+  std::vector<Cell> a(1), b(1);
+  const auto one = database->Rows("Table1");
+  const auto two = database->Rows("Table1");
+  ASSERT_TRUE(one->Suivante(a));
+  ASSERT_TRUE(two->Suivante(b));
+  ASSERT_TRUE(one->Suivante(a));
+  EXPECT_EQ(b[0].Garde().index(), a[0].Garde().index());
+}
+
+TEST(JetReader, DoesNotFollowTheUsersLocale) {
+  NEEDS_SHARED_DATA();
+  const std::string before = std::setlocale(LC_ALL, nullptr);
+  const auto expected = LitTable("testV1997.mdb", "Table1");
+  std::setlocale(LC_ALL, "de_DE.UTF-8");
+  const auto rows = LitTable("testV1997.mdb", "Table1");
+  std::setlocale(LC_ALL, before.c_str());
+  EXPECT_EQ(rows, expected);
+}
+
+TEST(JetReader, LeavesTheFileAsItIs) {
+  NEEDS_SHARED_DATA();
+  const fs::path copy = fs::path(testing::TempDir()) / "jet_reader_copy.mdb";
+  fs::remove(copy);
+  fs::copy_file(mdbFolder / "testV1997.mdb", copy);
+  fs::permissions(copy, fs::perms::owner_read | fs::perms::owner_write);
+  const auto time = fs::last_write_time(copy);
+  EXPECT_EQ(NumeroDe(copy.string()), 0);
+  EXPECT_EQ(fs::last_write_time(copy), time);
+  EXPECT_EQ(fs::file_size(copy), fs::file_size(mdbFolder / "testV1997.mdb"));
+  fs::remove(copy);
+}
+
+// --- mdb-export as a second reader -----------------------------------------------------------
+
+constexpr char columnEnd = '\x1F', rowEnd = '\x1E', nullMark = '\x1D';
+
+std::optional<std::string> Sortie(const std::string& command) {
+  FILE* pipe = popen(command.c_str(), "r");
+  if (pipe == nullptr) return {};
+  std::string out;
+  std::array<char, 4096> block{};
+  for (std::size_t n = 0; (n = fread(block.data(), 1, block.size(), pipe)) > 0;) {
+    out.append(block.data(), n);
+  }
+  return pclose(pipe) == 0 ? std::optional(out) : std::nullopt;
+}
+
+std::string EntreQuotes(const std::string& text) {
+  return "'" + Remplace(text, "'", "'\\''") + "'";
+}
+
+/// A date serial as mdb-export writes it with the format below; the library knows only the days
+/// from 1900 to the year 4637.
+std::optional<std::string> DateTexte(double serial) {
+  if (serial < 2 || serial > 1e6) return {};
+  const auto seconds = static_cast<std::time_t>(std::llround((serial - 25569) * 86400));
+  std::tm utc{};
+  gmtime_r(&seconds, &utc);
+  std::array<char, 40> text{};
+  std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", &utc);
+  return text.data();
+}
+
+void Compare(const Value& ours, FieldType type, const std::string& theirs) {
+  const std::string null(1, nullMark);
+  if (std::holds_alternative<std::monostate>(ours)) {
+    EXPECT_EQ(theirs, null);
+  } else if (type == FieldType::Text || type == FieldType::Memo) {
+    const std::string& text = std::get<std::string>(ours);
+    EXPECT_EQ(theirs == null ? "" : theirs, text);
+  } else if (type == FieldType::Binary) {
+    EXPECT_NE(theirs, null);
+  } else if (type == FieldType::Boolean) {
+    EXPECT_EQ(theirs, std::get<std::int64_t>(ours) == -1 ? "1" : "0");
+  } else if (type == FieldType::Date) {
+    const auto date = DateTexte(std::get<double>(ours));
+    EXPECT_EQ(date ? theirs : "", date.value_or(""));
+  } else {
+    EXPECT_NEAR(Cell::Vue(ours).Nombre(), Val(theirs), 1e-9 * std::abs(Val(theirs)));
+  }
+}
+
+TEST(JetReader, AgreesWithMdbExport) {
+  NEEDS_SHARED_DATA();
+  if (!Sortie("command -v mdb-export")) GTEST_SKIP() << "mdb-export is not installed";
+  std::size_t cells = 0;
+  for (const Content& c : contents) {
+    SCOPED_TRACE(std::string(c.file) + " " + c.table);
+    const std::string path = (mdbFolder / c.file).string();
+    const auto out = Sortie(
+        "LC_ALL=C mdb-export -H -Q -b hex -d '\x1F' -R '\x1E' -0 '\x1D'"
+        " -D '%Y-%m-%d %H:%M:%S' -T '%Y-%m-%d %H:%M:%S' " +
+        EntreQuotes(path) + " " + EntreQuotes(c.table));
+    ASSERT_TRUE(out);
+    std::vector<std::string> theirs = Decoupe(*out, rowEnd);
+    theirs.pop_back();
+    const auto database = CreeFormatJet()->Ouvre(path);
+    const TableDef table = TableDe(*database, c.table);
+    const auto ours = LitLignes(*database, c.table, table.fields.size());
+    ASSERT_EQ(ours.size(), theirs.size());
+    for (std::size_t r = 0; r < ours.size(); ++r) {
+      const auto fields = Decoupe(theirs[r], columnEnd);
+      ASSERT_EQ(fields.size(), table.fields.size());
+      for (std::size_t f = 0; f < fields.size(); ++f) {
+        SCOPED_TRACE("row " + std::to_string(r) + " " + table.fields[f].name);
+        Compare(ours[r][f], table.fields[f].type, fields[f]);
+        ++cells;
+      }
+    }
+  }
+  EXPECT_GT(cells, 1000U);
+}
+
+// --- what is no such file, and what was one ---------------------------------------------------
+
+std::string Lis(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+std::size_t TaillePage(std::string_view name) {
+  return name.find("V1997") == std::string_view::npos ? 4096 : 2048;
+}
+
+/// All names and values of a file, in one text.
+std::string Empreinte(const std::string& path) {
+  std::string all;
+  const auto database = CreeFormatJet()->Ouvre(path);
+  for (const TableDef& table : database->Tables()) {
+    all += table.name + '\n';
+    for (const Row& row : LitLignes(*database, table.name, table.fields.size())) {
+      for (const Value& value : row) all += Cell::Vue(value).Texte() + columnEnd;
+      all += rowEnd;
+    }
+  }
+  return all;
+}
+
+class JetReaderDamage : public testing::Test {
+ protected:
+  std::string Ecris(const std::string& bytes) const {
+    std::ofstream out(path_, std::ios::binary | std::ios::trunc);
+    out << bytes;
+    return path_;
+  }
+  void TearDown() override { fs::remove(path_); }
+
+  const std::string path_ = testing::TempDir() + "jet_damage_" + std::to_string(getpid()) + ".mdb";
+};
+
+TEST_F(JetReaderDamage, NamesAMissingFile) {
+  try {
+    CreeFormatJet()->Ouvre("/nowhere/DATUM.MDB");
+    ADD_FAILURE();
+  } catch (const TalpenaError& e) {
+    EXPECT_EQ(e.number(), ErrorNumber::DatabaseNotFound);
+    EXPECT_EQ(e.description(), "Could not find file '/nowhere/DATUM.MDB'.");
+  }
+  EXPECT_FALSE(CreeFormatJet()->Reconnait("/nowhere/DATUM.MDB", ""));
+}
+
+TEST_F(JetReaderDamage, RefusesOtherFiles) {
+  EXPECT_EQ(NumeroDe(Ecris("")), ErrorNumber::UnrecognizedFormat);
+  EXPECT_EQ(NumeroDe(Ecris("hello")), ErrorNumber::UnrecognizedFormat);
+  EXPECT_EQ(NumeroDe(Ecris(std::string(100000, '\0'))), ErrorNumber::UnrecognizedFormat);
+  EXPECT_FALSE(CreeFormatJet()->Reconnait(path_, ""));
+  EXPECT_EQ(NumeroDe(testing::TempDir()), ErrorNumber::UnrecognizedFormat);
+  try {
+    CreeFormatJet()->Ouvre(Ecris("x"));
+    ADD_FAILURE();
+  } catch (const TalpenaError& e) {
+    EXPECT_EQ(e.description(), "Unrecognized database format '" + path_ + "'.");
+  }
+}
+
+TEST_F(JetReaderDamage, DoesNotWaitForAPipe) {
+  ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
+  EXPECT_FALSE(CreeFormatJet()->Reconnait(path_, ""));
+  EXPECT_EQ(NumeroDe(path_), ErrorNumber::UnrecognizedFormat);
+}
+
+TEST_F(JetReaderDamage, RefusesAHeadWithoutABody) {
+  NEEDS_SHARED_DATA();
+  const std::string head = Lis(mdbFolder / "testV1997.mdb").substr(0, 2048);
+  EXPECT_EQ(NumeroDe(Ecris(head)), ErrorNumber::UnrecognizedFormat);
+  EXPECT_EQ(NumeroDe(Ecris(head + std::string(60 * 2048, '\0'))), ErrorNumber::UnrecognizedFormat);
+  EXPECT_EQ(NumeroDe(Ecris(head + std::string(60 * 2048, '\xFF'))),
+            ErrorNumber::UnrecognizedFormat);
+}
+
+TEST_F(JetReaderDamage, KeepsItsLimits) {
+  NEEDS_SHARED_DATA();
+  const std::string path = (mdbFolder / "testIndexPropertiesV2000.mdb").string();
+  EXPECT_EQ(NumeroDe(path), 0);
+  EXPECT_EQ(NumeroDe(path, {.octetsFichier = 200000}), ErrorNumber::UnrecognizedFormat);
+  EXPECT_EQ(NumeroDe(path, {.tables = 5}), ErrorNumber::UnrecognizedFormat);
+  EXPECT_EQ(NumeroDe(path, {.tables = 6}), 0);
+  EXPECT_EQ(NumeroDe(path, {.colonnes = 2}), ErrorNumber::UnrecognizedFormat);
+  EXPECT_EQ(NumeroDe(path, {.colonnes = 3}), 0);
+  EXPECT_EQ(NumeroDe(path, {.lignes = 10}), ErrorNumber::UnrecognizedFormat);
+  EXPECT_EQ(NumeroDe(path, {.lignes = 11}), 0);
+  const std::string memos = (mdbFolder / "DateTestDatabase.mdb").string();
+  EXPECT_EQ(NumeroDe(memos, {.octetsMemo = 4}), ErrorNumber::UnrecognizedFormat);
+}
+
+TEST_F(JetReaderDamage, NeverLosesRowsOfACutFileInSilence) {
+  NEEDS_SHARED_DATA();
+  for (const char* name : {"compIndexTestV2000.mdb", "indexTestV1997.mdb"}) {
+    const std::string whole = Lis(mdbFolder / name);
+    const std::size_t page = TaillePage(name);
+    for (std::size_t pages = 0; pages * page < whole.size(); pages += 2) {
+      const int number = NumeroDe(Ecris(whole.substr(0, pages * page)));
+      // A page behind the last that is in use may go.
+      if (number == 0) {
+        EXPECT_EQ(Empreinte(path_), Empreinte((mdbFolder / name).string())) << name << ' ' << pages;
+      } else {
+        EXPECT_EQ(number, ErrorNumber::UnrecognizedFormat) << name << ' ' << pages;
+      }
+    }
+    EXPECT_EQ(NumeroDe(Ecris(whole.substr(0, whole.size() - 1))), ErrorNumber::UnrecognizedFormat);
+  }
+}
+
+// Every byte of a file may be any other: it is read, or it is damaged, and nothing else happens.
+TEST_F(JetReaderDamage, SurvivesChangedBytes) {
+  NEEDS_SHARED_DATA();
+  testing::internal::CaptureStderr();
+  testing::internal::CaptureStdout();
+  std::mt19937 random(1);
+  int damaged = 0;
+  for (const char* name : {"testV1997.mdb", "DateTestDatabase.mdb", "fixedTextTestV2000.mdb"}) {
+    const std::string whole = Lis(mdbFolder / name);
+    for (int round = 0; round < 40; ++round) {
+      std::string bytes = whole;
+      for (int k = 0; k <= round * 4; ++k) {
+        const std::size_t at = 24 + random() % (bytes.size() - 24);
+        bytes[at] = static_cast<char>(random());
+      }
+      const int number = NumeroDe(Ecris(bytes), {.silence = std::chrono::milliseconds(500)});
+      EXPECT_TRUE(number == 0 || number == ErrorNumber::UnrecognizedFormat) << number;
+      if (number != 0) ++damaged;
+    }
+  }
+  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
+  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+  EXPECT_GT(damaged, 5);
+}
+
+TEST(JetReader, TakesAccessConnectStringsOnly) {
+  NEEDS_SHARED_DATA();
+  const auto format = CreeFormatJet();
+  const std::string path = (mdbFolder / "testV1997.mdb").string();
+  EXPECT_TRUE(format->Reconnait(path, ""));
+  EXPECT_TRUE(format->Reconnait(path, ";PWD="));
+  EXPECT_TRUE(format->Reconnait(path, "ms access;"));
+  EXPECT_FALSE(format->Reconnait(path, "dBase IV;"));
+  EXPECT_FALSE(format->Reconnait(path, "Excel 5.0;"));
+}
+
+}  // namespace
+}  // namespace talpena

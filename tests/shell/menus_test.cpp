@@ -1,0 +1,144 @@
+// The menu tree: what stands where, under which caption, and what can be chosen.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <fstream>
+#include <set>
+#include <sstream>
+
+#include "common/string_table.h"
+#include "common/talpena_error.h"
+#include "shell/menus.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::array<std::int16_t, 5> languages = {0, 1000, 3000, 4000, 5000};
+
+std::string Dessine(std::span<const MenuEntry> entries, std::int16_t langue,
+                    const std::string& indent = {}) {
+  std::string out;
+  for (const MenuEntry& entry : entries) {
+    if (entry.command == MenuCommand::LastFile) continue;
+    out += indent + NomObjet(entry) + " " + LibelleMenu(entry, langue) + "\n";
+    out += Dessine(entry.children, langue, indent + "  ");
+  }
+  return out;
+}
+
+const MenuEntry* Cherche(const std::string& name) {
+  const MenuEntry* found = nullptr;
+  ParcourtMenus([&](const MenuEntry& entry) {
+    if (NomObjet(entry) == name) found = &entry;
+  });
+  return found;
+}
+
+TEST(Menus, StandAsTheyAreGivenInEnglish) {
+  std::ifstream file(TALPENA_SOURCE_DIR "/tests/data/menus_english.txt");
+  std::stringstream expected;
+  expected << file.rdbuf();
+  EXPECT_EQ(Dessine(ArbreDesMenus(), 1000), expected.str());
+}
+
+TEST(Menus, HaveACaptionInEveryLanguage) {
+  for (const std::int16_t langue : languages) {
+    EXPECT_NO_THROW(Dessine(ArbreDesMenus(), langue)) << langue;
+  }
+}
+
+TEST(Menus, KeepFixedCaptionsInEveryLanguage) {
+  for (const std::int16_t langue : languages) {
+    EXPECT_EQ(LibelleMenu(*Cherche("MnuSelection"), langue), "Sélection a&vancée...");
+    EXPECT_EQ(LibelleMenu(*Cherche("mnuGrid"), langue), "Grille");
+    EXPECT_EQ(LibelleMenu(*Cherche("MnuExpDB_4"), langue), "Fichier Excel");
+  }
+}
+
+TEST(Menus, BearEachNameOnce) {
+  std::set<std::string> names;
+  ParcourtMenus([&](const MenuEntry& entry) {
+    EXPECT_TRUE(names.insert(NomObjet(entry)).second) << NomObjet(entry);
+  });
+  EXPECT_GT(names.size(), 90U);
+}
+
+TEST(Menus, GiveNoKeyTwice) {
+  std::set<std::string_view> keys;
+  ParcourtMenus([&](const MenuEntry& entry) {
+    if (!entry.shortcut.empty()) {
+      EXPECT_TRUE(keys.insert(entry.shortcut).second) << entry.shortcut;
+    }
+  });
+}
+
+TEST(Menus, NineEntriesNeedAFile) {
+  std::set<std::string> names;
+  ParcourtMenus([&](const MenuEntry& entry) {
+    if (entry.needsFile) names.insert(NomObjet(entry));
+  });
+  EXPECT_EQ(names, (std::set<std::string>{"MnuEnregistrer", "MnuEnrSous", "MnuFusionner",
+                                          "MnuGrouper", "MnuExporter", "MnuImporter", "MnuEdition",
+                                          "MnuVisualiser", "MnuOptionsPeriodes"}));
+}
+
+/// Entries that can be chosen, menus left out.
+std::set<std::string> Actifs(bool fileOpen) {
+  std::set<std::string> names;
+  ParcourtMenus([&](const MenuEntry& entry) {
+    if (entry.children.empty() && !entry.EstSeparateur() && EstActif(entry, fileOpen)) {
+      names.insert(NomObjet(entry));
+    }
+  });
+  return names;
+}
+
+const std::set<std::string> always = {
+    "MnuNouveau", "MnuOuvrir", "MnuLastFile_1", "MnuLastFile_2", "MnuLastFile_3", "MnuLastFile_4",
+    "MnuQuitter", "MnuGrille", "MnuTxtGrille",  "MnuLang_0",     "MnuLang_1",     "MnuLang_2",
+    "MnuLang_3",  "MnuLang_4", "MnuLang_5",     "MnuInfo"};
+
+TEST(Menus, WithoutAFileOnlyWhatNeedsNoneCanBeChosen) { EXPECT_EQ(Actifs(false), always); }
+
+TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
+  std::set<std::string> expected = always;
+  expected.insert(
+      {"MnuEnregistrer", "MnuEnrSous", "MnuGrouper", "MnuFusionner", "MnuOptionsPeriodes"});
+  EXPECT_EQ(Actifs(true), expected);
+}
+
+TEST(Menus, MenusThatNeedAFileOpenWithIt) {
+  for (const char* name : {"MnuEdition", "MnuVisualiser", "MnuImporter", "MnuExporter"}) {
+    EXPECT_FALSE(EstActif(*Cherche(name), false)) << name;
+    EXPECT_TRUE(EstActif(*Cherche(name), true)) << name;
+  }
+}
+
+TEST(Menus, NumberTheRecentFiles) {
+  EXPECT_EQ(LibelleDernierFichier(1, "/data/a.deg"), "&1 /data/a.deg");
+  EXPECT_EQ(LibelleDernierFichier(4, "C:\\Moles & co.deg"), "&4 C:\\Moles & co.deg");
+}
+
+/// Letters behind single ampersands among the captions of one menu.
+void VerifieLettres(std::span<const MenuEntry> entries, std::int16_t langue) {
+  std::set<char> letters;
+  for (const MenuEntry& entry : entries) {
+    if (entry.command == MenuCommand::LastFile || entry.base == 0) continue;
+    const std::string caption = LibelleMenu(entry, langue);
+    const std::size_t mark = caption.find('&');
+    if (mark == std::string::npos || mark + 1 >= caption.size()) continue;
+    const char letter = static_cast<char>(std::tolower(caption[mark + 1]));
+    EXPECT_TRUE(letters.insert(letter).second) << langue << ": " << caption;
+  }
+  for (const MenuEntry& entry : entries) VerifieLettres(entry.children, langue);
+}
+
+TEST(Menus, TranslatedMnemonicsDoNotCollideWithinAMenu) {
+  for (const std::int16_t langue : languages) {
+    if (langue != 1000) VerifieLettres(ArbreDesMenus(), langue);
+  }
+}
+
+}  // namespace
+}  // namespace talpena

@@ -1,0 +1,351 @@
+// What a save does when something fails, and what it leaves on disk.
+#include <grp.h>
+#include <pwd.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "fakes/file_limit.h"
+#include "store/deg_writer.h"
+#include "store/save_file.h"
+#include "store/save_fixture.h"
+
+namespace talpena::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class SaveFailure : public testing::Test, protected Monde {
+ protected:
+  std::string path = folder / "a.deg";
+  std::string bak = folder / "a.BAK";
+
+  void Ecrit() { EcritDeg(state, io, vue, path, WriteMode::Rows); }
+  std::vector<std::string> Rangees() {
+    auto lines = Lignes(LitFichier(path));
+    lines.erase(lines.begin(), lines.begin() + std::min<std::ptrdiff_t>(8, std::ssize(lines)));
+    return lines;
+  }
+  static std::string Question(const std::string& description) {
+    return "Erreur pendant la sauvegarde\n" + description + "\nContinuer?";
+  }
+};
+
+TEST_F(SaveFailure, IsAskedWithYesAndNo) {
+  Ajoute({.latitude = 1});
+  dialogues.answers = {Answer::Yes};
+  Ecrit();
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(sound.bips, 2);  // the failure, then the end
+}
+
+TEST_F(SaveFailure, YesWritesThePreviousRowsValueForANullPoint) {
+  AjouteToutes(Rangee{.latitude = 1, .longitude = 2}, Rangee{.period = 1},
+               Rangee{.latitude = 3, .longitude = 4});
+  dialogues.answers = {Answer::Yes, Answer::Yes};
+  Ecrit();
+  EXPECT_EQ(Boites(),
+            (std::vector<std::string>{Question("Invalid use of Null: row 2 has no LATITUDE"),
+                                      Question("Invalid use of Null: row 2 has no LONGITUDE")}));
+  const auto rows = Rangees();
+  ASSERT_EQ(rows.size(), 3U);
+  EXPECT_EQ(rows[1].substr(0, 21), "1K+ 1.00000   2.00000");
+  EXPECT_EQ(rows[2].substr(2, 19), "+ 3.00000   4.00000");
+  EXPECT_FALSE(state.FichierModifie);
+}
+
+TEST_F(SaveFailure, TheFirstRowHasNoneBeforeItAndWritesZero) {
+  Ajoute({.latitude = {}, .longitude = 4});
+  dialogues.answers = {Answer::Yes};
+  Ecrit();
+  EXPECT_EQ(Rangees().at(0).substr(2, 19), "+ 0.00000   4.00000");
+}
+
+TEST_F(SaveFailure, GroupedYesKeepsThePreviousGroupsPoint) {
+  AjouteToutes(Rangee{.period = 1, .latitude = 1, .longitude = 2},
+               Rangee{.period = 2, .latitude = {}, .longitude = 3});
+  dialogues.answers = {Answer::Yes};
+  EcritDeg(state, io, vue, path, WriteMode::Grouped);
+  EXPECT_EQ(Rangees().at(1).substr(0, 21), "2K+ 1.00000   3.00000");
+}
+
+TEST_F(SaveFailure, NoLeavesTheFileCutAndTheRowsModified) {
+  AjouteToutes(Rangee{.latitude = 1, .longitude = 2}, Rangee{.period = 1},
+               Rangee{.latitude = 3, .longitude = 4});
+  dialogues.answers = {Answer::No};
+  Ecrit();
+  EXPECT_EQ(Rangees().size(), 1U);
+  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_FALSE(vue.barre);
+  EXPECT_FALSE(vue.sablier);
+  EXPECT_EQ(vue.calls.back(), "FermeMessage");
+  EXPECT_EQ(sound.bips, 1);  // the failure alone
+}
+
+TEST_F(SaveFailure, NoKeepsAWholeFormerFileAsBak) {
+  EcritFichier(path, "whole");
+  EcritFichier(bak, "older");
+  Ajoute({.period = 1});
+  dialogues.answers = {Answer::No};
+  Ecrit();
+  EXPECT_EQ(LitFichier(bak), "whole");
+  EXPECT_EQ(Lignes(LitFichier(path)).size(), 8U);
+  EXPECT_EQ(state.FichierIncomplet, path);
+}
+
+TEST_F(SaveFailure, ACutFileNeverTakesThePlaceOfItsWholeBackup) {
+  EcritFichier(path, "whole");
+  Ajoute({.period = 1});
+  for (int i = 0; i < 3; ++i) {
+    dialogues.answers = {Answer::No};
+    Ecrit();
+    EXPECT_EQ(LitFichier(bak), "whole");
+  }
+  state.NomFichier = path;
+  dialogues.answers = {Answer::No};
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(LitFichier(bak), "whole");
+}
+
+TEST_F(SaveFailure, ThenAWholeSaveMakesTheFileWholeAgain) {
+  state.NomFichier = path;
+  Ajoute({.period = 1});
+  EcritFichier(path, "whole");
+  dialogues.answers = {Answer::No};
+  Ecrit();
+  dialogues.answers = {Answer::Yes, Answer::Yes};
+  MnuEnregistrer_Click(context);
+  EXPECT_TRUE(state.FichierIncomplet.empty());
+  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_EQ(LitFichier(bak), "whole");
+  const std::string first = LitFichier(path);
+  dialogues.answers = {Answer::Yes, Answer::Yes};
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(LitFichier(bak), first);
+}
+
+TEST_F(SaveFailure, WhereNoBackupCanBeMadeTheFormerFileStays) {
+  EcritFichier(path, "whole");
+  fs::create_directory(bak);
+  Ajoute({.period = 1});
+  dialogues.answers = {Answer::No};
+  Ecrit();
+  EXPECT_EQ(LitFichier(path), "whole");
+  EXPECT_TRUE(state.FichierIncomplet.empty());
+  EXPECT_EQ(Boites().back(),
+            "Error 58\nFile already exists: " + bak + "\nThe former file stands unchanged.");
+  EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));
+}
+
+TEST_F(SaveFailure, AFileThatIsItsOwnBackupStays) {
+  path = bak;
+  EcritFichier(path, "whole");
+  Ajoute({.period = 1});
+  dialogues.answers = {Answer::No};
+  Ecrit();
+  EXPECT_EQ(LitFichier(path), "whole");
+}
+
+TEST_F(SaveFailure, TheBackupStandsBesideTheFile) {
+  EXPECT_EQ(CheminSecours("/a.b/c.deg"), "/a.b/c.BAK");
+  EXPECT_EQ(CheminSecours("/a/c.d.deg"), "/a/c.BAK");
+  EXPECT_EQ(CheminSecours("/a/c"), "/a/c.BAK");
+  EXPECT_EQ(CheminSecours("c.deg"), "c.BAK");
+}
+
+TEST_F(SaveFailure, ACharacterOutsideTheCodePageIsNamedWithItsRow) {
+  AjouteToutes(Rangee{.latitude = 1, .longitude = 2, .comment = "fine é"},
+               Rangee{.latitude = 1, .longitude = 2, .comment = "Łódź"});
+  dialogues.answers = {Answer::Yes};
+  Ecrit();
+  EXPECT_EQ(Boites(), std::vector<std::string>{Question(
+                          "Row 2, COMMENT: the character \"Ł\", \"ź\" is not in code page 1252.")});
+  EXPECT_EQ(Rangees().at(1).substr(71),
+            "?\xF3"
+            "d?");
+}
+
+TEST_F(SaveFailure, NoAtSuchACharacterWritesNothingOfTheRow) {
+  AjouteToutes(Rangee{.latitude = 1, .longitude = 2, .comment = "fine"},
+               Rangee{.latitude = 1, .longitude = 2, .comment = "Łódź"});
+  dialogues.answers = {Answer::No};
+  Ecrit();
+  EXPECT_EQ(Rangees().size(), 1U);
+  EXPECT_TRUE(state.FichierModifie);
+}
+
+TEST_F(SaveFailure, TheHeaderIsAskedForToo) {
+  Ajoute({.latitude = 1, .longitude = 2});
+  vue.boxTitre = "Talpa α";
+  vue.commentaire = "β";
+  dialogues.answers = {Answer::Yes, Answer::Yes};
+  Ecrit();
+  EXPECT_EQ(Boites(), (std::vector<std::string>{
+                          Question("Title: the character \"α\" is not in code page 1252."),
+                          Question("Comment: the character \"β\" is not in code page 1252.")}));
+  const auto lines = Lignes(LitFichier(path));
+  EXPECT_EQ(lines.at(3), "Talpa ?");
+  EXPECT_EQ(lines.at(4), "?");
+  EXPECT_EQ(lines.at(7), "?");
+}
+
+TEST_F(SaveFailure, AFolderInTheFilesPlaceIsSaidSo) {
+  fs::create_directory(path);
+  Ajoute({.latitude = 1, .longitude = 2});
+  dialogues.answers = {Answer::Yes, Answer::No};
+  Ecrit();
+  const std::string said = Question("Path/File access error: " + path + ", it is a folder");
+  EXPECT_EQ(Boites(), (std::vector<std::string>{said, said}));
+  EXPECT_TRUE(fs::is_directory(path));
+  EXPECT_TRUE(state.FichierModifie);
+}
+
+TEST_F(SaveFailure, AMissingFolderIsSaidSo) {
+  path = folder / "none/a.deg";
+  Ajoute({.latitude = 1, .longitude = 2});
+  dialogues.answers = {Answer::No};
+  Ecrit();
+  EXPECT_EQ(Boites(), std::vector<std::string>{Question("Path not found: " + path)});
+}
+
+TEST_F(SaveFailure, AReadOnlyFolderIsSaidSo) {
+  const passwd* nobody = geteuid() == 0 ? getpwnam("nobody") : nullptr;
+  if (nobody == nullptr) GTEST_SKIP() << "needs root, to become the user nobody";
+  EcritFichier(path, "whole");
+  ASSERT_EQ(chmod(path.c_str(), 0666), 0);
+  ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
+  Ajoute({.latitude = 1, .longitude = 2});
+  state.NomFichier = path;
+  dialogues.answers = {Answer::No};
+  ASSERT_EQ(seteuid(nobody->pw_uid), 0);
+  Ecrit();
+  MnuEnregistrer_Click(context);
+  ASSERT_EQ(seteuid(0), 0);
+  EXPECT_EQ(Boites(), (std::vector<std::string>{Question("Permission denied: " + path),
+                                                "Error 70\nPermission denied: " + path}));
+  EXPECT_EQ(LitFichier(path), "whole");
+  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
+}
+
+class FullDisk : public SaveFailure {
+ protected:
+  FullDisk() {
+    for (int i = 0; i < 30; ++i) {
+      Ajoute({.period = 1, .latitude = i, .longitude = -i, .comment = "invented"});
+    }
+    Ecrit();
+    whole = LitFichier(path);
+    state.NomFichier = path;
+    sound.bips = 0;
+  }
+  std::string whole;
+
+  /// Bytes of a file that holds the rows as they are now.
+  rlim_t TailleNouvelle() {
+    const TempFolder elsewhere;
+    EcritDeg(state, io, vue, elsewhere / "b.deg", WriteMode::Rows);
+    state.FichierModifie = true;
+    return LitFichier(elsewhere / "b.deg").size();
+  }
+
+  /// More rows than one block of the writer holds, so that it fails before the end.
+  void AjouteBeaucoup() {
+    for (int i = 0; i < 300; ++i) {
+      Ajoute({.period = 1, .latitude = 1, .longitude = 1, .comment = std::string(2000, 'c')});
+    }
+  }
+};
+
+TEST_F(FullDisk, AtAnyStageOfASaveLeavesAWholeFile) {
+  Ajoute({.period = 2, .latitude = 1, .longitude = 1});
+  const rlim_t needed = TailleNouvelle();
+  for (rlim_t limit = 0; limit < needed; limit += 61) {
+    SCOPED_TRACE(limit);
+    EcritFichier(path, whole);
+    fs::remove(bak);
+    state.FichierIncomplet.clear();
+    state.EmpreinteFichier.reset();
+    dialogues.answers = {Answer::No};
+    dialogues.boxes.clear();
+    {
+      const FileLimit full(limit);
+      MnuEnregistrer_Click(context);
+    }
+    EXPECT_EQ(Boites(), std::vector<std::string>{Question("Disk full: " + path)});
+    EXPECT_EQ(LitFichier(bak), whole);
+    EXPECT_EQ(LitFichier(path).size(), limit);
+    EXPECT_TRUE(state.FichierModifie);
+  }
+}
+
+TEST_F(FullDisk, AtAnyStageOfAnAutomaticSaveLeavesAWholeFile) {
+  Ajoute({.period = 2, .latitude = 1, .longitude = 1});
+  state.AutoSave = true;
+  state.SaveInterval = 1;
+  const rlim_t needed = TailleNouvelle();
+  for (rlim_t limit = 0; limit < needed; limit += 61) {
+    SCOPED_TRACE(limit);
+    EcritFichier(path, whole);
+    fs::remove(bak);
+    state.FichierIncomplet.clear();
+    state.EmpreinteFichier.reset();
+    dialogues.answers = {Answer::Yes, Answer::No};
+    {
+      const FileLimit full(limit);
+      Timer1_Timer(context);
+    }
+    EXPECT_EQ(LitFichier(bak), whole);
+    EXPECT_EQ(state.FichierIncomplet, path);
+  }
+}
+
+TEST_F(FullDisk, LosesNothingWhenRoomIsMade) {
+  AjouteBeaucoup();
+  std::string expected;
+  {
+    EcritDeg(state, io, vue, folder / "b.deg", WriteMode::Rows);
+    expected = LitFichier(folder / "b.deg");
+  }
+  // The third answer comes once there is room again.
+  class RoomMaker : public FakeDialogues {
+   public:
+    std::unique_ptr<FileLimit> full;
+    int asked = 0;
+    Answer Demande(const MessageBox&) override {
+      if (++asked == 3) full.reset();
+      return Answer::Yes;
+    }
+  } maker;
+  Platform withRoom{*engine, *files, settings, maker, clock, environment, sound};
+  maker.full = std::make_unique<FileLimit>(100'000);
+  EcritDeg(state, withRoom, vue, path, WriteMode::Rows);
+  EXPECT_EQ(maker.asked, 3);
+  EXPECT_EQ(LitFichier(path), expected);
+  EXPECT_FALSE(state.FichierModifie);
+}
+
+TEST_F(FullDisk, LinksAndModesSurviveARefusedSave) {
+  fs::create_directory(folder.path() / "real");
+  fs::rename(path, folder / "real/r.deg");
+  fs::create_symlink("real/r.deg", path);
+  ASSERT_EQ(chmod((folder / "real/r.deg").c_str(), 0640), 0);
+  Ajoute({.period = 2, .latitude = 1, .longitude = 1});
+  dialogues.answers = {Answer::No};
+  {
+    const FileLimit full(300);
+    Ecrit();
+  }
+  EXPECT_TRUE(fs::is_symlink(path));
+  EXPECT_EQ(LitFichier(bak), whole);
+  EXPECT_EQ(LitFichier(folder / "real/r.deg"), whole.substr(0, 300));
+  struct stat status {};
+  ASSERT_EQ(stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 07777, 0640U);
+}
+
+}  // namespace
+}  // namespace talpena::test

@@ -1,0 +1,99 @@
+// A program without windows: state, table engine, files in memory, scripted boxes.
+#pragma once
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "common/numbers.h"
+#include "fakes/fake_files.h"
+#include "fakes/fake_platform.h"
+#include "platform/sqlite/sqlite_engine.h"
+#include "store/deg_reader.h"
+#include "store/table.h"
+
+namespace talpena::test {
+
+/// An empty table TALPENA, a catalogue of five datums, nothing open.
+struct World {
+  FakeFiles files;
+  FakeSettings settings;
+  FakeDialogues dialogues;
+  FakeClock clock;
+  FakeEnvironment environment;
+  FakeSound sound;
+  FakeView vue;
+  std::unique_ptr<TableEngine> engine = CreeMoteurSqlite();
+  Platform io{*engine, files, settings, dialogues, clock, environment, sound};
+  StoreState state;
+
+  World() {
+    state.WorkingDbPath = CheminBase();
+    std::filesystem::remove(state.WorkingDbPath);
+    state.AppDir = "/app";
+    for (const char* code : {"WGS84", "EUR-M", "NTF  ", "NAS-C", "ARS-M"}) {
+      DatumRecord datum;
+      datum.code = code;
+      state.Catalogue.Datums.push_back(datum);
+    }
+    state.WorkingDb =
+        engine->CreateDatabase(state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+    CreateTable(state);
+  }
+  World(const World&) = delete;
+  World& operator=(const World&) = delete;
+  ~World() {
+    state.Data1 = DataControl();
+    state.WorkingDb.reset();
+    std::error_code ignored;
+    std::filesystem::remove(state.WorkingDbPath, ignored);
+  }
+
+  /// A database of this test and this process.
+  static std::string CheminBase() {
+    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+    std::string name = std::string(info->test_suite_name()) + "_" + info->name() + "_" +
+                       std::to_string(::getpid()) + ".db";
+    std::replace(name.begin(), name.end(), '/', '_');
+    return (std::filesystem::path(::testing::TempDir()) / name).string();
+  }
+
+  /// Puts bytes under a path and loads it.
+  void Charge(const std::string& bytes, MergeMode mode = MergeMode::Replace,
+              const std::string& path = "/data/f.deg") {
+    files.Pose(path, bytes);
+    LitDeg(state, io, vue, path, mode);
+  }
+
+  /// Rows of TALPENA in file order, their ten columns joined by "|", Null as "-".
+  std::vector<std::string> Lignes() {
+    std::vector<std::string> all;
+    const auto rows = state.WorkingDb->OpenRecordset("SELECT * FROM TALPENA ORDER BY Counter");
+    for (; !rows->EOF_(); rows->MoveNext()) all.push_back(Texte(*rows));
+    return all;
+  }
+  static std::string Texte(Recordset& rows) {
+    std::string line;
+    for (int field = Column::PERIOD; field < Column::Count; ++field) {
+      const Cell cell = rows.Get(field);
+      if (field > Column::PERIOD) line += '|';
+      const bool single = field == Column::LATITUDE || field == Column::LONGITUDE;
+      line += cell.EstNull() ? "-" : single ? Str(static_cast<float>(cell.real)) : cell.Texte();
+    }
+    return line;
+  }
+
+  /// The texts of the boxes shown since the last call.
+  std::vector<std::string> Boites() {
+    std::vector<std::string> texts;
+    for (const MessageBox& box : dialogues.boxes) texts.push_back(box.text);
+    dialogues.boxes.clear();
+    return texts;
+  }
+};
+
+}  // namespace talpena::test
