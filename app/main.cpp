@@ -65,8 +65,10 @@ int main(int argc, char** argv) {
   ProcessState state;
   state.AppDir = DossierDuProgramme();
   Form1 form(state, io);
+  dialogues.SuitLangue(state.Langue);
   dialogues.ChangeParent(&form);
   form.ChangeSplash(&splash);
+  QObject::connect(&form, &Form1::Fini, &application, [] { QCoreApplication::exit(0); });
   if (!form.Charge(commandLine)) return 0;
 
   if (!pictures.isEmpty()) return PrendImages(form, state, io, pictures) ? 0 : 1;

@@ -245,7 +245,7 @@ void Form1::FermeSplash() {
 void Form1::Termine() {
   ended_ = true;
   close();
-  QCoreApplication::exit(0);
+  Q_EMIT Fini();
 }
 
 void Form1::resizeEvent(QResizeEvent* event) {

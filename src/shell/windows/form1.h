@@ -84,6 +84,9 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void FermeSplash() override;
   void Termine() override;
 
+ Q_SIGNALS:
+  void Fini();  ///< the process has to end
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;

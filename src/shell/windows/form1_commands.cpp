@@ -194,13 +194,13 @@ void Form1::Timer1_Tick() {
 }
 
 void Form1::closeEvent(QCloseEvent* event) {
+  event->accept();
+  if (ended_) return;
   if (running_ > 0) {
     closeWaits_ = true;
     event->ignore();
     return;
   }
-  event->accept();
-  if (ended_) return;
   TDBGrid1->TermineEdition();
   const Running running(running_);
   ExecuteCommande(state_, io_, {}, [this] { Form1_Unload(Contexte()); });

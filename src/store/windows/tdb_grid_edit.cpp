@@ -88,7 +88,8 @@ void TDBGrid::keyPressEvent(QKeyEvent* event) {
   switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
-      Avance(shift ? -1 : 1);
+      // The editor passes the key on while it ends; closeEditor goes to the next cell.
+      if (state() != EditingState) Avance(shift ? -1 : 1);
       return;
     case Qt::Key_Tab:
     case Qt::Key_Backtab:

@@ -1,0 +1,282 @@
+// Form1: its controls, and that each does what its procedure does.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QProgressBar>
+#include <QRadioButton>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolButton>
+#include <array>
+
+#include "fakes/dialog_driver.h"
+#include "form1_machine.h"
+#include "store/windows/tdb_grid.h"
+
+namespace talpena {
+namespace {
+
+using test::DialogDriver;
+using test::Form1Machine;
+
+TEST(Form1, HasEveryControlUnderItsName) {
+  Form1Machine m;
+  m.form->Charge({});
+  for (const char* name : {"Picture1",
+                           "cmd_0",
+                           "cmd_1",
+                           "cmd_2",
+                           "cmd_3",
+                           "cmd_4",
+                           "cmd_5",
+                           "cmdMap",
+                           "LblTri",
+                           "CmbTri",
+                           "OptTri_0",
+                           "OptTri_1",
+                           "cmdFirstLast_0",
+                           "cmdFirstLast_1",
+                           "LabelTitre",
+                           "BoxTitre",
+                           "LabelCommentaire",
+                           "Commentaire",
+                           "lbl1",
+                           "TDBGrid1",
+                           "StatusBar1",
+                           "StatusBar1_Panel_1",
+                           "StatusBar1_Panel_2",
+                           "StatusBar1_Panel_3",
+                           "ProgressBar1",
+                           "frmMessage"}) {
+    m.Controle<QWidget>(name);
+  }
+  EXPECT_EQ(m.Controle<QTimer>("Timer1")->interval(), 65535);
+}
+
+TEST(Form1, ControlsHaveAccessibleNames) {
+  Form1Machine m;
+  m.form->Charge({});
+  for (const char* name : {"cmd_0", "cmd_5", "cmdMap", "CmbTri", "cmdFirstLast_0", "cmdFirstLast_1",
+                           "BoxTitre", "Commentaire", "TDBGrid1"}) {
+    EXPECT_FALSE(m.Controle<QWidget>(name)->accessibleName().isEmpty()) << name;
+  }
+}
+
+TEST(Form1, StartsWithoutAFile) {
+  Form1Machine m;
+  ASSERT_TRUE(m.form->Charge({}));
+  EXPECT_TRUE(m.form->isVisible());
+  EXPECT_EQ(m.form->windowTitle(), "Talpena");
+  for (const char* name :
+       {"MnuEnregistrer", "MnuEnrSous", "MnuFusionner", "MnuGrouper", "MnuExporter", "MnuImporter",
+        "MnuEdition", "MnuVisualiser", "MnuOptionsPeriodes"}) {
+    const QMenu* menu = m.form->findChild<QMenu*>(QLatin1String(name));
+    EXPECT_FALSE(menu != nullptr ? menu->menuAction()->isEnabled() : m.Entree(name)->isEnabled())
+        << name;
+  }
+  for (const char* name :
+       {"BoxTitre", "LabelTitre", "LabelCommentaire", "Commentaire", "TDBGrid1", "ProgressBar1"}) {
+    EXPECT_FALSE(m.Controle<QWidget>(name)->isVisible()) << name;
+  }
+  EXPECT_TRUE(m.Controle<QLabel>("lbl1")->isVisible());
+  EXPECT_TRUE(m.dialogues.boxes.empty());
+}
+
+TEST(Form1, OpensTheFileOfTheCommandLine) {
+  Form1Machine m;
+  const std::string path = m.Fichier(Form1Machine::Lignes(3));
+  m.form->Charge(path);
+  EXPECT_TRUE(m.dialogues.boxes.empty());
+  EXPECT_EQ(m.form->windowTitle().toStdString(), "Talpena - " + path);
+  EXPECT_TRUE(m.Controle<QWidget>("TDBGrid1")->isVisible());
+  EXPECT_EQ(m.Controle<TDBGrid>("TDBGrid1")->model()->rowCount(), 3);
+  EXPECT_EQ(m.Controle<QLineEdit>("BoxTitre")->text(), "Moles");
+  EXPECT_EQ(m.Controle<QLineEdit>("Commentaire")->text(), "A comment");
+  EXPECT_EQ(m.Controle<QLabel>("StatusBar1_Panel_1")->text(), "1/3");
+  EXPECT_EQ(m.Controle<QLabel>("StatusBar1_Panel_3")->text(), "WGS84");
+  EXPECT_TRUE(m.Entree("MnuEnregistrer")->isEnabled());
+  EXPECT_FALSE(m.state.FichierModifie);
+}
+
+TEST(Form1, AMissingFileEnablesTheMenusOverAnEmptyTable) {
+  Form1Machine m;
+  m.form->Charge(m.folder / "missing.deg");
+  ASSERT_EQ(m.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
+  EXPECT_TRUE(m.Entree("MnuEnregistrer")->isEnabled());
+  QTest::mouseClick(m.Controle<QToolButton>("cmdFirstLast_1"), Qt::LeftButton);
+  EXPECT_EQ(m.dialogues.boxes.size(), 1U) << "nothing to move on, nothing to say";
+}
+
+TEST(Form1, EntriesWithoutACommandStayDisabledWithAFile) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
+  for (const char* name : {"mnuChercher_0", "MnuAjoutLigne", "MnuVisMonde", "MnuExpDB_0",
+                           "mnuImport_0", "MnuPreferences", "mnuGrid", "MnuParametres"}) {
+    EXPECT_FALSE(m.Entree(name)->isEnabled()) << name;
+  }
+  for (const char* name : {"cmd_3", "cmd_4", "cmd_5", "cmdMap"}) {
+    EXPECT_FALSE(m.Controle<QToolButton>(name)->isEnabled()) << name;
+  }
+}
+
+TEST(Form1, OpenByButtonAndByMenu) {
+  Form1Machine m;
+  m.form->Charge({});
+  m.dialogues.paths = {m.Fichier(Form1Machine::Lignes(2)),
+                       m.Fichier(Form1Machine::Lignes(4), "b.deg")};
+  QTest::mouseClick(m.Controle<QToolButton>("cmd_0"), Qt::LeftButton);
+  EXPECT_EQ(m.Controle<TDBGrid>("TDBGrid1")->model()->rowCount(), 2);
+  EXPECT_FALSE(m.Controle<QLabel>("lbl1")->isVisible());
+  m.Entree("MnuOuvrir")->trigger();
+  EXPECT_EQ(m.Controle<TDBGrid>("TDBGrid1")->model()->rowCount(), 4);
+  EXPECT_TRUE(m.Entree("MnuLastFile_2")->isVisible());
+  EXPECT_FALSE(m.Entree("MnuLastFile_3")->isVisible());
+  EXPECT_TRUE(m.Entree("MnuLastFile_0")->isVisible());
+}
+
+TEST(Form1, ARecentFileOpensAgain) {
+  Form1Machine m;
+  m.settings.values["TALPENA/FILES/LASTFILE1"] = m.Fichier(Form1Machine::Lignes(2), "a&b.deg");
+  m.form->Charge({});
+  EXPECT_EQ(m.Entree("MnuLastFile_1")->text().toStdString(), "&1 " + (m.folder / "a&&b.deg"));
+  m.Entree("MnuLastFile_1")->trigger();
+  EXPECT_EQ(m.Controle<TDBGrid>("TDBGrid1")->model()->rowCount(), 2);
+}
+
+TEST(Form1, SortsByListAndOption) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(3)));
+  m.Controle<QComboBox>("CmbTri")->setCurrentIndex(4);
+  EXPECT_EQ(m.state.SqlCourant, "SELECT * FROM TALPENA ORDER BY  [N1] ASC");
+  m.Controle<QRadioButton>("OptTri_1")->click();
+  EXPECT_EQ(m.state.SqlCourant, "SELECT * FROM TALPENA ORDER BY  [N1] DESC");
+  const auto* grid = m.Controle<TDBGrid>("TDBGrid1");
+  EXPECT_EQ(grid->model()->index(0, 3).data().toString(), "3");
+  m.Controle<QComboBox>("CmbTri")->setCurrentIndex(0);
+  EXPECT_EQ(m.state.SqlCourant, "SELECT * FROM TALPENA ORDER BY Counter DESC");
+}
+
+TEST(Form1, FirstAndLastMoveTheDataControl) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(5)));
+  QTest::mouseClick(m.Controle<QToolButton>("cmdFirstLast_1"), Qt::LeftButton);
+  EXPECT_EQ(m.Controle<QLabel>("StatusBar1_Panel_1")->text(), "5/5");
+  EXPECT_EQ(m.Controle<TDBGrid>("TDBGrid1")->currentIndex().row(), 4);
+  QTest::mouseClick(m.Controle<QToolButton>("cmdFirstLast_0"), Qt::LeftButton);
+  EXPECT_EQ(m.Controle<QLabel>("StatusBar1_Panel_1")->text(), "1/5");
+}
+
+TEST(Form1, TypingIntoTitleOrCommentModifiesTheFile) {
+  for (const char* name : {"BoxTitre", "Commentaire"}) {
+    Form1Machine m;
+    m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
+    EXPECT_FALSE(m.state.FichierModifie);
+    QTest::keyClicks(m.Controle<QLineEdit>(name), "x");
+    EXPECT_TRUE(m.state.FichierModifie) << name;
+  }
+}
+
+struct CaptionCase {
+  int index;
+  const char* open;
+  const char* menu;
+};
+
+constexpr std::array captions = {
+    CaptionCase{0, "Ouvrir", "&Fichier"}, CaptionCase{3, "Öffnen", "&Datei"},
+    CaptionCase{4, "Apri", "&File"}, CaptionCase{5, "Openen", "&Bestand"},
+    CaptionCase{1, "Open", "&File"}};
+
+TEST(Form1, SwitchesItsLanguage) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(2)));
+  m.Controle<QComboBox>("CmbTri")->setCurrentIndex(3);
+  for (const CaptionCase& c : captions) {
+    m.Entree(("MnuLang_" + std::to_string(c.index)).c_str())->trigger();
+    EXPECT_EQ(m.Controle<QToolButton>("cmd_0")->text(), c.open);
+    EXPECT_EQ(m.Controle<QMenu>("mnuFichier")->title(), c.menu);
+    EXPECT_TRUE(m.Entree(("MnuLang_" + std::to_string(c.index)).c_str())->isChecked());
+    const auto* list = m.Controle<QComboBox>("CmbTri");
+    EXPECT_EQ(list->count(), 10);
+    EXPECT_EQ(list->itemText(0), "None");
+    EXPECT_EQ(list->itemText(9), "Sex");
+    EXPECT_EQ(list->currentIndex(), 3) << "the order stays";
+  }
+}
+
+TEST(Form1, SpanishStaysUncheckedAndIsRefused) {
+  Form1Machine m;
+  m.form->Charge({});
+  m.Entree("MnuLang_2")->trigger();
+  ASSERT_EQ(m.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(m.dialogues.boxes[0].text, "Feature unavailable in this version");
+  EXPECT_TRUE(m.Entree("MnuLang_1")->isChecked());
+  EXPECT_FALSE(m.Entree("MnuLang_2")->isChecked());
+}
+
+TEST(Form1, TakesTheColoursOfTheDialogs) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
+  m.dialogues.colours = {0x112233, 0x445566};
+  m.Entree("MnuGrille")->trigger();
+  m.Entree("MnuTxtGrille")->trigger();
+  EXPECT_EQ(m.state.CouleurFondGrille, 0x112233U);
+  EXPECT_EQ(m.state.CouleurTexteGrille, 0x445566U);
+  const QPalette colours = m.Controle<TDBGrid>("TDBGrid1")->palette();
+  EXPECT_EQ(colours.color(QPalette::Base), QColor(0x33, 0x22, 0x11));
+  EXPECT_EQ(colours.color(QPalette::Text), QColor(0x66, 0x55, 0x44));
+  m.Entree("MnuGrille")->trigger();  // Cancel
+  EXPECT_EQ(m.state.CouleurFondGrille, 0x112233U);
+  EXPECT_TRUE(m.dialogues.boxes.empty());
+}
+
+TEST(Form1, ShowsTheAboutBox) {
+  Form1Machine m;
+  m.form->Charge({});
+  QString version;
+  const DialogDriver driver("frmEastern", [&](QDialog& box) {
+    version = box.findChild<QLabel*>("lblVersion")->text();
+    box.accept();
+  });
+  m.Entree("MnuInfo")->trigger();
+  EXPECT_EQ(version, "Version 3.0.0");
+}
+
+TEST(Form1, ShowsThePeriods) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
+  const DialogDriver driver("frmOptionsPeriodes", [](QDialog& dialog) { dialog.reject(); });
+  m.Entree("MnuOptionsPeriodes")->trigger();
+}
+
+TEST(Form1, ProgressIsClampedToWholePercents) {
+  Form1Machine m;
+  const auto* bar = m.Controle<QProgressBar>("ProgressBar1");
+  for (const auto& [percent, shown] :
+       {std::pair{-5.0, 0}, {49.9, 49}, {100.0, 100}, {250.0, 100}}) {
+    m.form->MontreProgression(percent);
+    EXPECT_EQ(bar->value(), shown) << percent;
+  }
+}
+
+TEST(Form1, TheWaitWindowGrowsWithItsText) {
+  Form1Machine m;
+  m.form->Charge({});
+  m.form->AfficheMessage("Opening...");
+  auto* window = m.Controle<QWidget>("frmMessage");
+  EXPECT_TRUE(window->isVisible());
+  EXPECT_FALSE(window->isModal());
+  const int small = window->height();
+  m.form->AfficheMessage("Opening...\r\n" + std::string(400, 'x') + "\r\n\r\n\r\n\r\nend");
+  QApplication::processEvents();
+  EXPECT_GT(window->height(), small);
+  m.form->FermeMessage();
+  EXPECT_FALSE(window->isVisible());
+}
+
+}  // namespace
+}  // namespace talpena

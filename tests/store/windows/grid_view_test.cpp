@@ -1,0 +1,259 @@
+// What the grid shows, the current row, chosen rows, widths and colours.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/qt/colours.h"
+#include "store/sort.h"
+#include "store/windows/grid_cells.h"
+#include "store/windows/grid_colours.h"
+#include "store/windows/grid_machine.h"
+
+namespace talpena {
+namespace {
+
+using test::GridMachine;
+using test::ShownGrid;
+
+constexpr int n1 = 3, comment = 9;
+
+TEST(Grid, IsEmptyUntilTheDataControlIsBound) {
+  GridMachine m;
+  TDBGrid grid(m.state, m.machine.io);
+  EXPECT_EQ(grid.model()->rowCount(), 0);
+  EXPECT_EQ(grid.model()->columnCount(), 10) << "Counter is not shown";
+}
+
+TEST(Grid, ShowsTheRowsOfTheDataControl) {
+  ShownGrid g;
+  ASSERT_EQ(g.grid.model()->rowCount(), 5);
+  EXPECT_EQ(g.Texte(3, n1), "4");
+  EXPECT_EQ(g.Texte(3, 1), "50.1") << "a 32-bit float";
+  EXPECT_EQ(g.Texte(3, 4), "") << "Null";
+}
+
+TEST(Grid, HasTheHeadingsOfTheLanguage) {
+  ShownGrid g;
+  const auto heading = [&](int column) {
+    return g.grid.model()->headerData(column, Qt::Horizontal).toString().toStdString();
+  };
+  EXPECT_EQ(heading(0), "Period number");
+  EXPECT_EQ(heading(3), "Number 1");
+  g.state.Langue = 0;
+  g.state.LabelNumeric1 = "Mounds";
+  g.grid.InitTDBgrid();
+  EXPECT_EQ(heading(3), "Mounds");
+  EXPECT_NE(heading(0), "Period number");
+}
+
+TEST(Grid, FollowsASort) {
+  ShownGrid g;
+  ChangeTri(g.state, 4, true);
+  EXPECT_EQ(g.Texte(0, n1), "5");
+  EXPECT_EQ(g.Texte(4, n1), "1");
+}
+
+TEST(Grid, ASortKeepsTheCurrentRow) {
+  ShownGrid g;
+  g.grid.setCurrentIndex(g.Cellule(1, n1));
+  ChangeTri(g.state, 0, true);
+  EXPECT_EQ(g.grid.currentIndex().row(), 3) << "the second of five from below";
+  EXPECT_EQ(g.Texte(g.grid.currentIndex().row(), n1), "2");
+}
+
+TEST(Grid, ItsRowIsTheProgramsCurrentRow) {
+  ShownGrid g;
+  g.grid.setCurrentIndex(g.Cellule(2, n1));
+  EXPECT_EQ(g.state.Data1.recordset().AbsolutePosition(), 2);
+  EXPECT_EQ(TextePosition(g.state.Data1), "3/5");
+  g.state.Data1.recordset().MoveLast();
+  g.state.Data1.SignalePosition();
+  EXPECT_EQ(g.grid.currentIndex().row(), 4);
+  EXPECT_EQ(g.grid.currentIndex().column(), n1) << "the column stays";
+}
+
+TEST(Grid, TellsThePositionOfAnEmptyTable) {
+  GridMachine m(0);
+  EXPECT_EQ(TextePosition(m.state.Data1), "");
+  m.state.Data1.Refresh();
+  EXPECT_EQ(TextePosition(m.state.Data1), "0/0");
+}
+
+TEST(Grid, SurvivesRowsThatWereDeletedBehindItsBack) {
+  ShownGrid g;
+  g.state.WorkingDb->Execute("DELETE FROM TALPENA");
+  EXPECT_NO_THROW(g.grid.grab());
+  g.state.Data1.Refresh();
+  EXPECT_EQ(g.grid.model()->rowCount(), 0);
+}
+
+std::vector<std::int64_t> Numeros(ShownGrid& g) {
+  std::vector<std::int64_t> numbers;
+  const auto rows = g.state.Data1.Clone();
+  for (const Bookmark bookmark : g.grid.LignesChoisies()) {
+    rows->SetBookmark(bookmark);
+    numbers.push_back(rows->Get("N1").integer);
+  }
+  return numbers;
+}
+
+using Numbers = std::vector<std::int64_t>;
+
+TEST(GridSelection, AClickOnARowChoosesItAlone) {
+  ShownGrid g(10);
+  g.grid.ChoisitLigne(2, {});
+  EXPECT_EQ(Numeros(g), (Numbers{3}));
+  g.grid.ChoisitLigne(5, {});
+  EXPECT_EQ(Numeros(g), (Numbers{6}));
+  EXPECT_EQ(g.state.Data1.recordset().AbsolutePosition(), 5);
+}
+
+TEST(GridSelection, ShiftExtendsFromTheRowChosenLast) {
+  ShownGrid g(10);
+  g.grid.ChoisitLigne(2, {});
+  g.grid.ChoisitLigne(4, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{3, 4, 5}));
+  g.grid.ChoisitLigne(1, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{2, 3, 4, 5})) << "backwards, added to what was chosen";
+  g.grid.ChoisitLigne(8, Qt::ControlModifier);
+  g.grid.ChoisitLigne(9, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{2, 3, 4, 5, 9, 10}));
+}
+
+TEST(GridSelection, ShiftFollowsTheOrderOnScreen) {
+  ShownGrid g(10);
+  ChangeTri(g.state, 4, true);
+  g.grid.ChoisitLigne(0, {});
+  g.grid.ChoisitLigne(2, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{10, 9, 8}));
+}
+
+TEST(GridSelection, ARefreshForgetsIt) {
+  ShownGrid g(10);
+  g.grid.ChoisitLigne(2, {});
+  g.state.Data1.Refresh();
+  g.grid.ChoisitLigne(6, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{7}));
+}
+
+TEST(GridSelection, WorksByMouseOnTheRowNumbers) {
+  ShownGrid g(10);
+  QHeaderView* rows = g.grid.verticalHeader();
+  const auto at = [&](int row) {
+    return QPoint(rows->width() / 2,
+                  rows->sectionViewportPosition(row) + rows->sectionSize(row) / 2);
+  };
+  QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, at(1));
+  QTest::mouseClick(rows->viewport(), Qt::LeftButton, Qt::ShiftModifier, at(3));
+  EXPECT_EQ(Numeros(g), (Numbers{2, 3, 4}));
+  QTest::mouseClick(rows->viewport(), Qt::LeftButton, Qt::ControlModifier, at(2));
+  EXPECT_EQ(Numeros(g), (Numbers{2, 4}));
+}
+
+TEST(GridSelection, WorksByKeyboard) {
+  ShownGrid g(10);
+  g.grid.setCurrentIndex(g.Cellule(2, n1));
+  QTest::keyClick(&g.grid, Qt::Key_Space, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{3}));
+}
+
+TEST(GridWidths, StoredWidthsAreShownAndGivenBack) {
+  GridMachine m;
+  m.state.LargeurColonnes[7] = 3000;  // 200 pixels
+  m.state.LargeurColonnes[0] = 1200;
+  TDBGrid grid(m.state, m.machine.io);
+  grid.InitTDBgrid();
+  EXPECT_EQ(grid.columnWidth(7), 200);
+  EXPECT_EQ(grid.columnWidth(0), 80);
+  grid.setColumnWidth(1, 100);
+  grid.ReleveLargeurs();
+  EXPECT_EQ(m.state.LargeurColonnes[1], 1500);
+  EXPECT_EQ(m.state.LargeurColonnes[7], 3000);
+}
+
+TEST(GridWidths, DefaultWidthsThatWidenForTheirTextsStayTheDefaultsInTheStore) {
+  ShownGrid g;
+  EXPECT_GT(g.grid.columnWidth(n1), 25) << "375 twips hold no five digits";
+  g.grid.ReleveLargeurs();
+  EXPECT_EQ(g.state.LargeurColonnes, SettingsState().LargeurColonnes);
+}
+
+TEST(GridWidths, TheFreeTextTakesTheRestOfTheWindow) {
+  ShownGrid g;
+  g.grid.resize(2000, 300);
+  QApplication::processEvents();
+  const int end = g.grid.columnViewportPosition(comment) + g.grid.columnWidth(comment);
+  EXPECT_EQ(end, g.grid.viewport()->width());
+}
+
+TEST(GridColours, TheStoredColoursAreShown) {
+  GridMachine m;
+  m.state.CouleurFondGrille = 0x0000FF;  // red
+  m.state.CouleurTexteGrille = 0xFF0000;
+  const TDBGrid grid(m.state, m.machine.io);
+  EXPECT_EQ(grid.palette().color(QPalette::Base), QColor(255, 0, 0));
+  EXPECT_EQ(grid.palette().color(QPalette::Text), QColor(0, 0, 255)) << "the user's own choice";
+}
+
+TEST(GridColours, TheDesktopsTextColourStaysLegibleOnALightGridInADarkDesktop) {
+  const QPalette before = QApplication::palette();
+  QPalette dark = before;
+  dark.setColor(QPalette::WindowText, Qt::white);
+  dark.setColor(QPalette::Text, Qt::white);
+  QApplication::setPalette(dark);
+  GridMachine m;
+  const TDBGrid grid(m.state, m.machine.io);
+  EXPECT_EQ(grid.palette().color(QPalette::Base), QColor(255, 255, 224));
+  EXPECT_EQ(grid.palette().color(QPalette::Text), QColor(Qt::black));
+  EXPECT_EQ(m.state.CouleurTexteGrille, 0x80000008U) << "the stored number stays";
+  QApplication::setPalette(before);
+}
+
+// Expected: the worked values of the guideline's own definition.
+TEST(GridColours, ContrastIsThatOfTheGuideline) {
+  EXPECT_NEAR(Contraste({0, 0, 0}, {255, 255, 255}), 21.0, 1e-9);
+  EXPECT_NEAR(Contraste({255, 255, 255}, {255, 255, 255}), 1.0, 1e-9);
+  EXPECT_NEAR(Contraste({119, 119, 119}, {255, 255, 255}), 4.478, 0.001);
+}
+
+TEST(GridColours, EveryBackgroundGetsALegibleText) {
+  for (int red = 0; red < 256; red += 15) {
+    for (int green = 0; green < 256; green += 15) {
+      for (int blue = 0; blue < 256; blue += 15) {
+        const Rgb background{static_cast<std::uint8_t>(red), static_cast<std::uint8_t>(green),
+                             static_cast<std::uint8_t>(blue)};
+        for (const Rgb desktop : {Rgb{230, 230, 230}, Rgb{30, 30, 30}}) {
+          ASSERT_GE(Contraste(background, TexteLisible(background, desktop)), ContrasteLisible);
+        }
+      }
+    }
+  }
+}
+
+TEST(Grid, OpensAMillionRowsAtOnceAndJumpsToTheLast) {
+  ShownGrid g(0);
+  class Million : public RowSource {
+   public:
+    bool Suivante(std::span<Cell> cells) override {
+      if (row_ == 1000000) return false;
+      cells[0] = Cell::Of(++row_);
+      return true;
+    }
+
+   private:
+    std::int64_t row_ = 0;
+  } million;
+  const std::array<std::string_view, 1> columns = {"N1"};
+  g.state.WorkingDb->BeginTrans();
+  g.state.WorkingDb->InsertRows("TALPENA", columns, million);
+  g.state.WorkingDb->CommitTrans();
+  g.state.Data1.Refresh();
+  EXPECT_EQ(g.grid.model()->rowCount(), 1000000);
+  QTest::keyClick(&g.grid, Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(g.grid.currentIndex().row(), 999999);
+  EXPECT_EQ(g.Texte(999999, n1), "1000000");
+  EXPECT_EQ(TextePosition(g.state.Data1), "1000000/1000000");
+}
+
+}  // namespace
+}  // namespace talpena
