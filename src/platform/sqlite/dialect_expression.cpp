@@ -371,6 +371,7 @@ Expression DialectParser::Colonne(const std::string& qualifier, const std::strin
     }
   }
   if (result.column == nullptr) {
+    SiIllisible();
     throw TalpenaError(ErrorNumber::TooFewParameters,
                        "Too few parameters. Expected 1: there is no field '" + name + "'.");
   }

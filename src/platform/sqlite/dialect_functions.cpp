@@ -136,6 +136,7 @@ Expression DialectParser::LitFonction(const std::string& typed) {
                                                              "SPACE"};
   if (found == std::end(scalarFunctions) &&
       std::find(others.begin(), others.end(), name) == others.end()) {
+    SiIllisible();
     throw TalpenaError(EngineError::UndefinedFunction,
                        "Undefined function '" + typed + "' in expression.");
   }

@@ -79,6 +79,10 @@ void DialectParser::Syntaxe() const {
                      "Syntax error (missing operator) in query expression '" + quoted + "'.");
 }
 
+void DialectParser::SiIllisible() const {
+  if (tokens_.back().kind == Token::Kind::Error) Syntaxe();
+}
+
 Selection TraduitSelect(std::string_view statement, const TableFinder& tables) {
   return DialectParser(statement, tables).Select();
 }

@@ -71,6 +71,8 @@ class DialectParser {
   std::string Nom();  ///< a name, in brackets or not
   void ExigeFin();
   [[noreturn]] void Syntaxe() const;
+  /// A mistake that is about to be named may come of a quote that was never closed.
+  void SiIllisible() const;
 
   // dialect_expression.cpp
   Expression Lit(int minimum = 0);

@@ -37,6 +37,32 @@ class EnEcriture {
   Connection& connection_;
 };
 
+/// Takes back what was done since, unless it was told that all went well.
+class PointDeReprise {
+ public:
+  explicit PointDeReprise(Connection& connection) : connection_(connection) {
+    connection_.Execute("SAVEPOINT reprise");
+  }
+  ~PointDeReprise() {
+    if (valid_) return;
+    try {
+      connection_.Execute("ROLLBACK TO reprise");
+      connection_.Execute("RELEASE reprise");
+    } catch (const TalpenaError&) {  // the library has ended the transaction by itself
+    }
+  }
+  PointDeReprise(const PointDeReprise&) = delete;
+  PointDeReprise& operator=(const PointDeReprise&) = delete;
+  void Valide() {
+    connection_.Execute("RELEASE reprise");
+    valid_ = true;
+  }
+
+ private:
+  Connection& connection_;
+  bool valid_ = false;
+};
+
 bool NomAcceptable(std::string_view name) {
   return !name.empty() && name.size() <= 256 && Rogne(name) == name &&
          name.find_first_of(std::string_view("\0\t\r\n[].!`", 8)) == std::string_view::npos &&
@@ -79,18 +105,23 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Ouvre(const std::string& path, b
   auto connection = std::make_shared<Connection>(
       path, readOnly ? Connection::Mode::ReadOnly : Connection::Mode::ReadWrite);
   std::unique_ptr<SqliteDatabase> database(new SqliteDatabase(std::move(connection), readOnly));
-  {
-    Statement id = database->connection_->Prepare("PRAGMA application_id");
-    if (!id.Avance() || id.Entier(0) != ApplicationId) throw FormatInconnu(path);
-  }
-  // Only tables and their indexes belong in such a file: whatever would run by itself is refused.
-  Statement others = database->connection_->Prepare(
-      "SELECT 1 FROM sqlite_schema WHERE type NOT IN ('table', 'index') OR "
-      "(type = 'table' AND sql LIKE 'CREATE VIRTUAL%')");
-  if (others.Avance()) throw FormatInconnu(path);
-  others = Statement();
+  if (!database->EstLeNotre()) throw FormatInconnu(path);
   database->ChargeDefinitions();
   return database;
+}
+
+// Only tables and their indexes belong in such a file: whatever would run by itself is refused.
+bool SqliteDatabase::EstLeNotre() {
+  const auto number = [this](const std::string& sql) {
+    Statement statement = connection_->Prepare(sql);
+    return statement.Avance() ? statement.Entier(0) : 0;
+  };
+  return number("PRAGMA application_id") == ApplicationId &&
+         number(
+             "SELECT count(*) FROM sqlite_schema WHERE type NOT IN ('table', 'index') OR "
+             "sql LIKE 'CREATE VIRTUAL%'") == 0 &&
+         number("SELECT count(*) FROM sqlite_schema WHERE type = 'table' AND name = " +
+                Litteral(DefinitionTable)) == 1;
 }
 
 std::unique_ptr<SqliteDatabase> SqliteDatabase::Importe(std::unique_ptr<ForeignDatabase> foreign) {
@@ -113,7 +144,15 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Importe(std::unique_ptr<ForeignD
 void SqliteDatabase::ChargeDefinitions() {
   Statement rows = connection_->Prepare(std::string("SELECT definition FROM ") + DefinitionTable +
                                         " ORDER BY rowid");
-  while (rows.Avance()) Declare(LitDefinition(rows.Texte(0)));
+  while (rows.Avance()) {
+    const auto table = Declare(LitDefinition(rows.Texte(0)));
+    try {
+      connection_->Prepare("SELECT " + table->CleSql() + ", " + table->TousLesChamps() + " FROM " +
+                           table->NomSql());
+    } catch (const TalpenaError&) {
+      throw FormatInconnu(table->Nom());
+    }
+  }
 }
 
 std::shared_ptr<TableState> SqliteDatabase::Declare(TableDef definition) {
@@ -134,21 +173,15 @@ void SqliteDatabase::CreateTable(const TableDef& table) {
   const TableState state(0, table);
   const std::vector<std::string> statements = state.SqlCreation();
   connection_->ArreteLecteurs();
-  connection_->Execute("SAVEPOINT creation");
-  try {
-    for (const std::string& sql : statements) connection_->Execute(sql);
-    Statement note = connection_->Prepare(std::string("INSERT INTO ") + DefinitionTable +
-                                          " (name, definition) VALUES (?1, ?2)");
-    const std::string definition = EcritDefinition(table);
-    note.Lie(0, Cell::Of(std::string_view(table.name)));
-    note.Lie(1, Cell::Of(std::string_view(definition)));
-    note.Execute();
-  } catch (...) {
-    connection_->Execute("ROLLBACK TO creation");
-    connection_->Execute("RELEASE creation");
-    throw;
-  }
-  connection_->Execute("RELEASE creation");
+  PointDeReprise point(*connection_);
+  for (const std::string& sql : statements) connection_->Execute(sql);
+  Statement note = connection_->Prepare(std::string("INSERT INTO ") + DefinitionTable +
+                                        " (name, definition) VALUES (?1, ?2)");
+  const std::string definition = EcritDefinition(table);
+  note.Lie(0, Cell::Of(std::string_view(table.name)));
+  note.Lie(1, Cell::Of(std::string_view(definition)));
+  note.Execute();
+  point.Valide();
   Declare(table);
 }
 
@@ -237,8 +270,7 @@ std::int64_t SqliteDatabase::Execute(std::string_view statement) {
   std::vector<RowKey> deleted;
   const EnEcriture guard(*connection_, change.allRows ? nullptr : &deleted);
   connection_->ArreteLecteurs();
-  connection_->Prepare(change.sql, Access::Change).Execute();
-  const std::int64_t count = connection_->LignesChangees();
+  const std::int64_t count = ExecuteChangement(change);
   if (change.allRows) {
     change.table->NoteVidage();
   } else if (!deleted.empty()) {
@@ -249,6 +281,23 @@ std::int64_t SqliteDatabase::Execute(std::string_view statement) {
   if (change.kind == Change::Kind::Insert && count > 0) {
     change.table->NoteCle(connection_->DerniereCle());
   }
+  return count;
+}
+
+// Keys have 32 bits: a statement that would number rows beyond is taken back.
+std::int64_t SqliteDatabase::ExecuteChangement(const Change& change) {
+  Statement statement = connection_->Prepare(change.sql, Access::Change);
+  if (change.kind != Change::Kind::Insert) {
+    statement.Execute();
+    return connection_->LignesChangees();
+  }
+  PointDeReprise point(*connection_);
+  statement.Execute();
+  const std::int64_t count = connection_->LignesChangees();
+  if (count > 0 && connection_->DerniereCle() > std::numeric_limits<RowKey>::max()) {
+    throw Debordement();
+  }
+  point.Valide();
   return count;
 }
 

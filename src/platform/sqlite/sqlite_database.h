@@ -38,6 +38,7 @@ class SqliteDatabase final : public Database {
       : connection_(std::move(connection)), readOnly_(readOnly) {}
 
   void ExigeEcriture() const;
+  bool EstLeNotre();
   void ChargeDefinitions();
   std::shared_ptr<TableState> Declare(TableDef definition);
   TableFinder Tables();
@@ -46,6 +47,7 @@ class SqliteDatabase final : public Database {
   std::unique_ptr<Recordset> OuvreTable(std::shared_ptr<TableState> table,
                                         const std::string& condition,
                                         const std::vector<OrderTerm>& order);
+  std::int64_t ExecuteChangement(const Change& change);
   std::unique_ptr<Recordset> LitEnMemoire(const Selection& selection);
   std::int64_t Insere(TableState& table, const std::vector<int>& fields, RowSource& source,
                       Check check);

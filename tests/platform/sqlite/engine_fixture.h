@@ -1,9 +1,7 @@
 // A fresh working database for each test, in a folder of its own.
 #pragma once
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <filesystem>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -11,6 +9,7 @@
 #include <vector>
 
 #include "common/talpena_error.h"
+#include "fakes/temp_folder.h"
 #include "platform/sqlite/sqlite_engine.h"
 
 namespace talpena::enginetest {
@@ -33,25 +32,6 @@ inline TableDef TalpenaDef() {
   table.indexes = {{"PERIOD", {"PERIOD"}, false, false}};
   return table;
 }
-
-class TemporaryFolder {
- public:
-  TemporaryFolder() {
-    std::string pattern =
-        (std::filesystem::temp_directory_path() / "talpena-engine-XXXXXX").string();
-    path_ = mkdtemp(pattern.data());
-  }
-  ~TemporaryFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(path_, ignored);
-  }
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
-  std::string Fichier(const std::string& name) const { return (path_ / name).string(); }
-
- private:
-  std::filesystem::path path_;
-};
 
 /// Number and description of the failure that a body ends with; 0 and "" without one.
 struct Failure {
@@ -87,8 +67,8 @@ class ListSource final : public RowSource {
 class EngineTest : public ::testing::Test {
  protected:
   EngineTest() : engine(CreeMoteurSqlite()) {
-    database = engine->CreateDatabase(folder.Fichier("talpena_tmp.mdb"),
-                                      ";LANGID=0x0409;CP=1252;COUNTRY=0");
+    database =
+        engine->CreateDatabase(folder / "talpena_tmp.mdb", ";LANGID=0x0409;CP=1252;COUNTRY=0");
   }
 
   void CreeTalpena() { database->CreateTable(TalpenaDef()); }
@@ -115,7 +95,7 @@ class EngineTest : public ::testing::Test {
     return Colonne(*rows, field);
   }
 
-  TemporaryFolder folder;
+  test::TempFolder folder;
   std::unique_ptr<TableEngine> engine;
   std::unique_ptr<Database> database;
 };

@@ -1,0 +1,94 @@
+// Conditions and whole statements as a user might send them: the engine answers with rows or
+// with a TalpenaError that it knows, and the table stays as it was.
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "common/talpena_error.h"
+#include "platform/sqlite/sqlite_engine.h"
+
+using namespace talpena;
+
+namespace {
+
+constexpr int EngineFault = 3000;  // what no input may lead to
+constexpr std::int64_t RowCount = 4;
+
+/// One small table, made once.
+class World {
+ public:
+  World() : engine_(CreeMoteurSqlite()) {
+    std::string folder = (std::filesystem::temp_directory_path() / "talpena-fuzz-XXXXXX").string();
+    if (mkdtemp(folder.data()) == nullptr) std::abort();
+    folder_ = folder;
+    database_ = engine_->CreateDatabase(folder + "/t.mdb", {});
+    TableDef table;
+    table.name = "TALPENA";
+    table.fields = {{"Counter", FieldType::Long, 0, false, true, false},
+                    {"PERIOD", FieldType::Integer},
+                    {"LATITUDE", FieldType::Single},
+                    {"SEX", FieldType::Text, 1, true},
+                    {"DATE", FieldType::Text, 10, true},
+                    {"COMMENT", FieldType::Memo, 0, true}};
+    database_->CreateTable(table);
+    for (std::int64_t i = 0; i < RowCount; ++i) {
+      database_->Execute("INSERT INTO TALPENA (PERIOD, LATITUDE, SEX, DATE, COMMENT) VALUES (" +
+                         std::to_string(i) + ", 4.1, 'm', '1987/05/12', 'Été 12 [x]')");
+    }
+  }
+  ~World() {
+    database_.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+
+  void Essaie(std::string_view text) {
+    const std::string condition(text);
+    Garde([&] { Parcourt("SELECT * FROM TALPENA WHERE " + condition); });
+    Garde([&] { Parcourt(condition); });
+    Garde([&] {
+      const auto rows = database_->OpenRecordset("SELECT * FROM TALPENA ORDER BY LATITUDE DESC");
+      if (rows->FindFirst(condition)) rows->FindNext(condition);
+    });
+    Garde([&] {
+      const Transaction transaction(*database_);
+      database_->Execute(condition);
+    });
+    if (database_->OpenRecordset("TALPENA")->RecordCount() != RowCount) std::abort();
+  }
+
+ private:
+  void Parcourt(const std::string& source) {
+    const auto rows = database_->OpenRecordset(source);
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      for (std::size_t i = 0; i < rows->Fields().size(); ++i) rows->Get(static_cast<int>(i));
+    }
+  }
+
+  template <typename Body>
+  void Garde(Body&& body) {
+    try {
+      body();
+    } catch (const TalpenaError& error) {
+      if (error.number() != EngineFault) return;
+      std::fprintf(stderr, "%s\n", error.what());
+      std::abort();
+    }
+  }
+
+  std::unique_ptr<TableEngine> engine_;
+  std::unique_ptr<Database> database_;
+  std::filesystem::path folder_;
+};
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  static World world;
+  world.Essaie({reinterpret_cast<const char*>(data), size});
+  return 0;
+}
