@@ -65,6 +65,7 @@ int main(int argc, char** argv) {
   ProcessState state;
   state.AppDir = DossierDuProgramme();
   Form1 form(state, io);
+  dialogues.SuitLangue(state.Langue);
   dialogues.ChangeParent(&form);
   form.ChangeSplash(&splash);
   QObject::connect(&form, &Form1::Fini, &application, [] { QCoreApplication::exit(0); });

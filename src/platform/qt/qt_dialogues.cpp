@@ -1,5 +1,6 @@
 #include "platform/qt/qt_dialogues.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QColorDialog>
 #include <QDir>
@@ -13,10 +14,13 @@
 #include <QPrinter>
 #include <utility>
 
+#include "common/msg_id.h"
 #include "common/paths.h"
+#include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "platform/qt/colours.h"
 #include "platform/qt/file_filter.h"
+#include "platform/qt/mnemonics.h"
 
 using namespace Qt::StringLiterals;
 
@@ -98,6 +102,20 @@ constexpr std::pair<Answer, QMessageBox::StandardButton> answers[] = {
     {Answer::No, QMessageBox::No},
 };
 
+int Legende(Answer answer) {
+  switch (answer) {
+    case Answer::Cancel:
+      return MsgId::BoutonAnnuler;
+    case Answer::Yes:
+      return MsgId::BoutonOui;
+    case Answer::No:
+      return MsgId::BoutonNon;
+    case Answer::Ok:
+      break;
+  }
+  return MsgId::BoutonOk;
+}
+
 QMessageBox::StandardButton EnBouton(Answer answer) {
   for (const auto& [known, button] : answers) {
     if (known == answer) return button;
@@ -168,6 +186,11 @@ Answer QtDialogues::Demande(const MessageBox& box) {
   window.setText(EnLignes(box.text));
   window.setDefaultButton(box.defaultButton ? EnBouton(*box.defaultButton) : buttons.first);
   window.setEscapeButton(buttons.closing);
+  Mnemonics letters;
+  for (const auto& [answer, button] : answers) {
+    QAbstractButton* shown = langue_ == nullptr ? nullptr : window.button(button);
+    if (shown != nullptr) shown->setText(letters.Marque(Texte(*langue_, Legende(answer))));
+  }
   const PointeurNormal pointeur;
   return EnReponse(window.exec(), buttons.closing);
 }
@@ -179,6 +202,10 @@ std::string QtDialogues::Saisie(const InputBox& box) {
   window.setLabelText(EnLignes(box.prompt));
   window.setTextValue(EnQt(box.text));
   for (QLabel* label : window.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+  if (langue_ != nullptr) {
+    window.setOkButtonText(EnQt(Texte(*langue_, MsgId::BoutonOk)));
+    window.setCancelButtonText(EnQt(Texte(*langue_, MsgId::BoutonAnnuler)));
+  }
   const PointeurNormal pointeur;
   return window.exec() == QDialog::Accepted ? window.textValue().toStdString() : std::string();
 }

@@ -22,6 +22,10 @@ class QtDialogues : public Dialogues {
   /// Boxes stand over the modal window that is up, over this one, or over the active one.
   void ChangeParent(QWidget* parent) { parent_ = parent; }
 
+  /// The buttons of message and input boxes speak this language from now on, whatever it becomes;
+  /// until then they have the toolkit's own captions.
+  void SuitLangue(const std::int16_t& langue) { langue_ = &langue; }
+
   Answer Demande(const MessageBox& box) override;
   std::string Saisie(const InputBox& box) override;
   /// A name that is typed need not exist. No suffix is added to it.
@@ -40,6 +44,7 @@ class QtDialogues : public Dialogues {
   QWidget* Parent() const;
 
   QPointer<QWidget> parent_;
+  const std::int16_t* langue_ = nullptr;
   std::unique_ptr<QPrinter> printer_;  ///< made when first wanted
 };
 

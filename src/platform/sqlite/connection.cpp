@@ -154,7 +154,7 @@ int Connection::AjouteTable(std::shared_ptr<TableState> table) {
 
 TableState* Connection::Table(std::string_view name) const {
   const auto found = std::find_if(tables_.begin(), tables_.end(), [name](const auto& table) {
-    return EgalSansCasse(table->Nom(), name);
+    return MemeNom(table->Nom(), name);
   });
   return found == tables_.end() ? nullptr : found->get();
 }

@@ -1,16 +1,25 @@
 // DELETE, UPDATE, INSERT. Every value passes the checks of its column (tlp_store).
 #include <algorithm>
 
-#include "common/text.h"
 #include "platform/sqlite/dialect_parser.h"
 #include "platform/sqlite/errors.h"
 
 namespace talpena::sqlite {
 namespace {
 
-std::string Range(const TableState& table, int field, const std::string& value) {
-  return "tlp_store(" + value + ", " + std::to_string(table.Numero()) + ", " +
-         std::to_string(field) + ")";
+// The text of a 32-bit float is that of its few digits, and of a date its day.
+std::string Range(const TableState& table, int field, const Expression& value) {
+  const bool text = StockageDe(table.Def(field).type) == Storage::Text;
+  const bool special = value.kind == ValueKind::Single || value.kind == ValueKind::Date;
+  return "tlp_store(" + (text && special ? EnTexte(value) : EnValeur(value).sql) + ", " +
+         std::to_string(table.Numero()) + ", " + std::to_string(field) + ")";
+}
+
+Expression ColonneDeListe(std::size_t place, const FieldDef& field) {
+  Expression e;
+  e.sql = "k" + std::to_string(place);
+  e.kind = GenreDe(field.type);
+  return e;
 }
 
 }  // namespace
@@ -61,9 +70,9 @@ Change DialectParser::LitUpdate() {
     const int field = Colonne({}, column).field;
     if (field == table.ChampCle()) throw ChampFige();
     ExigeSymbole("=");
-    const Expression value = EnValeur(Lit());
+    const Expression value = Lit();
     assignments += (assignments.empty() ? "" : ", ") + table.ChampSql(field) + " = " +
-                   Range(table, field, value.sql);
+                   Range(table, field, value);
   } while (Symbole(","));
   Change change;
   change.kind = Change::Kind::Update;
@@ -111,17 +120,19 @@ Change DialectParser::LitInsert() {
   }
   sources_.clear();
 
-  std::vector<std::string> values;
+  std::vector<Expression> values;
   std::string from;
   if (EstMot("SELECT")) {
     Selection rows = Select();
     if (rows.fields.size() != columns.size()) Syntaxe();
     if (rows.table != nullptr) rows.sql = SelectEntier(rows);
-    for (std::size_t i = 0; i < columns.size(); ++i) values.push_back("k" + std::to_string(i));
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      values.push_back(ColonneDeListe(i, rows.fields[i]));
+    }
     from = " FROM (" + rows.sql + ")";
   } else {
     ExigeMot("VALUES");
-    for (const Expression& value : LitArguments()) values.push_back(EnValeur(value).sql);
+    values = LitArguments();
     ExigeFin();
     if (values.size() != columns.size()) Syntaxe();
   }

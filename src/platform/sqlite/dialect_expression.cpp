@@ -1,7 +1,6 @@
 // Expressions: operators by their precedence, literals, names.
 #include <array>
 
-#include "common/text.h"
 #include "platform/sqlite/collation.h"
 #include "platform/sqlite/dialect_parser.h"
 #include "platform/sqlite/errors.h"
@@ -356,10 +355,10 @@ Expression DialectParser::LitColonneOuFonction() {
 Expression DialectParser::Colonne(const std::string& qualifier, const std::string& name) const {
   Expression result;
   for (const Source& source : sources_) {
-    if (!qualifier.empty() && !source.numbered && !EgalSansCasse(source.alias, qualifier)) continue;
+    if (!qualifier.empty() && !source.numbered && !MemeNom(source.alias, qualifier)) continue;
     for (std::size_t i = 0; i < source.fields->size(); ++i) {
       const FieldDef& field = (*source.fields)[i];
-      if (!EgalSansCasse(field.name, name)) continue;
+      if (!MemeNom(field.name, name)) continue;
       if (result.column != nullptr && !source.numbered) {
         throw TalpenaError(3079, "The specified field '" + name +
                                      "' could refer to more than one table listed in the FROM "
@@ -375,23 +374,7 @@ Expression DialectParser::Colonne(const std::string& qualifier, const std::strin
     throw TalpenaError(ErrorNumber::TooFewParameters,
                        "Too few parameters. Expected 1: there is no field '" + name + "'.");
   }
-  switch (result.column->type) {
-    case FieldType::Single:
-      result.kind = ValueKind::Single;
-      break;
-    case FieldType::Date:
-      result.kind = ValueKind::Date;
-      break;
-    case FieldType::Text:
-    case FieldType::Memo:
-      result.kind = ValueKind::Text;
-      break;
-    case FieldType::Binary:
-      result.kind = ValueKind::Binary;
-      break;
-    default:
-      result.kind = ValueKind::Number;
-  }
+  result.kind = GenreDe(result.column->type);
   return result;
 }
 

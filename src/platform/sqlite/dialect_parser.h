@@ -146,5 +146,6 @@ ValueKind Commun(ValueKind a, ValueKind b);
 FieldDef ChampDe(const Expression& e, const std::string& name);
 std::string AvecOrdre(const Expression& e);  ///< texts with the engine's comparison
 bool EstNombre(ValueKind kind);
+ValueKind GenreDe(FieldType type);
 
 }  // namespace talpena::sqlite

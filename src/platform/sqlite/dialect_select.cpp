@@ -158,7 +158,7 @@ void DialectParser::LitTable(std::string& from) {
 void DialectParser::AjouteSource(const std::string& name, const std::string& alias) {
   if (sources_.size() >= 32) throw TropComplexe();
   for (const Source& other : sources_) {
-    if (EgalSansCasse(other.alias, alias)) Syntaxe();
+    if (MemeNom(other.alias, alias)) Syntaxe();
   }
   Source source;
   source.alias = alias;
@@ -204,7 +204,7 @@ void DialectParser::AjouteToutes(const std::string& qualifier, std::vector<Expre
                                  std::vector<FieldDef>& fields) {
   bool found = false;
   for (const Source& source : sources_) {
-    if (!qualifier.empty() && !EgalSansCasse(source.alias, qualifier)) continue;
+    if (!qualifier.empty() && !MemeNom(source.alias, qualifier)) continue;
     found = true;
     for (const FieldDef& field : *source.fields) {
       Expression e = Colonne(source.alias, field.name);
@@ -256,7 +256,7 @@ OrderTerm DialectParser::LitTerme(const std::vector<Expression>& items,
     const bool ends = EstSymbole(",") || EstSymbole(";") || EstMot("ASC") || EstMot("DESC") ||
                       Ici().kind == Token::Kind::End;
     for (std::size_t i = 0; ends && i < fields.size(); ++i) {
-      if (EgalSansCasse(fields[i].name, name)) return Terme(items[i]);
+      if (MemeNom(fields[i].name, name)) return Terme(items[i]);
     }
     at_ = place;
   }

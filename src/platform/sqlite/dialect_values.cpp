@@ -46,6 +46,22 @@ std::string EnSimpleSql(const Expression& e) {
 
 }  // namespace
 
+ValueKind GenreDe(FieldType type) {
+  switch (type) {
+    case FieldType::Single:
+      return ValueKind::Single;
+    case FieldType::Date:
+      return ValueKind::Date;
+    case FieldType::Text:
+    case FieldType::Memo:
+      return ValueKind::Text;
+    case FieldType::Binary:
+      return ValueKind::Binary;
+    default:
+      return ValueKind::Number;
+  }
+}
+
 bool EstNombre(ValueKind kind) {
   return kind == ValueKind::Number || kind == ValueKind::Single || kind == ValueKind::Date;
 }

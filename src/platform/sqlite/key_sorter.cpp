@@ -7,7 +7,7 @@
 namespace talpena::sqlite {
 namespace {
 
-constexpr std::size_t PartSize = 8;
+constexpr std::size_t FirstBlock = 1 << 10;
 constexpr std::size_t BlockSize = 1 << 20;
 constexpr std::size_t Budget = 24u << 20;  // bytes of keys, all rows together
 constexpr std::size_t LongestRest = 0x7000;
@@ -16,9 +16,8 @@ constexpr std::uint32_t NoRest = 0xffffffff;
 
 }  // namespace
 
-KeySorter::KeySorter(std::size_t rows, std::size_t skip)
-    : skip_(skip),
-      longestRest_(std::clamp(Budget / std::max<std::size_t>(rows, 1), PartSize, LongestRest)) {
+KeySorter::KeySorter(std::size_t rows)
+    : longestRest_(std::clamp(Budget / std::max<std::size_t>(rows, 1), PartSize, LongestRest)) {
   entries_.reserve(rows);
 }
 
@@ -32,17 +31,13 @@ std::uint64_t KeySorter::Part(std::string_view bytes) {
 }
 
 void KeySorter::Ajoute(std::string_view key, RowKey row) {
-  key.remove_prefix(std::min(skip_, key.size()));
   Entry entry{Part(key), NoRest, row};
   if (key.size() > PartSize) {
     const std::string_view rest = key.substr(PartSize, longestRest_);
     const bool cut = key.size() - PartSize > longestRest_;
     const auto header = static_cast<std::uint16_t>(rest.size() | (cut ? CutFlag : 0u));
     const std::size_t need = sizeof header + rest.size();
-    if (blocks_.empty() || used_ + need > BlockSize) {
-      blocks_.push_back(std::make_unique_for_overwrite<char[]>(BlockSize));
-      used_ = 0;
-    }
+    if (used_ + need > blockSize_) OuvreBloc(need);
     char* place = blocks_.back().get() + used_;
     std::memcpy(place, &header, sizeof header);
     std::memcpy(place + sizeof header, rest.data(), rest.size());
@@ -50,6 +45,13 @@ void KeySorter::Ajoute(std::string_view key, RowKey row) {
     used_ += need;
   }
   entries_.push_back(entry);
+}
+
+// Blocks grow, so that a few rows take little; the offset counts each as a whole one.
+void KeySorter::OuvreBloc(std::size_t need) {
+  blockSize_ = std::min(BlockSize, std::max(need, std::max(FirstBlock, 2 * blockSize_)));
+  blocks_.push_back(std::make_unique_for_overwrite<char[]>(blockSize_));
+  used_ = 0;
 }
 
 std::string_view KeySorter::Reste(const Entry& entry, bool& cut) const {
@@ -62,36 +64,38 @@ std::string_view KeySorter::Reste(const Entry& entry, bool& cut) const {
   return {place + sizeof header, static_cast<std::size_t>(header & ~CutFlag)};
 }
 
-std::vector<RowKey> KeySorter::Trie(const Resolve& resolve) {
-  TriePartie(entries_, 0, resolve);
-  std::vector<RowKey> rows;
-  rows.reserve(entries_.size());
-  for (const Entry& entry : entries_) rows.push_back(entry.row);
-  return rows;
+KeySorter::Result KeySorter::Trie() {
+  TriePartie(entries_, 0);
+  blocks_.clear();
+  Result result;
+  result.rows.reserve(entries_.size());
+  for (const Entry& entry : entries_) result.rows.push_back(entry.row);
+  entries_ = {};
+  result.undecided = std::move(undecided_);
+  return result;
 }
 
 // Sorts by the part that the entries hold; those that are equal in it get their next part.
-void KeySorter::TriePartie(std::span<Entry> entries, std::size_t depth, const Resolve& resolve) {
+void KeySorter::TriePartie(std::span<Entry> entries, std::size_t depth) {
   std::sort(entries.begin(), entries.end(), [](const Entry& a, const Entry& b) {
     return a.part != b.part ? a.part < b.part : a.row < b.row;
   });
   for (std::size_t first = 0; first < entries.size();) {
     std::size_t last = first + 1;
     while (last < entries.size() && entries[last].part == entries[first].part) ++last;
-    if (last - first > 1) Resous(entries.subspan(first, last - first), depth, resolve);
+    if (last - first > 1) Departage(entries.subspan(first, last - first), depth);
     first = last;
   }
 }
 
-void KeySorter::Resous(std::span<Entry> entries, std::size_t depth, const Resolve& resolve) {
+void KeySorter::Departage(std::span<Entry> entries, std::size_t depth) {
   const std::size_t from = depth * PartSize;
   bool anyCut = false;
   bool anyMore = false;
-  for (Entry& entry : entries) {
+  for (const Entry& entry : entries) {
     bool cut = false;
-    const std::string_view rest = Reste(entry, cut);
+    anyMore = Reste(entry, cut).size() > from || anyMore;
     anyCut = anyCut || cut;
-    anyMore = anyMore || rest.size() > from;
   }
   if (anyMore) {
     for (Entry& entry : entries) {
@@ -99,13 +103,11 @@ void KeySorter::Resous(std::span<Entry> entries, std::size_t depth, const Resolv
       const std::string_view rest = Reste(entry, cut);
       entry.part = Part(rest.size() > from ? rest.substr(from) : std::string_view());
     }
-    return TriePartie(entries, depth + 1, resolve);
+    return TriePartie(entries, depth + 1);
   }
   if (!anyCut) return;  // equal keys
-  std::vector<RowKey> rows;
-  for (const Entry& entry : entries) rows.push_back(entry.row);
-  resolve(rows, skip_ + PartSize + longestRest_);
-  for (std::size_t i = 0; i < rows.size(); ++i) entries[i].row = rows[i];
+  const auto first = static_cast<std::size_t>(entries.data() - entries_.data());
+  undecided_.push_back({first, first + entries.size()});
 }
 
 void NumberSorter::Trie() {

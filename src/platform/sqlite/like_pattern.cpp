@@ -91,18 +91,31 @@ void LikePattern::Accelere() {
   contained_ = std::move(text);
 }
 
+// Steps from one place of the first character to the next, in either case.
 bool LikePattern::ContientAscii(std::string_view text) const {
   const std::size_t length = contained_.size();
   if (text.size() < length) return false;
-  const char first = contained_[0];
   const char* const end = text.data() + (text.size() - length) + 1;
-  for (const char* p = text.data(); p != end; ++p) {
-    if (Minuscule(*p) != first) continue;
+  const auto find = [end](const char* from, char c) {
+    const void* found = std::memchr(from, c, static_cast<std::size_t>(end - from));
+    return found != nullptr ? static_cast<const char*>(found) : end;
+  };
+  const char low = contained_[0];
+  const char high = low >= 'a' && low <= 'z' ? static_cast<char>(low - 32) : low;
+  const char* nextLow = find(text.data(), low);
+  const char* nextHigh = high == low ? end : find(text.data(), high);
+  for (;;) {
+    const char* p = std::min(nextLow, nextHigh);
+    if (p == end) return false;
     std::size_t i = 1;
     while (i < length && Minuscule(p[i]) == contained_[i]) ++i;
     if (i == length) return true;
+    if (p == nextLow) {
+      nextLow = find(p + 1, low);
+    } else {
+      nextHigh = find(p + 1, high);
+    }
   }
-  return false;
 }
 
 // One star at a time is enough: what an earlier star could take, a later one can take as well.

@@ -40,7 +40,7 @@ MemoryRecordset::MemoryRecordset(std::shared_ptr<Connection> connection,
 int MemoryRecordset::FieldIndex(std::string_view name) const {
   const auto& fields = data_->fields;
   const auto found = std::find_if(fields.begin(), fields.end(), [name](const FieldDef& field) {
-    return EgalSansCasse(field.name, name);
+    return MemeNom(field.name, name);
   });
   if (found == fields.end()) throw ChampIntrouvable();
   return static_cast<int>(found - fields.begin());

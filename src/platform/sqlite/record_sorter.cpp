@@ -181,38 +181,78 @@ class RecordSorter {
   }
 
   RowList ParOctets() {
-    std::size_t expected = NombreAttendu();
-    if (!condition_.empty()) {
-      expected = static_cast<std::size_t>(UnNombre(connection_, Select("count(*)")));
+    KeySorter sorter(static_cast<std::size_t>(UnNombre(connection_, Select("count(*)"))));
+    {
+      Statement rows = Lignes(ColonnesTriees());
+      std::string key;
+      while (rows.Avance()) {
+        CleDe(rows, key);
+        sorter.Ajoute(key, static_cast<RowKey>(rows.Entier(0)));
+      }
     }
-    KeySorter sorter(expected);
-    Statement rows = Lignes(ColonnesTriees());
-    std::string key;
-    while (rows.Avance()) {
-      CleDe(rows, key);
-      sorter.Ajoute(key, static_cast<RowKey>(rows.Entier(0)));
-    }
-    rows = Statement();
-    return RowList(sorter.Trie(Departage()));
+    KeySorter::Result result = sorter.Trie();
+    std::size_t known = sorter.Gardes();
+    while (!result.undecided.empty()) known += Departage(result, known);
+    return RowList(std::move(result.rows));
   }
 
-  // Rows that are equal as far as their keys were kept are read again, in the table's order.
-  KeySorter::Resolve Departage() {
-    return [this](std::span<RowKey> rows, std::size_t skip) {
-      Statement one =
-          connection_.Prepare(Select(ColonnesTriees()) + " WHERE " + table_.CleSql() + " = ?1");
-      std::sort(rows.begin(), rows.end());
-      KeySorter sorter(rows.size(), skip);
-      std::string key;
-      for (const RowKey row : rows) {
-        one.Lie(0, std::int64_t{row});
-        if (one.Avance()) CleDe(one, key);
-        one.Rembobine();
-        sorter.Ajoute(key, row);
-      }
-      const std::vector<RowKey> sorted = sorter.Trie(Departage());
-      std::copy(sorted.begin(), sorted.end(), rows.begin());
+  // Rows that are equal as far as their keys were kept are read once more, with the table, for
+  // the next bytes. Answers how many those are.
+  std::size_t Departage(KeySorter::Result& result, std::size_t known) {
+    struct Pending {
+      RowKey row;
+      std::uint32_t group;
     };
+    std::vector<Pending> pending;
+    for (std::size_t group = 0; group < result.undecided.size(); ++group) {
+      const auto [first, last] = result.undecided[group];
+      for (std::size_t i = first; i < last; ++i) {
+        pending.push_back({result.rows[i], static_cast<std::uint32_t>(group)});
+      }
+    }
+    std::sort(pending.begin(), pending.end(),
+              [](const Pending& a, const Pending& b) { return a.row < b.row; });
+    KeySorter sorter(pending.size());
+    {
+      Statement rows = Lignes(ColonnesTriees(), " ORDER BY " + table_.CleSql());
+      std::string key;
+      auto next = pending.begin();
+      while (next != pending.end() && rows.Avance()) {
+        if (rows.Entier(0) != next->row) continue;
+        CleDe(rows, key);
+        key.replace(0, std::min(known, key.size()), NumeroDeGroupe(next->group));
+        sorter.Ajoute(key, next->row);
+        ++next;
+      }
+    }
+    const std::size_t more = sorter.Gardes() - sizeof(std::uint32_t);
+    Replace(result, sorter.Trie());
+    return more;
+  }
+
+  // The group goes first, so that rows stay within theirs.
+  static std::string NumeroDeGroupe(std::uint32_t group) {
+    std::string bytes;
+    for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<char>(group >> shift));
+    return bytes;
+  }
+
+  /// Puts the rows of the groups, sorted anew, in their places.
+  static void Replace(KeySorter::Result& result, const KeySorter::Result& sorted) {
+    const std::vector<KeySorter::Group> groups = std::move(result.undecided);
+    result.undecided.clear();
+    auto still = sorted.undecided.begin();
+    std::size_t from = 0;
+    for (const auto& [first, last] : groups) {
+      const std::size_t end = from + (last - first);
+      std::copy(sorted.rows.begin() + static_cast<std::ptrdiff_t>(from),
+                sorted.rows.begin() + static_cast<std::ptrdiff_t>(end),
+                result.rows.begin() + static_cast<std::ptrdiff_t>(first));
+      for (; still != sorted.undecided.end() && still->last <= end; ++still) {
+        result.undecided.push_back({still->first - from + first, still->last - from + first});
+      }
+      from = end;
+    }
   }
 
   Connection& connection_;

@@ -40,8 +40,8 @@ class EnEcriture {
 bool NomAcceptable(std::string_view name) {
   return !name.empty() && name.size() <= 256 && Rogne(name) == name &&
          name.find_first_of(std::string_view("\0\t\r\n[].!`", 8)) == std::string_view::npos &&
-         !EgalSansCasse(name, DefinitionTable) &&
-         !EgalSansCasse(std::string_view(name).substr(0, 7), "sqlite_");
+         !MemeNom(name, DefinitionTable) &&
+         !MemeNom(std::string_view(name).substr(0, 7), "sqlite_");
 }
 
 void VerifieDefinition(const TableDef& table) {
@@ -60,7 +60,7 @@ void VerifieDefinition(const TableDef& table) {
       throw ArgumentInvalide();
     }
     for (std::size_t j = 0; j < i; ++j) {
-      if (EgalSansCasse(table.fields[j].name, field.name)) throw ArgumentInvalide();
+      if (MemeNom(table.fields[j].name, field.name)) throw ArgumentInvalide();
     }
   }
 }

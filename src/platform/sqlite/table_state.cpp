@@ -35,6 +35,19 @@ std::string TypeSql(Storage storage) {
 
 }  // namespace
 
+bool MemeNom(std::string_view a, std::string_view b) {
+  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
+  const bool plain =
+      a.size() == b.size() && std::equal(a.begin(), a.end(), b.begin(),
+                                         [&](char x, char y) { return lower(x) == lower(y); });
+  if (plain) return true;
+  const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+  if (std::all_of(a.begin(), a.end(), isAscii) || std::all_of(b.begin(), b.end(), isAscii)) {
+    return false;
+  }
+  return EgalSansCasse(a, b);
+}
+
 std::string EntreGuillemets(std::string_view name) { return Double(name, '"'); }
 std::string Litteral(std::string_view text) { return Double(text, '\''); }
 
@@ -79,7 +92,7 @@ TableState::TableState(int number, TableDef definition)
 int TableState::Champ(std::string_view name) const {
   const auto& fields = definition_.fields;
   const auto found = std::find_if(fields.begin(), fields.end(), [name](const FieldDef& field) {
-    return EgalSansCasse(field.name, name);
+    return MemeNom(field.name, name);
   });
   return found == fields.end() ? -1 : static_cast<int>(found - fields.begin());
 }

@@ -16,6 +16,9 @@ std::string EntreGuillemets(std::string_view name);
 /// A text as a literal of SQLite.
 std::string Litteral(std::string_view text);
 
+/// Names of tables and fields are equal without regard to case.
+bool MemeNom(std::string_view a, std::string_view b);
+
 enum class Storage : std::uint8_t { Integer, Real, Text, Blob };
 Storage StockageDe(FieldType type);
 

@@ -86,6 +86,26 @@ TEST(QtDialogues, EveryButtonGivesItsAnswer) {
   }
 }
 
+TEST(QtDialogues, ButtonsSpeakTheLanguageAsItChanges) {
+  std::int16_t langue = 0;
+  QtDialogues dialogues;
+  dialogues.SuitLangue(langue);
+  const auto captions = [&] {
+    QStringList all;
+    const DialogDriver driver("MessageBox", [&](QDialog& d) {
+      for (const Answer answer : {Answer::Yes, Answer::No, Answer::Cancel}) {
+        all << Boite(d).button(Bouton(answer))->text();
+      }
+      d.close();
+    });
+    dialogues.Demande({.text = "?", .buttons = Buttons::YesNoCancel});
+    return all;
+  };
+  EXPECT_EQ(captions(), QStringList({"&Oui", "&Non", "&Annuler"}));
+  langue = 3000;
+  EXPECT_EQ(captions(), QStringList({"&Ja", "&Nein", "&Abbrechen"}));
+}
+
 TEST(QtDialogues, ClosingABoxAndEscapeCountAsItsMildestAnswer) {
   QtDialogues dialogues;
   for (const BoxCase& c : boxCases) {

@@ -1,0 +1,369 @@
+// The table engine against this machine's floor: the same work done with bare SQLite in the
+// same run. Prints one line per task: milliseconds of both, and their ratio.
+//
+//   engine_bench [rows] [folder]
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "platform/sqlite/sqlite_engine.h"
+
+using namespace talpena;
+
+namespace {
+
+constexpr std::array<std::string_view, 10> columns = {
+    "PERIOD", "LATITUDE", "LONGITUDE", "N1", "N2", "SEX", "DATUM", "ORIGINAL", "DATE", "COMMENT"};
+
+/// Rows as distributions have them, about 115 bytes each as a line of a file.
+class Generator final : public RowSource {
+ public:
+  explicit Generator(std::int64_t rows) : rows_(rows) {}
+
+  bool Suivante(std::span<Cell> cells) override {
+    if (done_ == rows_) return false;
+    ++done_;
+    Remplit();
+    cells[0] = Cell::Of(std::int64_t{1 + done_ % 3});
+    cells[1] = Cell::Of(double{latitude});
+    cells[2] = Cell::Of(double{longitude});
+    cells[3] = Cell::Of(n1);
+    cells[4] = Cell::Of(std::int64_t{0});
+    cells[5] = Cell::Of(std::string_view(done_ % 2 == 0 ? "M" : "F"));
+    cells[6] = Cell::Of(std::string_view("WGS84"));
+    cells[7] = Cell::Of(std::string_view(original));
+    cells[8] = Cell::Of(std::string_view(date));
+    cells[9] = Cell::Of(std::string_view(comment));
+    return true;
+  }
+
+ private:
+  void Remplit() {
+    latitude = static_cast<float>(static_cast<double>(random_() % 18000000) / 100000 - 90);
+    longitude = static_cast<float>(static_cast<double>(random_() % 36000000) / 100000 - 180);
+    n1 = static_cast<std::int64_t>(random_() % 1000);
+    const auto number = static_cast<unsigned>(random_() % 100000);
+    std::array<char, 80> text{};
+    std::snprintf(text.data(), text.size(), "%s 31U ES %05u %05u", done_ % 2 == 0 ? "utm" : "mgr",
+                  number, number / 2);
+    original = text.data();
+    std::snprintf(text.data(), text.size(), "%04u/%02u/%02u", 1880 + number % 140, 1 + number % 12,
+                  1 + number % 28);
+    date = text.data();
+    std::snprintf(text.data(), text.size(), "Locality %u/%u m/Collector %u//////////", number,
+                  number % 2500, number % 77);
+    comment = text.data();
+  }
+
+  std::int64_t rows_;
+  std::int64_t done_ = 0;
+  std::mt19937_64 random_{7};
+
+ public:
+  float latitude = 0;
+  float longitude = 0;
+  std::int64_t n1 = 0;
+  std::string original;
+  std::string date;
+  std::string comment;
+};
+
+TableDef Talpena() {
+  TableDef table;
+  table.name = "TALPENA";
+  table.fields = {{"Counter", FieldType::Long, 0, false, true, false},
+                  {"PERIOD", FieldType::Integer},
+                  {"LATITUDE", FieldType::Single},
+                  {"LONGITUDE", FieldType::Single},
+                  {"N1", FieldType::Long},
+                  {"N2", FieldType::Long},
+                  {"SEX", FieldType::Text, 1, true},
+                  {"DATUM", FieldType::Text, 5},
+                  {"ORIGINAL", FieldType::Text, 24},
+                  {"DATE", FieldType::Text, 10, true},
+                  {"COMMENT", FieldType::Memo, 0, true}};
+  table.indexes = {{"PERIOD", {"PERIOD"}, false, false}};
+  return table;
+}
+
+/// Time of the processor, which a busy machine does not lengthen much.
+double Millisecondes(const std::function<void()>& body) {
+  const std::clock_t start = std::clock();
+  body();
+  return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+}
+
+/// The best of three runs.
+double Meilleur(const std::function<void()>& body) {
+  double best = Millisecondes(body);
+  for (int i = 0; i < 2; ++i) best = std::min(best, Millisecondes(body));
+  return best;
+}
+
+void Rapporte(const char* task, double ours, double floor, double bound) {
+  std::printf("%-34s %8.0f ms  floor %8.0f ms  ratio %5.2f", task, ours, floor, ours / floor);
+  if (bound > 0)
+    std::printf("  (at most %.2f)%s", bound, ours / floor <= bound ? "" : "  TOO SLOW");
+  std::printf("\n");
+  std::fflush(stdout);
+}
+
+long MemoireMaximale() {
+  std::ifstream status("/proc/self/status");
+  for (std::string line; std::getline(status, line);) {
+    if (line.starts_with("VmHWM:")) return std::atol(line.c_str() + 6) / 1024;
+  }
+  return 0;
+}
+
+/// SQLite by itself.
+class Bare {
+ public:
+  explicit Bare(const std::string& path) {
+    sqlite3_open(path.c_str(), &db_);
+    for (const char* sql :
+         {"PRAGMA synchronous = OFF", "PRAGMA secure_delete = OFF",
+          "PRAGMA locking_mode = EXCLUSIVE", "PRAGMA journal_mode = PERSIST",
+          "PRAGMA cache_size = -12000",
+          "CREATE TABLE TALPENA (Counter INTEGER PRIMARY KEY AUTOINCREMENT, PERIOD INTEGER, "
+          "LATITUDE REAL, LONGITUDE REAL, N1 INTEGER, N2 INTEGER, SEX TEXT, DATUM TEXT, "
+          "ORIGINAL TEXT, DATE TEXT, COMMENT TEXT)",
+          "CREATE INDEX PERIOD ON TALPENA (PERIOD)"}) {
+      Execute(sql);
+    }
+  }
+  ~Bare() { sqlite3_close(db_); }
+  Bare(const Bare&) = delete;
+  Bare& operator=(const Bare&) = delete;
+
+  void Execute(const char* sql) {
+    if (sqlite3_exec(db_, sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
+      std::fprintf(stderr, "%s: %s\n", sql, sqlite3_errmsg(db_));
+      std::exit(1);
+    }
+  }
+
+  void Insere(std::int64_t rows) {
+    Execute("BEGIN");
+    sqlite3_stmt* insert = Prepare(
+        "INSERT INTO TALPENA (PERIOD, LATITUDE, LONGITUDE, N1, N2, SEX, DATUM, ORIGINAL, DATE, "
+        "COMMENT) VALUES (?,?,?,?,?,?,?,?,?,?)");
+    Generator generator(rows);
+    std::array<Cell, columns.size()> cells;
+    while (generator.Suivante(cells)) {
+      for (int i = 0; i < static_cast<int>(cells.size()); ++i) {
+        const Cell& cell = cells[static_cast<std::size_t>(i)];
+        if (cell.kind == Cell::Kind::Integer) {
+          sqlite3_bind_int64(insert, i + 1, cell.integer);
+        } else if (cell.kind == Cell::Kind::Real) {
+          sqlite3_bind_double(insert, i + 1, cell.real);
+        } else {
+          sqlite3_bind_text(insert, i + 1, cell.text.data(), static_cast<int>(cell.text.size()),
+                            SQLITE_STATIC);
+        }
+      }
+      sqlite3_step(insert);
+      sqlite3_reset(insert);
+    }
+    sqlite3_finalize(insert);
+    Execute("COMMIT");
+  }
+
+  /// Steps through a SELECT; reads all columns when asked.
+  std::int64_t Parcourt(const char* sql, bool read) {
+    sqlite3_stmt* rows = Prepare(sql);
+    std::int64_t sum = 0;
+    while (sqlite3_step(rows) == SQLITE_ROW) {
+      ++sum;
+      if (!read) continue;
+      for (int i = 0; i < sqlite3_column_count(rows); ++i) {
+        switch (sqlite3_column_type(rows, i)) {
+          case SQLITE_INTEGER:
+            sum += sqlite3_column_int64(rows, i);
+            break;
+          case SQLITE_FLOAT:
+            sum += static_cast<std::int64_t>(sqlite3_column_double(rows, i));
+            break;
+          case SQLITE_TEXT:
+            sum += reinterpret_cast<const char*>(sqlite3_column_text(rows, i))[0];
+            sum += sqlite3_column_bytes(rows, i);
+            break;
+          default:
+            break;
+        }
+      }
+    }
+    sqlite3_finalize(rows);
+    return sum;
+  }
+
+ private:
+  sqlite3_stmt* Prepare(const char* sql) {
+    sqlite3_stmt* statement = nullptr;
+    if (sqlite3_prepare_v2(db_, sql, -1, &statement, nullptr) != SQLITE_OK) {
+      std::fprintf(stderr, "%s: %s\n", sql, sqlite3_errmsg(db_));
+      std::exit(1);
+    }
+    return statement;
+  }
+
+  sqlite3* db_ = nullptr;
+};
+
+std::int64_t Parcourt(Recordset& rows) {
+  std::int64_t sum = 0;
+  for (rows.MoveFirst(); !rows.EOF_(); rows.MoveNext()) {
+    ++sum;
+    for (int i = 0; i < 11; ++i) {
+      const Cell cell = rows.Get(i);
+      if (cell.kind == Cell::Kind::Integer) {
+        sum += cell.integer;
+      } else if (cell.kind == Cell::Kind::Real) {
+        sum += static_cast<std::int64_t>(cell.real);
+      } else if (cell.kind == Cell::Kind::Text) {
+        sum += static_cast<std::int64_t>(cell.text.size()) + cell.text[0];
+      }
+    }
+  }
+  return sum;
+}
+
+void CompareInsertion(Bare& bare, Database& database, std::int64_t rows) {
+  const double floor = Millisecondes([&] { bare.Insere(rows); });
+  const double ours = Millisecondes([&] {
+    Transaction transaction(database);
+    Generator generator(rows);
+    database.InsertRows("TALPENA", columns, generator);
+    transaction.Valide();
+  });
+  Rapporte("bulk insert", ours, floor, 0.7);
+}
+
+void CompareParcours(Bare& bare, Database& database) {
+  const auto rows = database.OpenRecordset("TALPENA");
+  std::int64_t a = 0;
+  std::int64_t b = 0;
+  const double floor = Meilleur([&] { a = bare.Parcourt("SELECT * FROM TALPENA", true); });
+  const double ours = Meilleur([&] { b = Parcourt(*rows); });
+  if (a != b)
+    std::printf("scan: sums differ, %ld and %ld\n", static_cast<long>(a), static_cast<long>(b));
+  Rapporte("scan, all columns", ours, floor, 1.2);
+}
+
+void CompareTris(Bare& bare, Database& database) {
+  const double reference =
+      Meilleur([&] { bare.Parcourt("SELECT Counter FROM TALPENA ORDER BY LATITUDE", false); });
+  struct Order {
+    const char* column;
+    const char* bare;
+    const char* direction;
+  };
+  for (const Order& order :
+       {Order{"LATITUDE", "LATITUDE", "ASC"}, Order{"LATITUDE", "LATITUDE", "DESC"},
+        Order{"PERIOD", "LATITUDE", "ASC"}, Order{"N1", "LATITUDE", "DESC"},
+        Order{"SEX", "LATITUDE", "ASC"}, Order{"DATUM", "LATITUDE", "ASC"},
+        Order{"ORIGINAL", "ORIGINAL COLLATE NOCASE", "ASC"},
+        Order{"DATE", "DATE COLLATE NOCASE", "DESC"},
+        Order{"COMMENT", "COMMENT COLLATE NOCASE", "ASC"}}) {
+    const std::string sql =
+        std::string("SELECT * FROM TALPENA ORDER BY [") + order.column + "] " + order.direction;
+    double floor = reference;
+    if (order.bare != std::string("LATITUDE")) {
+      const std::string bareSql = std::string("SELECT Counter FROM TALPENA ORDER BY ") + order.bare;
+      floor = Millisecondes([&] { bare.Parcourt(bareSql.c_str(), false); });
+    }
+    const double ours = Meilleur([&] { database.OpenRecordset(sql); });
+    Rapporte(("sort " + sql.substr(31)).c_str(), ours, floor, 0.5);
+  }
+  const double ours = Meilleur([&] {
+    database.OpenRecordset("SELECT * FROM TALPENA ORDER BY [PERIOD], [LATITUDE], [LONGITUDE]");
+  });
+  const double floor = Millisecondes([&] {
+    bare.Parcourt("SELECT Counter FROM TALPENA ORDER BY PERIOD, LATITUDE, LONGITUDE", false);
+  });
+  Rapporte("sort by three columns", ours, floor, 0.5);
+}
+
+void CompareRecherche(Bare& bare, Database& database) {
+  const double floor = Meilleur([&] {
+    bare.Parcourt(
+        "SELECT Counter FROM TALPENA WHERE SEX LIKE '%zzy%' OR DATUM LIKE '%zzy%' OR ORIGINAL "
+        "LIKE '%zzy%' OR DATE LIKE '%zzy%' OR COMMENT LIKE '%zzy%'",
+        false);
+  });
+  for (const char* source : {"TALPENA", "SELECT * FROM TALPENA ORDER BY LATITUDE"}) {
+    const auto rows = database.OpenRecordset(source);
+    // Another text each time: the rows that the last search found are remembered.
+    int run = 0;
+    const double ours = Meilleur([&] {
+      const std::string x = "'*zz" + std::to_string(run++) + "*'";
+      rows->FindFirst("SEX LIKE " + x + " OR DATUM LIKE " + x + " OR ORIGINAL LIKE " + x +
+                      " OR DATE LIKE " + x + " OR COMMENT LIKE " + x);
+    });
+    Rapporte(source[0] == 'T' ? "find, file order" : "find, sorted", ours, floor, 1.2);
+  }
+}
+
+void MesureReste(Database& database, std::int64_t count) {
+  std::unique_ptr<Recordset> rows;
+  const double open = Meilleur([&] {
+    rows = database.OpenRecordset("SELECT * FROM TALPENA ORDER BY Counter");
+    rows->MoveLast();
+    rows->Get(1);
+  });
+  std::printf("%-34s %8.1f ms\n", "open and go to the last row", open);
+  const double edit = Millisecondes([&] {
+    database.BeginTrans();
+    for (rows->MoveFirst(); !rows->EOF_(); rows->MoveNext()) {
+      rows->Edit();
+      rows->Set("DATE", Cell::Of(std::string_view("")));
+      rows->Update();
+    }
+  });
+  std::printf("%-34s %8.0f ms\n", "erase a column, row by row", edit);
+  std::printf("%-34s %8.0f ms\n", "roll it back", Millisecondes([&] { database.Rollback(); }));
+  std::printf("%-34s %8.0f ms\n", "delete all rows",
+              Millisecondes([&] { database.Execute("DELETE FROM TALPENA"); }));
+  std::printf("%-34s %8ld MB for %ld rows\n", "peak memory", MemoireMaximale(),
+              static_cast<long>(count));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::int64_t rows = argc > 1 ? std::atoll(argv[1]) : 1000000;
+  namespace fs = std::filesystem;
+  const fs::path folder = argc > 2 ? fs::path(argv[2]) : fs::temp_directory_path();
+  const std::string oursPath = (folder / "engine_bench_ours.mdb").string();
+  const std::string barePath = (folder / "engine_bench_bare.mdb").string();
+  const auto clean = [&] {
+    for (const std::string& path : {oursPath, barePath}) {
+      fs::remove(path);
+      fs::remove(path + "-journal");
+    }
+  };
+  clean();
+  {
+    const auto engine = CreeMoteurSqlite();
+    const auto database = engine->CreateDatabase(oursPath, {});
+    database->CreateTable(Talpena());
+    Bare bare(barePath);
+    CompareInsertion(bare, *database, rows);
+    CompareParcours(bare, *database);
+    CompareTris(bare, *database);
+    CompareRecherche(bare, *database);
+    MesureReste(*database, rows);
+  }
+  clean();
+  return 0;
+}
