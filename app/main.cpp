@@ -2,6 +2,7 @@
 #include <QByteArray>
 #include <array>
 #include <csignal>
+#include <memory>
 #include <span>
 
 #include "platform/foreign/jet_reader.h"
@@ -55,7 +56,8 @@ int main(int argc, char** argv) {
   application.ChangePlatform(&io);
 
   const QString pictures = qEnvironmentVariable("TALPENA_PICTURES");
-  if (!pictures.isEmpty()) FermeBoites(pictures, &application);
+  std::unique_ptr<QObject> boxes;
+  if (!pictures.isEmpty()) boxes = FermeBoites(pictures);
 
   SingleInstance instance;
   if (!EstSeuleInstance([&instance] { return instance.Acquiert(); }, dialogues)) return 0;
@@ -71,6 +73,7 @@ int main(int argc, char** argv) {
   QObject::connect(&form, &Form1::Fini, &application, [] { QCoreApplication::exit(0); });
   if (!form.Charge(commandLine)) return 0;
 
+  boxes.reset();
   if (!pictures.isEmpty()) return PrendImages(form, state, io, pictures) ? 0 : 1;
   return Application::exec();
 }

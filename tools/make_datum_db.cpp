@@ -20,6 +20,7 @@ int main(int argc, char** argv) {
     const auto engine = talpena::CreeMoteurSqlite();
     talpena::EcritBaseDatums(*engine, talpena::LitSourceCatalogue(argv[1], argv[2]), made.string());
     fs::rename(made, target);
+    fs::remove(made += "-journal");  // of a database that nobody will open by that name
   } catch (const std::exception& e) {
     std::fprintf(stderr, "make_datum_db: %s\n", e.what());
     return 1;

@@ -85,6 +85,10 @@ class Recordset {
   /// recordset moves, changes or closes, or a transaction begins or ends.
   virtual Cell Get(int field) = 0;
   Cell Get(std::string_view name) { return Get(FieldIndex(name)); }
+  /// The first cells.size() fields at once: what loops over many rows use.
+  virtual void LitLigne(std::span<Cell> cells) {
+    for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = Get(static_cast<int>(i));
+  }
 
   /// A row is changed between Edit or AddNew and Update. Set refuses at once what the column
   /// cannot hold: DataConversion (3421), Overflow (6), FieldTooSmall (3163), ZeroLength (3315),

@@ -1,6 +1,6 @@
 #include "store/deg_row_writer.h"
 
-#include <limits>
+#include <algorithm>
 
 #include "common/msg_id.h"
 #include "common/numbers.h"
@@ -87,12 +87,9 @@ void DegRowWriter::ParcourtLignes(Row&& row) {
 
 /// The current row; false when it is Null in all ten columns.
 bool DegRowWriter::LitRangee(Cells& cells) {
-  bool null = true;
-  for (std::size_t i = Column::FirstInGrid; i < cells.size(); ++i) {
-    cells[i] = rows_.Get(static_cast<int>(i));
-    null = null && cells[i].EstNull();
-  }
-  return !null;
+  rows_.LitLigne(cells);
+  return !std::all_of(cells.begin() + Column::FirstInGrid, cells.end(),
+                      [](const Cell& cell) { return cell.EstNull(); });
 }
 
 void DegRowWriter::LitPoint(const Cells& cells, std::int64_t row, float& latitude,

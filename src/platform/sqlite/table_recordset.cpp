@@ -112,6 +112,15 @@ Cell TableRecordset::Get(int field) {
   return row_->Cellule(field);
 }
 
+void TableRecordset::LitLigne(std::span<Cell> cells) {
+  if (editing_ != Editing::None || cells.size() > Fields().size()) {
+    Recordset::LitLigne(cells);
+    return;
+  }
+  ChargeLigne();
+  for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = row_->Cellule(static_cast<int>(i));
+}
+
 void TableRecordset::ChargeLigne() {
   const RowKey key = CleCourante();
   if (row_ != nullptr && rowKey_ == key && rowVersion_ == table_->Version()) return;

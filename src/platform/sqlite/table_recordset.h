@@ -35,6 +35,7 @@ class TableRecordset final : public Recordset, private RunningReader {
   void SetAbsolutePosition(std::int64_t position) override;
 
   Cell Get(int field) override;
+  void LitLigne(std::span<Cell> cells) override;
   void AddNew() override;
   void Edit() override;
   void Set(int field, Cell value) override;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QPointer>
 #include <QProgressBar>
@@ -251,6 +252,17 @@ void Form1::Termine() {
 void Form1::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   if (GrilleVisible()) AjusteGrille();
+  AjusteOutils();
+}
+
+// In a window too narrow for their captions the tool buttons show their icons alone.
+void Form1::AjusteOutils() {
+  const auto montre = [this](Qt::ToolButtonStyle style) {
+    for (QToolButton* button : cmd) button->setToolButtonStyle(style);
+    cmdMap->setToolButtonStyle(style);
+  };
+  montre(Qt::ToolButtonTextBesideIcon);
+  if (Picture1->layout()->minimumSize().width() > width()) montre(Qt::ToolButtonIconOnly);
 }
 
 void Form1::changeEvent(QEvent* event) {

@@ -121,6 +121,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MnuInfo_Click();
   void Timer1_Tick();
   void ActiveControles();
+  void AjusteOutils();
   void AffichePosition();
 
   ProcessState& state_;

@@ -101,7 +101,10 @@ void Form1::ConstruitMenus() {
 
 void Form1::ConstruitPicture1() {
   Picture1 = Nomme(new QWidget(centralWidget()), QStringLiteral("Picture1"));
+  // The window may be narrower than the strip with all its captions: AjusteOutils.
+  Picture1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   auto* row = new QHBoxLayout(Picture1);
+  row->setSizeConstraint(QLayout::SetNoConstraint);
   row->setContentsMargins(margin, margin / 2, margin, margin / 2);
   row->setSpacing(2);
   for (std::size_t i = 0; i < cmd.size(); ++i) {

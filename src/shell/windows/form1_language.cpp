@@ -76,6 +76,7 @@ void Form1::AppliqueLangue() {
       "<a href='new'>%3</a> &nbsp; Ctrl+N</p>");
   lbl1->setText(
       hint.arg(texte(MsgId::AucunFichier), texte(MsgId::CmdOuvrir), texte(MsgId::CmdNouveau)));
+  AjusteOutils();
 }
 
 void Form1::InitFenetres() {

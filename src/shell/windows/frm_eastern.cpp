@@ -51,6 +51,7 @@ frmEastern::frmEastern(std::int16_t langue, QWidget* parent) : QDialog(parent) {
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 
   auto* text = new QVBoxLayout;
+  text->setSpacing(2);
   text->addWidget(name);
   text->addWidget(version);
   text->addSpacing(8);

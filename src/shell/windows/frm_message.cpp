@@ -10,6 +10,9 @@ namespace talpena {
 frmMessage::frmMessage(QWidget* parent)
     : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint) {
   setObjectName(QStringLiteral("frmMessage"));
+  // The focus stays where it is, and with it what is typed ahead.
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  setWindowFlag(Qt::WindowDoesNotAcceptFocus);
   setWindowTitle(QStringLiteral("Talpena"));
   imgMsg = new QLabel(this);
   imgMsg->setObjectName(QStringLiteral("imgMsg"));

@@ -35,8 +35,8 @@ constexpr std::array languages = {LanguageName{0, "fr"}, LanguageName{3, "de"},
 QPalette PaletteSombre() {
   const QColor text(0xE6, 0xE6, 0xE6);
   QPalette dark(QColor(0x35, 0x37, 0x3B), QColor(0x2B, 0x2D, 0x30));
-  dark.setColor(QPalette::Base, QColor(0x1F, 0x21, 0x24));
-  dark.setColor(QPalette::AlternateBase, QColor(0x26, 0x28, 0x2B));
+  dark.setColor(QPalette::Base, QColor(0x3B, 0x3E, 0x43));
+  dark.setColor(QPalette::AlternateBase, QColor(0x41, 0x44, 0x49));
   for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
     dark.setColor(role, text);
     dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x82, 0x85));
@@ -104,10 +104,10 @@ bool PrendImages(Form1& form, ProcessState& state, Platform& io, const QString& 
   return photographer.Reussi();
 }
 
-void FermeBoites(const QString& folder, QObject* lifetime) {
-  auto* watch = new QTimer(lifetime);
+std::unique_ptr<QObject> FermeBoites(const QString& folder) {
+  auto watch = std::make_unique<QTimer>();
   const auto count = std::make_shared<int>(0);
-  QObject::connect(watch, &QTimer::timeout, watch, [folder, count] {
+  QObject::connect(watch.get(), &QTimer::timeout, watch.get(), [folder, count] {
     QWidget* box = QApplication::activeModalWidget();
     if (box == nullptr) return;
     QDir().mkpath(folder);
@@ -115,6 +115,7 @@ void FermeBoites(const QString& folder, QObject* lifetime) {
     box->close();
   });
   watch->start(50);
+  return watch;
 }
 
 }  // namespace talpena

@@ -2,6 +2,7 @@
 #pragma once
 #include <QObject>
 #include <QString>
+#include <memory>
 
 #include "platform/platform.h"
 #include "shell/process_state.h"
@@ -14,8 +15,8 @@ class Form1;
 /// each language, and the other windows in the first. False when one could not be written.
 bool PrendImages(Form1& form, ProcessState& state, Platform& io, const QString& folder);
 
-/// Takes a picture of every box that comes up before the windows are ready, and closes it, so
-/// that nobody has to answer.
-void FermeBoites(const QString& folder, QObject* lifetime);
+/// For as long as it is kept, every box that comes up is pictured and closed, so that nobody has
+/// to answer it.
+std::unique_ptr<QObject> FermeBoites(const QString& folder);
 
 }  // namespace talpena

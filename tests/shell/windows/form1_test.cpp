@@ -253,6 +253,18 @@ TEST(Form1, ShowsThePeriods) {
   m.Entree("MnuOptionsPeriodes")->trigger();
 }
 
+TEST(Form1, ToolsShowTheirIconsAloneInANarrowWindow) {
+  Form1Machine m;
+  m.form->Charge({});
+  const auto* open = m.Controle<QToolButton>("cmd_0");
+  m.form->resize(1600, 500);
+  EXPECT_EQ(open->toolButtonStyle(), Qt::ToolButtonTextBesideIcon);
+  m.form->resize(720, 500);
+  QApplication::processEvents();
+  EXPECT_EQ(open->toolButtonStyle(), Qt::ToolButtonIconOnly);
+  EXPECT_LE(m.Controle<QWidget>("cmdFirstLast_1")->geometry().right(), m.form->width());
+}
+
 TEST(Form1, ProgressIsClampedToWholePercents) {
   Form1Machine m;
   const auto* bar = m.Controle<QProgressBar>("ProgressBar1");
