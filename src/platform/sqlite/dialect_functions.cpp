@@ -179,7 +179,7 @@ Expression DialectParser::LitNz(const std::vector<Expression>& args) {
 Expression DialectParser::LitAgregat(std::string_view sqlName) {
   if (!aggregatesAllowed_) {
     throw TalpenaError(EngineError::AggregateNotAllowed,
-                       "Cannot have aggregate function in WHERE clause.");
+                       "Cannot have aggregate function in " + clause_ + " clause.");
   }
   ExigeSymbole("(");
   Expression result;

@@ -108,7 +108,7 @@ class DialectParser {
                     std::vector<FieldDef>& fields);
   std::string LitCondition();
   std::vector<OrderTerm> LitOrdre(const std::vector<Expression>& items,
-                                  const std::vector<FieldDef>& fields);
+                                  const std::vector<FieldDef>& fields, bool grouped);
   OrderTerm LitTerme(const std::vector<Expression>& items, const std::vector<FieldDef>& fields);
   static OrderTerm Terme(const Expression& e);
   std::string LitGroupes();
@@ -130,6 +130,7 @@ class DialectParser {
   std::size_t expressionStart_ = 0;  ///< for messages: where the user's expression begins
   int depth_ = 0;
   bool aggregatesAllowed_ = false;
+  std::string clause_ = "WHERE";  ///< being read, for messages
   std::vector<Source> sources_;
 };
 

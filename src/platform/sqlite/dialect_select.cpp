@@ -1,5 +1,6 @@
 // SELECT.
-#include "common/text.h"
+#include <algorithm>
+
 #include "platform/sqlite/dialect_parser.h"
 #include "platform/sqlite/errors.h"
 
@@ -48,7 +49,7 @@ Selection DialectParser::Select() {
 
   selection.condition = LitCondition();
   const std::string groups = LitGroupes();
-  selection.order = LitOrdre(items, selection.fields);
+  selection.order = LitOrdre(items, selection.fields, !groups.empty());
   ExigeFin();
   if (plain && groups.empty()) {
     selection.table = sources_[0].table;
@@ -169,6 +170,7 @@ void DialectParser::AjouteSource(const std::string& name, const std::string& ali
 }
 
 void DialectParser::LitListe(std::vector<Expression>& items, std::vector<FieldDef>& fields) {
+  clause_ = "SELECT";
   aggregatesAllowed_ = true;
   do {
     if (Symbole("*")) {
@@ -217,6 +219,7 @@ void DialectParser::AjouteToutes(const std::string& qualifier, std::vector<Expre
 
 std::string DialectParser::LitCondition() {
   if (!Mot("WHERE")) return {};
+  clause_ = "WHERE";
   expressionStart_ = Ici().start;
   const std::string sql = EnConditionSql(Lit());
   // What cannot follow a condition is part of the user's mistake in it.
@@ -233,8 +236,11 @@ std::string DialectParser::LitGroupes() {
   aggregatesAllowed_ = false;
   if (Mot("GROUP")) {
     ExigeMot("BY");
+    clause_ = "GROUP BY";
     do {
-      sql += (sql.empty() ? " GROUP BY " : ", ") + AvecOrdre(EnValeur(Lit()));
+      const Expression e = EnValeur(Lit());
+      if (e.number) Syntaxe();  // to SQLite it would be a column's place
+      sql += (sql.empty() ? " GROUP BY " : ", ") + AvecOrdre(e);
     } while (Symbole(","));
   }
   if (Mot("HAVING")) {
@@ -275,11 +281,13 @@ OrderTerm DialectParser::Terme(const Expression& e) {
 }
 
 std::vector<OrderTerm> DialectParser::LitOrdre(const std::vector<Expression>& items,
-                                               const std::vector<FieldDef>& fields) {
+                                               const std::vector<FieldDef>& fields, bool grouped) {
   std::vector<OrderTerm> order;
   if (!Mot("ORDER")) return order;
   ExigeMot("BY");
-  aggregatesAllowed_ = true;
+  clause_ = "ORDER BY";
+  aggregatesAllowed_ = grouped || std::any_of(items.begin(), items.end(),
+                                              [](const Expression& e) { return e.aggregate; });
   do {
     OrderTerm term = LitTerme(items, fields);
     term.descending = Mot("DESC");

@@ -294,6 +294,21 @@ TEST_F(DialectTest, OtherSelects) {
   EXPECT_EQ(Colonne("SELECT TALPENA.* FROM TALPENA WHERE N1 = 1", "N1"), (Strings{"1"}));
 }
 
+TEST_F(DialectTest, AggregatesStandWhereRowsAreGrouped) {
+  const auto failure = [&](const std::string& sql) {
+    return FailureOf([&] { database->OpenRecordset(sql); });
+  };
+  EXPECT_EQ(failure("SELECT * FROM TALPENA ORDER BY Max(N1)").description,
+            "Cannot have aggregate function in ORDER BY clause.");
+  EXPECT_EQ(failure("SELECT PERIOD FROM TALPENA GROUP BY Max(N1)").number, 3096);
+  EXPECT_EQ(failure("SELECT Max(Min(N1)) FROM TALPENA").number, 3096);
+  EXPECT_EQ(failure("SELECT PERIOD FROM TALPENA GROUP BY 1").number, 3075);
+  EXPECT_EQ(failure("SELECT PERIOD FROM TALPENA HAVING Max(N1) > 1").number, 3075);
+  EXPECT_EQ(failure("SELECT PERIOD FROM TALPENA ORDER BY 2").number, 3075);
+  EXPECT_EQ(Colonne("SELECT PERIOD FROM TALPENA GROUP BY PERIOD ORDER BY Max(N1) DESC", "PERIOD"),
+            (Strings{"", "3", "2", "1"}));
+}
+
 TEST_F(DialectTest, JoinsOfTables) {
   TableDef ellipsoids;
   ellipsoids.name = "ELLI";
