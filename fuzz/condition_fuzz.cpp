@@ -15,7 +15,9 @@ using namespace talpena;
 
 namespace {
 
-constexpr int EngineFault = 3000;  // what no input may lead to
+constexpr int EngineFault = 3000;      // what no input may lead to
+constexpr int QueryTooComplex = 3360;  // what no short one may: its translation would be wrong
+constexpr std::size_t Short = 60;
 constexpr std::int64_t RowCount = 4;
 
 /// One small table, made once.
@@ -48,6 +50,7 @@ class World {
 
   void Essaie(std::string_view text) {
     const std::string condition(text);
+    size_ = text.size();
     Garde([&] { Parcourt("SELECT * FROM TALPENA WHERE " + condition); });
     Garde([&] { Parcourt(condition); });
     Garde([&] {
@@ -74,7 +77,8 @@ class World {
     try {
       body();
     } catch (const TalpenaError& error) {
-      if (error.number() != EngineFault) return;
+      const bool tooComplex = error.number() == QueryTooComplex && size_ < Short;
+      if (error.number() != EngineFault && !tooComplex) return;
       std::fprintf(stderr, "%s\n", error.what());
       std::abort();
     }
@@ -83,6 +87,7 @@ class World {
   std::unique_ptr<TableEngine> engine_;
   std::unique_ptr<Database> database_;
   std::filesystem::path folder_;
+  std::size_t size_ = 0;  ///< of the input at hand
 };
 
 }  // namespace

@@ -14,7 +14,8 @@ class ForeignDatabase {
  public:
   virtual ~ForeignDatabase() = default;
   virtual std::vector<TableDef> Tables() = 0;
-  /// All rows of a table, one cell per field of its definition, in file order.
+  /// All rows of a table, one cell per field of its definition, in file order. A date is a number
+  /// of days (FieldType::Date) or a text "yyyy-mm-dd" or "yyyy-mm-dd hh:mm:ss".
   virtual std::unique_ptr<RowSource> Rows(std::string_view table) = 0;
 };
 

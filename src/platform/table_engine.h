@@ -14,14 +14,14 @@
 namespace talpena {
 
 enum class FieldType : std::uint8_t {
-  Boolean,
+  Boolean /* -1, 0 */,
   Byte,
   Integer /* 16 bits */,
   Long /* 32 bits */,
   Currency,
   Single,
   Double,
-  Date,
+  Date /* days since 30 December 1899 */,
   Text,
   Memo,
   Binary
@@ -78,9 +78,11 @@ class Recordset {
   virtual Bookmark GetBookmark() const = 0;           ///< NoCurrentRecord (3021) off a row
   virtual void SetBookmark(Bookmark) = 0;             ///< InvalidBookmark (3159) if the row is gone
   virtual std::int64_t AbsolutePosition() const = 0;  ///< from 0; -1 off a row
-  virtual void SetAbsolutePosition(std::int64_t) = 0;
+  virtual void SetAbsolutePosition(std::int64_t) = 0;  ///< InvalidArgument (3001) beyond the rows
 
-  /// Value of a field of the current row, or of the row being edited or added.
+  /// Value of a field of the current row, or of the row being edited or added. Off a row:
+  /// NoCurrentRecord (3021); on a row that was deleted meanwhile: 3167. A text is valid until the
+  /// recordset moves, changes or closes, or a transaction begins or ends.
   virtual Cell Get(int field) = 0;
   Cell Get(std::string_view name) { return Get(FieldIndex(name)); }
   /// The first cells.size() fields at once: what loops over many rows use.
@@ -130,19 +132,22 @@ class Database {
   virtual std::vector<std::string> TableNames() = 0;
   virtual TableDef Table(std::string_view name) = 0;  ///< TableNotFound (3078)
 
-  /// `source` is a table's name or a SELECT of the dialect that table_engine.md describes.
+  /// `source` is a table's name or a SELECT of the dialect that docs/table-engine.md describes.
   virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view source) = 0;
 
-  /// One statement that changes rows (DELETE, UPDATE, INSERT); the number of rows it changed.
+  /// One statement that changes rows (DELETE, UPDATE, INSERT); the number of rows it changed. It
+  /// changes none when it fails.
   virtual std::int64_t Execute(std::string_view statement) = 0;
 
   /// Adds every row of the source to a table, values checked as by Recordset::Set. On a refused
-  /// row, or when the source throws, the failure is thrown on and the rows before it stay.
+  /// row, or when the source throws, the failure is thrown on and the rows before it stay. An
+  /// auto-increment column may be given; Null in it means the next number.
   virtual std::int64_t InsertRows(std::string_view table, std::span<const std::string_view> columns,
                                   RowSource& source) = 0;
 
   /// One level of transaction. A second BeginTrans raises InvalidArgument; the other two outside
-  /// a transaction raise NoTransaction (3034).
+  /// a transaction raise NoTransaction (3034). Rollback also takes back what was done to the
+  /// lists of open recordsets.
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
   virtual void Rollback() = 0;

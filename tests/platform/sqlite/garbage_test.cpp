@@ -46,6 +46,8 @@ class GarbageTest : public EngineTest {
       while (!rows->EOF_()) rows->MoveNext();
     });
     EXPECT_NE(failure.number, 3000) << condition << ": " << failure.description;
+    // None is long: a translation that the library cannot read would answer so.
+    EXPECT_NE(failure.number, 3360) << condition;
     const auto all = database->OpenRecordset("SELECT * FROM TALPENA ORDER BY LATITUDE");
     const Failure found = FailureOf([&] {
       if (all->FindFirst(condition)) all->FindNext(condition);
@@ -119,6 +121,7 @@ TEST_F(GarbageTest, StatementsMutated) {
       database->Execute(statement);
     });
     EXPECT_NE(failure.number, 3000) << statement << ": " << failure.description;
+    EXPECT_NE(failure.number, 3360) << statement;
   }
   EXPECT_EQ(Colonne("TALPENA", "N1"), (Strings{"1", "2", "3"}));
 }
