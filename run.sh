@@ -15,7 +15,7 @@ fi
 # shellcheck disable=SC2086
 need_packages $packages_build
 cd "$here"
-[ -f build/build.ninja ] || cmake --preset release >/dev/null
+[ -f build/release/build.ninja ] || cmake --preset release >/dev/null
 cmake --build --preset release
 
 file=${file:-$here/build/bin/samples/talpa_sample.deg}
