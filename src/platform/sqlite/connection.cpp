@@ -28,7 +28,10 @@ Connection::Connection(const std::string& path, Mode mode) {
   Regle(mode);
 }
 
-Connection::~Connection() = default;
+// The journal, empty by now, goes with the connection.
+Connection::~Connection() {
+  if (writes_) sqlite3_exec(db_.get(), "PRAGMA journal_mode = DELETE", nullptr, nullptr, nullptr);
+}
 
 void Connection::Ouvre(const std::string& path, Mode mode) {
   const int flags = mode == Mode::ReadOnly    ? SQLITE_OPEN_READONLY
@@ -60,7 +63,8 @@ void Connection::Regle(Mode mode) {
   sqlite3_update_hook(db, Note, this);
   // The file is thrown away: nothing is synced. The journal stands on disk all the same, so that
   // taking back a change of a million rows costs no memory.
-  if (mode != Mode::ReadOnly) {
+  writes_ = mode != Mode::ReadOnly;
+  if (writes_) {
     Execute("PRAGMA page_size = 4096");
     Execute("PRAGMA synchronous = OFF");
     Execute("PRAGMA secure_delete = OFF");

@@ -98,6 +98,7 @@ class Connection {
   std::vector<RunningReader*> readers_;
   std::vector<std::int32_t>* deleted_ = nullptr;
   Access access_ = Access::Engine;
+  bool writes_ = false;
   bool strict_ = false;
   bool inTransaction_ = false;
   std::size_t tablesBefore_ = 0;  ///< the transaction

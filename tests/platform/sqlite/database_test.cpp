@@ -223,6 +223,13 @@ TEST_F(DatabaseTest, AStaleJournalIsNotPlayedBack) {
   EXPECT_EQ(Colonne(*made->OpenRecordset("TALPENA"), "N1"), (Strings{"1"}));
 }
 
+TEST_F(DatabaseTest, AClosedOneIsASingleFile) {
+  CreeTalpena();
+  AjouteLignes(3);
+  database.reset();
+  EXPECT_EQ(folder.Noms(), (Strings{"talpena_tmp.mdb"}));
+}
+
 TEST_F(DatabaseTest, TablesAreMadeOnce) {
   CreeTalpena();
   TableDef again = TalpenaDef();
