@@ -99,7 +99,9 @@ int TueATousLesArrets(const Scenario& scenario, int step = 1) {
   for (int n = 1; n < 100000; n += step) {
     VideDossier(folder);
     scenario.prepare(folder);
+    const TempFolder childs;  // what a killed process leaves behind goes with it
     const End end = TueAuPassage(n, [&] {
+      setenv("TMPDIR", childs.path().c_str(), 1);
       Monde monde;
       Remplit(monde, rowCount);
       if (scenario.refused) monde.Ajoute({.period = 1});
