@@ -65,7 +65,8 @@ void LitFichier(std::string_view bytes, std::size_t block) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
   try {
-    LitFichier({reinterpret_cast<const char*>(data) + 1, size - 1}, std::size_t{1} << (data[0] % 13));
+    LitFichier({reinterpret_cast<const char*>(data) + 1, size - 1},
+               std::size_t{1} << (data[0] % 13));
   } catch (const TalpenaError& e) {
     Verifie(e.number() == ErrorNumber::InputPastEnd || e.number() == ErrorNumber::Overflow ||
             e.number() == ErrorNumber::SubscriptOutOfRange);

@@ -65,9 +65,9 @@ struct FolderCase {
 
 constexpr std::array folderCases = {
     FolderCase{"TEMP when nothing is stored", nullptr, "/tmp/"},
-    FolderCase{"stored, without a separator", "/nowhere/work", "/nowhere/work/"},
-    FolderCase{"stored, with one", "/nowhere/work/", "/nowhere/work/"},
-    FolderCase{"stored, with the other one", "\\nowhere\\work\\", "/nowhere/work/"},
+    FolderCase{"stored, without a separator", "/nowhere/rows", "/nowhere/rows/"},
+    FolderCase{"stored, with one", "/nowhere/rows/", "/nowhere/rows/"},
+    FolderCase{"stored, with the other one", "\\nowhere\\rows\\", "/nowhere/rows/"},
     FolderCase{"empty: the current folder", "", ""},
 };
 
