@@ -1,7 +1,7 @@
 # The Debian packages that the project needs, and their installation. To be sourced.
 
 packages_build="g++ cmake ninja-build pkg-config ccache git
-  qt6-base-dev libqt6svg6-dev libgl1-mesa-dev libsqlite3-dev libicu-dev mdbtools-dev"
+  qt6-base-dev qt6-svg-dev libgl1-mesa-dev libsqlite3-dev libicu-dev mdbtools-dev"
 packages_pictures="xvfb xauth fonts-dejavu-core"
 packages_test="libgtest-dev libgmock-dev libproj-dev libgeographiclib-dev mdbtools locales
   clang clang-format clang-tidy libclang-rt-14-dev xvfb xauth fonts-dejavu-core xdotool openbox
