@@ -20,7 +20,8 @@ until_shown() { # name command...
   begin=$(date +%s%N)
   "$@" >/dev/null 2>&1 &
   pid=$!
-  xdotool search --sync --onlyvisible --name "$name" >/dev/null
+  # Its own --sync looks only twice a second.
+  until xdotool search --onlyvisible --name "$name" >/dev/null 2>&1; do :; done
   end=$(date +%s%N)
   kill -9 "$pid"
   wait "$pid" 2>/dev/null || true
@@ -33,7 +34,7 @@ floor=""
 program=""
 for _ in $(seq "$runs"); do
   floor+="$(until_shown '^minimal window$' "$bin/minimal_window")"$'\n'
-  program+="$(until_shown '^Talpena' "$bin/talpena" "$file")"$'\n'
+  program+="$(until_shown '^Talpena - ' "$bin/talpena" "$file")"$'\n'
 done
 f=$(printf '%s' "$floor" | median)
 p=$(printf '%s' "$program" | median)
