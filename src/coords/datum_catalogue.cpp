@@ -10,6 +10,7 @@
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/datum.h"
+#include "coords/faults.h"
 #include "platform/commands.h"
 
 namespace talpena {
@@ -152,12 +153,10 @@ std::int16_t ChercheDatum(const DatumCatalogue& catalogue, std::string_view code
 void ChoisitEllipsoide(DatumCatalogue& catalogue, std::int16_t datum) {
   const std::int16_t id = catalogue.Datum(datum).ellipsoid;
   const EllipsoidRecord& ellipsoid = catalogue.Ellipsoide(id);
-  if (ellipsoid.inverseFlattening == 0) {
-    throw TalpenaError(ErrorNumber::DivisionByZero, "Division by zero");
-  }
+  const double f = Divise(1, ellipsoid.inverseFlattening);
   catalogue.EllipsoideCourant = id;
   catalogue.DemiGrandAxe = ellipsoid.a;
-  catalogue.Aplatissement = 1 / ellipsoid.inverseFlattening;
+  catalogue.Aplatissement = f;
   catalogue.DemiPetitAxe = (1 - catalogue.Aplatissement) * catalogue.DemiGrandAxe;
 }
 

@@ -1,9 +1,9 @@
 #include <cmath>
 
 #include "common/numbers.h"
-#include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/datum.h"
+#include "coords/faults.h"
 
 namespace talpena {
 namespace {
@@ -23,24 +23,19 @@ void Pas(double latitude, double longitude, double height, double a, double f, c
   const double sinLambda = std::sin(lambda), cosLambda = std::cos(lambda);
 
   const double e2 = 2 * f - f * f;
-  if (f == 1) throw TalpenaError(ErrorNumber::DivisionByZero, "Division by zero");
-  const double q = 1 / (1 - f);
+  const double q = Divise(1, 1 - f);
   // phi squared, not sin(phi) squared: all stored coordinates were shifted with this form.
   // Held by MolodenskyDatum.KeepsTheStoredForm.
-  const double w2 = 1 - e2 * phi * phi;
-  if (w2 < 0) throw TalpenaError(ErrorNumber::InvalidCall, "Invalid procedure call or argument");
-  if (w2 == 0) throw TalpenaError(ErrorNumber::DivisionByZero, "Division by zero");
-  const double rn = a / std::sqrt(w2);
-  const double rm = (1 - e2) * a / std::pow(w2, 1.5);
+  const double w2 = Positif(1 - e2 * phi * phi);
+  const double w = std::sqrt(w2);
+  const double rn = Divise(a, w);
+  const double rm = (1 - e2) * a / (w2 * w);
 
   double n = -s.dx * sinPhi * cosLambda - s.dy * sinPhi * sinLambda + s.dz * cosPhi;
-  n = n + rn * e2 * sinPhi * cosPhi * s.da / a;
+  n = n + Divise(rn * e2 * sinPhi * cosPhi * s.da, a);
   n = n + (rn / q + rm * q) * s.df * sinPhi * cosPhi;
-  const double dPhi = n / (rm + height);
-  const double dLambda = (-s.dx * sinLambda + s.dy * cosLambda) / ((rn + height) * cosPhi);
-  if (!std::isfinite(dPhi) || !std::isfinite(dLambda)) {
-    throw TalpenaError(ErrorNumber::Overflow, "Overflow");
-  }
+  const double dPhi = Fini(n / (rm + height));
+  const double dLambda = Fini((-s.dx * sinLambda + s.dy * cosLambda) / ((rn + height) * cosPhi));
   outLatitude = EnDegres(phi + dPhi);
   outLongitude = EnDegres(lambda + dLambda);
 }
@@ -52,17 +47,14 @@ void MolodenskyDatum(const DatumCatalogue& catalogue, double latitude, double lo
                      int direction) {
   const DatumRecord& d = catalogue.Datum(datum);
   const EllipsoidRecord& ellipsoid = catalogue.Ellipsoide(d.ellipsoid);
-  if (ellipsoid.inverseFlattening == 0) {
-    throw TalpenaError(ErrorNumber::DivisionByZero, "Division by zero");
-  }
+  const double f = Divise(1, ellipsoid.inverseFlattening);
   const double s = direction;
   const Shift shift{.da = static_cast<double>(Arrondi16(s * d.da)),
                     .df = s * d.df,
                     .dx = s * d.dx,
                     .dy = s * d.dy,
                     .dz = s * d.dz};
-  Pas(latitude, longitude, height, ellipsoid.a, 1 / ellipsoid.inverseFlattening, shift, outLatitude,
-      outLongitude);
+  Pas(latitude, longitude, height, ellipsoid.a, f, shift, outLatitude, outLongitude);
 }
 
 void MolodenskyParametres(double latitude, double longitude, double height, double da, double df,
@@ -73,7 +65,6 @@ void MolodenskyParametres(double latitude, double longitude, double height, doub
   // Held by MolodenskyParametres.KeepsTheStoredFlattening.
   const double f = df == 0 ? 1 / 298.25722356 : 1 / (-1 / ((1 / 298.257223563) * df));
   const double a = da == 0 ? 6378137.0 : -(da - 6378137.0);
-  if (a == 0) throw TalpenaError(ErrorNumber::DivisionByZero, "Division by zero");
   Pas(latitude, longitude, height, a, f, {.da = da, .df = df, .dx = dx, .dy = dy, .dz = dz},
       outLatitude, outLongitude);
 }

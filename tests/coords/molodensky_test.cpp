@@ -1,15 +1,14 @@
 #include <gtest/gtest.h>
-#include <proj.h>
 
 #include <cmath>
 #include <cstring>
 #include <functional>
 #include <limits>
-#include <memory>
 #include <string>
 
 #include "common/numbers.h"
 #include "common/talpena_error.h"
+#include "coords/proj_oracle.h"
 #include "coords/test_catalogue.h"
 
 namespace talpena {
@@ -17,10 +16,7 @@ namespace {
 
 using test::CatalogueDesSources;
 using test::Metres;
-
-struct Point {
-  double latitude, longitude;
-};
+using test::Point;
 
 constexpr Point places[] = {{0, 0},       {50.5, 4.5},  {-33.9, 151.2}, {-60, -70}, {60, 179.9},
                             {12.3, -0.1}, {-0.001, 90}, {71, 25},       {-80, 0},   {80, -120}};
@@ -283,25 +279,20 @@ TEST(MolodenskyParametres, RefusesAnEllipsoidOfNoSize) {
 class Helmert {
  public:
   Helmert(const DatumRecord& d, const EllipsoidRecord& e)
-      : context_(proj_context_create(), proj_context_destroy), operation_(nullptr, proj_destroy) {
-    const std::string axes = " +a=" + Str(e.a) + " +rf=" + Str(e.inverseFlattening);
-    const std::string pipeline =
-        "+proj=pipeline +step +proj=unitconvert +xy_in=deg +xy_out=rad +step +proj=cart" + axes +
-        " +step +proj=helmert +x=" + Str(d.dx) + " +y=" + Str(d.dy) + " +z=" + Str(d.dz) +
-        " +step +inv +proj=cart +a=6378137 +rf=298.257223563" +
-        " +step +proj=unitconvert +xy_in=rad +xy_out=deg";
-    operation_.reset(proj_create(context_.get(), pipeline.c_str()));
-  }
-  bool Valide() const { return operation_ != nullptr; }
+      : oracle_(
+            "+proj=pipeline +step +proj=unitconvert +xy_in=deg +xy_out=rad +step +proj=cart +a=" +
+            Str(e.a) + " +rf=" + Str(e.inverseFlattening) + " +step +proj=helmert +x=" + Str(d.dx) +
+            " +y=" + Str(d.dy) + " +z=" + Str(d.dz) +
+            " +step +inv +proj=cart +a=6378137 +rf=298.257223563" +
+            " +step +proj=unitconvert +xy_in=rad +xy_out=deg") {}
+  bool Valide() const { return oracle_.Valide(); }
   Point Deplace(Point p) const {
-    const PJ_COORD out =
-        proj_trans(operation_.get(), PJ_FWD, proj_coord(p.longitude, p.latitude, 0, 0));
+    const PJ_COORD out = oracle_.Avant(p.longitude, p.latitude);
     return {out.xyz.y, out.xyz.x};
   }
 
  private:
-  std::unique_ptr<PJ_CONTEXT, decltype(&proj_context_destroy)> context_;
-  std::unique_ptr<PJ, decltype(&proj_destroy)> operation_;
+  test::ProjOracle oracle_;
 };
 
 // What may part the step from the exact shift: phi squared for sin(phi) squared, which stretches
