@@ -210,8 +210,9 @@ std::string QtDialogues::Saisie(const InputBox& box) {
   window.setTextValue(EnQt(box.text));
   for (QLabel* label : window.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   if (langue_ != nullptr) {
-    window.setOkButtonText(EnQt(Texte(*langue_, MsgId::BoutonOk)));
-    window.setCancelButtonText(EnQt(Texte(*langue_, MsgId::BoutonAnnuler)));
+    Mnemonics letters;
+    window.setOkButtonText(letters.Marque(Texte(*langue_, MsgId::BoutonOk)));
+    window.setCancelButtonText(letters.Marque(Texte(*langue_, MsgId::BoutonAnnuler)));
   }
   const PointeurNormal pointeur;
   return window.exec() == QDialog::Accepted ? window.textValue().toStdString() : std::string();

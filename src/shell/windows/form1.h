@@ -1,6 +1,7 @@
 // Form1: the main window.
 #pragma once
 #include <QMainWindow>
+#include <QPointer>
 #include <array>
 #include <map>
 #include <string>
@@ -122,6 +123,9 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void Timer1_Tick();
   void ActiveControles();
   void AjusteOutils();
+  void SouligneLettres();
+  void SuitFocus(QWidget* now);
+  void QuitteMenus();
   void AffichePosition();
 
   ProcessState& state_;
@@ -135,6 +139,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   bool closeWaits_ = false;  ///< so did the close box
   int sortIndex_ = 0;        ///< order that the grid shows
   bool sortDescending_ = false;
+  QPointer<QWidget> focusBesideMenus_;  ///< where the keys go when no menu has them
 
   std::map<std::string, QAction*> actions_;  ///< by object name
   std::map<std::string, QMenu*> menus_;

@@ -1,6 +1,7 @@
 // The controls of Form1 and where they stand.
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -87,6 +88,8 @@ void Form1::ConstruitMenus() {
     auto* menu = Nomme(new QMenu(menuBar()), QString::fromStdString(NomObjet(entry)));
     ConstruitMenu(*menu, entry.children);
     menuBar()->addMenu(menu);
+    // Later, because the next menu may be opening.
+    connect(menu, &QMenu::aboutToHide, this, &Form1::QuitteMenus, Qt::QueuedConnection);
     menus_[NomObjet(entry)] = menu;
     actions_[NomObjet(entry)] = menu->menuAction();
   }
@@ -97,6 +100,17 @@ void Form1::ConstruitMenus() {
     languages->addAction(action);
   }
   AfficheDerniersFichiers({});
+}
+
+void Form1::SuitFocus(QWidget* now) {
+  if (now != nullptr && now != menuBar() && now->window() == this) focusBesideMenus_ = now;
+}
+
+/// The menu bar keeps the keys when a second menu is opened by its letter and left; they go back
+/// to where they were.
+void Form1::QuitteMenus() {
+  if (focusWidget() != menuBar() || QApplication::activePopupWidget() != nullptr) return;
+  if (focusBesideMenus_ != nullptr) focusBesideMenus_->setFocus(Qt::MenuBarFocusReason);
 }
 
 void Form1::ConstruitPicture1() {

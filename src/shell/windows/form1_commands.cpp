@@ -76,6 +76,8 @@ void Form1::Relie() {
   for (QLineEdit* box : {BoxTitre_, Commentaire_}) {
     connect(box, &QLineEdit::textEdited, this, [this] { state_.FichierModifie = true; });
   }
+  connect(qApp, &QApplication::focusChanged, this,
+          [this](QWidget*, QWidget* now) { SuitFocus(now); });
   connect(lbl1, &QLabel::linkActivated, this,
           [this](const QString& link) { cmd_Click(link == QLatin1String("new") ? 2 : 0); });
   Timer1 = new QTimer(this);

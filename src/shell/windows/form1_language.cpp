@@ -10,6 +10,7 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "platform/qt/mnemonics.h"
 #include "shell/windows/form1.h"
 #include "store/windows/tdb_grid.h"
 
@@ -57,10 +58,7 @@ void Form1::AppliqueLangue() {
     cmdFirstLast[i]->setAccessibleName(caption);
   }
 
-  LblTri->setText(texte(MsgId::Tri));
-  for (std::size_t i = 0; i < OptTri.size(); ++i) {
-    OptTri[i]->setText(texte(MsgId::Croissant + static_cast<int>(i)));
-  }
+  SouligneLettres();
   const QSignalBlocker unsorted(CmbTri);  // other words for the order that the grid has
   CmbTri->clear();
   CmbTri->addItem(QStringLiteral("None"));
@@ -79,10 +77,21 @@ void Form1::AppliqueLangue() {
   AjusteOutils();
 }
 
+/// The captions beside the menus, with letters that no menu has.
+void Form1::SouligneLettres() {
+  Mnemonics letters;
+  for (const MenuEntry& entry : ArbreDesMenus()) letters.Marque(LibelleMenu(entry, state_.Langue));
+  const auto marque = [&](int id) { return letters.Marque(Texte(state_.Langue, id)); };
+  LblTri->setText(marque(MsgId::Tri));
+  for (std::size_t i = 0; i < OptTri.size(); ++i) {
+    OptTri[i]->setText(marque(MsgId::Croissant + static_cast<int>(i)));
+  }
+  LabelTitre->setText(marque(MsgId::Titre));
+  LabelCommentaire->setText(marque(MsgId::CommentaireTitre));
+}
+
 void Form1::InitFenetres() {
   const auto texte = [this](int id) { return QString::fromStdString(Texte(state_.Langue, id)); };
-  LabelTitre->setText(texte(MsgId::Titre));
-  LabelCommentaire->setText(texte(MsgId::CommentaireTitre));
   BoxTitre_->setAccessibleName(texte(MsgId::Titre));
   Commentaire_->setAccessibleName(texte(MsgId::CommentaireTitre));
   centralWidget()->setAccessibleName(texte(MsgId::Distribution));

@@ -82,6 +82,16 @@ void TDBGrid::Avance(int cells) {
                                 static_cast<int>(there % Column::GridCount)));
 }
 
+QItemSelectionModel::SelectionFlags TDBGrid::selectionCommand(const QModelIndex& index,
+                                                              const QEvent* event) const {
+  const auto* key = event != nullptr && event->type() == QEvent::KeyPress
+                        ? static_cast<const QKeyEvent*>(event)
+                        : nullptr;
+  const bool jump = key != nullptr && (key->key() == Qt::Key_Home || key->key() == Qt::Key_End);
+  if (jump && key->modifiers() == Qt::ControlModifier) return QItemSelectionModel::ClearAndSelect;
+  return QTableView::selectionCommand(index, event);
+}
+
 void TDBGrid::keyPressEvent(QKeyEvent* event) {
   const bool shift = event->modifiers().testFlag(Qt::ShiftModifier);
   const bool control = event->modifiers().testFlag(Qt::ControlModifier);
@@ -94,6 +104,7 @@ void TDBGrid::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Tab:
     case Qt::Key_Backtab:
       if (control) {
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call): the view's own goes to the next cell
         QWidget::focusNextPrevChild(event->key() == Qt::Key_Tab);
         return;
       }

@@ -5,11 +5,13 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QMenuBar>
 #include <QProgressBar>
 #include <QRadioButton>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
+#include <QWindow>
 #include <array>
 
 #include "fakes/dialog_driver.h"
@@ -205,6 +207,49 @@ TEST(Form1, SwitchesItsLanguage) {
     EXPECT_EQ(list->itemText(0), "None");
     EXPECT_EQ(list->itemText(9), "Sex");
     EXPECT_EQ(list->currentIndex(), 3) << "the order stays";
+  }
+}
+
+TEST(Form1, EveryLetterOfTheWindowIsItsOwn) {
+  Form1Machine m;
+  m.form->Charge({});
+  for (const int language : {0, 1, 3, 4, 5}) {
+    m.Entree(("MnuLang_" + std::to_string(language)).c_str())->trigger();
+    QStringList shown;
+    for (const QAction* menu : m.form->menuBar()->actions()) {
+      if (menu->isEnabled()) shown << menu->text();
+    }
+    for (const char* name : {"LblTri", "LabelTitre", "LabelCommentaire"}) {
+      shown << m.Controle<QLabel>(name)->text();
+    }
+    for (const char* name : {"OptTri_0", "OptTri_1"}) {
+      shown << m.Controle<QRadioButton>(name)->text();
+    }
+    QString letters;
+    for (const QString& caption : shown) {
+      const QKeySequence keys = QKeySequence::mnemonic(caption);
+      EXPECT_FALSE(keys.isEmpty()) << caption.toStdString();
+      EXPECT_FALSE(letters.contains(keys.toString() + ';'))
+          << language << ' ' << caption.toStdString();
+      letters += keys.toString() + ';';
+    }
+  }
+}
+
+TEST(Form1, AMenuThatIsLeftGivesTheKeysBack) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(3)));
+  m.form->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(m.form.get()));
+  auto* grid = m.Controle<TDBGrid>("TDBGrid1");
+  grid->setFocus();
+  for (const Qt::Key letter : {Qt::Key_F, Qt::Key_O, Qt::Key_F}) {
+    SCOPED_TRACE(letter);
+    QTest::keyClick(m.form->windowHandle(), letter, Qt::AltModifier);
+    ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+    QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
+    QApplication::processEvents();
+    EXPECT_EQ(m.form->focusWidget(), grid);
   }
 }
 

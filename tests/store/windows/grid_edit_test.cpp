@@ -54,6 +54,17 @@ TEST(GridEdit, EnterAndTabGoOnToTheNextCell) {
   EXPECT_EQ(g.grid.currentIndex(), g.Cellule(2, 0)) << "outside an edit as well";
 }
 
+TEST(GridEdit, CtrlHomeAndCtrlEndChooseTheCellTheyGoTo) {
+  ShownGrid shown;
+  for (const auto& [key, row, column] :
+       {std::tuple{Qt::Key_End, 4, Column::GridCount - 1}, std::tuple{Qt::Key_Home, 0, 0}}) {
+    QTest::keyClick(&shown.grid, key, Qt::ControlModifier);
+    EXPECT_EQ(shown.grid.currentIndex(), shown.Cellule(row, column));
+    EXPECT_EQ(shown.grid.selectionModel()->selectedIndexes(),
+              QModelIndexList{shown.Cellule(row, column)});
+  }
+}
+
 TEST(GridEdit, ADecimalCommaIsTaken) {
   ShownGrid g;
   g.Tape(0, latitude, "-12,25");
