@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds and runs every test: formatting, the tests of the dev build (warnings are errors), the
-# same under the sanitizers, a minute of fuzzing for each reader, and a start of the program.
+# linter, the same tests under the sanitizers, a minute of fuzzing for each reader, and a start of
+# the program.
 # Stages that passed on exactly these sources are not run again; --all runs them all the same.
 # Ends on one plain line: N passed, N failed.
 set -uo pipefail
@@ -112,6 +113,7 @@ run_program() {
 
 stage format check_format
 stage dev run_ctest dev
+stage tidy scripts/tidy.sh
 stage asan run_ctest asan
 stage fuzz run_fuzz
 stage program run_program

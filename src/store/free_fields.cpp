@@ -67,7 +67,7 @@ void CompteChampsLibres(StoreState& state) {
 }
 
 std::string CheminStandardHdr(const StoreState& state, Platform& io) {
-  const std::string path = AvecSeparateur(state.AppDir) + "standard.hdr";
+  std::string path = AvecSeparateur(state.AppDir) + "standard.hdr";
   if (io.files.Existe(path)) return path;
   const std::string found = TrouveChemin(path).value_or("");
   return !found.empty() && io.files.Existe(found) ? found : "";

@@ -127,7 +127,7 @@ class PortableOutput final : public OutputFile {
   }
 
  private:
-  static constexpr std::size_t blockBytes = 256 * 1024;
+  static constexpr std::size_t blockBytes = std::size_t{256} * 1024;
 
   bool VideCeQuiPasse() {
     stream_.clear();

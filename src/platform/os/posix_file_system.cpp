@@ -153,7 +153,7 @@ class PosixFileSystem final : public FileSystem {
     if (lstat(to.c_str(), &there) == 0) LanceErreurFichier(EEXIST, to);
     PosixInput input(source);
     const auto output = CreeSortiePosix(to, to, AttributsDe(source, status));
-    std::vector<char> block(256 * 1024);
+    std::vector<char> block(std::size_t{256} * 1024);
     while (const std::size_t count = input.Lit(block)) output->Ecrit({block.data(), count});
     output->Remplace();
     if (unlink(source.c_str()) != 0) LanceErreurFichier(errno, from);

@@ -16,7 +16,7 @@
 namespace talpena {
 namespace {
 
-constexpr std::size_t blockBytes = 256 * 1024;
+constexpr std::size_t blockBytes = std::size_t{256} * 1024;
 
 /// While it lives a write beyond the file size limit fails instead of ending the process.
 class SansSignalDeTaille {

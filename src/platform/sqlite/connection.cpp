@@ -97,7 +97,7 @@ std::int64_t Connection::DerniereCle() const { return sqlite3_last_insert_rowid(
 
 TalpenaError Connection::Erreur(int resultCode) {
   if (pending_) {
-    const TalpenaError error = *pending_;
+    TalpenaError error = *pending_;
     pending_.reset();
     return error;
   }

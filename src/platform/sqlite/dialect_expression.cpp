@@ -68,10 +68,10 @@ bool EstReserve(std::string_view word) {
 
 /// A chain of one operator, without parentheses round its left part: a long list of conditions
 /// must not nest.
-Expression Chaine(Expression left, Outer outer, std::string_view op, std::string right,
+Expression Chaine(std::string left, Outer outer, std::string_view op, std::string_view right,
                   ValueKind kind) {
   Expression result;
-  result.sql = std::move(left.sql);
+  result.sql = std::move(left);
   result.sql += op;
   result.sql += right;
   result.kind = kind;
@@ -79,9 +79,11 @@ Expression Chaine(Expression left, Outer outer, std::string_view op, std::string
   return result;
 }
 
-std::string EnParentheses(std::string sql, bool needed) { return needed ? "(" + sql + ")" : sql; }
+std::string EnParentheses(std::string sql, bool needed) {
+  return needed ? "(" + std::move(sql) + ")" : sql;
+}
 
-Expression Logique(Expression left, int precedence, Expression right) {
+Expression Logique(Expression left, int precedence, const Expression& right) {
   const Outer outer = precedence == And ? Outer::And : Outer::Or;
   const bool keepLeft = left.kind == ValueKind::Logical &&
                         (left.outer == outer || (outer == Outer::Or && left.outer == Outer::And));
@@ -99,7 +101,7 @@ Expression Logique(Expression left, int precedence, Expression right) {
   switch (precedence) {
     case And:
     case Or:
-      return Chaine(std::move(left), outer, precedence == And ? " AND " : " OR ", rightSql,
+      return Chaine(std::move(left.sql), outer, precedence == And ? " AND " : " OR ", rightSql,
                     ValueKind::Logical);
     case Xor:
       return atom("(" + group(left) + " <> (" + rightSql + "))");
@@ -118,8 +120,8 @@ Expression Somme(Expression left, std::string_view op, Expression right) {
     result.sql = "(" + EnTexte(std::move(left)) + " || " + EnTexte(std::move(right)) + ")";
     return result;
   }
-  if (left.outer != Outer::Sum) left.sql = EnNombre(std::move(left));
-  return Chaine(std::move(left), Outer::Sum, op == "+" ? " + " : " - ", EnNombre(std::move(right)),
+  std::string sum = left.outer == Outer::Sum ? std::move(left.sql) : EnNombre(std::move(left));
+  return Chaine(std::move(sum), Outer::Sum, op == "+" ? " + " : " - ", EnNombre(std::move(right)),
                 ValueKind::Number);
 }
 
@@ -127,8 +129,9 @@ Expression Calcul(Expression left, int precedence, std::string_view op, Expressi
   if (precedence == Sum) return Somme(std::move(left), op, std::move(right));
   if (precedence == Concat) {
     // A chain of "&" holds no Null any more.
-    if (left.outer != Outer::Concat) left.sql = EnTexteSansNull(std::move(left));
-    return Chaine(std::move(left), Outer::Concat, " || ", EnTexteSansNull(std::move(right)),
+    std::string chain =
+        left.outer == Outer::Concat ? std::move(left.sql) : EnTexteSansNull(std::move(left));
+    return Chaine(std::move(chain), Outer::Concat, " || ", EnTexteSansNull(std::move(right)),
                   ValueKind::Text);
   }
   Expression result;
@@ -168,7 +171,7 @@ class DialectParser::Profondeur {
 
 std::string DialectParser::Condition(Source source) {
   sources_.push_back(std::move(source));
-  const std::string sql = EnConditionSql(Lit());
+  std::string sql = EnConditionSql(Lit());
   ExigeFin();
   return sql;
 }

@@ -221,7 +221,7 @@ std::string DialectParser::LitCondition() {
   if (!Mot("WHERE")) return {};
   clause_ = "WHERE";
   expressionStart_ = Ici().start;
-  const std::string sql = EnConditionSql(Lit());
+  std::string sql = EnConditionSql(Lit());
   // What cannot follow a condition is part of the user's mistake in it.
   if (!EstMot("GROUP") && !EstMot("HAVING") && !EstMot("ORDER") && !EstSymbole(";") &&
       Ici().kind != Token::Kind::End) {

@@ -15,7 +15,7 @@ std::string_view FunctionCall::Texte(int i) const {
   const auto* data = reinterpret_cast<const char*>(sqlite3_value_text(values_[i]));
   const int size = sqlite3_value_bytes(values_[i]);
   return data != nullptr ? std::string_view(data, static_cast<std::size_t>(size))
-                         : std::string_view("", 0);
+                         : std::string_view("");
 }
 
 Cell FunctionCall::Cellule(int i) const {

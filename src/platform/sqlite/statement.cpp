@@ -62,7 +62,7 @@ std::string_view Statement::Texte(int column) const {
   const auto* data = static_cast<const char*>(sqlite3_column_blob(handle_.get(), column));
   const int size = sqlite3_column_bytes(handle_.get(), column);
   return data != nullptr ? std::string_view(data, static_cast<std::size_t>(size))
-                         : std::string_view("", 0);
+                         : std::string_view("");
 }
 
 Cell Statement::Cellule(int column) const {

@@ -125,7 +125,8 @@ std::vector<std::string> TableState::SqlCreation() const {
     for (const std::string& name : index.fields) {
       const int field = Champ(name);
       if (field < 0) throw ChampIntrouvable();
-      list += (list.empty() ? "" : ", ") + ChampSql(field);
+      if (!list.empty()) list += ", ";
+      list += ChampSql(field);
     }
     if (list.empty()) throw ArgumentInvalide();
     // The names of indexes are shared by all tables of an SQLite database.

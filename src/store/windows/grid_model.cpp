@@ -60,7 +60,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return text.size() >= longText ? QVariant(text) : QVariant();
     }
     case Qt::TextAlignmentRole: {
-      const auto field = static_cast<std::size_t>(column + Column::FirstInGrid);
+      const auto field = static_cast<std::size_t>(column) + std::size_t{Column::FirstInGrid};
       const bool number = EstColonneNumerique(rows_->Fields().at(field));
       return QVariant::fromValue(Qt::AlignVCenter | (number ? Qt::AlignRight : Qt::AlignLeft));
     }

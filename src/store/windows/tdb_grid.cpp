@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QStyledItemDelegate>
 #include <algorithm>
+#include <cmath>
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
@@ -183,7 +184,7 @@ void TDBGrid::AppliqueLargeurs() {
     const auto i = static_cast<std::size_t>(column);
     if (sizedByUser_.at(i)) continue;
     const float twips = state_.LargeurColonnes.at(i);
-    int width = static_cast<int>(twips / twipsPerPixel + 0.5F);
+    int width = static_cast<int>(std::lround(twips / twipsPerPixel));
     // A width nobody chose gives way to a heading or a font that needs more room.
     if (twips == defaults.LargeurColonnes.at(i)) width = std::max(width, LargeurVoulue(column));
     setColumnWidth(column, std::max(width, 1));
