@@ -7,11 +7,13 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
+#include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QTreeView>
 #include <utility>
 
 #include "common/msg_id.h"
@@ -142,6 +144,15 @@ QString DossierDepart(const FileDialog& dialog) {
   return QDir::currentPath();
 }
 
+/// Sizes, kinds and dates whole, whatever the language; the name has the rest.
+void ElargitColonnes(QFileDialog& dialog) {
+  dialog.resize(dialog.sizeHint().expandedTo({760, 480}));
+  const auto* list = dialog.findChild<QTreeView*>(u"treeView"_s);
+  if (list == nullptr) return;
+  list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 void PrepareFichiers(QFileDialog& dialog, const FileDialog& wanted) {
   dialog.setOption(QFileDialog::DontUseNativeDialog);
   dialog.setFileMode(QFileDialog::AnyFile);
@@ -151,6 +162,7 @@ void PrepareFichiers(QFileDialog& dialog, const FileDialog& wanted) {
   if (!names.isEmpty()) dialog.setNameFilters(names);
   dialog.setDirectory(DossierDepart(wanted));
   if (!wanted.name.empty()) dialog.selectFile(EnQt(NomDe(wanted.name)));
+  ElargitColonnes(dialog);
 }
 
 std::string CheminChoisi(QFileDialog& dialog) {
