@@ -83,6 +83,7 @@ void DitDatumsInconnus(CommandContext c, const std::vector<std::string>& codes) 
 }
 
 void AjusteTout(CommandContext c, Ajuste adjust) {
+  if (c.state.DatumFichier == 0) return DitDatumsInconnus(c, {c.state.DatumFichierCode});
   AjusteLignes rows(c, std::move(adjust));
   try {
     ParcourtLignes(c, AjusteLignes::Passe(), rows);
