@@ -117,11 +117,11 @@ struct ZoneFrance {
   double a, fInverse, phi0, phi1, phi2, lambda0, x0, y0;
 };
 
+constexpr double phi0Zone2 = 52 * 0.9;  // degrees; 46.8 and a hair, as the product of doubles is
+
 // As stored data were made: the central meridian lacks 0.000007 degrees of the published one, and
 // the second parallel of zone 4 stands for 42.767663. Held by LambertOracle.KeepsTheStoredMeridian
 // and LambertOracle.KeepsTheStoredParallelOfZone4.
-constexpr double phi0Zone2 = 52 * 0.9;  // degrees; 46.8 and a hair, as the product of doubles is
-
 // clang-format off
 constexpr std::array<ZoneFrance, 6> zonesFrance{{
     {6378249.2, 293.465,       49.5,      48.598523, 50.395912, MeridienParis, 600000,   200000},
