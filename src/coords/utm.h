@@ -1,6 +1,6 @@
 // UTM on any ellipsoid, both ways, by the eighth-order series of the Transverse Mercator. Pure
 // arithmetic: no state, no table. Angles are radians, lengths metres.
-// Source: Defense Mapping Agency, TM 8358.2, The Universal Grids (1989), chapter 2.
+// Source: Defense Mapping Agency, TM 8358.2, The Universal Grids (1989).
 //
 // Arithmetic faults raise TalpenaError: DivisionByZero (11) for an ellipsoid without series (an
 // axis of 0, a flattening of 0 or 1), Overflow (6) where a result has no finite value. Angles and
