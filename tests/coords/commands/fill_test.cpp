@@ -37,7 +37,7 @@ TEST(MnuRemplirCoo, WritesMgrsAndItsFailures) {
   w.dialogues.answers = {Answer::Ok};
   MnuRemplirCoo_Click(w.Contexte(), 0);
   EXPECT_EQ(w.Commentaires(),
-            (Lines{"31UES9503833657", "S  POLAR REGION", "abc N  POLAR REGION", "5QKC1043266900"}));
+            (Lines{"31UES9503234013", "S  POLAR REGION", "abc N  POLAR REGION", "5QNC1042866816"}));
   EXPECT_TRUE(w.state.FichierModifie);
 }
 
@@ -95,11 +95,12 @@ TEST(MnuRemplirXY, WritesIfblAndLeavesWhatHasNone) {
 TEST(MnuRemplirXY, WritesTheZonesOfMorocco) {
   CoordsWorld w;
   w.state.DatumFichier = ChercheDatum(w.state.Catalogue, "MER");
-  w.Montre({A("33.3", "-5.4")});
+  w.Montre({A("33.3", "-5.39")});
   MnuRemplirXY_Click(w.Contexte(), 4);
-  EXPECT_EQ(w.Commentaires()[0].substr(0, 7), "500000,");
+  const std::string north = w.Commentaires()[0];
+  EXPECT_EQ(north.substr(0, 7), "500931,");
   MnuRemplirXY_Click(w.Contexte(), 5);
-  EXPECT_NE(w.Commentaires()[0].find(",500000,"), std::string::npos) << w.Commentaires()[0];
+  EXPECT_EQ(w.Commentaires()[0].substr(0, north.size() + 8), north + ",500936,");
 }
 
 TEST(MnuRemplirXY, SkipsRowsWithoutCoordinates) {
