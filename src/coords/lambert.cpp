@@ -75,7 +75,7 @@ void Inverse(const LambertParametres& p, double x, double y, double& latitude, d
   const double theta = std::atan(Divise(east, south));
   // rho has the sign of F, so the square of their quotient tells all.
   const double rho2 = Fini(east * east + south * south);
-  const double t = std::exp(std::log(rho2 / (p.echelle * p.echelle)) / (2 * p.n));
+  const double t = std::exp(std::log(rho2 * p.parEchelle2) * p.parN2);
   // From 1e17 on, t is the south pole; the limit keeps its square a number.
   const double u = tangente(p.facteur, std::min(t, 1e100));
   const double phi = Fini(PiSur2 - 2 * std::atan(u));
@@ -88,14 +88,21 @@ constexpr double CarreExcentricite(double a, double fInverse) {
   return (a * a - b * b) / (a * a);
 }
 
+/// Sets n and the scale, and what the inverse needs of them.
+constexpr void PoseEchelle(LambertParametres& p, double n, double echelle) {
+  p.n = n;
+  p.echelle = echelle;
+  p.parEchelle2 = 1 / (echelle * echelle);
+  p.parN2 = 1 / (2 * n);
+}
+
 constexpr LambertParametres Belgique() {
   LambertParametres p;
   p.a = 6378388.0;
   p.fInverse = 297.0;
   p.e2 = CarreExcentricite(p.a, p.fInverse);
   p.facteur = FacteurConforme(p.e2);
-  p.n = 0.7716421928;
-  p.echelle = 11565915.812935;
+  PoseEchelle(p, 0.7716421928, 11565915.812935);
   p.lambda0 = 0.076042943;
   p.rotation = 0.000142043;
   p.x0 = 150000.01256;
@@ -110,17 +117,19 @@ struct ZoneFrance {
   double a, fInverse, phi0, phi1, phi2, lambda0, x0, y0;
 };
 
-// As stored data have them: the central meridian lacks 0.000007 degrees of the published one, the
-// second parallel of zone 4 is not its published 42.767663, and the false origin of zone 4 stands
-// without the 600 km. Held by LambertOracle.KeepsTheStoredParallelOfZone4 and its neighbours.
+constexpr double phi0Zone2 = 52 * 0.9;  // degrees; 46.8 and a hair, as the product of doubles is
+
+// As stored data were made: the central meridian lacks 0.000007 degrees of the published one, and
+// the second parallel of zone 4 stands for 42.767663. Held by LambertOracle.KeepsTheStoredMeridian
+// and LambertOracle.KeepsTheStoredParallelOfZone4.
 // clang-format off
 constexpr std::array<ZoneFrance, 6> zonesFrance{{
-    {6378249.2, 293.465,       49.5,     48.598523, 50.395912, MeridienParis, 600000,   200000},
-    {6378249.2, 293.465,       46.8,     45.898919, 47.696014, MeridienParis, 600000,   200000},
-    {6378249.2, 293.465,       44.1,     43.199291, 44.996094, MeridienParis, 600000,   200000},
-    {6378249.2, 293.465,       42.165,   41.560388, 42.776633, MeridienParis, 234.358,  185861.369},
-    {6378249.2, 293.465,       52 * 0.9, 45.898919, 47.696014, MeridienParis, 600000,   2200000},
-    {6378206.4, 294.9786982,   23,       33,        45,        -96,           0,        0},
+    {6378249.2, 293.465,       49.5,      48.598523, 50.395912, MeridienParis, 600000,   200000},
+    {6378249.2, 293.465,       phi0Zone2, 45.898919, 47.696014, MeridienParis, 600000,   200000},
+    {6378249.2, 293.465,       44.1,      43.199291, 44.996094, MeridienParis, 600000,   200000},
+    {6378249.2, 293.465,       42.165,    41.560388, 42.776633, MeridienParis, 234.358,  185861.369},
+    {6378249.2, 293.465,       phi0Zone2, 45.898919, 47.696014, MeridienParis, 600000,   2200000},
+    {6378206.4, 294.9786982,   23,        33,        45,        -96,           0,        0},
 }};
 
 /// A zone of the one-parallel family; angles in radians.
@@ -154,11 +163,10 @@ double RayonParallele(double phi, double e2) {
 
 /// The ends of both initialisations: cone constants from n and the parallel of scale 1.
 void PoseCone(LambertParametres& p, double n, double phi, double m) {
-  p.n = n;
   p.t0 = T(p.facteur, p.phi0);
   p.F = m / (std::pow(T(p.facteur, phi), n) * n);
   p.rho0 = std::pow(p.t0, n) * p.F * p.a;
-  p.echelle = p.a * p.F * p.k0;
+  PoseEchelle(p, n, p.a * p.F * p.k0);
 }
 
 }  // namespace
