@@ -33,11 +33,9 @@ void AjusteDegresDemandes(CommandContext c) {
   if (!meshLat) return;
   // The upper bound looks at the latitude mesh: a longitude mesh of 200 is taken as long as that
   // is below 180. The title is the one that users have always seen.
-  const auto meshLon =
-      DemandeMaille(c,
-                    {.prompt = Texte(langue, MsgId::MailleLongitudes),
-                     .title = "LoadResString(167 + Langue)"},
-                    [&](double mesh) { return mesh > -180 && *meshLat < 180; });
+  const auto meshLon = DemandeMaille(
+      c, {.prompt = Texte(langue, MsgId::MailleLongitudes), .title = "LoadResString(167 + Langue)"},
+      [&](double mesh) { return mesh > -180 && *meshLat < 180; });
   if (!meshLon) return;
   AjusteDegres(c, *meshLat, *meshLon);
 }

@@ -114,9 +114,9 @@ bool AjusteSurGrille(CoordState& state, RowPoint& row) {
   if (state.MailleChoisie == 0) return AjusteEnDegres(state, row, SansMaille, SansMaille);
   const Cible target = CibleDe(state);
   const bool written = row.code == target.code && row.datum == target.datum;
-  Reference reference = written                  ? ReferenceEcrite(row)
+  Reference reference = written                ? ReferenceEcrite(row)
                         : target.code == "MGR" ? ReferenceUtm(state, row)
-                                                 : ReferenceNationale(state, row, target);
+                                               : ReferenceNationale(state, row, target);
   if (!AjusteGrille(reference.square, state.MailleChoisie)) return false;
   std::string code;
   DecodeOriginal(state, Ecrit(target.code, reference), target.datum, row.latitude, row.longitude,

@@ -95,18 +95,87 @@ std::string TexteGrades(double latitude, double longitude) {
 
 std::string TexteMetres(double x, double y) { return Str(Fix(x)) + "," + Str(Fix(y)); }
 
-/// The forward projection of a system, after the change to its datum.
-template <typename Forward>
-TexteDuPoint SurDatum(const CoordState& state, std::size_t slot, Forward forward) {
-  return [&state, slot, forward](double latitude, double longitude) {
-    ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude,
-                   state.DatumFichier, state.Catalogue.DatumsSpeciaux[slot]);
-    double x = 0, y = 0;
-    forward(latitude, longitude, x, y);
-    return std::pair(x, y);
-  };
+/// The point on the datum of a system.
+std::pair<double, double> SurDatum(const CoordState& state, std::size_t slot, double latitude,
+                                   double longitude) {
+  ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, state.DatumFichier,
+                 state.Catalogue.DatumsSpeciaux[slot]);
+  return {latitude, longitude};
+}
+
+std::pair<double, double> EnLambertBelge(const CoordState& state, double latitude,
+                                         double longitude) {
+  const auto [phi, lambda] = SurDatum(state, slotBelge, latitude, longitude);
+  double x = 0, y = 0;
+  LatLonVersLambertBelge(phi, lambda, x, y);
+  return {x, y};
+}
+
+std::string TexteIfbl(const CoordState& state, double latitude, double longitude) {
+  const auto [x, y] = EnLambertBelge(state, latitude, longitude);
+  std::string code;
+  std::int16_t error = 0;
+  LambertVersIfbl(x, y, code, error, 6);
+  return code;  // "" outside the bounds
+}
+
+std::string TexteMaroc(CoordState& state, double latitude, double longitude, int zone) {
+  const auto [phi, lambda] = SurDatum(state, slotMaroc, latitude, longitude);
+  double x = 0, y = 0;
+  LatLonVersLambertUnParallele(state.LambertUnParallele, phi, lambda, x, y, zone);
+  return TexteMetres(x, y);
+}
+
+/// What MnuRemplirXY writes.
+std::string TexteXY(StoreState& state, int index, double latitude, double longitude) {
+  switch (index) {
+    case 0:
+      return TexteDms(latitude) + state.FreeFieldSeparator + TexteDms(longitude);
+    case 1:
+      return TexteGrades(latitude, longitude);
+    case 2: {
+      const auto [x, y] = EnLambertBelge(state, latitude, longitude);
+      return TexteMetres(x, y);
+    }
+    case 3:
+      return TexteIfbl(state, latitude, longitude);
+    case 4:
+    case 5:
+      return TexteMaroc(state, latitude, longitude, index - 3);
+    default:
+      return {};
+  }
 }
 
 }  // namespace
+
+void MnuRemplirCoo_Click(CommandContext c, int index) {
+  ExecuteCommande(c.state, c.io, {}, [&] {
+    if (index == 0 && !ConfirmeMgrs(c)) return;
+    ChoisitEllipsoide(c.state.Catalogue, c.state.DatumFichier);
+    Remplit(c, " ", [&](double latitude, double longitude) {
+      if (index == 0) return TexteMgrs(c.state.Catalogue, latitude, longitude);
+      const Grille grid = index == 1 ? Grille::British : Grille::Irish;
+      return TexteGrille(grid, latitude, longitude);
+    });
+  });
+}
+
+void MnuRemplirXY_Click(CommandContext c, int index) {
+  ExecuteCommande(c.state, c.io, {}, [&] {
+    Remplit(c, ",", [&](double latitude, double longitude) {
+      return TexteXY(c.state, index, latitude, longitude);
+    });
+  });
+}
+
+void MnuRemplirTexte_Click(CommandContext c) {
+  ExecuteCommande(c.state, c.io, {}, [&] {
+    const std::string answer =
+        c.io.dialogues.Saisie({.prompt = Texte(c.state.Langue, MsgId::TexteAInserer)});
+    if (answer.empty()) return;
+    Remplit(c, c.state.FreeFieldSeparator, [&](double, double) { return answer; });
+  });
+}
 
 }  // namespace talpena
