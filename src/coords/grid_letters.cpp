@@ -9,14 +9,14 @@ namespace {
 
 /// Columns eastward and rows northward of a square in the block that holds it.
 struct Square {
-  int east = -1;  ///< negative for a letter that the tables lack
-  int north = -1;
+  int east, north;  ///< negative for a letter that the tables lack
 };
 using Squares = std::array<Square, 128>;  ///< by letter
 
 /// The letters row by row, once as eastings are read and once as northings are.
 constexpr Squares Tables(std::string_view east, int columns, std::string_view north, int rows) {
-  Squares squares;
+  Squares squares{};
+  squares.fill({-1, -1});
   for (std::size_t i = 0; i < east.size(); ++i) {
     squares[static_cast<unsigned char>(east[i])].east = static_cast<int>(i) % columns;
   }
