@@ -1,4 +1,5 @@
 // Letters of the 100 km squares, read by the tables that the grids' references were made with.
+#include <array>
 #include <optional>
 
 #include "coords/national_grids.h"
@@ -8,31 +9,32 @@ namespace {
 
 /// Columns eastward and rows northward of a square in the block that holds it.
 struct Square {
-  int east = 0;
-  int north = 0;
+  int east, north;  ///< negative for a letter that the tables lack
 };
+using Squares = std::array<Square, 128>;  ///< by letter
 
-/// Index of a letter in a table that lists the letters row by row.
-std::optional<int> Indice(std::string_view table, char letter, int modulus) {
-  const std::size_t position = table.find(letter);
-  if (position == std::string_view::npos) return std::nullopt;
-  return static_cast<int>(position) % modulus;
+/// The letters row by row, once as eastings are read and once as northings are.
+constexpr Squares Tables(std::string_view east, int columns, std::string_view north, int rows) {
+  Squares squares{};
+  squares.fill({-1, -1});
+  for (std::size_t i = 0; i < east.size(); ++i) {
+    squares[static_cast<unsigned char>(east[i])].east = static_cast<int>(i) % columns;
+  }
+  for (std::size_t i = 0; i < north.size(); ++i) {
+    squares[static_cast<unsigned char>(north[i])].north = static_cast<int>(i) % rows;
+  }
+  return squares;
 }
 
-/// Place of a 500 km square in the British grid.
-std::optional<Square> Carre500(char letter) {
-  const auto east = Indice("STNOHJ", letter, 2);
-  const auto north = Indice("SNHTOJ", letter, 3);
-  if (!east || !north) return std::nullopt;
-  return Square{*east, *north};
-}
+constexpr Squares Carres500 = Tables("STNOHJ", 2, "SNHTOJ", 3);
+constexpr Squares Carres100 =
+    Tables("VWXYZQRSTULMNOPFGHJKABCDE", 5, "VQLFAWRMGBXSNHCYTOJDZUPKE", 5);
 
-/// Place of a 100 km square in its 500 km square.
-std::optional<Square> Carre100(char letter) {
-  const auto east = Indice("VWXYZQRSTULMNOPFGHJKABCDE", letter, 5);
-  const auto north = Indice("VQLFAWRMGBXSNHCYTOJDZUPKE", letter, 5);
-  if (!east || !north) return std::nullopt;
-  return Square{*east, *north};
+/// Place of a square; empty when one of the tables lacks the letter.
+std::optional<Square> Carre(const Squares& squares, char letter) {
+  const auto index = static_cast<unsigned char>(letter);
+  if (index >= squares.size() || squares[index].east < 0 || squares[index].north < 0) return {};
+  return squares[index];
 }
 
 }  // namespace
@@ -41,8 +43,8 @@ void LettresVersBritish(std::string_view letters, double eastKm, double northKm,
                         double& northing) {
   easting = northing = 0;
   if (letters.size() < 2) return;
-  const auto block = Carre500(letters[0]);
-  const auto square = Carre100(letters[1]);
+  const auto block = Carre(Carres500, letters[0]);
+  const auto square = Carre(Carres100, letters[1]);
   if (!block || !square) return;
   easting = (500 * block->east + 100 * square->east) * 1000 + eastKm * 1000 + 100000;
   northing = (500 * block->north + 100 * square->north) * 1000 + northKm * 1000 + 5527063.816;
@@ -50,8 +52,8 @@ void LettresVersBritish(std::string_view letters, double eastKm, double northKm,
 
 void LettresVersIrish(std::string_view letters, double northKm, double eastKm, double& northing,
                       double& easting) {
-  Square square;
-  if (letters.size() >= 2) square = Carre100(letters[1]).value_or(Square{});
+  constexpr Square none{0, 0};
+  const Square square = letters.size() < 2 ? none : Carre(Carres100, letters[1]).value_or(none);
   easting = (100 * square.east + eastKm) * 1000 + 300000;
   // The forward's offset without its decimals: Irish references decode 0.4339 m south.
   // Held by IrishLetters.CountFromTheOffsetWithoutItsDecimals.

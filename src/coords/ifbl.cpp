@@ -1,9 +1,6 @@
 #include "coords/ifbl.h"
 
 #include <array>
-#include <cmath>
-
-#include "common/numbers.h"
 
 namespace talpena {
 namespace {
@@ -84,7 +81,11 @@ int Paire(int x, int y) {
   return east < 0 || north < 0 ? 0 : Paires[north][east];
 }
 
-void Ajoute(std::string& code, int number) { code += Str(std::int64_t{number}); }
+/// Appends a number of one or two digits; no other comes up inside the bounds.
+void Ajoute(std::string& code, int number) {
+  if (number > 9) code += static_cast<char>('0' + number / 10);
+  code += static_cast<char>('0' + number % 10);
+}
 
 }  // namespace
 

@@ -57,7 +57,8 @@ void EcritMid(OutputFile& file, const IfblPolygons& polygons) {
   std::string code;
   ParcourtCarres(polygons, [&](int x, int y) {
     std::int16_t error = 0;
-    LambertVersIfbl(x + polygons.width / 2, y + polygons.height / 2, code, error, polygons.level);
+    LambertVersIfbl(x + polygons.width / 2.0, y + polygons.height / 2.0, code, error,
+                    polygons.level);
     file.Ecrit("\"" + code + "\"\r\n");
   });
 }

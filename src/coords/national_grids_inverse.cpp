@@ -65,15 +65,21 @@ void Approche(Angle& angle, double m) {
   angle.Tourne((m - arc) / slope);
 }
 
-/// Latitude of the foot of a northing on the central meridian. The start lies within 0.0026 of it
-/// and every step squares the distance, so that the second one meets it to rounding.
+/// First two terms of the latitude as a series of the rectified one, in sines of its multiples.
+constexpr double B1 = C1 / 2 / C0;
+constexpr double B2 = B1 * B1 - C2 / 4 / C0;
+
+/// Latitude of the foot of a northing on the central meridian. The series lies within 1e-7 of it,
+/// and a step of Newton's squares the distance, so that one meets it to rounding.
 Angle LatitudePied(double northing, double k) {
   if (!(std::fabs(northing) < FarthestNorthing)) {
     throw TalpenaError(ErrorNumber::Overflow, "Overflow");
   }
   const double m = northing / ((1 - E2) * A * k);
   Angle foot(m / C0);
-  Approche(foot, m);
+  const double sin2 = 2 * foot.s * foot.c;
+  const double cos2 = foot.c * foot.c - foot.s * foot.s;
+  foot.Tourne(sin2 * (B1 + 2 * B2 * cos2));
   Approche(foot, m);
   return foot;
 }

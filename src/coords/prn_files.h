@@ -21,8 +21,7 @@ struct IfblDatums {
 };
 
 /// A number as an item of a print statement: a blank or a minus, at most 15 significant digits
-/// with no zero ahead of the point, one blank behind: " 50.5 ", "-.25 ". An exponent ("1E+20")
-/// only beyond those digits.
+/// with no zero ahead of the point, one blank behind: " 50.5 ", "-.25 ".
 std::string ElementImprime(double value);
 
 /// The 32 by 20 km lines without pen codes, numbers as print items: 11 columns with a point every
