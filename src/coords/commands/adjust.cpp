@@ -76,7 +76,7 @@ class AjusteLignes final : public RowWalk {
 
 void DitDatumsInconnus(CommandContext c, const std::vector<std::string>& codes) {
   if (codes.empty()) return;
-  std::string text = Texte(c.state.Langue, MsgId::DatumAbsent) + "\r\n\r\n";
+  std::string text = Texte(c.state.Langue, MsgId::DatumAbsent) + "\n\n";
   for (std::size_t i = 0; i < codes.size(); ++i) text += (i == 0 ? "" : ", ") + codes[i];
   Bip(c.state, c.io);
   c.io.dialogues.Demande({.text = text, .icon = Icon::Exclamation});

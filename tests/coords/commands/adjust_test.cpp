@@ -59,7 +59,7 @@ TEST(AjusteDegres, TellsUnknownDatumsOnce) {
       {{"QQQ", "deg 50.5 4.25"}, {"qqq", "deg 1.5 1"}, {"ZZZ", "deg 1.5 1"}, {"WGS84", "deg 7 8"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"1 2", "1 2", "1 2", "7 8"}));
-  EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\r\n\r\nQQQ, ZZZ"}));
+  EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\n\nQQQ, ZZZ"}));
 }
 
 TEST(AjusteDegres, TellsThatTheFilesDatumIsUnknown) {
@@ -69,7 +69,7 @@ TEST(AjusteDegres, TellsThatTheFilesDatumIsUnknown) {
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"1 2"}));
-  EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\r\n\r\nNONE"}));
+  EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\n\nNONE"}));
 }
 
 // A latitude of 50412 degrees has no radius of curvature.
@@ -234,7 +234,7 @@ TEST(ChangeDatumFichier, RefusesAnUnknownCode) {
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
   ChangeDatumFichier(w.Contexte(), "QQQ");
   EXPECT_EQ(w.state.DatumFichierCode, "WGS84");
-  EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\r\n\r\nQQQ"}));
+  EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\n\nQQQ"}));
 }
 
 TEST(ChangeDatumFichier, LeavesTheRowsWhileNoGridIsShown) {

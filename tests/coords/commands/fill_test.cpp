@@ -100,7 +100,7 @@ TEST(MnuRemplirXY, WritesTheZonesOfMorocco) {
   const std::string north = w.Commentaires()[0];
   EXPECT_EQ(north.substr(0, 7), "500931,");
   MnuRemplirXY_Click(w.Contexte(), 5);
-  EXPECT_EQ(w.Commentaires()[0].substr(0, north.size() + 8), north + ",500936,");
+  EXPECT_EQ(w.Commentaires()[0].substr(0, north.size() + 8), north + ",500932,");
 }
 
 TEST(MnuRemplirXY, SkipsRowsWithoutCoordinates) {
