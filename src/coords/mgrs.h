@@ -1,7 +1,7 @@
 // MGRS references, both ways. Pure arithmetic: no state, no table. Angles are radians, lengths
 // metres. Failures come back as texts of 15 characters in the place of the reference.
 // Source: Defense Mapping Agency, TM 8358.1, Datums, Ellipsoids, Grids, and Grid Reference
-// Systems (1990), chapter 3, but for the pairing of false northings (see JeuLettres).
+// Systems (1990), chapter 3.
 //
 // A reference reads "ZZLLLEEEEENNNNN": the zone in two characters (blank or "0" before a single
 // digit), band, column and row letters, five digits of easting and five of northing. Letters

@@ -34,6 +34,8 @@ struct UtmSeries {
   double C;
   double D;
   double E;
+  double mu2;  ///< the first two of the inverse arc: latitude by sines of 2 mu and 4 mu
+  double mu4;
 };
 
 /// sqrt(1 - e2 sin^2 phi).

@@ -3,6 +3,7 @@
 #include <array>
 #include <set>
 
+#include "common/text.h"
 #include "coords/original.h"
 #include "coords/test_catalogue.h"
 

@@ -93,7 +93,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void changeEvent(QEvent* event) override;
 
  private:
-  FileContext Fichiers() { return {state_, io_, *this}; }
+  CommandContext Fichiers() { return {state_, io_, *this}; }
 
   void ConstruitMenus();
   void ConstruitMenu(QMenu& menu, std::span<const MenuEntry> entries);
