@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QDialogButtonBox>
 #include <QEvent>
+#include <QFontMetrics>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QLabel>
@@ -24,6 +25,7 @@ namespace {
 
 constexpr int CaptionLambert = 40, CaptionIfbl = MsgId::IfblBelgique;
 constexpr int levelKilometre = 6;
+constexpr int messageWidth = 56, messageLines = 3;  // characters, lines
 
 /// A box as a number of metres; a decimal comma is accepted. Empty when it is none.
 std::optional<double> LitMetres(const QLineEdit* box) {
@@ -103,7 +105,9 @@ void frmLmbIfbl::Dispose() {
   lblMessage->setObjectName("lblMessage");
   lblMessage->setWordWrap(true);
   lblMessage->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  lblMessage->setMinimumHeight(3 * lblMessage->fontMetrics().lineSpacing());  // no jump later
+  const QFontMetrics metrics = lblMessage->fontMetrics();  // room for all messages: no jump later
+  lblMessage->setMinimumSize(messageWidth * metrics.averageCharWidth(),
+                             messageLines * metrics.lineSpacing());
   layout->addWidget(lblMessage, 1);
   auto* buttons = new QDialogButtonBox(this);
   cmdFermer = new QPushButton(this);

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QSet>
 #include <QTest>
+#include <functional>
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
@@ -53,11 +54,11 @@ struct SquareCase {
   const char* y;
 };
 
-// Centres counted from the origin of the grid at x = 2012, y = 18180.
+// Centres counted from the origin of the grid at x = 2012, y = 18180; "G" is the sixth row.
 constexpr SquareCase squares[] = {
-    {"M0", "18012", "28180"},       {"A9", "306012", "248180"},     {"G3", "114012", "148180"},
-    {"G336", "120012", "148180"},   {"G33643", "120512", "146680"}, {"M05133", "2512", "18680"},
-    {" g3 36", "120012", "148180"}, {"A91822", "321512", "257680"},
+    {"M0", "18012", "28180"},       {"A9", "306012", "248180"},     {"G3", "114012", "128180"},
+    {"G336", "120012", "128180"},   {"G33643", "120512", "126680"}, {"M05133", "2512", "18680"},
+    {" g3 36", "120012", "128180"}, {"A91822", "321512", "257680"},
 };
 
 TEST_F(FrmLmbIfbl, GivesTheCentreOfASquare) {
@@ -72,7 +73,7 @@ TEST_F(FrmLmbIfbl, GivesTheCentreOfASquare) {
 }
 
 TEST_F(FrmLmbIfbl, GivesTheSquareOfOneKilometre) {
-  EnIfbl("120512", "146680");
+  EnIfbl("120512", "126680");
   EXPECT_EQ(Boite("txtIFBL").text(), u"G33643");
   EnIfbl(" 2012,0 ", "18180.5");
   EXPECT_EQ(Boite("txtIFBL").text(), u"M05133");
@@ -95,7 +96,7 @@ TEST_F(FrmLmbIfbl, TellsThatACodeIsRefused) {
 }
 
 TEST_F(FrmLmbIfbl, TellsThatAPointIsOutsideTheBounds) {
-  EnIfbl("120512", "146680");
+  EnIfbl("120512", "126680");
   const SquareCase outside[] = {
       {"", "350000", "100000"}, {"", "-1", "100000"}, {"", "100000", "270000"}, {"", "1", "-0.5"}};
   for (const SquareCase& c : outside) {
@@ -113,7 +114,7 @@ TEST_F(FrmLmbIfbl, TellsThatATextIsNoNumber) {
     EnIfbl("120512", text);
     EXPECT_EQ(Message(), Texte(MsgId::MetresAttendus));
     EXPECT_EQ(QApplication::focusWidget(), &Boite("txtLambert_1"));
-    EnIfbl(text, "146680");
+    EnIfbl(text, "126680");
     EXPECT_EQ(Message(), Texte(MsgId::MetresAttendus));
     EXPECT_EQ(QApplication::focusWidget(), &Boite("txtLambert_0"));
     EXPECT_EQ(Boite("txtIFBL").text(), u"");
@@ -141,7 +142,7 @@ TEST_F(FrmLmbIfbl, EnterConvertsFromTheFrameOfTheCursor) {
   QTest::keyClicks(QApplication::focusWidget(), "120512");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   ASSERT_EQ(QApplication::focusWidget(), &Boite("txtLambert_1"));
-  QTest::keyClicks(QApplication::focusWidget(), "146680");
+  QTest::keyClicks(QApplication::focusWidget(), "126680");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_EQ(Boite("txtIFBL").text(), u"G33643");
 
@@ -171,13 +172,26 @@ TEST_F(FrmLmbIfbl, ClosesOnEscapeAndOnItsButton) {
   EXPECT_FALSE(window->isVisible());
 }
 
-TEST_F(FrmLmbIfbl, KeepsItsSizeWhenAMessageComes) {
-  const QSize size = window->size();
-  EnLambert("I3");
-  QCoreApplication::processEvents();
-  EXPECT_EQ(window->size(), size);
+TEST_F(FrmLmbIfbl, HasRoomForEveryMessageInEveryLanguage) {
   const QLabel* label = Enfant<QLabel>("lblMessage");
-  EXPECT_GE(label->height(), label->heightForWidth(label->width())) << "the text is not cut";
+  const auto hauteurs = [&] {
+    QCoreApplication::processEvents();
+    return std::pair{window->height(), Enfant<QGroupBox>("frameLambert")->height()};
+  };
+  for (const int langue : {0, 1000, 3000, 4000, 5000}) {
+    SCOPED_TRACE(langue);
+    state.Langue = static_cast<std::int16_t>(langue);
+    EnLambert("G3");
+    window->AppliqueLangue();
+    const auto empty = hauteurs();
+    for (const auto& provoke : std::initializer_list<std::function<void()>>{
+             [&] { EnLambert("I3"); }, [&] { EnIfbl("-1", "0"); }, [&] { EnIfbl("", ""); },
+             [&] { EnLambert("GX"); }}) {
+      provoke();
+      EXPECT_EQ(hauteurs(), empty) << Message();
+      EXPECT_GE(label->height(), label->heightForWidth(label->width())) << Message();
+    }
+  }
 }
 
 TEST_F(FrmLmbIfbl, CaptionsFollowTheLanguage) {
