@@ -16,7 +16,7 @@ void mnuGrid_Click(CoordState& state, Platform& io);
 void CreationIFBLGrid(CoordState& state, Platform& io);
 
 /// Asks for a folder and writes the three pairs "ifbl01x01", "ifbl04x04", "ifbl32x20" of .mif and
-/// .mid files there, all or none of them; message "traitement terminé".
+/// .mid files there; message "traitement terminé". None is put in place before all are written.
 void CreationIFBLGridPolygon(CoordState& state, Platform& io);
 
 /// Asks for a file name (empty: nothing happens) and writes a national grid to it under the
