@@ -1,11 +1,12 @@
 // ORIGINAL as any text: it ends at once, with finite numbers or 999, and what is snapped or moved
 // to another datum from there is finite too or fails with a known number.
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-#include "../fuzz/check.h"
+#include "check.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/commands/adjust_row.h"
@@ -42,10 +43,11 @@ void VerifieLigne(CoordState& state, const RowPoint& read, int choice) {
   try {
     const bool kept = choice % 2 == 0 ? AjusteSurGrille(state, row)
                                       : AjusteSurIfbl(state, row, 2 * (1 + choice % 3));
-    Verifie(!kept || (std::isfinite(row.latitude) && std::isfinite(row.longitude)));
+    fuzz::Verifie(!kept || (std::isfinite(row.latitude) && std::isfinite(row.longitude)));
   } catch (const TalpenaError& error) {
-    Verifie(error.number() == ErrorNumber::InvalidCall || error.number() == ErrorNumber::Overflow ||
-            error.number() == ErrorNumber::DivisionByZero);
+    fuzz::Verifie(error.number() == ErrorNumber::InvalidCall ||
+                  error.number() == ErrorNumber::Overflow ||
+                  error.number() == ErrorNumber::DivisionByZero);
   }
 }
 
@@ -61,7 +63,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   RowPoint row;
   std::string code;
   DecodeOriginal(state, original, datum, row.latitude, row.longitude, code);
-  Verifie(std::isfinite(row.latitude) && std::isfinite(row.longitude));
+  fuzz::Verifie(std::isfinite(row.latitude) && std::isfinite(row.longitude));
   if (row.latitude == EchecCoord) return 0;
   row.original = original;
   row.code = code;

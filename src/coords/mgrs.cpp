@@ -297,9 +297,11 @@ bool ExisteChamp(const Reference& r) {
   return r.zone >= 1 && r.zone <= 60 && EstBande(r.band) && !overSvalbard;
 }
 
-/// Northing of the 100 km row, whose letter stands for one of every 2000 km: the first one at or
-/// above the south limit of the band.
-double NordDeRangee(int row, double falseNorthing, double southNorthing) {
+/// Northing of the 100 km row, whose letter stands for one of every 2000 km: the first one that
+/// the band reaches.
+///
+/// @param southNorthing  of the band's south limit on the central meridian
+double NordDeRangee(int row, double falseNorthing, double southNorthing, bool southern) {
   const double lower = Fix(southNorthing / squareM) * squareM;
   double offset = (row - 1) * squareM + falseNorthing;
   if (row > letterO) offset -= squareM;
@@ -309,6 +311,10 @@ double NordDeRangee(int row, double falseNorthing, double southNorthing) {
   if (offset >= cycleM) offset -= cycleM;
   double metres = offset - DansCycle(lower);
   if (metres < 0) metres += cycleM;
+  // In the south parallels bend down beside the meridian, so that a limit may reach into the row
+  // below (that of band E does). The band itself is never 1900 km high.
+  // Held by MgrsVersLatLon.ReadsTheRowBelowTheLimitOnTheMeridian.
+  if (southern && metres >= cycleM - squareM) metres -= cycleM;
   return metres + lower;
 }
 
@@ -362,7 +368,8 @@ void MgrsVersLatLon(std::string& mgrs, std::int16_t ellipsoid, const UtmSeries& 
       (southern ? FauxNordSudUtm : 0) + EchelleUtm * ArcMeridien(series, field.south);
 
   easting = reference->easting + EstDeColonne(reference->column, low);
-  northing = reference->northing + NordDeRangee(reference->row, falseNorthing, southNorthing);
+  northing =
+      reference->northing + NordDeRangee(reference->row, falseNorthing, southNorthing, southern);
   if (southern) northing = -northing;
   UtmVersLatLon(series, latitude, longitude, zone, northing, easting);
   if (!EstCarre(*reference, low, high) || !EstDansChamp(field, latitude, longitude)) {

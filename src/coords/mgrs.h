@@ -1,7 +1,7 @@
 // MGRS references, both ways. Pure arithmetic: no state, no table. Angles are radians, lengths
 // metres. Failures come back as texts of 15 characters in the place of the reference.
 // Source: Defense Mapping Agency, TM 8358.1, Datums, Ellipsoids, Grids, and Grid Reference
-// Systems (1990), chapter 3.
+// Systems (1990).
 //
 // A reference reads "ZZLLLEEEEENNNNN": the zone in two characters (blank or "0" before a single
 // digit), band, column and row letters, five digits of easting and five of northing. Letters
@@ -47,7 +47,8 @@ void JeuLettres(std::int16_t zone, int& low, int& high, double& falseNorthing,
 void LimitesBande(int& letter, double latitude, std::int16_t zone, double& south, double& north,
                   double& east, double& west);
 
-/// Zone of a point, with the exceptions of Norway and Svalbard.
+/// Zone of a point, with the exceptions of Norway and Svalbard. A limit between two zones of
+/// Svalbard belongs to the western one, all others to the eastern one.
 std::int16_t ZoneMgrs(double latitude, double longitude);
 
 /// Latitude and longitude to UTM and to an MGRS reference or a text of failure. Northing and

@@ -79,7 +79,8 @@ void LatLonVersUtm(const UtmSeries& series, double latitude, double longitude, s
   const double eta2 = series.ep2 * c * c;
   const double nu = series.a / std::sqrt(1 - series.e2 * s * s);
 
-  // The terms in powers of p, nested: every term holds c p and the factorial of the one before.
+  // The terms T1 to T9 of the source, n for the northing and e for the easting. They are nested:
+  // each holds the powers of c p and the factorial of the one before.
   const double n3 = 5 - t2 + eta2 * (9 + 4 * eta2);
   const double n4 =
       61 + t2 * (-58 + t2) +
@@ -168,7 +169,8 @@ void UtmVersLatLon(const UtmSeries& series, double& latitude, double& longitude,
   const double nuSurRho = w2 / (1 - series.e2);
   const double d = (easting - FauxEstUtm) * std::sqrt(w2) / (series.a * k), d2 = d * d;
 
-  // The terms in powers of d = q / (k nu), nested as in LatLonVersUtm.
+  // The terms T10 to T17 in powers of d, the distance from the meridian as an angle, nested in the
+  // same way.
   const double l11 = 5 + 3 * t2 + eta2 * (1 - 9 * t2 - 4 * eta2);
   const double l12 =
       61 + t2 * (90 + 45 * t2) +
