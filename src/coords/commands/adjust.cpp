@@ -104,8 +104,15 @@ void AjusteGrades(CommandContext c) {
   AjusteTout(c, [&](RowPoint& row) { return AjusteEnGrades(c.state, row); });
 }
 
+// The settings keep the choice from one run of the program to the next.
 void AjusteCoor(CommandContext c) {
+  c.state.MailleChoisie = c.state.UtmAjust;
+  if (c.state.GridAjust >= AjusteUtm && c.state.GridAjust <= AjusteIrish) {
+    c.state.GrilleChoisie = c.state.GridAjust;
+  }
   if (!c.vue.MontreAjustement()) return;
+  c.state.UtmAjust = c.state.MailleChoisie;
+  c.state.GridAjust = c.state.GrilleChoisie;
   AjusteTout(c, [&](RowPoint& row) { return AjusteSurGrille(c.state, row); });
 }
 

@@ -17,7 +17,8 @@ void AjusteDegres(CommandContext c, double meshLat, double meshLon);
 /// Snaps to the mesh of 0.2 by 0.4 Paris grades.
 void AjusteGrades(CommandContext c);
 
-/// Asks for the mesh and the grid (Ajustement) and snaps to them; nothing on Cancel.
+/// Asks for the mesh and the grid (Ajustement), which open on those of the settings and are kept
+/// there, and snaps to them; nothing on Cancel.
 void AjusteCoor(CommandContext c);
 
 /// `mnuAjustGrid`: 0 AjusteCoor, 1 AjusteDegres after asking for both meshes, 2 AjusteGrades.

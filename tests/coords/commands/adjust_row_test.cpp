@@ -220,8 +220,8 @@ TEST_F(AjusteSurIfblTest, ProjectsARowOfAnotherNotation) {
 }
 
 TEST_F(AjusteSurIfblTest, SkipsWhatLiesOutsideTheGrid) {
-  for (const char* original : {"DEG 40 4", "DEG 50.85 7.9", "LMB 1000 20000", "LMB 325000 100000",
-                               "LMB 100000 265000"}) {
+  for (const char* original :
+       {"DEG 40 4", "DEG 50.85 7.9", "LMB 1000 20000", "LMB 325000 100000", "LMB 100000 265000"}) {
     Lit(original, "BEL72");
     EXPECT_FALSE(AjusteSurIfbl(state, row, 2)) << original;
   }

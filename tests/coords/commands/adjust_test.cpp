@@ -80,8 +80,7 @@ TEST(AjusteDegres, EndsAtAFaultAndNamesTheRow) {
   w.Montre({{"EUR-M", "deg 5 6"}, {"WGS84", "deg 50412 3921"}, {"EUR-M", "deg 7 8"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"5 6", "1 2", "1 2"}));
-  EXPECT_EQ(w.Boites(),
-            (Lines{"DEG 50412 3921\n\nError 5\nInvalid procedure call or argument"}));
+  EXPECT_EQ(w.Boites(), (Lines{"DEG 50412 3921\n\nError 5\nInvalid procedure call or argument"}));
   EXPECT_TRUE(w.state.FichierModifie);
   EXPECT_FALSE(w.vue.grilleGelee);
   EXPECT_FALSE(w.vue.sablier);
@@ -142,13 +141,34 @@ TEST(AjusteCoor, EndsOnCancel) {
 
 TEST(AjusteCoor, SnapsToTheMeshOfTheDialog) {
   CoordsWorld w;
-  w.state.MailleChoisie = 4;
-  w.state.GrilleChoisie = 1;
+  w.state.UtmAjust = 4;
   w.Montre({{"WGS84", "mgr 31 U ES12346789"}, {"WGS84", "utm 31 512345 5667890"}});
   mnuAjustGrid_Click(w.Contexte(), 0);
   const Lines points = w.Points();
   EXPECT_EQ(points[0], points[1]);
   EXPECT_EQ(points[0].substr(0, 4), "51.1");
+}
+
+TEST(AjusteCoor, OpensOnTheSettingsAndKeepsTheChoice) {
+  CoordsWorld w;
+  struct Choosing : test::FakeView {
+    explicit Choosing(StoreState& s) : state(s) {}
+    bool MontreAjustement() override {
+      opened = {state.MailleChoisie, state.GrilleChoisie};
+      state.MailleChoisie = 7;
+      state.GrilleChoisie = 2;
+      return true;
+    }
+    StoreState& state;
+    std::pair<int, int> opened;
+  } vue(w.state);
+  w.state.UtmAjust = 3;
+  AjusteCoor({w.state, w.io, vue});
+  EXPECT_EQ(vue.opened, (std::pair{3, 1}));  // a grid of 0 is none: UTM
+  EXPECT_EQ(w.state.UtmAjust, 7);
+  EXPECT_EQ(w.state.GridAjust, 2);
+  AjusteCoor({w.state, w.io, vue});
+  EXPECT_EQ(vue.opened, (std::pair{7, 2}));
 }
 
 TEST(MnuAjustGrid, AsksForBothMeshes) {
