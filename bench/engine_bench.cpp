@@ -16,6 +16,7 @@
 #include <string>
 #include <vector>
 
+#include "fakes/talpena_table.h"
 #include "platform/sqlite/sqlite_engine.h"
 
 using namespace talpena;
@@ -77,24 +78,6 @@ class Generator final : public RowSource {
   std::string date;
   std::string comment;
 };
-
-TableDef Talpena() {
-  TableDef table;
-  table.name = "TALPENA";
-  table.fields = {{"Counter", FieldType::Long, 0, false, true, false},
-                  {"PERIOD", FieldType::Integer},
-                  {"LATITUDE", FieldType::Single},
-                  {"LONGITUDE", FieldType::Single},
-                  {"N1", FieldType::Long},
-                  {"N2", FieldType::Long},
-                  {"SEX", FieldType::Text, 1, true},
-                  {"DATUM", FieldType::Text, 5},
-                  {"ORIGINAL", FieldType::Text, 24},
-                  {"DATE", FieldType::Text, 10, true},
-                  {"COMMENT", FieldType::Memo, 0, true}};
-  table.indexes = {{"PERIOD", {"PERIOD"}, false, false}};
-  return table;
-}
 
 /// Time of the processor, which a busy machine does not lengthen much.
 double Millisecondes(const std::function<void()>& body) {
@@ -356,7 +339,7 @@ int main(int argc, char** argv) {
   {
     const auto engine = CreeMoteurSqlite();
     const auto database = engine->CreateDatabase(oursPath, {});
-    database->CreateTable(Talpena());
+    database->CreateTable(test::TalpenaDef());
     Bare bare(barePath);
     CompareInsertion(bare, *database, rows);
     CompareParcours(bare, *database);

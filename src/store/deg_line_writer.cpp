@@ -3,10 +3,10 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstring>
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "store/cp1252_decode.h"
 
 namespace talpena {
 namespace {
@@ -80,19 +80,6 @@ void AjouteNombre(std::string& bytes, std::int32_t value) {
   BlanchitZeros(text, 1);
   if (text.back() == ' ') text.back() = '0';
   bytes += text;
-}
-
-bool EstAscii(std::string_view text) {
-  constexpr std::uint64_t highBits = 0x8080808080808080U;
-  std::uint64_t seen = 0;
-  std::size_t i = 0;
-  for (; i + sizeof seen <= text.size(); i += sizeof seen) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, text.data() + i, sizeof word);
-    seen |= word;
-  }
-  for (; i < text.size(); ++i) seen |= static_cast<unsigned char>(text[i]);
-  return (seen & highBits) == 0;
 }
 
 std::string CaracteresAbsents(std::string_view utf8) {

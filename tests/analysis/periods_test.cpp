@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <filesystem>
 #include <optional>
 #include <random>
 
 #include "common/talpena_error.h"
 #include "fakes/fake_machine.h"
+#include "fakes/temp_folder.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "store/table.h"
 
@@ -19,20 +19,13 @@ using Periods = std::vector<std::optional<int>>;  ///< empty for Null
 
 class PeriodsTest : public testing::Test {
  protected:
-  PeriodsTest() : folder_(NouveauDossier()) {
-    engine_ = CreeMoteurSqlite();
-    state.WorkingDb = engine_->CreateDatabase((folder_ / "work.mdb").string(), "");
+  PeriodsTest() {
+    state.WorkingDb = engine_->CreateDatabase(folder_ / "work.mdb", "");
     CreateTable(state);
     state.Data1.Lie(*state.WorkingDb);
     state.Data1.RecordSource = state.SqlCourant;
     state.Data1.Refresh();
     state.Data1.Ecoute([this](DataControl::Change change) { signaled.push_back(change); });
-  }
-  ~PeriodsTest() override {
-    state.Data1 = {};
-    state.WorkingDb.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(folder_, ignored);
   }
 
   /// Fills the table and sets the layout of the open file.
@@ -75,18 +68,12 @@ class PeriodsTest : public testing::Test {
   }
   std::array<int, 3> Layout() const { return {state.NbPivots, state.Pivot1, state.Pivot2}; }
 
+  test::TempFolder folder_;
+  std::unique_ptr<TableEngine> engine_ = CreeMoteurSqlite();
   test::FakeMachine machine;
   StoreState state;
   std::vector<DataControl::Change> signaled;
   PeriodsForm form_;
-
- private:
-  static std::filesystem::path NouveauDossier() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "periodsXXXXXX").string();
-    return {mkdtemp(pattern.data())};
-  }
-  std::filesystem::path folder_;
-  std::unique_ptr<TableEngine> engine_;
 };
 
 using Modes = std::array<int, 3>;

@@ -3,30 +3,20 @@
 #include <sys/wait.h>
 
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
+
+#include "fakes/temp_folder.h"
 
 namespace talpena {
 namespace {
 
-namespace fs = std::filesystem;
-
 class MakeStringTable : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "strings-XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
-  }
-  void TearDown() override { fs::remove_all(folder_); }
-
   /// The exit code of the tool over two files; what it printed goes to `printed_`.
   int Run(const std::string& first, const std::string& second) {
-    std::ofstream(folder_ / "a.txt", std::ios::binary) << first;
-    std::ofstream(folder_ / "b.txt", std::ios::binary) << second;
-    const std::string command = "cd '" + folder_.string() +
+    test::EcritFichier(folder_ / "a.txt", first);
+    test::EcritFichier(folder_ / "b.txt", second);
+    const std::string command = "cd '" + folder_.path().string() +
                                 "' && '" TALPENA_MAKE_STRING_TABLE
                                 "' out.cpp 0=a.txt 1000=b.txt 2>&1";
     FILE* pipe = popen(command.c_str(), "r");
@@ -35,13 +25,9 @@ class MakeStringTable : public testing::Test {
     return WEXITSTATUS(pclose(pipe));
   }
 
-  std::string Written() const {
-    std::ostringstream text;
-    text << std::ifstream(folder_ / "out.cpp").rdbuf();
-    return text.str();
-  }
+  std::string Written() const { return test::LitFichier(folder_ / "out.cpp"); }
 
-  fs::path folder_;
+  test::TempFolder folder_;
   std::string printed_;
 };
 
@@ -97,7 +83,7 @@ TEST_F(MakeStringTable, NamesFileAndLineOfAFault) {
     SCOPED_TRACE(c.name);
     EXPECT_EQ(Run(c.first, c.second), 1);
     EXPECT_EQ(printed_, c.message);
-    EXPECT_FALSE(fs::exists(folder_ / "out.cpp"));
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "out.cpp"));
   }
 }
 

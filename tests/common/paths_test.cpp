@@ -1,11 +1,12 @@
 #include "common/paths.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
 #include <string>
+
+#include "fakes/temp_folder.h"
 
 namespace talpena {
 namespace {
@@ -52,9 +53,6 @@ TEST(Paths, EndInOneSeparatorWhenAsked) {
 class TrouveCheminTest : public testing::Test {
  protected:
   void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "paths-XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    folder_ = pattern;
     fs::create_directories(folder_ / "Carto" / "Monde");
     Touch(folder_ / "Carto" / "World.dsw");
     Touch(folder_ / "Carto" / "Monde" / "\u00C9t\u00E9.tlp");
@@ -63,7 +61,6 @@ class TrouveCheminTest : public testing::Test {
     Touch(folder_ / "Iris.deg");
     Touch(folder_ / "back\\slash.txt");
   }
-  void TearDown() override { fs::remove_all(folder_); }
 
   static void Touch(const fs::path& path) { std::ofstream(path) << "x"; }
 
@@ -76,7 +73,8 @@ class TrouveCheminTest : public testing::Test {
     return found->starts_with(base) ? found->substr(base.size()) : *found;
   }
 
-  fs::path folder_;
+  test::TempFolder temp_;
+  const fs::path folder_ = temp_.path();
 };
 
 TEST_F(TrouveCheminTest, TakesBothSeparatorsAndAnyCase) {

@@ -19,14 +19,9 @@ class NoEngine : public TableEngine {
   }
 };
 
-struct FakeMachine {
+struct FakeMachine : FakeServices {
   NoEngine engine;
   FakeFiles files;
-  FakeSettings settings;
-  FakeDialogues dialogues;
-  FakeClock clock;
-  FakeEnvironment environment;
-  FakeSound sound;
   Platform io{engine, files, settings, dialogues, clock, environment, sound};
 };
 

@@ -124,6 +124,15 @@ class FakeSound : public Sound {
   void Bip() override { ++bips; }
 };
 
+/// Everything of a machine but its tables and files.
+struct FakeServices {
+  FakeSettings settings;
+  FakeDialogues dialogues;
+  FakeClock clock;
+  FakeEnvironment environment;
+  FakeSound sound;
+};
+
 /// The main window as a list of what it was told.
 class FakeView : public MainWindowView {
  public:

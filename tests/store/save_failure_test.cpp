@@ -252,6 +252,23 @@ class FullDisk : public SaveFailure {
     return LitFichier(elsewhere / "b.deg").size();
   }
 
+  /// Runs a command with a disk that is full ever later in a save, each time from the whole file.
+  template <typename Command>
+  void AChaqueEtape(Command&& command) {
+    Ajoute({.period = 2, .latitude = 1, .longitude = 1});
+    const rlim_t needed = TailleNouvelle();
+    for (rlim_t limit = 0; limit < needed; limit += 61) {
+      SCOPED_TRACE(limit);
+      EcritFichier(path, whole);
+      fs::remove(bak);
+      state.FichierIncomplet.clear();
+      state.EmpreinteFichier.reset();
+      dialogues.boxes.clear();
+      command(limit);
+      EXPECT_EQ(LitFichier(bak), whole);
+    }
+  }
+
   /// More rows than one block of the writer holds, so that it fails before the end.
   void AjouteBeaucoup() {
     for (int i = 0; i < 300; ++i) {
@@ -261,46 +278,27 @@ class FullDisk : public SaveFailure {
 };
 
 TEST_F(FullDisk, AtAnyStageOfASaveLeavesAWholeFile) {
-  Ajoute({.period = 2, .latitude = 1, .longitude = 1});
-  const rlim_t needed = TailleNouvelle();
-  for (rlim_t limit = 0; limit < needed; limit += 61) {
-    SCOPED_TRACE(limit);
-    EcritFichier(path, whole);
-    fs::remove(bak);
-    state.FichierIncomplet.clear();
-    state.EmpreinteFichier.reset();
+  AChaqueEtape([this](rlim_t limit) {
     dialogues.answers = {Answer::No};
-    dialogues.boxes.clear();
     {
       const FileLimit full(limit);
       MnuEnregistrer_Click(context);
     }
     EXPECT_EQ(Boites(), std::vector<std::string>{Question("Disk full: " + path)});
-    EXPECT_EQ(LitFichier(bak), whole);
     EXPECT_EQ(LitFichier(path).size(), limit);
     EXPECT_TRUE(state.FichierModifie);
-  }
+  });
 }
 
 TEST_F(FullDisk, AtAnyStageOfAnAutomaticSaveLeavesAWholeFile) {
-  Ajoute({.period = 2, .latitude = 1, .longitude = 1});
   state.AutoSave = true;
   state.SaveInterval = 1;
-  const rlim_t needed = TailleNouvelle();
-  for (rlim_t limit = 0; limit < needed; limit += 61) {
-    SCOPED_TRACE(limit);
-    EcritFichier(path, whole);
-    fs::remove(bak);
-    state.FichierIncomplet.clear();
-    state.EmpreinteFichier.reset();
+  AChaqueEtape([this](rlim_t limit) {
     dialogues.answers = {Answer::Yes, Answer::No};
-    {
-      const FileLimit full(limit);
-      Timer1_Timer(context);
-    }
-    EXPECT_EQ(LitFichier(bak), whole);
+    const FileLimit full(limit);
+    Timer1_Timer(context);
     EXPECT_EQ(state.FichierIncomplet, path);
-  }
+  });
 }
 
 TEST_F(FullDisk, LosesNothingWhenRoomIsMade) {

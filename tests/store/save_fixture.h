@@ -31,15 +31,10 @@ struct Rangee {
 };
 
 /// The program without its windows, with an empty table bound to the grid.
-struct Monde {
+struct Monde : FakeServices {
   TempFolder folder;
   std::unique_ptr<FileSystem> files = CreeSystemeDeFichiers();
   std::unique_ptr<TableEngine> engine = CreeMoteurSqlite();
-  FakeSettings settings;
-  FakeDialogues dialogues;
-  FakeClock clock;
-  FakeEnvironment environment;
-  FakeSound sound;
   FakeView vue;
   Platform io{*engine, *files, settings, dialogues, clock, environment, sound};
   TempFolder working;  ///< the working database, out of the way

@@ -1,10 +1,5 @@
 // A program without windows: state, table engine, files in memory, scripted boxes.
 #pragma once
-#include <gtest/gtest.h>
-#include <unistd.h>
-
-#include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,6 +7,7 @@
 #include "common/numbers.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_platform.h"
+#include "fakes/temp_folder.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "store/deg_reader.h"
 #include "store/table.h"
@@ -19,21 +15,16 @@
 namespace talpena::test {
 
 /// An empty table TALPENA, a catalogue of five datums, nothing open.
-struct World {
+struct World : FakeServices {
+  TempFolder working;  ///< holds the working database
   FakeFiles files;
-  FakeSettings settings;
-  FakeDialogues dialogues;
-  FakeClock clock;
-  FakeEnvironment environment;
-  FakeSound sound;
   FakeView vue;
   std::unique_ptr<TableEngine> engine = CreeMoteurSqlite();
   Platform io{*engine, files, settings, dialogues, clock, environment, sound};
   StoreState state;
 
   World() {
-    state.WorkingDbPath = CheminBase();
-    std::filesystem::remove(state.WorkingDbPath);
+    state.WorkingDbPath = working / "talpena_tmp.mdb";
     state.AppDir = "/app";
     for (const char* code : {"WGS84", "EUR-M", "NTF  ", "NAS-C", "ARS-M"}) {
       DatumRecord datum;
@@ -46,21 +37,6 @@ struct World {
   }
   World(const World&) = delete;
   World& operator=(const World&) = delete;
-  ~World() {
-    state.Data1 = DataControl();
-    state.WorkingDb.reset();
-    std::error_code ignored;
-    std::filesystem::remove(state.WorkingDbPath, ignored);
-  }
-
-  /// A database of this test and this process.
-  static std::string CheminBase() {
-    const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
-    std::string name = std::string(info->test_suite_name()) + "_" + info->name() + "_" +
-                       std::to_string(::getpid()) + ".db";
-    std::replace(name.begin(), name.end(), '/', '_');
-    return (std::filesystem::path(::testing::TempDir()) / name).string();
-  }
 
   /// Puts bytes under a path and loads it.
   void Charge(const std::string& bytes, MergeMode mode = MergeMode::Replace,

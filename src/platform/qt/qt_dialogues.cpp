@@ -21,6 +21,7 @@
 #include "platform/qt/colours.h"
 #include "platform/qt/file_filter.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/toolkit_translator.h"
 
 using namespace Qt::StringLiterals;
 
@@ -172,6 +173,12 @@ void SuitSuffixe(QFileDialog& dialog, const std::string& filter) {
 
 QtDialogues::QtDialogues() = default;
 QtDialogues::~QtDialogues() = default;
+
+void QtDialogues::SuitLangue(const std::int16_t& langue) {
+  langue_ = &langue;
+  translator_ = std::make_unique<ToolkitTranslator>(langue);
+  QCoreApplication::installTranslator(translator_.get());
+}
 
 QWidget* QtDialogues::Parent() const {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;

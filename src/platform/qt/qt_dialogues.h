@@ -11,6 +11,8 @@ class QPrinter;
 
 namespace talpena {
 
+class ToolkitTranslator;
+
 /// Toolkit dialogs, not those of the desktop, so that they look and answer the same everywhere.
 /// Object names: MessageBox, InputBox, OpenDialog, SaveDialog, FolderDialog, ColourDialog,
 /// FontDialog, PrintDialog. While one is up the pointer is no hourglass.
@@ -22,9 +24,9 @@ class QtDialogues : public Dialogues {
   /// Boxes stand over the modal window that is up, over this one, or over the active one.
   void ChangeParent(QWidget* parent) { parent_ = parent; }
 
-  /// The buttons of message and input boxes speak this language from now on, whatever it becomes;
-  /// until then they have the toolkit's own captions.
-  void SuitLangue(const std::int16_t& langue) { langue_ = &langue; }
+  /// The buttons of message and input boxes, and all of the toolkit's own dialogs, speak this
+  /// language from now on, whatever it becomes; until then they have the toolkit's captions.
+  void SuitLangue(const std::int16_t& langue);
 
   Answer Demande(const MessageBox& box) override;
   std::string Saisie(const InputBox& box) override;
@@ -45,7 +47,8 @@ class QtDialogues : public Dialogues {
 
   QPointer<QWidget> parent_;
   const std::int16_t* langue_ = nullptr;
-  std::unique_ptr<QPrinter> printer_;  ///< made when first wanted
+  std::unique_ptr<ToolkitTranslator> translator_;  ///< of the toolkit's texts, with the language
+  std::unique_ptr<QPrinter> printer_;              ///< made when first wanted
 };
 
 }  // namespace talpena

@@ -32,6 +32,10 @@ constexpr ResultCode resultCodes[] = {
 
 }  // namespace
 
+TalpenaError AppelInvalide() {
+  return {EngineError::InvalidProcedureCall, "Invalid procedure call"};
+}
+
 TalpenaError Debordement() { return {ErrorNumber::Overflow, "Overflow"}; }
 
 TalpenaError ArgumentInvalide() { return {ErrorNumber::InvalidArgument, "Invalid argument."}; }

@@ -27,6 +27,7 @@ inline constexpr int TooManyFields = 3190;
 inline constexpr int QueryTooComplex = 3360;
 }  // namespace EngineError
 
+TalpenaError AppelInvalide();     ///< 5
 TalpenaError Debordement();       ///< 6
 TalpenaError ArgumentInvalide();  ///< 3001
 TalpenaError TableExiste(std::string_view table);

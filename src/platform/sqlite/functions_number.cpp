@@ -12,10 +12,6 @@
 namespace talpena::sqlite {
 namespace {
 
-TalpenaError AppelInvalide() {
-  return {EngineError::InvalidProcedureCall, "Invalid procedure call"};
-}
-
 TalpenaError DivisionParZero() { return {ErrorNumber::DivisionByZero, "Division by zero"}; }
 
 // The number that a text is, Null when it is none.

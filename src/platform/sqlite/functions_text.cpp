@@ -14,10 +14,6 @@ namespace {
 
 constexpr double LongestText = 65535;  // characters that Space and String make at most
 
-TalpenaError AppelInvalide() {
-  return {EngineError::InvalidProcedureCall, "Invalid procedure call"};
-}
-
 /// An argument that counts characters; fails below `low`.
 bool LitCompte(FunctionCall& call, int i, double low, std::size_t& count) {
   const double value = std::nearbyint(call.Reel(i));

@@ -390,6 +390,29 @@ TEST_F(QtDialoguesFichiers, AFolderIsChosen) {
             Utf8("sub"));
 }
 
+TEST_F(QtDialoguesFichiers, TheToolkitsOwnDialogsSpeakTheLanguageAsItChanges) {
+  std::int16_t langue = 1000;
+  dialogues.SuitLangue(langue);
+  const auto button = [&] {
+    QString caption;
+    const DialogDriver driver("OpenDialog", [&](QDialog& d) {
+      caption = d.findChild<QDialogButtonBox*>("buttonBox")->button(QDialogButtonBox::Open)->text();
+      d.reject();
+    });
+    EXPECT_EQ(Echec([&] { dialogues.OuvreFichier(Demande()); }), ErrorNumber::Cancelled);
+    return caption.remove('&');
+  };
+  EXPECT_EQ(button(), u"Open");
+  const std::pair<std::int16_t, QString> captions[] = {
+      {3000, u"\u00d6ffnen"_qs}, {0, u"Ouvrir"_qs},  {4000, u"Apri"_qs},
+      {5000, u"Openen"_qs},      {1000, u"Open"_qs}, {2000, u"Open"_qs},
+  };
+  for (const auto& [language, caption] : captions) {
+    langue = language;
+    EXPECT_EQ(button(), caption) << language;
+  }
+}
+
 // ---- Colour, font, printer
 
 TEST(QtDialogues, AColourStartsAndEndsWithBlueHigh) {

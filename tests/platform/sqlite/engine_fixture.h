@@ -9,29 +9,13 @@
 #include <vector>
 
 #include "common/talpena_error.h"
+#include "fakes/talpena_table.h"
 #include "fakes/temp_folder.h"
 #include "platform/sqlite/sqlite_engine.h"
 
 namespace talpena::enginetest {
 
-/// The table of an open distribution.
-inline TableDef TalpenaDef() {
-  TableDef table;
-  table.name = "TALPENA";
-  table.fields = {{"Counter", FieldType::Long, 0, false, true, false},
-                  {"PERIOD", FieldType::Integer},
-                  {"LATITUDE", FieldType::Single},
-                  {"LONGITUDE", FieldType::Single},
-                  {"N1", FieldType::Long},
-                  {"N2", FieldType::Long},
-                  {"SEX", FieldType::Text, 1, true},
-                  {"DATUM", FieldType::Text, 5},
-                  {"ORIGINAL", FieldType::Text, 24},
-                  {"DATE", FieldType::Text, 10, true},
-                  {"COMMENT", FieldType::Memo, 0, true}};
-  table.indexes = {{"PERIOD", {"PERIOD"}, false, false}};
-  return table;
-}
+using test::TalpenaDef;
 
 /// Number and description of the failure that a body ends with; 0 and "" without one.
 struct Failure {

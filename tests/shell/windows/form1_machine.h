@@ -15,7 +15,7 @@
 
 namespace talpena::test {
 
-struct Form1Machine {
+struct Form1Machine : FakeServices {
   Form1Machine() {
     QApplication::setQuitOnLastWindowClosed(false);  // the test program goes on
     environment.variables["TEMP"] = folder.path().string();
@@ -54,11 +54,6 @@ struct Form1Machine {
   }
   QAction* Entree(const char* name) const { return Controle<QAction>(name); }
 
-  FakeSettings settings;
-  FakeDialogues dialogues;
-  FakeClock clock;
-  FakeEnvironment environment;
-  FakeSound sound;
   TempFolder folder;
   std::unique_ptr<TableEngine> engine = CreeMoteurSqlite();
   std::unique_ptr<FileSystem> files = CreeSystemeDeFichiers();

@@ -1,0 +1,153 @@
+// New.
+#include "store/deg_reader.h"
+#include "store/file_commands_fixture.h"
+#include "store/free_fields.h"
+
+namespace talpena::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+class NewCommand : public FileCommands {};
+
+TEST_F(NewCommand, AsksForTheNumberOfLines) {
+  dialogues.inputs = {"3"};
+  MnuNouveau_Click(context);
+  ASSERT_EQ(dialogues.asked.size(), 1U);
+  EXPECT_EQ(dialogues.asked[0].prompt, "Number of lines");
+  EXPECT_EQ(dialogues.asked[0].text, "10");
+  EXPECT_EQ(NombreLignes(), 3);
+}
+
+TEST_F(NewCommand, AsksAgainForANegativeNumber) {
+  dialogues.inputs = {"-1", "-20", "2"};
+  MnuNouveau_Click(context);
+  EXPECT_EQ(dialogues.asked.size(), 3U);
+  EXPECT_EQ(NombreLignes(), 2);
+}
+
+TEST_F(NewCommand, ZeroAndCancelLeaveEverything) {
+  OuvreA(2);
+  Modifie();
+  for (const char* answer : {"0", "", "none"}) {
+    SCOPED_TRACE(answer);
+    dialogues.inputs = {answer};
+    MnuNouveau_Click(context);
+    EXPECT_TRUE(dialogues.boxes.empty());
+    EXPECT_EQ(NombreLignes(), 3);
+    EXPECT_EQ(state.NomFichier, path);
+    EXPECT_TRUE(state.FichierModifie);
+  }
+}
+
+TEST_F(NewCommand, ANumberTooLargeIsShown) {
+  dialogues.inputs = {"1E20"};
+  MnuNouveau_Click(context);
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(dialogues.boxes[0].text.rfind("Error 6\n", 0), 0U);
+}
+
+TEST_F(NewCommand, CancelInTheSaveQuestionLeavesEverything) {
+  OuvreA(2);
+  Modifie();
+  dialogues.inputs = {"5"};
+  dialogues.answers = {Answer::Cancel};
+  MnuNouveau_Click(context);
+  EXPECT_EQ(NombreLignes(), 3);
+  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_TRUE(state.FichierModifie);
+}
+
+TEST_F(NewCommand, TakesTheNumberThatItIsGiven) {
+  CreationNouveau(context, 4);
+  EXPECT_TRUE(dialogues.asked.empty());
+  EXPECT_EQ(NombreLignes(), 4);
+}
+
+TEST_F(NewCommand, StartsAFileWithoutAName) {
+  OuvreA(2);
+  Modifie();
+  dialogues.answers = {Answer::No};
+  dialogues.inputs = {"2"};
+  vue.boxTitre = "old";
+  vue.commentaire = "kept";
+  MnuNouveau_Click(context);
+  EXPECT_EQ(state.NomFichier, "");
+  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.EmpreinteFichier.has_value());
+  EXPECT_EQ(vue.boxTitre, "");
+  EXPECT_EQ(vue.commentaire, "kept");
+  EXPECT_EQ(state.Data1.RecordSource, "TALPENA");
+  EXPECT_EQ(state.Data1.recordset().AbsolutePosition(), 1);
+  EXPECT_TRUE(state.Data1.recordset().Get(Column::LATITUDE).EstNull());
+  EXPECT_EQ(vue.calls, (std::vector<std::string>{"AjusteGrille", "ChangeBoxTitre", "MontreTitres",
+                                                 "MontreOptionsPeriodes", "ActiveMenus"}));
+}
+
+TEST_F(NewCommand, NouveauEnCoursHoldsWhileThePeriodsAreAsked) {
+  class Watcher : public FakeView {
+   public:
+    explicit Watcher(StoreState& s) : state(s) {}
+    StoreState& state;
+    bool seen = false;
+    void MontreOptionsPeriodes() override { seen = state.NouveauEnCours; }
+  } watcher(state);
+  CreationNouveau({state, io, watcher}, 1);
+  EXPECT_TRUE(watcher.seen);
+  EXPECT_FALSE(state.NouveauEnCours);
+}
+
+TEST_F(NewCommand, WithoutStandardHdrTheDefinitionsFormOneLine) {
+  CreationNouveau(context, 1);
+  EXPECT_EQ(state.FreeFieldCount, 11);
+  EXPECT_EQ(state.FreeFieldDefs.at(1).Label, "Localité");
+  EXPECT_EQ(state.FreeFieldSeparator, "/");
+  EXPECT_EQ(state.FreeFieldText.rfind("/\r\nSTAT.TOPO,Toponyme,Nom du lieu-dit,50STAT.LOCA,", 0),
+            0U);
+  EXPECT_EQ(state.FreeFieldText.find("\r\n", 3), std::string::npos);
+  EXPECT_TRUE(dialogues.boxes.empty());
+}
+
+TEST_F(NewCommand, SuchAFileReadsBackWithASingleFreeField) {
+  CreationNouveau(context, 1);
+  Ajoute({.period = 1, .latitude = 1, .longitude = 1});
+  EcritDeg(state, io, vue, path, WriteMode::Rows);
+  LitDeg(state, io, vue, path, MergeMode::Replace);
+  EXPECT_EQ(state.FreeFieldCount, 1);
+  EXPECT_EQ(state.FreeFieldDefs.at(0).Code, "STAT.TOPO");
+}
+
+class WithStandardHdr : public FileCommands {
+ protected:
+  WithStandardHdr() {
+    state.AppDir = folder / "program";
+    fs::create_directory(state.AppDir);
+    EcritFichier(folder / "program/standard.hdr", "|\r\nA,Alpha,1\r\nB,Beta,22,more\r\n");
+  }
+};
+
+TEST_F(WithStandardHdr, YesTakesItsFields) {
+  dialogues.answers = {Answer::Yes};
+  CreationNouveau(context, 1);
+  EXPECT_EQ(Boites(), std::vector<std::string>{"Use standard configuration of free fields?"});
+  EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(state.FreeFieldSeparator, "|");
+  EXPECT_EQ(state.FreeFieldText, "|\r\nA,Alpha,1\r\nB,Beta,22,more");
+  EXPECT_EQ(state.FreeFieldCount, 2);
+  EXPECT_EQ(state.FreeFieldDefs.at(1).Width, 22);
+}
+
+TEST_F(WithStandardHdr, NoGivesAFileWithoutFreeFields) {
+  state.FreeFieldCount = 3;
+  state.FreeFieldDefs.resize(3);
+  state.FreeFieldText = "old";
+  dialogues.answers = {Answer::No};
+  CreationNouveau(context, 1);
+  EXPECT_EQ(state.FreeFieldCount, 0);
+  EXPECT_TRUE(state.FreeFieldDefs.empty());
+  EXPECT_EQ(state.FreeFieldText, "");
+  EXPECT_EQ(NombreLignes(), 1);
+}
+
+}  // namespace
+}  // namespace talpena::test

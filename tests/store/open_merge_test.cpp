@@ -1,0 +1,69 @@
+// Open, and Merge, which opens a second file.
+#include "store/file_commands_fixture.h"
+
+namespace talpena::test {
+namespace {
+
+TEST_F(FileCommands, OpenReadsTheChosenFile) {
+  PoseFichier(path, 3);
+  dialogues.paths = {path};
+  state.AppDir = "/somewhere";
+  MnuOuvrir_Click(context);
+  ASSERT_EQ(dialogues.fileDialogs.size(), 1U);
+  EXPECT_EQ(dialogues.fileDialogs[0].filter, "Distribution (*.deg)|*.deg");
+  EXPECT_EQ(dialogues.fileDialogs[0].folder, "/somewhere");
+  EXPECT_EQ(NombreLignes(), 3);
+  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(settings.values["TALPENA/PATHS/LASTDEG"], folder.path().string() + "/");
+  EXPECT_EQ(state.EmpreinteFichier, files->Empreinte(path));
+  EXPECT_TRUE(vue.menusActifs);
+  EXPECT_EQ(vue.calls.back(), "CacheLbl1");
+}
+
+TEST_F(FileCommands, OpenStartsInTheFolderOfTheLastFile) {
+  settings.Ecrit("TALPENA", "Paths", "LastDeg", "/last/");
+  dialogues.paths = {""};
+  MnuOuvrir_Click(context);
+  EXPECT_EQ(dialogues.fileDialogs.at(0).folder, "/last/");
+}
+
+TEST_F(FileCommands, CancelInOpenLeavesNameAndTable) {
+  OuvreA(2);
+  dialogues.paths = {""};
+  MnuOuvrir_Click(context);
+  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(NombreLignes(), 2);
+  EXPECT_TRUE(dialogues.boxes.empty());
+}
+
+TEST_F(FileCommands, CancelInTheSaveQuestionOfOpenStops) {
+  Modifie();
+  dialogues.answers = {Answer::Cancel};
+  MnuOuvrir_Click(context);
+  EXPECT_TRUE(dialogues.fileDialogs.empty());
+}
+
+// Merge
+
+TEST_F(FileCommands, MergeAddsRowsAndKeepsTheName) {
+  OuvreA(2);
+  PoseFichier(folder / "b.deg", 3);
+  // A merge of files without free fields runs into the end of its header: these have one.
+  dialogues.paths = {folder / "b.deg"};
+  MnuFusionner_Click(context);
+  EXPECT_EQ(dialogues.fileDialogs.at(0).filter, "Distribution (*.deg)|*.deg");
+  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_TRUE(vue.menusActifs);
+}
+
+TEST_F(FileCommands, MergeAsksNothingBefore) {
+  OuvreA(1);
+  Modifie();
+  dialogues.paths = {""};
+  MnuFusionner_Click(context);
+  EXPECT_TRUE(dialogues.boxes.empty());
+  EXPECT_EQ(NombreLignes(), 2);
+}
+
+}  // namespace
+}  // namespace talpena::test

@@ -1,0 +1,69 @@
+#include "store/recent_files.h"
+
+#include "store/file_commands_fixture.h"
+
+namespace talpena::test {
+namespace {
+
+TEST_F(FileCommands, RecentFileOpensTheEntry) {
+  PoseFichier(path, 2);
+  state.LastFiles = {"", path, "", ""};
+  MnuLastFile_Click(context, 1);
+  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(vue.titre, "Talpena - " + path);
+  EXPECT_EQ(NombreLignes(), 2);
+  EXPECT_TRUE(vue.menusActifs);
+  EXPECT_EQ(state.LastFiles[0], path);
+}
+
+TEST_F(FileCommands, RecentFileIsFoundInAnyLetterCase) {
+  PoseFichier(path, 2);
+  state.LastFiles[0] = folder / "A.DEG";
+  MnuLastFile_Click(context, 0);
+  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(NombreLignes(), 2);
+}
+
+TEST_F(FileCommands, AnEmptyRecentFileDoesNothing) {
+  MnuLastFile_Click(context, 0);
+  EXPECT_TRUE(vue.calls.empty());
+}
+
+TEST_F(FileCommands, RecentFileAsksToSaveFirst) {
+  Modifie();
+  state.LastFiles[0] = path;
+  dialogues.answers = {Answer::Cancel};
+  MnuLastFile_Click(context, 0);
+  EXPECT_EQ(state.NomFichier, "");
+}
+
+TEST_F(FileCommands, TheCaptionHoldsThePathFromItsFourthCharacter) {
+  EXPECT_EQ(LegendeDernierFichier(0, "/a/b.deg"), "&1 /a/b.deg");
+  EXPECT_EQ(LegendeDernierFichier(3, ""), "&4 ");
+  EXPECT_EQ(CheminDeLegende("&1 /a/b.deg"), "/a/b.deg");
+  EXPECT_EQ(CheminDeLegende("&1   /a/b c.deg "), "/a/b c.deg");
+  EXPECT_EQ(CheminDeLegende("&1 "), "");
+  EXPECT_EQ(CheminDeLegende(""), "");
+}
+
+TEST_F(FileCommands, ANewRecentFilePushesTheOldestOut) {
+  state.LastFiles = {"a", "b", "c", "d"};
+  MajLastFiles(context, "e");
+  EXPECT_EQ(state.LastFiles, (std::array<std::string, 4>{"e", "a", "b", "c"}));
+  EXPECT_EQ(vue.derniers, state.LastFiles);
+}
+
+TEST_F(FileCommands, AKnownRecentFileMovesUpWhateverItsCase) {
+  state.LastFiles = {"a", "b", "Été.deg", "d"};
+  MajLastFiles(context, "ÉTÉ.DEG");
+  EXPECT_EQ(state.LastFiles, (std::array<std::string, 4>{"Été.deg", "a", "b", "d"}));
+}
+
+TEST_F(FileCommands, TheFirstRecentFileStaysFirst) {
+  state.LastFiles = {"a", "b", "", ""};
+  MajLastFiles(context, "A");
+  EXPECT_EQ(state.LastFiles, (std::array<std::string, 4>{"a", "b", "", ""}));
+}
+
+}  // namespace
+}  // namespace talpena::test
