@@ -7,9 +7,10 @@
 #include <string>
 
 #include "bare_table.h"
-#include "coord_points.h"
+
 #include "coords/commands/adjust.h"
 #include "coords/commands/fill.h"
+#include "coords/original_maker.h"
 #include "coords/snap.h"
 #include "fakes/silent_platform.h"
 #include "fakes/silent_view.h"
@@ -56,7 +57,7 @@ class MixedRows final : public RowSource {
 
  private:
   CoordState& state_;
-  bench::OriginalMaker maker_;
+  test::OriginalMaker maker_;
   std::int64_t rows_;
   std::int64_t done_ = 0;
   std::string original_, datum_;
@@ -153,7 +154,7 @@ int main(int argc, char** argv) {
     test::SilentPlatform machine;
     StoreState state;
     state.Silence = true;
-    bench::PoseCatalogue(state);
+    test::PoseCatalogue(state);
     state.WorkingDb = machine.engine->CreateDatabase(ourFile, {});
     CreateTable(state);
     MixedRows source(state, rows);

@@ -10,7 +10,8 @@
 #include <vector>
 
 #include "common/numbers.h"
-#include "coord_points.h"
+
+#include "coords/original_maker.h"
 #include "coords/proj_oracle.h"
 #include "coords/tokens.h"
 #include "measure.h"
@@ -146,8 +147,8 @@ double GeographicLibs(const Sample& sample, double& sum) {
 int main(int argc, char** argv) {
   const int count = argc > 1 ? std::atoi(argv[1]) : 100000;
   CoordState state;
-  bench::PoseCatalogue(state);
-  bench::OriginalMaker maker(state);
+  test::PoseCatalogue(state);
+  test::OriginalMaker maker(state);
   double sum = 0;
   for (int i = 0; i < CoordSystemCount; ++i) {
     Sample sample{static_cast<CoordSystem>(i), 0, {}};

@@ -9,6 +9,7 @@
 
 #include "common/numbers.h"
 #include "common/talpena_error.h"
+#include "coords/original_maker.h"
 #include "coords/test_catalogue.h"
 
 namespace talpena {
@@ -265,6 +266,37 @@ TEST_F(DecodeOriginalTest, FailsWithoutAnErrorWhereThereIsNoResult) {
   AttendEchec("LFE 1E300 1");
   AttendEchec("NMA 1E300 1");
   AttendEchec("GRP 1E300 1");
+}
+
+// Written again, the point that was read gives the same reference; metres were cut when they were
+// written, so that a hair below them costs one.
+TEST(DecodeOriginal, RoundTripsEveryNotation) {
+  CoordState state;
+  test::PoseCatalogue(state);
+  test::OriginalMaker maker(state);
+  for (int i = 0; i < CoordSystemCount; ++i) {
+    const auto system = static_cast<CoordSystem>(i);
+    int differing = 0;
+    for (int k = 0; k < 10000; ++k) {
+      const std::string original = maker.Original(system);
+      double latitude = 0, longitude = 0;
+      std::string code;
+      DecodeOriginal(state, original, DatumDuSysteme(state, system), latitude, longitude, code);
+      ASSERT_NE(latitude, EchecCoord) << original;
+      if (system == CoordSystem::Dms) continue;  // what is written there are degrees, packed
+      const std::string again = maker.Original(system, latitude, longitude);
+      if (again == original) continue;
+      ++differing;
+      double otherLatitude = 0, otherLongitude = 0;
+      DecodeOriginal(state, again, DatumDuSysteme(state, system), otherLatitude, otherLongitude,
+                     code);
+      ASSERT_LT(test::Metres(latitude, longitude, otherLatitude, otherLongitude), 2.3)
+          << original << ' ' << again;
+    }
+    if (system == CoordSystem::Mgr || system == CoordSystem::Ifb || system == CoordSystem::Deg) {
+      EXPECT_EQ(differing, 0) << InfoDe(system).code;
+    }
+  }
 }
 
 TEST_F(DecodeOriginalTest, EndsWithNumbersOnAnyText) {

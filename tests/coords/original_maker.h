@@ -16,11 +16,11 @@
 #include "coords/utm.h"
 #include "platform/settings_state.h"
 
-namespace talpena::bench {
+namespace talpena::test {
 
 /// A state with the shipped catalogue and the datums that the systems imply.
 inline void PoseCatalogue(CoordState& state) {
-  state.Catalogue = test::CatalogueDesSources();
+  state.Catalogue = CatalogueDesSources();
   const char* special[] = {"EUR-M", "NTF", "OGB-M", "IRL", "BEL72", "MER"};
   for (std::size_t i = 0; i < std::size(special); ++i) {
     state.Catalogue.DatumsSpeciaux[i + 1] = ChercheDatum(state.Catalogue, special[i]);
@@ -63,6 +63,10 @@ class OriginalMaker {
     const Area area = AreaOf(system);
     const double latitude = Draw(area.south, area.north);
     const double longitude = Draw(area.west, area.east);
+    return Original(system, latitude, longitude);
+  }
+  /// A point on the datum of the system (UTM and MGRS: on WGS84).
+  std::string Original(CoordSystem system, double latitude, double longitude) {
     return Majuscules(Write(system, latitude, longitude));
   }
 
@@ -141,4 +145,4 @@ class OriginalMaker {
   std::mt19937 random_{20260301};
 };
 
-}  // namespace talpena::bench
+}  // namespace talpena::test
