@@ -16,10 +16,16 @@
 #include <string>
 #include <vector>
 
+#include "bare_table.h"
 #include "fakes/talpena_table.h"
+#include "measure.h"
 #include "platform/sqlite/sqlite_engine.h"
 
 using namespace talpena;
+using bench::Meilleur;
+using bench::MemoireMaximale;
+using bench::Millisecondes;
+using bench::Rapporte;
 
 namespace {
 
@@ -79,62 +85,10 @@ class Generator final : public RowSource {
   std::string comment;
 };
 
-/// Time of the processor, which a busy machine does not lengthen much.
-double Millisecondes(const std::function<void()>& body) {
-  const std::clock_t start = std::clock();
-  body();
-  return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
-}
-
-/// The best of three runs.
-double Meilleur(const std::function<void()>& body) {
-  double best = Millisecondes(body);
-  for (int i = 0; i < 2; ++i) best = std::min(best, Millisecondes(body));
-  return best;
-}
-
-void Rapporte(const char* task, double ours, double floor, double bound) {
-  std::printf("%-34s %8.0f ms  floor %8.0f ms  ratio %5.2f", task, ours, floor, ours / floor);
-  if (bound > 0)
-    std::printf("  (at most %.2f)%s", bound, ours / floor <= bound ? "" : "  TOO SLOW");
-  std::printf("\n");
-  std::fflush(stdout);
-}
-
-long MemoireMaximale() {
-  std::ifstream status("/proc/self/status");
-  for (std::string line; std::getline(status, line);) {
-    if (line.starts_with("VmHWM:")) return std::atol(line.c_str() + 6) / 1024;
-  }
-  return 0;
-}
-
-/// SQLite by itself.
-class Bare {
+/// SQLite by itself, with the statements of this benchmark.
+class Bare : public bench::BareTable {
  public:
-  explicit Bare(const std::string& path) {
-    sqlite3_open(path.c_str(), &db_);
-    for (const char* sql :
-         {"PRAGMA synchronous = OFF", "PRAGMA secure_delete = OFF",
-          "PRAGMA locking_mode = EXCLUSIVE", "PRAGMA journal_mode = PERSIST",
-          "PRAGMA cache_size = -12000",
-          "CREATE TABLE TALPENA (Counter INTEGER PRIMARY KEY AUTOINCREMENT, PERIOD INTEGER, "
-          "LATITUDE REAL, LONGITUDE REAL, N1 INTEGER, N2 INTEGER, SEX TEXT, DATUM TEXT, "
-          "ORIGINAL TEXT, DATE TEXT, COMMENT TEXT)",
-          "CREATE INDEX PERIOD ON TALPENA (PERIOD)"}) {
-      Execute(sql);
-    }
-  }
-  ~Bare() { sqlite3_close(db_); }
-  Bare(const Bare&) = delete;
-  Bare& operator=(const Bare&) = delete;
-
-  void Execute(const char* sql) {
-    if (sqlite3_exec(db_, sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
-      std::fprintf(stderr, "%s: %s\n", sql, sqlite3_errmsg(db_));
-      std::exit(1);
-    }
-  }
+  using BareTable::BareTable;
 
   void Insere(std::int64_t rows) {
     Execute("BEGIN");
@@ -189,18 +143,6 @@ class Bare {
     sqlite3_finalize(rows);
     return sum;
   }
-
- private:
-  sqlite3_stmt* Prepare(const char* sql) {
-    sqlite3_stmt* statement = nullptr;
-    if (sqlite3_prepare_v2(db_, sql, -1, &statement, nullptr) != SQLITE_OK) {
-      std::fprintf(stderr, "%s: %s\n", sql, sqlite3_errmsg(db_));
-      std::exit(1);
-    }
-    return statement;
-  }
-
-  sqlite3* db_ = nullptr;
 };
 
 std::int64_t Parcourt(Recordset& rows) {

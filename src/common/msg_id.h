@@ -84,6 +84,18 @@ inline constexpr int ExempleEst = 940;           // "Easting (616000)"
 inline constexpr int ExempleNord = 941;          // "Northing (5564000)"
 inline constexpr int ExempleZone = 942;          // "Zone (U)"
 
+// Converter between Lambert belge and IFBL.
+inline constexpr int LmbIfblFenetre = 950;   // "Lambert belge 1972 and IFBL"
+inline constexpr int LmbIfblX = 951;         // "x in metres:"
+inline constexpr int LmbIfblY = 952;         // "y in metres:"
+inline constexpr int LmbIfblCode = 953;      // "IFBL code:"
+inline constexpr int LambertEnIfbl = 954;    // "Lambert to IFBL"
+inline constexpr int IfblEnLambert = 955;    // "IFBL to Lambert"
+inline constexpr int IfblRefuse = 956;       // "This is no IFBL code. ..."
+inline constexpr int IfblHorsLimites = 957;  // "There is no IFBL code here: x goes from 0 ..."
+inline constexpr int MetresAttendus = 958;   // "x and y are plain numbers, in metres."
+inline constexpr int IfblSansCarre = 959;    // "No square of the IFBL grid has this code."
+
 // Raster maps.
 inline constexpr int DiametrePoints = 231;       // "Points diametre (in km):"
 inline constexpr int GardeNouveauxPoints = 550;  // "Save new points?"

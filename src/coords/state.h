@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "coords/lambert.h"
 #include "platform/settings_state.h"
 
 namespace talpena {
@@ -58,6 +59,12 @@ struct CoordState : SharedState {
   std::int16_t DatumUtm = 0;
   std::string DatumSpheriqueCode = "EUR-M";  ///< default datum of original spherical coordinates
   std::int16_t DatumSpherique = 0;
+
+  LambertParametres LambertFrance;       ///< of the two-parallel zone used last
+  LambertParametres LambertUnParallele;  ///< of the one-parallel zone used last
+
+  std::int16_t MailleChoisie = 0;  ///< mesh of the adjustment: 0 none, 1 to 7 for 100 m to 100 km
+  std::int16_t GrilleChoisie = 1;  ///< grid that it is laid on: 1 UTM, 2 British, 3 Irish
 };
 
 }  // namespace talpena

@@ -2,6 +2,9 @@
 #pragma once
 #include <array>
 #include <string>
+#include <vector>
+
+#include "platform/table_engine.h"
 
 namespace talpena {
 
@@ -35,6 +38,12 @@ class MainWindowView {
   virtual void AffichePanneauDatum(const std::string& code) = 0;  ///< panel 3 of StatusBar1
   virtual void AfficheDerniersFichiers(const std::array<std::string, 4>& paths) = 0;
   virtual void MontreOptionsPeriodes() = 0;  ///< frmOptionsPeriodes, modal
+  virtual bool MontreAjustement() = 0;       ///< Ajustement, modal; false when it was cancelled
+  /// Bookmarks of the rows chosen in the grid; none when no row is chosen.
+  virtual std::vector<Bookmark> LignesSelectionnees() = 0;
+  virtual void GeleGrille(bool frozen) = 0;  ///< while frozen, the grid is not drawn
+  /// Latitude and longitude of every row anew from its original coordinates.
+  virtual void RecalculeCoordonnees() = 0;
 };
 
 }  // namespace talpena

@@ -52,6 +52,29 @@ struct TableDef {
 /// Names a row of a recordset's table for as long as the row lives.
 using Bookmark = std::int64_t;
 
+/// What a pass over the rows of a recordset does with each of them.
+class RowChange {
+ public:
+  virtual ~RowChange() = default;
+  /// One row: `given` holds the fields that the pass reads, `changed` takes one cell per field
+  /// that it writes. False leaves the row as it is. Texts put into `changed` must stay valid
+  /// until the next call.
+  virtual bool Modifie(Bookmark row, std::span<const Cell> given, std::span<Cell> changed) = 0;
+  /// Called between rows now and then, and behind the last: how many rows were walked, of how
+  /// many. The table may be read meanwhile.
+  virtual void Avance(std::int64_t done, std::int64_t total) {
+    static_cast<void>(done);
+    static_cast<void>(total);
+  }
+};
+
+/// Which fields and rows a pass goes over.
+struct RowPass {
+  std::vector<int> read;
+  std::vector<int> written;
+  const std::vector<Bookmark>* only = nullptr;  ///< these rows, each once; null for all
+};
+
 /// A cursor over a table or a SELECT. It stands on a row, before the first (BOF) or behind the
 /// last (EOF). Fields are addressed by index, resolved once with FieldIndex; names are matched
 /// without regard to case.
@@ -102,6 +125,11 @@ class Recordset {
   virtual void CancelUpdate() = 0;
   /// The row added last by this recordset.
   virtual Bookmark LastModified() const = 0;
+  /// Hands every row of the pass to `change` and stores what it answers, checked as by Set: what
+  /// commands over many rows use. The rows come in no promised order; those deleted meanwhile are
+  /// left out. A refused value, or a failure of `change`, is thrown on: the rows changed before
+  /// it stay. The cursor does not move. Returns the number of rows changed.
+  virtual std::int64_t ModifieLignes(const RowPass& pass, RowChange& change);
   /// Deletes the current row; the cursor then stands on no row until it is moved (MoveNext goes
   /// to the row behind the deleted one).
   virtual void Delete() = 0;

@@ -60,27 +60,42 @@ constexpr std::array fichier = {
               .shortcut = "Ctrl+Q"},
 };
 constexpr std::array remplir = {
-    MenuEntry{.control = "MnuRemplirCoo", .index = 0, .base = 36},
-    MenuEntry{.control = "MnuRemplirCoo", .index = 1, .base = 37},
-    MenuEntry{.control = "MnuRemplirCoo", .index = 2, .base = 38},
-    MenuEntry{.control = "MnuRemplirXY", .index = 0, .base = 44},
-    MenuEntry{.control = "MnuRemplirXY", .index = 1, .base = 39},
-    MenuEntry{.control = "MnuRemplirXY", .index = 2, .base = 40},
-    MenuEntry{.control = "MnuRemplirXY", .index = 3, .caption = "&IFBL"},
-    MenuEntry{.control = "MnuRemplirXY", .index = 4, .base = 314},
-    MenuEntry{.control = "MnuRemplirXY", .index = 5, .base = 315},
-    MenuEntry{.control = "MnuRemplirTexte", .base = 41},
+    MenuEntry{.control = "MnuRemplirCoo", .index = 0, .base = 36,
+              .command = MenuCommand::RemplirCoo},
+    MenuEntry{.control = "MnuRemplirCoo", .index = 1, .base = 37,
+              .command = MenuCommand::RemplirCoo},
+    MenuEntry{.control = "MnuRemplirCoo", .index = 2, .base = 38,
+              .command = MenuCommand::RemplirCoo},
+    MenuEntry{.control = "MnuRemplirXY", .index = 0, .base = 44,
+              .command = MenuCommand::RemplirXY},
+    MenuEntry{.control = "MnuRemplirXY", .index = 1, .base = 39,
+              .command = MenuCommand::RemplirXY},
+    MenuEntry{.control = "MnuRemplirXY", .index = 2, .base = 40,
+              .command = MenuCommand::RemplirXY},
+    MenuEntry{.control = "MnuRemplirXY", .index = 3, .caption = "&IFBL",
+              .command = MenuCommand::RemplirXY},
+    MenuEntry{.control = "MnuRemplirXY", .index = 4, .base = 314,
+              .command = MenuCommand::RemplirXY},
+    MenuEntry{.control = "MnuRemplirXY", .index = 5, .base = 315,
+              .command = MenuCommand::RemplirXY},
+    MenuEntry{.control = "MnuRemplirTexte", .base = 41,
+              .command = MenuCommand::RemplirTexte},
 };
 constexpr std::array ajustIfbl = {
-    MenuEntry{.control = "mnuAjustIFBL", .index = 0, .caption = "32 x 20 km"},
-    MenuEntry{.control = "mnuAjustIFBL", .index = 1, .caption = "4 x 4 km"},
-    MenuEntry{.control = "mnuAjustIFBL", .index = 2, .caption = "1 x 1 km"},
+    MenuEntry{.control = "mnuAjustIFBL", .index = 0, .caption = "32 x 20 km",
+              .command = MenuCommand::AjustIFBL},
+    MenuEntry{.control = "mnuAjustIFBL", .index = 1, .caption = "4 x 4 km",
+              .command = MenuCommand::AjustIFBL},
+    MenuEntry{.control = "mnuAjustIFBL", .index = 2, .caption = "1 x 1 km",
+              .command = MenuCommand::AjustIFBL},
 };
 constexpr std::array ajuster = {
     MenuEntry{.control = "mnuAjustGrid", .index = 0,
-              .caption = "&UTM - British Grid - Irish Grid..."},
-    MenuEntry{.control = "mnuAjustGrid", .index = 1, .caption = "&Degrés Greenwich..."},
-    MenuEntry{.control = "mnuAjustGrid", .index = 2, .caption = "&Grades Paris"},
+              .caption = "&UTM - British Grid - Irish Grid...", .command = MenuCommand::AjustGrid},
+    MenuEntry{.control = "mnuAjustGrid", .index = 1, .caption = "&Degrés Greenwich...",
+              .command = MenuCommand::AjustGrid},
+    MenuEntry{.control = "mnuAjustGrid", .index = 2, .caption = "&Grades Paris",
+              .command = MenuCommand::AjustGrid},
     MenuEntry{.control = "mnuAjustGrid", .index = 3, .caption = "&IFBL", .children = ajustIfbl},
 };
 constexpr std::array edition = {
@@ -128,6 +143,13 @@ constexpr std::array langues = {
     MenuEntry{.control = "MnuLang", .index = 4, .base = 81, .command = MenuCommand::Lang},
     MenuEntry{.control = "MnuLang", .index = 5, .base = 82, .command = MenuCommand::Lang},
 };
+// Tools that need no open file.
+constexpr std::array outils = {
+    MenuEntry{.control = "MnuLmbIfbl", .base = 961, .command = MenuCommand::LmbIfbl},
+    MenuEntry{.control = "MnuIFBLGrid", .base = 962, .command = MenuCommand::IFBLGrid},
+    MenuEntry{.control = "MnuIFBLGridPolygon", .base = 963,
+              .command = MenuCommand::IFBLGridPolygon},
+};
 constexpr std::array options = {
     MenuEntry{.control = "MnuPreferences", .base = 71},
     MenuEntry{.control = "MnuOptionsPeriodes", .base = 85,
@@ -135,6 +157,7 @@ constexpr std::array options = {
     MenuEntry{.control = "MnuCouleurs", .base = 72, .children = couleurs},
     MenuEntry{.control = "MnuOptionsCartes", .base = 75},
     MenuEntry{.control = "MnuLangue", .base = 76, .children = langues},
+    MenuEntry{.control = "MnuOutils", .base = 960, .children = outils},
 };
 constexpr std::array standardisation = {
     MenuEntry{.control = "mnustd", .index = 0, .caption = "Logarithme"},
@@ -158,7 +181,7 @@ constexpr std::array arbre = {
     MenuEntry{.control = "MnuVisualiser", .base = 50, .needsFile = true, .children = visualiser},
     MenuEntry{.control = "mnuOptions", .base = 70, .children = options},
     MenuEntry{.control = "mnuAna", .caption = "Anal&yse", .children = analyse},
-    MenuEntry{.control = "mnuGrid", .caption = "Grille"},
+    MenuEntry{.control = "mnuGrid", .caption = "Grille", .command = MenuCommand::Grid},
     MenuEntry{.control = "MnuAide", .base = 90, .children = aide},
 };
 // clang-format on
@@ -185,8 +208,26 @@ std::string LibelleMenu(const MenuEntry& entry, std::int16_t langue) {
   return entry.base == 0 ? std::string(entry.caption) : Texte(langue, entry.base);
 }
 
+namespace {
+
+/// Commands over rows stand in a menu that needs a file, and so need it themselves.
+bool VaSurLesLignes(MenuCommand command) {
+  switch (command) {
+    case MenuCommand::RemplirCoo:
+    case MenuCommand::RemplirXY:
+    case MenuCommand::RemplirTexte:
+    case MenuCommand::AjustGrid:
+    case MenuCommand::AjustIFBL:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
 bool EstActif(const MenuEntry& entry, bool fileOpen) {
-  if (entry.needsFile && !fileOpen) return false;
+  if ((entry.needsFile || VaSurLesLignes(entry.command)) && !fileOpen) return false;
   return !entry.children.empty() || entry.command != MenuCommand::None;
 }
 

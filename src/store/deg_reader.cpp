@@ -88,7 +88,10 @@ class Load {
     MajLastFiles({state_, io_, vue_}, fileName_);
     Lie();
     vue_.ChangeSablier(false);
-    if (ancienne_ && !merge_) vue_.AffichePanneauDatum(state_.DatumFichierCode);
+    if (ancienne_ && !merge_) {
+      vue_.RecalculeCoordonnees();
+      vue_.AffichePanneauDatum(state_.DatumFichierCode);
+    }
   }
 
   /// After a failure: the rows read so far stay, and are shown; all else is closed.

@@ -16,13 +16,13 @@ constexpr std::string_view openFilter = "Distribution (*.deg)|*.deg";
 
 /// Runs a command's body under the common frame.
 template <typename Body>
-void Commande(FileContext c, Body&& body) {
+void Commande(CommandContext c, Body&& body) {
   ExecuteCommande(c.state, c.io, {}, std::forward<Body>(body));
 }
 
 /// What speaks against writing over the open file: another program changed it, or only part of it
 /// could be read. 0 when nothing does.
-int ObjectionARemplacer(FileContext c, const std::string& path) {
+int ObjectionARemplacer(CommandContext c, const std::string& path) {
   if (path != c.state.NomFichier) return 0;
   const auto now = c.io.files.Empreinte(path);
   if (!now) return 0;
@@ -32,7 +32,7 @@ int ObjectionARemplacer(FileContext c, const std::string& path) {
 }
 
 /// False when something speaks against replacing the file and the user does not want it replaced.
-bool PeutEcraser(FileContext c, const std::string& path) {
+bool PeutEcraser(CommandContext c, const std::string& path) {
   const int objection = ObjectionARemplacer(c, path);
   if (objection == 0) return true;
   Bip(c.state, c.io);
@@ -42,7 +42,7 @@ bool PeutEcraser(FileContext c, const std::string& path) {
 }
 
 /// Writes the rows over the open file, without a backup.
-void EcritSurPlace(FileContext c) {
+void EcritSurPlace(CommandContext c) {
   const std::string path = c.state.NomFichier;
   if (!PeutEcraser(c, path)) return;
   const bool missing = c.state.FichierIncomplet == path;
@@ -55,7 +55,7 @@ void ChangeNomFichier(StoreState& state, const std::string& path) {
   state.EmpreinteFichier.reset();
 }
 
-void EnregistreSous(FileContext c) {
+void EnregistreSous(CommandContext c) {
   const std::string path =
       c.io.dialogues.EnregistreFichier({.filter = "Distribution files (*.deg)|*.deg",
                                         .name = c.state.NomFichier,
@@ -74,13 +74,13 @@ bool MemeFichier(FileSystem& files, const std::string& a, const std::string& b) 
   return a == b || (stamp && stamp == files.Empreinte(b));
 }
 
-[[noreturn]] void LanceEchecRenomme(FileContext c, int number, const std::string& what) {
+[[noreturn]] void LanceEchecRenomme(CommandContext c, int number, const std::string& what) {
   throw TalpenaError(number, what + "\n" + Texte(c.state.Langue, MsgId::SauveSousMarche));
 }
 
 /// Moves the open file to its backup. What would make the rename fail is raised before anything
 /// is deleted.
-void GardeBak(FileContext c, const std::string& backup) {
+void GardeBak(CommandContext c, const std::string& backup) {
   const std::string& path = c.state.NomFichier;
   if (path.find('.') < DossierDe(path).size()) {
     LanceEchecRenomme(c, ErrorNumber::PathFileAccess, "Path/File access error: " + backup);
@@ -95,7 +95,7 @@ void GardeBak(FileContext c, const std::string& backup) {
   c.io.files.Renomme(path, backup);
 }
 
-void Enregistre(FileContext c) {
+void Enregistre(CommandContext c) {
   const std::string path = c.state.NomFichier;
   if (!PeutEcraser(c, path)) return;
   const std::string backup = CheminBak(path);
@@ -105,12 +105,12 @@ void Enregistre(FileContext c) {
   if (!c.io.files.Existe(path)) c.state.FichierIncomplet = path;
 }
 
-void Charge(FileContext c, const std::string& path, MergeMode mode) {
+void Charge(CommandContext c, const std::string& path, MergeMode mode) {
   LitDeg(c.state, c.io, c.vue, path, mode);
   c.vue.ActiveMenus();
 }
 
-void EnregistreAutomatiquement(FileContext c) {
+void EnregistreAutomatiquement(CommandContext c) {
   if (!c.state.FichierModifie) return;
   if (c.state.NomFichier.empty()) {
     EnregistreSous(c);
@@ -121,7 +121,7 @@ void EnregistreAutomatiquement(FileContext c) {
 
 }  // namespace
 
-bool CheckSauvegarde(FileContext c) {
+bool CheckSauvegarde(CommandContext c) {
   if (!c.state.FichierModifie) return false;
   Bip(c.state, c.io);
   const Answer answer = c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::SauveFichier),
@@ -135,11 +135,11 @@ bool CheckSauvegarde(FileContext c) {
   return c.state.FichierModifie && rows;
 }
 
-void MnuNouveau_Click(FileContext c) {
+void MnuNouveau_Click(CommandContext c) {
   Commande(c, [&] { CreationNouveau(c, 0); });
 }
 
-void MnuOuvrir_Click(FileContext c) {
+void MnuOuvrir_Click(CommandContext c) {
   Commande(c, [&] {
     if (CheckSauvegarde(c)) return;
     const std::string folder = c.io.settings.Lit("TALPENA", "Paths", "LastDeg", c.state.AppDir);
@@ -153,7 +153,7 @@ void MnuOuvrir_Click(FileContext c) {
   });
 }
 
-void MnuEnregistrer_Click(FileContext c) {
+void MnuEnregistrer_Click(CommandContext c) {
   Commande(c, [&] {
     if (!c.state.NomFichier.empty()) {
       Enregistre(c);
@@ -164,18 +164,18 @@ void MnuEnregistrer_Click(FileContext c) {
   });
 }
 
-void MnuEnrSous_Click(FileContext c) {
+void MnuEnrSous_Click(CommandContext c) {
   Commande(c, [&] { EnregistreSous(c); });
 }
 
-void MnuFusionner_Click(FileContext c) {
+void MnuFusionner_Click(CommandContext c) {
   Commande(c, [&] {
     const std::string path = c.io.dialogues.OuvreFichier({.filter = std::string(openFilter)});
     if (!path.empty()) Charge(c, path, MergeMode::Merge);
   });
 }
 
-void MnuGrouper_Click(FileContext c) {
+void MnuGrouper_Click(CommandContext c) {
   Commande(c, [&] {
     const std::string path =
         c.io.dialogues.OuvreFichier({.filter = "Fichiers distribution (*.deg)|*.deg"});
@@ -192,7 +192,7 @@ void MnuGrouper_Click(FileContext c) {
   });
 }
 
-void MnuLastFile_Click(FileContext c, int index) {
+void MnuLastFile_Click(CommandContext c, int index) {
   Commande(c, [&] {
     if (CheckSauvegarde(c)) return;
     const std::string& entry = c.state.LastFiles.at(static_cast<std::size_t>(index));
@@ -205,7 +205,7 @@ void MnuLastFile_Click(FileContext c, int index) {
   });
 }
 
-void Timer1_Timer(FileContext c) {
+void Timer1_Timer(CommandContext c) {
   if (!c.state.AutoSave) return;
   // A 16-bit counter that wraps: an interval set below it comes round again.
   c.state.CompteurTimer =

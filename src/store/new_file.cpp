@@ -10,7 +10,7 @@ namespace talpena {
 namespace {
 
 /// The number of rows that the user wants; 0 when he gave up.
-std::int32_t DemandeNombreLignes(FileContext c) {
+std::int32_t DemandeNombreLignes(CommandContext c) {
   std::int32_t lines = -1;
   while (lines < 0) {
     const std::string answer =
@@ -33,7 +33,7 @@ void PrendChampsInternes(StoreState& state) {
   CompteChampsLibres(state);
 }
 
-void ChoisitChampsLibres(FileContext c) {
+void ChoisitChampsLibres(CommandContext c) {
   c.state.FreeFieldText.clear();
   c.state.FreeFieldDefs.clear();
   c.state.FreeFieldCount = 0;
@@ -79,7 +79,7 @@ class NewInProgress {
 
 }  // namespace
 
-void CreationNouveau(FileContext c, std::int32_t lines) {
+void CreationNouveau(CommandContext c, std::int32_t lines) {
   if (lines <= 0) lines = DemandeNombreLignes(c);
   if (lines == 0) return;
   if (c.state.FichierModifie && CheckSauvegarde(c)) return;

@@ -8,7 +8,7 @@
 
 namespace talpena {
 
-void MajLastFiles(FileContext c, const std::string& path) {
+void MajLastFiles(CommandContext c, const std::string& path) {
   auto& files = c.state.LastFiles;
   auto found = std::find_if(files.begin(), files.end(),
                             [&](const std::string& entry) { return EgalSansCasse(entry, path); });

@@ -107,6 +107,8 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(901, 919);  // saving, status, grid
   covered(920, 930);  // names, about, saving
   covered(940, 942);  // record editor
+  covered(950, 959);  // converter between Lambert belge and IFBL
+  covered(960, 963);  // coordinate tools
 }
 
 TEST(StringTable, GivesTheTextOfTheLanguage) {

@@ -184,6 +184,32 @@ def sorts_and_keeps_a_refused_cell_in_edit(s):
     assert program.ends() == 0
 
 
+def adjusts_and_fills_by_keyboard(s):
+    path = s.file([30, 10, 20])
+    with open(path, encoding="cp1252", newline="") as before:
+        lines = before.read().split("\r\n")
+    row = lines[len(HEAD)]
+    lines[len(HEAD)] = row[:42] + "BEL72" + "ifb G33643".ljust(24) + row[71:]
+    with open(path, "w", encoding="cp1252", newline="") as out:
+        out.write("\r\n".join(lines))
+    program = s.start(path)
+    program.activate()
+    # Edit, Adjust coordinates, IFBL, 1 x 1 km; then Edit, Insert in free field, IFBL.
+    program.keys("alt+e", "j", "i", "Down", "Down", "Return")
+    time.sleep(1)
+    program.keys("alt+e", "f", "i")
+    time.sleep(1)
+    program.keys("ctrl+s")
+    wait_for("the save", lambda: os.path.exists(path[:-3] + "BAK"))
+    wait_for("the rows", lambda: os.path.exists(path) and len(s.rows(path)) == 3)
+    rows = s.rows(path)
+    assert "ifb G33643" in rows[0] and rows[0].endswith("row 0,G33643"), rows[0]
+    assert rows[0][2:11] != "+50.10000" and "deg +50.10000" in rows[1], rows
+    assert len(rows[1].split(",")[-1]) == 6, rows[1]
+    program.keys("ctrl+q")
+    assert program.ends() == 0
+
+
 def second_instance_tells_and_ends(s):
     path = s.file([1, 2])
     first = s.start(path)

@@ -142,7 +142,10 @@ class FakeView : public MainWindowView {
   std::array<std::string, 4> derniers;
   bool menusActifs = false, sablier = false, barre = false, titresVisibles = false,
        grilleVisible = false;
-  int periodes = 0;  ///< how often frmOptionsPeriodes was shown
+  int periodes = 0;                 ///< how often frmOptionsPeriodes was shown
+  bool ajustement = true;           ///< what Ajustement answers
+  std::vector<Bookmark> selection;  ///< rows chosen in the grid
+  bool grilleGelee = false;
   std::vector<std::string> cellules = std::vector<std::string>(10, "1");
 
   void ChangeTitreFenetre(const std::string& t) override { Note("ChangeTitreFenetre", titre = t); }
@@ -175,6 +178,10 @@ class FakeView : public MainWindowView {
     Note("AfficheDerniersFichiers");
   }
   void MontreOptionsPeriodes() override { ++periodes, Note("MontreOptionsPeriodes"); }
+  bool MontreAjustement() override { return Note("MontreAjustement"), ajustement; }
+  std::vector<Bookmark> LignesSelectionnees() override { return selection; }
+  void GeleGrille(bool frozen) override { grilleGelee = frozen; }
+  void RecalculeCoordonnees() override { Note("RecalculeCoordonnees"); }
 
  private:
   void Note(const std::string& name, const std::string& text = {}) {

@@ -33,6 +33,10 @@ class SilentView : public MainWindowView {
   void AffichePanneauDatum(const std::string&) override {}
   void AfficheDerniersFichiers(const std::array<std::string, 4>&) override {}
   void MontreOptionsPeriodes() override {}
+  bool MontreAjustement() override { return false; }
+  std::vector<Bookmark> LignesSelectionnees() override { return {}; }
+  void GeleGrille(bool) override {}
+  void RecalculeCoordonnees() override {}
 
  private:
   std::string titre_;

@@ -95,9 +95,10 @@ std::set<std::string> Actifs(bool fileOpen) {
 }
 
 const std::set<std::string> always = {
-    "MnuNouveau", "MnuOuvrir", "MnuLastFile_1", "MnuLastFile_2", "MnuLastFile_3", "MnuLastFile_4",
-    "MnuQuitter", "MnuGrille", "MnuTxtGrille",  "MnuLang_0",     "MnuLang_1",     "MnuLang_2",
-    "MnuLang_3",  "MnuLang_4", "MnuLang_5",     "MnuInfo"};
+    "MnuNouveau",    "MnuOuvrir",  "MnuLastFile_1", "MnuLastFile_2", "MnuLastFile_3",
+    "MnuLastFile_4", "MnuQuitter", "MnuGrille",     "MnuTxtGrille",  "MnuLang_0",
+    "MnuLang_1",     "MnuLang_2",  "MnuLang_3",     "MnuLang_4",     "MnuLang_5",
+    "MnuInfo",       "mnuGrid",    "MnuLmbIfbl",    "MnuIFBLGrid",   "MnuIFBLGridPolygon"};
 
 TEST(Menus, WithoutAFileOnlyWhatNeedsNoneCanBeChosen) { EXPECT_EQ(Actifs(false), always); }
 
@@ -105,6 +106,10 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
   std::set<std::string> expected = always;
   expected.insert(
       {"MnuEnregistrer", "MnuEnrSous", "MnuGrouper", "MnuFusionner", "MnuOptionsPeriodes"});
+  expected.insert({"MnuRemplirCoo_0", "MnuRemplirCoo_1", "MnuRemplirCoo_2", "MnuRemplirXY_0",
+                   "MnuRemplirXY_1", "MnuRemplirXY_2", "MnuRemplirXY_3", "MnuRemplirXY_4",
+                   "MnuRemplirXY_5", "MnuRemplirTexte", "mnuAjustGrid_0", "mnuAjustGrid_1",
+                   "mnuAjustGrid_2", "mnuAjustIFBL_0", "mnuAjustIFBL_1", "mnuAjustIFBL_2"});
   EXPECT_EQ(Actifs(true), expected);
 }
 

@@ -90,6 +90,7 @@ TEST_F(LitDegTest, TakesForm1Over) {
                    "1|42.73309|5.77569|0|0|F|EUR-M|deg +42.73309 5.77569|2004/07/01|"}));
   EXPECT_EQ(state.DatumFichierCode, "ARS-M") << "a form 1 file has none of its own";
   EXPECT_EQ(world.vue.panneauDatum, "ARS-M");
+  EXPECT_GE(Rang("RecalculeCoordonnees"), 0);
   EXPECT_EQ(state.FreeFieldCount, 0);
   EXPECT_EQ(state.FreeFieldText, "");
   EXPECT_EQ(state.TitreFichier, "Old title");
@@ -165,6 +166,7 @@ TEST_F(LitDegTest, PadsRowsOfAFileWithoutFieldsWithThoseOfTheFileBefore) {
 
 TEST_F(LitDegTest, ShowsItsStepsInOrder) {
   world.Charge(EnTete2("NTF") + Rangee());
+  EXPECT_EQ(Rang("RecalculeCoordonnees"), -1);
   const int title = Rang("ChangeTitreFenetre Talpena - /data/f.deg");
   const int message = Rang("AfficheMessage " + Texte(1000, MsgId::Ouverture) + "\n/data/f.deg");
   const int datum = Rang("AffichePanneauDatum NTF");
@@ -309,6 +311,7 @@ TEST_F(LitDegTest, MergesForm1WithoutAnyTest) {
   world.Charge(FinEnTete("Old") + Rangee("2", "remark"), MergeMode::Merge);
   EXPECT_EQ(world.Boites(), Texts{});
   EXPECT_EQ(world.Lignes(), (Texts{RangeeLue("1", "a/b"), RangeeLue("2", "/remark")}));
+  EXPECT_EQ(Rang("RecalculeCoordonnees"), -1);
   EXPECT_EQ(world.vue.boxTitre, "Title - Old");
   EXPECT_EQ(state.DatumFichierCode, "NTF");
   EXPECT_EQ(state.FreeFieldText, "");

@@ -39,7 +39,7 @@ struct Monde : FakeServices {
   Platform io{*engine, *files, settings, dialogues, clock, environment, sound};
   TempFolder working;  ///< the working database, out of the way
   StoreState state;
-  FileContext context{state, io, vue};
+  CommandContext context{state, io, vue};
 
   Monde() {
     state.AppDir = working / "no-program";

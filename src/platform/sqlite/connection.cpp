@@ -7,6 +7,7 @@
 
 #include "common/text.h"
 #include "platform/sqlite/functions.h"
+#include "platform/sqlite/row_update.h"
 #include "platform/sqlite/source_table.h"
 #include "platform/sqlite/table_state.h"
 
@@ -58,6 +59,7 @@ void Connection::Regle(Mode mode) {
   if (rc != SQLITE_OK) Echoue(rc);
   EnregistreFonctions(*this);
   EnregistreSource(*this);
+  EnregistreModification(*this);
   rc = sqlite3_set_authorizer(db, Autorise, this);
   if (rc != SQLITE_OK) Echoue(rc);
   sqlite3_update_hook(db, Note, this);

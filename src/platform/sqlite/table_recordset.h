@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/sqlite/connection.h"
@@ -41,6 +42,7 @@ class TableRecordset final : public Recordset, private RunningReader {
   void Set(int field, Cell value) override;
   void Update() override;
   void CancelUpdate() override;
+  std::int64_t ModifieLignes(const RowPass& pass, RowChange& change) override;
   Bookmark LastModified() const override;
   void Delete() override;
 
@@ -72,6 +74,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   void ExecuteModification(const std::string& sql, RowKey key);
   void Insere();
   void Modifie();
+  void VerifiePasse(const RowPass& pass) const;
+  std::optional<std::pair<std::int64_t, std::int64_t>> EtendueDeToutes();
 
   std::optional<std::size_t> Cherche(std::string_view condition, std::size_t from);
   std::optional<std::size_t> ChercheEnSuite(const std::string& sql, std::size_t from);

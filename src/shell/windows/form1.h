@@ -68,6 +68,10 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void AffichePanneauDatum(const std::string& code) override;
   void AfficheDerniersFichiers(const std::array<std::string, 4>& paths) override;
   void MontreOptionsPeriodes() override;
+  bool MontreAjustement() override;
+  std::vector<Bookmark> LignesSelectionnees() override;
+  void GeleGrille(bool frozen) override;
+  void RecalculeCoordonnees() override;
 
   // ShellView
   ScreenSize TailleEcran() const override;
@@ -94,7 +98,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void changeEvent(QEvent* event) override;
 
  private:
-  FileContext Fichiers() { return {state_, io_, *this}; }
+  CommandContext Commandes() { return {state_, io_, *this}; }
 
   void ConstruitMenus();
   void ConstruitMenu(QMenu& menu, std::span<const MenuEntry> entries);

@@ -10,6 +10,12 @@
 #include <QToolButton>
 
 #include "analysis/windows/frm_options_periodes.h"
+#include "coords/commands/adjust.h"
+#include "coords/commands/fill.h"
+#include "coords/grid_commands.h"
+#include "coords/snap.h"
+#include "coords/windows/ajustement.h"
+#include "coords/windows/frm_lmb_ifbl.h"
 #include "platform/commands.h"
 #include "platform/qt/colours.h"
 #include "shell/windows/form1.h"
@@ -105,23 +111,41 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
   Commande([&] {
     switch (entry.command) {
       case MenuCommand::Nouveau:
-        return MnuNouveau_Click(Fichiers());
+        return MnuNouveau_Click(Commandes());
       case MenuCommand::Ouvrir:
-        return MnuOuvrir_Click(Fichiers());
+        return MnuOuvrir_Click(Commandes());
       case MenuCommand::Enregistrer:
-        return MnuEnregistrer_Click(Fichiers());
+        return MnuEnregistrer_Click(Commandes());
       case MenuCommand::EnrSous:
-        return MnuEnrSous_Click(Fichiers());
+        return MnuEnrSous_Click(Commandes());
       case MenuCommand::Grouper:
-        return MnuGrouper_Click(Fichiers());
+        return MnuGrouper_Click(Commandes());
       case MenuCommand::Fusionner:
-        return MnuFusionner_Click(Fichiers());
+        return MnuFusionner_Click(Commandes());
       case MenuCommand::LastFile:
-        return MnuLastFile_Click(Fichiers(), entry.index - 1);
+        return MnuLastFile_Click(Commandes(), entry.index - 1);
       case MenuCommand::Quitter:
         return MnuQuitter_Click(Contexte());
       case MenuCommand::OptionsPeriodes:
         return MontreOptionsPeriodes();
+      case MenuCommand::RemplirCoo:
+        return MnuRemplirCoo_Click(Commandes(), entry.index);
+      case MenuCommand::RemplirXY:
+        return MnuRemplirXY_Click(Commandes(), entry.index);
+      case MenuCommand::RemplirTexte:
+        return MnuRemplirTexte_Click(Commandes());
+      case MenuCommand::AjustGrid:
+        return mnuAjustGrid_Click(Commandes(), entry.index);
+      case MenuCommand::AjustIFBL:
+        return mnuAjustIFBL_Click(Commandes(), entry.index);
+      case MenuCommand::LmbIfbl:
+        return static_cast<void>(frmLmbIfbl(state_, this).exec());
+      case MenuCommand::IFBLGrid:
+        return CreationIFBLGrid(state_, io_);
+      case MenuCommand::IFBLGridPolygon:
+        return CreationIFBLGridPolygon(state_, io_);
+      case MenuCommand::Grid:
+        return mnuGrid_Click(state_, io_);
       case MenuCommand::Grille:
         return MnuGrille_Click();
       case MenuCommand::TxtGrille:
@@ -137,9 +161,9 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
 
 void Form1::cmd_Click(int index) {
   Commande([&] {
-    if (index == 0) MnuOuvrir_Click(Fichiers());
-    if (index == 1) MnuEnregistrer_Click(Fichiers());
-    if (index == 2) MnuNouveau_Click(Fichiers());
+    if (index == 0) MnuOuvrir_Click(Commandes());
+    if (index == 1) MnuEnregistrer_Click(Commandes());
+    if (index == 2) MnuNouveau_Click(Commandes());
   });
 }
 
@@ -182,6 +206,14 @@ void Form1::MnuInfo_Click() { frmEastern(state_.Langue, this).exec(); }
 
 void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, this).exec(); }
 
+bool Form1::MontreAjustement() { return Ajustement(state_, this).Demande(); }
+
+std::vector<Bookmark> Form1::LignesSelectionnees() { return TDBGrid1->LignesChoisies(); }
+
+void Form1::GeleGrille(bool frozen) { TDBGrid1->setUpdatesEnabled(!frozen); }
+
+void Form1::RecalculeCoordonnees() { AjusteDegres(Commandes(), SansMaille, SansMaille); }
+
 void Form1::Timer1_Tick() {
   if (running_ > 0) {
     tickWaits_ = true;
@@ -190,7 +222,7 @@ void Form1::Timer1_Tick() {
   {
     // What is half typed in the grid stays half typed.
     const Running running(running_);
-    ExecuteCommande(state_, io_, {}, [this] { Timer1_Timer(Fichiers()); });
+    ExecuteCommande(state_, io_, {}, [this] { Timer1_Timer(Commandes()); });
   }
   ApresCommande();
 }

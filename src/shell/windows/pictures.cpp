@@ -14,7 +14,9 @@
 #include "analysis/windows/frm_options_periodes.h"
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
+#include "coords/windows/frm_lmb_ifbl.h"
 #include "shell/start_stop.h"
 #include "shell/windows/form1.h"
 #include "shell/windows/frm_eastern.h"
@@ -80,6 +82,10 @@ void PrendAutres(Photographer& photographer, ProcessState& state, Platform& io,
   photographer.PrendFenetre(periods, QStringLiteral("periods") + suffix);
   frmDatum datum(state);
   photographer.PrendFenetre(datum, QStringLiteral("datum") + suffix);
+  Ajustement adjust(state);
+  photographer.PrendFenetre(adjust, QStringLiteral("adjust") + suffix);
+  frmLmbIfbl converter(state);
+  photographer.PrendFenetre(converter, QStringLiteral("ifbl") + suffix);
   frmMessage message;
   message.Affiche(
       QString::fromStdString(Texte(state.Langue, MsgId::Ouverture) + " " + state.NomFichier));

@@ -2,17 +2,20 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolButton>
 #include <QWindow>
 #include <array>
+#include <fstream>
 
 #include "fakes/dialog_driver.h"
 #include "form1_machine.h"
@@ -117,12 +120,94 @@ TEST(Form1, EntriesWithoutACommandStayDisabledWithAFile) {
   Form1Machine m;
   m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
   for (const char* name : {"mnuChercher_0", "MnuAjoutLigne", "MnuVisMonde", "MnuExpDB_0",
-                           "mnuImport_0", "MnuPreferences", "mnuGrid", "MnuParametres"}) {
+                           "mnuImport_0", "MnuPreferences", "MnuParametres"}) {
     EXPECT_FALSE(m.Entree(name)->isEnabled()) << name;
   }
   for (const char* name : {"cmd_3", "cmd_4", "cmd_5", "cmdMap"}) {
     EXPECT_FALSE(m.Controle<QToolButton>(name)->isEnabled()) << name;
   }
+}
+
+/// Texts of a grid column, from the first row to the last.
+std::vector<std::string> Colonne(const Form1Machine& m, int column) {
+  const auto* model = m.Controle<TDBGrid>("TDBGrid1")->model();
+  std::vector<std::string> texts;
+  for (int row = 0; row < model->rowCount(); ++row) {
+    texts.push_back(model->index(row, column).data().toString().toStdString());
+  }
+  return texts;
+}
+
+TEST(Form1, FillsTheChosenRowsAndAdjustsAllOfThem) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(3)));
+  auto* grid = m.Controle<TDBGrid>("TDBGrid1");
+  grid->ChoisitLigne(0, Qt::NoModifier);
+  grid->ChoisitLigne(2, Qt::ControlModifier);
+  m.dialogues.inputs = {"seen"};
+  m.Entree("MnuRemplirTexte")->trigger();
+  EXPECT_EQ(Colonne(m, 9), (std::vector<std::string>{"x/seen", "x", "x/seen"}));
+  m.dialogues.inputs = {"1", "1"};
+  m.Entree("mnuAjustGrid_1")->trigger();
+  EXPECT_EQ(Colonne(m, 1), (std::vector<std::string>{"50.5", "50.5", "50.5"}));
+  m.Entree("mnuAjustIFBL_2")->trigger();
+  EXPECT_NE(Colonne(m, 1)[0], "50.5");
+  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(grid->updatesEnabled());
+  EXPECT_TRUE(m.dialogues.boxes.empty());
+}
+
+TEST(Form1, AsksForTheMeshInAWindow) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
+  QTimer::singleShot(0, [&] {
+    auto* dialog = m.form->findChild<QDialog*>("Ajustement");
+    ASSERT_NE(dialog, nullptr);
+    dialog->findChild<QRadioButton*>("OptionAjust_7")->click();
+    dialog->findChild<QPushButton*>("ButOk")->click();
+  });
+  m.Entree("mnuAjustGrid_0")->trigger();
+  EXPECT_EQ(m.state.UtmAjust, 7);
+  EXPECT_NE(Colonne(m, 1)[0], "50.1");
+}
+
+TEST(Form1, RecomputesAFileOfTheOldForm) {
+  Form1Machine m;
+  const std::string path = m.folder / "old.deg";
+  std::ofstream(path, std::ios::binary)
+      << "Moles\r\nA comment\r\n 0000 - 1949   1950 - 1989   1990 - 2011\r\nstatistics\r\n"
+         "A comment\r\n"
+         "1K+50.10000   4.50000    1    01990/01/01 EUR-Mdeg +51.20000 +003.00000x\r\n";
+  m.form->Charge(path);
+  EXPECT_TRUE(m.dialogues.boxes.empty());
+  EXPECT_EQ(Colonne(m, 1), std::vector<std::string>{"51.2"});
+  EXPECT_EQ(Colonne(m, 2), std::vector<std::string>{"3"});
+}
+
+TEST(Form1, WritesGridFilesIntoAChosenFolder) {
+  Form1Machine m;
+  m.form->Charge({});
+  for (const char* entry : {"mnuGrid", "MnuIFBLGrid"}) {
+    m.dialogues.paths = {m.folder.path().string()};
+    m.Entree(entry)->trigger();
+  }
+  ASSERT_EQ(m.dialogues.boxes.size(), 2U);
+  EXPECT_EQ(m.dialogues.boxes[0].text, "Terminé");
+  EXPECT_EQ(m.dialogues.boxes[1].text, "traitement terminé");
+}
+
+TEST(Form1, OpensTheConverter) {
+  Form1Machine m;
+  m.form->Charge({});
+  bool seen = false;
+  QTimer::singleShot(0, [&] {
+    auto* dialog = m.form->findChild<QDialog*>("frmLmbIfbl");
+    ASSERT_NE(dialog, nullptr);
+    seen = dialog->isVisible();
+    dialog->reject();
+  });
+  m.Entree("MnuLmbIfbl")->trigger();
+  EXPECT_TRUE(seen);
 }
 
 TEST(Form1, OpenByButtonAndByMenu) {

@@ -1,0 +1,35 @@
+// The adjust commands: latitude and longitude of every row anew from ORIGINAL and DATUM, snapped
+// to a grid. ORIGINAL and DATUM stay. Rows without ORIGINAL, those that cannot be read and those
+// whose datum the catalogue lacks keep their coordinates; the unknown codes are told once, in one
+// box, at the end (message 808).
+//
+// A fault of the arithmetic ends a command: the rows before it are changed, and the box names the
+// row that it arose in. Failures are shown, not thrown.
+#pragma once
+#include "store/command_context.h"
+
+namespace talpena {
+
+/// Snaps to a mesh in decimal degrees; SansMaille (999) leaves an axis alone, so that 999 twice
+/// recomputes all rows on the file's datum.
+void AjusteDegres(CommandContext c, double meshLat, double meshLon);
+
+/// Snaps to the mesh of 0.2 by 0.4 Paris grades.
+void AjusteGrades(CommandContext c);
+
+/// Asks for the mesh and the grid (Ajustement), which open on those of the settings and are kept
+/// there, and snaps to them; nothing on Cancel.
+void AjusteCoor(CommandContext c);
+
+/// `mnuAjustGrid`: 0 AjusteCoor, 1 AjusteDegres after asking for both meshes, 2 AjusteGrades.
+void mnuAjustGrid_Click(CommandContext c, int index);
+
+/// `mnuAjustIFBL`: squares of 32 x 20 km (0), 4 x 4 km (1), 1 x 1 km (2).
+void mnuAjustIFBL_Click(CommandContext c, int index);
+
+/// Makes another datum that of the file: its code, its index, panel 3, and, when the grid is
+/// showing, the coordinates of all rows. A code that the catalogue lacks is told (808) and
+/// changes nothing.
+void ChangeDatumFichier(CommandContext c, const std::string& code);
+
+}  // namespace talpena

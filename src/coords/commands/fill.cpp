@@ -1,0 +1,181 @@
+#include "coords/commands/fill.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "common/msg_id.h"
+#include "common/numbers.h"
+#include "common/string_table.h"
+#include "common/text.h"
+#include "coords/commands/row_walk.h"
+#include "coords/datum.h"
+#include "coords/dms_text.h"
+#include "coords/ifbl.h"
+#include "coords/lambert.h"
+#include "coords/mgrs.h"
+#include "coords/national_grids.h"
+#include "platform/commands.h"
+#include "store/table.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::size_t slotBelge = 5, slotMaroc = 6;
+
+/// The new text for a point on the file's datum, decimal degrees.
+using TexteDuPoint = std::function<std::string(double latitude, double longitude)>;
+
+/// Puts a text behind each row's COMMENT.
+class RemplitLignes final : public RowWalk {
+ public:
+  RemplitLignes(MainWindowView& vue, std::string joiner, TexteDuPoint text)
+      : RowWalk(vue), joiner_(std::move(joiner)), text_(std::move(text)) {}
+
+  static RowPass Passe() {
+    return {{Column::LATITUDE, Column::LONGITUDE, Column::COMMENT}, {Column::COMMENT}};
+  }
+
+  bool Modifie(Bookmark, std::span<const Cell> given, std::span<Cell> changed) override {
+    if (given[0].EstNull() || given[1].EstNull()) return false;
+    const std::string text = text_(given[0].real, given[1].real);
+    const std::string_view added = Rogne(text);
+    if (added.empty()) return false;
+    comment_ = given[2].text;  // "" for Null
+    if (!comment_.empty()) comment_ += joiner_;
+    comment_ += added;
+    changed[0] = Cell::Of(std::string_view(comment_));
+    return true;
+  }
+
+ private:
+  std::string joiner_;
+  TexteDuPoint text_;
+  std::string comment_;
+};
+
+void Remplit(CommandContext c, std::string joiner, TexteDuPoint text) {
+  RemplitLignes rows(c.vue, std::move(joiner), std::move(text));
+  const std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
+  RowPass pass = RemplitLignes::Passe();
+  if (!chosen.empty()) pass.only = &chosen;
+  ParcourtLignes(c, pass, rows);
+}
+
+bool ConfirmeMgrs(CommandContext c) {
+  Bip(c.state, c.io);
+  return c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::RemplitUtm) + "\r" +
+                                         Texte(c.state.Langue, MsgId::CalculSelonEllipsoide),
+                                 .icon = Icon::Exclamation,
+                                 .buttons = Buttons::OkCancel}) == Answer::Ok;
+}
+
+std::string TexteMgrs(const DatumCatalogue& c, double latitude, double longitude) {
+  std::int16_t zone = 0;
+  double northing = 0, easting = 0;
+  std::string mgrs;
+  LatLonVersMgrs(c.DemiGrandAxe, c.Aplatissement, EnRadians(latitude), EnRadians(longitude), zone,
+                 northing, easting, mgrs, c.EllipsoideCourant);
+  return mgrs;
+}
+
+std::string TexteGrille(Grille grid, double latitude, double longitude) {
+  std::string letters, east, north;
+  LatLonVersGrille(grid, latitude, longitude, letters, east, north);
+  return letters + " " + east + " " + north;
+}
+
+/// Grades in single precision: Str then gives the few digits that they are known by.
+std::string TexteGrades(double latitude, double longitude) {
+  double g = 0, h = 0;
+  LatLonVersGradesParis(latitude, longitude, g, h);
+  return Str(EnSimple(g)) + "," + Str(EnSimple(h));
+}
+
+std::string TexteMetres(double x, double y) { return Str(Fix(x)) + "," + Str(Fix(y)); }
+
+/// The point on the datum of a system.
+std::pair<double, double> SurDatum(const CoordState& state, std::size_t slot, double latitude,
+                                   double longitude) {
+  ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, state.DatumFichier,
+                 state.Catalogue.DatumsSpeciaux[slot]);
+  return {latitude, longitude};
+}
+
+std::pair<double, double> EnLambertBelge(const CoordState& state, double latitude,
+                                         double longitude) {
+  const auto [phi, lambda] = SurDatum(state, slotBelge, latitude, longitude);
+  double x = 0, y = 0;
+  LatLonVersLambertBelge(phi, lambda, x, y);
+  return {x, y};
+}
+
+std::string TexteIfbl(const CoordState& state, double latitude, double longitude) {
+  const auto [x, y] = EnLambertBelge(state, latitude, longitude);
+  std::string code;
+  std::int16_t error = 0;
+  LambertVersIfbl(x, y, code, error, 6);
+  return code;  // "" outside the bounds
+}
+
+std::string TexteMaroc(CoordState& state, double latitude, double longitude, int zone) {
+  const auto [phi, lambda] = SurDatum(state, slotMaroc, latitude, longitude);
+  double x = 0, y = 0;
+  LatLonVersLambertUnParallele(state.LambertUnParallele, phi, lambda, x, y, zone);
+  return TexteMetres(x, y);
+}
+
+/// What MnuRemplirXY writes.
+std::string TexteXY(StoreState& state, int index, double latitude, double longitude) {
+  switch (index) {
+    case 0:
+      return TexteDms(latitude) + state.FreeFieldSeparator + TexteDms(longitude);
+    case 1:
+      return TexteGrades(latitude, longitude);
+    case 2: {
+      const auto [x, y] = EnLambertBelge(state, latitude, longitude);
+      return TexteMetres(x, y);
+    }
+    case 3:
+      return TexteIfbl(state, latitude, longitude);
+    case 4:
+    case 5:
+      return TexteMaroc(state, latitude, longitude, index - 3);
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+void MnuRemplirCoo_Click(CommandContext c, int index) {
+  ExecuteCommande(c.state, c.io, {}, [&] {
+    if (index == 0 && !ConfirmeMgrs(c)) return;
+    ChoisitEllipsoide(c.state.Catalogue, c.state.DatumFichier);
+    Remplit(c, " ", [&](double latitude, double longitude) {
+      if (index == 0) return TexteMgrs(c.state.Catalogue, latitude, longitude);
+      const Grille grid = index == 1 ? Grille::British : Grille::Irish;
+      return TexteGrille(grid, latitude, longitude);
+    });
+  });
+}
+
+void MnuRemplirXY_Click(CommandContext c, int index) {
+  ExecuteCommande(c.state, c.io, {}, [&] {
+    Remplit(c, ",", [&](double latitude, double longitude) {
+      return TexteXY(c.state, index, latitude, longitude);
+    });
+  });
+}
+
+void MnuRemplirTexte_Click(CommandContext c) {
+  ExecuteCommande(c.state, c.io, {}, [&] {
+    const std::string answer =
+        c.io.dialogues.Saisie({.prompt = Texte(c.state.Langue, MsgId::TexteAInserer)});
+    if (answer.empty()) return;
+    Remplit(c, c.state.FreeFieldSeparator, [&](double, double) { return answer; });
+  });
+}
+
+}  // namespace talpena

@@ -1,0 +1,48 @@
+// The frame around every command that goes over the rows of the table.
+#pragma once
+#include <cstdint>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "platform/table_engine.h"
+#include "store/command_context.h"
+
+namespace talpena {
+
+/// A change of rows that shows in ProgressBar1 how far it came.
+class RowWalk : public RowChange {
+ public:
+  explicit RowWalk(MainWindowView& vue) : vue_(vue) {}
+  void Avance(std::int64_t done, std::int64_t total) final;
+
+ private:
+  MainWindowView& vue_;
+  int shown_ = -1;  ///< percent
+};
+
+/// Runs a change over the rows that the grid shows, or over `only`, under the hourglass and with
+/// the grid not drawn. Then the bar is reset, the grid shows the new values, FichierModifie is
+/// set if a row was changed, and a beep sounds unless Silence is on. A failure is thrown on after
+/// the same steps but the beep.
+void ParcourtLignes(CommandContext c, const RowPass& pass, RowWalk& change);
+
+/// Indices of datum codes in the catalogue, looked up once each; blank means "WGS84".
+class DatumsDesLignes {
+ public:
+  explicit DatumsDesLignes(const DatumCatalogue& catalogue) : catalogue_(catalogue) {}
+
+  /// 0 for a code that the catalogue lacks, which is then among Inconnus().
+  std::int16_t Indice(std::string_view stored);
+  const std::vector<std::string>& Inconnus() const { return unknown_; }
+
+ private:
+  const DatumCatalogue& catalogue_;
+  std::unordered_map<std::string, std::int16_t> known_;
+  std::vector<std::string> unknown_;
+  std::string last_;
+  std::int16_t lastIndex_ = 0;
+  bool hasLast_ = false;
+};
+
+}  // namespace talpena

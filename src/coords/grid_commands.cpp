@@ -1,0 +1,106 @@
+#include "coords/grid_commands.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "common/msg_id.h"
+#include "common/paths.h"
+#include "common/string_table.h"
+#include "coords/datum.h"
+#include "coords/mif_files.h"
+#include "platform/commands.h"
+
+namespace talpena {
+namespace {
+
+void Annonce(const CoordState& state, Platform& io, const std::string& text) {
+  Bip(state, io);
+  io.dialogues.Demande({.text = text});
+}
+
+/// Index of a datum; 0 when it is absent, which the user has been told.
+std::int16_t DatumPresent(const CoordState& state, Platform& io, std::string_view code) {
+  const std::int16_t index = ChercheDatum(state.Catalogue, code);
+  if (index == 0) {
+    Bip(state, io);
+    io.dialogues.Demande(
+        {.text = Texte(state.Langue, MsgId::DatumAbsent) + "\n" + std::string(code),
+         .icon = Icon::Exclamation});
+  }
+  return index;
+}
+
+std::optional<IfblDatums> TrouveDatums(const CoordState& state, Platform& io) {
+  const std::int16_t bel72 = DatumPresent(state, io, "BEL72");
+  if (bel72 == 0) return std::nullopt;
+  const std::int16_t eurM = DatumPresent(state, io, "EUR-M");
+  if (eurM == 0) return std::nullopt;
+  return IfblDatums{state.Catalogue, bel72, eurM};
+}
+
+/// The folder to write to, with a separator behind it; Cancel is thrown.
+std::string ChoisitSortie(Platform& io, const std::string& title) {
+  return AvecSeparateur(io.dialogues.ChoisitDossier(title, ""));
+}
+
+class Hourglass {
+ public:
+  explicit Hourglass(MainWindowView& vue) : vue_(vue) { vue_.ChangeSablier(true); }
+  Hourglass(const Hourglass&) = delete;
+  Hourglass& operator=(const Hourglass&) = delete;
+  ~Hourglass() { vue_.ChangeSablier(false); }
+
+ private:
+  MainWindowView& vue_;
+};
+
+}  // namespace
+
+void mnuGrid_Click(CoordState& state, Platform& io) {
+  const auto datums = TrouveDatums(state, io);
+  if (!datums) return;
+  const auto file = io.files.Cree(ChoisitSortie(io, "IFBL.PRN") + "IFBL.PRN");
+  EcritPrnGrille(*file, *datums);
+  file->Remplace();
+  Annonce(state, io, "Terminé");
+}
+
+void CreationIFBLGrid(CoordState& state, Platform& io) {
+  const auto datums = TrouveDatums(state, io);
+  if (!datums) return;
+  const auto file = io.files.Cree(ChoisitSortie(io, "ifbl.prn") + "ifbl.prn");
+  EcritPrnMailles(*file, *datums);
+  file->Remplace();
+  Annonce(state, io, "traitement terminé");
+}
+
+void CreationIFBLGridPolygon(CoordState& state, Platform& io) {
+  const std::string folder = ChoisitSortie(io, "IFBL .mif .mid");
+  std::vector<std::unique_ptr<OutputFile>> files;
+  const auto open = [&](const IfblPolygons& p, const char* extension) -> OutputFile& {
+    files.push_back(io.files.Cree(folder + std::string(p.name) + extension));
+    return *files.back();
+  };
+  for (const IfblPolygons& polygons : PairesDeFichiers()) {
+    EcritMif(open(polygons, ".mif"), polygons);
+    EcritMid(open(polygons, ".mid"), polygons);
+  }
+  for (const auto& file : files) file->Remplace();
+  Annonce(state, io, "traitement terminé");
+}
+
+void CreationPrnNational(Platform& io, MainWindowView& vue, Grille grid,
+                         const DessinePoint& dessine) {
+  const std::string name = io.dialogues.Saisie(
+      {.prompt = grid == Grille::British ? "File Name for the PRN British National Grid"
+                                         : "File Name for the PRN Irish TM Grid"});
+  if (name.empty()) return;
+  const Hourglass hourglass(vue);
+  const auto file = io.files.Cree(name);
+  EcritPrnNational(*file, grid, dessine);
+  file->Remplace();
+}
+
+}  // namespace talpena

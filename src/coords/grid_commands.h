@@ -1,0 +1,27 @@
+// The commands that write grid files. Failures are thrown, the window shows them; a file that
+// could not be written whole leaves the former one as it was.
+#pragma once
+#include "coords/prn_files.h"
+#include "coords/state.h"
+#include "platform/main_window_view.h"
+#include "platform/platform.h"
+
+namespace talpena {
+
+/// Asks for a folder and writes "IFBL.PRN" there, see EcritPrnGrille; message "Terminé". A
+/// catalogue without BEL72 or EUR-M gives message 808 instead.
+void mnuGrid_Click(CoordState& state, Platform& io);
+
+/// The same with "ifbl.prn", see EcritPrnMailles; message "traitement terminé".
+void CreationIFBLGrid(CoordState& state, Platform& io);
+
+/// Asks for a folder and writes the three pairs "ifbl01x01", "ifbl04x04", "ifbl32x20" of .mif and
+/// .mid files there; message "traitement terminé". None is put in place before all are written.
+void CreationIFBLGridPolygon(CoordState& state, Platform& io);
+
+/// Asks for a file name (empty: nothing happens) and writes a national grid to it under the
+/// hourglass, see EcritPrnNational. No message at the end.
+void CreationPrnNational(Platform& io, MainWindowView& vue, Grille grid,
+                         const DessinePoint& dessine = {});
+
+}  // namespace talpena

@@ -1,0 +1,199 @@
+#include "coords/original.h"
+
+#include <cmath>
+#include <functional>
+
+#include "common/numbers.h"
+#include "common/text.h"
+#include "coords/datum.h"
+#include "coords/faults.h"
+#include "coords/ifbl.h"
+#include "coords/mgrs.h"
+#include "coords/national_grids.h"
+#include "coords/tokens.h"
+#include "coords/utm.h"
+
+namespace talpena {
+namespace {
+
+/// A point in decimal degrees, or a failure.
+struct Place {
+  double latitude = EchecCoord;
+  double longitude = EchecCoord;
+};
+
+Place EnPlace(double phi, double lambda) { return {EnDegres(phi), EnDegres(lambda)}; }
+
+Place LitDegres(std::string_view text) {
+  std::string_view latitude, longitude;
+  DecoupeDeux(text, latitude, longitude);
+  return {NombreDe(latitude), NombreDe(longitude)};
+}
+
+// One set of variables for both: a longitude without seconds has those of the latitude.
+// Held by DecodeOriginal.TheLongitudeInheritsSeconds.
+Place LitDms(std::string_view text) {
+  std::string_view latitude, longitude;
+  DecoupeDeux(text, latitude, longitude);
+  Dms dms;
+  Place place;
+  DecoupeDms(latitude, dms);
+  place.latitude = DmsVersDegres(dms);
+  DecoupeDms(longitude, dms);
+  place.longitude = DmsVersDegres(dms);
+  return place;
+}
+
+Place LitUtm(const DatumCatalogue& c, std::string_view text) {
+  std::string_view zoneText, eastingText, northingText;
+  DecoupeTrois(text, zoneText, eastingText, northingText);
+  const std::int16_t zone = Arrondi16(NombreDe(zoneText));
+  const double easting = NombreDe(eastingText);
+  double northing = NombreDe(northingText);
+  if (zone == 0 || easting == 0) return {};
+  double phi = 0, lambda = 0;
+  UtmVersLatLon(c.DemiGrandAxe, c.Aplatissement, phi, lambda, zone, northing, easting);
+  return EnPlace(phi, lambda);
+}
+
+// A reference of another length than the 15 characters of a complete one cannot be read; one that
+// is refused for its letters is 0, 0.
+Place LitMgrs(const DatumCatalogue& c, std::string_view text) {
+  constexpr std::size_t complete = 15;
+  std::string_view zoneText, band, square;
+  DecoupeTrois(text, zoneText, band, square);
+  if (zoneText.empty() || band.empty() || square.empty()) return {};
+  std::string digits(square);
+  CompleteGrille(digits);
+  std::string mgrs(zoneText.size() == 1 ? "0" : "");
+  mgrs.append(zoneText).append(band).append(digits);
+  if (mgrs.size() != complete) return {};
+  double phi = 0, lambda = 0, northing = 0, easting = 0;
+  std::int16_t zone = 0;
+  int error = 0;
+  MgrsVersLatLon(mgrs, c.EllipsoideCourant, c.DemiGrandAxe, c.Aplatissement, phi, lambda, zone,
+                 northing, easting, error);
+  return EnPlace(phi, lambda);
+}
+
+Place LitGrades(std::string_view text) {
+  std::string_view latitude, longitude;
+  DecoupeDeux(text, latitude, longitude);
+  Place place;
+  GradesParisVersLatLon(EnSimple(NombreDe(latitude)), EnSimple(NombreDe(longitude)), place.latitude,
+                        place.longitude);
+  return place;
+}
+
+Place LitLettres(Grille grid, std::string_view text) {
+  std::string_view letters, square;
+  DecoupeDeux(text, letters, square);
+  if (letters.empty() || square.empty()) return {};
+  std::string digits("**");  // in the place of the letters
+  digits.append(square);
+  CompleteGrille(digits);
+  const std::string_view complete = digits;
+  const double eastKm = NombreDe(complete.substr(2, 5)) / 1000;
+  const double northKm =
+      NombreDe(complete.substr(std::min<std::size_t>(7, complete.size())).substr(0, 5)) / 1000;
+  double easting = 0, northing = 0;
+  if (grid == Grille::British) {
+    LettresVersBritish(Majuscules(letters), eastKm, northKm, easting, northing);
+  } else {
+    LettresVersIrish(Majuscules(letters), northKm, eastKm, northing, easting);
+  }
+  Place place;
+  GrilleVersLatLon(grid, northing, easting, place.latitude, place.longitude);
+  place.longitude = LongitudeSignee(place.longitude);
+  return place;
+}
+
+/// x and y of the two tokens, both of them not 0, through an inverse projection.
+template <typename Inverse>
+Place LitMetres(std::string_view text, Inverse inverse) {
+  std::string_view xText, yText;
+  DecoupeDeux(text, xText, yText);
+  const double x = NombreDe(xText), y = NombreDe(yText);
+  Place place;
+  if (x == 0 || y == 0) return place;
+  inverse(x, y, place.latitude, place.longitude);
+  return place;
+}
+
+Place LitIfbl(std::string_view text) {
+  double x = 0, y = 0;
+  std::int16_t error = 0;
+  IfblVersLambert(text.substr(std::min<std::size_t>(4, text.size())), x, y, error);
+  Place place;
+  if (x == 0 || y == 0) return place;
+  LambertBelgeVersLatLon(x, y, place.latitude, place.longitude);
+  return place;
+}
+
+Place LitFrance(CoordState& state, std::string_view text, int zone) {
+  return LitMetres(text, [&](double x, double y, double& latitude, double& longitude) {
+    LambertFranceVersLatLon(state.LambertFrance, x, y, latitude, longitude, zone);
+  });
+}
+
+Place LitMaroc(CoordState& state, std::string_view text, int zone) {
+  return LitMetres(text, [&](double x, double y, double& latitude, double& longitude) {
+    LambertUnParalleleVersLatLon(state.LambertUnParallele, x, y, latitude, longitude, zone);
+  });
+}
+
+Place Lit(CoordState& state, CoordSystem system, std::string_view text) {
+  switch (system) {
+    case CoordSystem::Deg:
+      return LitDegres(text);
+    case CoordSystem::Dms:
+      return LitDms(text);
+    case CoordSystem::Utm:
+      return LitUtm(state.Catalogue, text);
+    case CoordSystem::Mgr:
+      return LitMgrs(state.Catalogue, text);
+    case CoordSystem::Grp:
+      return LitGrades(text);
+    case CoordSystem::Bng:
+      return LitLettres(Grille::British, text);
+    case CoordSystem::Itm:
+      return LitLettres(Grille::Irish, text);
+    case CoordSystem::Lmb:
+      return LitMetres(text, LambertBelgeVersLatLon);
+    case CoordSystem::Ifb:
+      return LitIfbl(text);
+    case CoordSystem::Lf1:
+    case CoordSystem::Lf2:
+    case CoordSystem::Lf3:
+    case CoordSystem::Lf4:
+    case CoordSystem::Lfe:
+      return LitFrance(state, text,
+                       1 + static_cast<int>(system) - static_cast<int>(CoordSystem::Lf1));
+    case CoordSystem::Nma:
+      return LitMaroc(state, text, 1);
+    case CoordSystem::Sma:
+      return LitMaroc(state, text, 2);
+  }
+  return {};
+}
+
+}  // namespace
+
+void DecodeOriginal(CoordState& state, std::string_view original, std::int16_t datum,
+                    double& latitude, double& longitude, std::string& code) {
+  ChoisitEllipsoide(state.Catalogue, datum);
+  code = PremiersCaracteres(original, 3);
+  Place place;
+  if (const auto system = SystemeDe(code)) {
+    try {
+      place = Lit(state, *system, original);
+    } catch (const TalpenaError&) {  // arithmetic without a result: no place
+      place = {};
+    }
+  }
+  if (!std::isfinite(place.latitude) || !std::isfinite(place.longitude)) place = {};
+  latitude = place.latitude;
+  longitude = place.longitude;
+}
+
+}  // namespace talpena

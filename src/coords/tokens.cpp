@@ -1,0 +1,116 @@
+#include "coords/tokens.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <span>
+
+#include "common/numbers.h"
+#include "common/text.h"
+
+namespace talpena {
+namespace {
+
+/// The pieces between single blanks, at most as many as there is room for; their number. Of a run
+/// of blanks every second one counts.
+std::size_t Pieces(std::string_view text, std::span<std::string_view> pieces) {
+  std::size_t count = 0;
+  std::size_t start = 0;
+  for (std::size_t i = 0; i <= text.size(); ++i) {
+    if (i < text.size() && text[i] != ' ') continue;
+    if (count < pieces.size()) pieces[count] = text.substr(start, i - start);
+    ++count;
+    if (i + 1 < text.size() && text[i + 1] == ' ') ++i;
+    start = i + 1;
+  }
+  return count;
+}
+
+double DixPuissance(std::size_t exponent) { return std::pow(10.0, static_cast<double>(exponent)); }
+
+/// Minutes and, if there are any, seconds from the digits behind the point.
+void LitMinutes(std::string_view rest, Dms& dms) {
+  dms.minutes = EnSimple(Val(rest.substr(0, 2)));
+  if (rest.size() <= 2) return;
+  const std::string_view seconds = rest.substr(2);
+  const std::size_t decimals = seconds.size() < 2 ? 0 : seconds.size() - 2;
+  dms.seconds = EnSimple(Val(seconds) / DixPuissance(decimals));
+}
+
+}  // namespace
+
+void DecoupeDeux(std::string_view text, std::string_view& first, std::string_view& second) {
+  std::array<std::string_view, 3> pieces;
+  const bool matches = Pieces(text, pieces) == pieces.size();
+  first = matches ? pieces[1] : std::string_view();
+  second = matches ? pieces[2] : std::string_view();
+}
+
+void DecoupeTrois(std::string_view text, std::string_view& first, std::string_view& second,
+                  std::string_view& third) {
+  std::array<std::string_view, 4> pieces;
+  const bool matches = Pieces(text, pieces) == pieces.size();
+  first = matches ? pieces[1] : std::string_view();
+  second = matches ? pieces[2] : std::string_view();
+  third = matches ? pieces[3] : std::string_view();
+}
+
+void RemplaceCar(std::string& text, char search, char replacement) {
+  std::replace(text.begin(), text.end(), search, replacement);
+}
+
+double NombreDe(std::string_view token) {
+  if (token.find(',') == std::string_view::npos) return Val(token);
+  std::string text(token);
+  RemplaceCar(text, ',', '.');
+  return Val(text);
+}
+
+void DecoupeDms(std::string_view given, Dms& dms) {
+  std::string text(Rogne(given));
+  if (text.empty()) return;
+  dms.sign = text.front() == '-' ? '-' : '+';
+  RemplaceCar(text, ',', '.');
+  const std::size_t point = text.find('.');
+  if (point == std::string::npos || point + 1 == text.size()) {
+    dms.degrees = EnSimple(Val(text));
+    dms.minutes = 0;
+    dms.seconds = 0;
+    return;
+  }
+  const std::string_view whole = text;
+  dms.degrees = EnSimple(std::fabs(Val(whole.substr(0, point))));
+  LitMinutes(whole.substr(point + 1), dms);
+}
+
+// Extended precision where the machine has it, rounded once at the end.
+double DmsVersDegres(const Dms& dms) {
+  const long double degrees = dms.degrees;
+  const long double minutes = dms.minutes;
+  const long double seconds = dms.seconds;
+  const long double value = dms.sign == '+' ? degrees + minutes / 60 + seconds / 3600
+                                            : -degrees - minutes / 60 - seconds / 3600;
+  return static_cast<double>(value);
+}
+
+void CompleteGrille(std::string& reference) {
+  std::erase(reference, ' ');
+  const bool zoned = !reference.empty() && reference[0] >= '0' && reference[0] <= '9';
+  const std::size_t prefix = zoned ? 5 : 2;
+  if (reference.size() <= prefix) return;
+  const std::size_t digits = reference.size() - prefix;
+  if (digits % 2 != 0 || digits > 8) return;
+  const std::string_view filler = std::string_view("4999").substr(0, 5 - digits / 2);
+  reference.append(filler);
+  reference.insert(prefix + digits / 2, filler);
+}
+
+void NombrePourGrille(std::string& text) {
+  if (const std::size_t comma = text.find(','); comma != std::string::npos) text[comma] = '.';
+  for (std::size_t i = 1; i + 1 < text.size(); ++i) {
+    if (text[i] != '0' || text[i + 1] == '.') return;
+    text[i] = ' ';
+  }
+}
+
+}  // namespace talpena
