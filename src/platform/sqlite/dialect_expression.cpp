@@ -195,7 +195,7 @@ bool DialectParser::LitSuite(Expression& left, int minimum) {
   if (op->precedence == Comparison) {
     left = Compare(std::move(left), op->text, std::move(right));
   } else if (op->precedence < Not) {
-    left = Logique(std::move(left), op->precedence, std::move(right));
+    left = Logique(std::move(left), op->precedence, right);
   } else {
     left = Calcul(std::move(left), op->precedence, op->text, std::move(right));
   }
