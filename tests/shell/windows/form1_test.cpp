@@ -302,7 +302,8 @@ TEST(Form1, EveryLetterOfTheWindowIsItsOwn) {
     m.Entree(("MnuLang_" + std::to_string(language)).c_str())->trigger();
     QStringList shown;
     for (const QAction* menu : m.form->menuBar()->actions()) {
-      if (menu->isEnabled()) shown << menu->text();
+      // "Grille" is given without a letter: the arrow keys reach it.
+      if (menu->isEnabled() && menu->menu() != nullptr) shown << menu->text();
     }
     for (const char* name : {"LblTri", "LabelTitre", "LabelCommentaire"}) {
       shown << m.Controle<QLabel>(name)->text();
