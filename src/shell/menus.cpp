@@ -143,8 +143,8 @@ constexpr std::array langues = {
     MenuEntry{.control = "MnuLang", .index = 4, .base = 81, .command = MenuCommand::Lang},
     MenuEntry{.control = "MnuLang", .index = 5, .base = 82, .command = MenuCommand::Lang},
 };
-// Tools that need no open file.
 constexpr std::array outils = {
+    MenuEntry{.control = "MnuDatumFichier", .base = 964, .command = MenuCommand::DatumFichier},
     MenuEntry{.control = "MnuLmbIfbl", .base = 961, .command = MenuCommand::LmbIfbl},
     MenuEntry{.control = "MnuIFBLGrid", .base = 962, .command = MenuCommand::IFBLGrid},
     MenuEntry{.control = "MnuIFBLGridPolygon", .base = 963,
@@ -210,7 +210,7 @@ std::string LibelleMenu(const MenuEntry& entry, std::int16_t langue) {
 
 namespace {
 
-/// Commands over rows stand in a menu that needs a file, and so need it themselves.
+/// Commands over rows need a file, whatever menu they stand in.
 bool VaSurLesLignes(MenuCommand command) {
   switch (command) {
     case MenuCommand::RemplirCoo:
@@ -218,6 +218,7 @@ bool VaSurLesLignes(MenuCommand command) {
     case MenuCommand::RemplirTexte:
     case MenuCommand::AjustGrid:
     case MenuCommand::AjustIFBL:
+    case MenuCommand::DatumFichier:
       return true;
     default:
       return false;

@@ -25,11 +25,12 @@ enum class MenuCommand : std::uint8_t {
   RemplirCoo,  ///< by index, 0 to 2
   RemplirXY,   ///< by index, 0 to 5
   RemplirTexte,
-  AjustGrid,  ///< by index, 0 to 2
-  AjustIFBL,  ///< by index, 0 to 2
-  Lang,       ///< by index, 0 to 5
-  LmbIfbl,    ///< the converter of single points
-  IFBLGrid,   ///< grid lines of 4 and 1 km
+  AjustGrid,     ///< by index, 0 to 2
+  AjustIFBL,     ///< by index, 0 to 2
+  Lang,          ///< by index, 0 to 5
+  DatumFichier,  ///< another datum for the open file
+  LmbIfbl,       ///< the converter of single points
+  IFBLGrid,      ///< grid lines of 4 and 1 km
   IFBLGridPolygon,
   Grid,  ///< grid lines of 32 by 20 km
   Info

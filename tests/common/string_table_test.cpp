@@ -108,7 +108,7 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(920, 930);  // names, about, saving
   covered(940, 942);  // record editor
   covered(950, 959);  // converter between Lambert belge and IFBL
-  covered(960, 963);  // coordinate tools
+  covered(960, 964);  // coordinate tools
 }
 
 TEST(StringTable, GivesTheTextOfTheLanguage) {

@@ -109,7 +109,8 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
   expected.insert({"MnuRemplirCoo_0", "MnuRemplirCoo_1", "MnuRemplirCoo_2", "MnuRemplirXY_0",
                    "MnuRemplirXY_1", "MnuRemplirXY_2", "MnuRemplirXY_3", "MnuRemplirXY_4",
                    "MnuRemplirXY_5", "MnuRemplirTexte", "mnuAjustGrid_0", "mnuAjustGrid_1",
-                   "mnuAjustGrid_2", "mnuAjustIFBL_0", "mnuAjustIFBL_1", "mnuAjustIFBL_2"});
+                   "mnuAjustGrid_2", "mnuAjustIFBL_0", "mnuAjustIFBL_1", "mnuAjustIFBL_2",
+                   "MnuDatumFichier"});
   EXPECT_EQ(Actifs(true), expected);
 }
 

@@ -126,6 +126,7 @@ void ChangeDatumFichier(CommandContext c, const std::string& code) {
   if (index == 0) return DitDatumsInconnus(c, {std::string(Rogne(code))});
   c.state.DatumFichierCode = Rogne(code);
   c.state.DatumFichier = index;
+  c.state.FichierModifie = true;
   if (c.vue.GrilleVisible()) AjusteDegres(c, SansMaille, SansMaille);
   c.vue.AffichePanneauDatum(c.state.DatumFichierCode);
 }

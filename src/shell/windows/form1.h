@@ -123,6 +123,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void CmbTri_Click();
   void MnuGrille_Click();
   void MnuTxtGrille_Click();
+  void MnuDatumFichier_Click();
   void MnuInfo_Click();
   void Timer1_Tick();
   void ActiveControles();

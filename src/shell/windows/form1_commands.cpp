@@ -15,6 +15,7 @@
 #include "coords/grid_commands.h"
 #include "coords/snap.h"
 #include "coords/windows/ajustement.h"
+#include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
 #include "platform/commands.h"
 #include "platform/qt/colours.h"
@@ -138,6 +139,8 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
         return mnuAjustGrid_Click(Commandes(), entry.index);
       case MenuCommand::AjustIFBL:
         return mnuAjustIFBL_Click(Commandes(), entry.index);
+      case MenuCommand::DatumFichier:
+        return MnuDatumFichier_Click();
       case MenuCommand::LmbIfbl:
         return static_cast<void>(frmLmbIfbl(state_, this).exec());
       case MenuCommand::IFBLGrid:
@@ -205,6 +208,13 @@ void Form1::MnuTxtGrille_Click() {
 void Form1::MnuInfo_Click() { frmEastern(state_.Langue, this).exec(); }
 
 void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, this).exec(); }
+
+void Form1::MnuDatumFichier_Click() {
+  frmDatum chooser(state_, this);
+  chooser.Selectionne(state_.DatumFichierCode);
+  chooser.exec();
+  if (!chooser.Resultat().empty()) ChangeDatumFichier(Commandes(), chooser.Resultat());
+}
 
 bool Form1::MontreAjustement() { return Ajustement(state_, this).Demande(); }
 

@@ -245,6 +245,7 @@ TEST(ChangeDatumFichier, RecomputesAllRows) {
   EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129"}));
   EXPECT_EQ(w.state.DatumFichierCode, "EUR-M");
   EXPECT_EQ(w.vue.panneauDatum, "EUR-M");
+  EXPECT_TRUE(w.state.FichierModifie);
   ChangeDatumFichier(w.Contexte(), "WGS84");
   EXPECT_EQ(w.Points(), (Lines{"50.5 4.25"}));
 }

@@ -184,6 +184,21 @@ TEST(Form1, RecomputesAFileOfTheOldForm) {
   EXPECT_EQ(Colonne(m, 2), std::vector<std::string>{"3"});
 }
 
+TEST(Form1, ChangesTheDatumOfTheFile) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
+  QTimer::singleShot(0, [&] {
+    auto* dialog = m.form->findChild<QDialog*>("frmDatum");
+    ASSERT_NE(dialog, nullptr);
+    QTest::keyClicks(dialog->findChild<QWidget*>("ListView1"), "EUR-M");
+    QTest::keyClick(dialog, Qt::Key_Return);
+  });
+  m.Entree("MnuDatumFichier")->trigger();
+  EXPECT_EQ(m.Controle<QLabel>("StatusBar1_Panel_3")->text(), "EUR-M");
+  EXPECT_EQ(Colonne(m, 1), std::vector<std::string>{"50.10085"});
+  EXPECT_TRUE(m.state.FichierModifie);
+}
+
 TEST(Form1, WritesGridFilesIntoAChosenFolder) {
   Form1Machine m;
   m.form->Charge({});
