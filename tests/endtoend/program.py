@@ -194,10 +194,11 @@ def adjusts_and_fills_by_keyboard(s):
         out.write("\r\n".join(lines))
     program = s.start(path)
     program.activate()
-    # Edit, Adjust coordinates, IFBL, 1 x 1 km; then Edit, Insert in free field, IFBL.
+    # Edit, Adjust coordinates, IFBL, 1 x 1 km; then Edit, Insert in free field, IFBL (the
+    # English letters F and I stand twice there).
     program.keys("alt+e", "j", "i", "Down", "Down", "Return")
     time.sleep(1)
-    program.keys("alt+e", "f", "i")
+    program.keys("alt+e", "Right", "i", "i", "Return")
     time.sleep(1)
     program.keys("ctrl+s")
     wait_for("the save", lambda: os.path.exists(path[:-3] + "BAK"))
@@ -285,6 +286,7 @@ def takes_pictures(s):
 
 
 SCENARIOS = [opens_edits_saves_by_keyboard, sorts_and_keeps_a_refused_cell_in_edit,
+             adjusts_and_fills_by_keyboard,
              second_instance_tells_and_ends, starts_again_after_a_crash,
              cancel_at_the_close_box_closes_without_settings,
              starts_through_a_link_and_takes_blanks, takes_pictures]

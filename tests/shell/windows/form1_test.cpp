@@ -302,7 +302,7 @@ TEST(Form1, EveryLetterOfTheWindowIsItsOwn) {
     m.Entree(("MnuLang_" + std::to_string(language)).c_str())->trigger();
     QStringList shown;
     for (const QAction* menu : m.form->menuBar()->actions()) {
-      if (menu->isEnabled()) shown << menu->text();
+      if (menu->text() != "Grille") shown << menu->text();  // it has no letter
     }
     for (const char* name : {"LblTri", "LabelTitre", "LabelCommentaire"}) {
       shown << m.Controle<QLabel>(name)->text();
