@@ -5,6 +5,7 @@
 //   coords_bench [points]
 #include <GeographicLib/MGRS.hpp>
 #include <GeographicLib/UTMUPS.hpp>
+#include <algorithm>
 #include <cstdio>
 #include <string>
 #include <vector>
@@ -156,8 +157,12 @@ int main(int argc, char** argv) {
     for (int k = 0; k < count; ++k) sample.originals.push_back(maker.Original(sample.system));
     const bool mgrs = sample.system == CoordSystem::Mgr;
     const double perPoint = 1e6 / count;
-    const double ours = Ours(state, sample, sum) * perPoint;
-    const double peer = (mgrs ? GeographicLibs(sample, sum) : Projs(state, sample, sum)) * perPoint;
+    double ours = 1e9, peer = 1e9;  // by turns, the best of each: a burst of other work hits both
+    for (int round = 0; round < 3; ++round) {
+      ours = std::min(ours, Ours(state, sample, sum) * perPoint);
+      peer = std::min(peer,
+                      (mgrs ? GeographicLibs(sample, sum) : Projs(state, sample, sum)) * perPoint);
+    }
     std::printf("%s  %6.0f ns  %-13s %6.0f ns  ratio %5.2f%s\n",
                 std::string(InfoDe(sample.system).code).c_str(), ours,
                 mgrs ? "GeographicLib" : "PROJ", peer, ours / peer,

@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "common/text.h"
-#include "store/cp1252_decode.h"
 
 namespace talpena::fuzz {
 

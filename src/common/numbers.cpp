@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <optional>
 
 #include "common/talpena_error.h"
 #include "common/text.h"
@@ -102,20 +101,6 @@ double Convertit(const std::string& number) {
   throw TalpenaError(ErrorNumber::Overflow, "Overflow");
 }
 
-/// The value of a text that is a number from end to end and has no blanks in it, as most are;
-/// empty for any other.
-std::optional<double> NombreNu(std::string_view text) {
-  const bool plus = !text.empty() && text.front() == '+';
-  if (plus) text.remove_prefix(1);
-  const std::size_t first = !plus && !text.empty() && text.front() == '-' ? 1 : 0;
-  if (text.size() <= first || !EstChiffre(text[first])) return std::nullopt;
-  double value = 0;
-  const char* end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, value);
-  if (result.ec != std::errc() || result.ptr != end) return std::nullopt;
-  return value;
-}
-
 template <typename Float>
 std::string Ecrit(Float value) {
   if (value == 0) return "0";
@@ -146,7 +131,6 @@ Integer Arrondi(double value) {
 }  // namespace
 
 double Val(std::string_view text) {
-  if (const auto plain = NombreNu(text)) return *plain;
   BlankSkipper in(text);
   const std::string number = PrendNombre(in);
   return number.empty() ? 0 : Convertit(number);

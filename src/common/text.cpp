@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace talpena {
 namespace {
@@ -143,6 +144,19 @@ std::optional<std::string> Utf8VersCp1252(std::string_view text, std::string* mi
 
 std::string Utf8VersCp1252AvecManques(std::string_view text) {
   return *Encode(text, true, nullptr);
+}
+
+bool EstAscii(std::string_view bytes) {
+  constexpr std::uint64_t highBits = 0x8080808080808080U;
+  std::uint64_t seen = 0;
+  std::size_t i = 0;
+  for (; i + sizeof seen <= bytes.size(); i += sizeof seen) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, bytes.data() + i, sizeof eight);
+    seen |= eight;
+  }
+  for (; i < bytes.size(); ++i) seen |= static_cast<unsigned char>(bytes[i]);
+  return (seen & highBits) == 0;
 }
 
 std::size_t CompteCaracteres(std::string_view utf8) {

@@ -18,6 +18,9 @@ std::optional<std::string> Utf8VersCp1252(std::string_view text, std::string* mi
 /// The same with "?" for every character that the code page lacks.
 std::string Utf8VersCp1252AvecManques(std::string_view text);
 
+/// True when no byte of the text is 80 (hexadecimal) or above.
+bool EstAscii(std::string_view bytes);
+
 /// Number of characters (code points) of a UTF-8 text; malformed bytes count one each.
 std::size_t CompteCaracteres(std::string_view utf8);
 

@@ -13,38 +13,58 @@ struct Shift {
   double dx, dy, dz;  ///< metres
 };
 
-/// Steps common to both procedures: the two increments of the standard Molodensky formulas. The
+/// An angle in radians with its sine and cosine.
+struct Angle {
+  explicit Angle(double radians)
+      : value(radians), sine(std::sin(radians)), cosine(std::cos(radians)) {}
+  Angle(double radians, double s, double c) : value(radians), sine(s), cosine(c) {}
+
+  /// The angle `radians`, which lies close to this one as a rule: a rotation by the difference,
+  /// whose series is exact to the last digit where it is used.
+  Angle Voisin(double radians) const {
+    constexpr double small = 1e-3;
+    const double d = radians - value;
+    if (!(std::fabs(d) < small)) return Angle(radians);
+    const double s = d * (1 - d * d / 6), c = 1 - d * d / 2 * (1 - d * d / 12);
+    return {radians, sine * c + cosine * s, cosine * c - sine * s};
+  }
+
+  double value, sine, cosine;
+};
+
+struct Point {
+  Angle phi, lambda;
+};
+
+/// Steps common to all procedures: the two increments of the standard Molodensky formulas. The
 /// third, of the height, is nobody's: heights are not kept.
-void Pas(double latitude, double longitude, double height, double a, double f, const Shift& s,
-         double& outLatitude, double& outLongitude) {
-  const double phi = EnRadians(latitude);
-  const double lambda = EnRadians(longitude);
-  const double sinPhi = std::sin(phi), cosPhi = std::cos(phi);
-  const double sinLambda = std::sin(lambda), cosLambda = std::cos(lambda);
+void Pas(const Point& p, double height, double a, double f, const Shift& s, double& outLatitude,
+         double& outLongitude) {
+  const double phi = p.phi.value, lambda = p.lambda.value;
+  const double sinPhi = p.phi.sine, cosPhi = p.phi.cosine;
+  const double sinLambda = p.lambda.sine, cosLambda = p.lambda.cosine;
 
   const double e2 = 2 * f - f * f;
   const double q = Divise(1, 1 - f);
   // phi squared, not sin(phi) squared: all stored coordinates were shifted with this form.
   // Held by MolodenskyDatum.KeepsTheStoredForm.
   const double w2 = Positif(1 - e2 * phi * phi);
-  const double w = std::sqrt(w2);
-  const double rn = Divise(a, w);
-  const double rm = (1 - e2) * a / (w2 * w);
+  const double perW = Divise(1, std::sqrt(w2));
+  const double rn = a * perW;
+  const double rm = (1 - e2) * a * perW * perW * perW;
 
   double n = -s.dx * sinPhi * cosLambda - s.dy * sinPhi * sinLambda + s.dz * cosPhi;
-  n = n + Divise(rn * e2 * sinPhi * cosPhi * s.da, a);
-  n = n + (rn / q + rm * q) * s.df * sinPhi * cosPhi;
-  const double dPhi = Fini(n / (rm + height));
+  n = n + e2 * sinPhi * cosPhi * s.da * perW;  // rn / a is perW
+  n = n + (rn * (1 - f) + rm * q) * s.df * sinPhi * cosPhi;
+  const double dPhi = Fini(Divise(n, rm + height));
   const double dLambda = Fini((-s.dx * sinLambda + s.dy * cosLambda) / ((rn + height) * cosPhi));
   outLatitude = EnDegres(phi + dPhi);
   outLongitude = EnDegres(lambda + dLambda);
 }
 
-}  // namespace
-
-void MolodenskyDatum(const DatumCatalogue& catalogue, double latitude, double longitude,
-                     double height, double& outLatitude, double& outLongitude, std::int16_t datum,
-                     int direction) {
+/// The step of a datum, from a point given in radians.
+void PasDuDatum(const DatumCatalogue& catalogue, const Point& p, double height, double& outLatitude,
+                double& outLongitude, std::int16_t datum, int direction) {
   const DatumRecord& d = catalogue.Datum(datum);
   const EllipsoidRecord& ellipsoid = catalogue.Ellipsoide(d.ellipsoid);
   const double f = Divise(1, ellipsoid.inverseFlattening);
@@ -54,7 +74,20 @@ void MolodenskyDatum(const DatumCatalogue& catalogue, double latitude, double lo
                     .dx = s * d.dx,
                     .dy = s * d.dy,
                     .dz = s * d.dz};
-  Pas(latitude, longitude, height, ellipsoid.a, f, shift, outLatitude, outLongitude);
+  Pas(p, height, ellipsoid.a, f, shift, outLatitude, outLongitude);
+}
+
+Point EnPoint(double latitude, double longitude) {
+  return {Angle(EnRadians(latitude)), Angle(EnRadians(longitude))};
+}
+
+}  // namespace
+
+void MolodenskyDatum(const DatumCatalogue& catalogue, double latitude, double longitude,
+                     double height, double& outLatitude, double& outLongitude, std::int16_t datum,
+                     int direction) {
+  PasDuDatum(catalogue, EnPoint(latitude, longitude), height, outLatitude, outLongitude, datum,
+             direction);
 }
 
 void MolodenskyParametres(double latitude, double longitude, double height, double da, double df,
@@ -65,8 +98,8 @@ void MolodenskyParametres(double latitude, double longitude, double height, doub
   // Held by MolodenskyParametres.KeepsTheStoredFlattening.
   const double f = df == 0 ? 1 / 298.25722356 : 1 / (-1 / ((1 / 298.257223563) * df));
   const double a = da == 0 ? 6378137.0 : -(da - 6378137.0);
-  Pas(latitude, longitude, height, a, f, {.da = da, .df = df, .dx = dx, .dy = dy, .dz = dz},
-      outLatitude, outLongitude);
+  Pas(EnPoint(latitude, longitude), height, a, f,
+      {.da = da, .df = df, .dx = dx, .dy = dy, .dz = dz}, outLatitude, outLongitude);
 }
 
 void ConvertitDatum(const DatumCatalogue& catalogue, double latitude, double longitude,
@@ -77,15 +110,17 @@ void ConvertitDatum(const DatumCatalogue& catalogue, double latitude, double lon
     outLongitude = longitude;
     return;
   }
+  const Point given = EnPoint(latitude, longitude);
   double wgsLatitude = 0, wgsLongitude = 0;
-  MolodenskyDatum(catalogue, latitude, longitude, height, wgsLatitude, wgsLongitude, source, +1);
+  PasDuDatum(catalogue, given, height, wgsLatitude, wgsLongitude, source, +1);
   if (Rogne(catalogue.Datum(target).code) == "WGS84") {
     outLatitude = wgsLatitude;
     outLongitude = wgsLongitude;
     return;
   }
-  MolodenskyDatum(catalogue, wgsLatitude, wgsLongitude, height, outLatitude, outLongitude, target,
-                  -1);
+  const Point moved{given.phi.Voisin(EnRadians(wgsLatitude)),
+                    given.lambda.Voisin(EnRadians(wgsLongitude))};
+  PasDuDatum(catalogue, moved, height, outLatitude, outLongitude, target, -1);
 }
 
 }  // namespace talpena

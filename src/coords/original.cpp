@@ -44,7 +44,17 @@ Place LitDms(std::string_view text) {
   return place;
 }
 
-Place LitUtm(const DatumCatalogue& c, std::string_view text) {
+/// The series of the current ellipsoid, made anew when it changed.
+const UtmSeries& SeriesCourantes(CoordState& state) {
+  const DatumCatalogue& c = state.Catalogue;
+  std::optional<UtmSeries>& series = state.Series;
+  if (!series || series->a != c.DemiGrandAxe || series->f != c.Aplatissement) {
+    series.emplace(c.DemiGrandAxe, c.Aplatissement);
+  }
+  return *series;
+}
+
+Place LitUtm(CoordState& state, std::string_view text) {
   std::string_view zoneText, eastingText, northingText;
   DecoupeTrois(text, zoneText, eastingText, northingText);
   const std::int16_t zone = Arrondi16(NombreDe(zoneText));
@@ -52,13 +62,13 @@ Place LitUtm(const DatumCatalogue& c, std::string_view text) {
   double northing = NombreDe(northingText);
   if (zone == 0 || easting == 0) return {};
   double phi = 0, lambda = 0;
-  UtmVersLatLon(c.DemiGrandAxe, c.Aplatissement, phi, lambda, zone, northing, easting);
+  UtmVersLatLon(SeriesCourantes(state), phi, lambda, zone, northing, easting);
   return EnPlace(phi, lambda);
 }
 
 // A reference of another length than the 15 characters of a complete one cannot be read; one that
 // is refused for its letters is 0, 0.
-Place LitMgrs(const DatumCatalogue& c, std::string_view text) {
+Place LitMgrs(CoordState& state, std::string_view text) {
   constexpr std::size_t complete = 15;
   std::string_view zoneText, band, square;
   DecoupeTrois(text, zoneText, band, square);
@@ -71,7 +81,7 @@ Place LitMgrs(const DatumCatalogue& c, std::string_view text) {
   double phi = 0, lambda = 0, northing = 0, easting = 0;
   std::int16_t zone = 0;
   int error = 0;
-  MgrsVersLatLon(mgrs, c.EllipsoideCourant, c.DemiGrandAxe, c.Aplatissement, phi, lambda, zone,
+  MgrsVersLatLon(mgrs, state.Catalogue.EllipsoideCourant, SeriesCourantes(state), phi, lambda, zone,
                  northing, easting, error);
   return EnPlace(phi, lambda);
 }
@@ -149,9 +159,9 @@ Place Lit(CoordState& state, CoordSystem system, std::string_view text) {
     case CoordSystem::Dms:
       return LitDms(text);
     case CoordSystem::Utm:
-      return LitUtm(state.Catalogue, text);
+      return LitUtm(state, text);
     case CoordSystem::Mgr:
-      return LitMgrs(state.Catalogue, text);
+      return LitMgrs(state, text);
     case CoordSystem::Grp:
       return LitGrades(text);
     case CoordSystem::Bng:
@@ -182,7 +192,8 @@ Place Lit(CoordState& state, CoordSystem system, std::string_view text) {
 void DecodeOriginal(CoordState& state, std::string_view original, std::int16_t datum,
                     double& latitude, double& longitude, std::string& code) {
   ChoisitEllipsoide(state.Catalogue, datum);
-  code = PremiersCaracteres(original, 3);
+  code = original.substr(0, 3);
+  if (!EstAscii(code)) code = PremiersCaracteres(original, 3);
   Place place;
   if (const auto system = SystemeDe(code)) {
     try {

@@ -2,10 +2,12 @@
 #pragma once
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "coords/lambert.h"
+#include "coords/utm.h"
 #include "platform/settings_state.h"
 
 namespace talpena {
@@ -62,6 +64,8 @@ struct CoordState : SharedState {
 
   LambertParametres LambertFrance;       ///< of the two-parallel zone used last
   LambertParametres LambertUnParallele;  ///< of the one-parallel zone used last
+
+  std::optional<UtmSeries> Series;  ///< of the ellipsoid that UTM was read on last
 
   std::int16_t MailleChoisie = 0;  ///< mesh of the adjustment: 0 none, 1 to 7 for 100 m to 100 km
   std::int16_t GrilleChoisie = 1;  ///< grid that it is laid on: 1 UTM, 2 British, 3 Irish

@@ -27,6 +27,13 @@ constexpr std::array<CoordSystemInfo, CoordSystemCount> systems{{
     {"SMA", Notation::Metres, mer},
 }};
 
+/// The three letters of a code as one number.
+constexpr std::uint32_t Cle(std::string_view code) {
+  std::uint32_t key = 0;
+  for (const char letter : code) key = key << 8 | static_cast<unsigned char>(letter);
+  return key;
+}
+
 }  // namespace
 
 const CoordSystemInfo& InfoDe(CoordSystem system) {
@@ -34,11 +41,15 @@ const CoordSystemInfo& InfoDe(CoordSystem system) {
 }
 
 std::optional<CoordSystem> SystemeDe(std::string_view code) {
-  const auto found =
-      std::find_if(systems.begin(), systems.end(),
-                   [code](const CoordSystemInfo& info) { return info.code == code; });
-  if (found == systems.end()) return std::nullopt;
-  return static_cast<CoordSystem>(found - systems.begin());
+  constexpr auto keys = [] {
+    std::array<std::uint32_t, CoordSystemCount> all{};
+    for (std::size_t i = 0; i < all.size(); ++i) all[i] = Cle(systems[i].code);
+    return all;
+  }();
+  if (code.size() != 3) return std::nullopt;
+  const auto found = std::find(keys.begin(), keys.end(), Cle(code));
+  if (found == keys.end()) return std::nullopt;
+  return static_cast<CoordSystem>(found - keys.begin());
 }
 
 std::int16_t DatumDuSysteme(const CoordState& state, CoordSystem system) {

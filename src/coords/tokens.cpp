@@ -5,6 +5,7 @@
 #include <cmath>
 #include <span>
 
+#include "common/field_number.h"
 #include "common/numbers.h"
 #include "common/text.h"
 
@@ -15,26 +16,42 @@ namespace {
 /// of blanks every second one counts.
 std::size_t Pieces(std::string_view text, std::span<std::string_view> pieces) {
   std::size_t count = 0;
-  std::size_t start = 0;
-  for (std::size_t i = 0; i <= text.size(); ++i) {
-    if (i < text.size() && text[i] != ' ') continue;
-    if (count < pieces.size()) pieces[count] = text.substr(start, i - start);
+  for (std::size_t start = 0;;) {
+    const std::size_t blank = text.find(' ', start);
+    if (count < pieces.size()) pieces[count] = text.substr(start, blank - start);
     ++count;
-    if (i + 1 < text.size() && text[i + 1] == ' ') ++i;
-    start = i + 1;
+    if (blank == std::string_view::npos) return count;
+    const bool pair = blank + 1 < text.size() && text[blank + 1] == ' ';
+    start = blank + (pair ? 2 : 1);
   }
-  return count;
 }
 
-double DixPuissance(std::size_t exponent) { return std::pow(10.0, static_cast<double>(exponent)); }
+/// The number of a text that has digits only, as a rule, behind its sign.
+double Chiffres(std::string_view text) {
+  const std::size_t sign = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
+  constexpr std::size_t most = 9;
+  if (text.size() - sign > most || text.size() == sign) return NombreDe(text);
+  int value = 0;
+  for (const char c : text.substr(sign)) {
+    if (c < '0' || c > '9') return NombreDe(text);
+    value = value * 10 + (c - '0');
+  }
+  return text[0] == '-' ? -value : value;
+}
+
+double DixPuissance(std::size_t exponent) {
+  constexpr std::array<double, 8> powers{1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7};
+  return exponent < powers.size() ? powers[exponent]
+                                  : std::pow(10.0, static_cast<double>(exponent));
+}
 
 /// Minutes and, if there are any, seconds from the digits behind the point.
 void LitMinutes(std::string_view rest, Dms& dms) {
-  dms.minutes = EnSimple(Val(rest.substr(0, 2)));
+  dms.minutes = EnSimple(Chiffres(rest.substr(0, 2)));
   if (rest.size() <= 2) return;
   const std::string_view seconds = rest.substr(2);
   const std::size_t decimals = seconds.size() < 2 ? 0 : seconds.size() - 2;
-  dms.seconds = EnSimple(Val(seconds) / DixPuissance(decimals));
+  dms.seconds = EnSimple(Chiffres(seconds) / DixPuissance(decimals));
 }
 
 }  // namespace
@@ -59,28 +76,23 @@ void RemplaceCar(std::string& text, char search, char replacement) {
   std::replace(text.begin(), text.end(), search, replacement);
 }
 
-double NombreDe(std::string_view token) {
-  if (token.find(',') == std::string_view::npos) return Val(token);
-  std::string text(token);
-  RemplaceCar(text, ',', '.');
-  return Val(text);
-}
+double NombreDe(std::string_view token) { return ValChamp(token, Comma::IsPoint); }
 
 void DecoupeDms(std::string_view given, Dms& dms) {
-  std::string text(Rogne(given));
+  const std::string_view text = Rogne(given);
   if (text.empty()) return;
   dms.sign = text.front() == '-' ? '-' : '+';
-  RemplaceCar(text, ',', '.');
-  const std::size_t point = text.find('.');
-  if (point == std::string::npos || point + 1 == text.size()) {
-    dms.degrees = EnSimple(Val(text));
+  const auto isPoint = [](char c) { return c == '.' || c == ','; };
+  const auto point =
+      static_cast<std::size_t>(std::find_if(text.begin(), text.end(), isPoint) - text.begin());
+  if (point + 1 >= text.size()) {
+    dms.degrees = EnSimple(NombreDe(text));
     dms.minutes = 0;
     dms.seconds = 0;
     return;
   }
-  const std::string_view whole = text;
-  dms.degrees = EnSimple(std::fabs(Val(whole.substr(0, point))));
-  LitMinutes(whole.substr(point + 1), dms);
+  dms.degrees = EnSimple(std::fabs(Chiffres(text.substr(0, point))));
+  LitMinutes(text.substr(point + 1), dms);
 }
 
 // Extended precision where the machine has it, rounded once at the end.

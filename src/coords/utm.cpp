@@ -29,8 +29,9 @@ double Arc(const UtmSeries& u, double phi, const SinCos& of) {
 
 }  // namespace
 
-UtmSeries::UtmSeries(double demiGrandAxe, double aplatissement) : a(demiGrandAxe) {
-  const double inverseF = Divise(1, aplatissement);
+UtmSeries::UtmSeries(double demiGrandAxe, double aplatissement)
+    : a(demiGrandAxe), f(aplatissement) {
+  const double inverseF = Divise(1, f);
   b = Divise((inverseF - 1) * a, inverseF);
   const double a2 = a * a, b2 = b * b;
   e2 = Divise(a2 - b2, a2);

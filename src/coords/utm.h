@@ -26,6 +26,7 @@ struct UtmSeries {
   UtmSeries(double demiGrandAxe, double aplatissement);
 
   double a;    ///< semi-major axis, metres
+  double f;    ///< flattening
   double b;    ///< semi-minor axis, metres
   double e2;   ///< first eccentricity squared
   double ep2;  ///< second eccentricity squared

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
-#include <cstring>
 
 #include "common/text.h"
 
@@ -28,19 +27,6 @@ UpperHalf FaitMoitieHaute() {
 }
 
 }  // namespace
-
-bool EstAscii(std::string_view bytes) {
-  constexpr std::uint64_t highBits = 0x8080808080808080U;
-  std::uint64_t seen = 0;
-  std::size_t i = 0;
-  for (; i + sizeof seen <= bytes.size(); i += sizeof seen) {
-    std::uint64_t eight = 0;
-    std::memcpy(&eight, bytes.data() + i, sizeof eight);
-    seen |= eight;
-  }
-  for (; i < bytes.size(); ++i) seen |= static_cast<unsigned char>(bytes[i]);
-  return (seen & highBits) == 0;
-}
 
 void DecodeCp1252(std::string_view bytes, std::string& text) {
   static const UpperHalf upper = FaitMoitieHaute();

@@ -8,7 +8,4 @@ namespace talpena {
 /// Puts the bytes, decoded as by Cp1252VersUtf8, in the place of what `text` held.
 void DecodeCp1252(std::string_view bytes, std::string& text);
 
-/// True when no byte of the text is 80 or above.
-bool EstAscii(std::string_view bytes);
-
 }  // namespace talpena

@@ -6,7 +6,6 @@
 
 #include "common/numbers.h"
 #include "common/text.h"
-#include "store/cp1252_decode.h"
 
 namespace talpena {
 namespace {

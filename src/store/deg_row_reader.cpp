@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 
+#include "common/field_number.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "store/cp1252_decode.h"
-#include "store/deg_number.h"
 
 namespace talpena {
 namespace {

@@ -257,5 +257,17 @@ TEST(Remplace, ChangesEveryOccurrence) {
   }
 }
 
+TEST(EstAscii, FindsTheOneByteThatIsNot) {
+  for (std::size_t length = 1; length < 40; ++length) {
+    std::string bytes(length, 'a');
+    EXPECT_TRUE(EstAscii(bytes));
+    for (std::size_t at = 0; at < length; ++at) {
+      bytes[at] = '\x80';
+      EXPECT_FALSE(EstAscii(bytes)) << at << " of " << length;
+      bytes[at] = 'a';
+    }
+  }
+}
+
 }  // namespace
 }  // namespace talpena

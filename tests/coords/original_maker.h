@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "common/numbers.h"
 #include "common/text.h"
 #include "coords/datum.h"
 #include "coords/ifbl.h"
@@ -50,7 +51,7 @@ inline Area AreaOf(CoordSystem system) {
                                                       {41.4, 43, 8.6, 9.5},
                                                       {42, 51, -4, 8},
                                                       {32, 35.5, -9, -2},
-                                                      {28.5, 31.5, -11, -4}}};
+                                                      {28.5, 31.5, -10, -4}}};
   return areas[static_cast<std::size_t>(system)];
 }
 

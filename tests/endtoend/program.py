@@ -194,11 +194,11 @@ def adjusts_and_fills_by_keyboard(s):
         out.write("\r\n".join(lines))
     program = s.start(path)
     program.activate()
-    # Edit, Adjust coordinates, IFBL, 1 x 1 km; then Edit, Insert in free field, IFBL (the
-    # English letters F and I stand twice there).
+    # Edit, Adjust coordinates, IFBL, 1 x 1 km; then Edit, Insert in free field, IFBL.
     program.keys("alt+e", "j", "i", "Down", "Down", "Return")
     time.sleep(1)
-    program.keys("alt+e", "Right", "i", "i", "Return")
+    # The entry above Adjust; letters that two entries share go from one to the next.
+    program.keys("alt+e", "j", "Left", "Up", "Right", "i", "i", "Return")
     time.sleep(1)
     program.keys("ctrl+s")
     wait_for("the save", lambda: os.path.exists(path[:-3] + "BAK"))

@@ -1,4 +1,4 @@
-#include "store/deg_number.h"
+#include "common/field_number.h"
 
 #include <gtest/gtest.h>
 
@@ -33,7 +33,7 @@ void CompareAVal(const std::string& field) {
       << '"' << field << "\" with commas as points";
 }
 
-TEST(DegNumber, ReadsTheFieldsOfARow) {
+TEST(FieldNumber, ReadsTheFieldsOfARow) {
   EXPECT_EQ(ValChamp("+ 4.50000", Comma::IsPoint), 4.5);
   EXPECT_EQ(ValChamp("-  3,25000", Comma::IsPoint), -3.25);
   EXPECT_EQ(ValChamp("1,5", Comma::EndsNumber), 1);
@@ -42,7 +42,7 @@ TEST(DegNumber, ReadsTheFieldsOfARow) {
   EXPECT_EQ(ValChamp("K", Comma::IsPoint), 0);
 }
 
-TEST(DegNumber, EqualsValForRandomTexts) {
+TEST(FieldNumber, EqualsValForRandomTexts) {
   constexpr std::string_view alphabet = "00123456789.,+- \t\nEeDdxK\x80\xFF";
   std::mt19937 random(7);
   for (int run = 0; run < 400'000; ++run) {
@@ -54,7 +54,7 @@ TEST(DegNumber, EqualsValForRandomTexts) {
   }
 }
 
-TEST(DegNumber, EqualsValForLongNumbers) {
+TEST(FieldNumber, EqualsValForLongNumbers) {
   std::mt19937 random(8);
   for (int run = 0; run < 50'000; ++run) {
     std::string field;

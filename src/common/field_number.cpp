@@ -1,4 +1,4 @@
-#include "store/deg_number.h"
+#include "common/field_number.h"
 
 #include <array>
 #include <cstdint>
