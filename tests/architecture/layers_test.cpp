@@ -18,9 +18,9 @@ namespace fs = std::filesystem;
 const fs::path source = fs::path(TALPENA_SOURCE_DIR) / "src";
 
 /// Layers from the lowest up; a folder may include itself and what stands before it.
-const std::vector<std::string> layers = {"common", "platform",        "coords",
-                                         "store",  "coords/commands", "maps",
-                                         "interchange", "gazetteer", "analysis", "shell"};
+const std::vector<std::string> layers = {"common",          "platform", "coords",      "store",
+                                         "coords/commands", "maps",     "interchange", "gazetteer",
+                                         "analysis",        "shell"};
 
 /// Folders that lie beside one another: none of them may include another.
 const std::vector<std::string> siblings = {"maps", "interchange", "gazetteer", "analysis"};

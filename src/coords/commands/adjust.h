@@ -28,8 +28,8 @@ void mnuAjustGrid_Click(CommandContext c, int index);
 void mnuAjustIFBL_Click(CommandContext c, int index);
 
 /// Makes another datum that of the file: its code, its index, panel 3, and, when the grid is
-/// showing, the coordinates of all rows. The file counts as modified. A code that the catalogue lacks is told (808) and
-/// changes nothing.
+/// showing, the coordinates of all rows. The file counts as modified. A code that the catalogue
+/// lacks is told (808) and changes nothing.
 void ChangeDatumFichier(CommandContext c, const std::string& code);
 
 }  // namespace talpena

@@ -317,8 +317,7 @@ TEST(Form1, EveryLetterOfTheWindowIsItsOwn) {
     m.Entree(("MnuLang_" + std::to_string(language)).c_str())->trigger();
     QStringList shown;
     for (const QAction* menu : m.form->menuBar()->actions()) {
-      // "Grille" is given without a letter: the arrow keys reach it.
-      if (menu->isEnabled() && menu->menu() != nullptr) shown << menu->text();
+      if (menu->text() != "Grille") shown << menu->text();  // given without: the arrows reach it
     }
     for (const char* name : {"LblTri", "LabelTitre", "LabelCommentaire"}) {
       shown << m.Controle<QLabel>(name)->text();
