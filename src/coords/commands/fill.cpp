@@ -171,7 +171,7 @@ void MnuRemplirXY_Click(CommandContext c, int index) {
 
 void MnuRemplirTexte_Click(CommandContext c) {
   ExecuteCommande(c.state, c.io, {}, [&] {
-    const std::string answer =
+    std::string answer =
         c.io.dialogues.Saisie({.prompt = Texte(c.state.Langue, MsgId::TexteAInserer)});
     if (answer.empty()) return;
     Remplit(c, c.state.FreeFieldSeparator, [&](double, double) { return answer; });
