@@ -110,6 +110,9 @@ void Form1::SuitFocus(QWidget* now) {
 /// to where they were.
 void Form1::QuitteMenus() {
   if (focusWidget() != menuBar() || QApplication::activePopupWidget() != nullptr) return;
+  // The arrows may have gone on to an entry that opens no menu: it waits for Enter.
+  const QAction* active = menuBar()->activeAction();
+  if (active != nullptr && active->menu() == nullptr) return;
   if (focusBesideMenus_ != nullptr) focusBesideMenus_->setFocus(Qt::MenuBarFocusReason);
 }
 

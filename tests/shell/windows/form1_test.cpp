@@ -353,6 +353,23 @@ TEST(Form1, AMenuThatIsLeftGivesTheKeysBack) {
   }
 }
 
+TEST(Form1, TheArrowsReachTheEntryThatOpensNoMenu) {
+  Form1Machine m;
+  m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
+  m.form->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(m.form.get()));
+  m.Controle<TDBGrid>("TDBGrid1")->setFocus();
+  QTest::keyClick(m.form->windowHandle(), Qt::Key_H, Qt::AltModifier);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Left);
+  QApplication::processEvents();
+  m.dialogues.paths = {m.folder.path().string()};
+  QTest::keyClick(m.form->focusWidget(), Qt::Key_Return);
+  QApplication::processEvents();
+  ASSERT_EQ(m.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(m.dialogues.boxes[0].text, "Terminé");
+}
+
 TEST(Form1, SpanishStaysUncheckedAndIsRefused) {
   Form1Machine m;
   m.form->Charge({});
