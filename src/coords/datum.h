@@ -31,6 +31,9 @@ void ChargeDatums(CoordState& state, Platform& io);
 /// catalogue lacks it. 0 is outside the catalogue: callers test it (message 808).
 std::int16_t ChercheDatum(const DatumCatalogue& catalogue, std::string_view code);
 
+/// Beeps and tells message 808 with the codes, one or more in one text, that the catalogue lacks.
+void DitDatumAbsent(const CoordState& state, Platform& io, std::string_view codes);
+
 /// Sets DemiGrandAxe, Aplatissement, DemiPetitAxe and EllipsoideCourant to the ellipsoid of a
 /// datum. An index outside the catalogue, of the datum or of its ellipsoid, raises
 /// SubscriptOutOfRange (9), an inverse flattening of 0 DivisionByZero (11), and both leave the

@@ -150,6 +150,13 @@ std::int16_t ChercheDatum(const DatumCatalogue& catalogue, std::string_view code
   return static_cast<std::int16_t>(found - catalogue.Datums.begin() + 1);
 }
 
+void DitDatumAbsent(const CoordState& state, Platform& io, std::string_view codes) {
+  Bip(state, io);
+  io.dialogues.Demande(
+      {.text = Texte(state.Langue, MsgId::DatumAbsent) + "\n\n" + std::string(codes),
+       .icon = Icon::Exclamation});
+}
+
 void ChoisitEllipsoide(DatumCatalogue& catalogue, std::int16_t datum) {
   const std::int16_t id = catalogue.Datum(datum).ellipsoid;
   const EllipsoidRecord& ellipsoid = catalogue.Ellipsoide(id);

@@ -5,9 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "common/msg_id.h"
 #include "common/paths.h"
-#include "common/string_table.h"
 #include "coords/datum.h"
 #include "coords/mif_files.h"
 #include "platform/commands.h"
@@ -23,12 +21,7 @@ void Annonce(const CoordState& state, Platform& io, const std::string& text) {
 /// Index of a datum; 0 when it is absent, which the user has been told.
 std::int16_t DatumPresent(const CoordState& state, Platform& io, std::string_view code) {
   const std::int16_t index = ChercheDatum(state.Catalogue, code);
-  if (index == 0) {
-    Bip(state, io);
-    io.dialogues.Demande(
-        {.text = Texte(state.Langue, MsgId::DatumAbsent) + "\n" + std::string(code),
-         .icon = Icon::Exclamation});
-  }
+  if (index == 0) DitDatumAbsent(state, io, code);
   return index;
 }
 

@@ -133,7 +133,7 @@ TEST(GridCommands, ReportADatumThatTheCatalogueLacks) {
       command(w.state, w.io);
       ASSERT_EQ(w.dialogues.boxes.size(), 1U);
       EXPECT_EQ(w.DernierMessage(),
-                std::string("This datum is absent from the available datums!\n") + code);
+                std::string("This datum is absent from the available datums!\n\n") + code);
       EXPECT_TRUE(w.files.journal.empty());
       EXPECT_EQ(w.dialogues.paths.size(), 1U) << "no folder was asked for";
     }

@@ -1,11 +1,7 @@
 #include "coords/commands/adjust.h"
 
-#include <algorithm>
 #include <functional>
-#include <optional>
 
-#include "common/msg_id.h"
-#include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/commands/adjust_row.h"
@@ -74,16 +70,14 @@ class AjusteLignes final : public RowWalk {
   std::string code_;
 };
 
-void DitDatumsInconnus(CommandContext c, const std::vector<std::string>& codes) {
-  if (codes.empty()) return;
-  std::string text = Texte(c.state.Langue, MsgId::DatumAbsent) + "\n\n";
-  for (std::size_t i = 0; i < codes.size(); ++i) text += (i == 0 ? "" : ", ") + codes[i];
-  Bip(c.state, c.io);
-  c.io.dialogues.Demande({.text = text, .icon = Icon::Exclamation});
+std::string Jointes(const std::vector<std::string>& codes) {
+  std::string text;
+  for (const std::string& code : codes) text += (text.empty() ? "" : ", ") + code;
+  return text;
 }
 
 void AjusteTout(CommandContext c, Ajuste adjust) {
-  if (c.state.DatumFichier == 0) return DitDatumsInconnus(c, {c.state.DatumFichierCode});
+  if (c.state.DatumFichier == 0) return DitDatumAbsent(c.state, c.io, c.state.DatumFichierCode);
   AjusteLignes rows(c, std::move(adjust));
   try {
     ParcourtLignes(c, AjusteLignes::Passe(), rows);
@@ -91,7 +85,8 @@ void AjusteTout(CommandContext c, Ajuste adjust) {
     Bip(c.state, c.io);
     AfficheErreur(c.io, error.number(), error.description(), rows.DernierOriginal());
   }
-  DitDatumsInconnus(c, rows.DatumsInconnus());
+  const std::string unknown = Jointes(rows.DatumsInconnus());
+  if (!unknown.empty()) DitDatumAbsent(c.state, c.io, unknown);
 }
 
 }  // namespace
@@ -123,7 +118,7 @@ void mnuAjustIFBL_Click(CommandContext c, int index) {
 
 void ChangeDatumFichier(CommandContext c, const std::string& code) {
   const std::int16_t index = ChercheDatum(c.state.Catalogue, code);
-  if (index == 0) return DitDatumsInconnus(c, {std::string(Rogne(code))});
+  if (index == 0) return DitDatumAbsent(c.state, c.io, Rogne(code));
   c.state.DatumFichierCode = Rogne(code);
   c.state.DatumFichier = index;
   c.state.FichierModifie = true;
