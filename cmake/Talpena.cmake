@@ -45,6 +45,7 @@ function(talpena_test name)
     TALPENA_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
     TALPENA_BINARY_DIR="${PROJECT_BINARY_DIR}"
     TALPENA_SHARED_DATA="${PROJECT_SOURCE_DIR}/../shared/data")
+  target_compile_options(${name} PRIVATE -O0)  # most of a build is compiling tests
   target_link_libraries(${name} PRIVATE ${ARG_LINK} talpena_warnings)
   if(ARG_WINDOWS)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
