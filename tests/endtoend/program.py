@@ -62,10 +62,15 @@ class Program:
         xdotool("windowactivate", "--sync", number)
         return number
 
-    def keys(self, *names):
+    def keys(self, *names, pause=0.15):
         for name in names:
             xdotool("key", "--clearmodifiers", name)
-            time.sleep(0.15)
+            time.sleep(pause)
+
+    def menu(self, *names):
+        """Keys through menus, each of which has to open before the next key."""
+        self.keys(*names, pause=0.6)
+        time.sleep(1)
 
     def type(self, text):
         xdotool("type", "--delay", "15", text)
@@ -195,11 +200,9 @@ def adjusts_and_fills_by_keyboard(s):
     program = s.start(path)
     program.activate()
     # Edit, Adjust coordinates, IFBL, 1 x 1 km; then Edit, Insert in free field, IFBL.
-    program.keys("alt+e", "j", "i", "Down", "Down", "Return")
-    time.sleep(1)
+    program.menu("alt+e", "j", "i", "Down", "Down", "Return")
     # The entry above Adjust; letters that two entries share go from one to the next.
-    program.keys("alt+e", "j", "Left", "Up", "Right", "i", "i", "Return")
-    time.sleep(1)
+    program.menu("alt+e", "j", "Left", "Up", "Right", "i", "i", "Return")
     program.keys("ctrl+s")
     wait_for("the save", lambda: os.path.exists(path[:-3] + "BAK"))
     wait_for("the rows", lambda: os.path.exists(path) and len(s.rows(path)) == 3)
