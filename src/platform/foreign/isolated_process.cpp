@@ -31,7 +31,7 @@ void Limite(int resource, rlim_t value) {
 }
 
 void LimiteMemoire() {
-#if !defined(__SANITIZE_ADDRESS__)  // the sanitizer itself reserves terabytes
+#if !defined(TALPENA_SANITIZED)  // the sanitizer itself reserves terabytes
   constexpr rlim_t octets = rlim_t{4} << 30;
   Limite(RLIMIT_AS, octets);
 #endif

@@ -64,7 +64,8 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
   });
 }
 
-Form1::~Form1() = default;
+// The base class moves the focus while it goes: nobody is to be told any more.
+Form1::~Form1() { disconnect(qApp, nullptr, this, nullptr); }
 
 void Form1::ChangeTitreFenetre(const std::string& title) {
   setWindowTitle(QString::fromStdString(title));
