@@ -31,7 +31,7 @@ Place LitDegres(std::string_view text) {
 }
 
 // One set of variables for both: a longitude without seconds has those of the latitude.
-// Held by DecodeOriginal.TheLongitudeInheritsSeconds.
+// Held by DecodeOriginalTest.TheLongitudeInheritsSeconds.
 Place LitDms(std::string_view text) {
   std::string_view latitude, longitude;
   DecoupeDeux(text, latitude, longitude);

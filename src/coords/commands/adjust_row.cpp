@@ -74,7 +74,8 @@ Reference ReferenceUtm(CoordState& state, const RowPoint& row) {
 // Two slips of long standing, kept because stored coordinates went through them: the British
 // forward is given radians for degrees, so that it finds no letters; the Irish one is given the
 // point before its change of datum.
-// Held by AjusteSurGrille.BritishSkipsOtherNotations and IrishTakesThePointAsDecoded.
+// Held by AjusteSurGrilleTest.BritishSkipsOtherNotations and
+// AjusteSurGrilleTest.IrishTakesThePointAsDecoded.
 Reference ReferenceNationale(const CoordState& state, const RowPoint& row, const Cible& target) {
   std::string letters, east, north;
   if (target.code == "BNG") {
