@@ -173,5 +173,5 @@ int main(int argc, char** argv) {
     state.Data1 = DataControl();
     state.WorkingDb.reset();
   }
-  for (const std::string& file : {bareFile, ourFile}) fs::remove(file);
+  for (const std::string& file : {bareFile, bareFile + "-journal", ourFile}) fs::remove(file);
 }

@@ -189,6 +189,15 @@ Place Lit(CoordState& state, CoordSystem system, std::string_view text) {
 
 }  // namespace
 
+std::string MgrsDuPoint(const DatumCatalogue& c, double latitude, double longitude) {
+  std::int16_t zone = 0;
+  double northing = 0, easting = 0;
+  std::string mgrs;
+  LatLonVersMgrs(c.DemiGrandAxe, c.Aplatissement, EnRadians(latitude), EnRadians(longitude), zone,
+                 northing, easting, mgrs, c.EllipsoideCourant);
+  return mgrs;
+}
+
 void DecodeOriginal(CoordState& state, std::string_view original, std::int16_t datum,
                     double& latitude, double& longitude, std::string& code) {
   ChoisitEllipsoide(state.Catalogue, datum);

@@ -24,6 +24,9 @@ inline constexpr double EchecCoord = 999;
 void DecodeOriginal(CoordState& state, std::string_view original, std::int16_t datum,
                     double& latitude, double& longitude, std::string& code);
 
+/// MGRS reference, or text of failure, of a point in decimal degrees on the current ellipsoid.
+std::string MgrsDuPoint(const DatumCatalogue& catalogue, double latitude, double longitude);
+
 // The other way round: "utm 31 616000 5564000", the code in lower case.
 
 /// From the boxes of a form, joined as they are; empty ones are left out by the caller.

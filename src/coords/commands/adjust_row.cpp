@@ -61,12 +61,7 @@ Reference ReferenceUtm(CoordState& state, const RowPoint& row) {
   double latitude = row.latitude, longitude = row.longitude;
   Deplace(state, latitude, longitude, row.datum, state.DatumFichier);
   ChoisitEllipsoide(state.Catalogue, state.DatumFichier);
-  const DatumCatalogue& c = state.Catalogue;
-  std::int16_t zone = 0;
-  double northing = 0, easting = 0;
-  std::string mgrs;
-  LatLonVersMgrs(c.DemiGrandAxe, c.Aplatissement, EnRadians(latitude), EnRadians(longitude), zone,
-                 northing, easting, mgrs, c.EllipsoideCourant);
+  const std::string mgrs = MgrsDuPoint(state.Catalogue, latitude, longitude);
   if (EstEchecMgrs(mgrs)) return {};
   return {std::string(Rogne(mgrs.substr(0, 2))) + " " + mgrs.substr(2, 1), mgrs.substr(3)};
 }

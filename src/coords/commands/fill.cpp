@@ -14,8 +14,8 @@
 #include "coords/dms_text.h"
 #include "coords/ifbl.h"
 #include "coords/lambert.h"
-#include "coords/mgrs.h"
 #include "coords/national_grids.h"
+#include "coords/original.h"
 #include "platform/commands.h"
 #include "store/table.h"
 
@@ -69,15 +69,6 @@ bool ConfirmeMgrs(CommandContext c) {
                                          Texte(c.state.Langue, MsgId::CalculSelonEllipsoide),
                                  .icon = Icon::Exclamation,
                                  .buttons = Buttons::OkCancel}) == Answer::Ok;
-}
-
-std::string TexteMgrs(const DatumCatalogue& c, double latitude, double longitude) {
-  std::int16_t zone = 0;
-  double northing = 0, easting = 0;
-  std::string mgrs;
-  LatLonVersMgrs(c.DemiGrandAxe, c.Aplatissement, EnRadians(latitude), EnRadians(longitude), zone,
-                 northing, easting, mgrs, c.EllipsoideCourant);
-  return mgrs;
 }
 
 std::string TexteGrille(Grille grid, double latitude, double longitude) {
@@ -154,7 +145,7 @@ void MnuRemplirCoo_Click(CommandContext c, int index) {
     if (index == 0 && !ConfirmeMgrs(c)) return;
     ChoisitEllipsoide(c.state.Catalogue, c.state.DatumFichier);
     Remplit(c, " ", [&](double latitude, double longitude) {
-      if (index == 0) return TexteMgrs(c.state.Catalogue, latitude, longitude);
+      if (index == 0) return MgrsDuPoint(c.state.Catalogue, latitude, longitude);
       const Grille grid = index == 1 ? Grille::British : Grille::Irish;
       return TexteGrille(grid, latitude, longitude);
     });
