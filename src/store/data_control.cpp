@@ -10,6 +10,8 @@ void DataControl::Refresh() {
   Signale(Change::Rows);
 }
 
+void DataControl::SignaleLignes() { Signale(Change::Rows); }
+
 void DataControl::SignaleValeurs() { Signale(Change::Values); }
 
 void DataControl::SignalePosition() { Signale(Change::Position); }

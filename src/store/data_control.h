@@ -23,6 +23,9 @@ class DataControl {
   /// old recordset stays and the failure is thrown.
   void Refresh();
 
+  /// Tells the listeners that rows were added to or deleted from the recordset by its clones. Added
+  /// rows stand at its end, whatever its order and its condition, until the next Refresh.
+  void SignaleLignes();
   /// Tells the listeners that values changed while the list of rows did not.
   void SignaleValeurs();
   /// Tells the listeners that the current row is another one.
