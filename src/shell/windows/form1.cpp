@@ -12,8 +12,8 @@
 #include <QStackedLayout>
 #include <QToolButton>
 #include <algorithm>
-#include <cmath>
 
+#include "platform/qt/window_place.h"
 #include "shell/windows/frm_message.h"
 #include "store/windows/grid_cells.h"
 #include "store/windows/tdb_grid.h"
@@ -21,28 +21,7 @@
 namespace talpena {
 namespace {
 
-constexpr float twipsPerPixel = 15;
-
-int EnPixels(float twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
-float EnTwips(int pixels) { return static_cast<float>(pixels) * twipsPerPixel; }
-
 enum : std::int16_t { Normale = 0, Reduite = 1, Agrandie = 2 };  // EtatFenetre
-
-/// A stored place, moved and cut so that the window can be reached on one of today's screens.
-QRect PlaceVisible(QRect wanted, bool maximised) {
-  const QScreen* screen = QGuiApplication::screenAt(wanted.center());
-  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-  if (screen == nullptr) return wanted;
-  QRect area = screen->availableGeometry();
-  if (maximised)
-    area.adjust(area.width() / 12, area.height() / 12, -area.width() / 12, -area.height() / 12);
-  wanted.setSize(wanted.size().boundedTo(area.size()).expandedTo({320, 240}));
-  wanted.moveLeft(std::clamp(wanted.left(), area.left(),
-                             std::max(area.left(), area.right() + 1 - wanted.width())));
-  wanted.moveTop(std::clamp(wanted.top(), area.top(),
-                            std::max(area.top(), area.bottom() + 1 - wanted.height())));
-  return wanted;
-}
 
 }  // namespace
 
