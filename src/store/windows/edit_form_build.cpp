@@ -30,7 +30,7 @@ namespace {
 constexpr std::string_view application = "TLP", section = "EditForm";
 
 /// Columns of the grid of fields.
-enum : int { Label1, Field1, Label2, Field2, Gap, Label3, Field3, Rest, Columns };
+enum : int { Label1, Field1, Gap1, Label2, Field2, Gap2, Label3, Field3, Rest, Columns };
 /// Its rows.
 enum : int {
   RowPeriode,
@@ -252,7 +252,9 @@ void EditForm::ConstruitBoutons() {
 void EditForm::Dispose(QWidget* content) {
   auto* grid = new QGridLayout(content);
   grid->setContentsMargins(0, 0, 0, 0);
-  grid->setColumnMinimumWidth(Gap, fontMetrics().averageCharWidth());
+  for (const int gap : {Gap1, Gap2}) {
+    grid->setColumnMinimumWidth(gap, fontMetrics().averageCharWidth());
+  }
   grid->setColumnStretch(Rest, 1);
   DisposeEntete(*grid);
   DisposeCoordonnees(*grid);
@@ -325,8 +327,6 @@ void EditForm::DisposeTextes(QGridLayout& grid) {
   grid.addWidget(Grid, RowGrid, Label1, 1, Columns);
   grid.addWidget(LabelLibre, RowLabelLibre, Label1, 1, Columns);
   grid.addWidget(ChampLibre, RowLibre, Label1, 1, Columns);
-  grid.setRowStretch(RowGrid, 2);
-  grid.setRowStretch(RowLibre, 1);
 }
 
 QLayout* EditForm::DisposeBoutons() {
