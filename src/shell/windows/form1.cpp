@@ -39,7 +39,9 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
   Relie();
   const QPointer<Form1> self(this);
   state_.Data1.Ecoute([self](DataControl::Change change) {
-    if (self && change != DataControl::Change::Values) self->AffichePosition();
+    if (!self || change == DataControl::Change::Values) return;
+    self->AffichePosition();
+    self->ActiveEdition();
   });
 }
 
@@ -93,9 +95,16 @@ void Form1::ActiveControles() {
     actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, fileOpen_));
   });
   cmd[1]->setEnabled(fileOpen_);
-  for (std::size_t i = 3; i < cmd.size(); ++i) cmd[i]->setEnabled(false);
+  ActiveEdition();
+  for (std::size_t i = 4; i < cmd.size(); ++i) cmd[i]->setEnabled(false);
   cmdMap->setEnabled(false);
   for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
+}
+
+/// The record editor needs a row.
+void Form1::ActiveEdition() {
+  cmd[3]->setEnabled(fileOpen_ && state_.Data1.EstLie() &&
+                     state_.Data1.recordset().RecordCount() > 0);
 }
 
 void Form1::CacheLbl1() { lbl1->hide(); }

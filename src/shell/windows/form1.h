@@ -27,6 +27,7 @@ class QToolButton;
 
 namespace talpena {
 
+class EditForm;
 class TDBGrid;
 class frmMessage;
 
@@ -125,8 +126,10 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MnuTxtGrille_Click();
   void MnuDatumFichier_Click();
   void MnuInfo_Click();
+  void MontreEdition();
   void Timer1_Tick();
   void ActiveControles();
+  void ActiveEdition();
   void AjusteOutils();
   void SouligneLettres();
   void SuitFocus(QWidget* now);
@@ -166,6 +169,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   frmMessage* frmMessage_ = nullptr;
+  EditForm* editForm_ = nullptr;  ///< while it is open
 };
 
 }  // namespace talpena

@@ -24,7 +24,7 @@ QString Deux(const QString& digits) { return digits.rightJustified(2, u'0'); }
 
 }  // namespace
 
-QString DateEnMasque(const QString& text) {
+QString DateTapee(const QString& text) {
   static const QRegularExpression yearFirst(
       uR"(^([\d_]{4})(?:[-/. ]([\d_]{1,2})(?:[-/. ]([\d_]{1,2}))?)?$)"_s);
   static const QRegularExpression dayFirst(uR"(^(\d{1,2})[-/. ]\s?(\d{1,2})[-/. ]\s?(\d{4})$)"_s);
@@ -87,7 +87,7 @@ void DateEdit::PartieSuivante() {
 }
 
 void DateEdit::Colle(const QString& text) {
-  const QString masque = DateEnMasque(text);
+  const QString masque = DateTapee(text);
   if (!masque.isEmpty()) {
     Remplace(masque, static_cast<int>(masque.size()));
   } else {

@@ -7,11 +7,11 @@ namespace talpena {
 /// A date as people write it, "1998/07/14", "1998-7-14", "14.7.1998", "19980714", "1998/7" or
 /// "1998", in the ten characters of the mask; empty when the text is none. A place without a digit
 /// is "_". The values are not checked.
-QString DateEnMasque(const QString& text);
+QString DateTapee(const QString& text);
 
 /// Year, month, day over the mask "####/##/##", "_" in the empty places. Digits jump over the
 /// slashes; "/", "-" and "." go to the next part, a blank leaves a place empty; Backspace and
-/// Delete empty places. A pasted date may be written in other ways: DateEnMasque.
+/// Delete empty places. A pasted date may be written in other ways: DateTapee.
 class DateEdit : public QLineEdit {
   Q_OBJECT
 

@@ -72,7 +72,7 @@ constexpr std::array recordFields = {
     RecordField::ChampLongitude, RecordField::ChampCh1,   RecordField::ChampCh2,
     RecordField::ChampSex,       RecordField::Grid,       RecordField::ChampLibre};
 
-constexpr std::size_t coordinateHints = 1;
+constexpr std::size_t coordinateHints = 1, otherHints = 2;
 
 }  // namespace
 
@@ -168,10 +168,13 @@ void EditForm::MontreAvis() {
     told = Controle(fault->field);
     told->setAccessibleDescription(Affiche(fault->text));
   }
-  if (!ecran_.avis.empty()) hints[coordinateHints] = Affiche(ecran_.avis);
+  // A reference that names no point comes before what is odd about any field.
+  const bool reference = !ecran_.avisReference.empty();
+  QString& hint = hints[reference ? coordinateHints : otherHints];
+  if (hint.isEmpty()) hint = Affiche(ecran_.avis);
   for (std::size_t i = 0; i < hints.size(); ++i) lblAvis[i]->Montre(hints[i]);
   for (QLineEdit* box : EditBox) {
-    if (box != told) box->setAccessibleDescription(Affiche(ecran_.avis));
+    if (box != told) box->setAccessibleDescription(Affiche(ecran_.avisReference));
   }
   if (avise_ != nullptr && avise_ != told) avise_->setAccessibleDescription({});
   avise_ = told;
@@ -221,6 +224,7 @@ bool EditForm::ApresChamp() {
   enCours_ = true;
   Releve();
   const bool stays = !QuitteChamps();
+  MetAvis(state_, ecran_);
   enCours_ = false;
   Montre();
   return !stays;
@@ -234,8 +238,10 @@ void EditForm::Execute(Procedure procedure) {
   enCours_ = true;
   Grid->Valide();
   Releve();
-  if (QuitteChamps()) {
-    ExecuteCommande(state_, io_, {}, [&] { procedure(Contexte(), ecran_); });
+  ExecuteCommande(state_, io_, {}, [&] { procedure(Contexte(), ecran_); });
+  if (!ecran_.modifie) {
+    boiteTapee_ = {};  // a row that was saved, or another one
+    pointTape_ = false;
   }
   enCours_ = false;
   Montre();
@@ -356,13 +362,14 @@ void EditForm::changeEvent(QEvent* event) {
 }
 
 void EditForm::cmbSystem_Click(int index) {
+  if (!ApresChamp()) return;
   Execute([index](CommandContext c, RecordScreen& ecran) {
     talpena::cmbSystem_Click(c, ecran, index);
   });
 }
 
 void EditForm::cmdChangeDatum_Click() {
-  if (!cmdChangeDatum->isEnabled() || enCours_) return;
+  if (!cmdChangeDatum->isEnabled() || enCours_ || !ApresChamp()) return;
   frmDatum chooser(state_, this);
   chooser.Selectionne(ecran_.lblDatum);
   chooser.exec();

@@ -45,6 +45,9 @@ QString EditForm::TouchesDe(const QPushButton& button) const {
 void EditForm::AppliqueLangue() {
   Releve();
   AdapteInputbox(state_, ecran_);
+  // The hints speak the new language too; boxes that name no point change nothing.
+  if (!ecran_.avisReference.empty()) QuitteEditBox(Contexte(), ecran_, 2);
+  MetAvis(state_, ecran_);
   Mnemonics letters;
   NommeBoutons(letters);
   NommeChamps(letters);
