@@ -109,6 +109,7 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(940, 942);  // record editor
   covered(950, 959);  // converter between Lambert belge and IFBL
   covered(960, 964);  // coordinate tools
+  covered(970, 976);  // hints of the record editor
 }
 
 TEST(StringTable, GivesTheTextOfTheLanguage) {
