@@ -34,7 +34,7 @@ constexpr std::array windows = {
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
     GalleryWindow{"message", CreeAttente},
     GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io); }},
-    GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.state, c.io, c.form); }},
+    GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.state, c.io, c.vue); }},
     GalleryWindow{"splash",  [](Context) -> Window { return std::make_unique<Start>(); }},
 };
 // clang-format on

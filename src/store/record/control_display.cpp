@@ -3,6 +3,7 @@
 #include <optional>
 
 #include "common/numbers.h"
+#include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/datum.h"
 #include "coords/dms_text.h"

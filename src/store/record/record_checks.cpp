@@ -7,6 +7,7 @@
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
+#include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/tokens.h"
 #include "store/record/date_mask.h"
