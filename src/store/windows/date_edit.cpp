@@ -139,9 +139,11 @@ void DateEdit::contextMenuEvent(QContextMenuEvent* event) {
   QMenu* menu = createStandardContextMenu();
   if (menu == nullptr) return;
   menu->setAttribute(Qt::WA_DeleteOnClose);
-  if (auto* paste = menu->findChild<QAction*>(u"edit-paste"_s); paste != nullptr) {
-    paste->disconnect(this);
-    connect(paste, &QAction::triggered, this, [this] { Colle(QApplication::clipboard()->text()); });
+  for (QAction* action : menu->actions()) {
+    if (!action->text().startsWith(QLineEdit::tr("&Paste"))) continue;
+    action->disconnect(this);
+    connect(action, &QAction::triggered, this,
+            [this] { Colle(QApplication::clipboard()->text()); });
   }
   menu->popup(event->globalPos());
 }

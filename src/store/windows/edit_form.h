@@ -77,7 +77,7 @@ class EditForm : public QDialog {
   QLayout* DisposeBoutons();
   void OrdonneTabulation();
   void Relie();
-  void RelieRaccourcis();
+  void RelieBoutons();
   void Raccourci(QPushButton& button, const QKeySequence& keys, void (EditForm::*pressed)());
 
   // edit_form_language.cpp: captions.

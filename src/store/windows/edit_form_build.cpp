@@ -121,6 +121,7 @@ void EditForm::Construit() {
   column->addWidget(defilement_, 1);
   column->addLayout(DisposeBoutons());
   OrdonneTabulation();
+  RelieBoutons();
 }
 
 void EditForm::ConstruitChamps(QWidget* parent) {
@@ -375,7 +376,6 @@ void EditForm::Relie() {
   connect(Grid, &FreeFieldsGrid::Quitte, this, &EditForm::Avance);
   connect(ChampLibre, &QPlainTextEdit::textChanged, this, &EditForm::Marque);
   connect(cmbSystem, &QComboBox::activated, this, &EditForm::cmbSystem_Click);
-  RelieRaccourcis();
 }
 
 /// A button, and a key that does the same.
@@ -386,7 +386,7 @@ void EditForm::Raccourci(QPushButton& button, const QKeySequence& keys,
   connect(shortcut, &QShortcut::activated, this, pressed);
 }
 
-void EditForm::RelieRaccourcis() {
+void EditForm::RelieBoutons() {
   struct Bouton {
     QPushButton* button;
     void (EditForm::*pressed)();

@@ -36,6 +36,7 @@ QString AvecTouches(const QString& name, const QString& keys) {
 /// The keys that press a button, as its shortcuts were made.
 QString EditForm::TouchesDe(const QPushButton& button) const {
   QStringList keys;
+  if (&button == ButEsc) keys << QKeySequence(Qt::Key_Escape).toString(QKeySequence::NativeText);
   for (const QShortcut* shortcut : findChildren<QShortcut*>(button.objectName())) {
     keys << shortcut->key().toString(QKeySequence::NativeText);
   }
@@ -92,21 +93,26 @@ void EditForm::NommeChamps(Mnemonics& letters) {
     }
     return caption + ":";
   };
-  // Those with the fewest letters to choose from come first.
-  for (const Legende& c :
-       {Legende{LabelSex, texte(MsgId::EditionSexe)}, Legende{LabelDate, texte(MsgId::EditionDate)},
-        Legende{LabelPeriode, texte(MsgId::EditionPeriode)},
-        Legende{LabelSysteme, texte(MsgId::EditionSysteme)},
-        Legende{LabelLatitude, texte(MsgId::EditionLatitude)},
-        Legende{LabelLongitude, texte(MsgId::EditionLongitude)},
-        Legende{LabelGrid, texte(MsgId::EditionChamps)},
-        Legende{LabelLibre, texte(MsgId::EditionTexteLibre)},
-        Legende{LabelOriginales, texte(MsgId::EditionOriginales)},
-        Legende{LabelCh1, nombre(state_.LabelNumeric1)},
-        Legende{LabelCh2, nombre(state_.LabelNumeric2)}}) {
-    c.label->setText(letters.Marque(c.caption));
-    if (c.label->buddy() != nullptr && c.label != LabelOriginales)
-      c.label->buddy()->setAccessibleName(Nom(c.caption));
+  const std::vector<Legende> labels = {{LabelPeriode, texte(MsgId::EditionPeriode)},
+                                       {LabelDate, texte(MsgId::EditionDate)},
+                                       {LabelOriginales, texte(MsgId::EditionOriginales)},
+                                       {LabelSysteme, texte(MsgId::EditionSysteme)},
+                                       {LabelLatitude, texte(MsgId::EditionLatitude)},
+                                       {LabelLongitude, texte(MsgId::EditionLongitude)},
+                                       {LabelCh1, nombre(state_.LabelNumeric1)},
+                                       {LabelCh2, nombre(state_.LabelNumeric2)},
+                                       {LabelSex, texte(MsgId::EditionSexe)},
+                                       {LabelGrid, texte(MsgId::EditionChamps)},
+                                       {LabelLibre, texte(MsgId::EditionTexteLibre)}};
+  std::vector<std::string> captions;
+  for (const Legende& l : labels) captions.push_back(l.caption);
+  const std::vector<QString> marked = letters.MarqueTous(captions);
+  for (std::size_t i = 0; i < labels.size(); ++i) {
+    QLabel* label = labels[i].label;
+    label->setText(marked[i]);
+    if (label->buddy() != nullptr && label != LabelOriginales) {
+      label->buddy()->setAccessibleName(Nom(captions[i]));
+    }
   }
   for (QLabel* label : {LabelCh1, LabelCh2}) {
     const QFontMetrics metrics = label->fontMetrics();
