@@ -37,13 +37,16 @@ class Matching {
       : texts_(std::move(texts)), taken_(std::move(taken)) {}
 
   bool Place(std::size_t caption, std::set<QChar>& seen) {
-    for (const qsizetype at : Places(texts_[caption])) {
-      const QChar letter = texts_[caption][at].toLower();
-      if (taken_.contains(letter) || !seen.insert(letter).second) continue;
-      const auto owner = owners_.find(letter);
-      if (owner != owners_.end() && !Place(owner->second.first, seen)) continue;
-      owners_[letter] = {caption, at};
-      return true;
+    for (const bool makeRoom : {false, true}) {
+      for (const qsizetype at : Places(texts_[caption])) {
+        const QChar letter = texts_[caption][at].toLower();
+        const auto owner = owners_.find(letter);
+        const bool owned = owner != owners_.end();
+        if (owned != makeRoom || taken_.contains(letter)) continue;
+        if (owned && (!seen.insert(letter).second || !Place(owner->second.first, seen))) continue;
+        owners_[letter] = {caption, at};
+        return true;
+      }
     }
     return false;
   }
