@@ -82,6 +82,9 @@ TEST_F(SauveEcranTest, KeepsADateOfAnotherFormUntilOneIsTyped) {
   ecran.ChampAnnee = "1998/__/__";
   EXPECT_TRUE(ChangeEtSauve());
   EXPECT_EQ(TexteChamp("DATE"), "1998/  /  ");
+  ecran.ChampAnnee = "____/__/__";
+  EXPECT_TRUE(ChangeEtSauve());
+  EXPECT_TRUE(Champ("DATE").EstNull());
 }
 
 TEST_F(SauveEcranTest, KeepsAllDigitsOfAPointThatWasNotTouched) {
@@ -125,6 +128,15 @@ TEST_F(SauveEcranTest, ComputesABoxThatWasNotLeft) {
   EXPECT_TRUE(ChangeEtSauve());
   EXPECT_EQ(TexteChamp("ORIGINAL"), "deg 51.5 4");
   EXPECT_EQ(TexteChamp("LATITUDE"), "51.5");
+}
+
+// A point that was snapped to a grid stays where it is until the reference is typed anew.
+TEST_F(SauveEcranTest, LeavesThePointOfAReferenceThatWasNotTouched) {
+  Ligne({{"DATUM", "WGS84"}, {"ORIGINAL", "deg 50,5 4,25"}, {"LATITUDE", "50.25"}});
+  ecran.ChampCh1 = "5";
+  EXPECT_TRUE(ChangeEtSauve());
+  EXPECT_EQ(TexteChamp("LATITUDE"), "50.25");
+  EXPECT_EQ(TexteChamp("ORIGINAL"), "deg 50.5 4.25");
 }
 
 TEST_F(SauveEcranTest, SaysThatAReferenceSavedIsIncomplete) {
