@@ -60,6 +60,7 @@ void MontreOriginal(StoreState& state, RecordScreen& ecran, std::string_view sto
   if (!system) return;
   if (ForceDatum(*system)) ecran.datumPropre = 0;  // DATUM came with the system
   RemplitBoites(ecran, original);
+  NettoieBoites(ecran);
 }
 
 void MontreTexteLibre(const StoreState& state, RecordScreen& ecran, std::string_view comment) {

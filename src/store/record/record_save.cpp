@@ -119,7 +119,10 @@ bool PasseControles(CommandContext c, RecordScreen& ecran) {
   return true;
 }
 
+/// What the form and the row now have in common.
 void FormeSauvee(CommandContext c, RecordScreen& ecran) {
+  if (ecran.ChampAnnee != ecran.anneeLue) ecran.dateAutre.clear();
+  ecran.anneeLue = ecran.ChampAnnee;
   MontreNombres(c.state, ecran);
   AfficheControle(c, ecran);
   MetAvis(c.state, ecran);
