@@ -37,8 +37,9 @@ QTreeWidgetItem* Entree(const QTreeWidget* tree, const QString& target) {
 
 }  // namespace
 
-frmAide::frmAide(const ProcessState& state, Platform& io, HelpPlace& place, QWidget* parent)
-    : QWidget(parent, Qt::Window), state_(state), io_(io), lastPlace_(place) {
+frmAide::frmAide(const ProcessState& state, Platform& io, std::shared_ptr<HelpPlace> place,
+                 QWidget* parent)
+    : QWidget(parent, Qt::Window), state_(state), io_(io), lastPlace_(std::move(place)) {
   setObjectName("frmAide");
   ConstruitOutils();
   ConstruitRecherche();
@@ -83,7 +84,7 @@ void frmAide::Montre(const QString& target) {
   if (!target.isEmpty()) {
     page_->Montre(target);
   } else if (page_->source().isEmpty()) {
-    page_->Montre(lastPlace_.target);
+    page_->Montre(lastPlace_->target);
   }
   page_->setFocus();
 }
@@ -109,7 +110,7 @@ void frmAide::SuitPage() {
   cmdRetour->setEnabled(page_->isBackwardAvailable());
   cmdSuite->setEnabled(page_->isForwardAvailable());
   const QString target = page_->Cible();
-  lastPlace_.target = target;
+  lastPlace_->target = target;
   const QSignalBlocker quiet(treeSommaire);
   QTreeWidgetItem* chapter = Entree(treeSommaire, target.section(u'#', 0, 0));
   QTreeWidgetItem* item = Entree(treeSommaire, target);
@@ -199,9 +200,9 @@ void frmAide::changeEvent(QEvent* event) {
 }
 
 void frmAide::closeEvent(QCloseEvent* event) {
-  lastPlace_.geometry = geometry();
-  lastPlace_.columns = columns_->saveState();
-  lastPlace_.zoom = page_->Zoom();
+  lastPlace_->geometry = geometry();
+  lastPlace_->columns = columns_->saveState();
+  lastPlace_->zoom = page_->Zoom();
   QWidget::closeEvent(event);
 }
 

@@ -4,6 +4,7 @@
 #include <QSplitter>
 #include <QWidget>
 #include <array>
+#include <memory>
 #include <optional>
 
 #include "platform/platform.h"
@@ -37,8 +38,9 @@ class frmAide : public QWidget {
   Q_OBJECT
 
  public:
-  /// All of these outlive the window.
-  frmAide(const ProcessState& state, Platform& io, HelpPlace& place, QWidget* parent = nullptr);
+  /// State and platform outlive the window; the place may be shared with others.
+  frmAide(const ProcessState& state, Platform& io, std::shared_ptr<HelpPlace> place,
+          QWidget* parent = nullptr);
   ~frmAide() override;
 
   /// Reads the guide that belongs to the language. False, after a message that names the path,
@@ -78,7 +80,7 @@ class frmAide : public QWidget {
 
   const ProcessState& state_;
   Platform& io_;
-  HelpPlace& lastPlace_;
+  std::shared_ptr<HelpPlace> lastPlace_;
   std::optional<HelpBook> book_;
   std::string path_;  ///< of the guide that is on show
   std::vector<HelpHit> hits_;

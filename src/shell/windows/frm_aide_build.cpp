@@ -136,9 +136,9 @@ void frmAide::RetrouvePlace() {
   QSize wanted = firstSize;
   if (screen() != nullptr) wanted = wanted.boundedTo(screen()->availableGeometry().size());
   resize(wanted);
-  if (lastPlace_.geometry.isValid()) setGeometry(lastPlace_.geometry);
-  if (!lastPlace_.columns.isEmpty()) columns_->restoreState(lastPlace_.columns);
-  page_->ChangeZoom(lastPlace_.zoom);
+  if (lastPlace_->geometry.isValid()) setGeometry(lastPlace_->geometry);
+  if (!lastPlace_->columns.isEmpty()) columns_->restoreState(lastPlace_->columns);
+  page_->ChangeZoom(lastPlace_->zoom);
 }
 
 void frmAide::Relie() {

@@ -44,7 +44,7 @@ class HelpDesk : public QObject {
 
   const ProcessState& state_;
   Platform& io_;
-  HelpPlace place_;
+  std::shared_ptr<HelpPlace> place_ = std::make_shared<HelpPlace>();
   std::unique_ptr<frmAide> form_;  ///< beside the main window; made when first wanted
 };
 

@@ -75,7 +75,7 @@ class FrmAide : public testing::Test, protected test::FakeServices {
   std::unique_ptr<FileSystem> files_ = CreeSystemeDeFichiers();
   Platform io_{*engine_, *files_, settings, dialogues, clock, environment, sound};
   ProcessState state_;
-  HelpPlace place_;
+  std::shared_ptr<HelpPlace> place_ = std::make_shared<HelpPlace>();
   std::unique_ptr<frmAide> form_;
 };
 
@@ -253,7 +253,7 @@ TEST_F(FrmAide, KeepsItsPlaceWhileTheProgramRuns) {
   form_->resize(700, 500);
   Page()->ChangeZoom(3);
   form_->close();
-  EXPECT_EQ(place_.geometry.size(), QSize(700, 500));
+  EXPECT_EQ(place_->geometry.size(), QSize(700, 500));
   Ouvre();
   EXPECT_EQ(form_->size(), QSize(700, 500));
   EXPECT_EQ(Page()->Zoom(), 3);
