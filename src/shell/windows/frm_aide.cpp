@@ -91,15 +91,18 @@ void frmAide::Montre(const QString& target) {
 
 void frmAide::RempliSommaire() {
   const QSignalBlocker quiet(treeSommaire);
+  const QSize row(0, fontMetrics().lineSpacing() * 3 / 2);
   treeSommaire->clear();
   for (const HelpChapter& chapter : book_->Chapitres()) {
     auto* top = new QTreeWidgetItem(treeSommaire, {chapter.title});
     top->setData(0, targetRole, chapter.page);
+    top->setSizeHint(0, row);
     for (const HelpSection& section : chapter.sections) {
       if (section.anchor.isEmpty()) continue;
       auto* item = new QTreeWidgetItem(top, {section.title});
       item->setData(0, targetRole, chapter.page + u'#' + section.anchor);
       item->setToolTip(0, section.title);
+      item->setSizeHint(0, row);
     }
   }
   Cherche();

@@ -15,7 +15,7 @@ namespace talpena {
 namespace {
 
 const auto scheme = u"help:/"_s;
-constexpr int pageMargin = 20;
+constexpr int pageMargin = 20, headingGap = 10;
 constexpr int zoomLimit = 12;
 
 struct ColourName {
@@ -31,6 +31,7 @@ constexpr std::array colourNames = {
     ColourName{"placeholder-text", QPalette::PlaceholderText},
     ColourName{"mid", QPalette::Mid},
     ColourName{"link", QPalette::Link},
+    ColourName{"highlight", QPalette::Highlight},
 };
 // clang-format on
 
@@ -57,9 +58,12 @@ QString Chemin(const QUrl& url) { return url.path().mid(1); }
 
 HelpPageView::HelpPageView(QWidget* parent) : QTextBrowser(parent) {
   setOpenExternalLinks(false);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);  // pictures keep their width from page to page
   document()->setDocumentMargin(pageMargin);
   connect(this, &QTextBrowser::sourceChanged, this, [this] {
     RemetImages();
+    QScrollBar* bar = verticalScrollBar();
+    if (source().hasFragment()) bar->setValue(bar->value() - headingGap);
     place_ = -1;
     Marque();
   });
@@ -121,7 +125,7 @@ void HelpPageView::RemetImages() {
     for (auto it = block.begin(); !it.atEnd(); ++it) {
       const QTextImageFormat format = it.fragment().charFormat().toImageFormat();
       if (!format.isValid()) continue;
-      const QUrl url(format.name());
+      const QUrl url = document()->baseUrl().resolved(QUrl(format.name()));
       document()->addResource(QTextDocument::ImageResource, url,
                               loadResource(QTextDocument::ImageResource, url));
       document()->markContentsDirty(block.position(), block.length());

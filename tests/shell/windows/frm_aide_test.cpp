@@ -345,6 +345,22 @@ TEST_F(FrmAide, DrawsPicturesAsWideAsThereIsRoom) {
   EXPECT_EQ(Page()->horizontalScrollBar()->maximum(), 0);
 }
 
+TEST_F(FrmAide, NeedsNoScrollingSideways) {
+  for (const std::int16_t langue : {French, English}) {
+    ChangeLangue(langue);
+    Ouvre();
+    for (const int width : {1020, 820}) {
+      form_->resize(width, 600);
+      for (int i = 0; i < Sommaire()->topLevelItemCount(); ++i) {
+        Sommaire()->setCurrentItem(Sommaire()->topLevelItem(i));
+        QCoreApplication::processEvents();
+        EXPECT_EQ(Page()->horizontalScrollBar()->maximum(), 0)
+            << Page()->Cible().toStdString() << ' ' << langue << ' ' << width;
+      }
+    }
+  }
+}
+
 TEST_F(FrmAide, FollowsThePaletteOfTheDesktop) {
   Ouvre("table.html");
   const auto alternate = [this] { return Page()->palette().color(QPalette::AlternateBase).name(); };
