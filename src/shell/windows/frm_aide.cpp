@@ -140,7 +140,7 @@ void frmAide::AfficheTrouvailles() {
     auto* item = new QListWidgetItem(hit.title, lstTrouve);
     item->setData(HelpHitDelegate::contextRole, hit.context);
     item->setData(Qt::AccessibleDescriptionRole, hit.context);
-    item->setToolTip(hit.title);
+    item->setToolTip(hit.title);  // may be cut
   }
   lblRien->setText(QString::fromStdString(Texte(state_.Langue, MsgId::AideRien)).arg(words));
   pages_->setCurrentIndex(words.isEmpty() ? 0 : hits_.empty() ? 2 : 1);

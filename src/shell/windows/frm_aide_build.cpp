@@ -26,7 +26,7 @@ namespace talpena {
 namespace {
 
 constexpr int margin = 8;
-constexpr QSize firstSize(1020, 700);
+constexpr QSize firstSize(1120, 740);
 
 template <typename Widget>
 Widget* Nomme(Widget* widget, const QString& name) {
@@ -117,7 +117,7 @@ void frmAide::Dispose() {
   columns_->addWidget(right);
   columns_->setStretchFactor(1, 1);
   const int letter = fontMetrics().averageCharWidth();
-  columns_->setSizes({42 * letter, 100 * letter});
+  columns_->setSizes({50 * letter, 110 * letter});
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);

@@ -62,8 +62,7 @@ HelpPageView::HelpPageView(QWidget* parent) : QTextBrowser(parent) {
   document()->setDocumentMargin(pageMargin);
   connect(this, &QTextBrowser::sourceChanged, this, [this] {
     RemetImages();
-    QScrollBar* bar = verticalScrollBar();
-    if (source().hasFragment()) bar->setValue(bar->value() - headingGap);
+    VaAuTitre();
     place_ = -1;
     Marque();
   });
@@ -131,6 +130,13 @@ void HelpPageView::RemetImages() {
       document()->markContentsDirty(block.position(), block.length());
     }
   }
+}
+
+/// The heading that the address names, a little below the upper edge.
+void HelpPageView::VaAuTitre() {
+  if (!source().hasFragment()) return;
+  scrollToAnchor(source().fragment());
+  verticalScrollBar()->setValue(verticalScrollBar()->value() - headingGap);
 }
 
 void HelpPageView::ChangeMots(const QString& words) {
@@ -211,6 +217,12 @@ void HelpPageView::changeEvent(QEvent* event) {
 void HelpPageView::resizeEvent(QResizeEvent* event) {
   QTextBrowser::resizeEvent(event);
   if (LargeurImages() != imageWidth_) RemetImages();
+}
+
+// Only now is it known how long the lines are.
+void HelpPageView::showEvent(QShowEvent* event) {
+  QTextBrowser::showEvent(event);
+  VaAuTitre();
 }
 
 void HelpPageView::wheelEvent(QWheelEvent* event) {

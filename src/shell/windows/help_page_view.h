@@ -48,10 +48,12 @@ class HelpPageView : public QTextBrowser {
  protected:
   void changeEvent(QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
 
  private:
   void Marque();
+  void VaAuTitre();
   void RemetImages();
   int LargeurImages() const;
 

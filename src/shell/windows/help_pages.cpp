@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 namespace talpena {
 namespace {
 
-constexpr int contextLength = 100, contextBefore = 40;  // characters
+constexpr int contextLength = 100, contextBefore = 20;  // characters
 
 /// Elements of which each is a line of its own.
 bool EstBloc(QStringView element) {
@@ -116,13 +116,23 @@ QString Contexte(const QString& text, const QString& words) {
   return (start > line ? u"… "_s : QString()) + context.trimmed() + (cut ? u" …"_s : QString());
 }
 
-HelpHit EnTrouvaille(const HelpChapter& chapter, const HelpSection& section, const QString& words) {
-  HelpHit hit{chapter.page, chapter.title, Contexte(section.text, words)};
-  if (!section.anchor.isEmpty()) {
-    hit.target += u'#' + section.anchor;
-    hit.title += u" › "_s + section.title;
+/// Of a chapter that begins with a heading: what it deals with.
+QString Sommaire(const HelpChapter& chapter) {
+  QStringList titles;
+  for (const HelpSection& section : chapter.sections) {
+    if (!section.anchor.isEmpty()) titles << section.title;
   }
-  return hit;
+  const QString all = titles.join(u" · "_s);
+  return all.size() <= contextLength ? all
+                                     : all.left(contextLength).section(u" · "_s, 0, -2) + u" …"_s;
+}
+
+HelpHit EnTrouvaille(const HelpChapter& chapter, const HelpSection& section, const QString& words) {
+  QString context = Contexte(section.text, words);
+  if (section.anchor.isEmpty()) {
+    return {chapter.page, chapter.title, context.isEmpty() ? Sommaire(chapter) : context};
+  }
+  return {chapter.page + u'#' + section.anchor, section.title, chapter.title + u" — "_s + context};
 }
 
 }  // namespace

@@ -25,9 +25,9 @@ struct HelpChapter {
 
 /// A section that has what was searched for.
 struct HelpHit {
-  QString target;  ///< "table.html#find"
-  QString title;   ///< chapter and section
-  QString context;
+  QString target;   ///< "table.html#find"
+  QString title;    ///< of the section
+  QString context;  ///< its chapter, and what stands around the first word
 };
 
 /// A text in which letter case, accents and ligatures are gone, and where its characters were.

@@ -295,7 +295,8 @@ TEST(HelpSearch, FindsWordsWhateverTheirCaseAndAccents) {
   const auto plain = book.Cherche(u"annees charnieres"_s);
   ASSERT_FALSE(plain.empty());
   EXPECT_EQ(plain.front().target, u"periods.html#periods");
-  EXPECT_EQ(plain.front().title, u"Périodes et sélection › Les périodes");
+  EXPECT_EQ(plain.front().title, u"Les périodes");
+  EXPECT_TRUE(plain.front().context.startsWith(u"Périodes et sélection — "));
   EXPECT_TRUE(plain.front().context.contains(u"années charnières"))
       << plain.front().context.toStdString();
   EXPECT_EQ(book.Cherche(u"ANNÉES CHARNIÈRES"_s).size(), plain.size());
@@ -315,6 +316,14 @@ TEST(HelpSearch, WantsEveryWordInOneSection) {
   EXPECT_TRUE(book.Cherche(u"mask zebra"_s).empty());
 }
 
+TEST(HelpSearch, TellsWhatAChapterDealsWith) {
+  const auto hits = Guide(languages[1]).Cherche(u"preferences"_s);
+  ASSERT_FALSE(hits.empty());
+  EXPECT_EQ(hits.front().target, u"preferences.html");
+  EXPECT_EQ(hits.front().title, u"Preferences and languages");
+  EXPECT_TRUE(hits.front().context.startsWith(u"The window · Coordinates input mode · "));
+}
+
 TEST(HelpSearch, FindsNothingForBlanks) {
   const HelpBook book = Guide(languages[1]);
   EXPECT_TRUE(book.Cherche({}).empty());
@@ -325,7 +334,7 @@ TEST(HelpSearch, ShowsWhatStandsAroundTheWord) {
   for (const HelpHit& hit : Guide(languages[1]).Cherche(u"datum"_s)) {
     const bool inTitle = Plie(hit.title).text.contains(u"datum");
     EXPECT_TRUE(inTitle || Plie(hit.context).text.contains(u"datum")) << hit.target.toStdString();
-    EXPECT_LE(hit.context.size(), 130) << hit.context.toStdString();
+    EXPECT_LE(hit.context.size(), 150) << hit.context.toStdString();
     EXPECT_FALSE(hit.context.contains(u'\n'));
   }
 }
