@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <array>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "platform/main_window_view.h"
@@ -27,6 +28,7 @@ class QToolButton;
 
 namespace talpena {
 
+class HelpDesk;
 class TDBGrid;
 class frmMessage;
 
@@ -166,6 +168,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   frmMessage* frmMessage_ = nullptr;
+  std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
 };
 
 }  // namespace talpena
