@@ -264,4 +264,19 @@ inline constexpr int APropos = 926;      // "About Talpena"
 inline constexpr int Description = 927;  // "A desktop editor for biological distribution files"
 inline constexpr int Licence = 928;      // "Licence: GPL-3.0-or-later"
 
+// User guide.
+inline constexpr int AideFenetre = 870;      // "Talpena user guide"
+inline constexpr int AideIntrouvable = 871;  // "The user guide cannot be found: %1"
+inline constexpr int AideAbimee = 872;       // "The user guide is damaged: %1"
+inline constexpr int AideChercher = 873;     // "Search:"
+inline constexpr int AideSommaire = 874;     // "Contents"
+inline constexpr int AideRetour = 875;       // "Back"
+inline constexpr int AideSuite = 876;        // "Forward"
+inline constexpr int AideImprimer = 877;     // "Print..."
+inline constexpr int AideRien = 878;         // "Nothing found for "%1". Fewer words, ..."
+inline constexpr int AideTrouvailles = 879;  // "Places found"
+inline constexpr int AidePage = 880;         // "Page of the guide"
+inline constexpr int AidePrecedent = 881;    // "Previous place found"
+inline constexpr int AideSuivant = 882;      // "Next place found"
+
 }  // namespace talpena::MsgId

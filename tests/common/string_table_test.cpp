@@ -104,6 +104,7 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(780, 797);  // gazetteer
   covered(800, 808);  // datums
   covered(810, 814);  // preferences
+  covered(870, 882);  // user guide
   covered(901, 919);  // saving, status, grid
   covered(920, 930);  // names, about, saving
   covered(940, 942);  // record editor

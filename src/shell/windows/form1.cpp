@@ -15,6 +15,7 @@
 
 #include "platform/qt/window_place.h"
 #include "shell/windows/frm_message.h"
+#include "shell/windows/help_desk.h"
 #include "store/windows/grid_cells.h"
 #include "store/windows/tdb_grid.h"
 
@@ -35,6 +36,7 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
   OrdonneTabulation();
   ChargeIcones();
   frmMessage_ = new frmMessage(this);
+  aide_ = std::make_unique<HelpDesk>(state_, io_);
   ActiveControles();
   Relie();
   const QPointer<Form1> self(this);

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <array>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "platform/main_window_view.h"
@@ -28,6 +29,7 @@ class QToolButton;
 namespace talpena {
 
 class EditForm;
+class HelpDesk;
 class TDBGrid;
 class frmMessage;
 
@@ -170,6 +172,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   QTimer* Timer1 = nullptr;
   frmMessage* frmMessage_ = nullptr;
   EditForm* editForm_ = nullptr;  ///< while it is open
+  std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
 };
 
 }  // namespace talpena

@@ -21,6 +21,7 @@
 #include "platform/qt/colours.h"
 #include "shell/windows/form1.h"
 #include "shell/windows/frm_eastern.h"
+#include "shell/windows/help_desk.h"
 #include "store/sort.h"
 #include "store/windows/edit_form.h"
 #include "store/windows/tdb_grid.h"
@@ -111,6 +112,11 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
     actions_.at("MnuLang_" + std::to_string(state_.Langue / 1000))->setChecked(true);
     return;
   }
+  if (entry.command == MenuCommand::AideTexte) {
+    // At any time: what is typed in the grid may stay as it is.
+    ExecuteCommande(state_, io_, {}, [this] { aide_->MnuAideTexte_Click(); });
+    return;
+  }
   Commande([&] {
     switch (entry.command) {
       case MenuCommand::Nouveau:
@@ -157,6 +163,7 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
         return MnuTxtGrille_Click();
       case MenuCommand::Info:
         return MnuInfo_Click();
+      case MenuCommand::AideTexte:
       case MenuCommand::Lang:
       case MenuCommand::None:
         return;

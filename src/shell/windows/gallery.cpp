@@ -8,6 +8,7 @@
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
+#include "shell/windows/frm_aide.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/frm_message.h"
 #include "shell/windows/start.h"
@@ -23,6 +24,12 @@ std::unique_ptr<QWidget> CreeAttente(const GalleryContext& c) {
   return message;
 }
 
+std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
+  auto help = std::make_unique<frmAide>(c.state, c.io, std::make_shared<HelpPlace>());
+  if (help->Ouvre()) help->Montre(QStringLiteral("table.html#erase"));
+  return help;
+}
+
 using Context = const GalleryContext&;
 using Window = std::unique_ptr<QWidget>;
 
@@ -31,6 +38,7 @@ constexpr std::array windows = {
     GalleryWindow{"about",   [](Context c) -> Window { return std::make_unique<frmEastern>(c.state.Langue); }},
     GalleryWindow{"adjust",  [](Context c) -> Window { return std::make_unique<Ajustement>(c.state); }},
     GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
+    GalleryWindow{"help",    CreeAide},
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
     GalleryWindow{"message", CreeAttente},
     GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io); }},

@@ -96,6 +96,10 @@ std::string AvisSansPoint(std::int16_t langue, const std::string& failure) {
   return Remplace(Texte(langue, MsgId::ReferenceRefusee), "%1", failure);
 }
 
+bool MontrePoint(const RecordScreen& ecran) {
+  return !Rogne(ecran.ChampLatitude).empty() && !Rogne(ecran.ChampLongitude).empty();
+}
+
 void PrendPoint(RecordScreen& ecran, const Point& point) {
   const auto place = [&](std::string& field, double degrees, std::string_view mask) {
     const std::string text = Format(degrees, mask);
@@ -132,7 +136,10 @@ void QuitteEditBox(CommandContext c, RecordScreen& ecran, int box) {
   if (box < 0 || box >= static_cast<int>(ecran.EditBox.size())) return;
   ExecuteCommande(c.state, c.io, {}, [&] {
     NettoieBoites(ecran);
-    if (CalculePoint(c, ecran)) AfficheControle(c, ecran);
+    // Keys that only pass through the boxes leave a point alone that was snapped to a grid.
+    // Held by QuitteEditBoxTest.LeavesASnappedPointWhereItIs.
+    const bool passedThrough = CleReference(ecran) == ecran.referenceLue && MontrePoint(ecran);
+    if (!passedThrough && CalculePoint(c, ecran)) AfficheControle(c, ecran);
     MetAvis(c.state, ecran);
   });
 }

@@ -28,7 +28,8 @@ void AdapteInputbox(StoreState& state, RecordScreen& ecran);
 
 /// The user left a box: its text is put right and, once all boxes of the system are filled, the
 /// point is computed on the file's datum and shown in the control notations. A reference that
-/// names no point leaves latitude and longitude as they were and says so in `avis`.
+/// names no point leaves latitude and longitude as they were and says so in `avis`. Boxes that
+/// did not change since the row was shown or the point computed leave a point that is there.
 /// @param box  0 to 2
 void QuitteEditBox(CommandContext c, RecordScreen& ecran, int box);
 

@@ -207,6 +207,32 @@ TEST_F(QuitteEditBoxTest, MarksTheFormOnlyWhenThePointChanges) {
   EXPECT_TRUE(ecran.ButOk);
 }
 
+TEST_F(QuitteEditBoxTest, LeavesASnappedPointWhereItIs) {
+  Ouvre({{{"PERIOD", "1"},
+          {"DATUM", "WGS84"},
+          {"ORIGINAL", "deg 50,53 4,27"},
+          {"LATITUDE", "50.5"},
+          {"LONGITUDE", "4.25"}}});
+  state.Data1.recordset().MoveLast();
+  RempliDessus(Contexte(), ecran);
+  for (int box = 1; box <= 2; ++box) QuitteEditBox(Contexte(), ecran, box);
+  EXPECT_EQ(ecran.ChampLatitude + " " + ecran.ChampLongitude, "+50.5 +4.25");
+  EXPECT_FALSE(ecran.modifie);
+  ecran.EditBox[1] = "50.54";
+  QuitteEditBox(Contexte(), ecran, 1);
+  EXPECT_NEAR(std::stod(ecran.ChampLatitude), 50.54, 0.01);
+  EXPECT_NE(ecran.ChampLongitude, "+4.25");
+  EXPECT_TRUE(ecran.modifie);
+}
+
+TEST_F(QuitteEditBoxTest, ComputesAPointThatTheRowLacks) {
+  Ouvre({{{"PERIOD", "1"}, {"DATUM", "EUR-M"}, {"ORIGINAL", "deg 50.53 4.27"}}});
+  state.Data1.recordset().MoveLast();
+  RempliDessus(Contexte(), ecran);
+  QuitteEditBox(Contexte(), ecran, 2);
+  EXPECT_EQ(ecran.ChampLatitude + " " + ecran.ChampLongitude, "+50.53 +4.27");
+}
+
 TEST_F(QuitteEditBoxTest, IgnoresABoxThatIsNone) {
   QuitteEditBox(Contexte(), ecran, 3);
   QuitteEditBox(Contexte(), ecran, -1);
