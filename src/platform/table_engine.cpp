@@ -57,4 +57,15 @@ std::int64_t Recordset::ModifieLignes(const RowPass& pass, RowChange& change) {
   return count;
 }
 
+std::int64_t Recordset::SupprimeLignes(std::span<const Bookmark> rows) {
+  const auto clone = Clone();
+  std::int64_t count = 0;
+  for (const Bookmark row : rows) {
+    if (!VaALaLigne(*clone, row)) continue;
+    clone->Delete();
+    ++count;
+  }
+  return count;
+}
+
 }  // namespace talpena

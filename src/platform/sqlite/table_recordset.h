@@ -45,6 +45,7 @@ class TableRecordset final : public Recordset, private RunningReader {
   std::int64_t ModifieLignes(const RowPass& pass, RowChange& change) override;
   Bookmark LastModified() const override;
   void Delete() override;
+  std::int64_t SupprimeLignes(std::span<const Bookmark> rows) override;
 
   bool FindFirst(std::string_view condition) override;
   bool FindNext(std::string_view condition) override;
@@ -74,6 +75,7 @@ class TableRecordset final : public Recordset, private RunningReader {
   void ExecuteModification(const std::string& sql, RowKey key);
   void Insere();
   void Modifie();
+  void ExecuteSuppression(const std::vector<RowKey>& keys);
   void VerifiePasse(const RowPass& pass) const;
   std::optional<std::pair<std::int64_t, std::int64_t>> EtendueDeToutes();
 

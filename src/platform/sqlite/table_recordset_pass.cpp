@@ -1,9 +1,12 @@
-// TableRecordset: one pass over many rows, as UPDATE statements over a block of them each.
+// TableRecordset: many rows at once. One pass over them is UPDATE statements over a block of them
+// each; deleting them is a statement for every run of keys.
 #include <algorithm>
 #include <limits>
+#include <optional>
 
 #include "platform/sqlite/errors.h"
 #include "platform/sqlite/row_update.h"
+#include "platform/sqlite/savepoint.h"
 #include "platform/sqlite/source_table.h"
 #include "platform/sqlite/table_recordset.h"
 
@@ -35,14 +38,15 @@ class KeySource final : public SourceRows {
 };
 
 /// The keys of a list that are alive and, if `only` is given, named there; rising, each once.
-std::vector<RowKey> ClesDe(const RowList& rows, const std::vector<Bookmark>* only) {
+std::vector<RowKey> ClesDe(const RowList& rows, std::optional<std::span<const Bookmark>> only) {
   std::vector<RowKey> keys;
-  if (only == nullptr) {
+  if (!only) {
     keys.reserve(static_cast<std::size_t>(rows.Vivants()));
     for (auto slot = rows.Suivant(0); slot; slot = rows.Suivant(*slot + 1)) {
       keys.push_back(rows.Cle(*slot));
     }
   } else {
+    keys.reserve(only->size());
     for (const Bookmark bookmark : *only) {
       if (bookmark < std::numeric_limits<RowKey>::min() ||
           bookmark > std::numeric_limits<RowKey>::max()) {
@@ -52,7 +56,7 @@ std::vector<RowKey> ClesDe(const RowList& rows, const std::vector<Bookmark>* onl
       if (slot && rows.Vivant(*slot)) keys.push_back(static_cast<RowKey>(bookmark));
     }
   }
-  std::sort(keys.begin(), keys.end());
+  if (!std::is_sorted(keys.begin(), keys.end())) std::sort(keys.begin(), keys.end());
   keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
   return keys;
 }
@@ -147,10 +151,42 @@ std::int64_t TableRecordset::ModifieLignes(const RowPass& pass, RowChange& chang
     whole.ParEtendues(range->first, range->second);
     return whole.Modifiees();
   }
-  const std::vector<RowKey> keys = ClesDe(*rows_, pass.only);
+  std::optional<std::span<const Bookmark>> only;
+  if (pass.only != nullptr) only.emplace(*pass.only);
+  const std::vector<RowKey> keys = ClesDe(*rows_, only);
   Passe some(*connection_, *table_, pass, change, static_cast<std::int64_t>(keys.size()));
   some.ParCles(keys);
   return some.Modifiees();
+}
+
+std::int64_t TableRecordset::SupprimeLignes(std::span<const Bookmark> rows) {
+  ExigeEcriture();
+  FinEdition();
+  const std::vector<RowKey> keys = ClesDe(*rows_, rows);
+  if (keys.empty()) return 0;
+  connection_->ArreteLecteurs();
+  PointDeReprise point(*connection_);
+  ExecuteSuppression(keys);
+  point.Valide();
+  table_->NoteSuppressions(keys);
+  OublieLigne();
+  return static_cast<std::int64_t>(keys.size());
+}
+
+// Chosen rows mostly stand together, and then their keys do.
+void TableRecordset::ExecuteSuppression(const std::vector<RowKey>& keys) {
+  const std::string sql = "DELETE FROM " + table_->NomSql() + " WHERE " + table_->CleSql();
+  Statement one = connection_->Prepare(sql + " = ?1");
+  Statement run = connection_->Prepare(sql + " BETWEEN ?1 AND ?2");
+  for (std::size_t first = 0; first < keys.size();) {
+    std::size_t last = first;
+    while (last + 1 < keys.size() && keys[last + 1] == keys[last] + 1) ++last;
+    Statement& statement = first == last ? one : run;
+    statement.Lie(0, std::int64_t{keys[first]});
+    if (first != last) statement.Lie(1, std::int64_t{keys[last]});
+    statement.Execute();
+    first = last + 1;
+  }
 }
 
 }  // namespace talpena::sqlite
