@@ -134,8 +134,8 @@ class Recordset {
   /// to the row behind the deleted one).
   virtual void Delete() = 0;
   /// Deletes the rows that are named and that the recordset shows; the others are passed over. What
-  /// a failure leaves of them is for the caller's transaction to put back. The cursor stands where it
-  /// stood, on no row if its own is gone. Returns the number of rows deleted.
+  /// a failure leaves of them is for the caller's transaction to put back. The cursor stands where
+  /// it stood, on no row if its own is gone. Returns the number of rows deleted.
   virtual std::int64_t SupprimeLignes(std::span<const Bookmark> rows);
 
   /// First or next row that meets a condition as a user may write it; false, with the position
