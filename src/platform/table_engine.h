@@ -130,6 +130,12 @@ class Recordset {
   /// left out. A refused value, or a failure of `change`, is thrown on: the rows changed before
   /// it stay. The cursor does not move. Returns the number of rows changed.
   virtual std::int64_t ModifieLignes(const RowPass& pass, RowChange& change);
+  /// Puts the same values into fields of every row that the recordset shows, checked as by Set, and
+  /// tells `avance` how far it came, as a pass does. Without rows nothing is checked. A refused
+  /// value changes no row. The cursor does not move. Returns the number of rows changed.
+  using Progress = std::function<void(std::int64_t done, std::int64_t total)>;
+  virtual std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
+                                     const Progress& avance);
   /// Deletes the current row; the cursor then stands on no row until it is moved (MoveNext goes
   /// to the row behind the deleted one).
   virtual void Delete() = 0;

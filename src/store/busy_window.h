@@ -54,15 +54,25 @@ class Occupe {
   CommandContext c_;
 };
 
-/// A change of rows that shows in ProgressBar1 how far it came.
-class RowWalk : public RowChange {
+/// How far a command came, in ProgressBar1.
+class Avancement {
  public:
-  explicit RowWalk(MainWindowView& vue) : vue_(vue) {}
-  void Avance(std::int64_t done, std::int64_t total) final;
+  explicit Avancement(MainWindowView& vue) : vue_(vue) {}
+  void Montre(std::int64_t done, std::int64_t total);
 
  private:
   MainWindowView& vue_;
   int shown_ = -1;  ///< percent
+};
+
+/// A change of rows that shows how far it came.
+class RowWalk : public RowChange {
+ public:
+  explicit RowWalk(MainWindowView& vue) : avancement_(vue) {}
+  void Avance(std::int64_t done, std::int64_t total) final { avancement_.Montre(done, total); }
+
+ private:
+  Avancement avancement_;
 };
 
 }  // namespace talpena

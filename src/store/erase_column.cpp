@@ -1,6 +1,5 @@
 #include "store/erase_column.h"
 
-#include <algorithm>
 #include <array>
 
 #include "common/msg_id.h"
@@ -29,29 +28,19 @@ std::vector<int> Champs(ColumnRange columns) {
   return chosen;
 }
 
-class Efface final : public RowWalk {
- public:
-  Efface(MainWindowView& vue, const std::vector<int>& chosen) : RowWalk(vue) {
-    for (const int field : chosen) {
-      empty_.push_back(EstNombre(field) ? Cell::Of(std::int64_t{0}) : Cell::Of(std::string_view()));
-    }
-  }
-  bool Modifie(Bookmark, std::span<const Cell>, std::span<Cell> changed) override {
-    std::copy(empty_.begin(), empty_.end(), changed.begin());
-    return true;
-  }
-
- private:
-  std::vector<Cell> empty_;
-};
-
 void EffaceColonnes(CommandContext c, ColumnRange columns) {
   const std::vector<int> chosen = Champs(columns);
   const Occupe occupe(c);
   Transaction transaction(*c.state.WorkingDb);
   if (!chosen.empty()) {
-    Efface change(c.vue, chosen);
-    c.state.Data1.Clone()->ModifieLignes({.read = {}, .written = chosen}, change);
+    std::vector<Cell> empty;
+    for (const int field : chosen) {
+      empty.push_back(EstNombre(field) ? Cell::Of(std::int64_t{0}) : Cell::Of(std::string_view()));
+    }
+    Avancement avancement(c.vue);
+    c.state.Data1.Clone()->RemplitLignes(chosen, empty, [&](std::int64_t done, std::int64_t total) {
+      avancement.Montre(done, total);
+    });
   }
   transaction.Valide();
 }
