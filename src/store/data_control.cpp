@@ -1,13 +1,40 @@
 #include "store/data_control.h"
 
+#include <optional>
+
 #include "common/talpena_error.h"
 
 namespace talpena {
+namespace {
+
+/// Empty before the first row, behind the last, and on a row that another cursor deleted.
+std::optional<Bookmark> LigneCourante(const Recordset& rows) {
+  try {
+    return rows.GetBookmark();
+  } catch (const TalpenaError& e) {
+    if (e.number() != ErrorNumber::NoCurrentRecord) throw;
+    return std::nullopt;
+  }
+}
+
+}  // namespace
 
 void DataControl::Refresh() {
   if (database_ == nullptr) throw TalpenaError(ErrorNumber::NoCurrentRecord, "No current record.");
   recordset_ = database_->OpenRecordset(RecordSource);
   Signale(Change::Rows);
+}
+
+void DataControl::RafraichitSurPlace() {
+  const std::optional<Bookmark> row = LigneCourante(recordset());
+  Refresh();
+  if (!row) return;
+  try {
+    recordset().SetBookmark(*row);
+    SignalePosition();
+  } catch (const TalpenaError& e) {
+    if (e.number() != ErrorNumber::InvalidBookmark) throw;
+  }
 }
 
 void DataControl::SignaleLignes() { Signale(Change::Rows); }

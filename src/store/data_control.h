@@ -22,6 +22,8 @@ class DataControl {
   /// Opens RecordSource anew and goes to its first row. When the engine refuses the source, the
   /// old recordset stays and the failure is thrown.
   void Refresh();
+  /// Refresh, then back to the row on which it stood, when that is still there.
+  void RafraichitSurPlace();
 
   /// Tells the listeners that rows were added to or deleted from the recordset by its clones. Added
   /// rows stand at its end, whatever its order and its condition, until the next Refresh.

@@ -111,6 +111,8 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
                    "MnuRemplirXY_5", "MnuRemplirTexte", "mnuAjustGrid_0", "mnuAjustGrid_1",
                    "mnuAjustGrid_2", "mnuAjustIFBL_0", "mnuAjustIFBL_1", "mnuAjustIFBL_2",
                    "MnuDatumFichier"});
+  expected.insert({"mnuChercher_0", "mnuChercher_1", "MnuAjoutLigne", "mnuDuplic", "MnuEraseCol",
+                   "MnuSupprimer"});
   EXPECT_EQ(Actifs(true), expected);
 }
 

@@ -98,7 +98,9 @@ void Form1::ActiveControles() {
   });
   cmd[1]->setEnabled(fileOpen_);
   ActiveEdition();
-  for (std::size_t i = 4; i < cmd.size(); ++i) cmd[i]->setEnabled(false);
+  actions_.at("mnuChercher_1")->setEnabled(fileOpen_ && searched_);
+  cmd[4]->setEnabled(fileOpen_);
+  cmd[5]->setEnabled(fileOpen_);
   cmdMap->setEnabled(false);
   for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
 }

@@ -73,6 +73,10 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MontreOptionsPeriodes() override;
   bool MontreAjustement() override;
   std::vector<Bookmark> LignesSelectionnees() override;
+  std::optional<ColumnRange> ColonnesSelectionnees() override;
+  void SelectionneColonnes(ColumnRange columns) override;
+  int ColonneCourante() override;
+  void ActiveSuivant() override;
   void GeleGrille(bool frozen) override;
   void RecalculeCoordonnees() override;
 
@@ -142,6 +146,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   Platform& io_;
   QWidget* splash_ = nullptr;
   bool fileOpen_ = false;
+  bool searched_ = false;  ///< Next has a search to go on with
   bool hourglass_ = false;
   bool ended_ = false;
   int running_ = 0;          ///< commands under way

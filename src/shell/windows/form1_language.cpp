@@ -51,6 +51,8 @@ void Form1::AppliqueLangue() {
                                               : caption);
   }
   cmd[3]->setToolTip(QString::fromStdString(SansMnemonique(Texte(state_.Langue, MsgId::Editer))));
+  cmd[4]->setToolTip(AvecTouche(cmd[4]->text(), *actions_.at("mnuChercher_0")));
+  cmd[5]->setToolTip(AvecTouche(cmd[5]->text(), *actions_.at("MnuSupprimer")));
   cmdMap->setText(texte(MsgId::Carte));
   cmdMap->setAccessibleName(texte(MsgId::Carte));
   for (std::size_t i = 0; i < cmdFirstLast.size(); ++i) {
