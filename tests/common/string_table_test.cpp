@@ -111,6 +111,7 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(950, 959);  // converter between Lambert belge and IFBL
   covered(960, 964);  // coordinate tools
   covered(970, 976);  // hints of the record editor
+  covered(980, 987);  // record editor
 }
 
 TEST(StringTable, GivesTheTextOfTheLanguage) {

@@ -12,8 +12,8 @@
 #include <QStackedLayout>
 #include <QToolButton>
 #include <algorithm>
-#include <cmath>
 
+#include "platform/qt/window_place.h"
 #include "shell/windows/frm_message.h"
 #include "shell/windows/help_desk.h"
 #include "store/windows/grid_cells.h"
@@ -22,28 +22,7 @@
 namespace talpena {
 namespace {
 
-constexpr float twipsPerPixel = 15;
-
-int EnPixels(float twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
-float EnTwips(int pixels) { return static_cast<float>(pixels) * twipsPerPixel; }
-
 enum : std::int16_t { Normale = 0, Reduite = 1, Agrandie = 2 };  // EtatFenetre
-
-/// A stored place, moved and cut so that the window can be reached on one of today's screens.
-QRect PlaceVisible(QRect wanted, bool maximised) {
-  const QScreen* screen = QGuiApplication::screenAt(wanted.center());
-  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-  if (screen == nullptr) return wanted;
-  QRect area = screen->availableGeometry();
-  if (maximised)
-    area.adjust(area.width() / 12, area.height() / 12, -area.width() / 12, -area.height() / 12);
-  wanted.setSize(wanted.size().boundedTo(area.size()).expandedTo({320, 240}));
-  wanted.moveLeft(std::clamp(wanted.left(), area.left(),
-                             std::max(area.left(), area.right() + 1 - wanted.width())));
-  wanted.moveTop(std::clamp(wanted.top(), area.top(),
-                            std::max(area.top(), area.bottom() + 1 - wanted.height())));
-  return wanted;
-}
 
 }  // namespace
 
@@ -62,7 +41,9 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
   Relie();
   const QPointer<Form1> self(this);
   state_.Data1.Ecoute([self](DataControl::Change change) {
-    if (self && change != DataControl::Change::Values) self->AffichePosition();
+    if (!self || change == DataControl::Change::Values) return;
+    self->AffichePosition();
+    self->ActiveEdition();
   });
 }
 
@@ -116,9 +97,16 @@ void Form1::ActiveControles() {
     actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, fileOpen_));
   });
   cmd[1]->setEnabled(fileOpen_);
-  for (std::size_t i = 3; i < cmd.size(); ++i) cmd[i]->setEnabled(false);
+  ActiveEdition();
+  for (std::size_t i = 4; i < cmd.size(); ++i) cmd[i]->setEnabled(false);
   cmdMap->setEnabled(false);
   for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
+}
+
+/// The record editor needs a row.
+void Form1::ActiveEdition() {
+  cmd[3]->setEnabled(fileOpen_ && state_.Data1.EstLie() &&
+                     state_.Data1.recordset().RecordCount() > 0);
 }
 
 void Form1::CacheLbl1() { lbl1->hide(); }

@@ -28,6 +28,7 @@ class QToolButton;
 
 namespace talpena {
 
+class EditForm;
 class HelpDesk;
 class TDBGrid;
 class frmMessage;
@@ -127,8 +128,10 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MnuTxtGrille_Click();
   void MnuDatumFichier_Click();
   void MnuInfo_Click();
+  void MontreEdition();
   void Timer1_Tick();
   void ActiveControles();
+  void ActiveEdition();
   void AjusteOutils();
   void SouligneLettres();
   void SuitFocus(QWidget* now);
@@ -168,6 +171,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   frmMessage* frmMessage_ = nullptr;
+  EditForm* editForm_ = nullptr;  ///< while it is open
   std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
 };
 

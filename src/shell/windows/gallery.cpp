@@ -12,6 +12,7 @@
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/frm_message.h"
 #include "shell/windows/start.h"
+#include "store/windows/edit_form.h"
 
 namespace talpena {
 namespace {
@@ -41,6 +42,7 @@ constexpr std::array windows = {
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
     GalleryWindow{"message", CreeAttente},
     GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io); }},
+    GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.state, c.io, c.vue); }},
     GalleryWindow{"splash",  [](Context) -> Window { return std::make_unique<Start>(); }},
 };
 // clang-format on

@@ -33,8 +33,9 @@ class RowHeader : public QHeaderView {
 };
 
 /// Follows Data1: its rows, its values, its current row; and moves Data1 along with the cursor.
-/// Keys: typing or F2 edits, Enter and Tab store and go on to the next cell, Escape drops the
-/// edit, Ctrl+Tab leaves the grid, Shift+Space chooses the row.
+/// A double click emits doubleClicked and edits nothing. Keys: typing or F2 edits, Enter and Tab
+/// store and go on to the next cell, Escape drops the edit, Ctrl+Tab leaves the grid, Shift+Space
+/// chooses the row.
 class TDBGrid : public QTableView {
   Q_OBJECT
 

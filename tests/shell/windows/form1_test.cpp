@@ -123,7 +123,7 @@ TEST(Form1, EntriesWithoutACommandStayDisabledWithAFile) {
                            "mnuImport_0", "MnuPreferences", "MnuParametres"}) {
     EXPECT_FALSE(m.Entree(name)->isEnabled()) << name;
   }
-  for (const char* name : {"cmd_3", "cmd_4", "cmd_5", "cmdMap"}) {
+  for (const char* name : {"cmd_4", "cmd_5", "cmdMap"}) {
     EXPECT_FALSE(m.Controle<QToolButton>(name)->isEnabled()) << name;
   }
 }
