@@ -95,10 +95,11 @@ std::set<std::string> Actifs(bool fileOpen) {
 }
 
 const std::set<std::string> always = {
-    "MnuNouveau",    "MnuOuvrir",  "MnuLastFile_1", "MnuLastFile_2", "MnuLastFile_3",
-    "MnuLastFile_4", "MnuQuitter", "MnuGrille",     "MnuTxtGrille",  "MnuLang_0",
-    "MnuLang_1",     "MnuLang_2",  "MnuLang_3",     "MnuLang_4",     "MnuLang_5",
-    "MnuInfo",       "mnuGrid",    "MnuLmbIfbl",    "MnuIFBLGrid",   "MnuIFBLGridPolygon"};
+    "MnuNouveau",        "MnuOuvrir",  "MnuLastFile_1", "MnuLastFile_2", "MnuLastFile_3",
+    "MnuLastFile_4",     "MnuQuitter", "MnuGrille",     "MnuTxtGrille",  "MnuLang_0",
+    "MnuLang_1",         "MnuLang_2",  "MnuLang_3",     "MnuLang_4",     "MnuLang_5",
+    "MnuAideTexte",      "MnuInfo",    "mnuGrid",       "MnuLmbIfbl",    "MnuIFBLGrid",
+    "MnuIFBLGridPolygon"};
 
 TEST(Menus, WithoutAFileOnlyWhatNeedsNoneCanBeChosen) { EXPECT_EQ(Actifs(false), always); }
 
