@@ -81,6 +81,7 @@ class EditForm : public QDialog {
   void Raccourci(QPushButton& button, const QKeySequence& keys, void (EditForm::*pressed)());
 
   // edit_form_language.cpp: captions.
+  void TraduitAvis();
   void NommeFenetre();
   void NommeBoutons(Mnemonics& letters);
   void NommeChamps(Mnemonics& letters);

@@ -5,10 +5,12 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
+#include <algorithm>
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "platform/qt/mnemonics.h"
+#include "store/record/compute.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
@@ -46,14 +48,19 @@ QString EditForm::TouchesDe(const QPushButton& button) const {
 void EditForm::AppliqueLangue() {
   Releve();
   AdapteInputbox(state_, ecran_);
-  // The hints speak the new language too; boxes that name no point change nothing.
-  if (!ecran_.avisReference.empty()) QuitteEditBox(Contexte(), ecran_, 2);
-  MetAvis(state_, ecran_);
+  TraduitAvis();
   Mnemonics letters;
   NommeBoutons(letters);
   NommeChamps(letters);
   NommeFenetre();
   Montre();
+}
+
+/// The hints in the new language. Boxes that named no point name none now.
+void EditForm::TraduitAvis() {
+  const bool typing = std::find(boiteTapee_.begin(), boiteTapee_.end(), true) != boiteTapee_.end();
+  if (!ecran_.avisReference.empty() && !typing) CalculePoint(Contexte(), ecran_);
+  MetAvis(state_, ecran_);
 }
 
 void EditForm::NommeFenetre() {
