@@ -1,6 +1,7 @@
 #include "coords/dms_text.h"
 
 #include <cmath>
+#include <cstdlib>
 
 #include "common/numbers.h"
 
@@ -20,6 +21,13 @@ DmsParts DegresVersDms(float minutes, double source) {
 std::string TexteDms(double degrees) {
   const DmsParts parts = DegresVersDms(EnSimple(degrees * 60), degrees);
   return std::to_string(parts.degrees) + "\u00B0" + std::to_string(parts.minutes) + "'" +
+         Format(static_cast<double>(parts.seconds), "00.0''");
+}
+
+std::string TexteDmsSigne(double degrees) {
+  const DmsParts parts = DegresVersDms(EnSimple(degrees * 60), degrees);
+  return (degrees < 0 ? "-" : "") + std::to_string(std::abs(parts.degrees)) + "\u00B0 " +
+         std::to_string(parts.minutes) + "' " +
          Format(static_cast<double>(parts.seconds), "00.0''");
 }
 

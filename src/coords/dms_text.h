@@ -16,4 +16,7 @@ DmsParts DegresVersDms(float minutes, double source);
 /// "50°25'30.0''", the seconds by the mask "00.0''"; 59.96 of them read "60.0''".
 std::string TexteDms(double degrees);
 
+/// "-0° 30' 00.0''", with the sign of every negative angle and blanks, for a display.
+std::string TexteDmsSigne(double degrees);
+
 }  // namespace talpena

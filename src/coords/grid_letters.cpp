@@ -60,4 +60,9 @@ void LettresVersIrish(std::string_view letters, double northKm, double eastKm, d
   northing = (100 * square.north + northKm) * 1000 + 5680030.0;
 }
 
+bool EstCarreNational(Grille grid, std::string_view letters) {
+  if (letters.size() != 2 || !Carre(Carres100, letters[1])) return false;
+  return grid == Grille::Irish || Carre(Carres500, letters[0]).has_value();
+}
+
 }  // namespace talpena

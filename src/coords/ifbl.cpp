@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "common/text.h"
+
 namespace talpena {
 namespace {
 
@@ -116,6 +118,17 @@ void LambertVersIfbl(double x, double y, std::string& code, std::int16_t& error,
   Ajoute(code, xKm % 32 / 4 + 1);
   if (level < 6) return;
   Ajoute(code, Paire(xKm, yKm));
+}
+
+bool NommeCarreIfbl(std::string_view code) {
+  const std::string wanted = Majuscules(Remplace(code, " ", ""));
+  double x = 0, y = 0;
+  std::int16_t error = 0;
+  IfblVersLambert(wanted, x, y, error);
+  if (error != 0 || x < IfblOuest || x > IfblEst || y < IfblSud || y > IfblNord) return false;
+  std::string found;
+  LambertVersIfbl(x, y, found, error, static_cast<int>(wanted.size()));
+  return found == wanted;
 }
 
 }  // namespace talpena

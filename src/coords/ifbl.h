@@ -24,6 +24,9 @@ inline constexpr int IfblNord = 258180;
 ///               pair outside the table moves nothing, a sign before "A" is the row south of "M".
 void IfblVersLambert(std::string_view code, double& x, double& y, std::int16_t& error);
 
+/// Whether a square of the grid has a code: its centre lies in the grid and has this code.
+bool NommeCarreIfbl(std::string_view code);
+
 /// Code of the square that holds a point. Inside the grid, IfblVersLambert's inverse. Around it,
 /// and still inside the bounds, the code has letters, digits or a length of no square ("@0",
 /// "A10", "M0910").

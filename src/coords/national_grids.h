@@ -29,6 +29,10 @@ void LettresVersBritish(std::string_view letters, double eastKm, double northKm,
 void LettresVersIrish(std::string_view letters, double northKm, double eastKm, double& northing,
                       double& easting);
 
+/// True when two upper-case letters name a 100 km square of a grid. Of Irish letters only the
+/// second counts.
+bool EstCarreNational(Grille grid, std::string_view letters);
+
 /// Inverse of the projection, in doubles. The series lies within 1 cm of the rigorous projection
 /// up to 200 km from the central meridian, 8 cm at 300 km, 0.4 m at 400 km; a second eccentricity
 /// that is not that of the axis adds 8, 18 and 32 cm of latitude there. Stored points were made

@@ -66,9 +66,9 @@ Place LitUtm(CoordState& state, std::string_view text) {
   return EnPlace(phi, lambda);
 }
 
-// A reference of another length than the 15 characters of a complete one cannot be read; one that
-// is refused for its letters is 0, 0.
-Place LitMgrs(CoordState& state, std::string_view text) {
+/// The reference that ORIGINAL holds, in its complete form of 15 characters; "" when it has
+/// another.
+std::string ReferenceComplete(std::string_view text) {
   constexpr std::size_t complete = 15;
   std::string_view zoneText, band, square;
   DecoupeTrois(text, zoneText, band, square);
@@ -77,13 +77,25 @@ Place LitMgrs(CoordState& state, std::string_view text) {
   CompleteGrille(digits);
   std::string mgrs(zoneText.size() == 1 ? "0" : "");
   mgrs.append(zoneText).append(band).append(digits);
-  if (mgrs.size() != complete) return {};
+  return mgrs.size() == complete ? mgrs : std::string();
+}
+
+/// The point of a complete reference; the text of failure takes its place when it is refused.
+Place LitReference(CoordState& state, std::string& mgrs) {
   double phi = 0, lambda = 0, northing = 0, easting = 0;
   std::int16_t zone = 0;
   int error = 0;
   MgrsVersLatLon(mgrs, state.Catalogue.EllipsoideCourant, SeriesCourantes(state), phi, lambda, zone,
                  northing, easting, error);
   return EnPlace(phi, lambda);
+}
+
+// A reference of another length than the 15 characters of a complete one cannot be read; one that
+// is refused for its letters is 0, 0.
+Place LitMgrs(CoordState& state, std::string_view text) {
+  std::string mgrs = ReferenceComplete(text);
+  if (mgrs.empty()) return {};
+  return LitReference(state, mgrs);
 }
 
 Place LitGrades(std::string_view text) {
@@ -188,6 +200,14 @@ Place Lit(CoordState& state, CoordSystem system, std::string_view text) {
 }
 
 }  // namespace
+
+std::string EchecMgrs(CoordState& state, std::string_view original, std::int16_t datum) {
+  ChoisitEllipsoide(state.Catalogue, datum);
+  std::string mgrs = ReferenceComplete(original);
+  if (mgrs.empty()) return {};
+  LitReference(state, mgrs);
+  return EstEchecMgrs(mgrs) ? mgrs : std::string();
+}
 
 std::string MgrsDuPoint(const DatumCatalogue& c, double latitude, double longitude) {
   std::int16_t zone = 0;

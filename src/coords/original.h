@@ -24,6 +24,10 @@ inline constexpr double EchecCoord = 999;
 void DecodeOriginal(CoordState& state, std::string_view original, std::int16_t datum,
                     double& latitude, double& longitude, std::string& code);
 
+/// Why an ORIGINAL in MGRS is refused: one of the texts of MgrsFailure, or "" when it has another
+/// length than a reference or is accepted. Sets the current ellipsoid. Failures as above.
+std::string EchecMgrs(CoordState& state, std::string_view original, std::int16_t datum);
+
 /// MGRS reference, or text of failure, of a point in decimal degrees on the current ellipsoid.
 std::string MgrsDuPoint(const DatumCatalogue& catalogue, double latitude, double longitude);
 

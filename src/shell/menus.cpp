@@ -178,7 +178,8 @@ constexpr std::array analyse = {
     MenuEntry{.control = "mnuPhenolo", .caption = "P&hénologie"},
 };
 constexpr std::array aide = {
-    MenuEntry{.control = "MnuAideTexte", .base = 90, .shortcut = "F1"},
+    MenuEntry{.control = "MnuAideTexte", .base = 90, .command = MenuCommand::AideTexte,
+              .shortcut = "F1"},
     MenuEntry{.control = "MnuInfo", .base = 91, .command = MenuCommand::Info},
 };
 constexpr std::array arbre = {

@@ -38,6 +38,7 @@ enum class MenuCommand : std::uint8_t {
   IFBLGrid,      ///< grid lines of 4 and 1 km
   IFBLGridPolygon,
   Grid,  ///< grid lines of 32 by 20 km
+  AideTexte,
   Info
 };
 

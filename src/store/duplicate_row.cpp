@@ -7,16 +7,15 @@
 namespace talpena {
 
 Bookmark DupliqueLigne(StoreState& state) {
-  const auto rows = state.Data1.Clone();
-  rows->SetBookmark(state.Data1.recordset().GetBookmark());
-
-  const std::vector<FieldDef>& fields = rows->Fields();
+  Recordset& current = state.Data1.recordset();
+  const std::vector<FieldDef>& fields = current.Fields();
   std::vector<Value> values;
   values.reserve(fields.size());
   for (std::size_t i = 0; i < fields.size(); ++i) {
-    values.push_back(rows->Get(static_cast<int>(i)).Garde());
+    values.push_back(current.Get(static_cast<int>(i)).Garde());
   }
 
+  const auto rows = current.Clone();
   rows->AddNew();
   for (std::size_t i = 0; i < fields.size(); ++i) {
     if (EgalSansCasse(fields[i].name, "COUNTER")) continue;

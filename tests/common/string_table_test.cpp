@@ -104,11 +104,14 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(780, 797);  // gazetteer
   covered(800, 808);  // datums
   covered(810, 814);  // preferences
+  covered(870, 882);  // user guide
   covered(901, 919);  // saving, status, grid
   covered(920, 930);  // names, about, saving
   covered(940, 942);  // record editor
   covered(950, 959);  // converter between Lambert belge and IFBL
   covered(960, 964);  // coordinate tools
+  covered(970, 976);  // hints of the record editor
+  covered(980, 987);  // record editor
 }
 
 TEST(StringTable, GivesTheTextOfTheLanguage) {

@@ -20,6 +20,13 @@ TEST(TexteDms, LosesTheSignBelowOneDegree) {
 // The minutes are split before the seconds are rounded.
 TEST(TexteDms, MayWriteSixtySeconds) { EXPECT_EQ(TexteDms(10 + 59.99 / 3600), "10°0'60.0''"); }
 
+TEST(TexteDmsSigne, ShowsOneMinusAndBlanks) {
+  EXPECT_EQ(TexteDmsSigne(50.425), "50° 25' 30.0''");
+  EXPECT_EQ(TexteDmsSigne(-3.92), "-3° 55' 12.0''");
+  EXPECT_EQ(TexteDmsSigne(-0.5), "-0° 30' 00.0''");
+  EXPECT_EQ(TexteDmsSigne(0), "0° 0' 00.0''");
+}
+
 TEST(DegresVersDms, HoldsTheAngleInSinglePrecision) {
   const float minutes = 50.123456789F * 60;
   const DmsParts parts = DegresVersDms(minutes, 50.123456789);

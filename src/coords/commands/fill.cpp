@@ -12,17 +12,14 @@
 #include "coords/commands/row_walk.h"
 #include "coords/datum.h"
 #include "coords/dms_text.h"
-#include "coords/ifbl.h"
+#include "coords/forward_text.h"
 #include "coords/lambert.h"
-#include "coords/national_grids.h"
 #include "coords/original.h"
 #include "platform/commands.h"
 #include "store/table.h"
 
 namespace talpena {
 namespace {
-
-constexpr std::size_t slotBelge = 5, slotMaroc = 6;
 
 /// The new text for a point on the file's datum, decimal degrees.
 using TexteDuPoint = std::function<std::string(double latitude, double longitude)>;
@@ -71,12 +68,6 @@ bool ConfirmeMgrs(CommandContext c) {
                                  .buttons = Buttons::OkCancel}) == Answer::Ok;
 }
 
-std::string TexteGrille(Grille grid, double latitude, double longitude) {
-  std::string letters, east, north;
-  LatLonVersGrille(grid, latitude, longitude, letters, east, north);
-  return letters + " " + east + " " + north;
-}
-
 /// Grades in single precision: Str then gives the few digits that they are known by.
 std::string TexteGrades(double latitude, double longitude) {
   double g = 0, h = 0;
@@ -84,37 +75,19 @@ std::string TexteGrades(double latitude, double longitude) {
   return Str(EnSimple(g)) + "," + Str(EnSimple(h));
 }
 
-std::string TexteMetres(double x, double y) { return Str(Fix(x)) + "," + Str(Fix(y)); }
-
 /// The point on the datum of a system.
-std::pair<double, double> SurDatum(const CoordState& state, std::size_t slot, double latitude,
+std::pair<double, double> SurDatum(const CoordState& state, CoordSystem system, double latitude,
                                    double longitude) {
   ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, state.DatumFichier,
-                 state.Catalogue.DatumsSpeciaux[slot]);
+                 DatumDuSysteme(state, system));
   return {latitude, longitude};
 }
 
-std::pair<double, double> EnLambertBelge(const CoordState& state, double latitude,
-                                         double longitude) {
-  const auto [phi, lambda] = SurDatum(state, slotBelge, latitude, longitude);
+std::string TexteLambert(CoordState& state, CoordSystem system, double latitude, double longitude) {
+  const auto [phi, lambda] = SurDatum(state, system, latitude, longitude);
   double x = 0, y = 0;
-  LatLonVersLambertBelge(phi, lambda, x, y);
-  return {x, y};
-}
-
-std::string TexteIfbl(const CoordState& state, double latitude, double longitude) {
-  const auto [x, y] = EnLambertBelge(state, latitude, longitude);
-  std::string code;
-  std::int16_t error = 0;
-  LambertVersIfbl(x, y, code, error, 6);
-  return code;  // "" outside the bounds
-}
-
-std::string TexteMaroc(CoordState& state, double latitude, double longitude, int zone) {
-  const auto [phi, lambda] = SurDatum(state, slotMaroc, latitude, longitude);
-  double x = 0, y = 0;
-  LatLonVersLambertUnParallele(state.LambertUnParallele, phi, lambda, x, y, zone);
-  return TexteMetres(x, y);
+  MetresDuPoint(state, system, phi, lambda, x, y);
+  return Str(Fix(x)) + "," + Str(Fix(y));
 }
 
 /// What MnuRemplirXY writes.
@@ -124,15 +97,16 @@ std::string TexteXY(StoreState& state, int index, double latitude, double longit
       return TexteDms(latitude) + state.FreeFieldSeparator + TexteDms(longitude);
     case 1:
       return TexteGrades(latitude, longitude);
-    case 2: {
-      const auto [x, y] = EnLambertBelge(state, latitude, longitude);
-      return TexteMetres(x, y);
+    case 2:
+      return TexteLambert(state, CoordSystem::Lmb, latitude, longitude);
+    case 3: {
+      const auto [phi, lambda] = SurDatum(state, CoordSystem::Ifb, latitude, longitude);
+      return TexteIfbl(phi, lambda);
     }
-    case 3:
-      return TexteIfbl(state, latitude, longitude);
     case 4:
+      return TexteLambert(state, CoordSystem::Nma, latitude, longitude);
     case 5:
-      return TexteMaroc(state, latitude, longitude, index - 3);
+      return TexteLambert(state, CoordSystem::Sma, latitude, longitude);
     default:
       return {};
   }

@@ -38,18 +38,6 @@ std::optional<double> LitMetres(const QLineEdit* box) {
   }
 }
 
-/// Whether a square of the grid has a code: its centre lies in the grid and has this code.
-bool NommeCarre(const std::string& code) {
-  const std::string wanted = Majuscules(Remplace(code, " ", ""));
-  double x = 0, y = 0;
-  std::int16_t error = 0;
-  IfblVersLambert(wanted, x, y, error);
-  if (error != 0 || x < IfblOuest || x > IfblEst || y < IfblSud || y > IfblNord) return false;
-  std::string found;
-  LambertVersIfbl(x, y, found, error, static_cast<int>(wanted.size()));
-  return found == wanted;
-}
-
 /// A named box behind its label, in a form.
 void Ajoute(QFormLayout* form, QLabel*& label, QLineEdit*& box, const QString& boxName,
             const QString& labelName) {
@@ -159,7 +147,7 @@ void frmLmbIfbl::IfblEnLambert() {
   }
   txtLambert[0]->setText(QString::fromStdString(Str(x)));
   txtLambert[1]->setText(QString::fromStdString(Str(y)));
-  if (!NommeCarre(code)) Refuse(MsgId::IfblSansCarre, txtIFBL);
+  if (!NommeCarreIfbl(code)) Refuse(MsgId::IfblSansCarre, txtIFBL);
 }
 
 void frmLmbIfbl::LambertEnIfbl() {
@@ -178,7 +166,7 @@ void frmLmbIfbl::LambertEnIfbl() {
     return;
   }
   txtIFBL->setText(QString::fromStdString(code));
-  if (!NommeCarre(code)) Refuse(MsgId::IfblSansCarre, txtLambert[0]);
+  if (!NommeCarreIfbl(code)) Refuse(MsgId::IfblSansCarre, txtLambert[0]);
 }
 
 void frmLmbIfbl::Annonce(int message) {

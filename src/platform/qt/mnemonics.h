@@ -2,6 +2,7 @@
 #pragma once
 #include <QString>
 #include <string>
+#include <vector>
 
 namespace talpena {
 
@@ -12,6 +13,10 @@ class Mnemonics {
   /// The caption with "&" before its first free letter, that of a word's start if it can be. One
   /// that has a mark keeps it.
   QString Marque(const std::string& caption);
+
+  /// The same for several captions without a mark at once, of which as many as can be get a letter:
+  /// one gives way where another has no choice. Letters with an accent are not taken.
+  std::vector<QString> MarqueTous(const std::vector<std::string>& captions);
 
  private:
   bool Prend(QChar letter);

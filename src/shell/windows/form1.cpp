@@ -12,37 +12,17 @@
 #include <QStackedLayout>
 #include <QToolButton>
 #include <algorithm>
-#include <cmath>
 
+#include "platform/qt/window_place.h"
 #include "shell/windows/frm_message.h"
+#include "shell/windows/help_desk.h"
 #include "store/windows/grid_cells.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {
 namespace {
 
-constexpr float twipsPerPixel = 15;
-
-int EnPixels(float twips) { return static_cast<int>(std::lround(twips / twipsPerPixel)); }
-float EnTwips(int pixels) { return static_cast<float>(pixels) * twipsPerPixel; }
-
 enum : std::int16_t { Normale = 0, Reduite = 1, Agrandie = 2 };  // EtatFenetre
-
-/// A stored place, moved and cut so that the window can be reached on one of today's screens.
-QRect PlaceVisible(QRect wanted, bool maximised) {
-  const QScreen* screen = QGuiApplication::screenAt(wanted.center());
-  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
-  if (screen == nullptr) return wanted;
-  QRect area = screen->availableGeometry();
-  if (maximised)
-    area.adjust(area.width() / 12, area.height() / 12, -area.width() / 12, -area.height() / 12);
-  wanted.setSize(wanted.size().boundedTo(area.size()).expandedTo({320, 240}));
-  wanted.moveLeft(std::clamp(wanted.left(), area.left(),
-                             std::max(area.left(), area.right() + 1 - wanted.width())));
-  wanted.moveTop(std::clamp(wanted.top(), area.top(),
-                            std::max(area.top(), area.bottom() + 1 - wanted.height())));
-  return wanted;
-}
 
 }  // namespace
 
@@ -56,11 +36,14 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
   OrdonneTabulation();
   ChargeIcones();
   frmMessage_ = new frmMessage(this);
+  aide_ = std::make_unique<HelpDesk>(state_, io_);
   ActiveControles();
   Relie();
   const QPointer<Form1> self(this);
   state_.Data1.Ecoute([self](DataControl::Change change) {
-    if (self && change != DataControl::Change::Values) self->AffichePosition();
+    if (!self || change == DataControl::Change::Values) return;
+    self->AffichePosition();
+    self->ActiveEdition();
   });
 }
 
@@ -114,12 +97,17 @@ void Form1::ActiveControles() {
     actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, fileOpen_));
   });
   cmd[1]->setEnabled(fileOpen_);
-  for (std::size_t i = 3; i < cmd.size(); ++i) cmd[i]->setEnabled(false);
+  ActiveEdition();
+  for (const std::size_t i : {4U, 5U}) cmd[i]->setEnabled(fileOpen_);
   actions_.at("mnuChercher_1")->setEnabled(fileOpen_ && searched_);
-  cmd[4]->setEnabled(fileOpen_);
-  cmd[5]->setEnabled(fileOpen_);
   cmdMap->setEnabled(false);
   for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
+}
+
+/// The record editor needs a row.
+void Form1::ActiveEdition() {
+  cmd[3]->setEnabled(fileOpen_ && state_.Data1.EstLie() &&
+                     state_.Data1.recordset().RecordCount() > 0);
 }
 
 void Form1::CacheLbl1() { lbl1->hide(); }

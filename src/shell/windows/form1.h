@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <array>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "platform/main_window_view.h"
@@ -27,6 +28,8 @@ class QToolButton;
 
 namespace talpena {
 
+class EditForm;
+class HelpDesk;
 class TDBGrid;
 class frmMessage;
 
@@ -129,8 +132,10 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MnuTxtGrille_Click();
   void MnuDatumFichier_Click();
   void MnuInfo_Click();
+  void MontreEdition();
   void Timer1_Tick();
   void ActiveControles();
+  void ActiveEdition();
   void AjusteOutils();
   void SouligneLettres();
   void SuitFocus(QWidget* now);
@@ -171,6 +176,8 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   frmMessage* frmMessage_ = nullptr;
+  EditForm* editForm_ = nullptr;  ///< while it is open
+  std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
 };
 
 }  // namespace talpena

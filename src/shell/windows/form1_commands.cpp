@@ -21,10 +21,12 @@
 #include "platform/qt/colours.h"
 #include "shell/windows/form1.h"
 #include "shell/windows/frm_eastern.h"
+#include "shell/windows/help_desk.h"
 #include "store/erase_column.h"
 #include "store/find.h"
 #include "store/row_commands.h"
 #include "store/sort.h"
+#include "store/windows/edit_form.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {
@@ -90,6 +92,7 @@ void Form1::Relie() {
           [this](QWidget*, QWidget* now) { SuitFocus(now); });
   connect(lbl1, &QLabel::linkActivated, this,
           [this](const QString& link) { cmd_Click(link == QLatin1String("new") ? 2 : 0); });
+  connect(TDBGrid1, &QTableView::doubleClicked, this, &Form1::MontreEdition);
   Timer1 = new QTimer(this);
   Timer1->setObjectName(QStringLiteral("Timer1"));
   Timer1->setInterval(tickMs);
@@ -110,6 +113,11 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
   if (entry.command == MenuCommand::Lang) {
     Commande([&] { MnuLang_Click(Contexte(), entry.index); });
     actions_.at("MnuLang_" + std::to_string(state_.Langue / 1000))->setChecked(true);
+    return;
+  }
+  if (entry.command == MenuCommand::AideTexte) {
+    // At any time: what is typed in the grid may stay as it is.
+    ExecuteCommande(state_, io_, {}, [this] { aide_->MnuAideTexte_Click(); });
     return;
   }
   Commande([&] {
@@ -168,6 +176,7 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
         return MnuTxtGrille_Click();
       case MenuCommand::Info:
         return MnuInfo_Click();
+      case MenuCommand::AideTexte:
       case MenuCommand::Lang:
       case MenuCommand::None:
         return;
@@ -176,6 +185,7 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
 }
 
 void Form1::cmd_Click(int index) {
+  if (index == 3) return MontreEdition();
   Commande([&] {
     if (index == 0) MnuOuvrir_Click(Commandes());
     if (index == 1) MnuEnregistrer_Click(Commandes());
@@ -216,6 +226,19 @@ void Form1::MnuTxtGrille_Click() {
 }
 
 void Form1::MnuInfo_Click() { frmEastern(state_.Langue, this).exec(); }
+
+/// The record editor on the current row. It is no command itself, since it may stay open all day:
+/// ticks of Timer1 save the file meanwhile.
+void Form1::MontreEdition() {
+  if (running_ > 0 || editForm_ != nullptr || !TDBGrid1->ValideEdition()) return;
+  if (!cmd[3]->isEnabled()) return;
+  EditForm form(state_, io_, *this, this);
+  editForm_ = &form;
+  form.exec();
+  editForm_ = nullptr;
+  PlaceFocusGrille();
+  ApresCommande();
+}
 
 void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, this).exec(); }
 
@@ -263,6 +286,11 @@ void Form1::closeEvent(QCloseEvent* event) {
   if (ended_) return;
   if (running_ > 0) {
     closeWaits_ = true;
+    event->ignore();
+    return;
+  }
+  if (editForm_ != nullptr) {
+    closeWaits_ = editForm_->close();  // it may ask to save, and stay
     event->ignore();
     return;
   }

@@ -1,5 +1,6 @@
 // Captions of Form1 in the current language.
 #include <QAction>
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -97,6 +98,10 @@ void Form1::InitFenetres() {
   BoxTitre_->setAccessibleName(texte(MsgId::Titre));
   Commentaire_->setAccessibleName(texte(MsgId::CommentaireTitre));
   centralWidget()->setAccessibleName(texte(MsgId::Distribution));
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    QEvent change(QEvent::LanguageChange);  // the windows that are open follow
+    if (window != this) QCoreApplication::sendEvent(window, &change);
+  }
 }
 
 }  // namespace talpena

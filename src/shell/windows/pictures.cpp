@@ -11,17 +11,9 @@
 #include <array>
 #include <memory>
 
-#include "analysis/windows/frm_options_periodes.h"
-#include "common/msg_id.h"
-#include "common/string_table.h"
-#include "coords/windows/ajustement.h"
-#include "coords/windows/frm_datum.h"
-#include "coords/windows/frm_lmb_ifbl.h"
 #include "shell/start_stop.h"
 #include "shell/windows/form1.h"
-#include "shell/windows/frm_eastern.h"
-#include "shell/windows/frm_message.h"
-#include "shell/windows/start.h"
+#include "shell/windows/gallery.h"
 
 namespace talpena {
 namespace {
@@ -74,24 +66,13 @@ class Photographer {
   bool good_ = true;
 };
 
-void PrendAutres(Photographer& photographer, ProcessState& state, Platform& io,
+void PrendToutes(Photographer& photographer, Form1& form, const GalleryContext& context,
                  const QString& suffix) {
-  frmEastern about(state.Langue);
-  photographer.PrendFenetre(about, QStringLiteral("about") + suffix);
-  frmOptionsPeriodes periods(state, io);
-  photographer.PrendFenetre(periods, QStringLiteral("periods") + suffix);
-  frmDatum datum(state);
-  photographer.PrendFenetre(datum, QStringLiteral("datum") + suffix);
-  Ajustement adjust(state);
-  photographer.PrendFenetre(adjust, QStringLiteral("adjust") + suffix);
-  frmLmbIfbl converter(state);
-  photographer.PrendFenetre(converter, QStringLiteral("ifbl") + suffix);
-  frmMessage message;
-  message.Affiche(
-      QString::fromStdString(Texte(state.Langue, MsgId::Ouverture) + " " + state.NomFichier));
-  photographer.Prend(message, QStringLiteral("message") + suffix);
-  Start splash;
-  photographer.PrendFenetre(splash, QStringLiteral("splash") + suffix);
+  photographer.Prend(form, QStringLiteral("main") + suffix);
+  for (const GalleryWindow& entry : ToutesLesFenetres()) {
+    const std::unique_ptr<QWidget> window = entry.cree(context);
+    photographer.PrendFenetre(*window, QLatin1String(entry.name) + suffix);
+  }
 }
 
 }  // namespace
@@ -99,14 +80,15 @@ void PrendAutres(Photographer& photographer, ProcessState& state, Platform& io,
 bool PrendImages(Form1& form, ProcessState& state, Platform& io, const QString& folder) {
   QDir().mkpath(folder);
   Photographer photographer(folder);
+  const QPalette light = QApplication::palette();
   for (const LanguageName& language : languages) {
+    const QString code = QLatin1Char('_') + QLatin1String(language.code);
+    QApplication::setPalette(light);
     MnuLang_Click(form.Contexte(), language.index);
-    photographer.Prend(form, QStringLiteral("main_%1").arg(QLatin1String(language.code)));
+    PrendToutes(photographer, form, {state, io, form}, code);
+    QApplication::setPalette(PaletteSombre());
+    PrendToutes(photographer, form, {state, io, form}, code + QStringLiteral("_dark"));
   }
-  PrendAutres(photographer, state, io, {});
-  QApplication::setPalette(PaletteSombre());
-  photographer.Prend(form, QStringLiteral("main_dark"));
-  PrendAutres(photographer, state, io, QStringLiteral("_dark"));
   return photographer.Reussi();
 }
 

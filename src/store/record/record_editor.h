@@ -28,11 +28,13 @@ void AdapteInputbox(StoreState& state, RecordScreen& ecran);
 
 /// The user left a box: its text is put right and, once all boxes of the system are filled, the
 /// point is computed on the file's datum and shown in the control notations. A reference that
-/// names no point leaves latitude and longitude as they were and says so in `avis`.
+/// names no point leaves latitude and longitude as they were and says so in `avis`. Boxes that
+/// did not change since the row was shown or the point computed leave a point that is there.
 /// @param box  0 to 2
 void QuitteEditBox(CommandContext c, RecordScreen& ecran, int box);
 
-/// Shows the point once more in the control notations.
+/// Shows the point once more in the control notations, and latitude and longitude as plain
+/// numbers. What has no value in a notation is shown empty there.
 void AfficheControle(CommandContext c, RecordScreen& ecran);
 
 /// A field that cannot be saved as it stands, and why, in the user's language.
@@ -41,11 +43,16 @@ struct RecordFault {
   std::string text;
 };
 
+/// Sets `avis` from the form as it stands. Called by the procedures above; the window calls it when
+/// any other field is left.
+void MetAvis(const StoreState& state, RecordScreen& ecran);
+
 /// The first fault in the order in which SauveEcran tests; empty when the form can be saved.
 std::optional<RecordFault> PremiereFaute(const StoreState& state, const RecordScreen& ecran);
 
-/// Checks the form and writes it to the row. Does nothing while the changed flag is clear.
-/// Failures are shown, not thrown.
+/// Checks the form and writes it to the row, whole or not at all. Does nothing while the changed
+/// flag is clear. A box that was not left yet is computed first. Failures are shown, not thrown,
+/// and `focus` is on the field; numbers are then shown as they were stored.
 /// @param failed  set when the row was not written; not cleared otherwise
 void SauveEcran(CommandContext c, RecordScreen& ecran, bool& failed);
 
@@ -61,8 +68,12 @@ void cmdChangeDatum_Click(CommandContext c, RecordScreen& ecran, const std::stri
 /// control notations.
 void cmdNavig_Click(CommandContext c, RecordScreen& ecran, int index);
 
+/// A new empty row, and one like the current row. What was typed is saved first; when that fails
+/// nothing is added. The row stands at the end of the recordset, whatever its order.
 void ButNew_Click(CommandContext c, RecordScreen& ecran);
 void ButDupl_Click(CommandContext c, RecordScreen& ecran);
+
+/// SauveEcran.
 void ButOk_Click(CommandContext c, RecordScreen& ecran);
 
 /// Asks to save a changed form (814). True when the form may close.

@@ -58,10 +58,20 @@ struct RecordScreen {
   bool valeurLibreVisible = false;
   std::string lblCpt;  ///< position of the row: "12/3245"
 
-  std::string avis;                  ///< why the reference typed names no point; "" while it does
+  /// What is odd although it may be saved: a reference that names no point, a text that the file
+  /// cannot hold, ...; see MetAvis. "" when nothing is.
+  std::string avis;
   bool modifie = false;              ///< a field was changed since the row was shown or saved
   bool ButOk = false;                ///< whether it is enabled
   std::optional<RecordField> focus;  ///< where the keys are to go; taken and cleared by the window
+
+  // Kept by the procedures from one call to the next; nothing of it is shown as it stands.
+  std::string avisReference;     ///< why the reference typed names no point; "" while it does
+  std::string referenceLue;      ///< boxes and datum that the point was shown or computed for
+  std::int16_t datumPropre = 0;  ///< the row's own datum, which modes 0 to 3 take; 0 for none
+  std::string anneeLue;          ///< ChampAnnee as the row was shown
+  std::string dateAutre;         ///< DATE of the row when it does not fit the mask, else ""
+  std::optional<std::int64_t> datumSignale;  ///< bookmark of the row whose datum was told of
 };
 
 }  // namespace talpena

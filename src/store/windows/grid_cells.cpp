@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"
+#include "store/open_edit.h"
 
 namespace talpena {
 namespace {
@@ -29,28 +30,6 @@ IntegerRange Limites(FieldType type) {
   return type == FieldType::Integer ? RangeOf<std::int16_t>() : RangeOf<std::int32_t>();
 }
 
-/// Puts the row back as it was unless the change went through.
-class OpenEdit {
- public:
-  explicit OpenEdit(Recordset& rows) : rows_(&rows) { rows.Edit(); }
-  OpenEdit(const OpenEdit&) = delete;
-  OpenEdit& operator=(const OpenEdit&) = delete;
-  ~OpenEdit() {
-    if (rows_ == nullptr) return;
-    try {
-      rows_->CancelUpdate();
-    } catch (const TalpenaError&) {  // the failure under way is the one to report
-    }
-  }
-  void Valide() {
-    rows_->Update();
-    rows_ = nullptr;
-  }
-
- private:
-  Recordset* rows_;
-};
-
 }  // namespace
 
 bool EstColonneNumerique(const FieldDef& field) {
@@ -65,13 +44,6 @@ bool EstColonneNumerique(const FieldDef& field) {
     default:
       return false;
   }
-}
-
-std::string TexteDeCellule(const FieldDef& field, const Cell& cell) {
-  if (field.type == FieldType::Single && cell.kind == Cell::Kind::Real) {
-    return Str(static_cast<float>(cell.real));
-  }
-  return cell.Texte();
 }
 
 bool EcritCellule(Recordset& rows, std::int64_t position, int field, std::string_view typed) {
@@ -107,12 +79,6 @@ std::string RaisonDuRefus(std::int16_t langue, const FieldDef& field, const Talp
     default:
       return refus.description();
   }
-}
-
-std::string TextePosition(DataControl& data) {
-  if (!data.EstLie()) return {};
-  Recordset& rows = data.recordset();
-  return Str(rows.AbsolutePosition() + 1) + "/" + Str(rows.RecordCount());
 }
 
 }  // namespace talpena

@@ -1,4 +1,5 @@
-// What a cell of the grid shows, and what a text typed into it means to the table.
+// What a text typed into a cell of the grid means to the table; what a cell shows is in
+// store/cell_text.h.
 #pragma once
 #include <cstdint>
 #include <string>
@@ -6,12 +7,9 @@
 
 #include "common/talpena_error.h"
 #include "platform/table_engine.h"
-#include "store/data_control.h"
+#include "store/cell_text.h"
 
 namespace talpena {
-
-/// Null is empty; a 32-bit float is the shortest decimal that gives the same float.
-std::string TexteDeCellule(const FieldDef& field, const Cell& cell);
 
 /// True for columns that are aligned as numbers.
 bool EstColonneNumerique(const FieldDef& field);
@@ -26,9 +24,5 @@ bool EcritCellule(Recordset& rows, std::int64_t position, int field, std::string
 /// Why the table refused a value, in the user's language; the engine's own description where
 /// there is no better text.
 std::string RaisonDuRefus(std::int16_t langue, const FieldDef& field, const TalpenaError& refus);
-
-/// "12/3245": position of the current row from 1 and number of rows; "0/0" when there are none,
-/// "" before a file is open.
-std::string TextePosition(DataControl& data);
 
 }  // namespace talpena

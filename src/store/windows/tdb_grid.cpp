@@ -115,7 +115,7 @@ TDBGrid::TDBGrid(StoreState& state, Platform& io, QWidget* parent)
   setVerticalHeader(rows);
   setModel(model_);
   setItemDelegate(new GridDelegate(this));
-  setEditTriggers(SelectedClicked | DoubleClicked | EditKeyPressed | AnyKeyPressed);
+  setEditTriggers(EditKeyPressed | AnyKeyPressed);  // a double click asks for the record editor
   setSelectionMode(ExtendedSelection);
   setWordWrap(false);
   setShowGrid(false);

@@ -32,5 +32,28 @@ TEST(Mnemonics, WithoutAFreeLetterThereIsNone) {
   EXPECT_EQ(letters.Marque(""), u"");
 }
 
+using Captions = std::vector<QString>;
+
+TEST(MnemonicsOfSeveral, GiveWayWhereAnotherHasNoChoice) {
+  Mnemonics letters;
+  EXPECT_EQ(letters.MarqueTous({"ab", "a"}), (Captions{u"a&b"_qs, u"&a"_qs}));
+  EXPECT_EQ(letters.MarqueTous({"abc", "abcd e"}), (Captions{u"ab&c"_qs, u"abcd &e"_qs}))
+      << "the letters above are taken";
+}
+
+TEST(MnemonicsOfSeveral, LeaveOutAccentsAndMarks) {
+  Mnemonics letters;
+  letters.Marque("&Open");
+  EXPECT_EQ(letters.MarqueTous({"\u00e9o1:", "o", "", "R && D"}),
+            (Captions{u"\u00e9o&1:"_qs, u"o"_qs, u""_qs, u"&R && D"_qs}));
+  EXPECT_EQ(letters.Marque("R"), u"R");
+}
+
+TEST(MnemonicsOfSeveral, StayWithTheFirstLettersThatAreFree) {
+  Mnemonics letters;
+  EXPECT_EQ(letters.MarqueTous({"Free fields", "Free text", "Sex"}),
+            (Captions{u"&Free fields"_qs, u"Free &text"_qs, u"&Sex"_qs}));
+}
+
 }  // namespace
 }  // namespace talpena

@@ -1,0 +1,54 @@
+#include "shell/windows/gallery.h"
+
+#include <array>
+
+#include "analysis/windows/frm_options_periodes.h"
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "coords/windows/ajustement.h"
+#include "coords/windows/frm_datum.h"
+#include "coords/windows/frm_lmb_ifbl.h"
+#include "shell/windows/frm_aide.h"
+#include "shell/windows/frm_eastern.h"
+#include "shell/windows/frm_message.h"
+#include "shell/windows/start.h"
+#include "store/windows/edit_form.h"
+
+namespace talpena {
+namespace {
+
+std::unique_ptr<QWidget> CreeAttente(const GalleryContext& c) {
+  auto message = std::make_unique<frmMessage>();
+  message->Affiche(
+      QString::fromStdString(Texte(c.state.Langue, MsgId::Ouverture) + " " + c.state.NomFichier));
+  return message;
+}
+
+std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
+  auto help = std::make_unique<frmAide>(c.state, c.io, std::make_shared<HelpPlace>());
+  if (help->Ouvre()) help->Montre(QStringLiteral("table.html#erase"));
+  return help;
+}
+
+using Context = const GalleryContext&;
+using Window = std::unique_ptr<QWidget>;
+
+// clang-format off
+constexpr std::array windows = {
+    GalleryWindow{"about",   [](Context c) -> Window { return std::make_unique<frmEastern>(c.state.Langue); }},
+    GalleryWindow{"adjust",  [](Context c) -> Window { return std::make_unique<Ajustement>(c.state); }},
+    GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
+    GalleryWindow{"help",    CreeAide},
+    GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
+    GalleryWindow{"message", CreeAttente},
+    GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io); }},
+    GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.state, c.io, c.vue); }},
+    GalleryWindow{"splash",  [](Context) -> Window { return std::make_unique<Start>(); }},
+};
+// clang-format on
+
+}  // namespace
+
+std::span<const GalleryWindow> ToutesLesFenetres() { return windows; }
+
+}  // namespace talpena

@@ -1,0 +1,412 @@
+// What the record editor does with its controls: each calls a procedure of store/record.
+#include "store/windows/edit_form.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QTextDocument>
+#include <algorithm>
+#include <utility>
+
+#include "coords/windows/frm_datum.h"
+#include "platform/commands.h"
+#include "store/record/record_editor.h"
+#include "store/windows/date_edit.h"
+#include "store/windows/free_fields_grid.h"
+#include "store/windows/hint_label.h"
+
+namespace talpena {
+namespace {
+
+QString Affiche(const std::string& text) { return QString::fromStdString(text); }
+
+/// Texts that are the same already keep their cursor and what can be undone.
+void Remplit(QLineEdit& edit, const std::string& text) {
+  const QString shown = Affiche(text);
+  if (edit.text() == shown) return;
+  edit.setText(shown);
+  edit.setCursorPosition(0);
+  if (edit.hasFocus()) edit.selectAll();
+}
+
+/// Every character as it was typed: toPlainText would make blanks of unbreakable ones.
+QString TexteDe(const QPlainTextEdit& edit) {
+  QString text = edit.document()->toRawText();
+  text.replace(QChar::ParagraphSeparator, QLatin1Char('\n'));
+  text.replace(QChar::LineSeparator, QLatin1Char('\n'));
+  return text;
+}
+
+/// Another window, a menu or a list over the form is no end of an entry.
+bool QuitteLeChamp(const QEvent& event) {
+  if (event.type() != QEvent::FocusOut) return false;
+  const auto reason = static_cast<const QFocusEvent&>(event).reason();
+  return reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason &&
+         reason != Qt::MenuBarFocusReason;
+}
+
+/// Which line of hints a field has.
+std::size_t LigneAvis(RecordField field) {
+  switch (field) {
+    case RecordField::ChampPeriode:
+    case RecordField::ChampAnnee:
+      return 0;
+    case RecordField::ChampLatitude:
+    case RecordField::ChampLongitude:
+    case RecordField::EditBox0:
+    case RecordField::EditBox1:
+    case RecordField::EditBox2:
+      return 1;
+    default:
+      return 2;
+  }
+}
+
+constexpr std::array recordFields = {
+    RecordField::ChampPeriode,   RecordField::ChampAnnee, RecordField::EditBox0,
+    RecordField::EditBox1,       RecordField::EditBox2,   RecordField::ChampLatitude,
+    RecordField::ChampLongitude, RecordField::ChampCh1,   RecordField::ChampCh2,
+    RecordField::ChampSex,       RecordField::Grid,       RecordField::ChampLibre};
+
+constexpr std::size_t coordinateHints = 1, otherHints = 2;
+
+}  // namespace
+
+EditForm::EditForm(StoreState& state, Platform& io, MainWindowView& vue, QWidget* parent)
+    : QDialog(parent), state_(state), io_(io), vue_(vue) {
+  setObjectName("EditForm");
+  setModal(true);
+  setWindowFlag(Qt::WindowMaximizeButtonHint);
+  CfgFreeFields(state_, ecran_);
+  Construit();
+  ExecuteCommande(state_, io_, {}, [&] { RempliDessus(Contexte(), ecran_); });
+  Montre();  // before the captions take back what the controls show
+  AppliqueLangue();
+  Relie();
+  PlaceFenetre();
+  PlaceFocus(RecordField::ChampPeriode);
+}
+
+void EditForm::Releve() {
+  for (const Champ& champ : champs_) ecran_.*champ.text = champ.edit->text().toStdString();
+  ecran_.ChampAnnee = ChampAnnee->Masque().toStdString();
+  for (std::size_t i = 0; i < EditBox.size(); ++i) {
+    ecran_.EditBox[i] = EditBox[i]->text().toStdString();
+  }
+  ecran_.Grid = Grid->Textes();
+  if (ChampLibre->document()->isModified()) ecran_.ChampLibre = TexteDe(*ChampLibre).toStdString();
+}
+
+void EditForm::Montre() {
+  remplit_ = true;
+  for (const Champ& champ : champs_) Remplit(*champ.edit, ecran_.*champ.text);
+  if (ChampAnnee->Masque().toStdString() != ecran_.ChampAnnee) {
+    ChampAnnee->ChangeMasque(Affiche(ecran_.ChampAnnee));
+    if (ChampAnnee->hasFocus()) ChampAnnee->selectAll();
+  }
+  MontreBoites();
+  Grid->ChangeTextes(ecran_.Grid);
+  QString remark = Affiche(ecran_.ChampLibre);
+  remark.remove(QLatin1Char('\r'));
+  if (TexteDe(*ChampLibre) != remark) ChampLibre->setPlainText(remark);
+  MontreControle();
+  MontrePosition();
+  remplit_ = false;
+  FormeChange();
+  MontreAvis();
+  if (ecran_.focus) PlaceFocus(*std::exchange(ecran_.focus, {}));
+}
+
+void EditForm::MontreBoites() {
+  QLineEdit* first = nullptr;
+  for (std::size_t i = 0; i < EditBox.size(); ++i) {
+    Remplit(*EditBox[i], ecran_.EditBox[i]);
+    const bool visible = ecran_.layout.boxes[i].visible;
+    LabelBox[i]->setText(Affiche(ecran_.layout.boxes[i].example));
+    LabelBox[i]->setVisible(visible);
+    EditBox[i]->setVisible(visible);
+    if (visible && first == nullptr) first = EditBox[i];
+  }
+  LabelOriginales->setBuddy(first);
+  NommeBoites();
+  cmbSystem->setCurrentIndex(static_cast<int>(ecran_.system));
+  lblSysteme->setText(Affiche(ecran_.lblSysteme));
+  lblDatum->setText(Affiche(ecran_.lblDatum));
+  cmdChangeDatum->setEnabled(!ecran_.layout.datumFixed);
+}
+
+void EditForm::MontreControle() {
+  ValeurDMS.value->setText(Affiche(ecran_.ValeurDMS));
+  ValeurUtmMetrique.value->setText(Affiche(ecran_.ValeurUtmMetrique));
+  ValeurUtmAlpha.value->setText(Affiche(ecran_.ValeurUtmAlpha));
+  ValeurLibre.value->setText(Affiche(ecran_.ValeurLibre));
+  ValeurLibre.caption->setText(Affiche(ecran_.lblSysteme).toUpper());
+  for (QLabel* label : {ValeurLibre.caption, ValeurLibre.value}) {
+    label->setVisible(ecran_.valeurLibreVisible);
+  }
+  NommeValeurs();
+}
+
+void EditForm::MontrePosition() {
+  const QString position = Affiche(ecran_.lblCpt);
+  if (lblCpt->text() == position) return;
+  lblCpt->setText(position);
+  quittes_.reset();  // another row
+  NommeFenetre();
+}
+
+/// A fault is told once its field was left, or when the row came with it.
+void EditForm::MontreAvis() {
+  std::array<QString, 3> hints;
+  QWidget* told = nullptr;
+  if (const auto fault = PremiereFaute(state_, ecran_); fault && EstADire(fault->field)) {
+    hints[LigneAvis(fault->field)] = Affiche(fault->text);
+    told = Controle(fault->field);
+    told->setAccessibleDescription(Affiche(fault->text));
+  }
+  // A reference that names no point comes before what is odd about any field.
+  const bool reference = !ecran_.avisReference.empty();
+  QString& hint = hints[reference ? coordinateHints : otherHints];
+  if (hint.isEmpty()) hint = Affiche(ecran_.avis);
+  for (std::size_t i = 0; i < hints.size(); ++i) lblAvis[i]->Montre(hints[i]);
+  for (QLineEdit* box : EditBox) {
+    if (box != told) box->setAccessibleDescription(Affiche(ecran_.avisReference));
+  }
+  if (avise_ != nullptr && avise_ != told) avise_->setAccessibleDescription({});
+  avise_ = told;
+}
+
+bool EditForm::EstADire(RecordField field) const {
+  if (quittes_.test(static_cast<std::size_t>(field))) return true;
+  const QWidget* control = Controle(field);
+  const auto* line = qobject_cast<const QLineEdit*>(control);
+  return !control->hasFocus() && (line == nullptr || !line->text().isEmpty());
+}
+
+/// The user changed a field.
+void EditForm::Marque() {
+  if (remplit_) return;
+  parTape_ = false;
+  ecran_.modifie = true;
+  ecran_.ButOk = true;
+  FormeChange();
+  if (avise_ == nullptr) return;
+  Releve();
+  MontreAvis();
+}
+
+void EditForm::FormeChange() {
+  ButOk->setEnabled(ecran_.ButOk);
+  setWindowModified(ecran_.modifie);
+}
+
+/// What is to be done for the fields that were typed in, once they are left. False when the user
+/// is sent back to one.
+bool EditForm::QuitteChamps() {
+  for (std::size_t i = 0; i < boiteTapee_.size(); ++i) {
+    if (!std::exchange(boiteTapee_[i], false)) continue;
+    ExecuteCommande(state_, io_, {},
+                    [&] { QuitteEditBox(Contexte(), ecran_, static_cast<int>(i)); });
+    pointTape_ = false;
+  }
+  if (std::exchange(pointTape_, false)) {
+    ExecuteCommande(state_, io_, {}, [&] { AfficheControle(Contexte(), ecran_); });
+  }
+  return !ecran_.focus;
+}
+
+bool EditForm::ApresChamp() {
+  if (enCours_ || !isVisible()) return true;
+  enCours_ = true;
+  Releve();
+  const bool stays = !QuitteChamps();
+  MetAvis(state_, ecran_);
+  enCours_ = false;
+  Montre();
+  return !stays;
+}
+
+/// Runs a procedure on the form as it stands, with what is half typed taken in, and shows what it
+/// left. While one is under way no other one begins.
+template <typename Procedure>
+void EditForm::Execute(Procedure procedure) {
+  if (enCours_) return;
+  enCours_ = true;
+  Grid->Valide();
+  Releve();
+  ExecuteCommande(state_, io_, {}, [&] { procedure(Contexte(), ecran_); });
+  if (!ecran_.modifie) {
+    boiteTapee_ = {};  // a row that was saved, or another one
+    pointTape_ = false;
+  }
+  enCours_ = false;
+  Montre();
+}
+
+QWidget* EditForm::Controle(RecordField field) const {
+  switch (field) {
+    case RecordField::ChampPeriode:
+      return ChampPeriode;
+    case RecordField::ChampLatitude:
+      return ChampLatitude;
+    case RecordField::ChampLongitude:
+      return ChampLongitude;
+    case RecordField::ChampCh1:
+      return ChampCh1;
+    case RecordField::ChampCh2:
+      return ChampCh2;
+    case RecordField::ChampSex:
+      return ChampSex;
+    case RecordField::ChampAnnee:
+      return ChampAnnee;
+    case RecordField::EditBox0:
+      return EditBox[0];
+    case RecordField::EditBox1:
+      return EditBox[1];
+    case RecordField::EditBox2:
+      return EditBox[2];
+    case RecordField::Grid:
+      return Grid;
+    case RecordField::ChampLibre:
+      return ChampLibre;
+  }
+  return ChampPeriode;
+}
+
+void EditForm::PlaceFocus(RecordField field) {
+  QWidget* control = Controle(field);
+  control->setFocus(Qt::OtherFocusReason);
+  if (auto* line = qobject_cast<QLineEdit*>(control)) line->selectAll();
+  if (control == ChampLibre) ChampLibre->selectAll();
+  defilement_->ensureWidgetVisible(control);
+}
+
+bool EditForm::PointCalcule() const {
+  return ecran_.avis.empty() && !EditBox[2]->text().trimmed().isEmpty() &&
+         !ChampLatitude->text().isEmpty() && !ChampLongitude->text().isEmpty();
+}
+
+/// From field to field, as Enter goes.
+void EditForm::Avance(bool forward) {
+  const std::array<QWidget*, 14> order = {
+      ChampPeriode,   ChampAnnee, cmbSystem, EditBox[0], EditBox[1], EditBox[2], ChampLatitude,
+      ChampLongitude, ChampCh1,   ChampCh2,  ChampSex,   Grid,       ChampLibre, ButOk};
+  const QWidget* here = focusWidget();
+  if (!ApresChamp()) return;
+  const auto* found = std::find(order.begin(), order.end(), here);
+  if (found == order.end()) return;
+  const bool computed = PointCalcule();
+  for (auto i = found - order.begin() + (forward ? 1 : -1);
+       i >= 0 && i < static_cast<std::ptrdiff_t>(order.size()); i += forward ? 1 : -1) {
+    QWidget* next = order.at(static_cast<std::size_t>(i));
+    if (!next->isVisibleTo(this) || !next->isEnabled()) continue;
+    if (computed && (next == ChampLatitude || next == ChampLongitude)) continue;
+    next->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    defilement_->ensureWidgetVisible(next);
+    return;
+  }
+}
+
+void EditForm::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (!enter || event->modifiers().testFlag(Qt::ControlModifier)) {
+    QDialog::keyPressEvent(event);
+    return;
+  }
+  if (auto* button = qobject_cast<QPushButton*>(focusWidget())) {
+    button->click();
+    return;
+  }
+  Avance(!event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+bool EditForm::eventFilter(QObject* watched, QEvent* event) {
+  // A turn of the wheel over the list is meant for the form.
+  if (watched == cmbSystem && event->type() == QEvent::Wheel) {
+    event->ignore();
+    return true;
+  }
+  if (QuitteLeChamp(*event)) {
+    for (const RecordField field : recordFields) {
+      if (Controle(field) != watched) continue;
+      quittes_.set(static_cast<std::size_t>(field));
+      // Later, because boxes may be shown, and this is the middle of a change of focus.
+      QMetaObject::invokeMethod(
+          this, [this] { ApresChamp(); }, Qt::QueuedConnection);
+    }
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+/// What is typed into a cell of Grid counts as a change at once, unless it is abandoned.
+void EditForm::Grid_Tape() {
+  if (ecran_.modifie) return;
+  Marque();
+  parTape_ = true;
+}
+
+void EditForm::Grid_Abandonne() {
+  if (!std::exchange(parTape_, false)) return;
+  ecran_.modifie = false;
+  ecran_.ButOk = false;
+  FormeChange();
+}
+
+void EditForm::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) AppliqueLangue();
+}
+
+void EditForm::cmbSystem_Click(int index) {
+  if (!ApresChamp()) return;
+  Execute([index](CommandContext c, RecordScreen& ecran) {
+    talpena::cmbSystem_Click(c, ecran, index);
+  });
+}
+
+void EditForm::cmdChangeDatum_Click() {
+  if (!cmdChangeDatum->isEnabled() || enCours_ || !ApresChamp()) return;
+  frmDatum chooser(state_, this);
+  chooser.Selectionne(ecran_.lblDatum);
+  chooser.exec();
+  if (chooser.Resultat().empty()) return;
+  Execute([&chooser](CommandContext c, RecordScreen& ecran) {
+    talpena::cmdChangeDatum_Click(c, ecran, chooser.Resultat());
+  });
+}
+
+void EditForm::ButNew_Click() { Execute(talpena::ButNew_Click); }
+
+void EditForm::ButDupl_Click() { Execute(talpena::ButDupl_Click); }
+
+void EditForm::ButOk_Click() {
+  const bool fromRemark = ChampLibre->hasFocus();
+  Execute(talpena::ButOk_Click);
+  if (fromRemark && ChampLibre->hasFocus() && !ButOk->isEnabled()) {
+    ButNew->setFocus(Qt::TabFocusReason);
+  }
+}
+
+void EditForm::cmdNavig_Click(int index) {
+  Execute(
+      [index](CommandContext c, RecordScreen& ecran) { talpena::cmdNavig_Click(c, ecran, index); });
+}
+
+void EditForm::reject() {
+  bool closes = false;
+  Execute([&closes](CommandContext c, RecordScreen& ecran) {
+    closes = talpena::ButEsc_Click(c, ecran);
+  });
+  if (closes) QDialog::reject();
+}
+
+void EditForm::done(int result) {
+  GardePlace();
+  QDialog::done(result);
+}
+
+}  // namespace talpena

@@ -1,0 +1,439 @@
+// The controls of the record editor, where they stand and what they are tied to.
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+#include "common/numbers.h"
+#include "platform/commands.h"
+#include "platform/qt/window_place.h"
+#include "store/record/record_editor.h"
+#include "store/windows/date_edit.h"
+#include "store/windows/edit_form.h"
+#include "store/windows/free_fields_grid.h"
+#include "store/windows/hint_label.h"
+
+using namespace Qt::StringLiterals;
+
+namespace talpena {
+namespace {
+
+constexpr std::string_view application = "TLP", section = "EditForm";
+
+/// Columns of the grid of fields.
+enum : int { Label1, Field1, Gap1, Label2, Field2, Gap2, Label3, Field3, Rest, Columns };
+/// Its rows.
+enum : int {
+  RowPeriode,
+  RowAvisPeriode,
+  RowTitre,
+  RowSysteme,
+  RowBoites,
+  RowDatum,
+  RowPoint,
+  RowAvisPoint,
+  RowNombres,
+  RowAvisNombres,
+  RowLabelGrid,
+  RowGrid,
+  RowLabelLibre,
+  RowLibre
+};
+
+/// Fields that scroll when the screen has no room for them; as large as they like otherwise.
+class Defilement final : public QScrollArea {
+ public:
+  explicit Defilement(QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(NoFrame);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+  }
+  QSize sizeHint() const override { return widget()->sizeHint(); }
+  QSize minimumSizeHint() const override {
+    const QSize content = widget()->minimumSizeHint();
+    const int bar = verticalScrollBar()->sizeHint().width();
+    return {std::min(content.width() + bar, fontMetrics().averageCharWidth() * 100),
+            std::min(content.height(), fontMetrics().lineSpacing() * 12)};
+  }
+};
+
+/// A remark has a few lines.
+class Remarque final : public QPlainTextEdit {
+ public:
+  using QPlainTextEdit::QPlainTextEdit;
+  QSize sizeHint() const override { return {QPlainTextEdit::sizeHint().width(), Hauteur(5)}; }
+  QSize minimumSizeHint() const override {
+    return {QPlainTextEdit::minimumSizeHint().width(), Hauteur(2)};
+  }
+
+ private:
+  int Hauteur(int lines) const {
+    return lines * fontMetrics().lineSpacing() +
+           2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+  }
+};
+
+QFont EnGras(const QFont& font) {
+  QFont bold = font;
+  bold.setBold(true);
+  return bold;
+}
+
+QString NomIndexe(const char* control, std::size_t index) {
+  return u"%1_%2"_s.arg(QLatin1String(control)).arg(index);
+}
+
+}  // namespace
+
+QLabel* EditForm::Etiquette(QWidget* parent, const char* name) {
+  auto* label = new QLabel(parent);
+  label->setObjectName(QLatin1String(name));
+  return label;
+}
+
+QLineEdit* EditForm::Ligne(QWidget* parent, const char* name, int characters) {
+  auto* edit = new QLineEdit(parent);
+  edit->setObjectName(QLatin1String(name));
+  edit->setMinimumWidth(fontMetrics().averageCharWidth() * (characters + 3));
+  edit->installEventFilter(this);
+  return edit;
+}
+
+void EditForm::Construit() {
+  defilement_ = new Defilement(this);
+  defilement_->setObjectName("Defilement");
+  auto* content = new QWidget;
+  ConstruitChamps(content);
+  ConstruitControle(content);
+  Dispose(content);
+  defilement_->setWidget(content);
+  ConstruitBoutons();
+  auto* column = new QVBoxLayout(this);
+  column->addWidget(defilement_, 1);
+  column->addLayout(DisposeBoutons());
+  OrdonneTabulation();
+  RelieBoutons();
+}
+
+void EditForm::ConstruitChamps(QWidget* parent) {
+  LabelPeriode = Etiquette(parent, "LabelPeriode");
+  ChampPeriode = Ligne(parent, "ChampPeriode", 6);
+  LabelDate = Etiquette(parent, "LabelDate");
+  ChampAnnee = new DateEdit(parent);
+  ChampAnnee->setObjectName("ChampAnnee");
+  ChampAnnee->installEventFilter(this);
+  LabelOriginales = Etiquette(parent, "LabelOriginales");
+  LabelSysteme = Etiquette(parent, "LabelSysteme");
+  cmbSystem = new QComboBox(parent);
+  cmbSystem->setObjectName("cmbSystem");
+  cmbSystem->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+  cmbSystem->setMaxVisibleItems(16);
+  cmbSystem->setFocusPolicy(Qt::StrongFocus);
+  cmbSystem->installEventFilter(this);
+  lblSysteme = Etiquette(parent, "lblSysteme");
+  for (std::size_t i = 0; i < EditBox.size(); ++i) {
+    LabelBox[i] = new QLabel(parent);
+    LabelBox[i]->setObjectName(NomIndexe("LabelBox", i));
+    EditBox[i] = Ligne(parent, "EditBox", 9);
+    EditBox[i]->setObjectName(NomIndexe("EditBox", i));
+  }
+  LabelDatum = Etiquette(parent, "LabelDatum");
+  lblDatum = Etiquette(parent, "lblDatum");
+  lblDatum->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  lblDatum->setFont(EnGras(font()));
+  cmdChangeDatum = new QPushButton(parent);
+  cmdChangeDatum->setObjectName("cmdChangeDatum");
+  cmdSearch = new QPushButton(parent);
+  cmdSearch->setObjectName("cmdSearch");
+  cmdSearch->setEnabled(false);
+  LabelLatitude = Etiquette(parent, "LabelLatitude");
+  ChampLatitude = Ligne(parent, "ChampLatitude", 9);
+  LabelLongitude = Etiquette(parent, "LabelLongitude");
+  ChampLongitude = Ligne(parent, "ChampLongitude", 10);
+  for (std::size_t i = 0; i < lblAvis.size(); ++i) {
+    lblAvis[i] = new HintLabel(parent);
+    lblAvis[i]->setObjectName(NomIndexe("lblAvis", i));
+  }
+  LabelCh1 = Etiquette(parent, "LabelCh1");
+  ChampCh1 = Ligne(parent, "ChampCh1", 6);
+  LabelCh2 = Etiquette(parent, "LabelCh2");
+  ChampCh2 = Ligne(parent, "ChampCh2", 6);
+  LabelSex = Etiquette(parent, "LabelSex");
+  ChampSex = Ligne(parent, "ChampSex", 1);
+  ChampSex->setMaximumWidth(fontMetrics().averageCharWidth() * 8);
+  ChampSex->setMaxLength(1);
+  LabelGrid = Etiquette(parent, "LabelGrid");
+  Grid = new FreeFieldsGrid(parent);
+  Grid->setObjectName("Grid");
+  Grid->installEventFilter(this);
+  Grid->ChangeEtiquettes(EtiquettesChampsLibres(state_));
+  LabelGrid->setVisible(state_.FreeFieldCount > 0);
+  Grid->setVisible(state_.FreeFieldCount > 0);
+  LabelLibre = Etiquette(parent, "LabelLibre");
+  ChampLibre = new Remarque(parent);
+  ChampLibre->setObjectName("ChampLibre");
+  ChampLibre->setTabChangesFocus(true);
+  ChampLibre->installEventFilter(this);
+  champs_ = {Champ{ChampPeriode, &RecordScreen::ChampPeriode},
+             Champ{ChampLatitude, &RecordScreen::ChampLatitude},
+             Champ{ChampLongitude, &RecordScreen::ChampLongitude},
+             Champ{ChampCh1, &RecordScreen::ChampCh1},
+             Champ{ChampCh2, &RecordScreen::ChampCh2},
+             Champ{ChampSex, &RecordScreen::ChampSex}};
+}
+
+EditForm::Valeur EditForm::ConstruitValeur(const char* name, const QString& caption,
+                                           QGridLayout& grid, int row) {
+  Valeur valeur{new QLabel(caption, FrameControle), Etiquette(FrameControle, name)};
+  QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);  // in columns
+  digits.setPointSizeF(font().pointSizeF() * 1.2);
+  valeur.value->setFont(digits);
+  const int lower = QFontMetrics(digits).ascent() - fontMetrics().ascent();
+  valeur.caption->setContentsMargins(0, std::max(lower, 0), fontMetrics().averageCharWidth(), 0);
+  valeur.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  valeur.value->setTextFormat(Qt::PlainText);
+  grid.addWidget(valeur.caption, row, 0, Qt::AlignTop);
+  grid.addWidget(valeur.value, row, 1, Qt::AlignTop);
+  return valeur;
+}
+
+void EditForm::ConstruitControle(QWidget* parent) {
+  FrameControle = new QFrame(parent);
+  FrameControle->setObjectName("FrameControle");
+  FrameControle->setFrameShape(QFrame::StyledPanel);
+  FrameControle->setBackgroundRole(QPalette::AlternateBase);
+  FrameControle->setAutoFillBackground(true);
+  auto* grid = new QGridLayout(FrameControle);
+  grid->setVerticalSpacing(fontMetrics().height() / 2);
+  LabelControle = Etiquette(FrameControle, "LabelControle");
+  LabelControle->setFont(EnGras(font()));
+  grid->addWidget(LabelControle, 0, 0, 1, 2);
+  ValeurDMS = ConstruitValeur("ValeurDMS", u"DMS"_s, *grid, 1);
+  ValeurUtmMetrique = ConstruitValeur("ValeurUtmMetrique", u"UTM"_s, *grid, 2);
+  ValeurUtmAlpha = ConstruitValeur("ValeurUtmAlpha", u"MGRS"_s, *grid, 3);
+  ValeurLibre = ConstruitValeur("ValeurLibre", {}, *grid, 4);
+  for (QLabel* label : {ValeurLibre.caption, ValeurLibre.value}) {
+    QSizePolicy policy = label->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    label->setSizePolicy(policy);
+  }
+  // As wide as the texts are most of the time, so that little moves from row to row.
+  ValeurDMS.value->setMinimumWidth(
+      QFontMetrics(ValeurDMS.value->font()).horizontalAdvance(u"E=616000   N=5564000 "_s));
+  grid->setColumnStretch(1, 1);
+  grid->setRowStretch(5, 1);
+}
+
+void EditForm::ConstruitBoutons() {
+  const auto button = [this](const QString& name) {
+    auto* made = new QPushButton(this);
+    made->setObjectName(name);
+    return made;
+  };
+  for (std::size_t i = 0; i < cmdNavig.size(); ++i) cmdNavig[i] = button(NomIndexe("cmdNavig", i));
+  lblCpt = Etiquette(this, "lblCpt");
+  lblCpt->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  ButOk = button("ButOk");
+  ButNew = button("ButNew");
+  ButDupl = button("ButDupl");
+  ButEsc = button("ButEsc");
+  for (QPushButton* each : findChildren<QPushButton*>()) each->setAutoDefault(false);
+  for (QPushButton* each : {cmdChangeDatum, cmdSearch}) each->setAutoDefault(false);
+}
+
+void EditForm::Dispose(QWidget* content) {
+  auto* grid = new QGridLayout(content);
+  grid->setContentsMargins(0, 0, 0, 0);
+  for (const int gap : {Gap1, Gap2}) {
+    grid->setColumnMinimumWidth(gap, fontMetrics().averageCharWidth());
+  }
+  grid->setColumnStretch(Rest, 1);
+  DisposeEntete(*grid);
+  DisposeCoordonnees(*grid);
+  DisposeNombres(*grid);
+  DisposeTextes(*grid);
+}
+
+void EditForm::DisposeEntete(QGridLayout& grid) {
+  LabelPeriode->setBuddy(ChampPeriode);
+  LabelDate->setBuddy(ChampAnnee);
+  grid.addWidget(LabelPeriode, RowPeriode, Label1);
+  grid.addWidget(ChampPeriode, RowPeriode, Field1);
+  grid.addWidget(LabelDate, RowPeriode, Label2);
+  grid.addWidget(ChampAnnee, RowPeriode, Field2);
+  grid.addWidget(lblAvis[0], RowAvisPeriode, Label1, 1, Columns);
+}
+
+void EditForm::DisposeCoordonnees(QGridLayout& grid) {
+  LabelOriginales->setFont(EnGras(font()));
+  LabelSysteme->setBuddy(cmbSystem);
+  LabelLatitude->setBuddy(ChampLatitude);
+  LabelLongitude->setBuddy(ChampLongitude);
+  grid.addWidget(LabelOriginales, RowTitre, Label1, 1, Field2 + 1);
+  auto* system = new QHBoxLayout;
+  system->addWidget(cmbSystem);
+  system->addWidget(lblSysteme);
+  system->addStretch(1);
+  grid.addWidget(LabelSysteme, RowSysteme, Label1);
+  grid.addLayout(system, RowSysteme, Field1, 1, Field2);
+  auto* boxes = new QGridLayout;
+  for (std::size_t i = 0; i < EditBox.size(); ++i) {
+    LabelBox[i]->setBuddy(EditBox[i]);
+    boxes->addWidget(LabelBox[i], 0, static_cast<int>(i));
+    boxes->addWidget(EditBox[i], 1, static_cast<int>(i));
+  }
+  boxes->setColumnStretch(static_cast<int>(EditBox.size()), 1);
+  grid.addLayout(boxes, RowBoites, Field1, 1, Field2);
+  auto* datum = new QHBoxLayout;
+  datum->addWidget(lblDatum);
+  datum->addWidget(cmdChangeDatum);
+  datum->addStretch(1);
+  datum->addWidget(cmdSearch);
+  grid.addWidget(LabelDatum, RowDatum, Label1);
+  grid.addLayout(datum, RowDatum, Field1, 1, Field2);
+  grid.addWidget(LabelLatitude, RowPoint, Label1);
+  grid.addWidget(ChampLatitude, RowPoint, Field1);
+  grid.addWidget(LabelLongitude, RowPoint, Label2);
+  grid.addWidget(ChampLongitude, RowPoint, Field2);
+  grid.addWidget(lblAvis[1], RowAvisPoint, Label1, 1, Columns);
+  grid.addWidget(FrameControle, RowTitre, Label3, RowPoint - RowTitre + 1, Columns - Label3);
+}
+
+void EditForm::DisposeNombres(QGridLayout& grid) {
+  LabelCh1->setBuddy(ChampCh1);
+  LabelCh2->setBuddy(ChampCh2);
+  LabelSex->setBuddy(ChampSex);
+  grid.addWidget(LabelCh1, RowNombres, Label1);
+  grid.addWidget(ChampCh1, RowNombres, Field1);
+  grid.addWidget(LabelCh2, RowNombres, Label2);
+  grid.addWidget(ChampCh2, RowNombres, Field2);
+  grid.addWidget(LabelSex, RowNombres, Label3);
+  grid.addWidget(ChampSex, RowNombres, Field3);
+  grid.addWidget(lblAvis[2], RowAvisNombres, Label1, 1, Columns);
+}
+
+void EditForm::DisposeTextes(QGridLayout& grid) {
+  LabelGrid->setBuddy(Grid);
+  LabelLibre->setBuddy(ChampLibre);
+  grid.addWidget(LabelGrid, RowLabelGrid, Label1, 1, Columns);
+  grid.addWidget(Grid, RowGrid, Label1, 1, Columns);
+  grid.addWidget(LabelLibre, RowLabelLibre, Label1, 1, Columns);
+  grid.addWidget(ChampLibre, RowLibre, Label1, 1, Columns);
+}
+
+QLayout* EditForm::DisposeBoutons() {
+  auto* row = new QHBoxLayout;
+  row->addWidget(cmdNavig[1]);
+  row->addWidget(lblCpt);
+  row->addWidget(cmdNavig[0]);
+  row->addStretch(1);
+  row->addWidget(ButOk);
+  row->addWidget(ButNew);
+  row->addWidget(ButDupl);
+  row->addSpacing(fontMetrics().averageCharWidth() * 2);
+  row->addWidget(ButEsc);
+  return row;
+}
+
+void EditForm::OrdonneTabulation() {
+  QWidget* before = ChampPeriode;
+  for (QWidget* widget : std::initializer_list<QWidget*>{
+           ChampAnnee,     cmbSystem, EditBox[0],    EditBox[1],     EditBox[2],
+           cmdChangeDatum, cmdSearch, ChampLatitude, ChampLongitude, ChampCh1,
+           ChampCh2,       ChampSex,  Grid,          ChampLibre,     ButOk,
+           ButNew,         ButDupl,   ButEsc,        cmdNavig[1],    cmdNavig[0]}) {
+    setTabOrder(before, widget);
+    before = widget;
+  }
+}
+
+void EditForm::Relie() {
+  for (const Champ& champ : champs_) {
+    connect(champ.edit, &QLineEdit::textEdited, this, &EditForm::Marque);
+  }
+  connect(ChampAnnee, &QLineEdit::textEdited, this, &EditForm::Marque);
+  for (QLineEdit* edit : {ChampLatitude, ChampLongitude}) {
+    connect(edit, &QLineEdit::textEdited, this, [this] { pointTape_ = true; });
+  }
+  for (std::size_t i = 0; i < EditBox.size(); ++i) {
+    connect(EditBox[i], &QLineEdit::textEdited, this, [this, i] {
+      boiteTapee_[i] = true;
+      Marque();
+    });
+  }
+  connect(Grid, &FreeFieldsGrid::Modifie, this, &EditForm::Marque);
+  connect(Grid, &FreeFieldsGrid::Tape, this, &EditForm::Grid_Tape);
+  connect(Grid, &FreeFieldsGrid::Abandonne, this, &EditForm::Grid_Abandonne);
+  connect(Grid, &FreeFieldsGrid::Quitte, this, &EditForm::Avance);
+  connect(ChampLibre, &QPlainTextEdit::textChanged, this, &EditForm::Marque);
+  connect(cmbSystem, &QComboBox::activated, this, &EditForm::cmbSystem_Click);
+}
+
+/// A button, and a key that does the same.
+void EditForm::Raccourci(QPushButton& button, const QKeySequence& keys,
+                         void (EditForm::*pressed)()) {
+  auto* shortcut = new QShortcut(keys, this);
+  shortcut->setObjectName(button.objectName());
+  connect(shortcut, &QShortcut::activated, this, pressed);
+}
+
+void EditForm::RelieBoutons() {
+  struct Bouton {
+    QPushButton* button;
+    void (EditForm::*pressed)();
+    std::initializer_list<QKeySequence> keys;
+  };
+  const std::initializer_list<Bouton> buttons = {
+      {ButOk, &EditForm::ButOk_Click, {u"Ctrl+S"_s, u"Ctrl+Return"_s, u"Ctrl+Enter"_s}},
+      {ButNew, &EditForm::ButNew_Click, {u"Ctrl+N"_s}},
+      {ButDupl, &EditForm::ButDupl_Click, {u"Ctrl+D"_s}},
+      {cmdNavig[0], &EditForm::Suivant, {u"PgDown"_s, u"Ctrl+Down"_s}},
+      {cmdNavig[1], &EditForm::Precedent, {u"PgUp"_s, u"Ctrl+Up"_s}},
+      {cmdChangeDatum, &EditForm::cmdChangeDatum_Click, {u"F4"_s}},
+      {ButEsc, &EditForm::reject, {}}};
+  for (const Bouton& b : buttons) {
+    connect(b.button, &QPushButton::clicked, this, b.pressed);
+    for (const QKeySequence& keys : b.keys) Raccourci(*b.button, keys, b.pressed);
+  }
+}
+
+/// Where it stood last, in twips; at first as large as its fields like, before its parent.
+void EditForm::PlaceFenetre() {
+  const auto stored = [this](std::string_view key) {
+    return EnPixels(static_cast<float>(Val(io_.settings.Lit(application, section, key, ""))));
+  };
+  ensurePolished();
+  const QSize wanted = sizeHint();
+  const int height = stored("Height"), width = stored("Width");
+  QRect place(QPoint(),
+              QSize(width > 0 ? width : wanted.width(), height > 0 ? height : wanted.height()));
+  const auto known = [this](std::string_view key) {
+    return !io_.settings.Lit(application, section, key, "").empty();
+  };
+  if (parentWidget() != nullptr) place.moveCenter(parentWidget()->window()->geometry().center());
+  if (known("Top")) place.moveTop(stored("Top"));
+  if (known("Left")) place.moveLeft(stored("Left"));
+  place = PlaceVisible(place);
+  resize(place.size());
+  if (known("Top")) move(place.topLeft());
+}
+
+void EditForm::GardePlace() {
+  const auto entry = [](const char* key, int pixels) {
+    return SettingEntry{std::string(section), key, Str(EnTwips(pixels))};
+  };
+  const std::array entries = {entry("Height", height()), entry("Top", y()), entry("Width", width()),
+                              entry("Left", x())};
+  ExecuteCommande(state_, io_, {}, [&] { io_.settings.EcritTout(application, entries); });
+}
+
+}  // namespace talpena
