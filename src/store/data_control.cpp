@@ -1,6 +1,7 @@
 #include "store/data_control.h"
 
 #include <optional>
+#include <utility>
 
 #include "common/talpena_error.h"
 
@@ -25,16 +26,26 @@ void DataControl::Refresh() {
   Signale(Change::Rows);
 }
 
-void DataControl::RafraichitSurPlace() {
-  const std::optional<Bookmark> row = LigneCourante(recordset());
-  Refresh();
-  if (!row) return;
+void DataControl::ChangeSource(const std::string& source) {
+  const std::optional<Bookmark> row = EstLie() ? LigneCourante(*recordset_) : std::nullopt;
+  const std::string before = std::exchange(RecordSource, source);
   try {
-    recordset().SetBookmark(*row);
-    SignalePosition();
+    Refresh();
+  } catch (...) {
+    RecordSource = before;
+    throw;
+  }
+  if (row) RetourneALigne(*row);
+}
+
+void DataControl::RetourneALigne(Bookmark row) {
+  try {
+    recordset_->SetBookmark(row);
   } catch (const TalpenaError& e) {
     if (e.number() != ErrorNumber::InvalidBookmark) throw;
+    return;
   }
+  SignalePosition();
 }
 
 void DataControl::SignaleLignes() { Signale(Change::Rows); }

@@ -65,7 +65,9 @@ void EffaceColonne(CommandContext c) {
   }
   EffaceColonnes(c, columns);
   c.state.FichierModifie = true;
-  c.state.Data1.RafraichitSurPlace();  // other values may mean another order, or fewer rows
+  // Other values may mean another order, or fewer rows.
+  const std::string source = c.state.Data1.RecordSource;
+  c.state.Data1.ChangeSource(source);
   c.vue.PlaceFocusGrille();
 }
 

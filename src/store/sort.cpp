@@ -1,6 +1,7 @@
 #include "store/sort.h"
 
 #include <array>
+#include <optional>
 #include <string_view>
 #include <utility>
 
@@ -26,6 +27,25 @@ constexpr std::array<std::string_view, 10> orders = {
 };
 // clang-format on
 
+/// Empty before the first row, behind the last, and on a row that another cursor deleted.
+std::optional<Bookmark> LigneCourante(const Recordset& rows) {
+  try {
+    return rows.GetBookmark();
+  } catch (const TalpenaError& e) {
+    if (e.number() != ErrorNumber::NoCurrentRecord) throw;
+    return std::nullopt;
+  }
+}
+
+void RetourneALigne(DataControl& data, Bookmark row) {
+  try {
+    data.recordset().SetBookmark(row);
+    data.SignalePosition();
+  } catch (const TalpenaError& e) {
+    if (e.number() != ErrorNumber::InvalidBookmark) throw;
+  }
+}
+
 }  // namespace
 
 void ChangeTri(StoreState& state, int index, bool descending) {
@@ -38,14 +58,16 @@ void ChangeTri(StoreState& state, int index, bool descending) {
     state.SqlCourant = sql;
     return;
   }
+  const std::optional<Bookmark> row = LigneCourante(state.Data1.recordset());
   const std::string before = std::exchange(state.Data1.RecordSource, sql);
   try {
-    state.Data1.RafraichitSurPlace();
+    state.Data1.Refresh();
   } catch (...) {
     state.Data1.RecordSource = before;
     throw;
   }
   state.SqlCourant = sql;
+  if (row) RetourneALigne(state.Data1, *row);
 }
 
 }  // namespace talpena

@@ -1,6 +1,7 @@
 // First and last, add, duplicate, delete.
 #include "store/row_commands.h"
 
+#include "store/deg_files.h"
 #include "store/file_commands.h"
 #include "store/grid_commands_fixture.h"
 #include "store/sort.h"
@@ -288,13 +289,8 @@ TEST_F(FirstLast, OnAnEmptyTableNothingHappens) {
 class SortOverFiles : public GridCommands {
  protected:
   static std::string Fichier(int first, int last) {
-    std::string bytes =
-        "<TALPENA 2.0>\r\nWGS84\r\n<END>\r\nMoles\r\nA comment\r\n"
-        " 0000 - 1949   1950 - 1989   1990 - 2011\r\nstatistics\r\nA comment\r\n";
-    for (int n = first; n <= last; ++n) {
-      bytes += "1K+50.10000   4.50000    " + std::to_string(n) +
-               "    01990/01/01 WGS84deg +50.10000 +004.50000x\r\n";
-    }
+    std::string bytes = EnTete2("WGS84", "/\r\n");
+    for (int n = first; n <= last; ++n) bytes += Rangee(std::to_string(n));
     return bytes;
   }
 };

@@ -98,9 +98,8 @@ void Form1::ActiveControles() {
   });
   cmd[1]->setEnabled(fileOpen_);
   ActiveEdition();
+  for (const std::size_t i : {4U, 5U}) cmd[i]->setEnabled(fileOpen_);
   actions_.at("mnuChercher_1")->setEnabled(fileOpen_ && searched_);
-  cmd[4]->setEnabled(fileOpen_);
-  cmd[5]->setEnabled(fileOpen_);
   cmdMap->setEnabled(false);
   for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
 }

@@ -15,6 +15,20 @@ RowRun Dirige(int top, int bottom, bool upwards) {
   return upwards ? RowRun{bottom, top} : RowRun{top, bottom};
 }
 
+/// Sorted, and with neighbours joined.
+std::vector<RowRun> Joint(std::vector<RowRun> rows) {
+  std::sort(rows.begin(), rows.end(), PlusHaut);
+  std::vector<RowRun> joined;
+  for (const RowRun run : rows) {
+    if (!joined.empty() && run.from == joined.back().to + 1) {
+      joined.back().to = run.to;
+    } else {
+      joined.push_back(run);
+    }
+  }
+  return joined;
+}
+
 /// The parts of a run that lie in sorted runs, in the order of the run.
 std::vector<RowRun> Parties(RowRun run, std::span<const RowRun> sorted) {
   std::vector<RowRun> parts;
@@ -29,7 +43,7 @@ std::vector<RowRun> Parties(RowRun run, std::span<const RowRun> sorted) {
   return parts;
 }
 
-/// What of sorted runs lies in none of others, from the first row to the last.
+/// What of sorted runs lies in none of their parts, from the first row to the last.
 std::vector<RowRun> Reste(std::span<const RowRun> sorted, std::vector<RowRun> taken) {
   std::sort(taken.begin(), taken.end(), PlusHaut);
   std::vector<RowRun> rest;
@@ -49,12 +63,12 @@ std::vector<RowRun> Reste(std::span<const RowRun> sorted, std::vector<RowRun> ta
 }  // namespace
 
 void ChosenRows::Devient(std::vector<RowRun> rows, bool upwards) {
-  std::sort(rows.begin(), rows.end(), PlusHaut);
+  const std::vector<RowRun> sorted = Joint(std::move(rows));
   const std::vector<RowRun> before = std::exchange(runs_, {});
   for (const RowRun run : before) {
-    for (const RowRun part : Parties(run, rows)) Ajoute(part);
+    for (const RowRun part : Parties(run, sorted)) Ajoute(part);
   }
-  std::vector<RowRun> added = Reste(rows, runs_);
+  std::vector<RowRun> added = Reste(sorted, runs_);
   if (upwards) std::reverse(added.begin(), added.end());
   for (const RowRun run : added) Ajoute(Dirige(run.from, run.to, upwards));
 }

@@ -36,7 +36,7 @@ class RowHeader : public QHeaderView {
 
 /// Follows Data1: its rows, its values, its current row; and moves Data1 along with the cursor.
 /// A double click emits doubleClicked and edits nothing. Keys: typing or F2 edits, Enter and Tab
-/// store and go on to the next cell, Escape drops the edit, Ctrl+Tab leaves the grid, Shift+Space
+/// store and go on to the next cell, Escape drops the edit, Ctrl+Tab leaves the grid. Shift+Space
 /// chooses the row and those up to it, Ctrl+Shift+Space adds the row or takes it out, Ctrl+Space
 /// chooses the column. Rows and columns are not chosen at the same time.
 class TDBGrid : public QTableView {

@@ -121,7 +121,8 @@ TEST(Form1Grid, LinesAreAddedAndDuplicatedByKey) {
 TEST(Form1Grid, WhatIsBeingTypedIsStoredFirst) {
   Opened m;
   m.Va(1, n1);
-  QTest::keyClicks(m.grid, "77");
+  QTest::keyClicks(m.grid, "7");
+  QTest::keyClicks(m.grid->findChild<QLineEdit*>(), "7");
   m.Entree("mnuDuplic")->trigger();
   EXPECT_EQ(m.N1(), "1 77 3 4 5 77");
 }
