@@ -1,5 +1,7 @@
 // Form1: the main window.
 #pragma once
+#include <QKeySequence>
+#include <QList>
 #include <QMainWindow>
 #include <QPointer>
 #include <array>
@@ -133,6 +135,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MnuDatumFichier_Click();
   void MnuInfo_Click();
   void MontreEdition();
+  static QList<QKeySequence> TouchesEdition();  ///< keys that open the record editor
   void Timer1_Tick();
   void ActiveControles();
   void ActiveEdition();
@@ -176,7 +179,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   frmMessage* frmMessage_ = nullptr;
-  EditForm* editForm_ = nullptr;  ///< while it is open
+  EditForm* editForm_ = nullptr;    ///< while it is open
   std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
 };
 

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTimer>
 #include <QToolButton>
@@ -93,6 +94,9 @@ void Form1::Relie() {
   connect(lbl1, &QLabel::linkActivated, this,
           [this](const QString& link) { cmd_Click(link == QLatin1String("new") ? 2 : 0); });
   connect(TDBGrid1, &QTableView::doubleClicked, this, &Form1::MontreEdition);
+  for (const QKeySequence& keys : TouchesEdition()) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, &Form1::MontreEdition);
+  }
   Timer1 = new QTimer(this);
   Timer1->setObjectName(QStringLiteral("Timer1"));
   Timer1->setInterval(tickMs);
@@ -226,6 +230,10 @@ void Form1::MnuTxtGrille_Click() {
 }
 
 void Form1::MnuInfo_Click() { frmEastern(state_.Langue, this).exec(); }
+
+QList<QKeySequence> Form1::TouchesEdition() {
+  return {QKeySequence(QStringLiteral("Ctrl+Return")), QKeySequence(QStringLiteral("Ctrl+Enter"))};
+}
 
 /// The record editor on the current row. It is no command itself, since it may stay open all day:
 /// ticks of Timer1 save the file meanwhile.
