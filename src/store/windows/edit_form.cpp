@@ -1,4 +1,4 @@
-// What the record editor does with its controls: each calls a procedure of store/record.
+// The record editor shows its screen and takes it back, and follows the keys.
 #include "store/windows/edit_form.h"
 
 #include <QComboBox>
@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "coords/windows/frm_datum.h"
 #include "platform/commands.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
@@ -72,7 +71,13 @@ constexpr std::array recordFields = {
     RecordField::ChampLongitude, RecordField::ChampCh1,   RecordField::ChampCh2,
     RecordField::ChampSex,       RecordField::Grid,       RecordField::ChampLibre};
 
-constexpr std::size_t coordinateHints = 1, otherHints = 2;
+/// And which one `avis` has.
+std::size_t LigneAvis(const RecordScreen& ecran) {
+  if (!ecran.avisReference.empty()) return 1;
+  const bool date =
+      !ecran.dateAutre.empty() && ecran.avis.find(ecran.dateAutre) != std::string::npos;
+  return date ? 0 : 2;
+}
 
 }  // namespace
 
@@ -168,9 +173,7 @@ void EditForm::MontreAvis() {
     told = Controle(fault->field);
     told->setAccessibleDescription(Affiche(fault->text));
   }
-  // A reference that names no point comes before what is odd about any field.
-  const bool reference = !ecran_.avisReference.empty();
-  QString& hint = hints[reference ? coordinateHints : otherHints];
+  QString& hint = hints[LigneAvis(ecran_)];
   if (hint.isEmpty()) hint = Affiche(ecran_.avis);
   for (std::size_t i = 0; i < hints.size(); ++i) lblAvis[i]->Montre(hints[i]);
   for (QLineEdit* box : EditBox) {
@@ -228,23 +231,6 @@ bool EditForm::ApresChamp() {
   enCours_ = false;
   Montre();
   return !stays;
-}
-
-/// Runs a procedure on the form as it stands, with what is half typed taken in, and shows what it
-/// left. While one is under way no other one begins.
-template <typename Procedure>
-void EditForm::Execute(Procedure procedure) {
-  if (enCours_) return;
-  enCours_ = true;
-  Grid->Valide();
-  Releve();
-  ExecuteCommande(state_, io_, {}, [&] { procedure(Contexte(), ecran_); });
-  if (!ecran_.modifie) {
-    boiteTapee_ = {};  // a row that was saved, or another one
-    pointTape_ = false;
-  }
-  enCours_ = false;
-  Montre();
 }
 
 QWidget* EditForm::Controle(RecordField field) const {
@@ -342,71 +328,9 @@ bool EditForm::eventFilter(QObject* watched, QEvent* event) {
   return QDialog::eventFilter(watched, event);
 }
 
-/// What is typed into a cell of Grid counts as a change at once, unless it is abandoned.
-void EditForm::Grid_Tape() {
-  if (ecran_.modifie) return;
-  Marque();
-  parTape_ = true;
-}
-
-void EditForm::Grid_Abandonne() {
-  if (!std::exchange(parTape_, false)) return;
-  ecran_.modifie = false;
-  ecran_.ButOk = false;
-  FormeChange();
-}
-
 void EditForm::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() == QEvent::LanguageChange) AppliqueLangue();
-}
-
-void EditForm::cmbSystem_Click(int index) {
-  if (!ApresChamp()) return;
-  Execute([index](CommandContext c, RecordScreen& ecran) {
-    talpena::cmbSystem_Click(c, ecran, index);
-  });
-}
-
-void EditForm::cmdChangeDatum_Click() {
-  if (!cmdChangeDatum->isEnabled() || enCours_ || !ApresChamp()) return;
-  frmDatum chooser(state_, this);
-  chooser.Selectionne(ecran_.lblDatum);
-  chooser.exec();
-  if (chooser.Resultat().empty()) return;
-  Execute([&chooser](CommandContext c, RecordScreen& ecran) {
-    talpena::cmdChangeDatum_Click(c, ecran, chooser.Resultat());
-  });
-}
-
-void EditForm::ButNew_Click() { Execute(talpena::ButNew_Click); }
-
-void EditForm::ButDupl_Click() { Execute(talpena::ButDupl_Click); }
-
-void EditForm::ButOk_Click() {
-  const bool fromRemark = ChampLibre->hasFocus();
-  Execute(talpena::ButOk_Click);
-  if (fromRemark && ChampLibre->hasFocus() && !ButOk->isEnabled()) {
-    ButNew->setFocus(Qt::TabFocusReason);
-  }
-}
-
-void EditForm::cmdNavig_Click(int index) {
-  Execute(
-      [index](CommandContext c, RecordScreen& ecran) { talpena::cmdNavig_Click(c, ecran, index); });
-}
-
-void EditForm::reject() {
-  bool closes = false;
-  Execute([&closes](CommandContext c, RecordScreen& ecran) {
-    closes = talpena::ButEsc_Click(c, ecran);
-  });
-  if (closes) QDialog::reject();
-}
-
-void EditForm::done(int result) {
-  GardePlace();
-  QDialog::done(result);
 }
 
 }  // namespace talpena

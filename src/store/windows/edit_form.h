@@ -61,21 +61,16 @@ class EditForm : public QDialog {
 
   CommandContext Contexte() { return {state_, io_, vue_}; }
 
-  // edit_form_build.cpp: the controls and where they stand.
+  // edit_form_build.cpp: the controls and what they are tied to.
   void Construit();
   void ConstruitChamps(QWidget* parent);
+  void ConstruitCoordonnees(QWidget* parent);
+  void ConstruitTextes(QWidget* parent);
   void ConstruitControle(QWidget* parent);
   Valeur ConstruitValeur(const char* name, const QString& caption, QGridLayout& grid, int row);
   void ConstruitBoutons();
   QLineEdit* Ligne(QWidget* parent, const char* name, int characters);
   QLabel* Etiquette(QWidget* parent, const char* name);
-  void Dispose(QWidget* content);
-  void DisposeEntete(QGridLayout& grid);
-  void DisposeCoordonnees(QGridLayout& grid);
-  void DisposeNombres(QGridLayout& grid);
-  void DisposeTextes(QGridLayout& grid);
-  QLayout* DisposeBoutons();
-  void OrdonneTabulation();
   void Relie();
   void RelieBoutons();
   void Raccourci(QPushButton& button, const QKeySequence& keys, void (EditForm::*pressed)());
@@ -90,7 +85,14 @@ class EditForm : public QDialog {
   void NommeValeurs();
   QString TouchesDe(const QPushButton& button) const;
 
-  // Size and place on the screen.
+  // edit_form_layout.cpp: where the controls stand, and where the form stands.
+  void Dispose(QWidget* content);
+  void DisposeEntete(QGridLayout& grid);
+  void DisposeCoordonnees(QGridLayout& grid);
+  void DisposeNombres(QGridLayout& grid);
+  void DisposeTextes(QGridLayout& grid);
+  QLayout* DisposeBoutons();
+  void OrdonneTabulation();
   void PlaceFenetre();
   void GardePlace();
 
@@ -113,6 +115,7 @@ class EditForm : public QDialog {
   bool PointCalcule() const;
 
   void Grid_Tape();
+  void Grid_Modifie();
   void Grid_Abandonne();
   void cmbSystem_Click(int index);
   void cmdChangeDatum_Click();

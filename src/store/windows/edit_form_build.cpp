@@ -1,9 +1,8 @@
-// The controls of the record editor, where they stand and what they are tied to.
+// The controls of the record editor and what they are tied to.
 #include <QComboBox>
 #include <QFontDatabase>
 #include <QFrame>
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -13,9 +12,6 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
-#include "common/numbers.h"
-#include "platform/commands.h"
-#include "platform/qt/window_place.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
@@ -26,28 +22,6 @@ using namespace Qt::StringLiterals;
 
 namespace talpena {
 namespace {
-
-constexpr std::string_view application = "TLP", section = "EditForm";
-
-/// Columns of the grid of fields.
-enum : int { Label1, Field1, Gap1, Label2, Field2, Gap2, Label3, Field3, Rest, Columns };
-/// Its rows.
-enum : int {
-  RowPeriode,
-  RowAvisPeriode,
-  RowTitre,
-  RowSysteme,
-  RowBoites,
-  RowDatum,
-  RowPoint,
-  RowAvisPoint,
-  RowNombres,
-  RowAvisNombres,
-  RowLabelGrid,
-  RowGrid,
-  RowLabelLibre,
-  RowLibre
-};
 
 /// Fields that scroll when the screen has no room for them; as large as they like otherwise.
 class Defilement final : public QScrollArea {
@@ -131,6 +105,29 @@ void EditForm::ConstruitChamps(QWidget* parent) {
   ChampAnnee = new DateEdit(parent);
   ChampAnnee->setObjectName("ChampAnnee");
   ChampAnnee->installEventFilter(this);
+  ConstruitCoordonnees(parent);
+  for (std::size_t i = 0; i < lblAvis.size(); ++i) {
+    lblAvis[i] = new HintLabel(parent);
+    lblAvis[i]->setObjectName(NomIndexe("lblAvis", i));
+  }
+  LabelCh1 = Etiquette(parent, "LabelCh1");
+  ChampCh1 = Ligne(parent, "ChampCh1", 6);
+  LabelCh2 = Etiquette(parent, "LabelCh2");
+  ChampCh2 = Ligne(parent, "ChampCh2", 6);
+  LabelSex = Etiquette(parent, "LabelSex");
+  ChampSex = Ligne(parent, "ChampSex", 1);
+  ChampSex->setMaximumWidth(fontMetrics().averageCharWidth() * 8);
+  ChampSex->setMaxLength(1);
+  ConstruitTextes(parent);
+  champs_ = {Champ{ChampPeriode, &RecordScreen::ChampPeriode},
+             Champ{ChampLatitude, &RecordScreen::ChampLatitude},
+             Champ{ChampLongitude, &RecordScreen::ChampLongitude},
+             Champ{ChampCh1, &RecordScreen::ChampCh1},
+             Champ{ChampCh2, &RecordScreen::ChampCh2},
+             Champ{ChampSex, &RecordScreen::ChampSex}};
+}
+
+void EditForm::ConstruitCoordonnees(QWidget* parent) {
   LabelOriginales = Etiquette(parent, "LabelOriginales");
   LabelSysteme = Etiquette(parent, "LabelSysteme");
   cmbSystem = new QComboBox(parent);
@@ -159,18 +156,9 @@ void EditForm::ConstruitChamps(QWidget* parent) {
   ChampLatitude = Ligne(parent, "ChampLatitude", 9);
   LabelLongitude = Etiquette(parent, "LabelLongitude");
   ChampLongitude = Ligne(parent, "ChampLongitude", 10);
-  for (std::size_t i = 0; i < lblAvis.size(); ++i) {
-    lblAvis[i] = new HintLabel(parent);
-    lblAvis[i]->setObjectName(NomIndexe("lblAvis", i));
-  }
-  LabelCh1 = Etiquette(parent, "LabelCh1");
-  ChampCh1 = Ligne(parent, "ChampCh1", 6);
-  LabelCh2 = Etiquette(parent, "LabelCh2");
-  ChampCh2 = Ligne(parent, "ChampCh2", 6);
-  LabelSex = Etiquette(parent, "LabelSex");
-  ChampSex = Ligne(parent, "ChampSex", 1);
-  ChampSex->setMaximumWidth(fontMetrics().averageCharWidth() * 8);
-  ChampSex->setMaxLength(1);
+}
+
+void EditForm::ConstruitTextes(QWidget* parent) {
   LabelGrid = Etiquette(parent, "LabelGrid");
   Grid = new FreeFieldsGrid(parent);
   Grid->setObjectName("Grid");
@@ -183,19 +171,13 @@ void EditForm::ConstruitChamps(QWidget* parent) {
   ChampLibre->setObjectName("ChampLibre");
   ChampLibre->setTabChangesFocus(true);
   ChampLibre->installEventFilter(this);
-  champs_ = {Champ{ChampPeriode, &RecordScreen::ChampPeriode},
-             Champ{ChampLatitude, &RecordScreen::ChampLatitude},
-             Champ{ChampLongitude, &RecordScreen::ChampLongitude},
-             Champ{ChampCh1, &RecordScreen::ChampCh1},
-             Champ{ChampCh2, &RecordScreen::ChampCh2},
-             Champ{ChampSex, &RecordScreen::ChampSex}};
 }
 
 EditForm::Valeur EditForm::ConstruitValeur(const char* name, const QString& caption,
                                            QGridLayout& grid, int row) {
   Valeur valeur{new QLabel(caption, FrameControle), Etiquette(FrameControle, name)};
   QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);  // in columns
-  digits.setPointSizeF(font().pointSizeF() * 1.2);
+  if (font().pointSizeF() > 0) digits.setPointSizeF(font().pointSizeF() * 1.2);
   valeur.value->setFont(digits);
   const int lower = QFontMetrics(digits).ascent() - fontMetrics().ascent();
   valeur.caption->setContentsMargins(0, std::max(lower, 0), fontMetrics().averageCharWidth(), 0);
@@ -247,113 +229,6 @@ void EditForm::ConstruitBoutons() {
   ButDupl = button("ButDupl");
   ButEsc = button("ButEsc");
   for (QPushButton* each : findChildren<QPushButton*>()) each->setAutoDefault(false);
-  for (QPushButton* each : {cmdChangeDatum, cmdSearch}) each->setAutoDefault(false);
-}
-
-void EditForm::Dispose(QWidget* content) {
-  auto* grid = new QGridLayout(content);
-  grid->setContentsMargins(0, 0, 0, 0);
-  for (const int gap : {Gap1, Gap2}) {
-    grid->setColumnMinimumWidth(gap, fontMetrics().averageCharWidth());
-  }
-  grid->setColumnStretch(Rest, 1);
-  DisposeEntete(*grid);
-  DisposeCoordonnees(*grid);
-  DisposeNombres(*grid);
-  DisposeTextes(*grid);
-}
-
-void EditForm::DisposeEntete(QGridLayout& grid) {
-  LabelPeriode->setBuddy(ChampPeriode);
-  LabelDate->setBuddy(ChampAnnee);
-  grid.addWidget(LabelPeriode, RowPeriode, Label1);
-  grid.addWidget(ChampPeriode, RowPeriode, Field1);
-  grid.addWidget(LabelDate, RowPeriode, Label2);
-  grid.addWidget(ChampAnnee, RowPeriode, Field2);
-  grid.addWidget(lblAvis[0], RowAvisPeriode, Label1, 1, Columns);
-}
-
-void EditForm::DisposeCoordonnees(QGridLayout& grid) {
-  LabelOriginales->setFont(EnGras(font()));
-  LabelSysteme->setBuddy(cmbSystem);
-  LabelLatitude->setBuddy(ChampLatitude);
-  LabelLongitude->setBuddy(ChampLongitude);
-  grid.addWidget(LabelOriginales, RowTitre, Label1, 1, Field2 + 1);
-  auto* system = new QHBoxLayout;
-  system->addWidget(cmbSystem);
-  system->addWidget(lblSysteme);
-  system->addStretch(1);
-  grid.addWidget(LabelSysteme, RowSysteme, Label1);
-  grid.addLayout(system, RowSysteme, Field1, 1, Field2);
-  auto* boxes = new QGridLayout;
-  for (std::size_t i = 0; i < EditBox.size(); ++i) {
-    LabelBox[i]->setBuddy(EditBox[i]);
-    boxes->addWidget(LabelBox[i], 0, static_cast<int>(i));
-    boxes->addWidget(EditBox[i], 1, static_cast<int>(i));
-  }
-  boxes->setColumnStretch(static_cast<int>(EditBox.size()), 1);
-  grid.addLayout(boxes, RowBoites, Field1, 1, Field2);
-  auto* datum = new QHBoxLayout;
-  datum->addWidget(lblDatum);
-  datum->addWidget(cmdChangeDatum);
-  datum->addStretch(1);
-  datum->addWidget(cmdSearch);
-  grid.addWidget(LabelDatum, RowDatum, Label1);
-  grid.addLayout(datum, RowDatum, Field1, 1, Field2);
-  grid.addWidget(LabelLatitude, RowPoint, Label1);
-  grid.addWidget(ChampLatitude, RowPoint, Field1);
-  grid.addWidget(LabelLongitude, RowPoint, Label2);
-  grid.addWidget(ChampLongitude, RowPoint, Field2);
-  grid.addWidget(lblAvis[1], RowAvisPoint, Label1, 1, Columns);
-  grid.addWidget(FrameControle, RowTitre, Label3, RowPoint - RowTitre + 1, Columns - Label3);
-}
-
-void EditForm::DisposeNombres(QGridLayout& grid) {
-  LabelCh1->setBuddy(ChampCh1);
-  LabelCh2->setBuddy(ChampCh2);
-  LabelSex->setBuddy(ChampSex);
-  grid.addWidget(LabelCh1, RowNombres, Label1);
-  grid.addWidget(ChampCh1, RowNombres, Field1);
-  grid.addWidget(LabelCh2, RowNombres, Label2);
-  grid.addWidget(ChampCh2, RowNombres, Field2);
-  grid.addWidget(LabelSex, RowNombres, Label3);
-  grid.addWidget(ChampSex, RowNombres, Field3);
-  grid.addWidget(lblAvis[2], RowAvisNombres, Label1, 1, Columns);
-}
-
-void EditForm::DisposeTextes(QGridLayout& grid) {
-  LabelGrid->setBuddy(Grid);
-  LabelLibre->setBuddy(ChampLibre);
-  grid.addWidget(LabelGrid, RowLabelGrid, Label1, 1, Columns);
-  grid.addWidget(Grid, RowGrid, Label1, 1, Columns);
-  grid.addWidget(LabelLibre, RowLabelLibre, Label1, 1, Columns);
-  grid.addWidget(ChampLibre, RowLibre, Label1, 1, Columns);
-}
-
-QLayout* EditForm::DisposeBoutons() {
-  auto* row = new QHBoxLayout;
-  row->addWidget(cmdNavig[1]);
-  row->addWidget(lblCpt);
-  row->addWidget(cmdNavig[0]);
-  row->addStretch(1);
-  row->addWidget(ButOk);
-  row->addWidget(ButNew);
-  row->addWidget(ButDupl);
-  row->addSpacing(fontMetrics().averageCharWidth() * 2);
-  row->addWidget(ButEsc);
-  return row;
-}
-
-void EditForm::OrdonneTabulation() {
-  QWidget* before = ChampPeriode;
-  for (QWidget* widget : std::initializer_list<QWidget*>{
-           ChampAnnee,     cmbSystem, EditBox[0],    EditBox[1],     EditBox[2],
-           cmdChangeDatum, cmdSearch, ChampLatitude, ChampLongitude, ChampCh1,
-           ChampCh2,       ChampSex,  Grid,          ChampLibre,     ButOk,
-           ButNew,         ButDupl,   ButEsc,        cmdNavig[1],    cmdNavig[0]}) {
-    setTabOrder(before, widget);
-    before = widget;
-  }
 }
 
 void EditForm::Relie() {
@@ -370,7 +245,7 @@ void EditForm::Relie() {
       Marque();
     });
   }
-  connect(Grid, &FreeFieldsGrid::Modifie, this, &EditForm::Marque);
+  connect(Grid, &FreeFieldsGrid::Modifie, this, &EditForm::Grid_Modifie);
   connect(Grid, &FreeFieldsGrid::Tape, this, &EditForm::Grid_Tape);
   connect(Grid, &FreeFieldsGrid::Abandonne, this, &EditForm::Grid_Abandonne);
   connect(Grid, &FreeFieldsGrid::Quitte, this, &EditForm::Avance);
@@ -404,36 +279,6 @@ void EditForm::RelieBoutons() {
     connect(b.button, &QPushButton::clicked, this, b.pressed);
     for (const QKeySequence& keys : b.keys) Raccourci(*b.button, keys, b.pressed);
   }
-}
-
-/// Where it stood last, in twips; at first as large as its fields like, before its parent.
-void EditForm::PlaceFenetre() {
-  const auto stored = [this](std::string_view key) {
-    return EnPixels(static_cast<float>(Val(io_.settings.Lit(application, section, key, ""))));
-  };
-  ensurePolished();
-  const QSize wanted = sizeHint();
-  const int height = stored("Height"), width = stored("Width");
-  QRect place(QPoint(),
-              QSize(width > 0 ? width : wanted.width(), height > 0 ? height : wanted.height()));
-  const auto known = [this](std::string_view key) {
-    return !io_.settings.Lit(application, section, key, "").empty();
-  };
-  if (parentWidget() != nullptr) place.moveCenter(parentWidget()->window()->geometry().center());
-  if (known("Top")) place.moveTop(stored("Top"));
-  if (known("Left")) place.moveLeft(stored("Left"));
-  place = PlaceVisible(place);
-  resize(place.size());
-  if (known("Top")) move(place.topLeft());
-}
-
-void EditForm::GardePlace() {
-  const auto entry = [](const char* key, int pixels) {
-    return SettingEntry{std::string(section), key, Str(EnTwips(pixels))};
-  };
-  const std::array entries = {entry("Height", height()), entry("Top", y()), entry("Width", width()),
-                              entry("Left", x())};
-  ExecuteCommande(state_, io_, {}, [&] { io_.settings.EcritTout(application, entries); });
 }
 
 }  // namespace talpena

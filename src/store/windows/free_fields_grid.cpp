@@ -104,7 +104,6 @@ FreeFieldsGrid::FreeFieldsGrid(QWidget* parent)
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
   txtEdit->setObjectName(u"txtEdit"_s);
   txtEdit->setFocusPolicy(Qt::ClickFocus);
-  txtEdit->setFrame(false);
   txtEdit->setAutoFillBackground(true);
   txtEdit->hide();
   txtEdit->installEventFilter(this);
@@ -167,7 +166,7 @@ void FreeFieldsGrid::FermeEditeur() {
 }
 
 void FreeFieldsGrid::PlaceEditeur() {
-  if (EnEdition()) txtEdit->setGeometry(visualRect(Fgi(edited_)).adjusted(1, 0, -1, -1));
+  if (EnEdition()) txtEdit->setGeometry(visualRect(Fgi(edited_)).adjusted(0, 0, -1, -1));
 }
 
 void FreeFieldsGrid::Deplace(int rows) {

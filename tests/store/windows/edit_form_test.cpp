@@ -216,6 +216,25 @@ TEST(EditForm, AFaultIsToldWhenItsFieldIsLeftAndGoesWhenItIsPutRight) {
   EXPECT_EQ(m.Champ("ChampPeriode")->accessibleDescription(), "");
 }
 
+TEST(EditForm, WhatIsOddIsToldThoughItMayBeSaved) {
+  FormMachine m;
+  m.state.WorkingDb->Execute("UPDATE TALPENA SET DATE = 'summer 98' WHERE Counter = 2");
+  m.Ouvre();
+  m.Entre("ChampCh1", "abc");
+  EXPECT_EQ(m.Libelle("lblAvis_2"), "“abc” is not a number: it counts as 0.");
+  m.Entre("ChampCh1", "3");
+  EXPECT_EQ(m.Libelle("lblAvis_2"), "");
+  m.PlaceFocus("Grid");
+  FormMachine::Tape("3/4");
+  FormMachine::Touche(Qt::Key_Return);
+  EXPECT_TRUE(m.Libelle("lblAvis_2").starts_with("/ separates the free fields"));
+  FormMachine::Touche(Qt::Key_Up);
+  FormMachine::Tape("3-4");
+  FormMachine::Touche(Qt::Key_PageDown);
+  EXPECT_EQ(m.Libelle("lblAvis_2"), "");
+  EXPECT_TRUE(m.Libelle("lblAvis_0").starts_with("The date of this row, “summer 98”"));
+}
+
 TEST(EditForm, AnEmptyNewRowIsNotToldOfItsFaultsAtOnce) {
   FormMachine m;
   m.Ouvre();
