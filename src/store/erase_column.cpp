@@ -1,9 +1,11 @@
 #include "store/erase_column.h"
 
+#include <algorithm>
 #include <array>
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "common/text.h"
 #include "platform/commands.h"
 #include "store/busy_window.h"
 #include "store/table.h"
@@ -28,8 +30,7 @@ std::vector<int> Champs(ColumnRange columns) {
   return chosen;
 }
 
-void EffaceColonnes(CommandContext c, ColumnRange columns) {
-  const std::vector<int> chosen = Champs(columns);
+void EffaceChamps(CommandContext c, const std::vector<int>& chosen) {
   const Occupe occupe(c);
   Transaction transaction(*c.state.WorkingDb);
   if (!chosen.empty()) {
@@ -43,6 +44,16 @@ void EffaceColonnes(CommandContext c, ColumnRange columns) {
     });
   }
   transaction.Valide();
+}
+
+/// Whether the order or the filter of the grid may depend on one of the fields.
+bool Concerne(const DataControl& data, const std::vector<FieldDef>& fieldDefs,
+              const std::vector<int>& chosen) {
+  const std::string source = Majuscules(data.RecordSource);
+  return std::any_of(chosen.begin(), chosen.end(), [&](int field) {
+    const std::string& name = fieldDefs[static_cast<std::size_t>(field)].name;
+    return source.find(Majuscules(name)) != std::string::npos;
+  });
 }
 
 ColumnRange ColonnesAEffacer(MainWindowView& vue) {
@@ -63,11 +74,14 @@ void EffaceColonne(CommandContext c) {
                               .defaultButton = Answer::No}) != Answer::Yes) {
     return;
   }
-  EffaceColonnes(c, columns);
+  const std::vector<int> chosen = Champs(columns);
+  EffaceChamps(c, chosen);
   c.state.FichierModifie = true;
-  // Other values may mean another order, or fewer rows.
-  const std::string source = c.state.Data1.RecordSource;
-  c.state.Data1.ChangeSource(source);
+  DataControl& data = c.state.Data1;
+  if (Concerne(data, data.recordset().Fields(), chosen)) {
+    const std::string source = data.RecordSource;
+    data.ChangeSource(source);
+  }
   c.vue.PlaceFocusGrille();
 }
 

@@ -8,7 +8,8 @@ namespace talpena {
 /// once the user has agreed. Columns of numbers become 0. Behind those the field that is emptied
 /// is the one to the right of the column: Sex empties the datum, Comments nothing at all. Where
 /// the table refuses the empty text, as it does for datum and original coordinates, its failure is
-/// shown and nothing has changed.
+/// shown and nothing has changed. The rows come anew only where their order or filter names a field
+/// that was emptied.
 void MnuEraseCol_Click(CommandContext c);
 
 }  // namespace talpena

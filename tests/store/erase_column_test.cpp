@@ -145,6 +145,21 @@ TEST_F(EraseColumn, StaysOnTheCurrentRowInTheNewOrder) {
   EXPECT_EQ(Rows().AbsolutePosition(), 3) << "all equal: the file's order";
 }
 
+TEST_F(EraseColumn, RunsTheQueryAgainOnlyWhereTheColumnMattersToIt) {
+  Ouvre();
+  NoteChangements();
+  Efface(4, 4);
+  EXPECT_EQ(changes, std::vector{DataControl::Change::Values});
+  Montre("SELECT * FROM TALPENA WHERE n2 = 0 ORDER BY N1");
+  changes.clear();
+  Efface(1, 2);
+  EXPECT_EQ(changes, std::vector{DataControl::Change::Values});
+  changes.clear();
+  Efface(1, 4);
+  EXPECT_EQ(changes, (std::vector{DataControl::Change::Values, DataControl::Change::Rows,
+                                  DataControl::Change::Position}));
+}
+
 TEST_F(EraseColumn, ShowsHowFarItCame) {
   Ouvre();
   Efface(3, 3);

@@ -78,8 +78,13 @@ void TableRecordset::VerifieChampsEcrits(std::span<const int> fields) const {
 /// First and last key, when the list shows every row of the table and the keys lie close enough
 /// together for blocks of them to be blocks of rows.
 std::optional<std::pair<std::int64_t, std::int64_t>> TableRecordset::EtendueDeToutes() {
-  Statement table = connection_->Prepare("SELECT count(*), min(" + table_->CleSql() + "), max(" +
-                                         table_->CleSql() + ") FROM " + table_->NomSql());
+  // Each by itself, SQLite finds them without reading the rows.
+  const auto one = [this](const std::string& what) {
+    return "(SELECT " + what + " FROM " + table_->NomSql() + ")";
+  };
+  Statement table = connection_->Prepare("SELECT " + one("count(*)") + ", " +
+                                         one("min(" + table_->CleSql() + ")") + ", " +
+                                         one("max(" + table_->CleSql() + ")"));
   if (!table.Avance() || table.Entier(0) != rows_->Vivants() || table.EstNull(1)) return {};
   const std::int64_t first = table.Entier(1), last = table.Entier(2);
   if (last - first > WidestSpread * rows_->Vivants()) return {};
