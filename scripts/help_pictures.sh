@@ -18,9 +18,12 @@ bin=$here/build/$preset/bin
 [ "$preset" = release ] && bin=$here/build/bin
 
 taken=$(mktemp -d)
-trap 'rm -rf "$taken"' EXIT
-# A home of its own: nobody's settings change what the windows look like.
-HOME=$taken/home XDG_CONFIG_HOME=$taken/home XDG_CACHE_HOME=$taken/home TALPENA_PICTURES=$taken \
+# A home of its own, so that nobody's settings change what the windows look like, and always the
+# same, since the preferences show a folder of it.
+home=${TMPDIR:-/tmp}/guide
+mkdir "$home"
+trap 'rm -rf "$taken" "$home"' EXIT
+HOME=$home XDG_CONFIG_HOME=$home XDG_CACHE_HOME=$home TALPENA_PICTURES=$taken \
   QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x800x24" \
   "$bin/talpena" "$bin/samples/talpa_sample.deg"
 

@@ -98,8 +98,8 @@ inline constexpr int ReferenceRefusee = 971;    // "%1: this reference names no 
 inline constexpr int SeparateurTape = 972;      // "%1 separates the free fields: this text ..."
 inline constexpr int CaractereNonSauve = 973;   // "The character %1 is not in code page 1252: ..."
 inline constexpr int PasUnNombre = 974;         // "“%1” is not a number: it counts as %2."
-inline constexpr int DateAutreForme = 975;      // "The date of this row, “%1”, has another form. ..."
-inline constexpr int OriginalTropLong = 976;    // "The original coordinates are longer than 24 ..."
+inline constexpr int DateAutreForme = 975;  // "The date of this row, “%1”, has another form. ..."
+inline constexpr int OriginalTropLong = 976;  // "The original coordinates are longer than 24 ..."
 
 // Converter between Lambert belge and IFBL.
 inline constexpr int LmbIfblFenetre = 950;   // "Lambert belge 1972 and IFBL"

@@ -1,12 +1,20 @@
 // What the commands ask of the main window.
 #pragma once
 #include <array>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/table_engine.h"
 
 namespace talpena {
+
+/// Grid columns from one to another, both included.
+struct ColumnRange {
+  int first = 0;
+  int last = 0;
+  bool operator==(const ColumnRange&) const = default;
+};
 
 class MainWindowView {
  public:
@@ -39,8 +47,14 @@ class MainWindowView {
   virtual void AfficheDerniersFichiers(const std::array<std::string, 4>& paths) = 0;
   virtual void MontreOptionsPeriodes() = 0;  ///< frmOptionsPeriodes, modal
   virtual bool MontreAjustement() = 0;       ///< Ajustement, modal; false when it was cancelled
-  /// Bookmarks of the rows chosen in the grid; none when no row is chosen.
+  /// Bookmarks of the rows chosen in the grid, in the order in which they were chosen; none when no
+  /// row is chosen.
   virtual std::vector<Bookmark> LignesSelectionnees() = 0;
+  /// The columns chosen in the grid by their headings; empty when none is.
+  virtual std::optional<ColumnRange> ColonnesSelectionnees() = 0;
+  virtual void SelectionneColonnes(ColumnRange columns) = 0;
+  virtual int ColonneCourante() = 0;         ///< of the grid's cursor; 0 when it stands nowhere
+  virtual void ActiveSuivant() = 0;          ///< there is a search that Next can go on with
   virtual void GeleGrille(bool frozen) = 0;  ///< while frozen, the grid is not drawn
   /// Latitude and longitude of every row anew from its original coordinates.
   virtual void RecalculeCoordonnees() = 0;

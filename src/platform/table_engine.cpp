@@ -41,7 +41,29 @@ bool ModifieLigne(Recordset& rows, const RowPass& pass, RowChange& change) {
   return true;
 }
 
+/// The same values for every row.
+class Constant final : public RowChange {
+ public:
+  Constant(std::span<const Cell> values, const Recordset::Progress& avance)
+      : values_(values), avance_(avance) {}
+  bool Modifie(Bookmark, std::span<const Cell>, std::span<Cell> changed) override {
+    std::copy(values_.begin(), values_.end(), changed.begin());
+    return true;
+  }
+  void Avance(std::int64_t done, std::int64_t total) override { avance_(done, total); }
+
+ private:
+  std::span<const Cell> values_;
+  const Recordset::Progress& avance_;
+};
+
 }  // namespace
+
+std::int64_t Recordset::RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
+                                      const Progress& avance) {
+  Constant change(values, avance);
+  return Recordset::ModifieLignes({.read = {}, .written = {fields.begin(), fields.end()}}, change);
+}
 
 // Row by row; an engine that can do better does.
 std::int64_t Recordset::ModifieLignes(const RowPass& pass, RowChange& change) {
@@ -53,6 +75,17 @@ std::int64_t Recordset::ModifieLignes(const RowPass& pass, RowChange& change) {
   for (const Bookmark key : keys) {
     if (VaALaLigne(*rows, key) && ModifieLigne(*rows, pass, change)) ++count;
     change.Avance(++done, total);
+  }
+  return count;
+}
+
+std::int64_t Recordset::SupprimeLignes(std::span<const Bookmark> rows) {
+  const auto clone = Clone();
+  std::int64_t count = 0;
+  for (const Bookmark row : rows) {
+    if (!VaALaLigne(*clone, row)) continue;
+    clone->Delete();
+    ++count;
   }
   return count;
 }

@@ -130,9 +130,19 @@ class Recordset {
   /// left out. A refused value, or a failure of `change`, is thrown on: the rows changed before
   /// it stay. The cursor does not move. Returns the number of rows changed.
   virtual std::int64_t ModifieLignes(const RowPass& pass, RowChange& change);
+  /// Puts the same values into fields of every row that the recordset shows, checked as by Set, and
+  /// tells `avance` how far it came, as a pass does. Without rows nothing is checked. A refused
+  /// value changes no row. The cursor does not move. Returns the number of rows changed.
+  using Progress = std::function<void(std::int64_t done, std::int64_t total)>;
+  virtual std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
+                                     const Progress& avance);
   /// Deletes the current row; the cursor then stands on no row until it is moved (MoveNext goes
   /// to the row behind the deleted one).
   virtual void Delete() = 0;
+  /// Deletes the rows that are named and that the recordset shows; the others are passed over. What
+  /// a failure leaves of them is for the caller's transaction to put back. The cursor stands where
+  /// it stood, on no row if its own is gone. Returns the number of rows deleted.
+  virtual std::int64_t SupprimeLignes(std::span<const Bookmark> rows);
 
   /// First or next row that meets a condition as a user may write it; false, with the position
   /// unchanged, when there is none.

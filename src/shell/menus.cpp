@@ -99,13 +99,19 @@ constexpr std::array ajuster = {
     MenuEntry{.control = "mnuAjustGrid", .index = 3, .caption = "&IFBL", .children = ajustIfbl},
 };
 constexpr std::array edition = {
-    MenuEntry{.control = "mnuChercher", .index = 0, .base = 31, .shortcut = "Ctrl+F"},
-    MenuEntry{.control = "mnuChercher", .index = 1, .base = 46, .shortcut = "F3"},
+    MenuEntry{.control = "mnuChercher", .index = 0, .base = 31,
+              .command = MenuCommand::Chercher, .shortcut = "Ctrl+F"},
+    MenuEntry{.control = "mnuChercher", .index = 1, .base = 46,
+              .command = MenuCommand::Chercher, .shortcut = "F3"},
     MenuEntry{.control = "MnuSepar", .index = 2, .caption = separator},
-    MenuEntry{.control = "MnuAjoutLigne", .base = 32},
-    MenuEntry{.control = "mnuDuplic", .base = 45},
-    MenuEntry{.control = "MnuEraseCol", .base = 33},
-    MenuEntry{.control = "MnuSupprimer", .base = 34},
+    MenuEntry{.control = "MnuAjoutLigne", .base = 32, .command = MenuCommand::AjoutLigne,
+              .shortcut = "Ctrl+L"},
+    MenuEntry{.control = "mnuDuplic", .base = 45, .command = MenuCommand::Duplic,
+              .shortcut = "Ctrl+D"},
+    MenuEntry{.control = "MnuEraseCol", .base = 33, .command = MenuCommand::EraseCol,
+              .shortcut = "Ctrl+Shift+Del"},
+    MenuEntry{.control = "MnuSupprimer", .base = 34, .command = MenuCommand::Supprimer,
+              .shortcut = "Ctrl+Del"},
     MenuEntry{.control = "MnuSepar", .index = 3, .caption = separator},
     MenuEntry{.control = "MnuRemplir", .base = 35, .children = remplir},
     MenuEntry{.control = "MnuAjuster", .base = 42, .children = ajuster},
@@ -214,6 +220,11 @@ namespace {
 /// Commands over rows need a file, whatever menu they stand in.
 bool VaSurLesLignes(MenuCommand command) {
   switch (command) {
+    case MenuCommand::Chercher:
+    case MenuCommand::AjoutLigne:
+    case MenuCommand::Duplic:
+    case MenuCommand::EraseCol:
+    case MenuCommand::Supprimer:
     case MenuCommand::RemplirCoo:
     case MenuCommand::RemplirXY:
     case MenuCommand::RemplirTexte:

@@ -20,6 +20,11 @@ enum class MenuCommand : std::uint8_t {
   LastFile,  ///< by index, 1 to 4
   Quitter,
   OptionsPeriodes,
+  Chercher,  ///< by index, 0 and 1
+  AjoutLigne,
+  Duplic,
+  EraseCol,
+  Supprimer,
   Grille,      ///< background of the grid
   TxtGrille,   ///< text of the grid
   RemplirCoo,  ///< by index, 0 to 2

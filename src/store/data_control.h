@@ -23,6 +23,10 @@ class DataControl {
   /// old recordset stays and the failure is thrown.
   void Refresh();
 
+  /// The same over another source; the row that was current stays it when it is among the rows.
+  /// When the engine refuses the source, nothing has changed and the failure is thrown.
+  void ChangeSource(const std::string& source);
+
   /// Tells the listeners that rows were added to or deleted from the recordset by its clones. Added
   /// rows stand at its end, whatever its order and its condition, until the next Refresh.
   void SignaleLignes();
@@ -41,6 +45,7 @@ class DataControl {
 
  private:
   void Signale(Change change);
+  void RetourneALigne(Bookmark row);
 
   Database* database_ = nullptr;
   std::unique_ptr<Recordset> recordset_;

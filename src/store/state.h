@@ -44,6 +44,9 @@ struct StoreState : CoordState {
   std::int16_t Pivot1 = 0;
   std::int16_t Pivot2 = 0;
 
+  std::string TexteCherche;    ///< what Find looked for last; "" before the first search
+  std::string CritereCherche;  ///< its condition, which Next goes on with
+
   std::int16_t CompteurTimer = 0;  ///< ticks of Timer1 since the last automatic save
 };
 

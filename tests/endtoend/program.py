@@ -6,13 +6,14 @@ import shutil
 import subprocess
 import sys
 
+import editor
 import start_stop
 import table
 from driver import Scenario, wait_for, xdotool
 
 SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
-SCENARIOS = start_stop.SCENARIOS + table.SCENARIOS
+SCENARIOS = start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS
 
 
 def inside(binary, name):

@@ -145,6 +145,9 @@ class FakeView : public MainWindowView {
   int periodes = 0;                 ///< how often frmOptionsPeriodes was shown
   bool ajustement = true;           ///< what Ajustement answers
   std::vector<Bookmark> selection;  ///< rows chosen in the grid
+  std::optional<ColumnRange> colonnes;  ///< columns chosen in the grid
+  int colonneCourante = 0;
+  bool suivantActif = false;
   bool grilleGelee = false;
   std::vector<std::string> cellules = std::vector<std::string>(10, "1");
 
@@ -180,6 +183,13 @@ class FakeView : public MainWindowView {
   void MontreOptionsPeriodes() override { ++periodes, Note("MontreOptionsPeriodes"); }
   bool MontreAjustement() override { return Note("MontreAjustement"), ajustement; }
   std::vector<Bookmark> LignesSelectionnees() override { return selection; }
+  std::optional<ColumnRange> ColonnesSelectionnees() override { return colonnes; }
+  void SelectionneColonnes(ColumnRange c) override {
+    colonnes = c;
+    Note("SelectionneColonnes");
+  }
+  int ColonneCourante() override { return colonneCourante; }
+  void ActiveSuivant() override { suivantActif = true, Note("ActiveSuivant"); }
   void GeleGrille(bool frozen) override { grilleGelee = frozen; }
   void RecalculeCoordonnees() override { Note("RecalculeCoordonnees"); }
 

@@ -35,6 +35,10 @@ class SilentView : public MainWindowView {
   void MontreOptionsPeriodes() override {}
   bool MontreAjustement() override { return false; }
   std::vector<Bookmark> LignesSelectionnees() override { return {}; }
+  std::optional<ColumnRange> ColonnesSelectionnees() override { return {}; }
+  void SelectionneColonnes(ColumnRange) override {}
+  int ColonneCourante() override { return 0; }
+  void ActiveSuivant() override {}
   void GeleGrille(bool) override {}
   void RecalculeCoordonnees() override {}
 

@@ -9,28 +9,6 @@
 namespace talpena {
 namespace {
 
-/// The main window while a command goes over its rows.
-class Occupe {
- public:
-  explicit Occupe(CommandContext c) : c_(c) {
-    c_.vue.GeleGrille(true);
-    c_.vue.ChangeSablier(true);
-    c_.vue.MontreBarre(true);
-  }
-  Occupe(const Occupe&) = delete;
-  Occupe& operator=(const Occupe&) = delete;
-  ~Occupe() {
-    c_.vue.MontreProgression(0);
-    c_.vue.MontreBarre(false);
-    c_.vue.ChangeSablier(false);
-    c_.vue.GeleGrille(false);
-    c_.state.Data1.SignaleValeurs();
-  }
-
- private:
-  CommandContext c_;
-};
-
 /// Notes whether any row was changed, also when the walk ends by a failure.
 class Compte final : public RowChange {
  public:
@@ -48,15 +26,6 @@ class Compte final : public RowChange {
 };
 
 }  // namespace
-
-void RowWalk::Avance(std::int64_t done, std::int64_t total) {
-  const int percent = total > 0 ? static_cast<int>(100 * done / total) : 100;
-  if (percent == shown_) return;
-  const bool tenth = percent / 10 != shown_ / 10;
-  shown_ = percent;
-  vue_.MontreProgression(percent);
-  if (tenth) vue_.TraiteMessages();
-}
 
 void ParcourtLignes(CommandContext c, const RowPass& pass, RowWalk& change) {
   if (!c.state.Data1.EstLie()) return;

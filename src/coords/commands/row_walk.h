@@ -6,20 +6,10 @@
 #include <vector>
 
 #include "platform/table_engine.h"
+#include "store/busy_window.h"
 #include "store/command_context.h"
 
 namespace talpena {
-
-/// A change of rows that shows in ProgressBar1 how far it came.
-class RowWalk : public RowChange {
- public:
-  explicit RowWalk(MainWindowView& vue) : vue_(vue) {}
-  void Avance(std::int64_t done, std::int64_t total) final;
-
- private:
-  MainWindowView& vue_;
-  int shown_ = -1;  ///< percent
-};
 
 /// Runs a change over the rows that the grid shows, or over `only`, under the hourglass and with
 /// the grid not drawn. Then the bar is reset, the grid shows the new values, FichierModifie is

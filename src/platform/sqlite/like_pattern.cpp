@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 
 #include "platform/sqlite/errors.h"
@@ -19,6 +20,18 @@ constexpr std::array<char, 256> MinusculesAscii() {
 }
 
 constexpr std::array<char, 256> lower = MinusculesAscii();
+
+bool EstAscii(std::string_view text) {
+  std::uint64_t high = 0;
+  std::size_t at = 0;
+  for (; at + sizeof high <= text.size(); at += sizeof high) {
+    std::uint64_t word = 0;
+    std::memcpy(&word, text.data() + at, sizeof word);
+    high |= word;
+  }
+  for (; at < text.size(); ++at) high |= static_cast<unsigned char>(text[at]);
+  return (high & 0x8080808080808080U) == 0;
+}
 
 char Minuscule(char c) { return lower[static_cast<unsigned char>(c)]; }
 
@@ -83,12 +96,34 @@ void LikePattern::Accelere() {
   if (steps_.size() < 3 || steps_.front().kind != Kind::Any || steps_.back().kind != Kind::Any) {
     return;
   }
-  std::string text;
+  std::u32string points;
   for (std::size_t i = 1; i + 1 < steps_.size(); ++i) {
-    if (steps_[i].kind != Kind::Literal || steps_[i].literal >= 128) return;
-    text.push_back(static_cast<char>(steps_[i].literal));
+    if (steps_[i].kind != Kind::Literal) return;
+    points.push_back(steps_[i].literal);
   }
-  contained_ = std::move(text);
+  const bool ascii =
+      std::all_of(points.begin(), points.end(), [](char32_t point) { return point < 128; });
+  if (ascii) {
+    contained_.assign(points.begin(), points.end());
+  } else {
+    containedPoints_ = std::move(points);
+  }
+}
+
+// A character beyond ASCII is found among its like only: plain texts are done with at once.
+bool LikePattern::ContientPoints(std::string_view text) const {
+  if (EstAscii(text)) return false;
+  for (std::size_t start = 0; start < text.size();) {
+    std::size_t at = start;
+    std::size_t i = 0;
+    while (i < containedPoints_.size() && at < text.size() &&
+           SansCasse(LitPoint(text, at)) == containedPoints_[i]) {
+      ++i;
+    }
+    if (i == containedPoints_.size()) return true;
+    LitPoint(text, start);
+  }
+  return false;
 }
 
 // Steps from one place of the first character to the next, in either case.
@@ -121,6 +156,7 @@ bool LikePattern::ContientAscii(std::string_view text) const {
 // One star at a time is enough: what an earlier star could take, a later one can take as well.
 bool LikePattern::Correspond(std::string_view text) const {
   if (!contained_.empty()) return ContientAscii(text);
+  if (!containedPoints_.empty()) return ContientPoints(text);
   constexpr std::size_t none = static_cast<std::size_t>(-1);
   std::size_t at = 0;
   std::size_t step = 0;

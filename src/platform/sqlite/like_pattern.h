@@ -35,12 +35,14 @@ class LikePattern {
   void LitEnsemble(std::u32string_view pattern, std::size_t& at);
   void Accelere();
   bool ContientAscii(std::string_view text) const;
+  bool ContientPoints(std::string_view text) const;
   bool Accepte(const Step& step, char32_t c) const;
   bool DansEnsemble(const Step& step, char32_t c) const;
 
   const Collation* collation_;
   std::vector<Step> steps_;
-  std::string contained_;  ///< the pattern is *contained_* in ASCII: searched by bytes
+  std::string contained_;           ///< the pattern is *contained_* in ASCII: searched by bytes
+  std::u32string containedPoints_;  ///< the same beyond ASCII, without case
 };
 
 /// The code points of a text; malformed bytes count as U+FFFD each.

@@ -5,7 +5,6 @@
 
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/function_call.h"
-#include "platform/sqlite/source_table.h"
 
 namespace talpena::sqlite {
 namespace {
@@ -78,12 +77,9 @@ std::string SqlModification(const TableState& table, const RowPass& pass, Rows r
     assignments +=
         (i == 0 ? "" : ", ") + field + " = " + (binary ? "CAST(" + value + " AS BLOB)" : value);
   }
-  const std::string where = rows == Rows::KeyRange
-                                ? " BETWEEN ?2 AND ?3"
-                                : std::string(" IN (SELECT c0 FROM ") + SourceTable + "(?2))";
   // OR FAIL keeps the rows before one that an index refuses.
-  return "UPDATE OR FAIL " + table.NomSql() + " SET " + assignments + " WHERE " + table.CleSql() +
-         where;
+  return "UPDATE OR FAIL " + table.NomSql() + " SET " + assignments + " WHERE " +
+         ConditionSurCles(table.CleSql(), rows);
 }
 
 void EnregistreModification(Connection& connection) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/sqlite/row_blocks.h"
 #include "platform/sqlite/table_state.h"
 #include "platform/table_engine.h"
 
@@ -53,9 +54,7 @@ class RowUpdate {
   std::int64_t seen_ = 0;
 };
 
-/// The UPDATE of a pass: ?1 is the RowUpdate; ?2 and ?3 are the first and last key, or ?2 is a
-/// source of keys.
-enum class Rows : std::uint8_t { KeyRange, KeyList };
+/// The UPDATE of a pass: ?1 is the RowUpdate.
 std::string SqlModification(const TableState& table, const RowPass& pass, Rows rows);
 
 inline constexpr const char* UpdatePointer = "talpena-change";

@@ -9,6 +9,7 @@
 #include "platform/sqlite/memory_recordset.h"
 #include "platform/sqlite/record_sorter.h"
 #include "platform/sqlite/row_list.h"
+#include "platform/sqlite/savepoint.h"
 #include "platform/sqlite/table_recordset.h"
 
 namespace talpena::sqlite {
@@ -35,32 +36,6 @@ class EnEcriture {
 
  private:
   Connection& connection_;
-};
-
-/// Takes back what was done since, unless it was told that all went well.
-class PointDeReprise {
- public:
-  explicit PointDeReprise(Connection& connection) : connection_(connection) {
-    connection_.Execute("SAVEPOINT reprise");
-  }
-  ~PointDeReprise() {
-    if (valid_) return;
-    try {
-      connection_.Execute("ROLLBACK TO reprise");
-      connection_.Execute("RELEASE reprise");
-    } catch (const TalpenaError&) {  // the library has ended the transaction by itself
-    }
-  }
-  PointDeReprise(const PointDeReprise&) = delete;
-  PointDeReprise& operator=(const PointDeReprise&) = delete;
-  void Valide() {
-    connection_.Execute("RELEASE reprise");
-    valid_ = true;
-  }
-
- private:
-  Connection& connection_;
-  bool valid_ = false;
 };
 
 bool NomAcceptable(std::string_view name) {

@@ -45,6 +45,9 @@ class TableRecordset final : public Recordset, private RunningReader {
   std::int64_t ModifieLignes(const RowPass& pass, RowChange& change) override;
   Bookmark LastModified() const override;
   void Delete() override;
+  std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
+                             const Progress& avance) override;
+  std::int64_t SupprimeLignes(std::span<const Bookmark> rows) override;
 
   bool FindFirst(std::string_view condition) override;
   bool FindNext(std::string_view condition) override;
@@ -74,7 +77,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   void ExecuteModification(const std::string& sql, RowKey key);
   void Insere();
   void Modifie();
-  void VerifiePasse(const RowPass& pass) const;
+  void ExecuteSuppression(std::span<const RowKey> keys);
+  void VerifieChampsEcrits(std::span<const int> fields) const;
   std::optional<std::pair<std::int64_t, std::int64_t>> EtendueDeToutes();
 
   std::optional<std::size_t> Cherche(std::string_view condition, std::size_t from);

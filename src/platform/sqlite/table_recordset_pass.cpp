@@ -1,61 +1,16 @@
 // TableRecordset: one pass over many rows, as UPDATE statements over a block of them each.
 #include <algorithm>
-#include <limits>
 
 #include "platform/sqlite/errors.h"
+#include "platform/sqlite/row_blocks.h"
 #include "platform/sqlite/row_update.h"
-#include "platform/sqlite/source_table.h"
 #include "platform/sqlite/table_recordset.h"
 
 namespace talpena::sqlite {
 namespace {
 
-/// Rows that one statement changes: few enough for progress to be seen, too many for the cost of
-/// a statement to count.
-constexpr std::int64_t BlockRows = 4096;
-
 /// Keys per row up to which a walk over all keys is worth it.
 constexpr std::int64_t WidestSpread = 4;
-
-/// Keys as rows of the source table.
-class KeySource final : public SourceRows {
- public:
-  explicit KeySource(std::span<const RowKey> keys) : keys_(keys) {}
-  bool Suivante(std::span<const Cell>& cells) override {
-    if (next_ == keys_.size()) return false;
-    cell_ = Cell::Of(std::int64_t{keys_[next_++]});
-    cells = {&cell_, 1};
-    return true;
-  }
-
- private:
-  std::span<const RowKey> keys_;
-  std::size_t next_ = 0;
-  Cell cell_;
-};
-
-/// The keys of a list that are alive and, if `only` is given, named there; rising, each once.
-std::vector<RowKey> ClesDe(const RowList& rows, const std::vector<Bookmark>* only) {
-  std::vector<RowKey> keys;
-  if (only == nullptr) {
-    keys.reserve(static_cast<std::size_t>(rows.Vivants()));
-    for (auto slot = rows.Suivant(0); slot; slot = rows.Suivant(*slot + 1)) {
-      keys.push_back(rows.Cle(*slot));
-    }
-  } else {
-    for (const Bookmark bookmark : *only) {
-      if (bookmark < std::numeric_limits<RowKey>::min() ||
-          bookmark > std::numeric_limits<RowKey>::max()) {
-        continue;
-      }
-      const auto slot = rows.Place(static_cast<RowKey>(bookmark));
-      if (slot && rows.Vivant(*slot)) keys.push_back(static_cast<RowKey>(bookmark));
-    }
-  }
-  std::sort(keys.begin(), keys.end());
-  keys.erase(std::unique(keys.begin(), keys.end()), keys.end());
-  return keys;
-}
 
 /// A pass on its way: runs the statement block by block and tells how far it came.
 class Passe {
@@ -69,25 +24,20 @@ class Passe {
         update_(table, pass, change),
         total_(total) {}
 
-  void ParEtendues(std::int64_t first, std::int64_t last) {
+  void SurEtendue(std::int64_t first, std::int64_t last) {
     Statement statement = connection_.Prepare(SqlModification(table_, pass_, Rows::KeyRange));
-    for (std::int64_t from = first; from <= last; from += BlockRows) {
-      statement.Lie(1, from);
-      statement.Lie(2, std::min(from + BlockRows - 1, last));
+    ParEtendues(statement, first, last, [&](std::int64_t) {
       Execute(statement);
       change_.Avance(update_.Vues(), total_);
-    }
+    });
   }
 
-  void ParCles(std::span<const RowKey> keys) {
+  void SurCles(std::span<const RowKey> keys) {
     Statement statement = connection_.Prepare(SqlModification(table_, pass_, Rows::KeyList));
-    for (std::size_t from = 0; from < keys.size(); from += BlockRows) {
-      const std::size_t count = std::min<std::size_t>(BlockRows, keys.size() - from);
-      KeySource block(keys.subspan(from, count));
-      statement.LiePointeur(1, static_cast<SourceRows*>(&block), SourcePointer);
+    ParCles(statement, keys, [&](std::int64_t bound) {
       Execute(statement);
-      change_.Avance(static_cast<std::int64_t>(from + count), total_);
-    }
+      change_.Avance(bound, total_);
+    });
   }
 
   std::int64_t Modifiees() const { return update_.Modifiees(); }
@@ -116,15 +66,13 @@ class Passe {
 
 }  // namespace
 
-void TableRecordset::VerifiePasse(const RowPass& pass) const {
-  ExigeEcriture();
-  for (const int field : pass.read) ExigeChamp(field);
-  for (const int field : pass.written) {
+void TableRecordset::VerifieChampsEcrits(std::span<const int> fields) const {
+  for (const int field : fields) {
     ExigeChamp(field);
     if (table_->Def(field).autoIncrement) throw ChampFige();
-    if (std::count(pass.written.begin(), pass.written.end(), field) > 1) throw ArgumentInvalide();
+    if (std::count(fields.begin(), fields.end(), field) > 1) throw ArgumentInvalide();
   }
-  if (pass.written.empty()) throw ArgumentInvalide();
+  if (fields.empty()) throw ArgumentInvalide();
 }
 
 /// First and last key, when the list shows every row of the table and the keys lie close enough
@@ -139,17 +87,21 @@ std::optional<std::pair<std::int64_t, std::int64_t>> TableRecordset::EtendueDeTo
 }
 
 std::int64_t TableRecordset::ModifieLignes(const RowPass& pass, RowChange& change) {
-  VerifiePasse(pass);
+  ExigeEcriture();
+  for (const int field : pass.read) ExigeChamp(field);
+  VerifieChampsEcrits(pass.written);
   FinEdition();
   const auto range = pass.only == nullptr ? EtendueDeToutes() : std::nullopt;
   if (range) {
     Passe whole(*connection_, *table_, pass, change, rows_->Vivants());
-    whole.ParEtendues(range->first, range->second);
+    whole.SurEtendue(range->first, range->second);
     return whole.Modifiees();
   }
-  const std::vector<RowKey> keys = ClesDe(*rows_, pass.only);
+  std::optional<std::span<const Bookmark>> only;
+  if (pass.only != nullptr) only.emplace(*pass.only);
+  const std::vector<RowKey> keys = ClesDe(*rows_, only);
   Passe some(*connection_, *table_, pass, change, static_cast<std::int64_t>(keys.size()));
-  some.ParCles(keys);
+  some.SurCles(keys);
   return some.Modifiees();
 }
 

@@ -98,7 +98,8 @@ void Form1::ActiveControles() {
   });
   cmd[1]->setEnabled(fileOpen_);
   ActiveEdition();
-  for (std::size_t i = 4; i < cmd.size(); ++i) cmd[i]->setEnabled(false);
+  for (const std::size_t i : {4U, 5U}) cmd[i]->setEnabled(fileOpen_);
+  actions_.at("mnuChercher_1")->setEnabled(fileOpen_ && searched_);
   cmdMap->setEnabled(false);
   for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
 }

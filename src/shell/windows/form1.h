@@ -1,5 +1,7 @@
 // Form1: the main window.
 #pragma once
+#include <QKeySequence>
+#include <QList>
 #include <QMainWindow>
 #include <QPointer>
 #include <array>
@@ -73,6 +75,10 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MontreOptionsPeriodes() override;
   bool MontreAjustement() override;
   std::vector<Bookmark> LignesSelectionnees() override;
+  std::optional<ColumnRange> ColonnesSelectionnees() override;
+  void SelectionneColonnes(ColumnRange columns) override;
+  int ColonneCourante() override;
+  void ActiveSuivant() override;
   void GeleGrille(bool frozen) override;
   void RecalculeCoordonnees() override;
 
@@ -129,6 +135,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MnuDatumFichier_Click();
   void MnuInfo_Click();
   void MontreEdition();
+  static QList<QKeySequence> TouchesEdition();  ///< keys that open the record editor
   void Timer1_Tick();
   void ActiveControles();
   void ActiveEdition();
@@ -142,6 +149,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   Platform& io_;
   QWidget* splash_ = nullptr;
   bool fileOpen_ = false;
+  bool searched_ = false;  ///< Next has a search to go on with
   bool hourglass_ = false;
   bool ended_ = false;
   int running_ = 0;          ///< commands under way
@@ -171,7 +179,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   frmMessage* frmMessage_ = nullptr;
-  EditForm* editForm_ = nullptr;  ///< while it is open
+  EditForm* editForm_ = nullptr;    ///< while it is open
   std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
 };
 

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QShortcut>
 #include <QSignalBlocker>
 #include <QTimer>
 #include <QToolButton>
@@ -22,6 +23,9 @@
 #include "shell/windows/form1.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/help_desk.h"
+#include "store/erase_column.h"
+#include "store/find.h"
+#include "store/row_commands.h"
 #include "store/sort.h"
 #include "store/windows/edit_form.h"
 #include "store/windows/tdb_grid.h"
@@ -90,6 +94,9 @@ void Form1::Relie() {
   connect(lbl1, &QLabel::linkActivated, this,
           [this](const QString& link) { cmd_Click(link == QLatin1String("new") ? 2 : 0); });
   connect(TDBGrid1, &QTableView::doubleClicked, this, &Form1::MontreEdition);
+  for (const QKeySequence& keys : TouchesEdition()) {
+    connect(new QShortcut(keys, this), &QShortcut::activated, this, &Form1::MontreEdition);
+  }
   Timer1 = new QTimer(this);
   Timer1->setObjectName(QStringLiteral("Timer1"));
   Timer1->setInterval(tickMs);
@@ -137,6 +144,16 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
         return MnuQuitter_Click(Contexte());
       case MenuCommand::OptionsPeriodes:
         return MontreOptionsPeriodes();
+      case MenuCommand::Chercher:
+        return mnuChercher_Click(Commandes(), entry.index);
+      case MenuCommand::AjoutLigne:
+        return MnuAjoutLigne_Click(Commandes());
+      case MenuCommand::Duplic:
+        return mnuDuplic_Click(Commandes());
+      case MenuCommand::EraseCol:
+        return MnuEraseCol_Click(Commandes());
+      case MenuCommand::Supprimer:
+        return MnuSupprimer_Click(Commandes());
       case MenuCommand::RemplirCoo:
         return MnuRemplirCoo_Click(Commandes(), entry.index);
       case MenuCommand::RemplirXY:
@@ -177,16 +194,13 @@ void Form1::cmd_Click(int index) {
     if (index == 0) MnuOuvrir_Click(Commandes());
     if (index == 1) MnuEnregistrer_Click(Commandes());
     if (index == 2) MnuNouveau_Click(Commandes());
+    if (index == 4) mnuChercher_Click(Commandes(), 0);
+    if (index == 5) MnuSupprimer_Click(Commandes());
   });
 }
 
 void Form1::cmdFirstLast_Click(int index) {
-  Commande([&] {
-    if (!state_.Data1.EstLie()) return;
-    Recordset& rows = state_.Data1.recordset();
-    index == 0 ? rows.MoveFirst() : rows.MoveLast();
-    state_.Data1.SignalePosition();
-  });
+  Commande([&] { talpena::cmdFirstLast_Click(Commandes(), index); });
 }
 
 void Form1::CmbTri_Click() {
@@ -217,6 +231,10 @@ void Form1::MnuTxtGrille_Click() {
 
 void Form1::MnuInfo_Click() { frmEastern(state_.Langue, this).exec(); }
 
+QList<QKeySequence> Form1::TouchesEdition() {
+  return {QKeySequence(QStringLiteral("Ctrl+Return")), QKeySequence(QStringLiteral("Ctrl+Enter"))};
+}
+
 /// The record editor on the current row. It is no command itself, since it may stay open all day:
 /// ticks of Timer1 save the file meanwhile.
 void Form1::MontreEdition() {
@@ -242,6 +260,17 @@ void Form1::MnuDatumFichier_Click() {
 bool Form1::MontreAjustement() { return Ajustement(state_, this).Demande(); }
 
 std::vector<Bookmark> Form1::LignesSelectionnees() { return TDBGrid1->LignesChoisies(); }
+
+std::optional<ColumnRange> Form1::ColonnesSelectionnees() { return TDBGrid1->ColonnesChoisies(); }
+
+void Form1::SelectionneColonnes(ColumnRange columns) { TDBGrid1->SelectionneColonnes(columns); }
+
+int Form1::ColonneCourante() { return TDBGrid1->ColonneCourante(); }
+
+void Form1::ActiveSuivant() {
+  searched_ = true;
+  ActiveControles();
+}
 
 void Form1::GeleGrille(bool frozen) { TDBGrid1->setUpdatesEnabled(!frozen); }
 

@@ -21,8 +21,8 @@ namespace {
 constexpr std::array captionsTri = {182, 183, 184, 185, 186, 187, 188, 137};
 
 /// A caption, and behind it the key that does the same.
-QString AvecTouche(const QString& caption, const QAction& action) {
-  const QString key = action.shortcut().toString(QKeySequence::NativeText);
+QString AvecTouche(const QString& caption, const QKeySequence& keys) {
+  const QString key = keys.toString(QKeySequence::NativeText);
   return key.isEmpty() ? caption : QStringLiteral("%1 (%2)").arg(caption, key);
 }
 
@@ -47,10 +47,14 @@ void Form1::AppliqueLangue() {
     const QString caption = texte(MsgId::CmdOuvrir + static_cast<int>(i));
     cmd[i]->setText(caption);
     cmd[i]->setAccessibleName(caption);
-    cmd[i]->setToolTip(i < sameCommand.size() ? AvecTouche(caption, *actions_.at(sameCommand[i]))
-                                              : caption);
+    cmd[i]->setToolTip(i < sameCommand.size()
+                           ? AvecTouche(caption, actions_.at(sameCommand[i])->shortcut())
+                           : caption);
   }
-  cmd[3]->setToolTip(QString::fromStdString(SansMnemonique(Texte(state_.Langue, MsgId::Editer))));
+  const std::string edit = SansMnemonique(Texte(state_.Langue, MsgId::Editer));
+  cmd[3]->setToolTip(AvecTouche(QString::fromStdString(edit), TouchesEdition().first()));
+  cmd[4]->setToolTip(AvecTouche(cmd[4]->text(), actions_.at("mnuChercher_0")->shortcut()));
+  cmd[5]->setToolTip(AvecTouche(cmd[5]->text(), actions_.at("MnuSupprimer")->shortcut()));
   cmdMap->setText(texte(MsgId::Carte));
   cmdMap->setAccessibleName(texte(MsgId::Carte));
   for (std::size_t i = 0; i < cmdFirstLast.size(); ++i) {

@@ -1,6 +1,7 @@
 #include "store/windows/grid_model.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 
 #include "store/windows/grid_cells.h"
@@ -127,9 +128,13 @@ void GridModel::ChangeTitres(const std::array<std::string, Column::GridCount>& t
   Q_EMIT headerDataChanged(Qt::Horizontal, 0, Column::GridCount - 1);
 }
 
-Bookmark GridModel::SignetDeLigne(int row) const {
-  PlaceSur(row);
-  return rows_->GetBookmark();
+void GridModel::AjouteSignets(int from, int to, std::vector<Bookmark>& bookmarks) const {
+  PlaceSur(from);
+  placedOn_ = -1;
+  for (int left = std::abs(to - from) + 1; left > 0 && !rows_->EOF_() && !rows_->BOF(); --left) {
+    bookmarks.push_back(rows_->GetBookmark());
+    from <= to ? rows_->MoveNext() : rows_->MovePrevious();
+  }
 }
 
 }  // namespace talpena

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "common/talpena_error.h"
 #include "store/state.h"
@@ -35,7 +36,8 @@ class GridModel : public QAbstractTableModel {
   void RafraichitValeurs();  ///< the same rows with other values
   void ChangeTitres(const std::array<std::string, Column::GridCount>& titles);
 
-  Bookmark SignetDeLigne(int row) const;
+  /// Appends the bookmarks of neighbouring rows, in the order from the one to the other.
+  void AjouteSignets(int from, int to, std::vector<Bookmark>& bookmarks) const;
 
  private:
   std::string Texte(int row, int gridColumn) const;

@@ -128,6 +128,7 @@ TDBGrid::TDBGrid(StoreState& state, Platform& io, QWidget* parent)
       Qt::Alignment::fromInt(int{Qt::AlignCenter} | int{Qt::TextWordWrap}));
   horizontalHeader()->setMinimumSectionSize(12);
   connect(rows, &RowHeader::LigneCliquee, this, &TDBGrid::ChoisitLigne);
+  RelieTitres();
   connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
     if (sizing_) return;
     sizedByUser_.at(static_cast<std::size_t>(column)) = true;
@@ -219,7 +220,7 @@ void TDBGrid::EtireDerniere() {
 void TDBGrid::SuitDonnees(DataControl::Change change) {
   switch (change) {
     case DataControl::Change::Rows:
-      lastChosen_ = -1;
+      OublieChoix();
       following_ = true;
       model_->Recharge();
       following_ = false;
@@ -239,12 +240,13 @@ void TDBGrid::SuitPosition() {
   const auto row = static_cast<int>(state_.Data1.recordset().AbsolutePosition());
   if (row < 0 || row >= model_->rowCount() || row == currentIndex().row()) return;
   following_ = true;
-  setCurrentIndex(model_->index(row, std::max(currentIndex().column(), 0)));
+  setCurrentIndex(model_->index(row, column_));
   following_ = false;
 }
 
 void TDBGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
+  if (current.isValid()) column_ = current.column();
   if (current.row() != previous.row()) viewport()->update();
   if (following_ || !current.isValid() || current.row() == previous.row()) return;
   following_ = true;
@@ -253,38 +255,6 @@ void TDBGrid::currentChanged(const QModelIndex& current, const QModelIndex& prev
     state_.Data1.SignalePosition();
   });
   following_ = false;
-}
-
-void TDBGrid::ChoisitLigne(int row, Qt::KeyboardModifiers modifiers) {
-  const bool extend = modifiers.testFlag(Qt::ShiftModifier) && lastChosen_ >= 0;
-  const int from = extend ? lastChosen_ : row;
-  const QItemSelection rows(model_->index(std::min(from, row), 0),
-                            model_->index(std::max(from, row), Column::GridCount - 1));
-  QItemSelectionModel::SelectionFlags how = QItemSelectionModel::ClearAndSelect;
-  if (extend) {
-    how = QItemSelectionModel::Select;
-  } else if (modifiers.testFlag(Qt::ControlModifier)) {
-    how = QItemSelectionModel::Toggle;
-  }
-  const QModelIndex cell = model_->index(row, std::max(currentIndex().column(), 0));
-  selectionModel()->setCurrentIndex(cell, QItemSelectionModel::NoUpdate);
-  selectionModel()->select(rows, how);
-  lastChosen_ = row;
-  setFocus();
-}
-
-std::vector<Bookmark> TDBGrid::LignesChoisies() const {
-  std::vector<int> rows;
-  for (const QItemSelectionRange& range : selectionModel()->selection()) {
-    if (range.width() != Column::GridCount) continue;
-    for (int row = range.top(); row <= range.bottom(); ++row) rows.push_back(row);
-  }
-  std::sort(rows.begin(), rows.end());
-  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
-  std::vector<Bookmark> bookmarks;
-  bookmarks.reserve(rows.size());
-  for (const int row : rows) bookmarks.push_back(model_->SignetDeLigne(row));
-  return bookmarks;
 }
 
 void TDBGrid::resizeEvent(QResizeEvent* event) {

@@ -3,11 +3,13 @@
 #include <QHeaderView>
 #include <QPersistentModelIndex>
 #include <QTableView>
+#include <optional>
 #include <vector>
 
 #include "platform/platform.h"
 #include "store/state.h"
 #include "store/table.h"
+#include "store/windows/chosen_rows.h"
 
 namespace talpena {
 
@@ -34,8 +36,9 @@ class RowHeader : public QHeaderView {
 
 /// Follows Data1: its rows, its values, its current row; and moves Data1 along with the cursor.
 /// A double click emits doubleClicked and edits nothing. Keys: typing or F2 edits, Enter and Tab
-/// store and go on to the next cell, Escape drops the edit, Ctrl+Tab leaves the grid, Shift+Space
-/// chooses the row.
+/// store and go on to the next cell, Escape drops the edit, Ctrl+Tab leaves the grid. Shift+Space
+/// chooses the row and those up to it, Ctrl+Shift+Space adds the row or takes it out, Ctrl+Space
+/// chooses the column. Rows and columns are not chosen at the same time.
 class TDBGrid : public QTableView {
   Q_OBJECT
 
@@ -57,13 +60,21 @@ class TDBGrid : public QTableView {
   /// Chooses a row: alone, with Ctrl added or taken out, with Shift every row from the one chosen
   /// last to this one added.
   void ChoisitLigne(int row, Qt::KeyboardModifiers modifiers);
-  /// Bookmarks of the chosen rows, from the first to the last.
+  /// Bookmarks of the chosen rows, in the order in which they were chosen.
   std::vector<Bookmark> LignesChoisies() const;
+
+  /// Chooses a column: alone, with Shift all from the one where the choice began, with Ctrl added
+  /// to those beside it or taken out.
+  void ChoisitColonne(int column, Qt::KeyboardModifiers modifiers);
+  void SelectionneColonnes(ColumnRange columns);
+  const std::optional<ColumnRange>& ColonnesChoisies() const { return columns_; }
+  int ColonneCourante() const { return column_; }  ///< kept while the grid is empty
 
  protected:
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
   void commitData(QWidget* editor) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+  void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void keyPressEvent(QKeyEvent* event) override;
   /// As ever, but the first and the last cell are chosen by the key that goes there.
@@ -75,6 +86,10 @@ class TDBGrid : public QTableView {
  private:
   void SuitDonnees(DataControl::Change change);
   void SuitPosition();
+  void RelieTitres();
+  void OublieChoix();
+  void NoteChoix(bool upwards);
+  bool ChoisitParTouche(Qt::KeyboardModifiers modifiers);
   void MontreRefus();
   void Avance(int cells);
   int LargeurVoulue(int column) const;
@@ -88,7 +103,14 @@ class TDBGrid : public QTableView {
   bool telling_ = false;          ///< the box that says why is open, or about to be
   bool following_ = false;        ///< the cursor is being moved to Data1's row, not by the user
   bool sizing_ = false;           ///< columns are being sized by the program
-  int lastChosen_ = -1;           ///< row chosen last; -1 for none
+  int column_ = 0;                ///< of the cursor
+  bool choosing_ = false;         ///< rows or columns are being chosen by the program
+  ChosenRows chosen_;
+  int lastChosen_ = -1;  ///< row chosen last; -1 for none
+  int chosenTop_ = -1;   ///< rows that were chosen together with it
+  int chosenBottom_ = -1;
+  std::optional<ColumnRange> columns_;
+  int columnAnchor_ = 0;  ///< where the choice of columns began
   std::array<bool, Column::GridCount> sizedByUser_{};
   std::uint32_t background_;
 };

@@ -110,11 +110,7 @@ void TDBGrid::keyPressEvent(QKeyEvent* event) {
       }
       break;
     case Qt::Key_Space:
-      if (shift && currentIndex().isValid()) {
-        ChoisitLigne(currentIndex().row(),
-                     lastChosen_ < 0 ? Qt::KeyboardModifiers() : event->modifiers());
-        return;
-      }
+      if (ChoisitParTouche(event->modifiers())) return;
       break;
     default:
       break;

@@ -42,6 +42,10 @@ constexpr LikeCase likeCases[] = {
     {"\xE2\x84\xAA", "k", false},                              {"straße", "STRASSE", false},
     {"x\ny", "x*y", true},       {"mississippi", "*iss*ip*", true},
     {"mississippi", "*iss*iss*iss*", false},
+    {"un évêque", "*É*", true},  {"un eveque", "*é*", false},  {"é", "*éé*", false},
+    {"ééé", "*éé*", true},       {"aéaéb", "*AÉB*", true},     {"aéaéc", "*aéb*", false},
+    {"", "*é*", false},          {"plain text of ASCII only", "*ö*", false},
+    {"eight by\xC3\xA9", "*É*", true},                        {"\xC3", "*é*", false},
 };
 // clang-format on
 
@@ -89,6 +93,29 @@ TEST(LikePattern, AgreesWithTryingEverything) {
     if (i % 3 == 0) pattern = "*" + pattern + "*";
     EXPECT_EQ(LikePattern(pattern, collation).Correspond(text), Naif(pattern, text))
         << "<" << text << "> like <" << pattern << ">";
+  }
+}
+
+/// The same with accents: each letter is mapped to one of ASCII and back.
+TEST(LikePattern, AgreesWithTryingEverythingBeyondAscii) {
+  const Collation collation;
+  const auto accented = [](const std::string& ascii) {
+    std::string text;
+    for (const char c : ascii) {
+      text += c == 'a' ? "é" : c == 'A' ? "É" : c == 'b' ? "x" : c == 'B' ? "X" : std::string(1, c);
+    }
+    return text;
+  };
+  std::mt19937 random(6);
+  for (int i = 0; i < 20000; ++i) {
+    std::string pattern = "*";
+    std::string text;
+    for (auto n = 1 + random() % 4; n > 0; --n) pattern.push_back("abAB"[random() % 4]);
+    for (auto n = random() % 12; n > 0; --n) text.push_back("abABc"[random() % 5]);
+    pattern += "*";
+    EXPECT_EQ(LikePattern(accented(pattern), collation).Correspond(accented(text)),
+              Naif(pattern, text))
+        << "<" << accented(text) << "> like <" << accented(pattern) << ">";
   }
 }
 

@@ -114,10 +114,10 @@ TEST(GridSelection, ShiftExtendsFromTheRowChosenLast) {
   g.grid.ChoisitLigne(4, Qt::ShiftModifier);
   EXPECT_EQ(Numeros(g), (Numbers{3, 4, 5}));
   g.grid.ChoisitLigne(1, Qt::ShiftModifier);
-  EXPECT_EQ(Numeros(g), (Numbers{2, 3, 4, 5})) << "backwards, added to what was chosen";
+  EXPECT_EQ(Numeros(g), (Numbers{3, 4, 5, 2})) << "backwards, behind what was chosen";
   g.grid.ChoisitLigne(8, Qt::ControlModifier);
   g.grid.ChoisitLigne(9, Qt::ShiftModifier);
-  EXPECT_EQ(Numeros(g), (Numbers{2, 3, 4, 5, 9, 10}));
+  EXPECT_EQ(Numeros(g), (Numbers{3, 4, 5, 2, 9, 10}));
 }
 
 TEST(GridSelection, ShiftFollowsTheOrderOnScreen) {

@@ -1,0 +1,80 @@
+#include "store/erase_column.h"
+
+#include <array>
+
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "platform/commands.h"
+#include "store/busy_window.h"
+#include "store/table.h"
+
+namespace talpena {
+namespace {
+
+/// What is emptied, by grid column. Not the columns' own fields from the Sex column on, and none
+/// for the last: users know the command so. Held by EraseColumn.EmptiesTheFieldOfTheTable.
+constexpr std::array fields = {Column::PERIOD,   Column::LATITUDE, Column::LONGITUDE,
+                               Column::N1,       Column::N2,       Column::DATUM,
+                               Column::ORIGINAL, Column::DATE,     Column::COMMENT};
+
+constexpr bool EstNombre(int field) { return field <= Column::N2; }
+
+std::vector<int> Champs(ColumnRange columns) {
+  std::vector<int> chosen;
+  for (int column = columns.first; column <= columns.last; ++column) {
+    const auto i = static_cast<std::size_t>(column);
+    if (i < fields.size()) chosen.push_back(fields[i]);
+  }
+  return chosen;
+}
+
+void EffaceColonnes(CommandContext c, ColumnRange columns) {
+  const std::vector<int> chosen = Champs(columns);
+  const Occupe occupe(c);
+  Transaction transaction(*c.state.WorkingDb);
+  if (!chosen.empty()) {
+    std::vector<Cell> empty;
+    for (const int field : chosen) {
+      empty.push_back(EstNombre(field) ? Cell::Of(std::int64_t{0}) : Cell::Of(std::string_view()));
+    }
+    Avancement avancement(c.vue);
+    c.state.Data1.Clone()->RemplitLignes(chosen, empty, [&](std::int64_t done, std::int64_t total) {
+      avancement.Montre(done, total);
+    });
+  }
+  transaction.Valide();
+}
+
+ColumnRange ColonnesAEffacer(MainWindowView& vue) {
+  const std::optional<ColumnRange> chosen = vue.ColonnesSelectionnees();
+  if (chosen) return *chosen;
+  const int column = vue.ColonneCourante();
+  vue.SelectionneColonnes({column, column});
+  return {column, column};
+}
+
+void EffaceColonne(CommandContext c) {
+  if (!c.state.Data1.EstLie()) return;
+  const ColumnRange columns = ColonnesAEffacer(c.vue);
+  Bip(c.state, c.io);
+  if (c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::EffaceCellules),
+                              .icon = Icon::Question,
+                              .buttons = Buttons::YesNo,
+                              .defaultButton = Answer::No}) != Answer::Yes) {
+    return;
+  }
+  EffaceColonnes(c, columns);
+  c.state.FichierModifie = true;
+  // Other values may mean another order, or fewer rows.
+  const std::string source = c.state.Data1.RecordSource;
+  c.state.Data1.ChangeSource(source);
+  c.vue.PlaceFocusGrille();
+}
+
+}  // namespace
+
+void MnuEraseCol_Click(CommandContext c) {
+  ExecuteCommande(c.state, c.io, {}, [&] { EffaceColonne(c); });
+}
+
+}  // namespace talpena
