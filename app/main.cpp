@@ -61,10 +61,10 @@ int main(int argc, char** argv) {
 
   SingleInstance instance;
   if (!EstSeuleInstance([&instance] { return instance.Acquiert(); }, dialogues)) return 0;
-  Start splash;
+  ProcessState state;
+  Start splash(state);
   splash.Montre();
 
-  ProcessState state;
   state.AppDir = DossierDuProgramme();
   Form1 form(state, io);
   dialogues.SuitLangue(state.Langue);

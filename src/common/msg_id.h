@@ -134,6 +134,24 @@ inline constexpr int SauveToutesLes = 811;  // "Save file every "
 inline constexpr int Minutes = 812;         // "min."
 inline constexpr int ActiveAutoSave = 813;  // "Enable autosave"
 
+inline constexpr int SectionCoordonnees = 935;     // "Coordinates"
+inline constexpr int SectionChamps = 936;          // "Fields"
+inline constexpr int SectionEnregistrement = 937;  // "Saving"
+inline constexpr int SectionProgramme = 938;       // "Program"
+inline constexpr int DossierTravail = 939;         // "Temporary working folder"
+inline constexpr int Parcourir = 943;              // "Browse..."
+
+// Selection of rows by a condition.
+inline constexpr int SelectionFenetre = 944;      // "Advanced selection"
+inline constexpr int ToutesLesLignes = 945;       // "All rows"
+inline constexpr int LignesSelonCondition = 946;  // "Rows that meet this condition:"
+inline constexpr int ColonnesTitre = 947;         // "Columns:"
+inline constexpr int ExemplesTitre = 948;         // "Examples:"
+inline constexpr int FiltreRetire = 931;          // "Filter off: all %1 rows shown"
+inline constexpr int SauveFiltre = 932;           // "Only %1 of %2 rows are shown: the file ..."
+inline constexpr int FiltreSansLigne = 933;       // "No row meets the filter, so there is ..."
+inline constexpr int FiltreEtSauvegarde = 934;    // "Saving writes only the rows shown; ..."
+
 // Text import.
 inline constexpr int PremierTypeImport = 300;  // "Decimal Degrees", types 0 to 15
 inline constexpr int IfblBelgique = 308;       // "IFBL (Belgium)"

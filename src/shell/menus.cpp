@@ -115,7 +115,8 @@ constexpr std::array edition = {
     MenuEntry{.control = "MnuSepar", .index = 3, .caption = separator},
     MenuEntry{.control = "MnuRemplir", .base = 35, .children = remplir},
     MenuEntry{.control = "MnuAjuster", .base = 42, .children = ajuster},
-    MenuEntry{.control = "MnuSelection", .caption = "Sélection a&vancée..."},
+    MenuEntry{.control = "MnuSelection", .caption = "Sélection a&vancée...",
+              .command = MenuCommand::Selection},
 };
 constexpr std::array europe = {
     MenuEntry{.control = "mnuEurope", .index = 0, .base = 52},
@@ -157,7 +158,8 @@ constexpr std::array outils = {
               .command = MenuCommand::IFBLGridPolygon},
 };
 constexpr std::array options = {
-    MenuEntry{.control = "MnuPreferences", .base = 71},
+    MenuEntry{.control = "MnuPreferences", .base = 71, .command = MenuCommand::Preferences,
+              .shortcut = "Ctrl+,"},
     MenuEntry{.control = "MnuOptionsPeriodes", .base = 85,
               .command = MenuCommand::OptionsPeriodes, .needsFile = true},
     MenuEntry{.control = "MnuCouleurs", .base = 72, .children = couleurs},
@@ -220,6 +222,7 @@ namespace {
 /// Commands over rows need a file, whatever menu they stand in.
 bool VaSurLesLignes(MenuCommand command) {
   switch (command) {
+    case MenuCommand::Selection:
     case MenuCommand::Chercher:
     case MenuCommand::AjoutLigne:
     case MenuCommand::Duplic:

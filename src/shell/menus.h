@@ -19,14 +19,16 @@ enum class MenuCommand : std::uint8_t {
   Fusionner,
   LastFile,  ///< by index, 1 to 4
   Quitter,
+  Preferences,
   OptionsPeriodes,
   Chercher,  ///< by index, 0 and 1
   AjoutLigne,
   Duplic,
   EraseCol,
   Supprimer,
-  Grille,      ///< background of the grid
-  TxtGrille,   ///< text of the grid
+  Grille,     ///< background of the grid
+  TxtGrille,  ///< text of the grid
+  Selection,
   RemplirCoo,  ///< by index, 0 to 2
   RemplirXY,   ///< by index, 0 to 5
   RemplirTexte,

@@ -7,6 +7,7 @@
 #include "platform/commands.h"
 #include "store/deg_reader.h"
 #include "store/deg_writer.h"
+#include "store/filter.h"
 #include "store/recent_files.h"
 
 namespace talpena {
@@ -41,27 +42,60 @@ bool PeutEcraser(CommandContext c, const std::string& path) {
                                  .buttons = Buttons::YesNo}) == Answer::Yes;
 }
 
+bool CacheDesLignes(NombresDeLignes lignes) { return lignes.montrees < lignes.toutes; }
+
+/// False when a filter hides rows, which a save leaves out, and the user does not want that.
+bool AccepteLignesCachees(CommandContext c) {
+  const NombresDeLignes lignes = CompteLignes(c.state);
+  if (!CacheDesLignes(lignes)) return true;
+  Bip(c.state, c.io);
+  if (lignes.montrees == 0) {  // a save would move the file away and write none
+    c.io.dialogues.Demande(
+        {.text = Texte(c.state.Langue, MsgId::FiltreSansLigne), .icon = Icon::Exclamation});
+    return false;
+  }
+  const std::string text = Texte(c.state.Langue, MsgId::SauveFiltre);
+  return c.io.dialogues.Demande({.text = AvecNombres(c.state.Langue, text, lignes),
+                                 .icon = Icon::Exclamation,
+                                 .buttons = Buttons::YesNo,
+                                 .defaultButton = Answer::No}) == Answer::Yes;
+}
+
+/// Rows that are in no file yet, or no longer in this one: a save under a filter left them out,
+/// and the filter is gone.
+bool ResteASauver(const StoreState& state) {
+  return state.FichierModifie || (state.LignesHorsFichier && !FiltreActif(state.Data1));
+}
+
+void EcritLignes(CommandContext c, const std::string& path, const std::string& modele = {}) {
+  const bool cachees = CacheDesLignes(CompteLignes(c.state));
+  EcritDeg(c.state, c.io, c.vue, path, WriteMode::Rows, modele);
+  if (!c.state.FichierModifie) c.state.LignesHorsFichier = cachees;
+}
+
 /// Writes the rows over the open file, without a backup.
 void EcritSurPlace(CommandContext c) {
   const std::string path = c.state.NomFichier;
-  if (!PeutEcraser(c, path)) return;
+  if (!AccepteLignesCachees(c) || !PeutEcraser(c, path)) return;
   const bool missing = c.state.FichierIncomplet == path;
-  EcritDeg(c.state, c.io, c.vue, path, WriteMode::Rows, missing ? CheminBak(path) : "");
+  EcritLignes(c, path, missing ? CheminBak(path) : "");
 }
 
 /// Makes a path that is about to be read the open file.
 void ChangeNomFichier(StoreState& state, const std::string& path) {
   state.NomFichier = path;
   state.EmpreinteFichier.reset();
+  state.LignesHorsFichier = false;
 }
 
 void EnregistreSous(CommandContext c) {
+  if (!AccepteLignesCachees(c)) return;
   const std::string path =
       c.io.dialogues.EnregistreFichier({.filter = "Distribution files (*.deg)|*.deg",
                                         .name = c.state.NomFichier,
                                         .confirmReplace = true});
   if (path.empty() || !PeutEcraser(c, path)) return;
-  EcritDeg(c.state, c.io, c.vue, path, WriteMode::Rows);
+  EcritLignes(c, path);
   c.state.NomFichier = path;
   c.state.EmpreinteFichier = c.io.files.Empreinte(path);
   c.state.LecturePartielle = false;
@@ -97,11 +131,11 @@ void GardeBak(CommandContext c, const std::string& backup) {
 
 void Enregistre(CommandContext c) {
   const std::string path = c.state.NomFichier;
-  if (!PeutEcraser(c, path)) return;
+  if (!AccepteLignesCachees(c) || !PeutEcraser(c, path)) return;
   const std::string backup = CheminBak(path);
   // Where a former save broke off, the backup holds the last whole state and stays.
   if (c.state.FichierIncomplet != path) GardeBak(c, backup);
-  EcritDeg(c.state, c.io, c.vue, path, WriteMode::Rows, backup);
+  EcritLignes(c, path, backup);
   if (!c.io.files.Existe(path)) c.state.FichierIncomplet = path;
 }
 
@@ -111,7 +145,7 @@ void Charge(CommandContext c, const std::string& path, MergeMode mode) {
 }
 
 void EnregistreAutomatiquement(CommandContext c) {
-  if (!c.state.FichierModifie) return;
+  if (!ResteASauver(c.state)) return;
   if (c.state.NomFichier.empty()) {
     EnregistreSous(c);
   } else {
@@ -122,7 +156,7 @@ void EnregistreAutomatiquement(CommandContext c) {
 }  // namespace
 
 bool CheckSauvegarde(CommandContext c) {
-  if (!c.state.FichierModifie) return false;
+  if (!ResteASauver(c.state)) return false;
   Bip(c.state, c.io);
   const Answer answer = c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::SauveFichier),
                                                 .icon = Icon::Exclamation,
@@ -131,8 +165,7 @@ bool CheckSauvegarde(CommandContext c) {
   if (answer == Answer::No) return false;
   EnregistreAutomatiquement(c);
   // An empty table is never written and stays modified; there is nothing to lose in it.
-  const bool rows = c.state.Data1.EstLie() && c.state.Data1.recordset().RecordCount() > 0;
-  return c.state.FichierModifie && rows;
+  return ResteASauver(c.state) && CompteLignes(c.state).toutes > 0;
 }
 
 void MnuNouveau_Click(CommandContext c) {
@@ -208,9 +241,13 @@ void MnuLastFile_Click(CommandContext c, int index) {
 void Timer1_Timer(CommandContext c) {
   if (!c.state.AutoSave) return;
   // A 16-bit counter that wraps: an interval set below it comes round again.
-  c.state.CompteurTimer =
+  const auto next =
       static_cast<std::int16_t>(static_cast<std::uint16_t>(c.state.CompteurTimer) + 1);
-  if (c.state.CompteurTimer != c.state.SaveInterval) return;
+  // Nobody is asked, so rows that a filter hides must not be left out: the save waits, and comes
+  // with the first tick behind the filter.
+  if (next == c.state.SaveInterval && CacheDesLignes(CompteLignes(c.state))) return;
+  c.state.CompteurTimer = next;
+  if (next != c.state.SaveInterval) return;
   c.state.CompteurTimer = 0;
   Commande(c, [&] { EnregistreAutomatiquement(c); });
 }

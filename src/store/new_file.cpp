@@ -82,10 +82,11 @@ class NewInProgress {
 void CreationNouveau(CommandContext c, std::int32_t lines) {
   if (lines <= 0) lines = DemandeNombreLignes(c);
   if (lines == 0) return;
-  if (c.state.FichierModifie && CheckSauvegarde(c)) return;
+  if (CheckSauvegarde(c)) return;
   c.state.FichierModifie = false;
   c.state.NomFichier.clear();
   c.state.EmpreinteFichier.reset();
+  c.state.LignesHorsFichier = false;
   c.state.LecturePartielle = false;
   c.state.WorkingDb->Execute("DELETE FROM TALPENA");
   c.vue.AjusteGrille();

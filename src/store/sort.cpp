@@ -1,9 +1,6 @@
 #include "store/sort.h"
 
 #include <array>
-#include <optional>
-#include <string_view>
-#include <utility>
 
 #include "common/talpena_error.h"
 
@@ -27,25 +24,6 @@ constexpr std::array<std::string_view, 10> orders = {
 };
 // clang-format on
 
-/// Empty before the first row, behind the last, and on a row that another cursor deleted.
-std::optional<Bookmark> LigneCourante(const Recordset& rows) {
-  try {
-    return rows.GetBookmark();
-  } catch (const TalpenaError& e) {
-    if (e.number() != ErrorNumber::NoCurrentRecord) throw;
-    return std::nullopt;
-  }
-}
-
-void RetourneALigne(DataControl& data, Bookmark row) {
-  try {
-    data.recordset().SetBookmark(row);
-    data.SignalePosition();
-  } catch (const TalpenaError& e) {
-    if (e.number() != ErrorNumber::InvalidBookmark) throw;
-  }
-}
-
 }  // namespace
 
 void ChangeTri(StoreState& state, int index, bool descending) {
@@ -58,16 +36,19 @@ void ChangeTri(StoreState& state, int index, bool descending) {
     state.SqlCourant = sql;
     return;
   }
-  const std::optional<Bookmark> row = LigneCourante(state.Data1.recordset());
-  const std::string before = std::exchange(state.Data1.RecordSource, sql);
-  try {
-    state.Data1.Refresh();
-  } catch (...) {
-    state.Data1.RecordSource = before;
-    throw;
-  }
+  state.Data1.ChangeSource(sql);
   state.SqlCourant = sql;
-  if (row) RetourneALigne(state.Data1, *row);
+}
+
+std::optional<OrdreDeTri> OrdreDe(std::string_view source) {
+  if (source.find(" ORDER BY ") == std::string_view::npos) return OrdreDeTri{};
+  for (std::size_t i = 0; i < orders.size(); ++i) {
+    if (!source.starts_with(orders[i])) continue;
+    const std::string_view behind = source.substr(orders[i].size());
+    if (behind.empty() || behind == " ASC") return OrdreDeTri{static_cast<int>(i), false};
+    if (behind == " DESC") return OrdreDeTri{static_cast<int>(i), true};
+  }
+  return std::nullopt;
 }
 
 }  // namespace talpena

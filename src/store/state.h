@@ -25,6 +25,8 @@ struct StoreState : CoordState {
   DataControl Data1;
   std::string SqlCourant = "SELECT * FROM TALPENA ORDER BY Counter";
 
+  std::string DerniereCondition;  ///< of the filter that was on last; offered again
+
   bool FichierModifie = false;     ///< the table differs from the file on disk
   std::string NomFichier;          ///< full path of the open file; empty when it has none yet
   std::string TitreFichier;        ///< title line read last
@@ -32,7 +34,8 @@ struct StoreState : CoordState {
   bool NouveauEnCours = false;     ///< only while New shows the periods dialog
   /// Path that a save of this process left cut short or missing; its .BAK is the last whole state.
   std::string FichierIncomplet;
-  bool LecturePartielle = false;  ///< reading NomFichier failed: the table holds only part of it
+  bool LignesHorsFichier = false;  ///< the last save left out rows that a filter hid
+  bool LecturePartielle = false;   ///< reading NomFichier failed: the table holds only part of it
   std::optional<FileStamp> EmpreinteFichier;  ///< NomFichier as this process read or wrote it
 
   std::vector<FreeFieldDef> FreeFieldDefs;

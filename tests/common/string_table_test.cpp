@@ -107,7 +107,11 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(870, 882);  // user guide
   covered(901, 919);  // saving, status, grid
   covered(920, 930);  // names, about, saving
+  covered(931, 934);  // filter
+  covered(935, 939);  // preferences
   covered(940, 942);  // record editor
+  covered(943, 943);  // preferences
+  covered(944, 948);  // selection
   covered(950, 959);  // converter between Lambert belge and IFBL
   covered(960, 964);  // coordinate tools
   covered(970, 976);  // hints of the record editor

@@ -27,7 +27,7 @@ NOTATIONS = [
 
 def columns(row):
     """The parts of a row of the file that the tests look at."""
-    return {"period": row[0], "sex": row[1], "latitude": float(row[2:11].replace(" ", "")),
+    return {"period": row[0], "sex": row[41], "latitude": float(row[2:11].replace(" ", "")),
             "longitude": float(row[11:21].replace(" ", "")), "n1": row[21:26].strip(),
             "n2": row[26:31].strip(), "date": row[31:41], "datum": row[42:47].strip(),
             "original": row[47:71].strip(), "comment": row[71:]}

@@ -95,11 +95,11 @@ std::set<std::string> Actifs(bool fileOpen) {
 }
 
 const std::set<std::string> always = {
-    "MnuNouveau",        "MnuOuvrir",  "MnuLastFile_1", "MnuLastFile_2", "MnuLastFile_3",
-    "MnuLastFile_4",     "MnuQuitter", "MnuGrille",     "MnuTxtGrille",  "MnuLang_0",
-    "MnuLang_1",         "MnuLang_2",  "MnuLang_3",     "MnuLang_4",     "MnuLang_5",
-    "MnuAideTexte",      "MnuInfo",    "mnuGrid",       "MnuLmbIfbl",    "MnuIFBLGrid",
-    "MnuIFBLGridPolygon"};
+    "MnuNouveau",         "MnuOuvrir",     "MnuLastFile_1", "MnuLastFile_2", "MnuLastFile_3",
+    "MnuLastFile_4",      "MnuQuitter",    "MnuGrille",     "MnuTxtGrille",  "MnuLang_0",
+    "MnuLang_1",          "MnuLang_2",     "MnuLang_3",     "MnuLang_4",     "MnuLang_5",
+    "MnuAideTexte",       "MnuInfo",       "mnuGrid",       "MnuLmbIfbl",    "MnuIFBLGrid",
+    "MnuIFBLGridPolygon", "MnuPreferences"};
 
 TEST(Menus, WithoutAFileOnlyWhatNeedsNoneCanBeChosen) { EXPECT_EQ(Actifs(false), always); }
 
@@ -113,7 +113,7 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
                    "mnuAjustGrid_2", "mnuAjustIFBL_0", "mnuAjustIFBL_1", "mnuAjustIFBL_2",
                    "MnuDatumFichier"});
   expected.insert({"mnuChercher_0", "mnuChercher_1", "MnuAjoutLigne", "mnuDuplic", "MnuEraseCol",
-                   "MnuSupprimer"});
+                   "MnuSupprimer", "MnuSelection"});
   EXPECT_EQ(Actifs(true), expected);
 }
 

@@ -95,6 +95,31 @@ TEST_F(ChangeTriTest, WorksOnAnEmptyTable) {
   EXPECT_TRUE(Rows().EOF_());
 }
 
+TEST(OrdreDe, IsReadFromTheSource) {
+  for (int i = 0; i < 10; ++i) {
+    for (const bool descending : {false, true}) {
+      const auto order = OrdreDe(std::string(orders[i]) + (descending ? " DESC" : " ASC"));
+      ASSERT_TRUE(order) << i;
+      EXPECT_EQ(order->index, i);
+      EXPECT_EQ(order->descending, descending);
+    }
+  }
+  EXPECT_EQ(OrdreDe(orders[0])->index, 0) << "as it is at start";
+}
+
+TEST(OrdreDe, IsFileOrderForTheTableAndAFilter) {
+  for (const char* source :
+       {"TALPENA", "SELECT * FROM TALPENA", "SELECT * FROM TALPENA WHERE N1 > 2"}) {
+    ASSERT_TRUE(OrdreDe(source)) << source;
+    EXPECT_EQ(OrdreDe(source)->index, 0);
+    EXPECT_FALSE(OrdreDe(source)->descending);
+  }
+}
+
+TEST(OrdreDe, IsNoneOfTheListForTheOrderOfAGroupedSave) {
+  EXPECT_FALSE(OrdreDe("SELECT * FROM TALPENA ORDER BY [PERIOD], [LATITUDE], [LONGITUDE]"));
+}
+
 TEST_F(ChangeTriTest, RefusesAnotherIndex) {
   for (const int index : {-1, 10}) {
     EXPECT_THROW(ChangeTri(world.state, index, false), TalpenaError);

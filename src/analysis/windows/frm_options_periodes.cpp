@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QFormLayout>
 #include <QFrame>
 #include <QLabel>
@@ -130,6 +131,11 @@ void frmOptionsPeriodes::AppliqueLangue() {
   TxtPivot22->setAccessibleName(pose(lblPivot22, CaptionPivot22));
   Command1[0]->setAccessibleName(pose(Command1[0], CaptionOk));
   Command1[1]->setAccessibleName(pose(Command1[1], CaptionAnnuler));
+}
+
+void frmOptionsPeriodes::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) AppliqueLangue();
 }
 
 void frmOptionsPeriodes::OptionPivot_Click() {

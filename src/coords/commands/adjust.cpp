@@ -10,6 +10,7 @@
 #include "coords/original.h"
 #include "coords/snap.h"
 #include "platform/commands.h"
+#include "store/filter.h"
 #include "store/table.h"
 
 namespace talpena {
@@ -116,13 +117,21 @@ void mnuAjustIFBL_Click(CommandContext c, int index) {
   AjusteTout(c, [&](RowPoint& row) { return AjusteSurIfbl(c.state, row, level); });
 }
 
+void RecalculeSurDatum(CommandContext c) {
+  if (c.state.DatumFichier != 0) {
+    const TableEntiere table(c.state.Data1);
+    AjusteDegres(c, SansMaille, SansMaille);
+  }
+  c.vue.AffichePanneauDatum(c.state.DatumFichierCode);
+}
+
 void ChangeDatumFichier(CommandContext c, const std::string& code) {
   const std::int16_t index = ChercheDatum(c.state.Catalogue, code);
   if (index == 0) return DitDatumAbsent(c.state, c.io, Rogne(code));
   c.state.DatumFichierCode = Rogne(code);
   c.state.DatumFichier = index;
   c.state.FichierModifie = true;
-  if (c.vue.GrilleVisible()) AjusteDegres(c, SansMaille, SansMaille);
+  if (c.vue.GrilleVisible()) return RecalculeSurDatum(c);
   c.vue.AffichePanneauDatum(c.state.DatumFichierCode);
 }
 

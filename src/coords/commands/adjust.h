@@ -27,6 +27,10 @@ void mnuAjustGrid_Click(CommandContext c, int index);
 /// `mnuAjustIFBL`: squares of 32 x 20 km (0), 4 x 4 km (1), 1 x 1 km (2).
 void mnuAjustIFBL_Click(CommandContext c, int index);
 
+/// Computes every row of the table anew on the datum of the file, those that a filter hides
+/// included: no row is left on the datum before. Panel 3 shows the datum.
+void RecalculeSurDatum(CommandContext c);
+
 /// Makes another datum that of the file: its code, its index, panel 3, and, when the grid is
 /// showing, the coordinates of all rows. The file counts as modified. A code that the catalogue
 /// lacks is told (808) and changes nothing.

@@ -1,6 +1,7 @@
 #include "coords/windows/ajustement.h"
 
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -100,6 +101,11 @@ void Ajustement::AppliqueLangue() {
   for (QRadioButton* option : OptionAjustGrid) pose(option, caption++);
   caption = MsgId::AucunAjustement;
   for (QRadioButton* option : OptionAjust) pose(option, caption++);
+}
+
+void Ajustement::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) AppliqueLangue();
 }
 
 void Ajustement::Montre() {

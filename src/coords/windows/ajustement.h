@@ -26,6 +26,9 @@ class Ajustement : public QDialog {
   /// Captions in the current language.
   void AppliqueLangue();
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   void Construit();
   void Dispose();

@@ -1,6 +1,7 @@
 #include "coords/windows/frm_datum.h"
 
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QHeaderView>
 #include <QPushButton>
 #include <QScrollBar>
@@ -165,6 +166,11 @@ void frmDatum::AppliqueLangue() {
     cmdDatum[i]->setText(letters.Marque(text));
     cmdDatum[i]->setAccessibleName(Affiche(SansMnemonique(text)));
   }
+}
+
+void frmDatum::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) AppliqueLangue();
 }
 
 bool frmDatum::Selectionne(std::string_view code) {

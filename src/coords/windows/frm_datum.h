@@ -34,6 +34,9 @@ class frmDatum : public QDialog {
 
   void reject() override;
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   void ConstruitListe();
   void RempliListe();

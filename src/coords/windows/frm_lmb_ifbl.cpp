@@ -124,6 +124,11 @@ void frmLmbIfbl::AppliqueLangue() {
   Annonce(message_);
 }
 
+void frmLmbIfbl::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) AppliqueLangue();
+}
+
 /// Enter belongs to the frame that has the cursor.
 bool frmLmbIfbl::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::FocusIn) Command1[watched == txtIFBL ? 0 : 1]->setDefault(true);

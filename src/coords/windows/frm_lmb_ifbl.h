@@ -25,6 +25,7 @@ class frmLmbIfbl : public QDialog {
   void AppliqueLangue();
 
  protected:
+  void changeEvent(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

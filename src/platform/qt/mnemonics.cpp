@@ -71,6 +71,7 @@ class Matching {
 
 std::vector<QString> Mnemonics::MarqueTous(const std::vector<std::string>& captions) {
   std::vector<QString> texts;
+  texts.reserve(captions.size());
   for (const std::string& caption : captions) texts.push_back(QString::fromStdString(caption));
   Matching matching(std::move(texts), taken_);
   for (std::size_t i = 0; i < captions.size(); ++i) {

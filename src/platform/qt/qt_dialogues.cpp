@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QDir>
+#include <QEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDialog>
@@ -13,7 +14,9 @@
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrinter>
+#include <QTimer>
 #include <QTreeView>
+#include <functional>
 #include <utility>
 
 #include "common/msg_id.h"
@@ -133,6 +136,23 @@ Answer EnReponse(int button, QMessageBox::StandardButton closing) {
   return EnReponse(closing, QMessageBox::Ok);  // gone without a button, as at the session's end
 }
 
+/// Captions of a box that is up: put on at once, and again when the language changes, behind the
+/// toolkit, which then puts on its own.
+class Legendes : public QObject {
+ public:
+  Legendes(QWidget& window, std::function<void()> pose) : pose_(std::move(pose)) {
+    pose_();
+    window.installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == QEvent::LanguageChange) QTimer::singleShot(0, this, pose_);
+    return QObject::eventFilter(watched, event);
+  }
+
+ private:
+  std::function<void()> pose_;
+};
+
 /// Where a file dialog starts: in the folder of the name offered, else in the one asked for,
 /// else where the process is.
 QString DossierDepart(const FileDialog& dialog) {
@@ -205,11 +225,13 @@ Answer QtDialogues::Demande(const MessageBox& box) {
   window.setText(EnLignes(box.text));
   window.setDefaultButton(box.defaultButton ? EnBouton(*box.defaultButton) : buttons.first);
   window.setEscapeButton(buttons.closing);
-  Mnemonics letters;
-  for (const auto& [answer, button] : answers) {
-    QAbstractButton* shown = langue_ == nullptr ? nullptr : window.button(button);
-    if (shown != nullptr) shown->setText(letters.Marque(Texte(*langue_, Legende(answer))));
-  }
+  const Legendes captions(window, [&] {
+    Mnemonics letters;
+    for (const auto& [answer, button] : answers) {
+      QAbstractButton* shown = langue_ == nullptr ? nullptr : window.button(button);
+      if (shown != nullptr) shown->setText(letters.Marque(Texte(*langue_, Legende(answer))));
+    }
+  });
   const PointeurNormal pointeur;
   return EnReponse(window.exec(), buttons.closing);
 }
@@ -221,11 +243,12 @@ std::string QtDialogues::Saisie(const InputBox& box) {
   window.setLabelText(EnLignes(box.prompt));
   window.setTextValue(EnQt(box.text));
   for (QLabel* label : window.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
-  if (langue_ != nullptr) {
+  const Legendes captions(window, [&] {
+    if (langue_ == nullptr) return;
     Mnemonics letters;
     window.setOkButtonText(letters.Marque(Texte(*langue_, MsgId::BoutonOk)));
     window.setCancelButtonText(letters.Marque(Texte(*langue_, MsgId::BoutonAnnuler)));
-  }
+  });
   const PointeurNormal pointeur;
   return window.exec() == QDialog::Accepted ? window.textValue().toStdString() : std::string();
 }

@@ -44,6 +44,7 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
     if (!self || change == DataControl::Change::Values) return;
     self->AffichePosition();
     self->ActiveEdition();
+    if (change == DataControl::Change::Rows) self->SuitLignes();
   });
 }
 

@@ -144,6 +144,10 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void SuitFocus(QWidget* now);
   void QuitteMenus();
   void AffichePosition();
+  void MnuSelection_Click();
+  void SuitLignes();
+  void AfficheFiltre();
+  void AfficheTri();
 
   ProcessState& state_;
   Platform& io_;
@@ -157,6 +161,8 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   bool closeWaits_ = false;  ///< so did the close box
   int sortIndex_ = 0;        ///< order that the grid shows
   bool sortDescending_ = false;
+  bool filtered_ = false;               ///< a filter is on
+  bool filterGone_ = false;             ///< the rows on show are the first ones behind a filter
   QPointer<QWidget> focusBesideMenus_;  ///< where the keys go when no menu has them
 
   std::map<std::string, QAction*> actions_;  ///< by object name

@@ -99,6 +99,7 @@ void Form1::ConstruitMenus() {
     action->setCheckable(true);
     languages->addAction(action);
   }
+  actions_.at("MnuSelection")->setCheckable(true);
   AfficheDerniersFichiers({});
 }
 

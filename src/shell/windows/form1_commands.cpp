@@ -23,6 +23,7 @@
 #include "shell/windows/form1.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/help_desk.h"
+#include "shell/windows/prefer.h"
 #include "store/erase_column.h"
 #include "store/find.h"
 #include "store/row_commands.h"
@@ -142,6 +143,8 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
         return MnuLastFile_Click(Commandes(), entry.index - 1);
       case MenuCommand::Quitter:
         return MnuQuitter_Click(Contexte());
+      case MenuCommand::Preferences:
+        return static_cast<void>(Prefer(state_, io_, *this, this).exec());
       case MenuCommand::OptionsPeriodes:
         return MontreOptionsPeriodes();
       case MenuCommand::Chercher:
@@ -154,6 +157,8 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
         return MnuEraseCol_Click(Commandes());
       case MenuCommand::Supprimer:
         return MnuSupprimer_Click(Commandes());
+      case MenuCommand::Selection:
+        return MnuSelection_Click();
       case MenuCommand::RemplirCoo:
         return MnuRemplirCoo_Click(Commandes(), entry.index);
       case MenuCommand::RemplirXY:
@@ -229,7 +234,7 @@ void Form1::MnuTxtGrille_Click() {
   TDBGrid1->AppliqueCouleurs();
 }
 
-void Form1::MnuInfo_Click() { frmEastern(state_.Langue, this).exec(); }
+void Form1::MnuInfo_Click() { frmEastern(state_, this).exec(); }
 
 QList<QKeySequence> Form1::TouchesEdition() {
   return {QKeySequence(QStringLiteral("Ctrl+Return")), QKeySequence(QStringLiteral("Ctrl+Enter"))};

@@ -2,6 +2,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -19,6 +20,16 @@ namespace talpena {
 namespace {
 
 constexpr std::array captionsTri = {182, 183, 184, 185, 186, 187, 188, 137};
+
+/// Has every window that is up speak the current language, and what it owns with it: the toolkit
+/// hands the event on to the windows and controls below.
+void ChangeLangueDesFenetres() {
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->parentWidget() != nullptr) continue;
+    QEvent change(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(window, &change);
+  }
+}
 
 /// A caption, and behind it the key that does the same.
 QString AvecTouche(const QString& caption, const QKeySequence& keys) {
@@ -100,10 +111,8 @@ void Form1::InitFenetres() {
   BoxTitre_->setAccessibleName(texte(MsgId::Titre));
   Commentaire_->setAccessibleName(texte(MsgId::CommentaireTitre));
   centralWidget()->setAccessibleName(texte(MsgId::Distribution));
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    QEvent change(QEvent::LanguageChange);  // the windows that are open follow
-    if (window != this) QCoreApplication::sendEvent(window, &change);
-  }
+  AfficheFiltre();
+  ChangeLangueDesFenetres();
 }
 
 }  // namespace talpena

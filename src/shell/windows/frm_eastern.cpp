@@ -1,6 +1,7 @@
 #include "shell/windows/frm_eastern.h"
 
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -8,13 +9,14 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "platform/qt/mnemonics.h"
 #include "shell/windows/icons.h"
 
 namespace talpena {
 namespace {
 
-QLabel* Ligne(QWidget* parent, const QString& name, const QString& text) {
-  auto* label = new QLabel(text, parent);
+QLabel* Ligne(QWidget* parent, const QString& name) {
+  auto* label = new QLabel(parent);
   label->setObjectName(name);
   label->setTextInteractionFlags(Qt::TextSelectableByMouse);
   label->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
@@ -25,38 +27,35 @@ QLabel* Ligne(QWidget* parent, const QString& name, const QString& text) {
 
 QString VersionDuProgramme() { return QStringLiteral(TALPENA_VERSION); }
 
-frmEastern::frmEastern(std::int16_t langue, QWidget* parent) : QDialog(parent) {
-  const auto texte = [langue](int id) { return QString::fromStdString(Texte(langue, id)); };
+frmEastern::frmEastern(const SharedState& state, QWidget* parent) : QDialog(parent), state_(state) {
   setObjectName(QStringLiteral("frmEastern"));
-  setWindowTitle(texte(MsgId::APropos));
-
   auto* picture = new QLabel(this);
   picture->setObjectName(QStringLiteral("Image1"));
   picture->setPixmap(Image(QStringLiteral("talpena"), palette(), 96, devicePixelRatioF()));
-  auto* name = Ligne(this, QStringLiteral("lblTitle"), QStringLiteral("Talpena"));
+  auto* name = Ligne(this, QStringLiteral("lblTitle"));
+  name->setText(QStringLiteral("Talpena"));
   QFont large = name->font();
   large.setPointSizeF(large.pointSizeF() * 1.8);
   large.setBold(true);
   name->setFont(large);
-  auto* version =
-      Ligne(this, QStringLiteral("lblVersion"), texte(MsgId::Version).arg(VersionDuProgramme()));
-  auto* description = Ligne(this, QStringLiteral("lblDescription"), texte(MsgId::Description));
-  auto* licence = Ligne(this, QStringLiteral("lblDisclaimer"), texte(MsgId::Licence));
+  lblVersion = Ligne(this, QStringLiteral("lblVersion"));
+  lblDescription = Ligne(this, QStringLiteral("lblDescription"));
+  lblDisclaimer = Ligne(this, QStringLiteral("lblDisclaimer"));
 
   auto* buttons = new QDialogButtonBox(this);
-  auto* ok = new QPushButton(texte(MsgId::BoutonOk), buttons);
-  ok->setObjectName(QStringLiteral("cmdOK"));
-  ok->setDefault(true);
-  buttons->addButton(ok, QDialogButtonBox::AcceptRole);
+  cmdOK = new QPushButton(buttons);
+  cmdOK->setObjectName(QStringLiteral("cmdOK"));
+  cmdOK->setDefault(true);
+  buttons->addButton(cmdOK, QDialogButtonBox::AcceptRole);
   connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
 
   auto* text = new QVBoxLayout;
   text->setSpacing(2);
   text->addWidget(name);
-  text->addWidget(version);
+  text->addWidget(lblVersion);
   text->addSpacing(8);
-  text->addWidget(description);
-  text->addWidget(licence);
+  text->addWidget(lblDescription);
+  text->addWidget(lblDisclaimer);
   text->addStretch(1);
   auto* top = new QHBoxLayout;
   top->setSpacing(20);
@@ -68,6 +67,22 @@ frmEastern::frmEastern(std::int16_t langue, QWidget* parent) : QDialog(parent) {
   layout->addLayout(top);
   layout->addWidget(buttons);
   layout->setSizeConstraint(QLayout::SetFixedSize);
+  AppliqueLangue();
+}
+
+void frmEastern::AppliqueLangue() {
+  const auto texte = [this](int id) { return QString::fromStdString(Texte(state_.Langue, id)); };
+  setWindowTitle(texte(MsgId::APropos));
+  lblVersion->setText(texte(MsgId::Version).arg(VersionDuProgramme()));
+  lblDescription->setText(texte(MsgId::Description));
+  lblDisclaimer->setText(texte(MsgId::Licence));
+  Mnemonics letters;
+  cmdOK->setText(letters.Marque(Texte(state_.Langue, MsgId::BoutonOk)));
+}
+
+void frmEastern::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) AppliqueLangue();
 }
 
 }  // namespace talpena

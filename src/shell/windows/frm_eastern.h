@@ -1,7 +1,11 @@
 // frmEastern: the about box.
 #pragma once
 #include <QDialog>
-#include <cstdint>
+
+#include "platform/settings_state.h"
+
+class QLabel;
+class QPushButton;
 
 namespace talpena {
 
@@ -12,7 +16,21 @@ class frmEastern : public QDialog {
   Q_OBJECT
 
  public:
-  explicit frmEastern(std::int16_t langue, QWidget* parent = nullptr);
+  /// `state` outlives the box: its captions are in the language that it names.
+  explicit frmEastern(const SharedState& state, QWidget* parent = nullptr);
+
+  /// Captions in the current language.
+  void AppliqueLangue();
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  const SharedState& state_;
+  QLabel* lblVersion;
+  QLabel* lblDescription;
+  QLabel* lblDisclaimer;
+  QPushButton* cmdOK;
 };
 
 }  // namespace talpena

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "analysis/windows/frm_options_periodes.h"
+#include "analysis/windows/selection_form.h"
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "coords/windows/ajustement.h"
@@ -11,6 +12,7 @@
 #include "shell/windows/frm_aide.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/frm_message.h"
+#include "shell/windows/prefer.h"
 #include "shell/windows/start.h"
 #include "store/windows/edit_form.h"
 
@@ -35,15 +37,17 @@ using Window = std::unique_ptr<QWidget>;
 
 // clang-format off
 constexpr std::array windows = {
-    GalleryWindow{"about",   [](Context c) -> Window { return std::make_unique<frmEastern>(c.state.Langue); }},
+    GalleryWindow{"about",   [](Context c) -> Window { return std::make_unique<frmEastern>(c.state); }},
     GalleryWindow{"adjust",  [](Context c) -> Window { return std::make_unique<Ajustement>(c.state); }},
     GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
     GalleryWindow{"help",    CreeAide},
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
     GalleryWindow{"message", CreeAttente},
     GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io); }},
+    GalleryWindow{"preferences", [](Context c) -> Window { return std::make_unique<Prefer>(c.state, c.io, c.vue); }},
     GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.state, c.io, c.vue); }},
-    GalleryWindow{"splash",  [](Context) -> Window { return std::make_unique<Start>(); }},
+    GalleryWindow{"selection", [](Context c) -> Window { return std::make_unique<Selection>(c.state, c.io); }},
+    GalleryWindow{"splash",  [](Context c) -> Window { return std::make_unique<Start>(c.state); }},
 };
 // clang-format on
 

@@ -8,13 +8,13 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include "common/msg_id.h"
+#include "common/string_table.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/icons.h"
 
 namespace talpena {
 namespace {
-
-constexpr std::int16_t english = 1000;  // the settings that name a language are not read yet
 
 /// Version and date, a carriage return between them.
 QString TexteVersion() {
@@ -23,7 +23,8 @@ QString TexteVersion() {
 
 }  // namespace
 
-Start::Start(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint) {
+Start::Start(const SharedState& state, QWidget* parent)
+    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint), state_(state) {
   setObjectName(QStringLiteral("Start"));
   setWindowTitle(QStringLiteral("Talpena"));
   setAttribute(Qt::WA_QuitOnClose);
@@ -33,10 +34,7 @@ Start::Start(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::Frameless
   Image1->setObjectName(QStringLiteral("Image1"));
   Image1->setAccessibleName(QStringLiteral("Talpena"));
   Image1->setPixmap(Image(QStringLiteral("talpena"), palette(), 128, devicePixelRatioF()));
-  Label1 = new QLabel(QStringLiteral("<p style='font-size:xx-large'><b>Talpena</b></p>"
-                                     "<p>A desktop editor for biological distribution files<br>"
-                                     "Free software, GPL-3.0-or-later</p>"),
-                      this);
+  Label1 = new QLabel(this);
   Label1->setObjectName(QStringLiteral("Label1"));
   Label1->setToolTip(QStringLiteral("Click here for more information..."));
   Label1->setCursor(Qt::PointingHandCursor);
@@ -57,6 +55,20 @@ Start::Start(QWidget* parent) : QWidget(parent, Qt::SplashScreen | Qt::Frameless
   layout->setSpacing(28);
   layout->addWidget(Image1);
   layout->addLayout(texts);
+  AppliqueLangue();
+}
+
+void Start::AppliqueLangue() {
+  const auto texte = [this](int id) {
+    return QString::fromStdString(Texte(state_.Langue, id)).toHtmlEscaped();
+  };
+  Label1->setText(QStringLiteral("<p style='font-size:xx-large'><b>Talpena</b></p><p>%1<br>%2</p>")
+                      .arg(texte(MsgId::Description), texte(MsgId::Licence)));
+}
+
+void Start::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) AppliqueLangue();
 }
 
 void Start::Montre() {
@@ -79,7 +91,7 @@ void Start::keyPressEvent(QKeyEvent* event) {
 bool Start::eventFilter(QObject* object, QEvent* event) {
   if (event->type() != QEvent::MouseButtonPress) return QWidget::eventFilter(object, event);
   if (object == Label1) {
-    frmEastern(english, this).exec();
+    frmEastern(state_, this).exec();
   } else {
     close();
   }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "platform/dialogues.h"
+#include "platform/settings_state.h"
 
 class QLabel;
 
@@ -17,17 +18,24 @@ class Start : public QWidget {
   Q_OBJECT
 
  public:
-  explicit Start(QWidget* parent = nullptr);
+  /// `state` outlives the splash: its credits are in the language that it names, which the load of
+  /// the main window finds out.
+  explicit Start(const SharedState& state, QWidget* parent = nullptr);
+
+  /// Credits in the current language.
+  void AppliqueLangue();
 
   /// Centres and shows itself and lets the message loop run once.
   void Montre();
 
  protected:
+  void changeEvent(QEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
+  const SharedState& state_;
   QLabel* Image1;
   QLabel* Label1;  ///< credits
   QLabel* Label2;  ///< version and date

@@ -112,6 +112,7 @@ void EditForm::NommeChamps(Mnemonics& letters) {
                                        {LabelGrid, texte(MsgId::EditionChamps)},
                                        {LabelLibre, texte(MsgId::EditionTexteLibre)}};
   std::vector<std::string> captions;
+  captions.reserve(labels.size());
   for (const Legende& l : labels) captions.push_back(l.caption);
   const std::vector<QString> marked = letters.MarqueTous(captions);
   for (std::size_t i = 0; i < labels.size(); ++i) {

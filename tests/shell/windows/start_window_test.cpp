@@ -13,7 +13,8 @@ namespace talpena {
 namespace {
 
 TEST(Start, ShowsVersionAndDateInTheMiddleOfTheScreen) {
-  Start splash;
+  const SharedState state;
+  Start splash(state);
   splash.Montre();
   EXPECT_EQ(splash.findChild<QLabel*>("Label2")->text(), "version 3.0.0\n03.III.2011");
   EXPECT_EQ(splash.findChild<QLabel*>("Label1")->toolTip(), "Click here for more information...");
@@ -21,10 +22,22 @@ TEST(Start, ShowsVersionAndDateInTheMiddleOfTheScreen) {
   EXPECT_LE((splash.geometry().center() - middle).manhattanLength(), 2);
 }
 
+TEST(Start, SaysItsCreditsInTheLanguageThatTheLoadFindsOut) {
+  SharedState state;
+  Start splash(state);
+  const auto* credits = splash.findChild<QLabel*>("Label1");
+  EXPECT_TRUE(credits->text().contains("A desktop editor for biological distribution files"));
+  state.Langue = 0;
+  QEvent change(QEvent::LanguageChange);
+  QCoreApplication::sendEvent(&splash, &change);
+  EXPECT_TRUE(credits->text().contains(QString::fromUtf8("Un éditeur")));
+}
+
 TEST(Start, AClickClosesIt) {
   QApplication::setQuitOnLastWindowClosed(false);  // the test program goes on
   for (const char* where : {"", "Image1", "Label2"}) {
-    Start splash;
+    const SharedState state;
+    Start splash(state);
     splash.Montre();
     QWidget* target = *where == 0 ? &splash : splash.findChild<QWidget*>(QLatin1String(where));
     ASSERT_NE(target, nullptr) << where;
@@ -35,7 +48,8 @@ TEST(Start, AClickClosesIt) {
 
 TEST(Start, AClickOnTheCreditsShowsTheAboutBox) {
   QApplication::setQuitOnLastWindowClosed(false);
-  Start splash;
+  const SharedState state;
+  Start splash(state);
   splash.Montre();
   const test::DialogDriver driver("frmEastern", [](QDialog& box) { box.accept(); });
   QTest::mouseClick(splash.findChild<QWidget*>("Label1"), Qt::LeftButton);

@@ -472,11 +472,16 @@ TEST(EditForm, TheRemarkKeepsEveryCharacter) {
 }
 
 TEST(EditForm, EscapeClosesAnUnchangedFormWithoutAQuestion) {
-  FormMachine m;
-  m.Ouvre();
-  FormMachine::Touche(Qt::Key_Escape);
-  EXPECT_FALSE(m.form->isVisible());
-  EXPECT_TRUE(m.dialogues.boxes.empty());
+  for (const char* from : {"ChampPeriode", "ChampAnnee", "cmbSystem", "EditBox_2", "Grid",
+                           "ChampLibre", "ButNew"}) {
+    SCOPED_TRACE(from);
+    FormMachine m;
+    m.Ouvre();
+    m.PlaceFocus(from);
+    FormMachine::Touche(Qt::Key_Escape);
+    EXPECT_FALSE(m.form->isVisible());
+    EXPECT_TRUE(m.dialogues.boxes.empty());
+  }
 }
 
 TEST(EditForm, TheCloseBoxAsksAndStaysOnCancel) {

@@ -1,0 +1,50 @@
+// Selection: shows the rows that meet a condition.
+#pragma once
+#include <QDialog>
+#include <array>
+
+#include "analysis/selection.h"
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QRadioButton;
+
+namespace talpena {
+
+/// Modal dialog over the filter. It is accepted when OK went through; a condition that the engine
+/// refuses is told and stays for another try. Typing chooses the condition, a click on an example
+/// takes it over.
+class Selection : public QDialog {
+  Q_OBJECT
+
+ public:
+  Selection(StoreState& state, Platform& io, QWidget* parent = nullptr);
+
+  /// Captions in the current language; what was typed stays.
+  void AppliqueLangue();
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void Construit();
+  void Dispose();
+  void Relie();
+
+  void CmdSelect_Click(int index);
+  void PrendExemple(const QString& link);
+
+  StoreState& state_;
+  Platform& io_;
+
+  std::array<QRadioButton*, 2> OptSelect{};
+  QLineEdit* TxtSelect = nullptr;
+  QLabel* lblColonnes = nullptr;
+  QLabel* lblNoms = nullptr;  ///< of the columns
+  QLabel* lblExemples = nullptr;
+  QLabel* lblConditions = nullptr;  ///< the examples, as links
+  std::array<QPushButton*, 2> CmdSelect{};
+};
+
+}  // namespace talpena

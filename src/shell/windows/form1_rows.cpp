@@ -1,0 +1,56 @@
+// What Form1 shows of the rows as a whole: their filter and their order.
+#include <QAction>
+#include <QComboBox>
+#include <QLabel>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+#include "analysis/windows/selection_form.h"
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "shell/windows/form1.h"
+#include "store/filter.h"
+#include "store/sort.h"
+
+namespace talpena {
+
+void Form1::MnuSelection_Click() {
+  actions_.at("MnuSelection")->setChecked(filtered_);  // the click itself turned it over
+  Selection(state_, io_, this).exec();
+}
+
+/// Rows came or went, or other ones are shown.
+void Form1::SuitLignes() {
+  const bool before = filtered_;
+  filtered_ = FiltreActif(state_.Data1);
+  filterGone_ = before && !filtered_;
+  AfficheFiltre();
+  AfficheTri();
+}
+
+void Form1::AfficheFiltre() {
+  actions_.at("MnuSelection")->setChecked(filtered_);
+  std::string text = TexteFiltre(state_);
+  if (filterGone_) {
+    text =
+        AvecNombres(state_.Langue, Texte(state_.Langue, MsgId::FiltreRetire), CompteLignes(state_));
+  }
+  panels_[1]->setText(QString::fromStdString(text));
+  panels_[1]->setToolTip(
+      filtered_ ? QString::fromStdString(Texte(state_.Langue, MsgId::FiltreEtSauvegarde))
+                : QString());
+}
+
+/// The sort controls show the order that the rows have, whoever bound them.
+void Form1::AfficheTri() {
+  const std::optional<OrdreDeTri> order = OrdreDe(state_.Data1.RecordSource);
+  if (!order) return;
+  sortIndex_ = order->index;
+  sortDescending_ = order->descending;
+  const QSignalBlocker list(CmbTri);
+  const QSignalBlocker option(OptTri[1]);
+  CmbTri->setCurrentIndex(sortIndex_);
+  OptTri[sortDescending_ ? 1 : 0]->setChecked(true);
+}
+
+}  // namespace talpena
