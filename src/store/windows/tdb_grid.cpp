@@ -247,7 +247,12 @@ void TDBGrid::SuitPosition() {
 void TDBGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
   QTableView::currentChanged(current, previous);
   if (current.isValid()) column_ = current.column();
-  if (current.row() != previous.row()) viewport()->update();
+  if (current.row() != previous.row()) {
+    for (const int row : {previous.row(), current.row()}) {  // the tint of the current row
+      if (row < 0) continue;
+      viewport()->update(0, rowViewportPosition(row), viewport()->width(), rowHeight(row));
+    }
+  }
   if (following_ || !current.isValid() || current.row() == previous.row()) return;
   following_ = true;
   ExecuteCommande(state_, io_, {}, [&] {
