@@ -190,11 +190,11 @@ def adds_deletes_and_erases_by_keyboard(s):
     program = s.start(path)
     program.activate()
     # Two rows chosen from the second on, and deleted.
-    program.keys("ctrl+Home", "Down", "shift+space", "Down", "shift+space", "ctrl+Delete")
+    program.keys("ctrl+Home", "Down", "shift+space", "shift+Down", "ctrl+Delete")
     xdotool("windowactivate", "--sync", program.window("^Talpena$"))
     program.keys("alt+y")
     assert accessible(program, "1/1", "label") is not None
-    # Two lines added, the last one current; the first number erased in all rows.
+    # Two lines added, the last one current, and taken away again: empty lines cannot be saved.
     program.activate()
     program.keys("ctrl+l")
     xdotool("windowactivate", "--sync", program.window("^Talpena$"))
@@ -202,16 +202,23 @@ def adds_deletes_and_erases_by_keyboard(s):
     program.keys("Return")
     assert accessible(program, "3/3", "label") is not None
     program.activate()
+    program.keys("shift+Up", "ctrl+Delete")
+    xdotool("windowactivate", "--sync", program.window("^Talpena$"))
+    program.keys("alt+y")
+    assert accessible(program, "1/1", "label") is not None
+    # The first number erased in all rows, and the row doubled.
+    program.activate()
     program.keys("ctrl+Home", "Right", "Right", "Right", "ctrl+shift+Delete")
     xdotool("windowactivate", "--sync", program.window("^Talpena$"))
     program.keys("alt+y")
     time.sleep(0.3)
     program.activate()
-    program.keys("ctrl+Home", "ctrl+d", "ctrl+s")
-    wait_for("the save", lambda: os.path.exists(path) and len(s.rows(path)) == 4)
+    program.keys("ctrl+Home", "ctrl+d")
+    assert accessible(program, "2/2", "label") is not None
+    saves_file(program, path, lambda: len(s.rows(path)) == 2)
     rows = [columns(row) for row in s.rows(path)]
-    assert [row["n1"] for row in rows][0] == "0", rows
-    assert rows[3]["original"] == rows[0]["original"] == "deg +50.10000 +004.50000", rows
+    assert [row["n1"] for row in rows] == ["0", "0"], rows
+    assert [row["original"] for row in rows] == ["deg +50.10000 +004.50000"] * 2, rows
     program.keys("ctrl+q")
     assert program.ends() == 0
 

@@ -36,9 +36,10 @@ class RowHeader : public QHeaderView {
 
 /// Follows Data1: its rows, its values, its current row; and moves Data1 along with the cursor.
 /// A double click emits doubleClicked and edits nothing. Keys: typing or F2 edits, Enter and Tab
-/// store and go on to the next cell, Escape drops the edit, Ctrl+Tab leaves the grid. Shift+Space
-/// chooses the row and those up to it, Ctrl+Shift+Space adds the row or takes it out, Ctrl+Space
-/// chooses the column. Rows and columns are not chosen at the same time.
+/// store and go on to the next cell, Escape drops the edit, Ctrl+Tab leaves the grid. Shift with
+/// the arrows chooses rows; Shift+Space chooses the row and those up to it, Ctrl+Shift+Space adds
+/// the row or takes it out, Ctrl+Space chooses the column. Rows and columns are not chosen at the
+/// same time.
 class TDBGrid : public QTableView {
   Q_OBJECT
 
@@ -90,6 +91,9 @@ class TDBGrid : public QTableView {
   void OublieChoix();
   void NoteChoix(bool upwards);
   bool ChoisitParTouche(Qt::KeyboardModifiers modifiers);
+  /// Shift and a key that goes up or down: the rows from where such keys began to where they are.
+  bool EtendParTouche(const QKeyEvent& event);
+  static std::optional<CursorAction> Mouvement(const QKeyEvent& event);
   void MontreRefus();
   void Avance(int cells);
   int LargeurVoulue(int column) const;
@@ -107,6 +111,7 @@ class TDBGrid : public QTableView {
   bool choosing_ = false;         ///< rows or columns are being chosen by the program
   ChosenRows chosen_;
   int lastChosen_ = -1;  ///< row chosen last; -1 for none
+  int keyAnchor_ = -1;   ///< where choosing by Shift and arrows began; -1 when it did not
   int chosenTop_ = -1;   ///< rows that were chosen together with it
   int chosenBottom_ = -1;
   std::optional<ColumnRange> columns_;

@@ -1,6 +1,8 @@
 // Choosing rows and columns, by mouse and keyboard.
 #include <QApplication>
+#include <QKeyEvent>
 #include <algorithm>
+#include <optional>
 
 #include "store/windows/grid_model.h"
 #include "store/windows/tdb_grid.h"
@@ -21,6 +23,28 @@ ColumnRange AvecColonne(ColumnRange chosen, int column) {
 
 }  // namespace
 
+/// Where a key goes that chooses rows with Shift; empty for other keys.
+std::optional<TDBGrid::CursorAction> TDBGrid::Mouvement(const QKeyEvent& event) {
+  if (!event.modifiers().testFlag(Qt::ShiftModifier)) return std::nullopt;
+  const bool control = event.modifiers().testFlag(Qt::ControlModifier);
+  switch (event.key()) {
+    case Qt::Key_Up:
+      return MoveUp;
+    case Qt::Key_Down:
+      return MoveDown;
+    case Qt::Key_PageUp:
+      return MovePageUp;
+    case Qt::Key_PageDown:
+      return MovePageDown;
+    case Qt::Key_Home:
+      return control ? std::optional(MoveHome) : std::nullopt;
+    case Qt::Key_End:
+      return control ? std::optional(MoveEnd) : std::nullopt;
+    default:
+      return std::nullopt;
+  }
+}
+
 /// The headings choose columns; the view's own way would also move the cursor to another row.
 void TDBGrid::RelieTitres() {
   QHeaderView* headings = horizontalHeader();
@@ -35,7 +59,7 @@ void TDBGrid::RelieTitres() {
 void TDBGrid::OublieChoix() {
   chosen_.Vide();
   columns_.reset();
-  lastChosen_ = -1;
+  lastChosen_ = keyAnchor_ = -1;
 }
 
 void TDBGrid::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
@@ -56,6 +80,7 @@ void TDBGrid::NoteChoix(bool upwards) {
 }
 
 void TDBGrid::ChoisitLigne(int row, Qt::KeyboardModifiers modifiers) {
+  keyAnchor_ = -1;
   const int last = lastChosen_;
   const bool extend = modifiers.testFlag(Qt::ShiftModifier) && last >= 0;
   const bool more = modifiers.testFlag(Qt::ControlModifier) && last >= 0;
@@ -118,6 +143,19 @@ void TDBGrid::SelectionneColonnes(ColumnRange columns) {
   OublieChoix();
   columns_ = columns;
   columnAnchor_ = columns.first;
+}
+
+bool TDBGrid::EtendParTouche(const QKeyEvent& event) {
+  const std::optional<CursorAction> move = Mouvement(event);
+  if (!move || !currentIndex().isValid()) return false;
+  const int here = currentIndex().row();
+  const int anchor = keyAnchor_ >= 0 && lastChosen_ == here ? keyAnchor_ : here;
+  const int there = moveCursor(*move, event.modifiers() & Qt::ControlModifier).row();
+  if (there < 0) return false;
+  ChoisitLigne(anchor, {});
+  ChoisitLigne(there, Qt::ShiftModifier);
+  keyAnchor_ = anchor;
+  return true;
 }
 
 bool TDBGrid::ChoisitParTouche(Qt::KeyboardModifiers modifiers) {

@@ -113,6 +113,7 @@ void TDBGrid::keyPressEvent(QKeyEvent* event) {
       if (ChoisitParTouche(event->modifiers())) return;
       break;
     default:
+      if (EtendParTouche(*event)) return;
       break;
   }
   QTableView::keyPressEvent(event);

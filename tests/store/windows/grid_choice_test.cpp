@@ -119,6 +119,24 @@ TEST(GridRows, TheKeyboardChoosesExtendsAndTakesOut) {
   EXPECT_EQ(g.state.Data1.recordset().AbsolutePosition(), 3) << "the cursor's row";
 }
 
+TEST(GridRows, ShiftAndTheArrowsChooseFromWhereTheyBegan) {
+  ShownGrid g(10);
+  g.grid.setCurrentIndex(g.Cellule(4, n1));
+  QTest::keyClick(&g.grid, Qt::Key_Down, Qt::ShiftModifier);
+  QTest::keyClick(&g.grid, Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{5, 6, 7}));
+  QTest::keyClick(&g.grid, Qt::Key_Up, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{5, 6})) << "back again takes the last one out";
+  for (int i = 0; i < 3; ++i) QTest::keyClick(&g.grid, Qt::Key_Up, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{5, 4, 3})) << "upwards";
+  EXPECT_EQ(g.state.Data1.recordset().AbsolutePosition(), 2);
+  QTest::keyClick(&g.grid, Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{5, 6, 7, 8, 9, 10}));
+  g.grid.ChoisitLigne(1, {});
+  QTest::keyClick(&g.grid, Qt::Key_Down, Qt::ShiftModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{2, 3})) << "a row chosen otherwise begins anew";
+}
+
 TEST(GridRows, AreForgottenWhenRowsAreAddedOrDeleted) {
   ShownGrid g(5);
   g.grid.ChoisitLigne(1, {});
