@@ -142,9 +142,9 @@ class FakeView : public MainWindowView {
   std::array<std::string, 4> derniers;
   bool menusActifs = false, sablier = false, barre = false, titresVisibles = false,
        grilleVisible = false;
-  int periodes = 0;                 ///< how often frmOptionsPeriodes was shown
-  bool ajustement = true;           ///< what Ajustement answers
-  std::vector<Bookmark> selection;  ///< rows chosen in the grid
+  int periodes = 0;                     ///< how often frmOptionsPeriodes was shown
+  bool ajustement = true;               ///< what Ajustement answers
+  std::vector<Bookmark> selection;      ///< rows chosen in the grid
   std::optional<ColumnRange> colonnes;  ///< columns chosen in the grid
   int colonneCourante = 0;
   bool suivantActif = false;

@@ -25,7 +25,8 @@ class QtDialogues : public Dialogues {
   void ChangeParent(QWidget* parent) { parent_ = parent; }
 
   /// The buttons of message and input boxes, and all of the toolkit's own dialogs, speak this
-  /// language from now on, whatever it becomes, also while they are up; until then they have the toolkit's captions.
+  /// language from now on, whatever it becomes, also while they are up; until then they have the
+  /// toolkit's captions.
   void SuitLangue(const std::int16_t& langue);
 
   Answer Demande(const MessageBox& box) override;

@@ -472,8 +472,8 @@ TEST(EditForm, TheRemarkKeepsEveryCharacter) {
 }
 
 TEST(EditForm, EscapeClosesAnUnchangedFormWithoutAQuestion) {
-  for (const char* from : {"ChampPeriode", "ChampAnnee", "cmbSystem", "EditBox_2", "Grid",
-                           "ChampLibre", "ButNew"}) {
+  for (const char* from :
+       {"ChampPeriode", "ChampAnnee", "cmbSystem", "EditBox_2", "Grid", "ChampLibre", "ButNew"}) {
     SCOPED_TRACE(from);
     FormMachine m;
     m.Ouvre();
