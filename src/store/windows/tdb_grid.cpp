@@ -240,7 +240,9 @@ void TDBGrid::SuitPosition() {
   const auto row = static_cast<int>(state_.Data1.recordset().AbsolutePosition());
   if (row < 0 || row >= model_->rowCount() || row == currentIndex().row()) return;
   following_ = true;
-  setCurrentIndex(model_->index(row, column_));
+  // Whatever keys brought Data1 here: one cell is chosen, and nothing besides.
+  selectionModel()->setCurrentIndex(model_->index(row, column_),
+                                    QItemSelectionModel::ClearAndSelect);
   following_ = false;
 }
 

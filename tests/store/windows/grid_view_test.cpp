@@ -72,6 +72,17 @@ TEST(Grid, ItsRowIsTheProgramsCurrentRow) {
   EXPECT_EQ(g.grid.currentIndex().column(), n1) << "the column stays";
 }
 
+TEST(Grid, ChoosesOneCellWhateverKeysMovedTheProgramsRow) {
+  ShownGrid g;
+  g.grid.setCurrentIndex(g.Cellule(2, n1));
+  QTest::keyPress(g.grid.windowHandle(), Qt::Key_Control, Qt::ControlModifier);
+  ASSERT_EQ(QGuiApplication::keyboardModifiers(), Qt::ControlModifier);
+  g.state.Data1.recordset().MoveLast();
+  g.state.Data1.SignalePosition();
+  QTest::keyRelease(g.grid.windowHandle(), Qt::Key_Control);
+  EXPECT_EQ(g.grid.selectionModel()->selectedIndexes(), QModelIndexList{g.Cellule(4, n1)});
+}
+
 TEST(Grid, TellsThePositionOfAnEmptyTable) {
   GridMachine m(0);
   EXPECT_EQ(TextePosition(m.state.Data1), "");
