@@ -103,6 +103,22 @@ class Scenario:
         with open(path, encoding="cp1252", newline="") as lines:
             return lines.read().split("\r\n")[len(HEAD):-1]
 
+    def saves_the_same_again(self, path):
+        """A file that was read back is written as it stands."""
+        first = self.bytes(path)
+        again = self.start(path)
+        again.activate()
+        again.keys("ctrl+s")
+        time.sleep(1)
+        assert self.bytes(path) == first
+        again.keys("ctrl+q")
+        assert again.ends() == 0
+
+    @staticmethod
+    def bytes(path):
+        with open(path, "rb") as file:
+            return file.read()
+
     def clean(self):
         for program in self.running:
             program.kill()

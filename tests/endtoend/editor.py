@@ -140,15 +140,7 @@ def finds_edits_in_the_form_saves_and_reopens(s):
     assert rows[1]["comment"] == "row 1", rows
     program.keys("ctrl+q")
     assert program.ends() == 0
-
-    first = open(path, "rb").read()
-    again = s.start(path)
-    again.activate()
-    again.keys("ctrl+s")
-    time.sleep(1)
-    assert open(path, "rb").read() == first, "a file that was read back saves the same"
-    again.keys("ctrl+q")
-    assert again.ends() == 0
+    s.saves_the_same_again(path)
 
 
 def keeps_what_is_typed_until_it_is_saved_or_dropped(s):

@@ -1,7 +1,6 @@
 """The table of the main window, by keyboard."""
 
 import os
-import time
 
 from driver import HEAD, accessible, wait_for
 
@@ -18,14 +17,7 @@ def opens_edits_saves_by_keyboard(s):
     assert [row[21:26] for row in s.rows(path)] == ["   42", "   10", "   20"]
     program.keys("ctrl+q")
     assert program.ends() == 0
-    first = open(path, "rb").read()
-    again = s.start(path)
-    again.activate()
-    again.keys("ctrl+s")
-    time.sleep(1)
-    assert open(path, "rb").read() == first, "a file that was read back saves the same"
-    again.keys("ctrl+q")
-    assert again.ends() == 0
+    s.saves_the_same_again(path)
 
 
 def sorts_and_keeps_a_refused_cell_in_edit(s):
