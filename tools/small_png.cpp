@@ -19,6 +19,7 @@ std::vector<QRgb> CouleursParNombre(const QImage& image) {
     for (int x = 0; x < image.width(); ++x) ++counts[image.pixel(x, y)];
   }
   std::vector<QRgb> colours;
+  colours.reserve(counts.size());
   for (const auto& [colour, count] : counts) colours.push_back(colour);
   std::stable_sort(colours.begin(), colours.end(),
                    [&](QRgb a, QRgb b) { return counts[a] > counts[b]; });

@@ -95,6 +95,7 @@ void PrendDatum(const StoreState& state, RecordScreen& ecran, std::int16_t datum
 std::vector<std::string> NomsDesSystemes(std::int16_t langue) {
   constexpr int first = 8;  // systems up to LMB have their ids in one run, the others in another
   std::vector<std::string> names;
+  names.reserve(CoordSystemCount);
   for (int i = 0; i < CoordSystemCount; ++i) {
     names.push_back(
         Texte(langue, i < first ? MsgId::PremierSysteme + i : MsgId::IfblBelgique + i - first));
