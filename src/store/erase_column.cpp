@@ -35,6 +35,7 @@ void EffaceChamps(CommandContext c, const std::vector<int>& chosen) {
   Transaction transaction(*c.state.WorkingDb);
   if (!chosen.empty()) {
     std::vector<Cell> empty;
+    empty.reserve(chosen.size());
     for (const int field : chosen) {
       empty.push_back(EstNombre(field) ? Cell::Of(std::int64_t{0}) : Cell::Of(std::string_view()));
     }
