@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Builds and runs every test: formatting, the tests of the dev build (warnings are errors), the
-# same tests under the sanitizers, a minute of fuzzing for each reader, and a start of the program.
+# same tests under the sanitizers, half a minute of fuzzing for each reader, and a start of the program.
 # With --lint the linter looks at every source file too, which takes minutes at the first time.
 # Stages that passed on exactly these sources are not run again; --all runs them all the same.
 # Ends on one plain line: N passed, N failed.
@@ -21,7 +21,7 @@ done
 mkdir -p build/stamps
 passed=0
 failed=0
-fuzz_seconds=${TALPENA_FUZZ_SECONDS:-60}
+fuzz_seconds=${TALPENA_FUZZ_SECONDS:-30}
 lint=no
 for option in "$@"; do
   case $option in
