@@ -57,6 +57,24 @@ class Program:
         xdotool("windowactivate", "--sync", number)
         return number
 
+    def brings(self, title, *names):
+        """Presses keys until a window comes up, and activates it: a program that is still busy
+        with the command before does not hear them."""
+        def press():
+            self.keys(*names)
+            end = time.monotonic() + 3
+            while time.monotonic() < end:
+                found = xdotool("search", "--all", "--onlyvisible", "--pid", str(self.process.pid),
+                                "--name", title)
+                if found:
+                    return found[-1]
+                time.sleep(0.05)
+            return None
+
+        number = wait_for(f"window {title}", press)
+        xdotool("windowactivate", "--sync", number)
+        return number
+
     def keys(self, *names, pause=0.15):
         for name in names:
             xdotool("key", "--clearmodifiers", name)

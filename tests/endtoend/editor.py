@@ -34,10 +34,7 @@ def columns(row):
 
 
 def opens_form(program):
-    program.keys("ctrl+Return")
-    number = program.window(FORM)
-    xdotool("windowactivate", "--sync", number)
-    return number
+    return program.brings(FORM, "ctrl+Return")
 
 
 def closes_form(program):
@@ -114,8 +111,7 @@ def finds_edits_in_the_form_saves_and_reopens(s):
     path = s.file([30, 10, 20])
     program = s.start(path)
     program.activate()
-    program.keys("ctrl+f")
-    xdotool("windowactivate", "--sync", program.window("^Find$"))
+    program.brings("^Find$", "ctrl+f")
     program.type("ROW 1")
     program.keys("Return")
     assert accessible(program, "2/3", "label") is not None
@@ -182,26 +178,25 @@ def adds_deletes_and_erases_by_keyboard(s):
     program = s.start(path)
     program.activate()
     # Two rows chosen from the second on, and deleted.
-    program.keys("ctrl+Home", "Down", "shift+space", "shift+Down", "ctrl+Delete")
-    xdotool("windowactivate", "--sync", program.window("^Talpena$"))
+    program.keys("ctrl+Home", "Down", "shift+space", "shift+Down")
+    program.brings("^Talpena$", "ctrl+Delete")
     program.keys("alt+y")
     assert accessible(program, "1/1", "label") is not None
     # Two lines added, the last one current, and taken away again: empty lines cannot be saved.
     program.activate()
-    program.keys("ctrl+l")
-    xdotool("windowactivate", "--sync", program.window("^Talpena$"))
+    program.brings("^Talpena$", "ctrl+l")
     program.type("2")
     program.keys("Return")
     assert accessible(program, "3/3", "label") is not None
     program.activate()
-    program.keys("shift+Up", "ctrl+Delete")
-    xdotool("windowactivate", "--sync", program.window("^Talpena$"))
+    program.keys("shift+Up")
+    program.brings("^Talpena$", "ctrl+Delete")
     program.keys("alt+y")
     assert accessible(program, "1/1", "label") is not None
     # The first number erased in all rows, and the row doubled.
     program.activate()
-    program.keys("ctrl+Home", "Right", "Right", "Right", "ctrl+shift+Delete")
-    xdotool("windowactivate", "--sync", program.window("^Talpena$"))
+    program.keys("ctrl+Home", "Right", "Right", "Right")
+    program.brings("^Talpena$", "ctrl+shift+Delete")
     program.keys("alt+y")
     time.sleep(0.3)
     program.activate()
