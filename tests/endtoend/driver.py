@@ -2,6 +2,7 @@
 accessibility tree."""
 
 import os
+import re
 import shutil
 import subprocess
 import tempfile
@@ -48,11 +49,14 @@ class Program:
             "search", "--all", "--onlyvisible", "--pid", str(self.process.pid), "--name", title))[-1]
 
     def activate(self, title="^Talpena - "):
-        """Waits until the file is loaded: the window that says so has closed."""
+        """Waits until the file is loaded: the window that says so has closed, and the status bar
+        tells the row."""
         number = self.window(title)
         wait_for("the load", lambda: not xdotool(
             "search", "--all", "--onlyvisible", "--pid", str(self.process.pid), "--name",
             "^Talpena$"))
+        wait_for("the rows", lambda: any(
+            re.fullmatch(r"\d+/\d+", node.name or "") for node in descendants(application(self))))
         time.sleep(0.3)
         xdotool("windowactivate", "--sync", number)
         return number
