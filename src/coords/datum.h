@@ -31,6 +31,9 @@ void ChargeDatums(CoordState& state, Platform& io);
 /// catalogue lacks it. 0 is outside the catalogue: callers test it (message 808).
 std::int16_t ChercheDatum(const DatumCatalogue& catalogue, std::string_view code);
 
+/// Whether coordinates in UTM and MGRS may stand on a datum (message 807).
+inline bool PermetUtm(const DatumRecord& datum) { return datum.use >= 2; }
+
 /// Beeps and tells message 808 with the codes, one or more in one text, that the catalogue lacks.
 void DitDatumAbsent(const CoordState& state, Platform& io, std::string_view codes);
 

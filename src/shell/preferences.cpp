@@ -16,14 +16,11 @@ namespace talpena {
 namespace {
 
 constexpr std::size_t codeWidth = 5;
-constexpr std::int16_t useUtm = 2;  // DatumRecord::use, and above
 
 // The same words in every language.
 constexpr const char* titreDossier = "Please choose a folder";
 constexpr const char* redemarrer =
     "You have to restart Talpena in order to change the temporary working folder";
-
-bool PermetUtm(const DatumRecord& datum) { return datum.use >= useUtm; }
 
 /// The entry of a code; the code itself when the catalogue lacks it.
 std::string EntreeDuCode(const DatumCatalogue& catalogue, const std::string& code) {

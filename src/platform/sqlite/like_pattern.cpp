@@ -2,9 +2,9 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 #include <cstring>
 
+#include "common/text.h"
 #include "platform/sqlite/errors.h"
 #include "platform/sqlite/utf8.h"
 
@@ -20,18 +20,6 @@ constexpr std::array<char, 256> MinusculesAscii() {
 }
 
 constexpr std::array<char, 256> lower = MinusculesAscii();
-
-bool EstAscii(std::string_view text) {
-  std::uint64_t high = 0;
-  std::size_t at = 0;
-  for (; at + sizeof high <= text.size(); at += sizeof high) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, text.data() + at, sizeof word);
-    high |= word;
-  }
-  for (; at < text.size(); ++at) high |= static_cast<unsigned char>(text[at]);
-  return (high & 0x8080808080808080U) == 0;
-}
 
 char Minuscule(char c) { return lower[static_cast<unsigned char>(c)]; }
 

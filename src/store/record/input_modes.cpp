@@ -18,8 +18,6 @@ namespace {
 constexpr std::array<std::string_view, 7> specialCodes{"",    "EUR-M", "NTF", "OGB-M",
                                                        "IRL", "BEL72", "MER"};
 
-constexpr std::int16_t forUtm = 2;  ///< DatumRecord::use from which a datum serves UTM and MGRS
-
 /// What stands beside the boxes of a system: an id of the string table, or a text as it is.
 struct Example {
   int id = 0;
@@ -66,7 +64,7 @@ bool MemeSens(CoordSystem a, CoordSystem b) {
 }
 
 bool SertUtm(const StoreState& state, std::int16_t datum) {
-  return state.Catalogue.Datum(datum).use >= forUtm;
+  return PermetUtm(state.Catalogue.Datum(datum));
 }
 
 /// The datum that a row has in a system which implies none.
