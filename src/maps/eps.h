@@ -1,0 +1,42 @@
+// The map on show as an encapsulated PostScript file.
+#pragma once
+#include <string>
+#include <string_view>
+
+#include "maps/map_context.h"
+#include "platform/files.h"
+
+namespace talpena {
+
+/// The output channel: lines in code page 1252, ended by CR LF, gathered in blocks.
+class EpsOutput {
+ public:
+  explicit EpsOutput(OutputFile& file) : file_(file) {}
+  EpsOutput(const EpsOutput&) = delete;
+  EpsOutput& operator=(const EpsOutput&) = delete;
+  void Ligne(std::string_view utf8);
+  void LigneBrute(std::string_view bytes);  ///< as they stand, but for the line end
+  void Vide();                              ///< hands what was gathered to the file
+
+ private:
+  OutputFile& file_;
+  std::string waiting_;
+};
+
+/// Save dialog, then FaitEPS.
+void Imprime(MapContext c, int mode);
+
+/// Writes the file; mode 1 is colour.
+void FaitEPS(MapContext c, const std::string& file, int mode);
+
+/// Each of 68 characters as a backslash and three octal digits.
+void ChangeAccents(std::string& text);
+
+/// Place of a projected point on the page, in points.
+struct PagePoint {
+  float x = 0;
+  float y = 0;
+};
+PagePoint SurPage(const MapState& carte, float X, float Y);
+
+}  // namespace talpena

@@ -1,0 +1,26 @@
+// The rows of the distribution on the map, and clicks that add and take back rows.
+#pragma once
+#include <cstdint>
+
+#include "maps/map_context.h"
+
+namespace talpena {
+
+/// Draws the chosen rows, or all, on the canvas; with `eps` as lines of that file. Mode 1 is
+/// colour, any other grey.
+void PlotDistri(MapContext c, EpsOutput* eps, int mode);
+
+/// Shape 1 is a circle of the diameter in user units; no other shape is drawn.
+void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std::uint32_t colour,
+                FillStyle fill);
+
+/// Diameter of the symbols in user units.
+float DiametreSymbole(const MapState& carte, const MapOption& options);
+
+/// A press of the left button: a new row at the position (user units), chosen in the grid.
+void AjouteLigneCarte(MapContext c, float x, float y);
+
+/// A press of the right button: takes back the row that was chosen last.
+void RetireLigneCarte(MapContext c);
+
+}  // namespace talpena

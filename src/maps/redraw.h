@@ -1,0 +1,22 @@
+// The whole map drawn anew, its line layers, and the position under the mouse.
+#pragma once
+#include <string>
+
+#include "maps/map_context.h"
+
+namespace talpena {
+
+/// Picture, layers, grid, distribution.
+void RedrawMap(MapContext c);
+
+/// One line layer (.tlp); nothing happens when the file does not exist.
+void AfficheTLP(MapContext c, const std::string& path);
+
+/// The three panels of the status bar for a position in user units. A position that the projection
+/// cannot invert leaves them empty.
+void MontrePosition(MapContext c, float x, float y);
+
+/// The canvas as a bitmap file.
+void SauveImage(MapContext c);
+
+}  // namespace talpena
