@@ -179,11 +179,12 @@ TEST_F(PlotDistriTest, PointsOffTheMapAndBehindTheGlobeGoToTheCanvas) {
 }
 
 TEST_F(PlotDistriTest, ARowThatCannotBeProjectedDoesNotEndTheMap) {
-  w.OuvreCode(3, -10, -20, 10, 20);  // the antipode of its centre has no projection
+  w.OuvreCode(3, 0, -20, 0, 20);  // the antipode of its centre has no projection
   w.Remplit({{0, 180}, {5, 5}});
   Trace();
   const auto circles = w.canvas.Appels("Circle");
   ASSERT_EQ(circles.size(), 2U);
+  EXPECT_EQ(circles[0].numbers[0], double{HORS_CARTE});
   EXPECT_NEAR(circles[1].numbers[1], Km(5), 3);
 }
 
