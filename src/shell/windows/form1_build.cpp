@@ -16,7 +16,7 @@
 #include <QVBoxLayout>
 
 #include "shell/windows/form1.h"
-#include "shell/windows/icons.h"
+#include "platform/qt/icons.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {
