@@ -305,18 +305,23 @@ Font QtDialogues::ChoisitPolice(const Font& start) {
 }
 
 void QtDialogues::Imprime() {
-  QPrintDialog window(&Imprimante().Natif(), Parent());
+  QPrintDialog window(&ImprimanteNative(), Parent());
   window.setObjectName(u"PrintDialog"_s);
   Execute(window);
 }
 
-QtPrinter& QtDialogues::Imprimante() {
+Printer& QtDialogues::Imprimante() {
   if (!printer_) printer_ = std::make_unique<QtPrinter>();
   return *printer_;
 }
 
+QPrinter& QtDialogues::ImprimanteNative() {
+  Imprimante();
+  return printer_->Natif();
+}
+
 void QtDialogues::Apercu(const std::function<void(Printer&)>& dessine) {
-  QPrintPreviewDialog window(&Imprimante().Natif(), Parent());
+  QPrintPreviewDialog window(&ImprimanteNative(), Parent());
   window.setObjectName(u"PrintPreviewDialog"_s);
   window.setWindowFlag(Qt::WindowMaximizeButtonHint);
   std::exception_ptr failure;  // none may travel through the event loop

@@ -7,6 +7,7 @@
 #include "platform/dialogues.h"
 
 class QDialog;
+class QPrinter;
 
 namespace talpena {
 
@@ -39,8 +40,11 @@ class QtDialogues : public Dialogues {
   std::uint32_t ChoisitCouleur(std::uint32_t start) override;
   Font ChoisitPolice(const Font& start) override;
   void Imprime() override;
-  QtPrinter& Imprimante() override;
+  Printer& Imprimante() override;
   void Apercu(const std::function<void(Printer&)>& dessine) override;
+
+  /// The current printer as the toolkit has it.
+  QPrinter& ImprimanteNative();
 
  private:
   QWidget* Parent() const;
