@@ -29,13 +29,17 @@ void InitBoite(MapState& carte);
 /// DivisionByZero (11).
 void Project(const MapState& carte, float lat, float lon, float& X, float& Y);
 
-/// The same for many points, results equal to those of Project. A point that fails gives
-/// HORS_CARTE twice.
+/// The same for many points, results equal to those of Project: also where it writes one of them
+/// (Y behind a polar map) or none. A point that fails gives HORS_CARTE twice.
 void ProjectPoints(const MapState& carte, std::span<const float> lat, std::span<const float> lon,
                    std::span<float> X, std::span<float> Y);
 
 /// Kilometres to latitude and longitude in radians. With a code outside 1 to 13 nothing is written.
+/// Faults of the arithmetic are raised as by Project; it ends for every X and Y.
 void ProjectionInverse(const MapState& carte, float X, float Y, float& lat, float& lon);
+
+/// A longitude, degrees, moved by the shift of the map file. No drawing goes through it.
+float ChangeLongi(const MapState& carte, float lon);
 
 float radian(float degrees);
 float Degre(float radians);
