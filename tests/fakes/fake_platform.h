@@ -23,6 +23,7 @@ class FakePrinter : public Printer {
   std::vector<PagePlace> pages;
   std::vector<double> finesses;  ///< asked of CreeCanevas
   std::function<std::unique_ptr<Canvas>()> canevas;
+  std::function<void(Canvas&)> surPage;  ///< looks at what is printed
   void ChangeOrientation(bool p) override { paysage = p; }
   PageArea ZoneImprimable() const override {
     return paysage ? PageArea{zone.height, zone.width} : zone;
@@ -31,7 +32,10 @@ class FakePrinter : public Printer {
     finesses.push_back(points);
     return canevas();
   }
-  void ImprimePage(Canvas&, const PagePlace& place) override { pages.push_back(place); }
+  void ImprimePage(Canvas& canvas, const PagePlace& place) override {
+    pages.push_back(place);
+    if (surPage) surPage(canvas);
+  }
 };
 
 /// Answers boxes from a script, in order, and records every one. A box that the script did not

@@ -15,8 +15,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-#include "shell/windows/form1.h"
 #include "platform/qt/icons.h"
+#include "shell/windows/form1.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {

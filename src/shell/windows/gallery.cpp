@@ -46,7 +46,8 @@ std::unique_ptr<QWidget> CreeOptionsCarte(const GalleryContext& c) {
   MapState map;
   map.CodeProjection = 1;
   MapOption options;
-  for (const char* layer : {"/coasts.tlp", "/rivers.tlp"}) options.Add(c.state.AppDir + "/carto" + layer);
+  for (const char* layer : {"/coasts.tlp", "/rivers.tlp"})
+    options.Add(c.state.AppDir + "/carto" + layer);
   return std::make_unique<frmCartesOptions>(c.state, c.io, map, options, OngletCartes::Tlp);
 }
 
