@@ -28,6 +28,7 @@ void frmCarte::Commande(Body body) {
 void frmCarte::Charge() {
   chargee_ = true;
   Commande([this] { ChargeVue(Contexte()); });
+  AppliqueTitre();
 }
 
 void frmCarte::Montre(bool choisit) {

@@ -69,8 +69,8 @@ TEST(FrmCartesOptions, OpensOnTheTabAskedFor) {
 TEST(FrmCartesOptions, LabelsTheDiameterTheSameInEveryLanguage) {
   OptionsMachine m;
   m.Ouvre(OngletCartes::Symboles);
-  for (const std::int16_t langue : {0, 1000, 3000, 4000, 5000}) {
-    m.state.Langue = langue;
+  for (const int langue : {0, 1000, 3000, 4000, 5000}) {
+    m.state.Langue = static_cast<std::int16_t>(langue);
     m.dialog->AppliqueLangue();
     EXPECT_EQ(m.Enfant<QLabel>("lblDiametre")->text().remove(QLatin1Char('&')).toStdString(),
               "Diamètre (en m):");

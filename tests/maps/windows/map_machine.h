@@ -90,6 +90,7 @@ struct MapMachine : CoordsWorld {
   /// A pixel of the picture as a point of the widget.
   QPoint Point(int x, int y) const { return Vue()->DansLaVue(QPointF(x, y)).toPoint(); }
   void Survole(int x, int y) const {
+    QTest::mouseMove(Vue(), Point(x, y) + QPoint(1, 1));  // none is told that it did not move
     QTest::mouseMove(Vue(), Point(x, y));
     Traite();
   }
