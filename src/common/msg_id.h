@@ -113,6 +113,29 @@ inline constexpr int IfblHorsLimites = 957;  // "There is no IFBL code here: x g
 inline constexpr int MetresAttendus = 958;   // "x and y are plain numbers, in metres."
 inline constexpr int IfblSansCarre = 959;    // "No square of the IFBL grid has this code."
 
+// Map view. Captions of its menus are listed there.
+inline constexpr int CarteOuvrir = 410;      // "&Open map..."
+inline constexpr int CarteOptions = 420;     // "Options"
+inline constexpr int CarteImprimer = 421;    // "Print"
+inline constexpr int CarteTableau = 422;     // "Table"
+inline constexpr int CarteMaille = 423;      // "Grid"
+inline constexpr int CarteFermer = 424;      // "Close"
+inline constexpr int CarteEps = 425;         // "Drawing for print (EPS)"
+inline constexpr int CarteFermerAide = 426;  // "Close the map"
+inline constexpr int AucuneCarte = 427;      // "No map is open"
+inline constexpr int CarteTouches = 428;     // "The arrow keys move a cross, ten pixels ..."
+
+// Map options.
+inline constexpr int CartesOptionsFenetre = 430;  // "Map options"
+inline constexpr int OngletSymboles = 431;        // "Symbols"
+inline constexpr int OngletTlp = 432;             // "Line layers"
+inline constexpr int CouleurSymboles = 433;       // "Colour of the symbols:"
+inline constexpr int AjouteCouche = 434;          // "Add..."
+inline constexpr int RetireCouche = 435;          // "Remove"
+inline constexpr int MonteCouche = 436;           // "Move up", and "Move down" behind it
+inline constexpr int OrdreCouches = 438;          // "Layers in the order of drawing:"
+inline constexpr int CarteSansCouches = 439;      // "This map is not georeferenced: no layer ..."
+
 // Raster maps.
 inline constexpr int DiametrePoints = 231;       // "Points diametre (in km):"
 inline constexpr int GardeNouveauxPoints = 550;  // "Save new points?"

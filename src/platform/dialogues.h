@@ -1,8 +1,11 @@
 // What the user is asked and told in boxes of their own.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
+
+#include "platform/printer.h"
 
 namespace talpena {
 
@@ -52,6 +55,10 @@ class Dialogues {
   virtual std::uint32_t ChoisitCouleur(std::uint32_t start) = 0;  ///< 0xBBGGRR
   virtual Font ChoisitPolice(const Font& start) = 0;
   virtual void Imprime() = 0;  ///< the print dialog; the printer that it set is the current one
+  virtual Printer& Imprimante() = 0;  ///< the current printer
+  /// What `dessine` prints, on the screen, where it can be printed. A failure of `dessine` closes
+  /// it and goes on to the caller. Leaving it is no Cancel.
+  virtual void Apercu(const std::function<void(Printer&)>& dessine) = 0;
 };
 
 }  // namespace talpena

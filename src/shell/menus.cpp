@@ -136,7 +136,7 @@ constexpr std::array visualiser = {
     MenuEntry{.control = "MnuVisNamer", .base = 62},
     MenuEntry{.control = "MnuVisSamer", .base = 63},
     MenuEntry{.control = "MnuVisAsiocea", .base = 64},
-    MenuEntry{.control = "MnuVisAutre", .base = 65},
+    MenuEntry{.control = "MnuVisAutre", .base = 65, .command = MenuCommand::VisAutre},
 };
 constexpr std::array couleurs = {
     MenuEntry{.control = "MnuGrille", .base = 73, .command = MenuCommand::Grille},
@@ -234,6 +234,7 @@ bool VaSurLesLignes(MenuCommand command) {
     case MenuCommand::AjustGrid:
     case MenuCommand::AjustIFBL:
     case MenuCommand::DatumFichier:
+    case MenuCommand::VisAutre:
       return true;
     default:
       return false;

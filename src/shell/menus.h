@@ -40,6 +40,7 @@ enum class MenuCommand : std::uint8_t {
   IFBLGrid,      ///< grid lines of 4 and 1 km
   IFBLGridPolygon,
   Grid,  ///< grid lines of 32 by 20 km
+  VisAutre,  ///< the map view, over a map that the user opens
   AideTexte,
   Info
 };

@@ -36,6 +36,11 @@ const std::vector<Group>& Groups() {
       {"Display", {73, 74}, {}},
       {"Language", {77, 78, 79, 80, 81, 82}, {}},
       {"Help", {90, 91}, {}},
+      {"map: menu bar", {1, 50, 70}, {"&EPS"}},
+      {"map: File", {410, 411, 412, 413, 414}, {}},
+      {"map: View", {415, 416}, {}},
+      {"map: Options", {417, 418}, {}},
+      {"map: pop-up", {415, 419}, {}},
       {"record editor", {208, 209, 210, 211, 767, 771, 772, 793}, {}},
       {"gazetteer set-up", {793, 794, 795, 796, 797}, {"&Change", "&Help", "Fonts"}},
   };

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <deque>
+#include <functional>
 #include <map>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -12,6 +14,29 @@
 #include "platform/platform.h"
 
 namespace talpena::test {
+
+/// A printer that notes its pages; a test that prints says what draws them.
+class FakePrinter : public Printer {
+ public:
+  bool paysage = false;
+  PageArea zone{540, 780};  ///< of a page that stands upright
+  std::vector<PagePlace> pages;
+  std::vector<double> finesses;  ///< asked of CreeCanevas
+  std::function<std::unique_ptr<Canvas>()> canevas;
+  std::function<void(Canvas&)> surPage;  ///< looks at what is printed
+  void ChangeOrientation(bool p) override { paysage = p; }
+  PageArea ZoneImprimable() const override {
+    return paysage ? PageArea{zone.height, zone.width} : zone;
+  }
+  std::unique_ptr<Canvas> CreeCanevas(double points) override {
+    finesses.push_back(points);
+    return canevas();
+  }
+  void ImprimePage(Canvas& canvas, const PagePlace& place) override {
+    pages.push_back(place);
+    if (surPage) surPage(canvas);
+  }
+};
 
 /// Answers boxes from a script, in order, and records every one. A box that the script did not
 /// expect fails the test and is answered by its first button (Cancel for file dialogs).
@@ -24,6 +49,8 @@ class FakeDialogues : public Dialogues {
   std::vector<MessageBox> boxes;        ///< message boxes shown
   std::vector<InputBox> asked;          ///< input boxes shown
   std::vector<FileDialog> fileDialogs;  ///< open and save dialogs shown
+  bool imprimeAnnule = false;           ///< the print dialog is left by Cancel
+  FakePrinter imprimante;
 
   Answer Demande(const MessageBox& box) override {
     boxes.push_back(box);
@@ -58,7 +85,11 @@ class FakeDialogues : public Dialogues {
     return colour;
   }
   Font ChoisitPolice(const Font& start) override { return start; }
-  void Imprime() override {}
+  void Imprime() override {
+    if (imprimeAnnule) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
+  }
+  Printer& Imprimante() override { return imprimante; }
+  void Apercu(const std::function<void(Printer&)>& dessine) override { dessine(imprimante); }
 
  private:
   std::string Chemin(const FileDialog& dialog) {

@@ -24,6 +24,8 @@ class NoDialogues : public Dialogues {
   std::uint32_t ChoisitCouleur(std::uint32_t) override { Echoue("colour"); }
   Font ChoisitPolice(const Font&) override { Echoue("font"); }
   void Imprime() override { Echoue("print"); }
+  Printer& Imprimante() override { Echoue("printer"); }
+  void Apercu(const std::function<void(Printer&)>&) override { Echoue("preview"); }
 
  private:
   [[noreturn]] static void Echoue(const std::string& what) {

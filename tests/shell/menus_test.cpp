@@ -113,7 +113,7 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
                    "mnuAjustGrid_2", "mnuAjustIFBL_0", "mnuAjustIFBL_1", "mnuAjustIFBL_2",
                    "MnuDatumFichier"});
   expected.insert({"mnuChercher_0", "mnuChercher_1", "MnuAjoutLigne", "mnuDuplic", "MnuEraseCol",
-                   "MnuSupprimer", "MnuSelection"});
+                   "MnuSupprimer", "MnuSelection", "MnuVisAutre"});
   EXPECT_EQ(Actifs(true), expected);
 }
 

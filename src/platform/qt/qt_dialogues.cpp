@@ -13,9 +13,11 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QTimer>
 #include <QTreeView>
+#include <exception>
 #include <functional>
 #include <utility>
 
@@ -26,6 +28,7 @@
 #include "platform/qt/colours.h"
 #include "platform/qt/file_filter.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/qt_printer.h"
 #include "platform/qt/toolkit_translator.h"
 
 using namespace Qt::StringLiterals;
@@ -302,14 +305,37 @@ Font QtDialogues::ChoisitPolice(const Font& start) {
 }
 
 void QtDialogues::Imprime() {
-  QPrintDialog window(&Imprimante(), Parent());
+  QPrintDialog window(&ImprimanteNative(), Parent());
   window.setObjectName(u"PrintDialog"_s);
   Execute(window);
 }
 
-QPrinter& QtDialogues::Imprimante() {
-  if (!printer_) printer_ = std::make_unique<QPrinter>(QPrinter::HighResolution);
+Printer& QtDialogues::Imprimante() {
+  if (!printer_) printer_ = std::make_unique<QtPrinter>();
   return *printer_;
+}
+
+QPrinter& QtDialogues::ImprimanteNative() {
+  Imprimante();
+  return printer_->Natif();
+}
+
+void QtDialogues::Apercu(const std::function<void(Printer&)>& dessine) {
+  QPrintPreviewDialog window(&ImprimanteNative(), Parent());
+  window.setObjectName(u"PrintPreviewDialog"_s);
+  window.setWindowFlag(Qt::WindowMaximizeButtonHint);
+  std::exception_ptr failure;  // none may travel through the event loop
+  QObject::connect(&window, &QPrintPreviewDialog::paintRequested, &window, [&] {
+    try {
+      dessine(Imprimante());
+    } catch (...) {
+      failure = std::current_exception();
+      QTimer::singleShot(0, &window, &QDialog::reject);
+    }
+  });
+  const PointeurNormal pointeur;
+  window.exec();
+  if (failure) std::rethrow_exception(failure);
 }
 
 }  // namespace talpena

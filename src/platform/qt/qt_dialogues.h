@@ -11,11 +11,12 @@ class QPrinter;
 
 namespace talpena {
 
+class QtPrinter;
 class ToolkitTranslator;
 
 /// Toolkit dialogs, not those of the desktop, so that they look and answer the same everywhere.
 /// Object names: MessageBox, InputBox, OpenDialog, SaveDialog, FolderDialog, ColourDialog,
-/// FontDialog, PrintDialog. While one is up the pointer is no hourglass.
+/// FontDialog, PrintDialog, PrintPreviewDialog. While one is up the pointer is no hourglass.
 class QtDialogues : public Dialogues {
  public:
   QtDialogues();
@@ -39,9 +40,11 @@ class QtDialogues : public Dialogues {
   std::uint32_t ChoisitCouleur(std::uint32_t start) override;
   Font ChoisitPolice(const Font& start) override;
   void Imprime() override;
+  Printer& Imprimante() override;
+  void Apercu(const std::function<void(Printer&)>& dessine) override;
 
-  /// The current printer, as the print dialog left it.
-  QPrinter& Imprimante();
+  /// The current printer as the toolkit has it.
+  QPrinter& ImprimanteNative();
 
  private:
   QWidget* Parent() const;
@@ -49,7 +52,7 @@ class QtDialogues : public Dialogues {
   QPointer<QWidget> parent_;
   const std::int16_t* langue_ = nullptr;
   std::unique_ptr<ToolkitTranslator> translator_;  ///< of the toolkit's texts, with the language
-  std::unique_ptr<QPrinter> printer_;              ///< made when first wanted
+  std::unique_ptr<QtPrinter> printer_;             ///< made when first wanted
 };
 
 }  // namespace talpena

@@ -101,7 +101,7 @@ void Form1::ActiveControles() {
   ActiveEdition();
   for (const std::size_t i : {4U, 5U}) cmd[i]->setEnabled(fileOpen_);
   actions_.at("mnuChercher_1")->setEnabled(fileOpen_ && searched_);
-  cmdMap->setEnabled(false);
+  cmdMap->setEnabled(fileOpen_);
   for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
 }
 

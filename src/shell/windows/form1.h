@@ -33,6 +33,7 @@ namespace talpena {
 class EditForm;
 class HelpDesk;
 class TDBGrid;
+class frmCarte;
 class frmMessage;
 
 /// Menu bar, tool buttons, title lines, the grid and the status bar. What its controls do are
@@ -137,6 +138,8 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MnuInfo_Click();
   void MontreEdition();
   static QList<QKeySequence> TouchesEdition();  ///< keys that open the record editor
+  void MontreCarte(bool choisit);
+  static QKeySequence ToucheCarte();  ///< key that opens the map view
   void Timer1_Tick();
   void ActiveControles();
   void ActiveEdition();
@@ -187,6 +190,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   QTimer* Timer1 = nullptr;
   frmMessage* frmMessage_ = nullptr;
   EditForm* editForm_ = nullptr;    ///< while it is open
+  frmCarte* frmCarte_ = nullptr;    ///< as is this
   std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
 };
 

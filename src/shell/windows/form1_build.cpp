@@ -15,8 +15,8 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "platform/qt/icons.h"
 #include "shell/windows/form1.h"
-#include "shell/windows/icons.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {

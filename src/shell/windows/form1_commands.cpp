@@ -18,6 +18,7 @@
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
+#include "maps/windows/frm_carte.h"
 #include "platform/commands.h"
 #include "platform/qt/colours.h"
 #include "shell/windows/form1.h"
@@ -98,6 +99,9 @@ void Form1::Relie() {
   for (const QKeySequence& keys : TouchesEdition()) {
     connect(new QShortcut(keys, this), &QShortcut::activated, this, &Form1::MontreEdition);
   }
+  connect(cmdMap, &QToolButton::clicked, this, [this] { MontreCarte(false); });
+  connect(new QShortcut(ToucheCarte(), this), &QShortcut::activated, this,
+          [this] { MontreCarte(false); });
   Timer1 = new QTimer(this);
   Timer1->setObjectName(QStringLiteral("Timer1"));
   Timer1->setInterval(tickMs);
@@ -125,6 +129,7 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
     ExecuteCommande(state_, io_, {}, [this] { aide_->MnuAideTexte_Click(); });
     return;
   }
+  if (entry.command == MenuCommand::VisAutre) return MontreCarte(true);
   Commande([&] {
     switch (entry.command) {
       case MenuCommand::Nouveau:
@@ -186,6 +191,7 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
       case MenuCommand::Info:
         return MnuInfo_Click();
       case MenuCommand::AideTexte:
+      case MenuCommand::VisAutre:
       case MenuCommand::Lang:
       case MenuCommand::None:
         return;
@@ -253,6 +259,20 @@ void Form1::MontreEdition() {
   ApresCommande();
 }
 
+QKeySequence Form1::ToucheCarte() { return QKeySequence(QStringLiteral("Ctrl+M")); }
+
+/// The map view. As the record editor it is no command itself.
+void Form1::MontreCarte(bool choisit) {
+  if (running_ > 0 || frmCarte_ != nullptr || !cmdMap->isEnabled()) return;
+  if (!TDBGrid1->ValideEdition()) return;
+  frmCarte view(state_, io_, *this, this);
+  frmCarte_ = &view;
+  view.Montre(choisit);
+  frmCarte_ = nullptr;
+  PlaceFocusGrille();
+  ApresCommande();
+}
+
 void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, this).exec(); }
 
 void Form1::MnuDatumFichier_Click() {
@@ -306,6 +326,11 @@ void Form1::closeEvent(QCloseEvent* event) {
   }
   if (editForm_ != nullptr) {
     closeWaits_ = editForm_->close();  // it may ask to save, and stay
+    event->ignore();
+    return;
+  }
+  if (frmCarte_ != nullptr) {
+    closeWaits_ = frmCarte_->close();
     event->ignore();
     return;
   }

@@ -68,6 +68,7 @@ void Form1::AppliqueLangue() {
   cmd[5]->setToolTip(AvecTouche(cmd[5]->text(), actions_.at("MnuSupprimer")->shortcut()));
   cmdMap->setText(texte(MsgId::Carte));
   cmdMap->setAccessibleName(texte(MsgId::Carte));
+  cmdMap->setToolTip(AvecTouche(cmdMap->text(), ToucheCarte()));
   for (std::size_t i = 0; i < cmdFirstLast.size(); ++i) {
     const QString caption = texte(MsgId::PremiereLigne + static_cast<int>(i));
     cmdFirstLast[i]->setToolTip(caption);

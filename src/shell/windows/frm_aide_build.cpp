@@ -18,7 +18,7 @@
 #include "shell/windows/frm_aide.h"
 #include "shell/windows/help_hit_delegate.h"
 #include "shell/windows/help_page_view.h"
-#include "shell/windows/icons.h"
+#include "platform/qt/icons.h"
 
 using namespace Qt::StringLiterals;
 

@@ -10,7 +10,7 @@
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "platform/qt/mnemonics.h"
-#include "shell/windows/icons.h"
+#include "platform/qt/icons.h"
 
 namespace talpena {
 namespace {

@@ -3,7 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 
-#include "shell/windows/icons.h"
+#include "platform/qt/icons.h"
 
 namespace talpena {
 

@@ -9,6 +9,8 @@
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
+#include "maps/windows/frm_carte.h"
+#include "maps/windows/frm_cartes_options.h"
 #include "shell/windows/frm_aide.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/frm_message.h"
@@ -32,6 +34,23 @@ std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
   return help;
 }
 
+/// With the last map when there is one; else as it is before the first.
+std::unique_ptr<QWidget> CreeCarte(const GalleryContext& c) {
+  auto view = std::make_unique<frmCarte>(c.state, c.io, c.vue);
+  if (view->ConnaitUneCarte()) view->Charge();
+  return view;
+}
+
+/// A map of two layers, whose names tell how long ones are shown.
+std::unique_ptr<QWidget> CreeOptionsCarte(const GalleryContext& c) {
+  MapState map;
+  map.CodeProjection = 1;
+  MapOption options;
+  for (const char* layer : {"/coasts.tlp", "/rivers.tlp"})
+    options.Add(c.state.AppDir + "/carto" + layer);
+  return std::make_unique<frmCartesOptions>(c.state, c.io, map, options, OngletCartes::Tlp);
+}
+
 using Context = const GalleryContext&;
 using Window = std::unique_ptr<QWidget>;
 
@@ -42,6 +61,8 @@ constexpr std::array windows = {
     GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
     GalleryWindow{"help",    CreeAide},
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
+    GalleryWindow{"map", CreeCarte},
+    GalleryWindow{"map-options", CreeOptionsCarte},
     GalleryWindow{"message", CreeAttente},
     GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io); }},
     GalleryWindow{"preferences", [](Context c) -> Window { return std::make_unique<Prefer>(c.state, c.io, c.vue); }},

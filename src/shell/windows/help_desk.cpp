@@ -18,6 +18,8 @@ constexpr std::array targets = {
     HelpTarget{"Ajustement", "coordinates.html#adjust"},
     HelpTarget{"frmDatum", "coordinates.html#datums"},
     HelpTarget{"frmLmbIfbl", "coordinates.html#ifbl"},
+    HelpTarget{"frmCarte", "maps.html"},
+    HelpTarget{"frmCartesOptions", "maps.html#layers"},
     HelpTarget{"frmEastern", "licence.html"},
     HelpTarget{"frmAide", "keys.html#help"},
     HelpTarget{"frmMessage", "trouble.html"},
@@ -30,6 +32,7 @@ constexpr std::array targets = {
     HelpTarget{"ColourDialog", "preferences.html#colours"},
     HelpTarget{"FontDialog", "preferences.html"},
     HelpTarget{"PrintDialog", "keys.html#help"},
+    HelpTarget{"PrintPreviewDialog", "maps.html#print"},
 };
 // clang-format on
 

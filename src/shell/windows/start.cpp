@@ -11,7 +11,7 @@
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "shell/windows/frm_eastern.h"
-#include "shell/windows/icons.h"
+#include "platform/qt/icons.h"
 
 namespace talpena {
 namespace {

@@ -459,8 +459,8 @@ TEST(QtDialogues, CancelIsRaisedByColourFontAndPrinter) {
 
 TEST(QtDialogues, ThePrinterIsKept) {
   QtDialogues dialogues;
-  dialogues.Imprimante().setCopyCount(3);
-  EXPECT_EQ(dialogues.Imprimante().copyCount(), 3);
+  dialogues.ImprimanteNative().setCopyCount(3);
+  EXPECT_EQ(dialogues.ImprimanteNative().copyCount(), 3);
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "shell/windows/icons.h"
+#include "platform/qt/icons.h"
 
 #include <QFile>
 #include <QPainter>

@@ -1,0 +1,131 @@
+// frmCarte: the map view.
+#pragma once
+#include <QDialog>
+#include <QPointF>
+#include <array>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "maps/map_context.h"
+#include "maps/map_fitting.h"
+#include "maps/windows/carte_menus.h"
+#include "platform/qt/qt_canvas.h"
+
+class QAction;
+class QLabel;
+class QMenu;
+class QMenuBar;
+class QScrollBar;
+class QStackedLayout;
+class QStatusBar;
+class QTimer;
+class QToolButton;
+
+namespace talpena {
+
+class MapView;
+enum class OngletCartes : std::uint8_t;
+
+/// Modal window over the rows of Data1. It owns the map state, the options and the canvas; what its
+/// controls do are procedures of the logic, one at a time. Its place is kept in application
+/// "TALPENA", section "Carto".
+class frmCarte : public QDialog, public MapWindow {
+  Q_OBJECT
+
+ public:
+  frmCarte(StoreState& state, Platform& io, MainWindowView& vue, QWidget* parent = nullptr);
+  ~frmCarte() override;
+
+  /// Whether the last map is there, or the first; else Charge asks for one.
+  bool ConnaitUneCarte() const;
+  /// The last map, or the one that the user opens when there is none, and the distribution.
+  void Charge();
+  /// Charge, and the window until it is closed. With `choisit` the open dialog comes up at once.
+  void Montre(bool choisit);
+
+  /// Captions in the current language.
+  void AppliqueLangue();
+
+  // MapWindow
+  void ChangeSablier(bool hourglass) override;
+  void ActiveEps(bool enabled) override;
+  void AjusteMap() override;
+  void ChangeTitre(const std::string& text) override;
+  void MontrePanneau(int panel, const std::string& text) override;
+  void MontreCanevas() override;
+
+  /// Keeps its place and the look of the symbols.
+  void done(int result) override;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  MapContext Contexte() { return {carte_, options_, canevas_, *this, state_, io_, vue_}; }
+
+  // frm_carte_build.cpp: the controls, and where they stand.
+  void ConstruitMenus();
+  void ConstruitMenu(const CarteMenu& menu);
+  void ConstruitOutils();
+  void ConstruitCentre();
+  void ConstruitBarreEtat();
+  void Dispose();
+  void Relie();
+  void ChargeIcones();
+
+  template <typename Body>
+  void Commande(Body body);
+  void Execute(CarteCommande commande);
+  void OuvreCarte();
+  void SetOptions(OngletCartes onglet);
+  void picCarte_MouseDown(Qt::MouseButton button, QPointF pixel);
+  void SuitPosition();
+  QPointF EnUnites(QPointF pixel) const;
+
+  void CalculeScroll();
+  MapFrame Cadre() const;
+  TwipsSize Interieur() const;
+  TwipsSize Image() const;
+  void MontreCroix(QPoint pixel);
+  void PlaceFenetre();
+  void SuitEcran();
+  void AjusteOutils();
+  void ActiveControles();
+  void AppliqueTitre();
+
+  StoreState& state_;
+  Platform& io_;
+  MainWindowView& vue_;
+  MapState carte_;
+  MapOption options_;
+  QtCanvas canevas_;
+  bool chargee_ = false;
+  bool enCours_ = false;  ///< a command is under way
+  bool sablier_ = false;
+  bool eps_ = false;         ///< the map is georeferenced
+  bool titrePris_ = false;   ///< the caption tells a position
+  QPointF position_;         ///< of the mouse, pixels of the picture
+  QTimer* suivi_ = nullptr;  ///< the read-out follows once the events have been worked off
+
+  std::map<std::string, QMenu*> menus_;
+  std::vector<std::pair<QAction*, const CarteEntree*>> entrees_;
+  QMenuBar* barreMenus_ = nullptr;
+  QWidget* Toolbar1 = nullptr;
+  std::array<QToolButton*, carteOutils.size()> outils_{};
+  QWidget* centre_ = nullptr;  ///< picture and bars, or the hint
+  QStackedLayout* pages_ = nullptr;
+  QWidget* cadre_ = nullptr;  ///< picture and bars
+  QLabel* lblVide = nullptr;  ///< until a map is open
+  MapView* picCarte = nullptr;
+  QScrollBar* HScroll1 = nullptr;
+  QScrollBar* VScroll1 = nullptr;
+  QWidget* PetitCarre = nullptr;
+  QStatusBar* StatusBar1 = nullptr;
+  std::array<QLabel*, 3> panneaux_{};
+};
+
+}  // namespace talpena

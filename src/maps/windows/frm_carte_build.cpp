@@ -1,0 +1,231 @@
+// The controls of frmCarte, where they stand, and their captions.
+#include <QAction>
+#include <QEvent>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScrollBar>
+#include <QStackedLayout>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "maps/windows/frm_carte.h"
+#include "maps/windows/map_view.h"
+#include "platform/qt/icons.h"
+
+namespace talpena {
+namespace {
+
+constexpr int margin = 8;
+
+template <typename Widget>
+Widget* Nomme(Widget* widget, const QString& name) {
+  widget->setObjectName(name);
+  return widget;
+}
+
+QString EnQt(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+QString NomIndexe(std::string_view control, int index) {
+  return QStringLiteral("%1_%2").arg(EnQt(control)).arg(index);
+}
+
+QKeySequence Touche(std::string_view keys) {
+  return QKeySequence(EnQt(keys), QKeySequence::PortableText);
+}
+
+/// The key that does what a button does; Escape closes.
+QKeySequence ToucheDe(const CarteOutil& outil) {
+  if (outil.key == "stop") return QKeySequence(Qt::Key_Escape);
+  const auto entry =
+      std::find_if(carteEntrees.begin(), carteEntrees.end(), [&](const CarteEntree& e) {
+        return e.commande == outil.commande && !e.EstTrait() && !e.touche.empty();
+      });
+  return entry == carteEntrees.end() ? QKeySequence() : Touche(entry->touche);
+}
+
+std::string Legende(std::int16_t langue, int base, std::string_view fixed) {
+  return base == 0 ? std::string(fixed) : Texte(langue, base);
+}
+
+}  // namespace
+
+void frmCarte::ConstruitMenu(const CarteMenu& menu) {
+  auto* built = Nomme(new QMenu(this), EnQt(menu.control));
+  for (const CarteEntree& entry : carteEntrees) {
+    if (entry.menu != menu.control) continue;
+    auto* action = Nomme(new QAction(built), NomIndexe(entry.menu, entry.index));
+    action->setMenuRole(QAction::NoRole);
+    action->setSeparator(entry.EstTrait());
+    action->setShortcut(Touche(entry.touche));
+    built->addAction(action);
+    if (entry.EstTrait()) continue;
+    addAction(action);  // its key holds in the whole window, whatever menu it stands in
+    entrees_.emplace_back(action, &entry);
+    connect(action, &QAction::triggered, this, [this, &entry] { Execute(entry.commande); });
+  }
+  menus_[std::string(menu.control)] = built;
+}
+
+void frmCarte::ConstruitMenus() {
+  barreMenus_ = Nomme(new QMenuBar(this), QStringLiteral("menuBar"));
+  for (const CarteMenu& menu : carteMenus) {
+    ConstruitMenu(menu);
+    if (menu.control != "mnuCache") barreMenus_->addMenu(menus_.at(std::string(menu.control)));
+  }
+}
+
+void frmCarte::ConstruitOutils() {
+  Toolbar1 = Nomme(new QWidget(this), QStringLiteral("Toolbar1"));
+  Toolbar1->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  auto* row = new QHBoxLayout(Toolbar1);
+  row->setSizeConstraint(QLayout::SetNoConstraint);
+  row->setContentsMargins(margin, margin / 2, margin, margin / 2);
+  row->setSpacing(2);
+  for (std::size_t i = 0; i < outils_.size(); ++i) {
+    const CarteOutil& outil = carteOutils[i];
+    auto* button = Nomme(new QToolButton(Toolbar1), EnQt(outil.key));
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setIconSize({20, 20});
+    if (outil.key == "distri") row->addStretch(1);
+    row->addWidget(button);
+    outils_[i] = button;
+    if (outil.commande == CarteCommande::MenuEps) {
+      button->setMenu(menus_.at("mnuEPS"));
+      button->setPopupMode(QToolButton::InstantPopup);
+    } else {
+      connect(button, &QToolButton::clicked, this, [this, &outil] { Execute(outil.commande); });
+    }
+  }
+}
+
+void frmCarte::ConstruitCentre() {
+  centre_ = new QWidget(this);
+  cadre_ = new QWidget(centre_);
+  picCarte = Nomme(new MapView(canevas_, cadre_), QStringLiteral("picCarte"));
+  HScroll1 = Nomme(new QScrollBar(Qt::Horizontal, cadre_), QStringLiteral("HScroll1"));
+  VScroll1 = Nomme(new QScrollBar(Qt::Vertical, cadre_), QStringLiteral("VScroll1"));
+  PetitCarre = Nomme(new QWidget(cadre_), QStringLiteral("PetitCarre"));
+  auto* grid = new QGridLayout(cadre_);
+  grid->setContentsMargins(0, 0, 0, 0);
+  grid->setSpacing(0);
+  grid->addWidget(picCarte, 0, 0);
+  grid->addWidget(VScroll1, 0, 1);
+  grid->addWidget(HScroll1, 1, 0);
+  grid->addWidget(PetitCarre, 1, 1);
+  grid->setRowStretch(0, 1);
+  grid->setColumnStretch(0, 1);
+  lblVide = Nomme(new QLabel(centre_), QStringLiteral("lblVide"));
+  lblVide->setAlignment(Qt::AlignCenter);
+  lblVide->setTextFormat(Qt::RichText);
+  lblVide->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  pages_ = new QStackedLayout(centre_);
+  pages_->addWidget(lblVide);
+  pages_->addWidget(cadre_);
+}
+
+void frmCarte::ConstruitBarreEtat() {
+  StatusBar1 = Nomme(new QStatusBar(this), QStringLiteral("StatusBar1"));
+  for (std::size_t i = 0; i < panneaux_.size(); ++i) {
+    panneaux_[i] =
+        Nomme(new QLabel(StatusBar1), NomIndexe("StatusBar1_Panel", static_cast<int>(i) + 1));
+    panneaux_[i]->setTextFormat(Qt::PlainText);
+    panneaux_[i]->setContentsMargins(margin, 0, margin, 0);
+    // As wide as the longest position, so that nothing moves with the mouse.
+    panneaux_[i]->setMinimumWidth(fontMetrics().averageCharWidth() * 20);
+    StatusBar1->addWidget(panneaux_[i], i == 2 ? 1 : 0);
+  }
+}
+
+void frmCarte::Dispose() {
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->setMenuBar(barreMenus_);
+  column->addWidget(Toolbar1);
+  column->addWidget(centre_, 1);
+  column->addWidget(StatusBar1);
+  QWidget* before = picCarte;
+  for (QWidget* next : outils_) {
+    setTabOrder(before, next);
+    before = next;
+  }
+}
+
+void frmCarte::Relie() {
+  connect(picCarte, &MapView::Appuie, this, &frmCarte::picCarte_MouseDown);
+  connect(picCarte, &MapView::CroixDeplacee, this, &frmCarte::MontreCroix);
+  connect(picCarte, &MapView::DemandeMenu, this,
+          [this](QPoint at) { menus_.at("mnuCache")->popup(at); });
+  connect(picCarte, &MapView::Roule, this, [this](QPoint pixels) {
+    HScroll1->setValue(HScroll1->value() - pixels.x());
+    VScroll1->setValue(VScroll1->value() - pixels.y());
+  });
+  for (QScrollBar* bar : {HScroll1, VScroll1}) {
+    connect(bar, &QScrollBar::valueChanged, this, [this] {
+      picCarte->Deplace({-HScroll1->value(), -VScroll1->value()});
+    });
+  }
+  connect(lblVide, &QLabel::linkActivated, this, [this] { Execute(CarteCommande::Ouvre); });
+  suivi_ = new QTimer(this);
+  suivi_->setSingleShot(true);
+  suivi_->setInterval(0);
+  connect(suivi_, &QTimer::timeout, this, &frmCarte::SuitPosition);
+  connect(picCarte, &MapView::Survole, this, [this](QPointF pixel) {
+    position_ = pixel;
+    suivi_->start();
+  });
+  centre_->installEventFilter(this);
+  picCarte->installEventFilter(this);
+}
+
+void frmCarte::ChargeIcones() {
+  for (std::size_t i = 0; i < outils_.size(); ++i) {
+    outils_[i]->setIcon(Icone(EnQt(carteOutils[i].icone), palette()));
+  }
+  for (const auto& [action, entry] : entrees_) {
+    if (!entry->icone.empty()) action->setIcon(Icone(EnQt(entry->icone), palette()));
+  }
+  setWindowIcon(Icone(QStringLiteral("talpena"), palette()));
+}
+
+void frmCarte::AppliqueLangue() {
+  const auto texte = [this](int base, std::string_view fixed = {}) {
+    return EnQt(Legende(state_.Langue, base, fixed));
+  };
+  const auto nom = [this](int base, std::string_view fixed = {}) {
+    return EnQt(SansMnemonique(Legende(state_.Langue, base, fixed)));
+  };
+  for (const CarteMenu& menu : carteMenus) {
+    menus_.at(std::string(menu.control))->setTitle(texte(menu.base, menu.caption));
+  }
+  for (const auto& [action, entry] : entrees_) action->setText(texte(entry->base, entry->caption));
+  for (std::size_t i = 0; i < outils_.size(); ++i) {
+    const CarteOutil& outil = carteOutils[i];
+    const QString help = nom(outil.aide).remove(QStringLiteral("..."));
+    const QString keys = ToucheDe(outil).toString(QKeySequence::NativeText);
+    outils_[i]->setText(texte(outil.base, outil.caption));
+    outils_[i]->setAccessibleName(help);
+    outils_[i]->setToolTip(keys.isEmpty() ? help : QStringLiteral("%1 (%2)").arg(help, keys));
+  }
+  picCarte->setAccessibleName(nom(MsgId::Carte));
+  picCarte->setAccessibleDescription(nom(MsgId::CarteTouches));
+  lblVide->setText(QStringLiteral("<p style='font-size:x-large'>%1</p>"
+                                  "<p><a href='open'>%2</a> &nbsp; Ctrl+O</p>")
+                       .arg(nom(MsgId::AucuneCarte), nom(MsgId::CarteOuvrir)));
+  lblVide->setAccessibleName(nom(MsgId::AucuneCarte));
+  AppliqueTitre();
+  AjusteOutils();
+}
+
+}  // namespace talpena

@@ -1,0 +1,108 @@
+// What the controls of frmCarte do: each calls one procedure of the logic.
+#include <QTimer>
+#include <utility>
+
+#include "maps/eps.h"
+#include "maps/grid_overlay.h"
+#include "maps/map_files.h"
+#include "maps/plot.h"
+#include "maps/print_map.h"
+#include "maps/redraw.h"
+#include "maps/windows/frm_carte.h"
+#include "maps/windows/frm_cartes_options.h"
+#include "maps/windows/map_view.h"
+#include "platform/commands.h"
+
+namespace talpena {
+
+/// One command at a time; a dialog of it may be up while keys come in.
+template <typename Body>
+void frmCarte::Commande(Body body) {
+  if (std::exchange(enCours_, true)) return;
+  ExecuteCommande(state_, io_, {}, body);
+  enCours_ = false;
+  ChangeSablier(false);
+  MontreCanevas();
+}
+
+void frmCarte::Charge() {
+  chargee_ = true;
+  Commande([this] { ChargeVue(Contexte()); });
+  AppliqueTitre();
+}
+
+void frmCarte::Montre(bool choisit) {
+  Charge();
+  if (choisit) QTimer::singleShot(0, this, [this] { Execute(CarteCommande::Ouvre); });
+  exec();
+}
+
+void frmCarte::Execute(CarteCommande commande) {
+  switch (commande) {
+    case CarteCommande::Ouvre:
+      return OuvreCarte();
+    case CarteCommande::SauveImage:
+      return Commande([this] { talpena::SauveImage(Contexte()); });
+    case CarteCommande::Apercu:
+      return Commande([this] { MontreApercu(Contexte()); });
+    case CarteCommande::Imprime:
+      return Commande([this] { ImprimeCarte(Contexte()); });
+    case CarteCommande::Retour:
+      return reject();
+    case CarteCommande::Redessine:
+      return Commande([this] { RedrawMap(Contexte()); });
+    case CarteCommande::Grille:
+      return Commande([this] {
+        carte_.Grille = true;
+        DisplayGrid(Contexte(), nullptr, true);
+      });
+    case CarteCommande::Couches:
+      return SetOptions(OngletCartes::Tlp);
+    case CarteCommande::Symboles:
+      return SetOptions(OngletCartes::Symboles);
+    case CarteCommande::EpsCouleur:
+    case CarteCommande::EpsNoir:
+      return Commande([this, mode = commande == CarteCommande::EpsCouleur ? 1 : 0] {
+        talpena::Imprime(Contexte(), mode);
+      });
+    case CarteCommande::MenuEps:
+      return;
+  }
+}
+
+void frmCarte::OuvreCarte() {
+  titrePris_ = false;
+  Commande([this] { OuvrirCarte(Contexte()); });
+  AppliqueTitre();
+}
+
+void frmCarte::SetOptions(OngletCartes onglet) {
+  Commande([this, onglet] {
+    frmCartesOptions(state_, io_, carte_, options_, onglet, this).exec();
+    if (options_.Cancel == 0) RedrawMap(Contexte());
+  });
+}
+
+void frmCarte::picCarte_MouseDown(Qt::MouseButton button, QPointF pixel) {
+  const QPointF at = EnUnites(pixel);
+  const auto x = static_cast<float>(at.x()), y = static_cast<float>(at.y());
+  if (button == Qt::LeftButton) Commande([&] { AjouteLigneCarte(Contexte(), x, y); });
+  if (button == Qt::RightButton) Commande([&] { RetireLigneCarte(Contexte(), x, y); });
+}
+
+QPointF frmCarte::EnUnites(QPointF pixel) const {
+  const UserScale scale = canevas_.Echelle();
+  const QSize size = canevas_.TailleImage();
+  return {scale.left + scale.width * pixel.x() / size.width(),
+          scale.top + scale.height * pixel.y() / size.height()};
+}
+
+void frmCarte::SuitPosition() {
+  if (enCours_ || canevas_.TailleImage().isEmpty()) return;
+  const QPointF at = EnUnites(position_);
+  ExecuteCommande(state_, io_, {}, [&] {
+    MontrePosition(Contexte(), static_cast<float>(at.x()), static_cast<float>(at.y()));
+  });
+}
+
+}  // namespace talpena
