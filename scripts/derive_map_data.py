@@ -20,7 +20,8 @@ from map_data.compact import Writer
 DISPUTED = {"W. Sahara", "Somaliland", "N. Cyprus", "Kosovo", "Siachen Glacier", "Bir Tawil",
             "Palestine", "Cyprus U.N. Buffer Zone"}
 # Leased ground and bases inside another country have no border on a map of this scale.
-DROPPED = {"Baikonur", "USNB Guantanamo Bay", "Akrotiri", "Dhekelia", "Hong Kong", "Macao"}
+DROPPED = {"Baikonur", "USNB Guantanamo Bay", "Akrotiri", "Dhekelia", "Hong Kong", "Macao",
+           "Vatican"}
 ARAL_SEA_KM2 = (60000, 80000)  # as it was in 1960; the other source has it of today
 CHAD_KM2 = (11900, 12100)
 SEA_BOUND_KM2 = 390000  # the Caspian Sea is no lake here but a hole in the land
@@ -60,14 +61,15 @@ def small_scale(world_atlas, natural_earth, target):
     writer.layer("rivers", False, [(rank_of_length(line), [topology.smooth(line, False, 0.02)])
                                    for line in water.lines("rivers")])
     writer.write(target / "scale_50m.geo")
-    return [s for s in shapes]
+    great_rivers = [topology.LineString(line) for line in water.lines("rivers")]
+    return shapes, great_rivers
 
 
 def replaced(area):
     return any(low <= area <= high for low, high in (ARAL_SEA_KM2, CHAD_KM2))
 
 
-def large_scale(world_atlas, shores, modern_lakes, target):
+def large_scale(world_atlas, shores, modern_lakes, great_rivers, target):
     atlas = topology.Topology(world_atlas / "countries-10m.json")
     writer = Writer(1000)
     writer.layer("land", True, land_features(atlas))
@@ -78,8 +80,8 @@ def large_scale(world_atlas, shores, modern_lakes, target):
     writer.layer("lakes", True, lake_features(kept))
     writer.layer("borders", False,
                  [(rank, [line]) for rank, line in topology.borders(atlas, DISPUTED, DROPPED)])
-    rivers = shorelines.rivers(shores / "binned_river_i.nc", {0, 1, 2, 3, 4, 5})
-    writer.layer("rivers", False, [(level, [line]) for level, line in rivers])
+    rivers = shorelines.rivers(shores / "binned_river_i.nc", great_rivers)
+    writer.layer("rivers", False, [(rank, [line]) for rank, line in rivers])
     writer.write(target / "scale_10m.geo")
 
 
@@ -88,8 +90,8 @@ def main():
         sys.exit(__doc__)
     world_atlas, natural_earth, shores, target = map(pathlib.Path, sys.argv[1:])
     target.mkdir(parents=True, exist_ok=True)
-    modern_lakes = small_scale(world_atlas, natural_earth / "dist", target)
-    large_scale(world_atlas, shores, modern_lakes, target)
+    modern_lakes, great_rivers = small_scale(world_atlas, natural_earth / "dist", target)
+    large_scale(world_atlas, shores, modern_lakes, great_rivers, target)
 
 
 if __name__ == "__main__":

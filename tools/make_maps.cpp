@@ -4,15 +4,21 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <fstream>
 #include <span>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "carto/description_writer.h"
 #include "carto/geo_source.h"
+#include "carto/layer_writer.h"
 #include "carto/map_catalogue.h"
 #include "carto/map_drawing.h"
 #include "carto/map_sheet.h"
+#include "carto/page_writer.h"
 #include "carto/picture_painter.h"
 
 namespace {
@@ -26,6 +32,12 @@ void EnregistreImage(const MapSheet& sheet, const MapDrawing& drawing, int scale
     throw std::runtime_error("cannot write " + file.string());
 }
 
+void Enregistre(const std::string& bytes, const fs::path& file) {
+  std::ofstream out(file, std::ios::binary);
+  if (!out.write(bytes.data(), static_cast<std::streamsize>(bytes.size())).flush())
+    throw std::runtime_error("cannot write " + file.string());
+}
+
 void FaitCarte(const MapRow& row, const GeoData& small, const GeoData& large,
                const fs::path& folder) {
   const MapSheet sheet(row);
@@ -33,6 +45,38 @@ void FaitCarte(const MapRow& row, const GeoData& small, const GeoData& large,
   const std::string name = row.name;
   EnregistreImage(sheet, drawing, 1, folder / (name + ".png"));
   EnregistreImage(sheet, drawing, 2, folder / (name + "@2x.png"));
+  Enregistre(EcritDessin(sheet, drawing), folder / (name + ".ps"));
+  Enregistre(EcritDescription(row), folder / (name + ".dsw"));
+}
+
+std::vector<Line> Rang(const std::vector<GeoFeature>& features, int from, int to) {
+  std::vector<Line> lines;
+  for (const GeoFeature& feature : features) {
+    if (feature.rank >= from && feature.rank < to)
+      lines.insert(lines.end(), feature.parts.begin(), feature.parts.end());
+  }
+  return lines;
+}
+
+std::vector<Line> Amincies(std::vector<Line> lines, double degrees) {
+  for (Line& line : lines) line = Simplifie(line, degrees);
+  return lines;
+}
+
+/// The four layers of one scale, thinned by a tolerance, their records so many degrees across.
+void FaitCouches(const GeoData& data, const std::string& scale, double tolerance, double across,
+                 const fs::path& folder) {
+  constexpr int none = 6;
+  const auto write = [&](const std::string& name, const std::vector<LayerLines>& content) {
+    const std::string stem = name + "_" + scale;
+    Enregistre(EcritCouche(stem, content, across), folder / (stem + ".tlp"));
+  };
+  const auto thin = [&](std::vector<Line> lines) { return Amincies(std::move(lines), tolerance); };
+  write("coasts", {{'C', '1', thin(Contours(data.land))}});
+  write("lakes", {{'L', '1', thin(Contours(data.lakes))}});
+  write("rivers", {{'R', '1', thin(Rang(data.rivers, 0, none))}});
+  write("borders", {{'U', '1', thin(Rang(data.borders, 0, 1))},
+                    {'U', '3', thin(Rang(data.borders, 1, none))}});
 }
 
 bool EstDemande(std::string_view name, std::span<char* const> names) {
@@ -57,6 +101,8 @@ int main(int argc, char** argv) {
     for (const MapRow& row : Catalogue()) {
       if (EstDemande(row.name, arguments.subspan(4))) FaitCarte(row, small, large, folder);
     }
+    FaitCouches(small, "world", 0.02, 4, folder);
+    FaitCouches(large, "detail", 0.002, 2, folder);
   } catch (const std::exception& e) {
     std::fprintf(stderr, "make_maps: %s\n", e.what());
     return 1;

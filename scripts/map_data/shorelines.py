@@ -3,11 +3,15 @@ from collections import defaultdict
 
 import numpy
 from netCDF4 import Dataset
-from shapely.geometry import Polygon
+from shapely.geometry import Point, Polygon
+from shapely.ops import unary_union
+from shapely.prepared import prep
 
 LAKE = 2
 ISLAND_IN_LAKE = 3
 FULL = 65535.0
+NEAR_DEGREES = 0.09  # the two sources agree on a river to some kilometres
+LAST_LEVEL = 5  # perennial rivers and the greatest of those that run dry; no canals
 
 
 class Bins:
@@ -66,16 +70,20 @@ def joined(pieces):
     return lines
 
 
-def rivers(path, levels):
-    """(level, points): 0 for rivers wide enough to have two banks, 1 major, up to 4 minor."""
+def rivers(path, great):
+    """(rank, points): 0 along the rivers `great`, then by the level of the source, 1 to 5."""
     bins = Bins(path)
     counts = bins.values["N_points_for_a_segment"]
-    ranks = bins.values["Hierarchial_level_of_a_segment"]
-    by_level = defaultdict(list)
+    levels = bins.values["Hierarchial_level_of_a_segment"]
+    near_great = prep(unary_union([line.buffer(NEAR_DEGREES) for line in great]))
+    by_rank = defaultdict(list)
     for number, segment in bins.segments("N_segments_in_a_bin"):
-        if int(ranks[segment]) in levels and counts[segment] > 1:
-            by_level[int(ranks[segment])].append(bins.points(number, segment, int(counts[segment])))
-    return [(level, line) for level in sorted(by_level) for line in joined(by_level[level])]
+        level = int(levels[segment])
+        if level <= LAST_LEVEL and counts[segment] > 1:
+            line = bins.points(number, segment, int(counts[segment]))
+            along = sum(near_great.contains(Point(p)) for p in line) >= 0.8 * len(line)
+            by_rank[0 if along else max(level, 1)].append(line)
+    return [(rank, line) for rank in sorted(by_rank) for line in joined(by_rank[rank])]
 
 
 def lakes(path, least_km2, most_km2):

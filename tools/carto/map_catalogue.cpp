@@ -32,7 +32,7 @@ constexpr MapRow maps[] = {
     {"africa", "Africa, sinusoidal", Continent, 4, 0, 39, -37, 60, -27, 0, 0, 17, 10},
     {"north_america", "North America, conformal conic", Continent, 1, 0, 76, 12, -60, -134, 25, 60, -97, 10},
     {"south_america", "South America, sinusoidal", Continent, 4, 0, 15, -57, -27, -93, 0, 0, -60, 10},
-    {"asia", "Asia, stereographic", Continent, 3, 0, 76, -12, 160, 26, 0, 0, 93, 10},
+    {"asia", "Asia, stereographic", Continent, 3, 0, 76, -12, 148, 36, 0, 0, 92, 10},
     {"oceania", "Oceania, stereographic cylinder (30 degrees)", Continent, 7, 0, 12, -50, 180, 105, 0, 0, 142, 10},
     {"western_europe", "Western Europe, cylinder of 50.5 degrees", Region, 6, 0, 61, 35, 20, -12, 0, 0, 4, 5},
     {"british_isles", "British Isles, conformal conic", Region, 1, 0, 61, 49.5F, 2.5F, -11.5F, 51, 59, -4.5F, 2},

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "carto/equator_drawing.h"
+
 namespace talpena {
 namespace {
 
@@ -63,7 +65,7 @@ struct RiverRanks {
 RiverRanks RangsDe(Detail detail) {
   if (detail == Detail::World) return {1, 2};
   if (detail == Detail::Continent) return {1, 3};
-  return {2, 5};
+  return {1, 6};
 }
 
 /// Fills a drawing, matter after matter.
@@ -176,6 +178,7 @@ PictureSize TailleImage(const MapState& state) {
 }
 
 MapDrawing Dessine(const MapSheet& sheet, const GeoData& data) {
+  if (sheet.Description().code == 10) return DessineEquateur(sheet, data);
   return Drawer(sheet, data).Tout();
 }
 
