@@ -10,4 +10,7 @@ namespace talpena {
 std::string FormeLibre(float value);
 std::string FormeLibre(double value);
 
+/// The same behind a text; quick, for lines by the million.
+void AjouteFormeLibre(std::string& text, float value);
+
 }  // namespace talpena

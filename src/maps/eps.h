@@ -32,7 +32,15 @@ void FaitEPS(MapContext c, const std::string& file, int mode);
 /// Each of 68 characters as a backslash and three octal digits.
 void ChangeAccents(std::string& text);
 
-/// Place of a projected point on the page, in points.
+/// The size of the map on the page, whole points: the longer side has 500. DivisionByZero (11) for
+/// a map without extent.
+void CalculeCadreEPS(MapState& carte);
+
+/// Radius on the page, in points, of a symbol whose diameter is in user units.
+float RayonSurPage(const MapState& carte, float diameter);
+
+/// Place of a projected point on the page, in points; behind CalculeCadreEPS. What a float cannot
+/// hold comes out as HORS_CARTE, plus or minus.
 struct PagePoint {
   float x = 0;
   float y = 0;

@@ -17,10 +17,13 @@ void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std
 /// Diameter of the symbols in user units.
 float DiametreSymbole(const MapState& carte, const MapOption& options);
 
-/// A press of the left button: a new row at the position (user units), chosen in the grid.
+/// A press of the left button: a new row at the position (user units), chosen in the grid besides
+/// the rows chosen before. On a map of code 0 no row is added. A position that the arithmetic of
+/// the projection refuses raises its failure and adds nothing.
 void AjouteLigneCarte(MapContext c, float x, float y);
 
-/// A press of the right button: takes back the row that was chosen last.
-void RetireLigneCarte(MapContext c);
+/// A press of the right button at a position: takes back the row that was chosen last, wherever it
+/// lies; a beep when none is.
+void RetireLigneCarte(MapContext c, float x, float y);
 
 }  // namespace talpena

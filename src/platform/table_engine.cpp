@@ -1,6 +1,7 @@
 #include "platform/table_engine.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "common/talpena_error.h"
 
@@ -41,6 +42,37 @@ bool ModifieLigne(Recordset& rows, const RowPass& pass, RowChange& change) {
   return true;
 }
 
+/// Numbers of rows that were looked at, handed on a block at a time.
+class Numbers {
+ public:
+  Numbers(std::span<const int> fields, const NumberVisitor& visit)
+      : fields_(fields), visit_(visit) {}
+
+  void Ajoute(Recordset& rows) {
+    for (const int field : fields_) {
+      const Cell cell = rows.Get(field);
+      if (cell.kind == Cell::Kind::Text) {
+        throw TalpenaError(ErrorNumber::DataConversion, "Data type conversion error.");
+      }
+      values_.push_back(cell.EstNull() ? std::numeric_limits<double>::quiet_NaN() : cell.Nombre());
+    }
+    if (++rows_ == BlockRows) Rend();
+  }
+  void Rend() {
+    if (rows_ > 0) visit_({rows_, fields_.size(), values_});
+    rows_ = 0;
+    values_.clear();
+  }
+
+ private:
+  static constexpr std::size_t BlockRows = 4096;
+
+  std::span<const int> fields_;
+  const NumberVisitor& visit_;
+  std::vector<double> values_;
+  std::size_t rows_ = 0;
+};
+
 /// The same values for every row.
 class Constant final : public RowChange {
  public:
@@ -77,6 +109,20 @@ std::int64_t Recordset::ModifieLignes(const RowPass& pass, RowChange& change) {
     change.Avance(++done, total);
   }
   return count;
+}
+
+void Recordset::LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
+                           const NumberVisitor& visit) {
+  const auto rows = Clone();
+  Numbers numbers(fields, visit);
+  if (only != nullptr) {
+    for (const Bookmark row : *only) {
+      if (VaALaLigne(*rows, row)) numbers.Ajoute(*rows);
+    }
+  } else {
+    for (rows->MoveFirst(); !rows->EOF_(); rows->MoveNext()) numbers.Ajoute(*rows);
+  }
+  numbers.Rend();
 }
 
 std::int64_t Recordset::SupprimeLignes(std::span<const Bookmark> rows) {

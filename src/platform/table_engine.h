@@ -68,6 +68,16 @@ class RowChange {
   }
 };
 
+/// Numbers of some fields of neighbouring rows, handed over in blocks.
+struct NumberBlock {
+  std::size_t rows = 0;
+  std::size_t fields = 0;
+  std::span<const double> values;  ///< all fields of a row, then those of the next; NaN for Null
+
+  double Valeur(std::size_t row, std::size_t field) const { return values[row * fields + field]; }
+};
+using NumberVisitor = std::function<void(const NumberBlock&)>;
+
 /// Which fields and rows a pass goes over.
 struct RowPass {
   std::vector<int> read;
@@ -148,6 +158,13 @@ class Recordset {
   /// unchanged, when there is none.
   virtual bool FindFirst(std::string_view condition) = 0;
   virtual bool FindNext(std::string_view condition) = 0;
+
+  /// Reads numeric fields of every row, or of the rows named in `only`, each once; in the order of
+  /// the recordset or of `only`: what draws many rows uses. Rows deleted meanwhile are left out. A
+  /// field that holds no numbers raises DataConversion (3421). `visit` may read the table, but
+  /// not change it; what it throws is thrown on. The cursor does not move.
+  virtual void LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
+                          const NumberVisitor& visit);
 
   /// An independent cursor over the same rows, sharing their list, standing on the first.
   virtual std::unique_ptr<Recordset> Clone() = 0;

@@ -48,6 +48,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
                              const Progress& avance) override;
   std::int64_t SupprimeLignes(std::span<const Bookmark> rows) override;
+  void LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
+                  const NumberVisitor& visit) override;
 
   bool FindFirst(std::string_view condition) override;
   bool FindNext(std::string_view condition) override;

@@ -1,6 +1,7 @@
 // TableRecordset: what is done to many rows alike, by plain statements.
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/errors.h"
+#include "platform/sqlite/number_reader.h"
 #include "platform/sqlite/row_blocks.h"
 #include "platform/sqlite/savepoint.h"
 #include "platform/sqlite/table_recordset.h"
@@ -71,6 +72,13 @@ std::int64_t TableRecordset::SupprimeLignes(std::span<const Bookmark> rows) {
   table_->NoteSuppressions(keys);
   OublieLigne();
   return static_cast<std::int64_t>(keys.size());
+}
+
+void TableRecordset::LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
+                                const NumberVisitor& visit) {
+  for (const int field : fields) ExigeChamp(field);
+  NumberReader reader(*connection_, *table_, fields, visit);
+  only == nullptr ? reader.LitTout(*rows_) : reader.LitNommees(*rows_, *only);
 }
 
 // Chosen rows mostly stand together, and then their keys do: a run of them goes by its ends.
