@@ -17,6 +17,7 @@ constexpr double leftOfPage = 50;
 constexpr double topOfPage = 800;
 constexpr std::size_t mostPointsOfPath = 1400;  ///< old interpreters take 1500
 constexpr std::size_t mostColumns = 180;
+constexpr double thinningPoints = 0.08;
 constexpr double overlap = 0.15;  ///< points by which the tiles of a surface overlap, against seams
 constexpr int mostHalvings = 16;
 
@@ -101,17 +102,11 @@ class PageWriter {
                 page_.bottom};
   }
 
-  /// On the page, without the points that fall together there.
+  /// On the page, without the points that say nothing there.
   Line SurPage(const Line& km) const {
     Line placed;
-    for (const PlanePoint p : km) {
-      const PlanePoint at = SurPage(p);
-      const bool same = !placed.empty() &&
-                        std::llround(at.x * 100) == std::llround(placed.back().x * 100) &&
-                        std::llround(at.y * 100) == std::llround(placed.back().y * 100);
-      if (!same) placed.push_back(at);
-    }
-    return placed;
+    for (const PlanePoint p : km) placed.push_back(SurPage(p));
+    return Simplifie(placed, thinningPoints);
   }
 
   void Couche(const DrawnLayer& layer) {
@@ -129,7 +124,10 @@ class PageWriter {
     }
     text_.Ligne();
     Surface placed;
-    for (const Ring& ring : layer.surface) placed.push_back(SurPage(ring));
+    for (const Ring& ring : layer.surface) {
+      placed.push_back(SurPage(Ferme(ring)));
+      placed.back().pop_back();
+    }
     Tuile(placed, page_, 0);
     Lignes(layer.lines);
   }
