@@ -1,0 +1,143 @@
+// Pictures of the shipped maps with distributions on them, as the window shows them and as EPS:
+//   map_pictures CARTO OUT FILE.deg...
+// Every map in the folder CARTO gets the two files that have most rows within its limits, the first
+// of them with line layers and grid as well. Leaves MAP-FILE.png and MAP-FILE.eps in OUT.
+#include <QGuiApplication>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "coords/commands/coords_world.h"
+#include "maps/eps.h"
+#include "maps/map_files.h"
+#include "maps/redraw.h"
+#include "platform/os/file_system.h"
+#include "platform/qt/qt_canvas.h"
+
+namespace talpena {
+namespace {
+
+namespace fs = std::filesystem;
+
+class NoWindow : public MapWindow {
+ public:
+  void ChangeSablier(bool) override {}
+  void ActiveEps(bool) override {}
+  void AjusteMap() override {}
+  void ChangeTitre(const std::string&) override {}
+  void MontrePanneau(int, const std::string&) override {}
+  void MontreCanevas() override {}
+};
+
+/// A file of the user, open.
+struct Distribution : test::CoordsWorld {
+  explicit Distribution(const fs::path& path) : name(path.stem().string()) {
+    std::ifstream in(path, std::ios::binary);
+    Charge({std::istreambuf_iterator<char>(in), {}});
+  }
+  ~Distribution() { state.Data1 = DataControl(); }
+
+  int LignesSur(const MapState& carte) {
+    const auto inside = [](const char* column, float from, float to) {
+      return std::string(column) + " BETWEEN " + Str(from) + " AND " + Str(to);
+    };
+    const auto rows = state.WorkingDb->OpenRecordset(
+        "SELECT * FROM TALPENA WHERE " + inside("LATITUDE", carte.LatSud, carte.LatNord) + " AND " +
+        inside("LONGITUDE", carte.LonOuest, carte.LonEst));
+    return static_cast<int>(rows->RecordCount());
+  }
+
+  std::string name;
+};
+
+/// The map in the program's canvas; every distribution draws on the same.
+class Feuille {
+ public:
+  Feuille(fs::path path, fs::path out) : path_(std::move(path)), out_(std::move(out)) {}
+
+  bool Dessine(Distribution& distribution, bool withLines) {
+    Platform io{*distribution.engine, *files_,           distribution.settings,
+                distribution.dialogues, distribution.clock, distribution.environment,
+                distribution.sound};
+    QtCanvas canvas;
+    MapState carte;
+    MapOption options;
+    const MapContext c{carte, options, canvas, window_, distribution.state, io, distribution.vue};
+    InitUtm(carte);
+    InitFacteurs(carte);
+    if (!ChargeCarte(c, path_.string())) return false;
+    if (withLines) AjouteTraits(carte, options);
+    RedrawMap(c);
+    const fs::path name = out_ / (path_.stem().string() + "-" + distribution.name +
+                                  (withLines ? "-lines" : ""));
+    if (!canvas.Surface().save(QString::fromStdString(name.string() + ".png"))) return false;
+    FaitEPS(c, name.string() + ".eps", withLines ? 0 : 1);
+    return true;
+  }
+
+  int Lignes(Distribution& distribution) {
+    Platform io{*distribution.engine, *files_,           distribution.settings,
+                distribution.dialogues, distribution.clock, distribution.environment,
+                distribution.sound};
+    QtCanvas canvas;
+    MapState carte;
+    MapOption options;
+    InitFacteurs(carte);
+    ChargeCarte({carte, options, canvas, window_, distribution.state, io, distribution.vue},
+                path_.string());
+    return distribution.LignesSur(carte);
+  }
+
+ private:
+  void AjouteTraits(MapState& carte, MapOption& options) const {
+    for (const char* layer : {"rivers_detail", "lakes_detail", "borders_detail", "coasts_detail"}) {
+      options.Add((path_.parent_path() / (std::string(layer) + ".tlp")).string());
+    }
+    carte.Pas = carte.LatNord - carte.LatSud > 40 ? 10.F : 1.F;
+    carte.Grille = true;
+  }
+
+  fs::path path_, out_;
+  NoWindow window_;
+  std::unique_ptr<FileSystem> files_ = CreeSystemeDeFichiers();
+};
+
+int Dessine(const fs::path& carto, const fs::path& out, const std::vector<fs::path>& files) {
+  std::vector<std::unique_ptr<Distribution>> all;
+  for (const fs::path& file : files) all.push_back(std::make_unique<Distribution>(file));
+  int failures = 0;
+  for (const auto& entry : fs::directory_iterator(carto)) {
+    if (entry.path().extension() != ".dsw") continue;
+    Feuille sheet(entry.path(), out);
+    std::vector<std::pair<int, Distribution*>> ranked;
+    for (const auto& d : all) ranked.emplace_back(sheet.Lignes(*d), d.get());
+    std::stable_sort(ranked.begin(), ranked.end(),
+                     [](const auto& a, const auto& b) { return a.first > b.first; });
+    for (std::size_t i = 0; i < ranked.size() && i < 2; ++i) {
+      if (ranked[i].first == 0) break;
+      failures += !sheet.Dessine(*ranked[i].second, false);
+      if (i == 0) failures += !sheet.Dessine(*ranked[i].second, true);
+    }
+  }
+  return failures;
+}
+
+}  // namespace
+}  // namespace talpena
+
+int main(int argc, char** argv) {
+  if (argc < 4) {
+    std::fprintf(stderr, "usage: map_pictures CARTO OUT FILE.deg...\n");
+    return 2;
+  }
+  if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(argc, argv);
+  const int failures = talpena::Dessine(argv[1], argv[2], {argv + 3, argv + argc});
+  if (failures > 0) std::fprintf(stderr, "%d pictures could not be made\n", failures);
+  return failures > 0 ? 1 : 0;
+}
