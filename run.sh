@@ -5,7 +5,7 @@
 set -euo pipefail
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 . "$here/scripts/packages.sh"
-export CCACHE_BASEDIR=$here CCACHE_NOHASHDIR=1 CCACHE_IGNOREOPTIONS=-Werror
+. "$here/scripts/ccache.sh"
 
 file=${1:-}
 if [ -n "$file" ]; then

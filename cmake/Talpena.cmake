@@ -24,12 +24,31 @@ function(talpena_library name)
   target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} talpena_warnings)
 endfunction()
 
+function(talpena_window_options name)
+  target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+endfunction()
+
 # The same for a library of windows: moc runs over it and Qt Widgets is linked.
 function(talpena_windows name)
   talpena_library(${name} ${ARGN})
   set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
   target_link_libraries(${name} PUBLIC Qt6::Widgets)
-  target_compile_definitions(${name} PUBLIC QT_NO_KEYWORDS QT_NO_CAST_TO_ASCII)
+  talpena_window_options(${name})
+endfunction()
+
+# What all test programs are compiled with.
+function(talpena_test_options name)
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE
+    TALPENA_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
+    TALPENA_BINARY_DIR="${PROJECT_BINARY_DIR}"
+    TALPENA_SHARED_DATA="${PROJECT_SOURCE_DIR}/../shared/data")
+  target_compile_options(${name} PRIVATE -O0)  # most of a build is compiling tests
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    # So that a compiler cache knows compiled headers again.
+    target_compile_options(${name} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
+  endif()
+  target_link_libraries(${name} PRIVATE talpena_warnings)
 endfunction()
 
 # talpena_test(name SOURCES a_test.cpp ... LINK lib ...): a GoogleTest program whose cases are
@@ -40,18 +59,15 @@ function(talpena_test name)
     return()
   endif()
   add_executable(${name} ${ARG_SOURCES})
-  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
-  target_compile_definitions(${name} PRIVATE
-    TALPENA_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
-    TALPENA_BINARY_DIR="${PROJECT_BINARY_DIR}"
-    TALPENA_SHARED_DATA="${PROJECT_SOURCE_DIR}/../shared/data")
-  target_compile_options(${name} PRIVATE -O0)  # most of a build is compiling tests
-  target_link_libraries(${name} PRIVATE ${ARG_LINK} talpena_warnings)
+  talpena_test_options(${name})
+  target_link_libraries(${name} PRIVATE ${ARG_LINK})
   if(ARG_WINDOWS)
     set_target_properties(${name} PROPERTIES AUTOMOC ON)
     target_link_libraries(${name} PRIVATE GTest::gtest Qt6::Test)
+    target_precompile_headers(${name} REUSE_FROM window_test_headers)
   else()
     target_link_libraries(${name} PRIVATE GTest::gtest_main)
+    target_precompile_headers(${name} REUSE_FROM test_headers)
   endif()
   gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")

@@ -4,7 +4,7 @@ set -euo pipefail
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
 cd "$here"
 . scripts/packages.sh
-export CCACHE_BASEDIR=$here CCACHE_NOHASHDIR=1 CCACHE_IGNOREOPTIONS=-Werror
+. "$here/scripts/ccache.sh"
 # shellcheck disable=SC2086
 need_packages $packages_build $packages_test $packages_bench
 [ -f build/bench/build.ninja ] || cmake --preset bench >/dev/null

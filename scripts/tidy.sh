@@ -6,7 +6,7 @@ set -uo pipefail
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
 cd "$here" || exit 1
 . scripts/packages.sh
-export CCACHE_BASEDIR=$here CCACHE_NOHASHDIR=1 CCACHE_IGNOREOPTIONS=-Werror
+. "$here/scripts/ccache.sh"
 # shellcheck disable=SC2086
 need_packages $packages_build $packages_test
 

@@ -20,6 +20,8 @@
 
 namespace talpena::test {
 
+using Lines = std::vector<std::string>;
+
 /// What a row holds unless a test says otherwise.
 inline CoordsWorld::Row Rangee(const std::string& original = "mgr 31 U FR1664",
                                const std::string& comment = "a/b/remark") {
