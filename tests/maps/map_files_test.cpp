@@ -5,13 +5,13 @@
 #include <filesystem>
 #include <fstream>
 
-#include "maps/map_world.h"
+#include "maps/map_files_world.h"
 #include "platform/os/file_system.h"
 
 namespace talpena {
 namespace {
 
-using test::MapWorld;
+using test::MapFilesWorld;
 
 const std::string europe =
     "Europe\r\neurope.ps\r\np.png\r\n1\r\n0,\"Conique\",70,30,40,-10\r\n40,60\r\n7\r\n15\r\n1,2\r\n"
@@ -19,7 +19,7 @@ const std::string europe =
 const std::string plan = "Plan\nplan.ps\np.png\n0\n-5.5 94.5 0 200\n";
 
 /// A world with one map file "/maps/a.dsw", loaded.
-struct LoadedWorld : MapWorld {
+struct LoadedWorld : MapFilesWorld {
   explicit LoadedWorld(const std::string& bytes) {
     files.Pose("/maps/a.dsw", bytes);
     whole = ChargeCarte(context, "/maps/a.dsw");
@@ -111,7 +111,7 @@ TEST(ChargeCarte, AMapOfCode0HasTheUnitsOfItsExtents) {
 }
 
 TEST(ChargeCarte, AMapOfCode0DisablesEpsAndLosesItsLayers) {
-  MapWorld w;
+  MapFilesWorld w;
   w.options.Add("/maps/a.tlp");
   w.files.Pose("/maps/europe.dsw", europe);
   w.files.Pose("/maps/plan.dsw", plan);
@@ -136,7 +136,7 @@ TEST(ChargeCarte, TheLastNumberChangesNothing) {
 }
 
 TEST(ChargeCarte, APathWithASeparatorIsUsedAsItStands) {
-  MapWorld w;
+  MapFilesWorld w;
   for (const char* picture : {"..\\img\\p.png", "sub\\p.png", "C:\\maps\\p.png", "\\p.png",
                               "sub/p.png", "/other/p.png"}) {
     w.canvas.images[picture] = {10, 10};
@@ -148,7 +148,7 @@ TEST(ChargeCarte, APathWithASeparatorIsUsedAsItStands) {
 }
 
 TEST(ChargeCarte, TheFolderOfAMapMayBeEmptyOrUseBackslashes) {
-  MapWorld w;
+  MapFilesWorld w;
   w.canvas.images["p.png"] = w.canvas.images["maps\\p.png"] = {10, 10};
   w.files.Pose("a.dsw", plan);
   w.files.Pose("maps/a.dsw", plan);
@@ -161,7 +161,7 @@ TEST(ChargeCarte, TheFolderOfAMapMayBeEmptyOrUseBackslashes) {
 }
 
 TEST(ChargeCarte, FindsAFileInAnyCase) {
-  MapWorld w;
+  MapFilesWorld w;
   const test::TempFolder folder;
   std::ofstream(folder / "Plan.dsw") << plan;
   const std::string path = folder / "PLAN.DSW";
@@ -175,7 +175,7 @@ TEST(ChargeCarte, FindsAFileInAnyCase) {
 }
 
 TEST(ChargeCarte, KeepsTheMapForTheNextTimeAndTakesTheGridAway) {
-  MapWorld w;
+  MapFilesWorld w;
   w.files.Pose("/maps/a.dsw", europe);
   w.carte.Grille = true;
   w.carte.Pas = 5;
@@ -184,12 +184,12 @@ TEST(ChargeCarte, KeepsTheMapForTheNextTimeAndTakesTheGridAway) {
   EXPECT_EQ(w.carte.Pas, 5);
   EXPECT_EQ(w.settings.values.at("TALPENA/CARTO/LASTMAP"), "/maps/a.dsw");
   EXPECT_EQ(w.fenetre.ajustements, 1);
-  EXPECT_EQ(w.fenetre.sabliers, 1);
+  EXPECT_EQ(w.fenetre.Compte("Sablier"), 1);
   EXPECT_FALSE(w.fenetre.sablier);
 }
 
 TEST(ChargeCarte, ALineThatALayerLeftOpenDoesNotReachTheNextMap) {
-  MapWorld w;
+  MapFilesWorld w;
   w.files.Pose("/maps/a.dsw", europe);
   w.carte.polygone.Device(w.canvas);
   w.carte.polygone.Point(1, 1);
@@ -208,7 +208,7 @@ void ExpectQuietFailure(const LoadedWorld& w) {
 }
 
 TEST(ChargeCarte, AMissingFileEndsItWithoutAMessage) {
-  MapWorld w;
+  MapFilesWorld w;
   EXPECT_FALSE(ChargeCarte(w.context, "/elsewhere/none.dsw"));
   EXPECT_FALSE(ChargeCarte(w.context, ""));
   EXPECT_TRUE(w.dialogues.boxes.empty());
@@ -217,7 +217,7 @@ TEST(ChargeCarte, AMissingFileEndsItWithoutAMessage) {
 
 TEST(ChargeCarte, AMissingPictureEndsItBeforeTheItems) {
   for (const char* picture : {"absent.png", "", "broken.png"}) {
-    MapWorld w;
+    MapFilesWorld w;
     w.canvas.images["/maps/broken.png"] = {0, 0};
     w.files.Pose("/maps/a.dsw", std::string("t\ne.ps\n") + picture + "\n0 0 1 0 1");
     EXPECT_FALSE(ChargeCarte(w.context, "/maps/a.dsw"));
@@ -293,8 +293,8 @@ TEST(ChargeCarte, NoiseEndsItWithoutAMessage) {
 }
 
 TEST(OuvrirCarte, OpensTheChosenMapAndKeepsItsFolder) {
-  MapWorld w;
-  w.Lignes("(45, 5)");
+  MapFilesWorld w;
+  w.Remplit({{45, 5}});
   w.files.Pose("/maps/a.dsw", europe);
   w.dialogues.paths = {"/maps/a.dsw"};
   OuvrirCarte(w.context);
@@ -306,7 +306,7 @@ TEST(OuvrirCarte, OpensTheChosenMapAndKeepsItsFolder) {
   EXPECT_EQ(w.carte.CodeProjection, 1);
   EXPECT_EQ(w.canvas.Appels("Cls").size(), 1U);
   EXPECT_EQ(w.canvas.Appels("Circle").size(), 1U);
-  EXPECT_GT(w.fenetre.montres, 0);
+  EXPECT_GT(w.fenetre.Compte("MontreCanevas"), 0);
   w.dialogues.paths = {"/elsewhere/none.dsw"};
   OuvrirCarte(w.context);
   EXPECT_EQ(w.dialogues.fileDialogs[1].folder, "/maps/");
@@ -315,7 +315,7 @@ TEST(OuvrirCarte, OpensTheChosenMapAndKeepsItsFolder) {
 }
 
 TEST(OuvrirCarte, CancelLeavesTheMapAlone) {
-  MapWorld w;
+  MapFilesWorld w;
   w.files.Pose("/maps/a.dsw", europe);
   ASSERT_TRUE(ChargeCarte(w.context, "/maps/a.dsw"));
   w.canvas.calls.clear();
@@ -327,8 +327,8 @@ TEST(OuvrirCarte, CancelLeavesTheMapAlone) {
 }
 
 TEST(ChargeVue, ShowsTheMapOfTheLastTimeWithTheDistribution) {
-  MapWorld w;
-  w.Lignes("(45, 5), (46, 6)");
+  MapFilesWorld w;
+  w.Remplit({{45, 5}, {46, 6}});
   w.files.Pose("/maps/a.dsw", europe);
   w.settings.values["TALPENA/CARTO/LASTMAP"] = "/maps/a.dsw";
   w.settings.values["TALPENA/CARTO/SYMBOLCOLOR"] = "65280";
@@ -343,11 +343,11 @@ TEST(ChargeVue, ShowsTheMapOfTheLastTimeWithTheDistribution) {
   EXPECT_EQ(w.canvas.Appels("Circle")[0].attributs.FillColor, 65280U);
   EXPECT_NE(w.carte.utm.c, 0);
   EXPECT_NE(w.carte.k6, 0);
-  EXPECT_GT(w.fenetre.montres, 0);
+  EXPECT_GT(w.fenetre.Compte("MontreCanevas"), 0);
 }
 
 TEST(ChargeVue, TheFirstTimeTakesTheWorld) {
-  MapWorld w;
+  MapFilesWorld w;
   w.files.Pose("/app/carto/world.dsw", Remplace(europe, "p.png", "/maps/p.png"));
   ChargeVue(w.context);
   EXPECT_EQ(w.carte.DossierCarte, "/app/carto/");
@@ -358,7 +358,7 @@ TEST(ChargeVue, TheFirstTimeTakesTheWorld) {
 
 TEST(ChargeVue, SettingsThatAreNoNumberGiveTheDefaults) {
   for (const char* text : {"red", "", "1E99", "9999999999"}) {
-    MapWorld w;
+    MapFilesWorld w;
     w.files.Pose("/app/carto/world.dsw", Remplace(europe, "p.png", "/maps/p.png"));
     w.settings.values["TALPENA/CARTO/SYMBOLCOLOR"] = text;
     w.settings.values["TALPENA/CARTO/SYMBOLDIAMETER"] = text;
@@ -369,8 +369,8 @@ TEST(ChargeVue, SettingsThatAreNoNumberGiveTheDefaults) {
 }
 
 TEST(ChargeVue, AsksForAMapWhenTheLastOneIsGone) {
-  MapWorld w;
-  w.Lignes("(45, 5)");
+  MapFilesWorld w;
+  w.Remplit({{45, 5}});
   w.files.Pose("/maps/a.dsw", europe);
   w.dialogues.paths = {"/maps/a.dsw"};
   ChargeVue(w.context);
@@ -379,8 +379,8 @@ TEST(ChargeVue, AsksForAMapWhenTheLastOneIsGone) {
 }
 
 TEST(ChargeVue, SaysThatThereIsNoMapWhenNoneIsChosen) {
-  MapWorld w;
-  w.Lignes("(45, 5)");
+  MapFilesWorld w;
+  w.Remplit({{45, 5}});
   w.dialogues.paths = {""};
   ChargeVue(w.context);
   EXPECT_EQ(w.Boites(),
@@ -388,7 +388,7 @@ TEST(ChargeVue, SaysThatThereIsNoMapWhenNoneIsChosen) {
 }
 
 TEST(SauveVue, KeepsColourAndDiameter) {
-  MapWorld w;
+  MapFilesWorld w;
   w.options.SymbolColor = 16711680;
   w.options.SymbolDiameter = 25000;
   SauveVue(w.context);

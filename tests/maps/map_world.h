@@ -1,5 +1,6 @@
 // A program without windows that shows a map: an open table, a recording canvas and map window.
 #pragma once
+#include <algorithm>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -17,6 +18,7 @@ namespace talpena::test {
 class FakeMapWindow : public MapWindow {
  public:
   std::vector<std::string> calls;
+<<<<<<< HEAD
   std::map<int, std::string> panneaux;
   bool sablier = false, eps = true;
   int sabliers = 0;  ///< how often the hourglass came up
@@ -29,11 +31,27 @@ class FakeMapWindow : public MapWindow {
     sablier = hourglass;
     sabliers += hourglass;
     calls.emplace_back(hourglass ? "Sablier" : "Pointeur");
+=======
+  bool sablier = false;
+  std::string titre;
+  std::string signature;
+  std::map<int, std::string> panneaux;  ///< of the status bar
+  bool eps = true;                      ///< the button "eps" is enabled
+  int ajustements = 0;                  ///< how often the window was fitted
+
+  int Compte(const std::string& call) const {
+    return static_cast<int>(std::count(calls.begin(), calls.end(), call));
+  }
+  void ChangeSablier(bool h) override {
+    sablier = h;
+    calls.push_back(h ? "Sablier" : "Pointeur");
+>>>>>>> w-proj
   }
   void ActiveEps(bool enabled) override { eps = enabled; }
   void AjusteMap() override { ++ajustements; }
   void ChangeTitre(const std::string& text) override { titre = text; }
   void MontrePanneau(int panel, const std::string& text) override { panneaux[panel] = text; }
+<<<<<<< HEAD
   void MontreCanevas() override {
     ++montres;
     calls.emplace_back("MontreCanevas");
@@ -42,6 +60,12 @@ class FakeMapWindow : public MapWindow {
 };
 
 /// An empty table, no map; a picture "/maps/p.png" of 800 x 600.
+=======
+  void MontreCanevas() override { calls.emplace_back("MontreCanevas"); }
+  std::string Signature() const override { return signature; }
+};
+
+>>>>>>> w-proj
 struct MapWorld : World {
   MapState carte;
   MapOption options;

@@ -7,7 +7,7 @@
 #include "maps/grid_overlay.h"
 #include "maps/layer_bytes.h"
 #include "maps/map_files.h"
-#include "maps/map_world.h"
+#include "maps/map_files_world.h"
 
 namespace talpena {
 namespace {
@@ -15,20 +15,20 @@ namespace {
 using test::CanvasCall;
 using test::EnTeteTlp;
 using test::HeadFields;
-using test::MapWorld;
+using test::MapFilesWorld;
 using test::PointTlp;
 using test::TeteTlp;
 using Pixels = std::vector<PixelPoint>;
 
 /// A plate carree of the whole world, 8 pixels for a degree of longitude and 20 / 3 of latitude...
 /// on a picture of 2880 x 1440, so that a degree is 8 pixels both ways.
-struct PlateWorld : MapWorld {
+struct PlateWorld : MapFilesWorld {
   PlateWorld() {
     canvas.images["/maps/p.png"] = {2880, 1440};
     files.Pose("/maps/a.dsw", "t\ne\np.png\n5 0 name 90 -90 180 -180 0 0 0 0 0 0 0 0 0 0");
     EXPECT_TRUE(ChargeCarte(context, "/maps/a.dsw"));
     canvas.calls.clear();
-    fenetre.sabliers = 0;
+    fenetre.calls.clear();
   }
   /// Draws one layer.
   void Trace(const std::string& records, const std::string& path = "/maps/a.tlp") {
@@ -296,7 +296,7 @@ TEST(AfficheTLP, DrawsARecordOfManyBatchesAsOneStroke) {
 
 TEST(RedrawMap, DrawsLayersGridAndDistributionInThisOrder) {
   PlateWorld w;
-  w.Lignes("(45, 5)");
+  w.Remplit({{45, 5}});
   w.files.Pose("/maps/a.tlp", EnTeteTlp() + Record(stroke));
   w.files.Pose("/maps/b.tlp", EnTeteTlp() + Record(stroke, {.kind = 'R'}));
   w.options.Add("/maps/b.tlp");
@@ -313,23 +313,23 @@ TEST(RedrawMap, DrawsLayersGridAndDistributionInThisOrder) {
   EXPECT_EQ(names[3], "PSet");
   EXPECT_EQ(names[names.size() - 2], "Line");
   EXPECT_EQ(names.back(), "Circle");
-  EXPECT_EQ(w.fenetre.montres, 1);
-  EXPECT_EQ(w.fenetre.sabliers, 1);
+  EXPECT_EQ(w.fenetre.Compte("MontreCanevas"), 1);
+  EXPECT_EQ(w.fenetre.Compte("Sablier"), 1);
   EXPECT_FALSE(w.fenetre.sablier);
 }
 
 TEST(RedrawMap, ShowsNoHourglassAndNoGridWithoutThem) {
   PlateWorld w;
-  w.Lignes("(45, 5)");
+  w.Remplit({{45, 5}});
   w.carte.Pas = 10;
   RedrawMap(w.context);
   EXPECT_EQ(w.canvas.Noms(), (std::vector<std::string>{"Cls", "Circle"}));
-  EXPECT_EQ(w.fenetre.sabliers, 0);
+  EXPECT_EQ(w.fenetre.Compte("Sablier"), 0);
 }
 
 TEST(RedrawMap, DrawsTheSamePictureEveryTime) {
   PlateWorld w;
-  w.Lignes("(45, 5)");
+  w.Remplit({{45, 5}});
   w.files.Pose(
       "/maps/a.tlp",
       EnTeteTlp() +
@@ -345,7 +345,7 @@ TEST(RedrawMap, DrawsTheSamePictureEveryTime) {
 
 TEST(RedrawMap, AMissingLayerDoesNotStopTheOthers) {
   PlateWorld w;
-  w.Lignes("(45, 5)");
+  w.Remplit({{45, 5}});
   w.files.Pose("/maps/a.tlp", EnTeteTlp() + Record(stroke));
   w.options.Add("/maps/none.tlp");
   w.options.Add("\\maps\\a.tlp");
@@ -363,7 +363,7 @@ TEST(RedrawMap, TakesTheHourglassAwayWhenALayerCannotBeRead) {
 }
 
 TEST(MontrePosition, AMapOfCode0ShowsItsUnits) {
-  MapWorld w;
+  MapFilesWorld w;
   w.files.Pose("/maps/a.dsw", "t\ne\np.png\n0 0 100 0 50");
   ASSERT_TRUE(ChargeCarte(w.context, "/maps/a.dsw"));
   w.fenetre.panneaux[3] = "old";
@@ -407,7 +407,7 @@ TEST(MontrePosition, WhatCannotBeInvertedLeavesThePanelsEmpty) {
 }
 
 TEST(SauveImage, AsksForAFileAndSavesTheCanvas) {
-  MapWorld w;
+  MapFilesWorld w;
   w.settings.values["TALPENA/PATHS/DATA"] = "/data/";
   w.dialogues.paths = {"/data/map.bmp"};
   SauveImage(w.context);
