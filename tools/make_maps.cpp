@@ -102,7 +102,7 @@ int main(int argc, char** argv) {
       if (EstDemande(row.name, arguments.subspan(4))) FaitCarte(row, small, large, folder);
     }
     FaitCouches(small, "world", 0.02, 4, folder);
-    FaitCouches(large, "detail", 0.002, 2, folder);
+    FaitCouches(large, "detail", 0.002, 1, folder);
   } catch (const std::exception& e) {
     std::fprintf(stderr, "make_maps: %s\n", e.what());
     return 1;

@@ -7,13 +7,14 @@ import subprocess
 import sys
 
 import editor
+import maps
 import start_stop
 import table
 from driver import Scenario, wait_for, xdotool
 
 SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
-SCENARIOS = start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS
+SCENARIOS = start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
 
 
 def inside(binary, name):

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "coords/commands/coords_world.h"
-#include "fakes/fake_canvas.h"
-#include "fakes/fake_map_window.h"
+#include "map_world.h"
 
 namespace talpena {
 namespace {
@@ -34,15 +32,12 @@ TEST(FinesseImpression, IsNeverCoarserThanTheScreenNorTooLargeForTheMemory) {
   EXPECT_NEAR(finesse * 1000 * finesse * 1000, 40e6, 1);
 }
 
-/// A map of code 5, 30 by 20 degrees on 300 by 200 pixels, with one row in its middle.
-struct PrintWorld : test::CoordsWorld {
+/// A map of 300 by 200 pixels with one row in its middle.
+struct PrintWorld : test::MapWorld {
   PrintWorld() {
-    Montre({{"WGS84", "", "50", "5"}});
-    carte.CodeProjection = 5;
+    OuvrePlate(40, -10, 60, 20);
+    Remplit({{50.0, 5.0}});
     carte.FichierImage = "map.png";
-    carte.LatNord = 60, carte.LatSud = 40, carte.LonEst = 20, carte.LonOuest = -10;
-    carte.MeridienCentralDeg = 5;
-    carte.CoteKm = carte.LargeurKm = 3340;
     canvas.pixels = {300, 200};
     canvas.echelle = {-1670, 6680, 3340, -2227};
     dialogues.imprimante.canevas = [this] {
@@ -56,12 +51,7 @@ struct PrintWorld : test::CoordsWorld {
       scale = paper->echelle;
     };
   }
-  MapContext Carte() { return {carte, options, canvas, window, state, io, vue}; }
 
-  MapState carte;
-  MapOption options;
-  FakeCanvas canvas;
-  test::FakeMapWindow window;
   FakeCanvas* paper = nullptr;
   std::vector<std::string> names;  ///< what was drawn on paper
   UserScale scale;
@@ -69,7 +59,7 @@ struct PrintWorld : test::CoordsWorld {
 
 TEST(PrintMap, DrawsTheMapAnewOnTheScaleOfTheScreen) {
   PrintWorld w;
-  PrintMap(w.Carte(), w.dialogues.imprimante);
+  PrintMap(w.Contexte(), w.dialogues.imprimante);
   ASSERT_EQ(w.dialogues.imprimante.pages.size(), 1U);
   EXPECT_EQ(w.names.front(), "ChargeImage");
   EXPECT_EQ(std::count(w.names.begin(), w.names.end(), "Circle"), 1);
@@ -82,7 +72,7 @@ TEST(PrintMap, PrintsTheGridThatIsOnShow) {
   PrintWorld w;
   w.carte.Pas = 5;
   w.carte.Grille = true;
-  PrintMap(w.Carte(), w.dialogues.imprimante);
+  PrintMap(w.Contexte(), w.dialogues.imprimante);
   EXPECT_GT(std::count(w.names.begin(), w.names.end(), "Line"), 10);
   EXPECT_TRUE(w.dialogues.asked.empty());
 }
@@ -90,7 +80,7 @@ TEST(PrintMap, PrintsTheGridThatIsOnShow) {
 TEST(PrintMap, AMapThatIsNotGeoreferencedPrintsWithoutAMessage) {
   PrintWorld w;
   w.carte.CodeProjection = 0;
-  PrintMap(w.Carte(), w.dialogues.imprimante);
+  PrintMap(w.Contexte(), w.dialogues.imprimante);
   EXPECT_EQ(w.dialogues.imprimante.pages.size(), 1U);
   EXPECT_TRUE(w.dialogues.boxes.empty());
 }
@@ -98,20 +88,20 @@ TEST(PrintMap, AMapThatIsNotGeoreferencedPrintsWithoutAMessage) {
 TEST(PrintMap, WithoutAPictureNothingIsPrinted) {
   PrintWorld w;
   w.canvas.pixels = {0, 0};
-  PrintMap(w.Carte(), w.dialogues.imprimante);
-  ImprimeCarte(w.Carte());
-  MontreApercu(w.Carte());
+  PrintMap(w.Contexte(), w.dialogues.imprimante);
+  ImprimeCarte(w.Contexte());
+  MontreApercu(w.Contexte());
   EXPECT_TRUE(w.dialogues.imprimante.pages.empty());
 }
 
 TEST(ImprimeCarte, TurnsThePageAsThePictureIs) {
   PrintWorld w;
-  ImprimeCarte(w.Carte());
+  ImprimeCarte(w.Contexte());
   EXPECT_TRUE(w.dialogues.imprimante.paysage);
   ASSERT_EQ(w.dialogues.imprimante.pages.size(), 1U);
   EXPECT_DOUBLE_EQ(w.dialogues.imprimante.pages[0].width, 780);
   w.canvas.pixels = {200, 300};
-  ImprimeCarte(w.Carte());
+  ImprimeCarte(w.Contexte());
   EXPECT_FALSE(w.dialogues.imprimante.paysage);
 }
 
@@ -119,7 +109,7 @@ TEST(ImprimeCarte, CancelPrintsNothing) {
   PrintWorld w;
   w.dialogues.imprimeAnnule = true;
   try {
-    ImprimeCarte(w.Carte());
+    ImprimeCarte(w.Contexte());
     ADD_FAILURE() << "no Cancel";
   } catch (const TalpenaError& e) {
     EXPECT_EQ(e.number(), ErrorNumber::Cancelled);
@@ -129,7 +119,7 @@ TEST(ImprimeCarte, CancelPrintsNothing) {
 
 TEST(MontreApercu, ShowsWhatWouldBePrinted) {
   PrintWorld w;
-  MontreApercu(w.Carte());
+  MontreApercu(w.Contexte());
   EXPECT_TRUE(w.dialogues.imprimante.paysage);
   EXPECT_EQ(w.dialogues.imprimante.pages.size(), 1U);
 }

@@ -9,20 +9,36 @@
 namespace talpena {
 namespace {
 
-/// Kilometres of a map to pixels of its picture at normal size.
+/// Kilometres of a map to pixels of its picture at normal size. What the box cut off goes on a
+/// little beyond it, since pixels are half their size off: the canvas of the map view puts the
+/// corner of the box on the middle of the first pixel.
 class PixelScale {
  public:
-  explicit PixelScale(const MapSheet& sheet) : box_(sheet.Cadre()) {
+  PixelScale(const MapSheet& sheet, int scale)
+      : box_(sheet.Cadre()),
+        shift_(0.5 / scale),
+        beyond_(sheet.Limbe().empty() ? 1 : 0),
+        edge_((box_.right - box_.left) * 1e-9) {
     const PictureSize size = TailleImage(sheet.Etat());
     across_ = size.width / (box_.right - box_.left);
     down_ = size.height / (box_.top - box_.bottom);
   }
   QPointF operator()(PlanePoint p) const {
-    return {(p.x - box_.left) * across_, (box_.top - p.y) * down_};
+    const double x = (p.x - box_.left) * across_ + Depasse(p.x, box_.left, box_.right);
+    const double y = (box_.top - p.y) * down_ - Depasse(p.y, box_.bottom, box_.top);
+    return {x + shift_, y + shift_};
   }
 
  private:
+  double Depasse(double value, double least, double most) const {
+    if (value <= least + edge_) return -beyond_;
+    return value >= most - edge_ ? beyond_ : 0;
+  }
+
   Frame box_;
+  double shift_;
+  double beyond_;
+  double edge_;
   double across_ = 1;
   double down_ = 1;
 };
@@ -64,7 +80,7 @@ QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, int scale) {
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
   painter.scale(scale, scale);
-  const PixelScale pixel(sheet);
+  const PixelScale pixel(sheet, scale);
   for (const DrawnLayer& layer : drawing)
     PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel);
   painter.end();

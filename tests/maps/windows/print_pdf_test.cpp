@@ -4,8 +4,8 @@
 #include <QPrinter>
 #include <QRegularExpression>
 
-#include "fakes/fake_map_window.h"
 #include "map_machine.h"
+#include "maps/map_world.h"
 #include "maps/map_files.h"
 #include "maps/print_map.h"
 #include "platform/qt/qt_printer.h"

@@ -122,7 +122,6 @@ TEST(Form1, EntriesWithoutACommandStayDisabledWithAFile) {
   for (const char* name : {"MnuVisMonde", "MnuExpDB_0", "mnuImport_0", "MnuParametres"}) {
     EXPECT_FALSE(m.Entree(name)->isEnabled()) << name;
   }
-  EXPECT_FALSE(m.Controle<QToolButton>("cmdMap")->isEnabled());
 }
 
 /// Texts of a grid column, from the first row to the last.
