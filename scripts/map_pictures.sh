@@ -12,7 +12,7 @@ cd "$here"
 # shellcheck disable=SC2086
 need_packages $packages_build $packages_test
 [ -f build/dev/build.ninja ] || cmake --preset dev >/dev/null
-cmake --build --preset dev --target map_pictures talpena_maps_data
+cmake --build --preset dev --target map_pictures talpena_carto
 
 if [ ${#files[@]} = 0 ]; then
   shopt -s nullglob

@@ -18,20 +18,6 @@ namespace talpena::test {
 class FakeMapWindow : public MapWindow {
  public:
   std::vector<std::string> calls;
-<<<<<<< HEAD
-  std::map<int, std::string> panneaux;
-  bool sablier = false, eps = true;
-  int sabliers = 0;  ///< how often the hourglass came up
-  int ajustements = 0;
-  int montres = 0;
-  std::string titre;
-  std::string signature;
-
-  void ChangeSablier(bool hourglass) override {
-    sablier = hourglass;
-    sabliers += hourglass;
-    calls.emplace_back(hourglass ? "Sablier" : "Pointeur");
-=======
   bool sablier = false;
   std::string titre;
   std::string signature;
@@ -45,42 +31,22 @@ class FakeMapWindow : public MapWindow {
   void ChangeSablier(bool h) override {
     sablier = h;
     calls.push_back(h ? "Sablier" : "Pointeur");
->>>>>>> w-proj
   }
   void ActiveEps(bool enabled) override { eps = enabled; }
   void AjusteMap() override { ++ajustements; }
   void ChangeTitre(const std::string& text) override { titre = text; }
   void MontrePanneau(int panel, const std::string& text) override { panneaux[panel] = text; }
-<<<<<<< HEAD
-  void MontreCanevas() override {
-    ++montres;
-    calls.emplace_back("MontreCanevas");
-  }
-  std::string Signature() const override { return signature; }
-};
-
-/// An empty table, no map; a picture "/maps/p.png" of 800 x 600.
-=======
   void MontreCanevas() override { calls.emplace_back("MontreCanevas"); }
   std::string Signature() const override { return signature; }
 };
 
->>>>>>> w-proj
 struct MapWorld : World {
   MapState carte;
   MapOption options;
   FakeCanvas canvas;
   FakeMapWindow fenetre;
 
-  MapContext context{carte, options, canvas, fenetre, state, io, vue};
-
-  MapWorld() {
-    InitFacteurs(carte);
-    canvas.images["/maps/p.png"] = {800, 600};
-  }
-  ~MapWorld() { state.Data1 = DataControl(); }
-
-  MapContext Contexte() { return context; }
+  MapContext Contexte() { return {carte, options, canvas, fenetre, state, io, vue}; }
 
   /// A map in plate carrée between these limits.
   void OuvrePlate(float south, float west, float north, float east) {
@@ -110,11 +76,6 @@ struct MapWorld : World {
       if (row.longitude) table->Set(Column::LONGITUDE, Cell::Of(*row.longitude));
       table->Update();
     }
-    Ordonne(state.SqlCourant);
-  }
-  /// The same from "(45, 5), (46, Null)".
-  void Lignes(const std::string& values) {
-    state.WorkingDb->Execute("INSERT INTO TALPENA (LATITUDE, LONGITUDE) VALUES " + values);
     Ordonne(state.SqlCourant);
   }
   void Ordonne(const std::string& sql) {
