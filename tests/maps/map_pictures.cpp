@@ -3,6 +3,7 @@
 // Every map in the folder CARTO gets the two files that have most rows within its limits, the first
 // of them with line layers and grid as well. Leaves MAP-FILE.png and MAP-FILE.eps in OUT.
 #include <QGuiApplication>
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -14,7 +15,9 @@
 
 #include "coords/commands/coords_world.h"
 #include "maps/eps.h"
+#include "maps/grid_overlay.h"
 #include "maps/map_files.h"
+#include "maps/projection.h"
 #include "maps/redraw.h"
 #include "platform/os/file_system.h"
 #include "platform/qt/qt_canvas.h"
@@ -55,42 +58,44 @@ struct Distribution : test::CoordsWorld {
   std::string name;
 };
 
-/// The map in the program's canvas; every distribution draws on the same.
+/// A map that is open over a distribution.
+struct Vue {
+  Vue(Distribution& distribution, FileSystem& files)
+      : io{*distribution.engine,  files,
+           distribution.settings, distribution.dialogues,
+           distribution.clock,    distribution.environment,
+           distribution.sound},
+        context{carte, options, canvas, window, distribution.state, io, distribution.vue} {
+    InitUtm(carte);
+    InitFacteurs(carte);
+  }
+
+  Platform io;
+  NoWindow window;
+  QtCanvas canvas;
+  MapState carte;
+  MapOption options;
+  MapContext context;
+};
+
 class Feuille {
  public:
   Feuille(fs::path path, fs::path out) : path_(std::move(path)), out_(std::move(out)) {}
 
   bool Dessine(Distribution& distribution, bool withLines) {
-    Platform io{*distribution.engine, *files_,           distribution.settings,
-                distribution.dialogues, distribution.clock, distribution.environment,
-                distribution.sound};
-    QtCanvas canvas;
-    MapState carte;
-    MapOption options;
-    const MapContext c{carte, options, canvas, window_, distribution.state, io, distribution.vue};
-    InitUtm(carte);
-    InitFacteurs(carte);
-    if (!ChargeCarte(c, path_.string())) return false;
-    if (withLines) AjouteTraits(carte, options);
-    RedrawMap(c);
-    const fs::path name = out_ / (path_.stem().string() + "-" + distribution.name +
-                                  (withLines ? "-lines" : ""));
-    if (!canvas.Surface().save(QString::fromStdString(name.string() + ".png"))) return false;
-    FaitEPS(c, name.string() + ".eps", withLines ? 0 : 1);
-    return true;
+    Vue vue(distribution, *files_);
+    if (!ChargeCarte(vue.context, path_.string())) return false;
+    if (withLines) AjouteTraits(vue.carte, vue.options);
+    RedrawMap(vue.context);
+    const std::string name = path_.stem().string() + "-" + distribution.name;
+    const std::string base = (out_ / (name + (withLines ? "-lines" : ""))).string();
+    FaitEPS(vue.context, base + ".eps", withLines ? 0 : 1);
+    return vue.canvas.Surface().save(QString::fromStdString(base + ".png"));
   }
 
   int Lignes(Distribution& distribution) {
-    Platform io{*distribution.engine, *files_,           distribution.settings,
-                distribution.dialogues, distribution.clock, distribution.environment,
-                distribution.sound};
-    QtCanvas canvas;
-    MapState carte;
-    MapOption options;
-    InitFacteurs(carte);
-    ChargeCarte({carte, options, canvas, window_, distribution.state, io, distribution.vue},
-                path_.string());
-    return distribution.LignesSur(carte);
+    Vue vue(distribution, *files_);
+    return ChargeCarte(vue.context, path_.string()) ? distribution.LignesSur(vue.carte) : 0;
   }
 
  private:
@@ -103,7 +108,6 @@ class Feuille {
   }
 
   fs::path path_, out_;
-  NoWindow window_;
   std::unique_ptr<FileSystem> files_ = CreeSystemeDeFichiers();
 };
 
