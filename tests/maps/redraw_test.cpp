@@ -25,7 +25,7 @@ using Pixels = std::vector<PixelPoint>;
 struct PlateWorld : MapFilesWorld {
   PlateWorld() {
     canvas.images["/maps/p.png"] = {2880, 1440};
-    files.Pose("/maps/a.dsw", "t\ne\np.png\n5 0 name 90 -90 180 -180 0 0 0 0 0 0 0 0 0 0");
+    files.Pose("/maps/a.dsw", "t\ne\np.png\n5 0 name,90 -90 180 -180 0 0 0 0 0 0 0 0 0 0");
     EXPECT_TRUE(ChargeCarte(context, "/maps/a.dsw"));
     canvas.calls.clear();
     fenetre.calls.clear();
