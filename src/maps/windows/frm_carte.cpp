@@ -34,6 +34,8 @@ constexpr std::string_view application = "TALPENA", section = "Carto";
 constexpr std::string_view placeAtFirst = "100";
 constexpr int borders = 120, titleAndBorders = 475;  // twips that a fitted window has for them
 
+constexpr QSize ofTheDesktop(16, 48);  // borders and title of a window, more or less
+
 int Twips(int pixels) { return static_cast<int>(EnTwips(pixels)); }
 int Pixels(int twips) { return EnPixels(static_cast<float>(twips)); }
 
@@ -62,14 +64,15 @@ frmCarte::frmCarte(StoreState& state, Platform& io, MainWindowView& vue, QWidget
 
 frmCarte::~frmCarte() { ChangeSablier(false); }
 
-/// As large as most of the screen until a picture says more.
+/// Nearly as large as the screen, and so it stays for a picture of that size.
 void frmCarte::PlaceFenetre() {
   const auto stored = [this](std::string_view key) {
     return EnPixels(
         static_cast<float>(Val(io_.settings.Lit(application, section, key, placeAtFirst))));
   };
-  const QSize room = screen()->availableGeometry().size();
-  const QRect place = PlaceVisible(QRect(QPoint(stored("Left"), stored("Top")), room * 3 / 4));
+  const QSize room = screen()->availableGeometry().size() - ofTheDesktop;
+  voulue_ = QPoint(stored("Left"), stored("Top"));
+  const QRect place = PlaceVisible(QRect(voulue_, room));
   resize(place.size());
   move(place.topLeft());
 }
@@ -191,7 +194,9 @@ void frmCarte::AjusteMap() {
       const int menus = Twips(barreMenus_->heightForWidth(wanted.width())) + borders;
       wanted.setHeight(Pixels(*fitted.height - titleAndBorders + std::max(titleAndBorders, menus)));
     }
-    const QRect place = PlaceVisible(QRect(pos(), wanted.expandedTo(minimumSizeHint())));
+    // Where it stood, though the window was too large for that until it had its picture.
+    const QPoint at = isVisible() ? pos() : voulue_;
+    const QRect place = PlaceVisible(QRect(at, wanted.expandedTo(minimumSizeHint())));
     resize(place.size());
     if (place.topLeft() != pos()) move(place.topLeft());
     layout()->activate();
@@ -237,7 +242,7 @@ void frmCarte::AjusteOutils() {
 void frmCarte::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
   AjusteOutils();
-  picCarte->setFocus();
+  pages_->currentWidget() == cadre_ ? picCarte->setFocus() : lblVide->setFocus();
   connect(windowHandle(), &QWindow::screenChanged, this, &frmCarte::SuitEcran,
           Qt::UniqueConnection);
   SuitEcran();

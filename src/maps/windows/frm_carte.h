@@ -108,6 +108,7 @@ class frmCarte : public QDialog, public MapWindow {
   bool sablier_ = false;
   bool eps_ = false;         ///< the map is georeferenced
   bool titrePris_ = false;   ///< the caption tells a position
+  QPoint voulue_;            ///< place of the settings
   QPointF position_;         ///< of the mouse, pixels of the picture
   QTimer* suivi_ = nullptr;  ///< the read-out follows once the events have been worked off
 

@@ -103,6 +103,7 @@ void frmCarte::ConstruitOutils() {
     if (outil.commande == CarteCommande::MenuEps) {
       button->setMenu(menus_.at("mnuEPS"));
       button->setPopupMode(QToolButton::InstantPopup);
+      row->addSpacing(margin);  // its arrow stands at its edge
     } else {
       connect(button, &QToolButton::clicked, this, [this, &outil] { Execute(outil.commande); });
     }

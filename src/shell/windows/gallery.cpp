@@ -5,6 +5,7 @@
 #include "analysis/windows/frm_options_periodes.h"
 #include "analysis/windows/selection_form.h"
 #include "common/msg_id.h"
+#include "common/paths.h"
 #include "common/string_table.h"
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
@@ -34,8 +35,14 @@ std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
   return help;
 }
 
-/// With the last map when there is one; else as it is before the first.
+/// With the last map or, before the first, with that of the sample's region; as it is without one
+/// where no map ships.
 std::unique_ptr<QWidget> CreeCarte(const GalleryContext& c) {
+  const std::string region =
+      AvecSeparateur(AvecSeparateur(c.state.AppDir) + "carto") + "western_europe.dsw";
+  if (c.io.settings.Lit("TALPENA", "Carto", "LastMap", "").empty() && c.io.files.Existe(region)) {
+    c.io.settings.Ecrit("TALPENA", "Carto", "LastMap", region);
+  }
   auto view = std::make_unique<frmCarte>(c.state, c.io, c.vue);
   if (view->ConnaitUneCarte()) view->Charge();
   return view;
@@ -46,7 +53,7 @@ std::unique_ptr<QWidget> CreeOptionsCarte(const GalleryContext& c) {
   MapState map;
   map.CodeProjection = 1;
   MapOption options;
-  for (const char* layer : {"/coasts.tlp", "/rivers.tlp"})
+  for (const char* layer : {"/coasts_world.tlp", "/borders_world.tlp"})
     options.Add(c.state.AppDir + "/carto" + layer);
   return std::make_unique<frmCartesOptions>(c.state, c.io, map, options, OngletCartes::Tlp);
 }

@@ -147,9 +147,9 @@ TEST(FrmCarte, APlanShowsItsUnitsAndHasNoEps) {
 TEST(FrmCarte, TellsThePositionOfTheMouse) {
   MapMachine m;
   m.Ouvre(m.Carte());
-  m.Survole(100, 50);
+  m.Survole(120, 50);
   EXPECT_EQ(m.Panneau(1), "lat=55.000");
-  EXPECT_EQ(m.Panneau(2), "lon=00.000");
+  EXPECT_EQ(m.Panneau(2), "lon=02.000");
   EXPECT_EQ(m.Panneau(3).substr(0, 4), " 31U");
   m.Survole(0, 199);
   EXPECT_EQ(m.Panneau(1), "lat=40.100");

@@ -59,7 +59,9 @@ TEST(Form1Map, OpensByItsButtonAndItsKey) {
   });
   EXPECT_TRUE(seen);
   const DialogDriver driver("frmCarte", [](QDialog& dialog) { dialog.reject(); });
-  QTest::keyClick(m.form.get(), Qt::Key_M, Qt::ControlModifier);
+  m.form->activateWindow();
+  QTest::qWait(20);
+  QTest::keyClick(m.Controle<TDBGrid>("TDBGrid1"), Qt::Key_M, Qt::ControlModifier);
 }
 
 TEST(Form1Map, AClickAddsARowToTheGridAndChoosesIt) {
