@@ -20,8 +20,7 @@ using test::PointTlp;
 using test::TeteTlp;
 using Pixels = std::vector<PixelPoint>;
 
-/// A plate carree of the whole world, 8 pixels for a degree of longitude and 20 / 3 of latitude...
-/// on a picture of 2880 x 1440, so that a degree is 8 pixels both ways.
+/// A plate carree of the whole world on a picture of 2880 x 1440: a degree is 8 pixels.
 struct PlateWorld : MapFilesWorld {
   PlateWorld() {
     canvas.images["/maps/p.png"] = {2880, 1440};
@@ -35,7 +34,7 @@ struct PlateWorld : MapFilesWorld {
     files.Pose(path, EnTeteTlp() + records);
     AfficheTLP(context, path);
   }
-  std::vector<CanvasCall> Traits() const { return canvas.calls; }
+  const std::vector<CanvasCall>& Traits() const { return canvas.calls; }
 };
 
 PixelPoint At(double latitude, double longitude) {
@@ -217,7 +216,7 @@ TEST(AfficheTLP, APointBehindTheGlobeIsDrawnFarAway) {
   w.canvas.calls.clear();
   w.Trace(Record({{-1, 1, 1}, {0, 10, 10}, {0, 10, 170}, {0, 20, 10}, {-1, 1, 1}}));
   ASSERT_EQ(w.Traits().size(), 1U);
-  const Pixels& points = w.Traits()[0].points;
+  const Pixels points = w.Traits()[0].points;
   ASSERT_EQ(points.size(), 3U);
   EXPECT_GT(points[1].x, 1000000);
   EXPECT_LT(points[1].y, -1000000);
@@ -231,7 +230,7 @@ TEST(AfficheTLP, BehindAPolarMapOnlyXGoesFarAway) {
   w.canvas.calls.clear();
   w.Trace(Record({{-1, 50, 1}, {0, 60, 10}, {0, -10, 170}, {0, 70, 10}, {-1, 1, 1}}));
   ASSERT_EQ(w.Traits().size(), 1U);
-  const Pixels& points = w.Traits()[0].points;
+  const Pixels points = w.Traits()[0].points;
   ASSERT_EQ(points.size(), 3U);
   EXPECT_GT(points[1].x, 1000000);
   EXPECT_EQ(points[1].y, points[0].y) << "Y is that of the point before";
