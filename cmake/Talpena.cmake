@@ -16,6 +16,11 @@ if(TALPENA_WERROR)
   target_compile_options(talpena_warnings INTERFACE -Werror)
 endif()
 
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # So that a compiler cache knows compiled headers again.
+  add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+endif()
+
 # talpena_library(name SOURCES a.cpp a.h ... PUBLIC lib ... PRIVATE lib ...)
 function(talpena_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
@@ -34,6 +39,7 @@ function(talpena_windows name)
   set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
   target_link_libraries(${name} PUBLIC Qt6::Widgets)
   talpena_window_options(${name})
+  target_precompile_headers(${name} REUSE_FROM talpena_widget_headers)
 endfunction()
 
 # What all test programs are compiled with.
@@ -44,10 +50,6 @@ function(talpena_test_options name)
     TALPENA_BINARY_DIR="${PROJECT_BINARY_DIR}"
     TALPENA_SHARED_DATA="${PROJECT_SOURCE_DIR}/../shared/data")
   target_compile_options(${name} PRIVATE -O0)  # most of a build is compiling tests
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-    # So that a compiler cache knows compiled headers again.
-    target_compile_options(${name} PRIVATE "SHELL:-Xclang -fno-pch-timestamp")
-  endif()
   target_link_libraries(${name} PRIVATE talpena_warnings)
 endfunction()
 

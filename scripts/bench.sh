@@ -10,12 +10,14 @@ need_packages $packages_build $packages_test $packages_bench
 [ -f build/bench/build.ninja ] || cmake --preset bench >/dev/null
 cmake --build --preset bench >/dev/null
 for rows in 100000 1000000; do
-  for name in load_bench save_bench engine_bench grid_bench adjust_bench; do
+  for name in load_bench save_bench engine_bench grid_bench adjust_bench eps_bench; do
     echo "== $name, $rows rows"
     build/bench/bin/$name "$rows"
   done
 done
 echo "== coords_bench"
 build/bench/bin/coords_bench
+echo "== projection_bench"
+build/bench/bin/projection_bench
 echo "== start"
 bench/start.sh build/bench/bin build/bench/bin/samples/talpa_sample.deg

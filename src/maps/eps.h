@@ -23,14 +23,24 @@ class EpsOutput {
   std::string waiting_;
 };
 
-/// Save dialog, then FaitEPS.
+/// Save dialog, then FaitEPS. A failure is shown, a cancelled dialog is not.
 void Imprime(MapContext c, int mode);
 
-/// Writes the file; mode 1 is colour.
+/// Writes the file, and tells so; mode 1 is colour. A failure is thrown on: the file stays, as far
+/// as it came.
 void FaitEPS(MapContext c, const std::string& file, int mode);
 
-/// Each of 68 characters as a backslash and three octal digits.
+/// What stands ahead of the map's drawing: the prologue beside the map, its placeholders filled in,
+/// and the definitions of the frame; `file` is the path of the output. Computes the frame.
+void EcritPrologue(MapContext c, EpsOutput& eps, const std::string& file);
+
+/// Copies a text file line by line. Lines may end with CR LF, CR or LF.
+void Recopie(Platform& io, const std::string& path, EpsOutput& eps);
+
+/// Each of 68 characters as a backslash and three octal digits of its code in ISO Latin-1; "|" as
+/// the broken bar.
 void ChangeAccents(std::string& text);
+void ModifieCar(std::string& text, std::string_view what, std::string_view by);
 
 /// The size of the map on the page, whole points: the longer side has 500. DivisionByZero (11) for
 /// a map without extent.

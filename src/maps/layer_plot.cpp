@@ -25,6 +25,9 @@ DrawStyle Style(int style) {
   return style == 1 || style == 2 ? DrawStyle::Solid : DrawStyle::Dashed;
 }
 
+/// What is no number stays none, for the projection to refuse.
+float EnRadians(float degrees) { return std::isfinite(degrees) ? radian(degrees) : degrees; }
+
 /// Orthographic maps give HORS_CARTE twice to a point behind the globe, all others to one that
 /// their arithmetic cannot take.
 bool EstEchec(const MapState& carte, float X, float Y) {
@@ -47,8 +50,8 @@ void LayerPlot::Trace(const LayerRecord& record, std::span<const LayerPoint> poi
   lat_.clear();
   lon_.clear();
   for (const LayerPoint& point : points) {
-    lat_.push_back(radian(point.latitude));
-    lon_.push_back(radian(point.longitude));
+    lat_.push_back(EnRadians(point.latitude));
+    lon_.push_back(EnRadians(point.longitude));
   }
   x_.assign(points.size(), unwritten);
   y_.assign(points.size(), unwritten);

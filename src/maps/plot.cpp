@@ -106,6 +106,12 @@ float DiametreSymbole(const MapState& carte, const MapOption& options) {
   return static_cast<float>(options.SymbolDiameter / 1000.0);
 }
 
+void PrepareSymboles(Canvas& canvas) {
+  canvas.Attributs.DrawWidth = 1;
+  canvas.Attributs.ForeColor = 0;
+  canvas.Attributs.drawStyle = DrawStyle::Solid;
+}
+
 void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std::uint32_t colour,
                 FillStyle fill) {
   canvas.Attributs.FillColor = colour;
@@ -125,9 +131,7 @@ void PlotDistri(MapContext c, EpsOutput* eps, int mode) {
         {.text = "This map is not georeferenced.\rMapping aborted", .icon = Icon::Stop});
     return;
   }
-  c.canvas.Attributs.DrawWidth = 1;
-  c.canvas.Attributs.ForeColor = 0;
-  c.canvas.Attributs.drawStyle = DrawStyle::Solid;
+  PrepareSymboles(c.canvas);
   if (eps != nullptr) {
     Trace(c, SurPapier(c, *eps, diameter, mode));
   } else {

@@ -14,6 +14,9 @@ void PlotDistri(MapContext c, EpsOutput* eps, int mode);
 void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std::uint32_t colour,
                 FillStyle fill);
 
+/// The outline of symbols: black, solid, one pixel wide.
+void PrepareSymboles(Canvas& canvas);
+
 /// Diameter of the symbols in user units.
 float DiametreSymbole(const MapState& carte, const MapOption& options);
 

@@ -50,6 +50,9 @@ class MainWindowView {
   /// Bookmarks of the rows chosen in the grid, in the order in which they were chosen; none when no
   /// row is chosen.
   virtual std::vector<Bookmark> LignesSelectionnees() = 0;
+  /// From now on these rows are chosen in the grid, in this order, and no others; names of rows
+  /// that it does not show are passed over.
+  virtual void ChoisitLignes(const std::vector<Bookmark>& rows) = 0;
   /// The columns chosen in the grid by their headings; empty when none is.
   virtual std::optional<ColumnRange> ColonnesSelectionnees() = 0;
   virtual void SelectionneColonnes(ColumnRange columns) = 0;

@@ -5,10 +5,17 @@
 
 namespace talpena {
 
+struct CalendarDate {
+  int year = 0;
+  int month = 0;
+  int day = 0;
+};
+
 class Clock {
  public:
   virtual ~Clock() = default;
-  virtual int AnneeCourante() = 0;  ///< current year of the local calendar
+  virtual int AnneeCourante() = 0;          ///< current year of the local calendar
+  virtual CalendarDate DateCourante() = 0;  ///< today in it
 };
 
 class Environment {

@@ -21,16 +21,6 @@ void MontreLigneAjoutee(CommandContext c, Bookmark row) {
   c.vue.PlaceFocusGrille();
 }
 
-/// A file that could not be read leaves an empty table that no grid shows yet.
-void LieTable(CommandContext c) {
-  DataControl& data = c.state.Data1;
-  if (data.EstLie()) return;
-  data.Lie(*c.state.WorkingDb);
-  data.RecordSource = c.state.SqlCourant;
-  data.Refresh();
-  c.vue.AjusteGrille();
-}
-
 Bookmark AjouteLignesVides(CommandContext c, std::int32_t count) {
   const Sablier sablier(c.vue);
   const auto rows = c.state.Data1.Clone();
@@ -67,15 +57,6 @@ void SupprimeLignes(CommandContext c, const std::vector<Bookmark>& chosen) {
   transaction.Valide();
 }
 
-void RetourneAPosition(Recordset& rows, std::int64_t position) {
-  const std::int64_t last = rows.RecordCount() - 1;
-  if (last < 0) {
-    rows.MoveFirst();
-  } else {
-    rows.SetAbsolutePosition(std::clamp<std::int64_t>(position, 0, last));
-  }
-}
-
 void Supprime(CommandContext c) {
   const std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
   if (chosen.empty()) {
@@ -94,6 +75,25 @@ void Supprime(CommandContext c) {
 }
 
 }  // namespace
+
+// A file that could not be read leaves an empty table that no grid shows yet.
+void LieTable(CommandContext c) {
+  DataControl& data = c.state.Data1;
+  if (data.EstLie()) return;
+  data.Lie(*c.state.WorkingDb);
+  data.RecordSource = c.state.SqlCourant;
+  data.Refresh();
+  c.vue.AjusteGrille();
+}
+
+void RetourneAPosition(Recordset& rows, std::int64_t position) {
+  const std::int64_t last = rows.RecordCount() - 1;
+  if (last < 0) {
+    rows.MoveFirst();
+  } else {
+    rows.SetAbsolutePosition(std::clamp<std::int64_t>(position, 0, last));
+  }
+}
 
 void cmdFirstLast_Click(CommandContext c, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {

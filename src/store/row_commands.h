@@ -1,5 +1,7 @@
 // Commands over single rows of the grid: go to one, add, duplicate, delete.
 #pragma once
+#include <cstdint>
+
 #include "store/command_context.h"
 
 namespace talpena {
@@ -19,5 +21,11 @@ void mnuDuplic_Click(CommandContext c);
 /// Deletes the rows chosen in the grid, once the user has agreed. The position stays, or becomes
 /// that of the last row where fewer are left.
 void MnuSupprimer_Click(CommandContext c);
+
+/// Binds the table when no file has bound it yet: rows are about to be added.
+void LieTable(CommandContext c);
+
+/// Puts a cursor back to a position, or to the last row where fewer are left.
+void RetourneAPosition(Recordset& rows, std::int64_t position);
 
 }  // namespace talpena

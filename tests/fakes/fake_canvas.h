@@ -54,7 +54,7 @@ class FakeCanvas : public Canvas {
   }
   UserScale Echelle() const override { return echelle; }
 
-  void Cls() override { Note("Cls", {}); }
+  void Cls() override { Note("Cls", std::vector<double>{}); }
   void PSet(double x, double y) override { Note("PSet", {x, y}); }
   void Line(double x1, double y1, double x2, double y2) override { Note("Line", {x1, y1, x2, y2}); }
   void Circle(double x, double y, double radius) override { Note("Circle", {x, y, radius}); }

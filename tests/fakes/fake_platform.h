@@ -99,8 +99,9 @@ class FakeSettings : public SettingsStore {
 
 class FakeClock : public Clock {
  public:
-  int annee = 2011;
+  int annee = 2011, mois = 7, jour = 4;
   int AnneeCourante() override { return annee; }
+  CalendarDate DateCourante() override { return {annee, mois, jour}; }
 };
 
 class FakeEnvironment : public Environment {
@@ -183,6 +184,10 @@ class FakeView : public MainWindowView {
   void MontreOptionsPeriodes() override { ++periodes, Note("MontreOptionsPeriodes"); }
   bool MontreAjustement() override { return Note("MontreAjustement"), ajustement; }
   std::vector<Bookmark> LignesSelectionnees() override { return selection; }
+  void ChoisitLignes(const std::vector<Bookmark>& rows) override {
+    selection = rows;
+    Note("ChoisitLignes");
+  }
   std::optional<ColumnRange> ColonnesSelectionnees() override { return colonnes; }
   void SelectionneColonnes(ColumnRange c) override {
     colonnes = c;

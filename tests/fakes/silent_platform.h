@@ -44,6 +44,7 @@ class NoSettings : public SettingsStore {
 class StandingClock : public Clock {
  public:
   int AnneeCourante() override { return 2011; }
+  CalendarDate DateCourante() override { return {2011, 7, 4}; }
 };
 
 class NoEnvironment : public Environment {

@@ -35,6 +35,7 @@ class SilentView : public MainWindowView {
   void MontreOptionsPeriodes() override {}
   bool MontreAjustement() override { return false; }
   std::vector<Bookmark> LignesSelectionnees() override { return {}; }
+  void ChoisitLignes(const std::vector<Bookmark>&) override {}
   std::optional<ColumnRange> ColonnesSelectionnees() override { return {}; }
   void SelectionneColonnes(ColumnRange) override {}
   int ColonneCourante() override { return 0; }

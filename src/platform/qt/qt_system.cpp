@@ -16,6 +16,11 @@ namespace talpena {
 
 int QtClock::AnneeCourante() { return QDate::currentDate().year(); }
 
+CalendarDate QtClock::DateCourante() {
+  const QDate today = QDate::currentDate();
+  return {today.year(), today.month(), today.day()};
+}
+
 std::string QtEnvironment::Variable(std::string_view name) {
   return qEnvironmentVariable(std::string(name).c_str()).toStdString();
 }

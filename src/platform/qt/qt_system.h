@@ -8,6 +8,7 @@ namespace talpena {
 class QtClock : public Clock {
  public:
   int AnneeCourante() override;
+  CalendarDate DateCourante() override;
 };
 
 class QtEnvironment : public Environment {

@@ -143,7 +143,10 @@ void NumberReader::Rend() {
       ++rows;
     }
   }
-  if (rows > 0) visit_({rows, fields_, {values_.data(), rows * fields_}});
+  for (std::size_t from = 0; from < rows; from += SmallBlock) {
+    const std::size_t count = std::min(SmallBlock, rows - from);
+    visit_({count, fields_, {values_.data() + from * fields_, count * fields_}});
+  }
 }
 
 }  // namespace talpena::sqlite

@@ -75,6 +75,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MontreOptionsPeriodes() override;
   bool MontreAjustement() override;
   std::vector<Bookmark> LignesSelectionnees() override;
+  void ChoisitLignes(const std::vector<Bookmark>& rows) override;
   std::optional<ColumnRange> ColonnesSelectionnees() override;
   void SelectionneColonnes(ColumnRange columns) override;
   int ColonneCourante() override;

@@ -266,6 +266,8 @@ bool Form1::MontreAjustement() { return Ajustement(state_, this).Demande(); }
 
 std::vector<Bookmark> Form1::LignesSelectionnees() { return TDBGrid1->LignesChoisies(); }
 
+void Form1::ChoisitLignes(const std::vector<Bookmark>& rows) { TDBGrid1->ChoisitLignes(rows); }
+
 std::optional<ColumnRange> Form1::ColonnesSelectionnees() { return TDBGrid1->ColonnesChoisies(); }
 
 void Form1::SelectionneColonnes(ColumnRange columns) { TDBGrid1->SelectionneColonnes(columns); }

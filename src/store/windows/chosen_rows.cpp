@@ -73,6 +73,11 @@ void ChosenRows::Devient(std::vector<RowRun> rows, bool upwards) {
   for (const RowRun run : added) Ajoute(Dirige(run.from, run.to, upwards));
 }
 
+void ChosenRows::DevientDansLOrdre(std::span<const RowRun> rows) {
+  runs_.clear();
+  for (const RowRun run : rows) Ajoute(run);
+}
+
 // A run goes on from the one before it where it can.
 void ChosenRows::Ajoute(RowRun run) {
   if (!runs_.empty()) {

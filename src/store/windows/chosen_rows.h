@@ -25,6 +25,9 @@ class ChosenRows {
   /// to the first. The runs are rising, in any order, and have no row in common.
   void Devient(std::vector<RowRun> rows, bool upwards);
 
+  /// From now on these rows are chosen, in this order. No row is named twice.
+  void DevientDansLOrdre(std::span<const RowRun> rows);
+
   const std::vector<RowRun>& Suites() const { return runs_; }
   bool Contient(int row) const;
   /// The row chosen last; empty when there is none.

@@ -137,4 +137,20 @@ void GridModel::AjouteSignets(int from, int to, std::vector<Bookmark>& bookmarks
   }
 }
 
+std::vector<int> GridModel::LignesDe(const std::vector<Bookmark>& bookmarks) const {
+  std::vector<int> lines;
+  if (!rows_) return lines;
+  placedOn_ = -1;
+  lines.reserve(bookmarks.size());
+  for (const Bookmark bookmark : bookmarks) {
+    try {
+      rows_->SetBookmark(bookmark);
+      lines.push_back(static_cast<int>(rows_->AbsolutePosition()));
+    } catch (const TalpenaError& e) {
+      if (e.number() != ErrorNumber::InvalidBookmark) throw;
+    }
+  }
+  return lines;
+}
+
 }  // namespace talpena

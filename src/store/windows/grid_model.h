@@ -38,6 +38,8 @@ class GridModel : public QAbstractTableModel {
 
   /// Appends the bookmarks of neighbouring rows, in the order from the one to the other.
   void AjouteSignets(int from, int to, std::vector<Bookmark>& bookmarks) const;
+  /// The rows of bookmarks, in their order; those that are not shown are left out.
+  std::vector<int> LignesDe(const std::vector<Bookmark>& bookmarks) const;
 
  private:
   std::string Texte(int row, int gridColumn) const;

@@ -61,6 +61,8 @@ class TDBGrid : public QTableView {
   /// Chooses a row: alone, with Ctrl added or taken out, with Shift every row from the one chosen
   /// last to this one added.
   void ChoisitLigne(int row, Qt::KeyboardModifiers modifiers);
+  /// Chooses these rows in this order, and no others. The cursor does not move.
+  void ChoisitLignes(const std::vector<Bookmark>& rows);
   /// Bookmarks of the chosen rows, in the order in which they were chosen.
   std::vector<Bookmark> LignesChoisies() const;
 

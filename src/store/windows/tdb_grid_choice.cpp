@@ -109,6 +109,23 @@ void TDBGrid::ChoisitLigne(int row, Qt::KeyboardModifiers modifiers) {
   setFocus();
 }
 
+void TDBGrid::ChoisitLignes(const std::vector<Bookmark>& rows) {
+  OublieChoix();
+  std::vector<RowRun> runs;
+  for (const int row : model_->LignesDe(rows)) runs.push_back({row, row});
+  chosen_.DevientDansLOrdre(runs);
+  QItemSelection selection;
+  for (const RowRun run : chosen_.Suites()) {
+    selection.append(
+        QItemSelectionRange(model_->index(std::min(run.from, run.to), 0),
+                            model_->index(std::max(run.from, run.to), Column::GridCount - 1)));
+  }
+  choosing_ = true;
+  selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
+  choosing_ = false;
+  lastChosen_ = chosenTop_ = chosenBottom_ = chosen_.Derniere().value_or(-1);
+}
+
 std::vector<Bookmark> TDBGrid::LignesChoisies() const {
   std::vector<Bookmark> bookmarks;
   bookmarks.reserve(static_cast<std::size_t>(chosen_.Nombre()));

@@ -1,0 +1,136 @@
+// Clicks on the map: a new row, or the last one taken back.
+#include <cmath>
+#include <string>
+#include <vector>
+
+#include "common/free_decimal.h"
+#include "common/numbers.h"
+#include "common/talpena_error.h"
+#include "common/text.h"
+#include "maps/plot.h"
+#include "maps/projection.h"
+#include "platform/commands.h"
+#include "store/row_commands.h"
+#include "store/table.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::uint32_t White = 0xFFFFFF;
+
+bool EstGeoreferencee(const MapState& carte) {
+  return carte.CodeProjection >= 1 && carte.CodeProjection <= 13;
+}
+
+void MontrePositionTitre(MapContext c, float x, float y) {
+  c.fenetre.ChangeTitre(FormeLibre(x) + FormeLibre(y));
+}
+
+/// Coordinates of a new row, as texts.
+struct Position {
+  std::string latitude;
+  std::string longitude;
+};
+
+std::string EnTexte(float radians, std::string_view mask) {
+  const float degrees = Degre(radians);
+  if (!std::isfinite(degrees)) throw TalpenaError(ErrorNumber::Overflow, "Overflow");
+  return Remplace(Format(degrees, mask), ",", ".");
+}
+
+Position PositionDe(const MapState& carte, float x, float y) {
+  float lat = 0, lon = 0;
+  ProjectionInverse(carte, x, y, lat, lon);
+  return {EnTexte(lat, "+##.#####;-##.#####"), EnTexte(lon, "+###.#####;-###.#####")};
+}
+
+Bookmark AjouteLigne(StoreState& state, const Position& position) {
+  const auto rows = state.Data1.Clone();
+  rows->AddNew();
+  rows->Set(Column::PERIOD, Cell::Of(std::int64_t{1}));
+  rows->Set(Column::LATITUDE, Cell::Of(Val(position.latitude)));
+  rows->Set(Column::LONGITUDE, Cell::Of(Val(position.longitude)));
+  rows->Set(Column::N1, Cell::Of(std::int64_t{1}));
+  rows->Set(Column::N2, Cell::Of(std::int64_t{1}));
+  rows->Set(Column::DATUM, Cell::Of(std::string_view("EUR-M")));
+  const std::string original = "deg " + position.latitude + " " + position.longitude;
+  rows->Set(Column::ORIGINAL, Cell::Of(std::string_view(original)));
+  rows->Update();
+  return rows->LastModified();
+}
+
+/// The grid shows other rows, and these are chosen in it.
+void MontreLignes(MapContext c, const std::vector<Bookmark>& chosen) {
+  c.state.FichierModifie = true;
+  c.state.Data1.SignaleLignes();
+  c.state.Data1.SignalePosition();
+  c.vue.ChoisitLignes(chosen);
+}
+
+/// Where the row lies on the map: as a redraw would put it, from the values that it keeps.
+struct MapPoint {
+  float X = 0;
+  float Y = 0;
+};
+MapPoint PointDe(const MapState& carte, double latitude, double longitude) {
+  MapPoint point;
+  Project(carte, radian(static_cast<float>(latitude)), radian(static_cast<float>(longitude)),
+          point.X, point.Y);
+  return point;
+}
+
+/// A white spot hides the middle of the symbol.
+void EffaceSymbole(MapContext c, MapPoint point) {
+  const DrawAttributes before = c.canvas.Attributs;
+  c.canvas.Attributs.ForeColor = White;
+  c.canvas.Attributs.FillColor = White;
+  c.canvas.Attributs.fillStyle = FillStyle::Solid;
+  c.canvas.Circle(point.X, point.Y, DiametreSymbole(c.carte, c.options) / 4.0);
+  c.canvas.Attributs.ForeColor = before.ForeColor;
+  c.fenetre.MontreCanevas();
+}
+
+void EffaceLigne(MapContext c, Recordset& row) {
+  const Cell latitude = row.Get(Column::LATITUDE), longitude = row.Get(Column::LONGITUDE);
+  if (latitude.EstNull() || longitude.EstNull() || !EstGeoreferencee(c.carte)) return;
+  if (latitude.real == 0 && longitude.real == 0) return;
+  EffaceSymbole(c, PointDe(c.carte, latitude.real, longitude.real));
+}
+
+}  // namespace
+
+void AjouteLigneCarte(MapContext c, float x, float y) {
+  MontrePositionTitre(c, x, y);
+  if (!EstGeoreferencee(c.carte)) return;
+  const Position position = PositionDe(c.carte, x, y);
+  LieTable({c.state, c.io, c.vue});
+  std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
+  chosen.push_back(AjouteLigne(c.state, position));
+  c.state.Data1.recordset().SetBookmark(chosen.back());
+  MontreLignes(c, chosen);
+  const MapPoint point = PointDe(c.carte, Val(position.latitude), Val(position.longitude));
+  PrepareSymboles(c.canvas);
+  PlotSymbol(c.canvas, point.X, point.Y, 1, DiametreSymbole(c.carte, c.options),
+             static_cast<std::uint32_t>(c.options.SymbolColor), FillStyle::Solid);
+  c.fenetre.MontreCanevas();
+}
+
+void RetireLigneCarte(MapContext c, float x, float y) {
+  MontrePositionTitre(c, x, y);
+  std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
+  if (chosen.empty() || !c.state.Data1.EstLie() || c.state.Data1.recordset().RecordCount() == 0) {
+    Bip(c.state, c.io);
+    return;
+  }
+  Recordset& rows = c.state.Data1.recordset();
+  const std::int64_t position = rows.AbsolutePosition();
+  const auto row = rows.Clone();
+  row->SetBookmark(chosen.back());
+  EffaceLigne(c, *row);
+  row->Delete();
+  chosen.pop_back();
+  RetourneAPosition(rows, position);
+  MontreLignes(c, chosen);
+}
+
+}  // namespace talpena
