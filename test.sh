@@ -108,7 +108,7 @@ run_fuzz() {
       echo "PASSED 0 FAILED 1"
       return; }
   rm -rf build/asan/fuzz
-  for name in deg_header deg_reader period_line original; do echo "$name $fuzz_seconds"; done >build/stamps/fuzz.list
+  for name in deg_header deg_reader period_line original dsw tlp; do echo "$name $fuzz_seconds"; done >build/stamps/fuzz.list
   for name in numbers jet_values condition; do echo "$name $((fuzz_seconds / 3))"; done >>build/stamps/fuzz.list
   xargs -P2 -L1 scripts/fuzz_one.sh <build/stamps/fuzz.list
   local good bad

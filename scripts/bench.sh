@@ -17,5 +17,7 @@ for rows in 100000 1000000; do
 done
 echo "== coords_bench"
 build/bench/bin/coords_bench
+echo "== projection_bench"
+build/bench/bin/projection_bench
 echo "== start"
 bench/start.sh build/bench/bin build/bench/bin/samples/talpa_sample.deg

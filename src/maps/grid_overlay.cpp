@@ -1,7 +1,7 @@
 #include "maps/grid_overlay.h"
 
 #include <algorithm>
-#include <optional>
+#include <limits>
 
 #include "common/free_decimal.h"
 #include "common/numbers.h"
@@ -83,11 +83,14 @@ class Noeuds {
   int count_ = 0;
 };
 
-/// Joins the nodes of one row; the first is a dot.
+/// Joins the nodes of one row; the first is a dot. A hidden node is joined like any other, but it
+/// lies at infinity: the canvas would show the way to a place that is only far off.
 class Trait {
  public:
   explicit Trait(Canvas& canvas) : canvas_(canvas) {}
-  void Ajoute(float x, float y) {
+  void Ajoute(float X, float Y) {
+    const bool hidden = X == HORS_CARTE;
+    const double x = hidden ? infinite : X, y = hidden ? infinite : Y;
     if (open_) {
       canvas_.Line(x_, y_, x, y);
     } else {
@@ -99,9 +102,10 @@ class Trait {
   }
 
  private:
+  static constexpr double infinite = std::numeric_limits<double>::infinity();
   Canvas& canvas_;
   bool open_ = false;
-  float x_ = 0, y_ = 0;
+  double x_ = 0, y_ = 0;
 };
 
 void TraceParalleles(Canvas& canvas, const Maille& maille, Noeuds& noeuds) {

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "maps/polygon.h"
+
 namespace talpena {
 
 class EpsOutput;
@@ -59,6 +61,7 @@ struct MapState {
   float CoteKm = 0;  ///< the larger of the two; the height when they are equal
 
   // The view.
+  Polygon polygone;     ///< a line that a layer left without an end waits here for the next pen
   float Pas = 0;        ///< step of the grid, degrees or units of a map of code 0
   bool Grille = false;  ///< the grid is on show
 };

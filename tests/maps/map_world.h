@@ -1,6 +1,8 @@
 // A program without windows that shows a map: an open table, a recording canvas and map window.
 #pragma once
+#include <algorithm>
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,15 +21,21 @@ class FakeMapWindow : public MapWindow {
   bool sablier = false;
   std::string titre;
   std::string signature;
+  std::map<int, std::string> panneaux;  ///< of the status bar
+  bool eps = true;                      ///< the button "eps" is enabled
+  int ajustements = 0;                  ///< how often the window was fitted
 
+  int Compte(const std::string& call) const {
+    return static_cast<int>(std::count(calls.begin(), calls.end(), call));
+  }
   void ChangeSablier(bool h) override {
     sablier = h;
     calls.push_back(h ? "Sablier" : "Pointeur");
   }
-  void ActiveEps(bool) override {}
-  void AjusteMap() override {}
+  void ActiveEps(bool enabled) override { eps = enabled; }
+  void AjusteMap() override { ++ajustements; }
   void ChangeTitre(const std::string& text) override { titre = text; }
-  void MontrePanneau(int, const std::string&) override {}
+  void MontrePanneau(int panel, const std::string& text) override { panneaux[panel] = text; }
   void MontreCanevas() override { calls.emplace_back("MontreCanevas"); }
   std::string Signature() const override { return signature; }
 };

@@ -29,11 +29,13 @@ constexpr SystemRole systemRoles[] = {
 
 }  // namespace
 
+QColor EnQColor(std::uint32_t couleur) {
+  return {static_cast<int>(couleur & 0xFF), static_cast<int>(couleur >> 8 & 0xFF),
+          static_cast<int>(couleur >> 16 & 0xFF)};
+}
+
 QColor EnQColor(std::uint32_t couleur, const QPalette& palette) {
-  if (couleur < SystemColour) {
-    return {static_cast<int>(couleur & 0xFF), static_cast<int>(couleur >> 8 & 0xFF),
-            static_cast<int>(couleur >> 16 & 0xFF)};
-  }
+  if (couleur < SystemColour) return EnQColor(couleur);
   for (const SystemRole& entry : systemRoles) {
     if (entry.number == couleur - SystemColour) return palette.color(entry.role);
   }

@@ -1,0 +1,101 @@
+#include "platform/qt/stroke_mask.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace talpena {
+
+/// A segment made ready: the distance of a pixel from it gives the pixel's coverage.
+struct SegmentShape {
+  SegmentShape(SurfacePoint from, SurfacePoint to, double width)
+      : x(static_cast<float>(from.x)),
+        y(static_cast<float>(from.y)),
+        dx(static_cast<float>(to.x - from.x)),
+        dy(static_cast<float>(to.y - from.y)),
+        reach(static_cast<float>(width / 2 + 0.5)) {
+    const float square = dx * dx + dy * dy;
+    inverse = square > 1e-12F ? 1 / square : 0;
+  }
+  float Couverture(float px, float py) const {
+    const float ox = px - x;
+    const float oy = py - y;
+    const float along = std::clamp((ox * dx + oy * dy) * inverse, 0.0F, 1.0F);
+    const float ex = ox - along * dx;
+    const float ey = oy - along * dy;
+    return std::min(reach - std::sqrt(ex * ex + ey * ey), 1.0F);
+  }
+
+  float x, y, dx, dy;
+  float reach;    ///< distance at which nothing of the line is left
+  float inverse;  ///< 1 / length squared; 0 for a dot
+};
+
+namespace {
+
+/// Pixels from one to another, both included, that a surface has.
+struct PixelRange {
+  PixelRange(double from, double to, int size)
+      : first(static_cast<int>(std::ceil(std::clamp(from, 0.0, double(size))))),
+        last(static_cast<int>(std::floor(std::clamp(to, -1.0, double(size - 1))))) {}
+  int first;
+  int last;
+};
+
+}  // namespace
+
+void StrokeMask::Dimensionne(int width, int height) {
+  width_ = width;
+  height_ = height;
+  coverage_.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0);
+  touched_.clear();
+}
+
+void StrokeMask::Segment(SurfacePoint from, SurfacePoint to, double width) {
+  const SegmentShape shape(from, to, width);
+  const double reach = width / 2 + 0.5;
+  const double left = std::min(from.x, to.x) - reach;
+  const double right = std::max(from.x, to.x) + reach;
+  const double dx = to.x - from.x;
+  const double dy = to.y - from.y;
+  const bool steep = std::abs(dy) > 1e-6;
+  const double slope = steep ? dx / dy : 0;
+  const double half = steep ? reach * std::sqrt(1 + slope * slope) : 0;  // along the row
+  const PixelRange rows(std::min(from.y, to.y) - reach, std::max(from.y, to.y) + reach, height_);
+  for (int y = rows.first; y <= rows.last; ++y) {
+    const double middle = from.x + (y - from.y) * slope;
+    const PixelRange range(steep ? std::max(left, middle - half) : left,
+                           steep ? std::min(right, middle + half) : right, width_);
+    Rangee(y, range.first, range.last, shape);
+  }
+}
+
+void StrokeMask::Rangee(int y, int first, int last, const SegmentShape& shape) {
+  const std::size_t start = static_cast<std::size_t>(y) * static_cast<std::size_t>(width_);
+  for (int x = first; x <= last; ++x) {
+    const float share = shape.Couverture(static_cast<float>(x), static_cast<float>(y));
+    if (share <= 0) continue;
+    const auto coverage = static_cast<std::uint8_t>(share * 255 + 0.5F);
+    const std::size_t pixel = start + static_cast<std::size_t>(x);
+    if (coverage <= coverage_[pixel]) continue;
+    if (coverage_[pixel] == 0) touched_.push_back(static_cast<std::uint32_t>(pixel));
+    coverage_[pixel] = coverage;
+  }
+}
+
+void StrokeMask::Peint(const PixelRows& target, std::uint32_t colour) {
+  const auto width = static_cast<std::uint32_t>(width_);
+  for (const std::uint32_t pixel : touched_) {
+    std::uint32_t& below = target.pixels[static_cast<std::size_t>(pixel / width) *
+                                             static_cast<std::size_t>(target.stride) +
+                                         pixel % width];
+    below = Superpose(Echelonne(colour, coverage_[pixel]), below);
+  }
+  Oublie();
+}
+
+void StrokeMask::Oublie() {
+  for (const std::uint32_t pixel : touched_) coverage_[pixel] = 0;
+  touched_.clear();
+}
+
+}  // namespace talpena
