@@ -137,6 +137,7 @@ void frmCarte::ConstruitCentre() {
 
 void frmCarte::ConstruitBarreEtat() {
   StatusBar1 = Nomme(new QStatusBar(this), QStringLiteral("StatusBar1"));
+  StatusBar1->setSizeGripEnabled(false);  // it comes late, and asks for more room then
   for (std::size_t i = 0; i < panneaux_.size(); ++i) {
     panneaux_[i] =
         Nomme(new QLabel(StatusBar1), NomIndexe("StatusBar1_Panel", static_cast<int>(i) + 1));

@@ -424,7 +424,9 @@ TEST(FrmCarte, OpensWhereItStoodAndNeverOffTheScreen) {
   m.settings.values["TALPENA/CARTO/LEFT"] = "999999";
   m.settings.values["TALPENA/CARTO/TOP"] = "-999999";
   m.Ouvre(m.Carte());
-  EXPECT_TRUE(m.form->screen()->availableGeometry().contains(m.form->geometry()));
+  const QRect room = m.form->screen()->availableGeometry(), place = m.form->geometry();
+  EXPECT_TRUE(room.contains(place)) << place.x() << " " << place.y() << " " << place.width() << " "
+                                    << place.height() << " in " << room.width();
 }
 
 TEST(FrmCarte, AtFirstItStandsAt100Twips) {
