@@ -20,8 +20,7 @@ using test::PointTlp;
 using test::TeteTlp;
 using Pixels = std::vector<PixelPoint>;
 
-/// A plate carree of the whole world, 8 pixels for a degree of longitude and 20 / 3 of latitude...
-/// on a picture of 2880 x 1440, so that a degree is 8 pixels both ways.
+/// A plate carree of the whole world on a picture of 2880 x 1440: a degree is 8 pixels.
 struct PlateWorld : MapFilesWorld {
   PlateWorld() {
     canvas.images["/maps/p.png"] = {2880, 1440};
@@ -35,7 +34,7 @@ struct PlateWorld : MapFilesWorld {
     files.Pose(path, EnTeteTlp() + records);
     AfficheTLP(context, path);
   }
-  std::vector<CanvasCall> Traits() const { return canvas.calls; }
+  const std::vector<CanvasCall>& Traits() const { return canvas.calls; }
 };
 
 PixelPoint At(double latitude, double longitude) {
