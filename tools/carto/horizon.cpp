@@ -52,9 +52,9 @@ void Horizon::AjouteArc(Ring& ring, double from, double to) const {
   const double turn = PlusCourt(to - from);
   const double first = from / radians, last = (from + turn) / radians;
   if (turn > 0) {
-    for (double d = std::floor(first) + 1; d < last; ++d) ring.push_back(AuBord(d * radians));
+    for (double d = std::floor(first) + 1; d <= last; ++d) ring.push_back(AuBord(d * radians));
   } else {
-    for (double d = std::ceil(first) - 1; d > last; --d) ring.push_back(AuBord(d * radians));
+    for (double d = std::ceil(first) - 1; d >= last; --d) ring.push_back(AuBord(d * radians));
   }
 }
 
