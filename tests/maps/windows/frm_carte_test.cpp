@@ -274,6 +274,9 @@ TEST(FrmCarte, TheMenuKeyPopsUpItsMenuAndTheRightButtonDoesNot) {
   EXPECT_TRUE(menu->isVisible());
   EXPECT_EQ(menu->actions().size(), 2);
   menu->close();
+  m.Touche(Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_TRUE(menu->isVisible());
+  menu->close();
 }
 
 TEST(FrmCarte, TheGridAsksForItsStepAndStaysOnARedraw) {
@@ -365,6 +368,14 @@ TEST(FrmCarte, ALargePictureScrolls) {
   m.form->resize(m.form->size() - QSize(50, 50));
   m.Traite();
   EXPECT_EQ(across.value(), 0) << "a window of another size begins at the left";
+}
+
+TEST(FrmCarte, ThePictureOfAWholeScreenLeavesTheStatusBarInView) {
+  MapMachine m;
+  m.Ouvre(m.Carte({3000, 2000}));
+  const QSize room = m.form->screen()->availableGeometry().size();
+  EXPECT_LT(m.form->height(), room.height()) << "the desktop has a title over it";
+  EXPECT_LT(m.form->width(), room.width());
 }
 
 TEST(FrmCarte, TheCrossBringsItsPartOfThePictureIntoView) {
