@@ -34,11 +34,9 @@ TEST_F(MapClickTest, AddsARowOfTheStatedValues) {
 }
 
 TEST_F(MapClickTest, ANewRowHasOneInPeriodAndNumbersWhateverTheRowsBeforeIt) {
-  w.Charge("WGS84\r\n");
   w.Remplit({{1, 2}});
   w.state.WorkingDb->Execute("UPDATE TALPENA SET PERIOD = 3, N1 = 12, N2 = 99");
   Gauche(10, 20);
-  EXPECT_EQ(w.Lignes().back().substr(0, 2), "1|");
   const auto rows = w.state.WorkingDb->OpenRecordset("SELECT * FROM TALPENA WHERE N1 = 1");
   EXPECT_EQ(rows->Get("N2").integer, 1);
   EXPECT_EQ(rows->Get("PERIOD").integer, 1);

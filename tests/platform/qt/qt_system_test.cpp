@@ -42,6 +42,14 @@ class Variables {
   std::vector<std::tuple<const char*, QByteArray, bool>> before_;
 };
 
+TEST(QtClock, TellsTheDay) {
+  const QDate before = QDate::currentDate();
+  const CalendarDate today = QtClock().DateCourante();
+  const QDate told(today.year, today.month, today.day);
+  EXPECT_GE(told, before);
+  EXPECT_LE(told, QDate::currentDate());
+}
+
 TEST(QtClock, TellsTheYear) { EXPECT_EQ(QtClock().AnneeCourante(), QDate::currentDate().year()); }
 
 TEST(QtEnvironment, ReadsVariables) {

@@ -88,6 +88,15 @@ TEST(Form1Grid, TheButtonsFindAndDelete) {
   EXPECT_TRUE(m.grid->LignesChoisies().empty());
 }
 
+TEST(Form1Grid, CommandsChooseRowsByTheirNames) {
+  Opened m;
+  m.form->ChoisitLignes({4, 2});
+  EXPECT_EQ(m.form->LignesSelectionnees(), (std::vector<Bookmark>{4, 2}));
+  m.dialogues.answers = {Answer::Yes};
+  QTest::mouseClick(m.Controle<QToolButton>("cmd_5"), Qt::LeftButton);
+  EXPECT_EQ(m.N1(), "1 3 5");
+}
+
 TEST(Form1Grid, WithoutAFileTheButtonsAreOff) {
   Form1Machine m;
   m.form->Charge({});

@@ -102,5 +102,17 @@ TEST(ChosenRows, AgreeWithAListOfRows) {
   }
 }
 
+TEST(ChosenRows, TakeAnOrderAsItIsAndJoinNeighbours) {
+  ChosenRows rows;
+  rows.Devient({{1, 5}}, false);
+  const Runs singles{{7, 7}, {6, 6}, {5, 5}, {1, 1}, {2, 2}, {3, 3}, {9, 9}};
+  rows.DevientDansLOrdre(singles);
+  EXPECT_EQ(Lignes(rows), (std::vector<int>{7, 6, 5, 1, 2, 3, 9}));
+  EXPECT_EQ(rows.Suites(), (Runs{{7, 5}, {1, 3}, {9, 9}}));
+  EXPECT_EQ(rows.Derniere(), 9);
+  rows.DevientDansLOrdre({});
+  EXPECT_EQ(rows.Nombre(), 0);
+}
+
 }  // namespace
 }  // namespace talpena

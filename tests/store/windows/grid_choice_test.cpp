@@ -67,6 +67,50 @@ TEST(GridRows, ShiftAfterARowWasTakenOutGoesOnFromTheLastThatIsLeft) {
   EXPECT_EQ(Numeros(g), (Numbers{2, 3, 4}));
 }
 
+TEST(GridRows, AreChosenByTheirNamesInThatOrder) {
+  ShownGrid g(10);
+  g.grid.ChoisitLigne(9, {});
+  g.grid.ChoisitLignes({8, 2, 3, 4, 1});  // the bookmarks are the numbers
+  EXPECT_EQ(Numeros(g), (Numbers{8, 2, 3, 4, 1}));
+  EXPECT_TRUE(g.grid.selectionModel()->isRowSelected(7));
+  EXPECT_TRUE(g.grid.selectionModel()->isRowSelected(2));
+  EXPECT_FALSE(g.grid.selectionModel()->isRowSelected(9));
+  EXPECT_EQ(g.grid.currentIndex().row(), 9) << "the cursor stays";
+  g.grid.ChoisitLigne(0, Qt::ControlModifier);
+  EXPECT_EQ(Numeros(g), (Numbers{8, 2, 3, 4})) << "the mouse goes on from there";
+  g.grid.ChoisitLignes({});
+  EXPECT_TRUE(Numeros(g).empty());
+  EXPECT_FALSE(g.grid.selectionModel()->hasSelection());
+}
+
+TEST(GridRows, NamesOfRowsThatAreNotShownArePassedOver) {
+  ShownGrid g(5);
+  g.state.Data1.ChangeSource("SELECT * FROM TALPENA WHERE N1 > 2 ORDER BY Counter DESC");
+  g.grid.ChoisitLignes({1, 3, 99, 5, -1});
+  EXPECT_EQ(Numeros(g), (Numbers{3, 5}));
+  EXPECT_TRUE(g.grid.selectionModel()->isRowSelected(0));
+  EXPECT_TRUE(g.grid.selectionModel()->isRowSelected(2));
+}
+
+TEST(GridRows, ChosenByNameTakeThePlaceOfColumns) {
+  ShownGrid g(5);
+  g.grid.SelectionneColonnes({1, 2});
+  g.grid.ChoisitLignes({2});
+  EXPECT_FALSE(g.grid.ColonnesChoisies().has_value());
+  EXPECT_EQ(Numeros(g), (Numbers{2}));
+}
+
+TEST(GridRows, AHundredThousandScatteredOnesAreChosenByNameAtOnce) {
+  ShownGrid g(200000);
+  std::vector<Bookmark> names;
+  for (Bookmark name = 199999; name > 0; name -= 2) names.push_back(name);
+  QElapsedTimer timer;
+  timer.start();
+  g.grid.ChoisitLignes(names);
+  EXPECT_LT(timer.elapsed(), 2000);
+  EXPECT_EQ(g.grid.LignesChoisies(), names);
+}
+
 TEST(GridRows, AChosenCellIsNoChosenRow) {
   ShownGrid g(10);
   g.grid.setCurrentIndex(g.Cellule(3, n1));

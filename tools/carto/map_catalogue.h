@@ -1,0 +1,25 @@
+// The maps that ship, one row each.
+#pragma once
+#include <cstdint>
+#include <span>
+
+namespace talpena {
+
+/// How much of the data a map shows, and the weight of its lines.
+enum class Detail : std::uint8_t { World, Continent, Region };
+
+struct MapRow {
+  const char* name;   ///< of its files, without an extension
+  const char* title;  ///< first line of its description
+  Detail detail;
+  int code;        ///< of the projection, 1 to 13
+  float parallel;  ///< codes 9 and 13: parallel of true scale, latitude of the centre
+  float north, south, east, west;  ///< limits, degrees
+  float parallel1, parallel2;      ///< code 1
+  float meridian;                  ///< central meridian
+  float graticule;                 ///< step of its faint graticule, degrees
+};
+
+std::span<const MapRow> Catalogue();
+
+}  // namespace talpena

@@ -1,0 +1,90 @@
+#include "carto/picture_painter.h"
+
+#include <QColor>
+#include <QList>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPen>
+
+namespace talpena {
+namespace {
+
+/// Kilometres of a map to pixels of its picture at normal size. What the box cut off goes on a
+/// little beyond it, since pixels are half their size off: the canvas of the map view puts the
+/// corner of the box on the middle of the first pixel.
+class PixelScale {
+ public:
+  PixelScale(const MapSheet& sheet, int scale)
+      : box_(sheet.Cadre()),
+        shift_(0.5 / scale),
+        beyond_(sheet.Limbe().empty() ? 1 : 0),
+        edge_((box_.right - box_.left) * 1e-9) {
+    const PictureSize size = TailleImage(sheet.Etat());
+    across_ = size.width / (box_.right - box_.left);
+    down_ = size.height / (box_.top - box_.bottom);
+  }
+  QPointF operator()(PlanePoint p) const {
+    const double x = (p.x - box_.left) * across_ + Depasse(p.x, box_.left, box_.right);
+    const double y = (box_.top - p.y) * down_ - Depasse(p.y, box_.bottom, box_.top);
+    return {x + shift_, y + shift_};
+  }
+
+ private:
+  double Depasse(double value, double least, double most) const {
+    if (value <= least + edge_) return -beyond_;
+    return value >= most - edge_ ? beyond_ : 0;
+  }
+
+  Frame box_;
+  double shift_;
+  double beyond_;
+  double edge_;
+  double across_ = 1;
+  double down_ = 1;
+};
+
+void AjouteLigne(QPainterPath& path, const Line& line, bool closed, const PixelScale& pixel) {
+  path.moveTo(pixel(line.front()));
+  for (std::size_t i = 1; i < line.size(); ++i) path.lineTo(pixel(line[i]));
+  if (closed) path.closeSubpath();
+}
+
+QPen PlumeDe(const Ink& ink) {
+  QPen pen(QColor(ink.red, ink.green, ink.blue), ink.width);
+  pen.setCapStyle(Qt::FlatCap);
+  pen.setJoinStyle(Qt::RoundJoin);
+  if (ink.dash > 0) pen.setDashPattern({ink.dash / ink.width, ink.dash / ink.width});
+  return pen;
+}
+
+void PeintCouche(QPainter& painter, const DrawnLayer& layer, const Ink& ink,
+                 const PixelScale& pixel) {
+  QPainterPath surface;
+  surface.setFillRule(Qt::OddEvenFill);
+  for (const Ring& ring : layer.surface) AjouteLigne(surface, ring, true, pixel);
+  painter.fillPath(surface, QColor(ink.red, ink.green, ink.blue));
+  painter.setPen(PlumeDe(ink));
+  for (const Line& line : layer.lines) {
+    QPainterPath path;
+    AjouteLigne(path, line, line.front() == line.back(), pixel);
+    painter.drawPath(path);
+  }
+}
+
+}  // namespace
+
+QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, int scale) {
+  const PictureSize size = TailleImage(sheet.Etat());
+  QImage image(size.width * scale, size.height * scale, QImage::Format_RGB32);
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(scale, scale);
+  const PixelScale pixel(sheet, scale);
+  for (const DrawnLayer& layer : drawing)
+    PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel);
+  painter.end();
+  return image;
+}
+
+}  // namespace talpena

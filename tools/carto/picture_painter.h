@@ -1,0 +1,13 @@
+// A drawing as a picture.
+#pragma once
+#include <QImage>
+
+#include "carto/map_drawing.h"
+
+namespace talpena {
+
+/// The whole box of the map fills the picture. `scale` 1 is the normal size, 2 twice the pixels of
+/// the same drawing.
+QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, int scale);
+
+}  // namespace talpena
