@@ -4,23 +4,12 @@
 
 #include "common/text.h"
 #include "maps/grid_overlay.h"
+#include "maps/hourglass.h"
 #include "maps/plot.h"
 #include "platform/commands.h"
 
 namespace talpena {
 namespace {
-
-/// The hourglass over the map, for as long as it lives.
-class SablierCarte {
- public:
-  explicit SablierCarte(MapWindow& fenetre) : fenetre_(fenetre) { fenetre_.ChangeSablier(true); }
-  SablierCarte(const SablierCarte&) = delete;
-  SablierCarte& operator=(const SablierCarte&) = delete;
-  ~SablierCarte() { fenetre_.ChangeSablier(false); }
-
- private:
-  MapWindow& fenetre_;
-};
 
 constexpr const char* SignedOrigin[] = {
     "cpr stringwidth pop /maxcpr exch def ",
@@ -59,7 +48,7 @@ void EcritPage(MapContext c, EpsOutput& eps, const std::string& file, int mode) 
   EcritPrologue(c, eps, file);
   eps.Ligne(mode == 1 ? "/coul true def" : "/coul false def");
   eps.Ligne("/PresLeg false def ");
-  const SablierCarte sablier(c.fenetre);
+  const Hourglass sablier(c.fenetre);
   Recopie(c.io, c.carte.FichierPS, eps);
   PlotDistri(c, &eps, mode);
   if (c.carte.Grille) DisplayGrid(c, &eps, false);

@@ -131,8 +131,12 @@ TEST(EcritCouche, OpensWhatCloses) {
 }
 
 TEST(EcritCouche, KeepsOffTheEquator) {
-  const auto records = Articles(EcritCouche("t", {{'R', '1', {{{20, 0}, {21, 1}}}}}, 3));
-  for (const Point& p : records.at(0).points) EXPECT_NE(p.lat, 0);
+  const std::vector<Line> lines{{{20, 0}, {21, 1}}, {{20, 0}, {21, -1}}};
+  const auto records = Articles(EcritCouche("t", {{'R', '1', lines}}, 3));
+  ASSERT_EQ(records.size(), 2U);
+  for (const Point& p : records[0].points) EXPECT_GT(p.lat, 0);
+  for (const Point& p : records[1].points) EXPECT_LT(p.lat, 0);
+  EXPECT_LT(records[1].north, 0) << "a southern hemisphere keeps it";
 }
 
 TEST(EcritCouche, WritesKindAndStyleOfEachGroup) {

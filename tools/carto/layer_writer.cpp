@@ -11,7 +11,7 @@ namespace {
 constexpr std::size_t textLength = 50;
 constexpr std::size_t nameLength = 30;
 constexpr std::size_t mostPoints = 2000;
-constexpr double offEquator = 1e-4;  ///< degrees; (0, 0) on a map means that there is no point
+constexpr double offEquator = 1e-4;  ///< degrees
 constexpr int penUp = -1;
 constexpr int penDown = 1;
 
@@ -31,9 +31,20 @@ void AjouteSimple(std::string& out, double value) {
 
 void AjoutePoint(std::string& out, int pen, PlanePoint p) {
   AjouteOctets(out, static_cast<std::uint32_t>(pen), 2);
-  AjouteSimple(out, p.y == 0 ? offEquator : p.y);
+  AjouteSimple(out, p.y);
   AjouteSimple(out, p.x);
   out += '\0';
+}
+
+/// (0, 0) on a map means to the view that there is no point, so that none may lie on the equator:
+/// it goes to the side where the line lies, the one that a polar map shows.
+Line HorsEquateur(const Line& line) {
+  const double off = CadreDe(line).bottom < 0 ? -offEquator : offEquator;
+  Line moved = line;
+  for (PlanePoint& p : moved) {
+    if (p.y == 0) p.y = off;
+  }
+  return moved;
 }
 
 void AjouteArticle(std::string& out, std::string_view name, const LayerLines& group,
@@ -115,7 +126,7 @@ std::string EcritCouche(std::string_view title, const std::vector<LayerLines>& c
   for (const LayerLines& group : content) {
     for (const Line& line : group.lines) {
       for (const Line& piece : Ouvertes(Morceaux(line, degrees)))
-        AjouteArticle(out, NomDe(group.kind), group, piece);
+        AjouteArticle(out, NomDe(group.kind), group, HorsEquateur(piece));
     }
   }
   return out;

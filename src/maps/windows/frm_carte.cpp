@@ -196,7 +196,8 @@ void frmCarte::AjusteMap() {
     }
     // Where it stood, though the window was too large for that until it had its picture.
     const QPoint at = isVisible() ? pos() : voulue_;
-    const QRect place = PlaceVisible(QRect(at, wanted.expandedTo(minimumSizeHint())));
+    wanted = wanted.boundedTo(room.size() - ofTheDesktop).expandedTo(minimumSizeHint());
+    const QRect place = PlaceVisible(QRect(at, wanted));
     resize(place.size());
     if (place.topLeft() != pos()) move(place.topLeft());
     layout()->activate();

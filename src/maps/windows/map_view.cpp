@@ -115,6 +115,9 @@ void MapView::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Insert:
       if (!cross_) return PlaceCroix(MilieuVisible());
       return Appuie(Qt::LeftButton, *cross_);
+    case Qt::Key_F10:  // not every desktop makes the request for a menu of it
+      if (event->modifiers() != Qt::ShiftModifier) return QWidget::keyPressEvent(event);
+      return DemandeMenu(CoinMenu());
     case Qt::Key_Delete:
       return Appuie(Qt::RightButton, cross_.value_or(MilieuVisible()));
     default:
@@ -161,8 +164,11 @@ QPoint MapView::MilieuVisible() const {
 /// The right button of the mouse takes rows back: the menu comes by its key.
 void MapView::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() != QContextMenuEvent::Keyboard) return;
-  const QPoint at = cross_ ? *cross_ + Origine() : rect().center();
-  Q_EMIT DemandeMenu(mapToGlobal(at));
+  Q_EMIT DemandeMenu(CoinMenu());
+}
+
+QPoint MapView::CoinMenu() const {
+  return mapToGlobal(cross_ ? *cross_ + Origine() : rect().center());
 }
 
 void MapView::focusInEvent(QFocusEvent* event) {

@@ -58,6 +58,7 @@ class MapView : public QWidget {
   void PlaceCroix(std::optional<QPoint> pixel);
   QRect TraceCroix(QPoint pixel) const;
   QPoint MilieuVisible() const;
+  QPoint CoinMenu() const;  ///< where the menu stands, on the screen
 
   QtCanvas& canvas_;
   QSize pixels_;  ///< of the picture

@@ -15,6 +15,7 @@
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
+#include <QScreen>
 #include <QTimer>
 #include <QTreeView>
 #include <exception>
@@ -324,6 +325,7 @@ void QtDialogues::Apercu(const std::function<void(Printer&)>& dessine) {
   QPrintPreviewDialog window(&ImprimanteNative(), Parent());
   window.setObjectName(u"PrintPreviewDialog"_s);
   window.setWindowFlag(Qt::WindowMaximizeButtonHint);
+  window.resize(window.screen()->availableGeometry().size() * 3 / 4);
   std::exception_ptr failure;  // none may travel through the event loop
   QObject::connect(&window, &QPrintPreviewDialog::paintRequested, &window, [&] {
     try {

@@ -274,6 +274,9 @@ TEST(FrmCarte, TheMenuKeyPopsUpItsMenuAndTheRightButtonDoesNot) {
   EXPECT_TRUE(menu->isVisible());
   EXPECT_EQ(menu->actions().size(), 2);
   menu->close();
+  m.Touche(Qt::Key_F10, Qt::ShiftModifier);
+  EXPECT_TRUE(menu->isVisible());
+  menu->close();
 }
 
 TEST(FrmCarte, TheGridAsksForItsStepAndStaysOnARedraw) {
@@ -367,6 +370,14 @@ TEST(FrmCarte, ALargePictureScrolls) {
   EXPECT_EQ(across.value(), 0) << "a window of another size begins at the left";
 }
 
+TEST(FrmCarte, ThePictureOfAWholeScreenLeavesTheStatusBarInView) {
+  MapMachine m;
+  m.Ouvre(m.Carte({3000, 2000}));
+  const QSize room = m.form->screen()->availableGeometry().size();
+  EXPECT_LT(m.form->height(), room.height()) << "the desktop has a title over it";
+  EXPECT_LT(m.form->width(), room.width());
+}
+
 TEST(FrmCarte, TheCrossBringsItsPartOfThePictureIntoView) {
   MapMachine m;
   m.Ouvre(m.Carte({3000, 2000}));
@@ -424,9 +435,7 @@ TEST(FrmCarte, OpensWhereItStoodAndNeverOffTheScreen) {
   m.settings.values["TALPENA/CARTO/LEFT"] = "999999";
   m.settings.values["TALPENA/CARTO/TOP"] = "-999999";
   m.Ouvre(m.Carte());
-  const QRect room = m.form->screen()->availableGeometry(), place = m.form->geometry();
-  EXPECT_TRUE(room.contains(place)) << place.x() << " " << place.y() << " " << place.width() << " "
-                                    << place.height() << " in " << room.width();
+  EXPECT_TRUE(m.form->screen()->availableGeometry().contains(QRect(m.form->pos(), m.form->size())));
 }
 
 TEST(FrmCarte, AtFirstItStandsAt100Twips) {

@@ -5,8 +5,8 @@
 #include <QRegularExpression>
 
 #include "map_machine.h"
-#include "maps/map_world.h"
 #include "maps/map_files.h"
+#include "maps/map_world.h"
 #include "maps/print_map.h"
 #include "platform/qt/qt_printer.h"
 

@@ -463,5 +463,32 @@ TEST(QtDialogues, ThePrinterIsKept) {
   EXPECT_EQ(dialogues.ImprimanteNative().copyCount(), 3);
 }
 
+TEST(QtDialogues, ThePreviewShowsWhatIsPrintedOnTheCurrentPrinter) {
+  QtDialogues dialogues;
+  dialogues.Imprimante().ChangeOrientation(true);
+  int drawn = 0;
+  const DialogDriver driver("PrintPreviewDialog", [](QDialog& d) { d.close(); });
+  dialogues.Apercu([&](Printer& printer) {
+    ++drawn;
+    EXPECT_EQ(&printer, &dialogues.Imprimante());
+    EXPECT_GT(printer.ZoneImprimable().width, printer.ZoneImprimable().height);
+    const auto canvas = printer.CreeCanevas(2);
+    canvas->ChangeEchelle({0, 0, 10, 10});
+    printer.ImprimePage(*canvas, {0, 0, 100, 100});
+  });
+  EXPECT_GE(drawn, 1);
+}
+
+TEST(QtDialogues, AFailureOfWhatThePreviewShowsComesBack) {
+  QtDialogues dialogues;
+  try {
+    dialogues.Apercu([](Printer&) { throw TalpenaError(ErrorNumber::FileNotFound, "gone"); });
+    ADD_FAILURE() << "no failure";
+  } catch (const TalpenaError& e) {
+    EXPECT_EQ(e.number(), ErrorNumber::FileNotFound);
+  }
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+}
+
 }  // namespace
 }  // namespace talpena
