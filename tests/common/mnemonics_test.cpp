@@ -36,7 +36,7 @@ const std::vector<Group>& Groups() {
       {"Display", {73, 74}, {}},
       {"Language", {77, 78, 79, 80, 81, 82}, {}},
       {"Help", {90, 91}, {}},
-      {"map: menu bar", {1, 50, 70}, {"&EPS"}},
+      {"map: menu bar", {1, 50, 70}, {"E&PS"}},
       {"map: File", {410, 411, 412, 413, 414}, {}},
       {"map: View", {415, 416}, {}},
       {"map: Options", {417, 418}, {}},

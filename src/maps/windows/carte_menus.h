@@ -61,7 +61,7 @@ struct CarteMenu {
 };
 inline constexpr std::array carteMenus = {
     CarteMenu{"mnuFichier", 1}, CarteMenu{"mnuAffichage", 50}, CarteMenu{"mnuOptions", 70},
-    CarteMenu{"mnuEPS", 0, "&EPS"}, CarteMenu{"mnuCache", 70},
+    CarteMenu{"mnuEPS", 0, "E&PS"}, CarteMenu{"mnuCache", 70},
 };
 
 /// Buttons of the toolbar, by their keys.
