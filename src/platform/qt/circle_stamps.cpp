@@ -24,6 +24,12 @@ Qt::PenStyle StyleDePlume(DrawStyle style) {
   return Qt::SolidLine;
 }
 
+/// The nearest whole number of one that lies near the surface.
+int PlusProche(double value) {
+  constexpr int shift = 1 << 20;  // makes it positive, so that a cast rounds down
+  return static_cast<int>(value + 0.5 + shift) - shift;
+}
+
 void Melange(const std::uint32_t* above, std::uint32_t* below, int count) {
   for (int i = 0; i < count; ++i) below[i] = Superpose(above[i], below[i]);
 }
@@ -59,8 +65,8 @@ void CircleStamps::Pose(const PixelRows& target, double x, double y, const Circl
         y < target.height + margin_)) {
     return;
   }
-  const int stepX = static_cast<int>(std::floor(x * phases + 0.5));
-  const int stepY = static_cast<int>(std::floor(y * phases + 0.5));
+  const int stepX = PlusProche(x * phases);
+  const int stepY = PlusProche(y * phases);
   const Stamp& stamp = Donne(stepX & (phases - 1), stepY & (phases - 1));
   const int left = (stepX - (stepX & (phases - 1))) / phases - margin_;
   const int top = (stepY - (stepY & (phases - 1))) / phases - margin_;
@@ -71,7 +77,7 @@ void CircleStamps::Pose(const PixelRows& target, double x, double y, const Circl
     if (row < 0 || row >= target.height || count <= 0) continue;
     const std::uint32_t* above = stamp.pixels.data() + span.row * stamp.side + first;
     std::uint32_t* below =
-        target.pixels + static_cast<std::ptrdiff_t>(row) * target.stride + left + first;
+        target.pixels + static_cast<std::ptrdiff_t>(row) * target.width + left + first;
     if (span.opaque) {
       std::memcpy(below, above, static_cast<std::size_t>(count) * sizeof *below);
     } else {

@@ -18,6 +18,7 @@ namespace talpena {
 namespace {
 
 constexpr qint64 mostPixels = qint64{1} << 28;  ///< of a surface, 1 GB
+constexpr int longestSide = 1 << 20;
 
 [[noreturn]] void RefuseImage(const std::string& path) {
   throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: " + path);
@@ -33,6 +34,10 @@ QImage LitImage(const QString& path) {
   reader.setAutoTransform(true);
   reader.setDecideFormatFromContent(true);
   return reader.read();
+}
+
+bool Contient(const SurfaceRect& rect, SurfacePoint p) {
+  return p.x >= rect.left && p.x <= rect.right && p.y >= rect.top && p.y <= rect.bottom;
 }
 
 /// Lengths of a pattern's stroke and gap, in widths of the line. Strokes have round ends, which
@@ -68,7 +73,9 @@ void QtCanvas::ChargeImage(const std::string& path) {
   }
   const QSize size(std::max(1, qRound(base.width() * ratio_)),
                    std::max(1, qRound(base.height() * ratio_)));
-  if (qint64{size.width()} * size.height() > mostPixels) RefuseImage(native);
+  const bool tooLarge = std::max(size.width(), size.height()) > longestSide ||
+                        qint64{size.width()} * size.height() > mostPixels;
+  if (tooLarge) RefuseImage(native);
   if (picture.size() != size) {
     picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
@@ -112,8 +119,7 @@ SurfacePoint QtCanvas::EnPixels(double x, double y) const {
 }
 
 PixelRows QtCanvas::Rangees() {
-  return {reinterpret_cast<std::uint32_t*>(surface_.bits()), surface_.width(), surface_.height(),
-          static_cast<int>(surface_.bytesPerLine() / 4)};
+  return {reinterpret_cast<std::uint32_t*>(surface_.bits()), surface_.width(), surface_.height()};
 }
 
 void QtCanvas::Vide() {
@@ -143,8 +149,11 @@ void QtCanvas::Line(double x1, double y1, double x2, double y2) {
 
 void QtCanvas::Trace(SurfacePoint from, SurfacePoint to) {
   const double width = LargeurTrait();
-  const auto part = CoupeLigne(from, to, Cadre(width + 1));
-  if (Attributs.drawStyle == DrawStyle::Solid) {
+  const SurfaceRect frame = Cadre(width + 1);
+  const bool solid = Attributs.drawStyle == DrawStyle::Solid;
+  if (solid && Contient(frame, from) && Contient(frame, to)) return mask_.Segment(from, to, width);
+  const auto part = CoupeLigne(from, to, frame);
+  if (solid) {
     if (part) mask_.Segment(part->from, part->to, width);
     return;
   }

@@ -12,21 +12,29 @@ struct SegmentShape {
         y(static_cast<float>(from.y)),
         dx(static_cast<float>(to.x - from.x)),
         dy(static_cast<float>(to.y - from.y)),
-        reach(static_cast<float>(width / 2 + 0.5)) {
+        reach(static_cast<float>(width / 2 + 0.5)),
+        outside(reach * reach),
+        inside(reach > 1 ? (reach - 1) * (reach - 1) : 0) {
     const float square = dx * dx + dy * dy;
     inverse = square > 1e-12F ? 1 / square : 0;
   }
-  float Couverture(float px, float py) const {
+  /// 0 to 255.
+  int Couverture(float px, float py) const {
     const float ox = px - x;
     const float oy = py - y;
     const float along = std::clamp((ox * dx + oy * dy) * inverse, 0.0F, 1.0F);
     const float ex = ox - along * dx;
     const float ey = oy - along * dy;
-    return std::min(reach - std::sqrt(ex * ex + ey * ey), 1.0F);
+    const float square = ex * ex + ey * ey;
+    if (square >= outside) return 0;
+    if (square < inside) return 255;
+    return static_cast<int>((reach - std::sqrt(square)) * 255 + 0.5F);
   }
 
   float x, y, dx, dy;
   float reach;    ///< distance at which nothing of the line is left
+  float outside;  ///< its square
+  float inside;   ///< square of the distance up to which a pixel is covered whole
   float inverse;  ///< 1 / length squared; 0 for a dot
 };
 
@@ -34,9 +42,12 @@ namespace {
 
 /// Pixels from one to another, both included, that a surface has.
 struct PixelRange {
-  PixelRange(double from, double to, int size)
-      : first(static_cast<int>(std::ceil(std::clamp(from, 0.0, double(size))))),
-        last(static_cast<int>(std::floor(std::clamp(to, -1.0, double(size - 1))))) {}
+  PixelRange(double from, double to, int size) {
+    const double start = std::clamp(from, 0.0, double(size));
+    first = static_cast<int>(start);
+    if (first < start) ++first;
+    last = to < 0 ? -1 : static_cast<int>(std::min(to, double(size - 1)));
+  }
   int first;
   int last;
 };
@@ -69,28 +80,27 @@ void StrokeMask::Segment(SurfacePoint from, SurfacePoint to, double width) {
   }
 }
 
-void StrokeMask::Rangee(int y, int first, int last, const SegmentShape& shape) {
+void StrokeMask::Rangee(int y, int first, int last, SegmentShape shape) {
   const std::size_t start = static_cast<std::size_t>(y) * static_cast<std::size_t>(width_);
   for (int x = first; x <= last; ++x) {
-    const float share = shape.Couverture(static_cast<float>(x), static_cast<float>(y));
-    if (share <= 0) continue;
-    const auto coverage = static_cast<std::uint8_t>(share * 255 + 0.5F);
-    const std::size_t pixel = start + static_cast<std::size_t>(x);
-    if (coverage <= coverage_[pixel]) continue;
-    if (coverage_[pixel] == 0) touched_.push_back(static_cast<std::uint32_t>(pixel));
-    coverage_[pixel] = coverage;
+    const int share = shape.Couverture(static_cast<float>(x), static_cast<float>(y));
+    std::uint8_t& covered = coverage_[start + static_cast<std::size_t>(x)];
+    if (share <= covered) continue;
+    if (covered == 0) {
+      touched_.push_back(static_cast<std::uint32_t>(start + static_cast<std::size_t>(x)));
+    }
+    covered = static_cast<std::uint8_t>(share);
   }
 }
 
 void StrokeMask::Peint(const PixelRows& target, std::uint32_t colour) {
-  const auto width = static_cast<std::uint32_t>(width_);
   for (const std::uint32_t pixel : touched_) {
-    std::uint32_t& below = target.pixels[static_cast<std::size_t>(pixel / width) *
-                                             static_cast<std::size_t>(target.stride) +
-                                         pixel % width];
-    below = Superpose(Echelonne(colour, coverage_[pixel]), below);
+    std::uint8_t& covered = coverage_[pixel];
+    std::uint32_t& below = target.pixels[pixel];
+    below = covered == 255 ? colour : Superpose(Echelonne(colour, covered), below);
+    covered = 0;
   }
-  Oublie();
+  touched_.clear();
 }
 
 void StrokeMask::Oublie() {

@@ -8,12 +8,11 @@
 
 namespace talpena {
 
-/// Rows of premultiplied ARGB pixels.
+/// Rows of premultiplied ARGB pixels, one behind the other.
 struct PixelRows {
   std::uint32_t* pixels = nullptr;
   int width = 0;
   int height = 0;
-  int stride = 0;  ///< pixels from a row to the next
 };
 
 struct SegmentShape;
@@ -32,7 +31,7 @@ class StrokeMask {
   void Oublie();  ///< empties the mask without painting
 
  private:
-  void Rangee(int y, int first, int last, const SegmentShape& shape);
+  void Rangee(int y, int first, int last, SegmentShape shape);
 
   int width_ = 0;
   int height_ = 0;
