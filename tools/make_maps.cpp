@@ -49,15 +49,6 @@ void FaitCarte(const MapRow& row, const GeoData& small, const GeoData& large,
   Enregistre(EcritDescription(row), folder / (name + ".dsw"));
 }
 
-std::vector<Line> Rang(const std::vector<GeoFeature>& features, int from, int to) {
-  std::vector<Line> lines;
-  for (const GeoFeature& feature : features) {
-    if (feature.rank >= from && feature.rank < to)
-      lines.insert(lines.end(), feature.parts.begin(), feature.parts.end());
-  }
-  return lines;
-}
-
 std::vector<Line> Amincies(std::vector<Line> lines, double degrees) {
   for (Line& line : lines) line = Simplifie(line, degrees);
   return lines;
@@ -74,9 +65,9 @@ void FaitCouches(const GeoData& data, const std::string& scale, double tolerance
   const auto thin = [&](std::vector<Line> lines) { return Amincies(std::move(lines), tolerance); };
   write("coasts", {{'C', '1', thin(Contours(data.land))}});
   write("lakes", {{'L', '1', thin(Contours(data.lakes))}});
-  write("rivers", {{'R', '1', thin(Rang(data.rivers, 0, none))}});
-  write("borders", {{'U', '1', thin(Rang(data.borders, 0, 1))},
-                    {'U', '3', thin(Rang(data.borders, 1, none))}});
+  write("rivers", {{'R', '1', thin(LignesDeRang(data.rivers, 0, none))}});
+  write("borders", {{'U', '1', thin(LignesDeRang(data.borders, 0, 1))},
+                    {'U', '3', thin(LignesDeRang(data.borders, 1, none))}});
 }
 
 bool EstDemande(std::string_view name, std::span<char* const> names) {

@@ -142,6 +142,8 @@ class Picture {
         return place.lat > 0 && std::abs(dl) < 2.5;
       case 3:
         return cosine((carte.LatNord - carte.LatSud) / 2) > -0.2;
+      case 4:
+        return std::abs(dl) < 3.05;  // a degree is a pixel or two wide at the rim
       case 10:
         return false;  // all places lie on one line
       case 11:
@@ -149,7 +151,7 @@ class Picture {
       case 12:
         return place.lat < -8;
       case 13:
-        return cosine(carte.ParallelePrincipal) > 0.15;
+        return cosine(carte.ParallelePrincipal) > 0.35;
       default:
         return std::abs(dl) < 3.14;
     }

@@ -133,6 +133,15 @@ Surface SurfaceDe(const std::vector<GeoFeature>& areas) {
   return surface;
 }
 
+std::vector<Line> LignesDeRang(const std::vector<GeoFeature>& features, int from, int to) {
+  std::vector<Line> lines;
+  for (const GeoFeature& feature : features) {
+    if (feature.rank >= from && feature.rank < to)
+      lines.insert(lines.end(), feature.parts.begin(), feature.parts.end());
+  }
+  return lines;
+}
+
 std::vector<Line> Contours(const std::vector<GeoFeature>& areas) {
   std::vector<Line> lines;
   for (const GeoFeature& area : areas) {

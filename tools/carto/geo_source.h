@@ -26,6 +26,9 @@ GeoData LitDonnees(const std::string& path);
 /// All rings of the areas as one surface; no two of them overlap.
 Surface SurfaceDe(const std::vector<GeoFeature>& areas);
 
+/// The lines of all features with a rank from `from` up to, but without, `to`.
+std::vector<Line> LignesDeRang(const std::vector<GeoFeature>& features, int from, int to);
+
 /// The outlines of areas as lines, without the edges along 180 degrees and round the pole where
 /// the data were cut.
 std::vector<Line> Contours(const std::vector<GeoFeature>& areas);

@@ -110,15 +110,6 @@ class Drawer {
     drawing_.push_back(std::move(layer));
   }
 
-  std::vector<Line> LignesDeRang(const std::vector<GeoFeature>& features, int from, int to) const {
-    std::vector<Line> lines;
-    for (const GeoFeature& feature : features) {
-      if (feature.rank >= from && feature.rank < to)
-        lines.insert(lines.end(), feature.parts.begin(), feature.parts.end());
-    }
-    return lines;
-  }
-
   void AjouteRivieres() {
     const RiverRanks ranks = RangsDe(sheet_.Description().detail);
     AjouteLignes(Matter::River,

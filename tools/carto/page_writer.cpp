@@ -21,20 +21,22 @@ constexpr double thinningPoints = 0.08;
 constexpr double overlap = 0.15;  ///< points by which the tiles of a surface overlap, against seams
 constexpr int mostHalvings = 16;
 
-/// Hundredths as decimal text: 12.5, .25, -3.
-std::string Centiemes(double value) {
-  const long long hundredths = std::llround(value * 100);
-  const auto rest = static_cast<int>(std::abs(hundredths % 100));
-  std::string text = hundredths < 0 ? "-" : "";
-  const long long whole = std::abs(hundredths / 100);
+/// Rounded to so many places, without needless zeros: 12.5, .25, -3.
+std::string Decimal(double value, int places) {
+  long long unit = 1;
+  for (int i = 0; i < places; ++i) unit *= 10;
+  const long long rounded = std::llround(value * static_cast<double>(unit));
+  const long long whole = std::abs(rounded) / unit, rest = std::abs(rounded) % unit;
+  std::string text = rounded < 0 ? "-" : "";
   if (whole != 0 || rest == 0) text += std::to_string(whole);
-  if (rest != 0) {
-    text += '.';
-    text += static_cast<char>('0' + rest / 10);
-    if (rest % 10 != 0) text += static_cast<char>('0' + rest % 10);
-  }
-  return text;
+  if (rest == 0) return text;
+  std::string fraction = std::to_string(unit + rest).substr(1);
+  fraction.resize(fraction.find_last_not_of('0') + 1);
+  return text + '.' + fraction;
 }
+
+/// A length or a place on the page, in points.
+std::string Centiemes(double points) { return Decimal(points, 2); }
 
 std::size_t NombrePoints(const Surface& surface) {
   std::size_t count = 0;
@@ -113,7 +115,7 @@ class PageWriter {
     if (layer.surface.empty() && layer.lines.empty()) return;
     const Ink ink = EncreDe(layer.matter, detail_);
     text_.Ligne();
-    for (const int part : {ink.red, ink.green, ink.blue}) text_.Mot(Centiemes(part / 255.0));
+    for (const int part : {ink.red, ink.green, ink.blue}) text_.Mot(Decimal(part / 255.0, 3));
     text_.Mot(Centiemes(ink.grey));
     text_.Mot("ink");
     if (!layer.lines.empty()) {
