@@ -20,7 +20,7 @@ constexpr MapRow maps[] = {
     {"world_mercator", "World, Mercator", World, 2, 0, 79, -60, 180, -180, 0, 0, 0, 15},
     {"world_sinusoidal", "World, sinusoidal", World, 4, 0, 90, -90, 180, -180, 0, 0, 0, 15},
     {"world_gall", "World, stereographic cylinder (45 degrees)", World, 8, 0, 90, -90, 180, -180, 0, 0, 0, 15},
-    {"globe", "Globe, Europe and Africa", World, 13, 25, 90, -25, 87, -57, 0, 0, 15, 15},
+    {"globe", "Globe, Europe and Africa", World, 13, 25, 90, -37, 82, -52, 0, 0, 15, 15},
     {"globe_america", "Globe, the Americas", World, 13, 10, 80, -60, -15, -155, 0, 0, -85, 15},
     {"globe_pacific", "Globe, Pacific", World, 13, -12, 56, -80, 180, 110, 0, 0, 180, 15},
     {"equator", "Equator, the globe from the side (code 10)", World, 10, 0, 90, -90, 90, -90, 0, 0, 0, 15},
