@@ -42,6 +42,10 @@ void Recopie(Platform& io, const std::string& path, EpsOutput& eps);
 void ChangeAccents(std::string& text);
 void ModifieCar(std::string& text, std::string_view what, std::string_view by);
 
+/// Left and top of the frame on the page, points.
+inline constexpr double PageGauche = 50;
+inline constexpr double PageHaut = 800;
+
 /// The size of the map on the page, whole points: the longer side has 500. DivisionByZero (11) for
 /// a map without extent.
 void CalculeCadreEPS(MapState& carte);

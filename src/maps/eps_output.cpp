@@ -1,11 +1,11 @@
 // The channel of an EPS file, and the place of the map on its page.
 #include <algorithm>
-#include <cmath>
 #include <utility>
 
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "coords/faults.h"
 #include "maps/eps.h"
 
 namespace talpena {
@@ -14,14 +14,7 @@ namespace {
 constexpr std::size_t BlockBytes = std::size_t{1} << 16;
 
 constexpr double LongerSide = 500;  // points, of the map on the page
-constexpr double FrameLeft = 50;
-constexpr double FrameTop = 800;
 constexpr std::int16_t RoomBelow = 20;
-
-double Quotient(double dividend, double divisor) {
-  if (divisor == 0) throw TalpenaError(ErrorNumber::DivisionByZero, "Division by zero");
-  return dividend / divisor;
-}
 
 /// As a float; what is beyond its range lies off every page.
 float EnPoints(double value) {
@@ -55,21 +48,21 @@ void EpsOutput::Vide() {
 }
 
 void CalculeCadreEPS(MapState& carte) {
-  const std::int16_t w = Arrondi16(Quotient(LongerSide * carte.LargeurKm, carte.CoteKm));
-  const std::int16_t h = Arrondi16(Quotient(LongerSide * carte.HauteurKm, carte.CoteKm));
-  carte.CadreEPS = {w, h, static_cast<std::int16_t>(w + FrameLeft),
-                    static_cast<std::int16_t>(FrameTop - h - RoomBelow)};
+  const std::int16_t w = Arrondi16(Divise(LongerSide * carte.LargeurKm, carte.CoteKm));
+  const std::int16_t h = Arrondi16(Divise(LongerSide * carte.HauteurKm, carte.CoteKm));
+  carte.CadreEPS = {w, h, static_cast<std::int16_t>(w + PageGauche),
+                    static_cast<std::int16_t>(PageHaut - h - RoomBelow)};
 }
 
 float RayonSurPage(const MapState& carte, float diameter) {
-  return EnPoints(Quotient(diameter, carte.CoteKm) * LongerSide / 2);
+  return EnPoints(Divise(diameter, carte.CoteKm) * LongerSide / 2);
 }
 
 PagePoint SurPage(const MapState& carte, float X, float Y) {
   const double w = carte.CadreEPS[0], h = carte.CadreEPS[1];
-  const double x = Quotient(double{X} - carte.XGauche, carte.LargeurKm);
-  const double y = Quotient(double{Y} - carte.YBas, carte.HauteurKm);
-  return {EnPoints(x * w + FrameLeft), EnPoints(y * h + FrameTop - h)};
+  const double x = Divise(double{X} - carte.XGauche, carte.LargeurKm);
+  const double y = Divise(double{Y} - carte.YBas, carte.HauteurKm);
+  return {EnPoints(x * w + PageGauche), EnPoints(y * h + PageHaut - h)};
 }
 
 }  // namespace talpena

@@ -1,8 +1,8 @@
 // The head of an EPS file: the prologue that lies beside the map, and the frame of the page.
-#include <memory>
 #include <string>
 
 #include "common/free_decimal.h"
+#include "common/numbers.h"
 #include "common/paths.h"
 #include "common/text.h"
 #include "maps/eps.h"
@@ -12,7 +12,6 @@ namespace talpena {
 namespace {
 
 constexpr double PageCentre = 297;
-constexpr double FrameLeft = 50;
 constexpr double Margin = 5;  ///< of the box, left and right of the frame
 
 /// A number as a print statement writes it.
@@ -29,23 +28,19 @@ struct Cadre {
         below(carte.CadreEPS[3]) {}
 
   /// Moves the frame to the middle of the page.
-  double Decalage() const { return PageCentre - w / 2 - FrameLeft; }
+  double Decalage() const { return PageCentre - w / 2 - PageGauche; }
 };
 
 std::string LigneBoite(const Cadre& cadre) {
-  return "%%BoundingBox: " + Element(cadre.Decalage() + FrameLeft - Margin) + " " +
+  return "%%BoundingBox: " + Element(cadre.Decalage() + PageGauche - Margin) + " " +
          Element(cadre.below) + " " + Element(cadre.Decalage() + cadre.right + Margin) + " " +
-         Element(800);
+         Element(PageHaut);
 }
 
 std::string LigneDate(Clock& clock) {
   const CalendarDate today = clock.DateCourante();
-  const auto places = [](int number, std::size_t count) {
-    const std::string text = std::to_string(number);
-    return std::string(count - std::min(count, text.size()), '0') + text;
-  };
-  return "%%CreationDate: " + places(today.month, 2) + "-" + places(today.day, 2) + "-" +
-         places(today.year, 4);
+  return "%%CreationDate: " + Format(today.month, "00") + "-" + Format(today.day, "00") + "-" +
+         Format(today.year, "0000");
 }
 
 /// The title is for people to read: what the code page lacks in a path does not stop the export.

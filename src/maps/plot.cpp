@@ -1,9 +1,7 @@
 #include "maps/plot.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
-#include <span>
 #include <string>
 #include <vector>
 

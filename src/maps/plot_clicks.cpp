@@ -1,12 +1,11 @@
 // Clicks on the map: a new row, or the last one taken back.
-#include <cmath>
 #include <string>
 #include <vector>
 
 #include "common/free_decimal.h"
 #include "common/numbers.h"
-#include "common/talpena_error.h"
 #include "common/text.h"
+#include "coords/faults.h"
 #include "maps/plot.h"
 #include "maps/projection.h"
 #include "platform/commands.h"
@@ -33,9 +32,7 @@ struct Position {
 };
 
 std::string EnTexte(float radians, std::string_view mask) {
-  const float degrees = Degre(radians);
-  if (!std::isfinite(degrees)) throw TalpenaError(ErrorNumber::Overflow, "Overflow");
-  return Remplace(Format(degrees, mask), ",", ".");
+  return Remplace(Format(Fini(Degre(radians)), mask), ",", ".");
 }
 
 Position PositionDe(const MapState& carte, float x, float y) {
