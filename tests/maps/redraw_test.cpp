@@ -216,7 +216,7 @@ TEST(AfficheTLP, APointBehindTheGlobeIsDrawnFarAway) {
   w.canvas.calls.clear();
   w.Trace(Record({{-1, 1, 1}, {0, 10, 10}, {0, 10, 170}, {0, 20, 10}, {-1, 1, 1}}));
   ASSERT_EQ(w.Traits().size(), 1U);
-  const Pixels& points = w.Traits()[0].points;
+  const Pixels points = w.Traits()[0].points;
   ASSERT_EQ(points.size(), 3U);
   EXPECT_GT(points[1].x, 1000000);
   EXPECT_LT(points[1].y, -1000000);
@@ -230,7 +230,7 @@ TEST(AfficheTLP, BehindAPolarMapOnlyXGoesFarAway) {
   w.canvas.calls.clear();
   w.Trace(Record({{-1, 50, 1}, {0, 60, 10}, {0, -10, 170}, {0, 70, 10}, {-1, 1, 1}}));
   ASSERT_EQ(w.Traits().size(), 1U);
-  const Pixels& points = w.Traits()[0].points;
+  const Pixels points = w.Traits()[0].points;
   ASSERT_EQ(points.size(), 3U);
   EXPECT_GT(points[1].x, 1000000);
   EXPECT_EQ(points[1].y, points[0].y) << "Y is that of the point before";
