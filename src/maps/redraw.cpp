@@ -51,6 +51,7 @@ void RedrawMap(MapContext c) {
   c.canvas.Cls();
   c.canvas.Attributs = {};  // a closed line is not filled as the symbols of the last time were
   AfficheCouches(c);
+  c.canvas.Attributs = {};  // nor has the grid the colour of the last layer
   if (c.carte.Grille) DisplayGrid(c, nullptr, false);
   PlotDistri(c, nullptr, 0);
   c.fenetre.MontreCanevas();

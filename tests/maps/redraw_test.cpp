@@ -296,10 +296,10 @@ TEST(AfficheTLP, DrawsARecordOfManyBatchesAsOneStroke) {
 TEST(RedrawMap, DrawsLayersGridAndDistributionInThisOrder) {
   PlateWorld w;
   w.Remplit({{45, 5}});
-  w.files.Pose("/maps/a.tlp", EnTeteTlp() + Record(stroke));
   w.files.Pose("/maps/b.tlp", EnTeteTlp() + Record(stroke, {.kind = 'R'}));
+  w.files.Pose("/maps/c.tlp", EnTeteTlp() + Record(stroke, {.kind = 'L'}));
   w.options.Add("/maps/b.tlp");
-  w.options.Add("/maps/a.tlp");
+  w.options.Add("/maps/c.tlp");
   w.carte.Grille = true;
   w.carte.Pas = 90;
   RedrawMap(w.context);
@@ -310,6 +310,7 @@ TEST(RedrawMap, DrawsLayersGridAndDistributionInThisOrder) {
   EXPECT_EQ(names[1], "Polyline");
   EXPECT_EQ(names[2], "Polyline");
   EXPECT_EQ(names[3], "PSet");
+  EXPECT_EQ(w.canvas.calls[3].attributs.ForeColor, 0U) << "whatever the last layer was drawn in";
   EXPECT_EQ(names[names.size() - 2], "Line");
   EXPECT_EQ(names.back(), "Circle");
   EXPECT_EQ(w.fenetre.Compte("MontreCanevas"), 1);

@@ -227,16 +227,17 @@ void QtCanvas::Polyline(std::span<const PixelPoint> points) {
 }
 
 void QtCanvas::TraceSuite(std::span<const PixelPoint> points) {
-  const auto place = [](PixelPoint p) { return SurfacePoint{double(p.x), double(p.y)}; };
+  const bool solid = Attributs.drawStyle == DrawStyle::Solid;
+  const double width = LargeurTrait();
   dashPhase_ = 0;
-  SurfacePoint before = place(points.front());
   bool drawn = false;
   for (std::size_t i = 1; i < points.size(); ++i) {
-    const bool still = points[i] == points[i - 1];
-    if (still && (drawn || i + 1 < points.size())) continue;
-    const SurfacePoint next = place(points[i]);
-    Trace(before, next);
-    before = next;
+    const PixelPoint from = points[i - 1];
+    const PixelPoint to = points[i];
+    if (from == to && (drawn || i + 1 < points.size())) continue;
+    if (!solid || !mask_.Copie(from, to, width)) {
+      Trace({double(from.x), double(from.y)}, {double(to.x), double(to.y)});
+    }
     drawn = true;
   }
 }

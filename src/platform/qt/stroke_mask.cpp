@@ -59,6 +59,7 @@ void StrokeMask::Dimensionne(int width, int height) {
   height_ = height;
   coverage_.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), 0);
   touched_.clear();
+  partsWidth_ = 0;  // they count in pixels of rows of another length
 }
 
 void StrokeMask::Segment(SurfacePoint from, SurfacePoint to, double width) {
@@ -83,14 +84,51 @@ void StrokeMask::Segment(SurfacePoint from, SurfacePoint to, double width) {
 void StrokeMask::Rangee(int y, int first, int last, SegmentShape shape) {
   const std::size_t start = static_cast<std::size_t>(y) * static_cast<std::size_t>(width_);
   for (int x = first; x <= last; ++x) {
-    const int share = shape.Couverture(static_cast<float>(x), static_cast<float>(y));
-    std::uint8_t& covered = coverage_[start + static_cast<std::size_t>(x)];
-    if (share <= covered) continue;
-    if (covered == 0) {
-      touched_.push_back(static_cast<std::uint32_t>(start + static_cast<std::size_t>(x)));
-    }
-    covered = static_cast<std::uint8_t>(share);
+    Couvre(start + static_cast<std::size_t>(x),
+           shape.Couverture(static_cast<float>(x), static_cast<float>(y)));
   }
+}
+
+inline void StrokeMask::Couvre(std::size_t pixel, int coverage) {
+  std::uint8_t& covered = coverage_[pixel];
+  if (coverage <= covered) return;
+  if (covered == 0) touched_.push_back(static_cast<std::uint32_t>(pixel));
+  covered = static_cast<std::uint8_t>(coverage);
+}
+
+bool StrokeMask::Copie(PixelPoint from, PixelPoint to, double width) {
+  if (width != partsWidth_) OublieParts(width);
+  const std::int64_t dx = std::int64_t{to.x} - from.x;
+  const std::int64_t dy = std::int64_t{to.y} - from.y;
+  const int m = partsMargin_;
+  const bool inside = std::min(from.x, to.x) >= m && std::max(from.x, to.x) < width_ - m &&
+                      std::min(from.y, to.y) >= m && std::max(from.y, to.y) < height_ - m;
+  if (!inside || std::abs(dx) > longestCopy || std::abs(dy) > longestCopy) return false;
+  std::vector<Share>& parts =
+      parts_[static_cast<std::size_t>((dy + longestCopy) * directions + dx + longestCopy)];
+  if (parts.empty()) parts = Parts(static_cast<int>(dx), static_cast<int>(dy));
+  const std::ptrdiff_t start = static_cast<std::ptrdiff_t>(from.y) * width_ + from.x;
+  for (const Share& part : parts)
+    Couvre(static_cast<std::size_t>(start + part.offset), part.coverage);
+  return true;
+}
+
+std::vector<StrokeMask::Share> StrokeMask::Parts(int dx, int dy) const {
+  const SegmentShape shape({0, 0}, {double(dx), double(dy)}, partsWidth_);
+  std::vector<Share> parts;
+  for (int y = std::min(dy, 0) - partsMargin_; y <= std::max(dy, 0) + partsMargin_; ++y) {
+    for (int x = std::min(dx, 0) - partsMargin_; x <= std::max(dx, 0) + partsMargin_; ++x) {
+      const int coverage = shape.Couverture(static_cast<float>(x), static_cast<float>(y));
+      if (coverage > 0) parts.push_back({y * width_ + x, static_cast<std::uint8_t>(coverage)});
+    }
+  }
+  return parts;
+}
+
+void StrokeMask::OublieParts(double width) {
+  partsWidth_ = width;
+  partsMargin_ = static_cast<int>(std::ceil(width / 2 + 0.5));
+  parts_.assign(std::size_t{directions} * directions, {});
 }
 
 void StrokeMask::Peint(const PixelRows& target, std::uint32_t colour) {

@@ -221,6 +221,46 @@ TEST(QtCanvas, ALineOfManySegmentsLooksLikeOne) {
   EXPECT_LE(Compare(one.canvas.Surface(), many.canvas.Surface()).most, 1);
 }
 
+TEST(QtCanvas, AShortSegmentIsTheSameWhetherCopiedOrDrawn) {
+  for (const double ratio : {1.0, 2.0, 1.5}) {
+    Drawing copied(ratio);
+    Drawing drawn(ratio);
+    for (const int drawWidth : {1, 2, 1}) {
+      copied.canvas.Attributs.DrawWidth = drawn.canvas.Attributs.DrawWidth = drawWidth;
+      for (int i = 0; i < 300; ++i) {
+        const PixelPoint from{i * 7 % 200 - 20, i * 13 % 160 - 20};
+        const PixelPoint to{from.x + i % 61 - 30, from.y + i * 3 % 53 - 26};
+        copied.canvas.Polyline(std::vector<PixelPoint>{from, to});
+        drawn.canvas.Line(from.x / ratio, height - from.y / ratio, to.x / ratio,
+                          height - to.y / ratio);
+      }
+    }
+    EXPECT_LE(Compare(copied.canvas.Surface(), drawn.canvas.Surface()).most, 1);
+  }
+}
+
+TEST(QtCanvas, CopiesSegmentsAnewOnAPictureOfAnotherSize) {
+  Drawing d;
+  const std::vector<PixelPoint> points{{10, 20}, {16, 29}};
+  d.canvas.Polyline(points);
+  QImage larger(2 * width, 2 * height, QImage::Format_RGB32);
+  larger.fill(Qt::white);
+  larger.save(QString::fromStdString(d.folder / "larger.png"));
+  d.canvas.ChargeImage(d.folder / "larger.png");
+  EXPECT_EQ(d.Marked(), 0);
+  d.canvas.Polyline(points);
+  EXPECT_EQ(d.At(10, 20), black);
+  EXPECT_EQ(d.At(16, 29), black);
+  EXPECT_LT(d.Marked(), 50);
+}
+
+TEST(QtCanvas, ALineThatStaysOnAPixelIsADot) {
+  Drawing d;
+  d.canvas.Polyline(std::vector<PixelPoint>{{10, 20}, {10, 20}, {10, 20}});
+  EXPECT_EQ(d.At(10, 20), black);
+  EXPECT_EQ(d.Marked(), 1);
+}
+
 /// Each pixel by the exact area of it that the line covers.
 void PaintExactly(QPainter& painter, QPointF from, QPointF to, double lineWidth) {
   QPainterPath path(from);
