@@ -11,6 +11,8 @@
 #include <random>
 #include <string>
 
+#include "common/numbers.h"
+
 namespace talpena {
 namespace {
 
@@ -131,7 +133,7 @@ TEST(FreeDecimal, ReadsBackWithinHalfAUnitOfTheSeventhDigit) {
   for (int i = 0; i < 20000; ++i) {
     const float value = static_cast<float>(random() % 100000000) / 97.0F - 400000.0F;
     const std::string text = FormeLibre(value);
-    const double read = std::strtod(text.c_str(), nullptr);
+    const double read = Val(text);
     EXPECT_LE(std::abs(read - double{value}), 5.1E-7 * std::abs(double{value})) << text;
   }
 }
