@@ -51,8 +51,8 @@ class Canvas {
   virtual void Cls() = 0;  ///< back to the picture alone
   DrawAttributes Attributs;
 
-  virtual void PSet(double x, double y) = 0;                              ///< user units
-  virtual void Line(double x1, double y1, double x2, double y2) = 0;      ///< user units
+  virtual void PSet(double x, double y) = 0;                          ///< user units
+  virtual void Line(double x1, double y1, double x2, double y2) = 0;  ///< user units
   /// Outline in ForeColor, inside by fillStyle. Centre and radius in user units.
   virtual void Circle(double x, double y, double radius) = 0;
   virtual void Polyline(std::span<const PixelPoint> points) = 0;  ///< pixels

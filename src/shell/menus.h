@@ -39,7 +39,7 @@ enum class MenuCommand : std::uint8_t {
   LmbIfbl,       ///< the converter of single points
   IFBLGrid,      ///< grid lines of 4 and 1 km
   IFBLGridPolygon,
-  Grid,  ///< grid lines of 32 by 20 km
+  Grid,      ///< grid lines of 32 by 20 km
   VisAutre,  ///< the map view, over a map that the user opens
   AideTexte,
   Info

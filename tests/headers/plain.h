@@ -1,4 +1,5 @@
-// Compiled once for all test programs without windows: most of what a test takes to compile is this.
+// Compiled once for all test programs without windows: most of what a test takes to compile is
+// this.
 #pragma once
 #include <gtest/gtest.h>
 

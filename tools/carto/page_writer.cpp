@@ -93,11 +93,22 @@ class PageWriter {
     text_.Ligne("/ink {coul {pop setrgbcolor} {4 1 roll pop pop pop sg} ifelse} bind def");
     text_.Ligne("1 setlinejoin 0 setlinecap");
     for (const DrawnLayer& layer : drawing) Couche(layer);
+    TraitDeCadre();
     text_.Ligne("end grestore");
     return text_.Prend();
   }
 
  private:
+  /// The neat line over what was drawn up to it; the page clips away its outer half.
+  void TraitDeCadre() {
+    text_.Ligne("0 sg 1 setlinewidth [] 0 setdash");
+    text_.Point({page_.left, page_.bottom}, "m");
+    text_.Point({page_.left, page_.top}, "l");
+    text_.Point({page_.right, page_.top}, "l");
+    text_.Point({page_.right, page_.bottom}, "l");
+    text_.Ligne("c s");
+  }
+
   PlanePoint SurPage(PlanePoint km) const {
     return {(km.x - box_.left) / (box_.right - box_.left) * (page_.right - page_.left) + page_.left,
             (km.y - box_.bottom) / (box_.top - box_.bottom) * (page_.top - page_.bottom) +

@@ -14,11 +14,11 @@
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "common/text.h"
+#include "platform/qt/icons.h"
 #include "platform/qt/mnemonics.h"
 #include "shell/windows/frm_aide.h"
 #include "shell/windows/help_hit_delegate.h"
 #include "shell/windows/help_page_view.h"
-#include "platform/qt/icons.h"
 
 using namespace Qt::StringLiterals;
 

@@ -9,8 +9,8 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
-#include "platform/qt/mnemonics.h"
 #include "platform/qt/icons.h"
+#include "platform/qt/mnemonics.h"
 
 namespace talpena {
 namespace {

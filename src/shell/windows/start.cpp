@@ -10,8 +10,8 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
-#include "shell/windows/frm_eastern.h"
 #include "platform/qt/icons.h"
+#include "shell/windows/frm_eastern.h"
 
 namespace talpena {
 namespace {
