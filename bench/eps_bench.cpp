@@ -10,6 +10,7 @@
 #include <string>
 
 #include "bare_table.h"
+#include "fakes/silent_map_window.h"
 #include "fakes/silent_platform.h"
 #include "fakes/silent_view.h"
 #include "generated_rows.h"
@@ -47,16 +48,6 @@ class BlankCanvas final : public Canvas {
   void Polyline(std::span<const PixelPoint>) override {}
   void Polygon(std::span<const PixelPoint>) override {}
   void SauveBmp(const std::string&) override {}
-};
-
-class QuietWindow final : public MapWindow {
- public:
-  void ChangeSablier(bool) override {}
-  void ActiveEps(bool) override {}
-  void AjusteMap() override {}
-  void ChangeTitre(const std::string&) override {}
-  void MontrePanneau(int, const std::string&) override {}
-  void MontreCanevas() override {}
 };
 
 class User final : public test::NoDialogues {
@@ -116,7 +107,7 @@ struct Opened {
   MapState carte;
   MapOption options;
   BlankCanvas canvas;
-  QuietWindow window;
+  test::SilentMapWindow window;
   MapContext context{carte, options, canvas, window, state, io, vue};
 };
 

@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "fakes/silent_map_window.h"
 #include "fakes/silent_platform.h"
 #include "fakes/silent_view.h"
 #include "generated_rows.h"
@@ -38,16 +39,6 @@ constexpr int height = 1000;
 constexpr int layerPoints = 100000;
 constexpr int strokePoints = 50;
 constexpr std::int64_t redrawRows = 10000;
-
-class NoWindow final : public MapWindow {
- public:
-  void ChangeSablier(bool) override {}
-  void ActiveEps(bool) override {}
-  void AjusteMap() override {}
-  void ChangeTitre(const std::string&) override {}
-  void MontrePanneau(int, const std::string&) override {}
-  void MontreCanevas() override {}
-};
 
 void EcritCarte(const fs::path& folder) {
   fs::create_directories(folder);
@@ -80,7 +71,7 @@ struct Mapped {
   MapState carte;
   MapOption options;
   QtCanvas canvas;
-  NoWindow window;
+  test::SilentMapWindow window;
   MapContext context{carte, options, canvas, window, state, machine.io, vue};
 };
 

@@ -5,6 +5,7 @@
 
 #include "check.h"
 #include "fakes/memory_input.h"
+#include "fakes/silent_map_window.h"
 #include "fakes/silent_platform.h"
 #include "fakes/silent_view.h"
 #include "maps/grid_overlay.h"
@@ -55,15 +56,11 @@ class ScaledCanvas final : public Canvas {
   void SauveBmp(const std::string&) override {}
 };
 
-class QuietWindow final : public MapWindow {
+class QuietWindow final : public test::SilentMapWindow {
  public:
   bool hourglass = false;
   void ChangeSablier(bool on) override { hourglass = on; }
-  void ActiveEps(bool) override {}
-  void AjusteMap() override {}
-  void ChangeTitre(const std::string&) override {}
   void MontrePanneau(int, const std::string& text) override { VerifieTexte(text, 64); }
-  void MontreCanevas() override {}
 };
 
 /// What no input changes.

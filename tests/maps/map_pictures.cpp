@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "coords/commands/coords_world.h"
+#include "fakes/silent_map_window.h"
 #include "maps/eps.h"
 #include "maps/grid_overlay.h"
 #include "maps/map_files.h"
@@ -26,16 +27,6 @@ namespace talpena {
 namespace {
 
 namespace fs = std::filesystem;
-
-class NoWindow : public MapWindow {
- public:
-  void ChangeSablier(bool) override {}
-  void ActiveEps(bool) override {}
-  void AjusteMap() override {}
-  void ChangeTitre(const std::string&) override {}
-  void MontrePanneau(int, const std::string&) override {}
-  void MontreCanevas() override {}
-};
 
 /// A file of the user, open.
 struct Distribution : test::CoordsWorld {
@@ -71,7 +62,7 @@ struct Vue {
   }
 
   Platform io;
-  NoWindow window;
+  test::SilentMapWindow window;
   QtCanvas canvas;
   MapState carte;
   MapOption options;

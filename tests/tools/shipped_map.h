@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "carto/map_catalogue.h"
+#include "fakes/silent_map_window.h"
 #include "maps/map_files.h"
 #include "maps/projection.h"
 #include "platform/os/file_system.h"
@@ -28,16 +29,6 @@ inline std::vector<std::string> CartesLivrees() {
   return names;
 }
 
-class QuietMapWindow : public MapWindow {
- public:
-  void ChangeSablier(bool) override {}
-  void ActiveEps(bool) override {}
-  void AjusteMap() override {}
-  void ChangeTitre(const std::string&) override {}
-  void MontrePanneau(int, const std::string&) override {}
-  void MontreCanevas() override {}
-};
-
 /// The real files, a canvas, and a map view without a window.
 struct MapDesk : World {
   explicit MapDesk(Canvas& drawn) : canvas(drawn) {}
@@ -54,7 +45,7 @@ struct MapDesk : World {
   MapState carte;
   MapOption options;
   Canvas& canvas;
-  QuietMapWindow fenetre;
+  SilentMapWindow fenetre;
 };
 
 }  // namespace talpena::test

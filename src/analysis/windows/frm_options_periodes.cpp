@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "common/string_table.h"
+#include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"
 
 namespace talpena {
@@ -21,13 +22,6 @@ namespace {
 // Captions of the window, in the string table.
 constexpr int CaptionOk = 100, CaptionAnnuler = 101, CaptionTitre = 123, CaptionOption0 = 124,
               CaptionPivot1 = 127, CaptionPivot21 = 128, CaptionPivot22 = 129;
-
-/// A named child.
-template <typename Widget>
-Widget* Nomme(Widget* widget, const QString& name) {
-  widget->setObjectName(name);
-  return widget;
-}
 
 /// The hourglass while all rows are gone through; a box that asks lays it aside.
 class Sablier {

@@ -17,26 +17,13 @@
 #include "common/string_table.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/map_view.h"
+#include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 
 namespace talpena {
 namespace {
 
 constexpr int margin = 8;
-
-template <typename Widget>
-Widget* Nomme(Widget* widget, const QString& name) {
-  widget->setObjectName(name);
-  return widget;
-}
-
-QString EnQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QString NomIndexe(std::string_view control, int index) {
-  return QStringLiteral("%1_%2").arg(EnQt(control)).arg(index);
-}
 
 QKeySequence Touche(std::string_view keys) {
   return QKeySequence(EnQt(keys), QKeySequence::PortableText);
@@ -62,7 +49,8 @@ void frmCarte::ConstruitMenu(const CarteMenu& menu) {
   auto* built = Nomme(new QMenu(this), EnQt(menu.control));
   for (const CarteEntree& entry : carteEntrees) {
     if (entry.menu != menu.control) continue;
-    auto* action = Nomme(new QAction(built), NomIndexe(entry.menu, entry.index));
+    auto* action =
+        Nomme(new QAction(built), NomIndexe(entry.menu, static_cast<std::size_t>(entry.index)));
     action->setMenuRole(QAction::NoRole);
     action->setSeparator(entry.EstTrait());
     action->setShortcut(Touche(entry.touche));
@@ -92,11 +80,7 @@ void frmCarte::ConstruitOutils() {
   row->setSpacing(2);
   for (std::size_t i = 0; i < outils_.size(); ++i) {
     const CarteOutil& outil = carteOutils[i];
-    auto* button = Nomme(new QToolButton(Toolbar1), EnQt(outil.key));
-    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    button->setAutoRaise(true);
-    button->setFocusPolicy(Qt::StrongFocus);
-    button->setIconSize({20, 20});
+    auto* button = Outil(Toolbar1, EnQt(outil.key));
     if (outil.key == "distri") row->addStretch(1);
     row->addWidget(button);
     outils_[i] = button;
@@ -139,8 +123,7 @@ void frmCarte::ConstruitBarreEtat() {
   StatusBar1 = Nomme(new QStatusBar(this), QStringLiteral("StatusBar1"));
   StatusBar1->setSizeGripEnabled(false);  // it comes late, and asks for more room then
   for (std::size_t i = 0; i < panneaux_.size(); ++i) {
-    panneaux_[i] =
-        Nomme(new QLabel(StatusBar1), NomIndexe("StatusBar1_Panel", static_cast<int>(i) + 1));
+    panneaux_[i] = Nomme(new QLabel(StatusBar1), NomIndexe("StatusBar1_Panel", i + 1));
     panneaux_[i]->setTextFormat(Qt::PlainText);
     panneaux_[i]->setContentsMargins(margin, 0, margin, 0);
     // As wide as the longest position, so that nothing moves with the mouse.

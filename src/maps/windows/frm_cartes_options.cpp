@@ -17,6 +17,7 @@
 #include "common/string_table.h"
 #include "maps/windows/colour_label.h"
 #include "platform/commands.h"
+#include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"
 
 namespace talpena {
@@ -30,10 +31,6 @@ Widget* Cree(QWidget* parent, const QString& name) {
   auto* widget = new Widget(parent);
   widget->setObjectName(name);
   return widget;
-}
-
-QString EnQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 template <std::size_t N>

@@ -27,6 +27,7 @@
 #include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "platform/qt/colours.h"
+#include "platform/qt/controls.h"
 #include "platform/qt/file_filter.h"
 #include "platform/qt/mnemonics.h"
 #include "platform/qt/qt_printer.h"
@@ -36,8 +37,6 @@ using namespace Qt::StringLiterals;
 
 namespace talpena {
 namespace {
-
-QString EnQt(const std::string& text) { return QString::fromStdString(text); }
 
 /// Line breaks as Qt draws them, from CR LF, CR or LF.
 QString EnLignes(const std::string& text) {

@@ -6,15 +6,12 @@
 
 #include "common/paths.h"
 #include "common/talpena_error.h"
+#include "platform/qt/controls.h"
 
 using namespace Qt::StringLiterals;
 
 namespace talpena {
 namespace {
-
-QString EnQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 /// A name with every character that means something to file systems or to QSettings (and the
 /// sign that marks them) as "%" and four hexadecimal digits, so that no two names meet.

@@ -15,6 +15,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 #include "shell/windows/form1.h"
 #include "store/windows/tdb_grid.h"
@@ -23,25 +24,6 @@ namespace talpena {
 namespace {
 
 constexpr int margin = 8;
-
-template <typename Widget>
-Widget* Nomme(Widget* widget, const QString& name) {
-  widget->setObjectName(name);
-  return widget;
-}
-
-QString NomIndexe(const char* control, std::size_t index) {
-  return QStringLiteral("%1_%2").arg(QLatin1String(control)).arg(index);
-}
-
-QToolButton* Outil(QWidget* parent, const QString& name) {
-  auto* button = Nomme(new QToolButton(parent), name);
-  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  button->setAutoRaise(true);
-  button->setFocusPolicy(Qt::StrongFocus);
-  button->setIconSize({20, 20});
-  return button;
-}
 
 QFrame* Trait(QWidget* parent) {
   auto* line = new QFrame(parent);

@@ -14,6 +14,7 @@
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "common/text.h"
+#include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/mnemonics.h"
 #include "shell/windows/frm_aide.h"
@@ -27,21 +28,6 @@ namespace {
 
 constexpr int margin = 8;
 constexpr QSize firstSize(1120, 740);
-
-template <typename Widget>
-Widget* Nomme(Widget* widget, const QString& name) {
-  widget->setObjectName(name);
-  return widget;
-}
-
-QToolButton* Outil(QWidget* parent, const QString& name) {
-  auto* button = Nomme(new QToolButton(parent), name);
-  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-  button->setAutoRaise(true);
-  button->setFocusPolicy(Qt::StrongFocus);
-  button->setIconSize({20, 20});
-  return button;
-}
 
 const QKeySequence keyBack(Qt::ALT | Qt::Key_Left), keyForward(Qt::ALT | Qt::Key_Right),
     keyHome(Qt::ALT | Qt::Key_Home), keyPrint(Qt::CTRL | Qt::Key_P),

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/qt/controls.h"
+
 namespace talpena {
 namespace {
 
@@ -35,10 +37,6 @@ constexpr std::array targets = {
     HelpTarget{"PrintPreviewDialog", "maps.html#print"},
 };
 // clang-format on
-
-QString EnQt(std::string_view text) {
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
 
 bool EstF1(const QEvent* event) {
   if (event->type() != QEvent::KeyPress) return false;

@@ -12,6 +12,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 
+#include "platform/qt/controls.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
@@ -60,10 +61,6 @@ QFont EnGras(const QFont& font) {
   QFont bold = font;
   bold.setBold(true);
   return bold;
-}
-
-QString NomIndexe(const char* control, std::size_t index) {
-  return u"%1_%2"_s.arg(QLatin1String(control)).arg(index);
 }
 
 }  // namespace

@@ -1,0 +1,19 @@
+// A map window that shows nothing, for benchmarks, fuzzing and pictures.
+#pragma once
+#include <string>
+
+#include "maps/map_context.h"
+
+namespace talpena::test {
+
+class SilentMapWindow : public MapWindow {
+ public:
+  void ChangeSablier(bool) override {}
+  void ActiveEps(bool) override {}
+  void AjusteMap() override {}
+  void ChangeTitre(const std::string&) override {}
+  void MontrePanneau(int, const std::string&) override {}
+  void MontreCanevas() override {}
+};
+
+}  // namespace talpena::test
