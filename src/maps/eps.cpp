@@ -19,11 +19,11 @@ constexpr const char* SignedOrigin[] = {
     "-1 6 rm max 2 add 0 rl 0 -15 rl max 2 add neg 0 rl 0 15 rl gsave 1 sg fill grestore stroke ",
     "grestore",
     "gsave",
-    "maxcpr maxsignature gt {cpr stringwidth pop 2 div signature stringwidth pop 2 div sub 0 rm} "
-    "if",
+    // clang-format off
+    "maxcpr maxsignature gt {cpr stringwidth pop 2 div signature stringwidth pop 2 div sub 0 rm} if",
     "signature show grestore",
-    "gsave maxsignature maxcpr gt {signature stringwidth pop 2 div cpr stringwidth pop 2 div sub} "
-    "{0} ifelse",
+    "gsave maxsignature maxcpr gt {signature stringwidth pop 2 div cpr stringwidth pop 2 div sub} {0} ifelse",
+    // clang-format on
     "-6 rm cpr show grestore",
 };
 

@@ -75,7 +75,7 @@ void CircleStamps::Pose(const PixelRows& target, double x, double y, const Circl
     const int first = std::max<int>(span.first, -left);
     const int count = std::min<int>(span.last, target.width - left) - first;
     if (row < 0 || row >= target.height || count <= 0) continue;
-    const std::uint32_t* above = stamp.pixels.data() + span.row * stamp.side + first;
+    const std::uint32_t* above = stamp.pixels.data() + Rangee(stamp, span.row) + first;
     std::uint32_t* below =
         target.pixels + static_cast<std::ptrdiff_t>(row) * target.width + left + first;
     if (span.opaque) {
@@ -86,8 +86,13 @@ void CircleStamps::Pose(const PixelRows& target, double x, double y, const Circl
   }
 }
 
+std::ptrdiff_t CircleStamps::Rangee(const Stamp& stamp, int row) {
+  return static_cast<std::ptrdiff_t>(row) * stamp.side;
+}
+
 const CircleStamps::Stamp& CircleStamps::Donne(int phaseX, int phaseY) {
-  Stamp& stamp = stamps_[static_cast<std::size_t>(phaseY * phases + phaseX)];
+  Stamp& stamp =
+      stamps_[static_cast<std::size_t>(phaseY) * phases + static_cast<std::size_t>(phaseX)];
   if (stamp.side == 0) stamp = Fabrique(phaseX, phaseY);
   return stamp;
 }
@@ -110,7 +115,7 @@ CircleStamps::Stamp CircleStamps::Fabrique(int phaseX, int phaseY) const {
 void CircleStamps::Decoupe(Stamp& stamp) {
   const auto kind = [](std::uint32_t pixel) { return pixel >> 24 == 255 ? 2 : pixel != 0 ? 1 : 0; };
   for (int row = 0; row < stamp.side; ++row) {
-    const std::uint32_t* pixels = stamp.pixels.data() + row * stamp.side;
+    const std::uint32_t* pixels = stamp.pixels.data() + Rangee(stamp, row);
     const std::size_t before = stamp.spans.size();
     for (int first = 0; first < stamp.side;) {
       int last = first + 1;

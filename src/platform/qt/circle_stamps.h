@@ -2,6 +2,7 @@
 #pragma once
 #include <QImage>
 #include <array>
+#include <cstddef>
 #include <cstdint>
 #include <vector>
 
@@ -50,10 +51,11 @@ class CircleStamps {
   const Stamp& Donne(int phaseX, int phaseY);
   Stamp Fabrique(int phaseX, int phaseY) const;
   static void Decoupe(Stamp& stamp);
+  static std::ptrdiff_t Rangee(const Stamp& stamp, int row);  ///< where its pixels start
 
   CircleLook look_;
   int margin_ = 0;  ///< pixels from a stamp's corner to its centre
-  std::array<Stamp, phases * phases> stamps_;
+  std::array<Stamp, std::size_t{phases} * phases> stamps_;
 };
 
 }  // namespace talpena

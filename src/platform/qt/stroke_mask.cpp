@@ -28,7 +28,7 @@ struct SegmentShape {
     const float square = ex * ex + ey * ey;
     if (square >= outside) return 0;
     if (square < inside) return 255;
-    return static_cast<int>((reach - std::sqrt(square)) * 255 + 0.5F);
+    return static_cast<int>(std::lrint((reach - std::sqrt(square)) * 255));
   }
 
   float x, y, dx, dy;

@@ -64,19 +64,19 @@ void NumberReader::LitNommees(const RowList& rows, std::span<const Bookmark> nam
 
 template <typename Next>
 void NumberReader::ParBlocs(Next next) {
-  bool more = true;
+  // Whether there may be more keys behind those that were taken.
   const auto take = [&](std::size_t count) {
     while (keys_.size() < count) {
       const std::optional<RowKey> key = next();
-      if (!key) return more = false;
+      if (!key) return false;
       keys_.push_back(*key);
     }
     return true;
   };
-  while (more) {
+  for (bool more = true; more;) {
     keys_.clear();
-    take(SmallBlock);
-    if (more && !Serrees()) take(LargeBlock);
+    more = take(SmallBlock);
+    if (more && !Serrees()) more = take(LargeBlock);
     if (!keys_.empty()) LitBloc();
   }
 }
