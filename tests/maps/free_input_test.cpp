@@ -109,7 +109,8 @@ TEST(FreeInput, RefusesToReadBehindTheEnd) {
 TEST(FreeInput, BlanksBehindTheLastItemAreNoItem) {
   for (const char* rest :
        {"", " ", "\t\t", "\r\n", "\n\n\n", " \r\n \t\n", "\r\n\x1A", "\x1Ajunk"}) {
-    FreeInput input = Over(std::string("7") + rest);
+    const std::string text = std::string("7") + rest;
+    FreeInput input = Over(text);
     EXPECT_EQ(input.Entier(), 7);
     EXPECT_TRUE(input.Fini()) << rest;
   }

@@ -38,7 +38,8 @@ std::string TwoRecords() {
 }
 
 TEST(LayerFile, ReadsHeadsAndPoints) {
-  LayerFile file(std::make_unique<test::MemoryInput>(TwoRecords()));
+  const std::string bytes = TwoRecords();
+  LayerFile file(std::make_unique<test::MemoryInput>(bytes));
   LayerRecord record;
   ASSERT_TRUE(file.Suivant(record));
   EXPECT_EQ(record.name, "name" + std::string(26, ' '));
@@ -67,7 +68,8 @@ TEST(LayerFile, ReadsTheSameWhateverTheBlocks) {
 }
 
 TEST(LayerFile, SkipsPointsThatNobodyAskedFor) {
-  LayerFile file(std::make_unique<test::MemoryInput>(TwoRecords()));
+  const std::string bytes = TwoRecords();
+  LayerFile file(std::make_unique<test::MemoryInput>(bytes));
   LayerRecord record;
   ASSERT_TRUE(file.Suivant(record));
   ASSERT_TRUE(file.Suivant(record));
