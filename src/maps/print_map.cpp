@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
+#include <utility>
 
-#include "maps/grid_overlay.h"
 #include "maps/plot.h"
 #include "maps/redraw.h"
 
@@ -28,8 +28,7 @@ void Oriente(MapContext c) {
 /// What is on show, over the picture. A map that has no place for the distribution says so on the
 /// screen; a page is no place for that.
 void Dessine(MapContext c) {
-  for (int i = 1; i <= c.options.LayerCount(); ++i) AfficheTLP(c, c.options.Couche(i));
-  if (c.carte.Grille) DisplayGrid(c, nullptr, false);
+  TraceLignes(c);
   if (c.carte.CodeProjection != 0) PlotDistri(c, nullptr, 0);
 }
 
@@ -58,7 +57,10 @@ void PrintMap(MapContext c, Printer& printer) {
   const auto page = printer.CreeCanevas(FinesseImpression(place, width, height));
   page->ChargeImage(c.carte.FichierImage);
   page->ChangeEchelle(c.canvas.Echelle());
+  // The page has a collector of its own: pixels of one surface mean nothing on another.
+  const Polygon ofTheScreen = std::exchange(c.carte.polygone, {});
   Dessine({c.carte, c.options, *page, c.fenetre, c.state, c.io, c.vue});
+  c.carte.polygone = ofTheScreen;
   printer.ImprimePage(*page, place);
 }
 

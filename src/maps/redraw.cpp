@@ -47,12 +47,16 @@ void AfficheCouches(MapContext c) {
 
 }  // namespace
 
-void RedrawMap(MapContext c) {
-  c.canvas.Cls();
+void TraceLignes(MapContext c) {
   c.canvas.Attributs = {};  // a closed line is not filled as the symbols of the last time were
   AfficheCouches(c);
   c.canvas.Attributs = {};  // nor has the grid the colour of the last layer
   if (c.carte.Grille) DisplayGrid(c, nullptr, false);
+}
+
+void RedrawMap(MapContext c) {
+  c.canvas.Cls();
+  TraceLignes(c);
   PlotDistri(c, nullptr, 0);
   c.fenetre.MontreCanevas();
 }

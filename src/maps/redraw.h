@@ -9,6 +9,9 @@ namespace talpena {
 /// Picture, layers, grid, distribution.
 void RedrawMap(MapContext c);
 
+/// What lies between the picture and the rows: layers, and the grid when it is on show.
+void TraceLignes(MapContext c);
+
 /// One line layer (.tlp); nothing happens when the file does not exist.
 void AfficheTLP(MapContext c, const std::string& path);
 

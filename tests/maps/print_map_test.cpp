@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "layer_bytes.h"
 #include "map_world.h"
 
 namespace talpena {
@@ -75,6 +78,24 @@ TEST(PrintMap, PrintsTheGridThatIsOnShow) {
   PrintMap(w.Contexte(), w.dialogues.imprimante);
   EXPECT_GT(std::count(w.names.begin(), w.names.end(), "Line"), 10);
   EXPECT_TRUE(w.dialogues.asked.empty());
+}
+
+TEST(PrintMap, LeavesALineThatWaitsOnTheScreenWhereItIs) {
+  PrintWorld w;
+  // A layer whose first point draws what was collected before it.
+  w.files.Pose("/maps/a.tlp",
+               test::EnTeteTlp() +
+                   test::TeteTlp({.count = 1, .north = 51, .south = 49, .east = 6, .west = 4}) +
+                   test::PointTlp(-1, 50, 5));
+  w.options.Add("/maps/a.tlp");
+  w.carte.polygone.Device(w.canvas);
+  w.carte.polygone.Point(1, 1);
+  w.carte.polygone.Point(500, 500);
+  PrintMap(w.Contexte(), w.dialogues.imprimante);
+  EXPECT_EQ(std::count(w.names.begin(), w.names.end(), "Polyline"), 0);
+  w.carte.polygone.DrawTLP();
+  const auto onScreen = w.canvas.Noms();
+  EXPECT_EQ(std::count(onScreen.begin(), onScreen.end(), "Polyline"), 1);
 }
 
 TEST(PrintMap, AMapThatIsNotGeoreferencedPrintsWithoutAMessage) {
