@@ -21,12 +21,20 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
 endif()
 
+# Several sources of one target as one: the headers that they share are read once.
+function(talpena_unity name batch)
+  if(TALPENA_UNITY)
+    set_target_properties(${name} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE ${batch})
+  endif()
+endfunction()
+
 # talpena_library(name SOURCES a.cpp a.h ... PUBLIC lib ... PRIVATE lib ...)
 function(talpena_library name)
   cmake_parse_arguments(ARG "" "" "SOURCES;PUBLIC;PRIVATE" ${ARGN})
   add_library(${name} STATIC ${ARG_SOURCES})
   target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(${name} PUBLIC ${ARG_PUBLIC} PRIVATE ${ARG_PRIVATE} talpena_warnings)
+  talpena_unity(${name} 8)
 endfunction()
 
 function(talpena_window_options name)
