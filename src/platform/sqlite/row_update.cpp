@@ -13,7 +13,7 @@ namespace {
 constexpr int LeadingArguments = 4;
 
 // (pass, place of the written field, key, value now, fields read ...)
-void Change(FunctionCall& call) {
+void ChangeValeur(FunctionCall& call) {
   auto* update = static_cast<RowUpdate*>(sqlite3_value_pointer(call.Valeur(0), UpdatePointer));
   if (update == nullptr) return call.RendNull();
   const std::int64_t row = call.Entier(2);
@@ -83,7 +83,7 @@ std::string SqlModification(const TableState& table, const RowPass& pass, Rows r
 }
 
 void EnregistreModification(Connection& connection) {
-  Enregistre<Change>(connection, "tlp_change", -1);
+  Enregistre<ChangeValeur>(connection, "tlp_change", -1);
 }
 
 }  // namespace talpena::sqlite
