@@ -8,8 +8,8 @@
 
 #include "bare_table.h"
 
-#include "coords/commands/adjust.h"
-#include "coords/commands/fill.h"
+#include "coord_commands/adjust.h"
+#include "coord_commands/fill.h"
 #include "coords/original_maker.h"
 #include "coords/snap.h"
 #include "fakes/silent_platform.h"

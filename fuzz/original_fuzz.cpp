@@ -9,7 +9,7 @@
 #include "check.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
-#include "coords/commands/adjust_row.h"
+#include "coord_commands/adjust_row.h"
 #include "coords/datum.h"
 #include "coords/original.h"
 

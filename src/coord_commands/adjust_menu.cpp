@@ -4,7 +4,7 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
-#include "coords/commands/adjust.h"
+#include "coord_commands/adjust.h"
 #include "coords/snap.h"
 #include "coords/tokens.h"
 #include "platform/commands.h"

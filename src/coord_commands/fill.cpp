@@ -1,4 +1,4 @@
-#include "coords/commands/fill.h"
+#include "coord_commands/fill.h"
 
 #include <functional>
 #include <string>
@@ -9,7 +9,7 @@
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"
-#include "coords/commands/row_walk.h"
+#include "coord_commands/row_walk.h"
 #include "coords/datum.h"
 #include "coords/dms_text.h"
 #include "coords/forward_text.h"

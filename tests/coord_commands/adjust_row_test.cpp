@@ -1,4 +1,4 @@
-#include "coords/commands/adjust_row.h"
+#include "coord_commands/adjust_row.h"
 
 #include <gtest/gtest.h>
 

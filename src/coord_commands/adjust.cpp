@@ -1,11 +1,11 @@
-#include "coords/commands/adjust.h"
+#include "coord_commands/adjust.h"
 
 #include <functional>
 
 #include "common/talpena_error.h"
 #include "common/text.h"
-#include "coords/commands/adjust_row.h"
-#include "coords/commands/row_walk.h"
+#include "coord_commands/adjust_row.h"
+#include "coord_commands/row_walk.h"
 #include "coords/datum.h"
 #include "coords/original.h"
 #include "coords/snap.h"
