@@ -88,6 +88,14 @@ TEST(Layers, LogicSeesNoWindows) {
   }
 }
 
+TEST(Layers, TheDialectKnowsNoRecordsets) {
+  for (const Include& i : Includes()) {
+    if (!i.file.starts_with("platform/sqlite/dialect/")) continue;
+    EXPECT_FALSE(i.target.starts_with("platform/sqlite/rows/"))
+        << i.file << " includes " << i.target;
+  }
+}
+
 TEST(Layers, OnlyWindowsAndTheQtPlatformSeeQt) {
   const std::regex qt("^Q[A-Z][A-Za-z]+$");
   for (const Include& i : Includes()) {
