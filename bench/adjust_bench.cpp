@@ -155,6 +155,8 @@ int main(int argc, char** argv) {
     StoreState state;
     state.Silence = true;
     test::PoseCatalogue(state);
+    state.DatumFichierCode = "EUR-M";
+    state.DatumFichier = state.Catalogue.DatumEur;
     state.WorkingDb = machine.engine->CreateDatabase(ourFile, {});
     CreateTable(state);
     MixedRows source(state, rows);
