@@ -74,6 +74,6 @@ int main(int argc, char** argv) {
   if (!form.Charge(commandLine)) return 0;
 
   boxes.reset();
-  if (!pictures.isEmpty()) return PrendImages(form, state, io, pictures) ? 0 : 1;
+  if (!pictures.isEmpty()) return PrendImages(form, pictures) ? 0 : 1;
   return Application::exec();
 }

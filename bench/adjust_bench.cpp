@@ -7,6 +7,7 @@
 #include <string>
 
 #include "bare_table.h"
+#include "fakes/document_states.h"
 
 #include "coord_commands/adjust.h"
 #include "coord_commands/fill.h"
@@ -109,7 +110,7 @@ void RecalculeNu(bench::BareTable& bare, CoordState& state) {
     double latitude = 0, longitude = 0;
     DecodeOriginal(state, Colonne(row, 2), datum, latitude, longitude, code);
     ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, datum,
-                   state.DatumFichier);
+                   state.document.Entete().DatumFichier);
     sqlite3_bind_double(update, 1, latitude);
     sqlite3_bind_double(update, 2, longitude);
     sqlite3_bind_int64(update, 3, sqlite3_column_int64(row, 0));
@@ -131,8 +132,8 @@ void Compare(CommandContext c, double floor) {
   time("AjusteCoor, 10 km UTM", 1.2, [&] { AjusteCoor(c); });
   time("mnuAjustIFBL, 4 km", 1.2, [&] { mnuAjustIFBL_Click(c, 1); });
   time("AjusteDegres, sorted rows", 1.2, [&] {
-    c.state.Data1.RecordSource = "SELECT * FROM TALPENA ORDER BY ORIGINAL";
-    c.state.Data1.Refresh();
+    c.state.document.Data1.RecordSource = "SELECT * FROM TALPENA ORDER BY ORIGINAL";
+    c.state.document.Data1.Refresh();
     AjusteDegres(c, SansMaille, SansMaille);
   });
   time("MnuRemplirCoo, British", 1.2, [&] { MnuRemplirCoo_Click(c, 1); });
@@ -155,15 +156,14 @@ int main(int argc, char** argv) {
     StoreState state;
     state.Silence = true;
     test::PoseCatalogue(state);
-    state.DatumFichierCode = "EUR-M";
-    state.DatumFichier = state.Catalogue.DatumEur;
-    state.WorkingDb = machine.engine->CreateDatabase(ourFile, {});
-    CreateTable(state);
+    test::Entete(state.document)->DatumFichierCode = "EUR-M";
+    test::Entete(state.document)->DatumFichier = state.Catalogue.DatumEur;
+    state.document.WorkingDb = machine.engine->CreateDatabase(ourFile, {});
+    CreateTable(*state.document.WorkingDb);
     MixedRows source(state, rows);
-    state.WorkingDb->InsertRows("TALPENA", columns, source);
-    state.Data1.Lie(*state.WorkingDb);
-    state.Data1.RecordSource = state.SqlCourant;
-    state.Data1.Refresh();
+    state.document.WorkingDb->InsertRows("TALPENA", columns, source);
+    state.document.Data1.Lie(*state.document.WorkingDb);
+    state.document.RelieSqlCourant();
     View view(state);
 
     bench::BareTable bare(bareFile);
@@ -172,8 +172,8 @@ int main(int argc, char** argv) {
     std::printf("bare loop over %ld rows: %.0f ms\n", static_cast<long>(rows), floor);
     Compare({state, machine.io, view}, floor);
     std::printf("peak memory %ld MB\n", bench::MemoireMaximale());
-    state.Data1 = DataControl();
-    state.WorkingDb.reset();
+    state.document.Data1 = DataControl();
+    state.document.WorkingDb.reset();
   }
   for (const std::string& file : {bareFile, bareFile + "-journal", ourFile}) fs::remove(file);
 }

@@ -68,12 +68,13 @@ class View final : public test::SilentView {
 struct Opened {
   Opened(const std::filesystem::path& folder, std::int64_t rows) {
     state.Silence = true;
-    state.WorkingDb = machine.engine->CreateDatabase((folder / "eps_bench_ours.mdb").string(), {});
-    CreateTable(state);
+    state.document.WorkingDb =
+        machine.engine->CreateDatabase((folder / "eps_bench_ours.mdb").string(), {});
+    CreateTable(*state.document.WorkingDb);
     bench::Generator generator(rows);
-    state.WorkingDb->InsertRows("TALPENA", bench::generatedColumns, generator);
-    state.Data1.Lie(*state.WorkingDb);
-    Ordonne(state.SqlCourant);
+    state.document.WorkingDb->InsertRows("TALPENA", bench::generatedColumns, generator);
+    state.document.Data1.Lie(*state.document.WorkingDb);
+    Ordonne(state.document.SqlCourant());
     Carte(folder);
   }
   void Carte(const std::filesystem::path& folder) {
@@ -94,10 +95,10 @@ struct Opened {
     }
   }
   void Ordonne(const std::string& sql) {
-    state.Data1.RecordSource = sql;
-    state.Data1.Refresh();
+    state.document.Data1.RecordSource = sql;
+    state.document.Data1.Refresh();
   }
-  ~Opened() { state.Data1 = DataControl(); }
+  ~Opened() { state.document.Data1 = DataControl(); }
 
   test::SilentPlatform machine;
   User user;
@@ -109,7 +110,7 @@ struct Opened {
   MapOption options;
   BlankCanvas canvas;
   test::SilentMapWindow window;
-  MapContext context{carte, options, canvas, window, state, io, vue};
+  MapContext context{carte, options, canvas, window, state, io, vue, vue};
 };
 
 /// Every row of the bare table with its point on the map.
@@ -164,7 +165,7 @@ void CompareDessin(Opened& ours, bench::BareTable& bare, std::int64_t rows) {
   for (std::int64_t row = 1; row <= rows; row += 10) ours.vue.chosen.push_back(row);
   Rapporte("every tenth row, chosen", Meilleur(draw), floor, 1);
   ours.vue.chosen.clear();
-  ours.Ordonne(ours.state.SqlCourant);
+  ours.Ordonne(ours.state.document.SqlCourant());
 }
 
 void CompareFichier(Opened& ours, bench::BareTable& bare, const std::filesystem::path& folder) {

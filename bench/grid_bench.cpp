@@ -56,18 +56,18 @@ class View final : public test::SilentView {
 struct Opened {
   Opened(const std::string& path, std::int64_t rows) {
     state.Silence = true;
-    state.WorkingDb = machine.engine->CreateDatabase(path, {});
-    CreateTable(state);
+    state.document.WorkingDb = machine.engine->CreateDatabase(path, {});
+    CreateTable(*state.document.WorkingDb);
     bench::Generator generator(rows);
-    state.WorkingDb->InsertRows("TALPENA", bench::generatedColumns, generator);
-    state.Data1.Lie(*state.WorkingDb);
-    Ordonne(state.SqlCourant);
+    state.document.WorkingDb->InsertRows("TALPENA", bench::generatedColumns, generator);
+    state.document.Data1.Lie(*state.document.WorkingDb);
+    Ordonne(state.document.SqlCourant());
   }
   void Ordonne(const std::string& sql) {
-    state.Data1.RecordSource = sql;
-    state.Data1.Refresh();
+    state.document.Data1.RecordSource = sql;
+    state.document.Data1.Refresh();
   }
-  ~Opened() { state.Data1 = DataControl(); }
+  ~Opened() { state.document.Data1 = DataControl(); }
 
   test::SilentPlatform machine;
   Agreeing user;
@@ -75,7 +75,7 @@ struct Opened {
               machine.clock,   machine.environment, machine.sound};
   View vue;
   StoreState state;
-  CommandContext context{state, io, vue};
+  CommandContext context{state, io, vue, vue, vue};
 };
 
 void Parcourt(bench::BareTable& bare, const std::string& sql) {
@@ -106,7 +106,7 @@ void CompareRecherche(Opened& ours, bench::BareTable& bare) {
       Rapporte(task.c_str(), time, floor, 1.2);
     }
   }
-  ours.Ordonne(ours.state.SqlCourant);
+  ours.Ordonne(ours.state.document.SqlCourant());
 }
 
 void CompareAjout(Opened& ours, bench::BareTable& bare) {
@@ -195,7 +195,7 @@ void CompareEffacement(Opened& ours, bench::BareTable& bare) {
   const double floor = Millisecondes([&] { bare.Execute("UPDATE TALPENA SET N2 = 0"); });
   ours.vue.columns = {4, 4};
   Rapporte("erase N2, sorted", Millisecondes([&] { MnuEraseCol_Click(ours.context); }), floor, 0);
-  ours.Ordonne(ours.state.SqlCourant);
+  ours.Ordonne(ours.state.document.SqlCourant());
 }
 
 void RapporteEcart(const char* task, double ours, double floor, double bound) {
@@ -208,7 +208,7 @@ void CompareChoix(Opened& ours) {
   grid.InitTDBgrid();
   grid.resize(1200, 600);
   grid.show();
-  ours.state.Data1.Refresh();
+  ours.state.document.Data1.Refresh();
   QTableView bare;
   bare.setModel(grid.model());
   bare.resize(1200, 600);

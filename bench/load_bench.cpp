@@ -156,11 +156,12 @@ Times MesureTout(const std::filesystem::path& folder, int rows) {
     test::SilentView view;
     StoreState state;
     std::filesystem::remove(database);
-    state.WorkingDb = platform.engine->CreateDatabase(database, ";LANGID=0x0409;CP=1252;COUNTRY=0");
-    CreateTable(state);
+    state.document.WorkingDb =
+        platform.engine->CreateDatabase(database, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+    CreateTable(*state.document.WorkingDb);
     times.load = Mesure([&] { LitDeg(state, platform.io, view, path, MergeMode::Replace); });
-    if (state.Data1.recordset().RecordCount() != rows) std::abort();
-    state.Data1 = DataControl();
+    if (state.document.Data1.recordset().RecordCount() != rows) std::abort();
+    state.document.Data1 = DataControl();
   }
   std::printf("%8d rows  LitDeg        %7.3f s   peak memory so far %.0f MB\n", rows, times.load,
               PicMemoireMo());

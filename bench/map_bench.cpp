@@ -55,16 +55,16 @@ struct Mapped {
   Mapped(const fs::path& folder, std::int64_t rows) {
     EcritCarte(folder);
     state.Silence = true;
-    state.WorkingDb = machine.engine->CreateDatabase((folder / "map_bench.mdb").string(), {});
-    CreateTable(state);
+    state.document.WorkingDb =
+        machine.engine->CreateDatabase((folder / "map_bench.mdb").string(), {});
+    CreateTable(*state.document.WorkingDb);
     bench::Generator generator(rows);
-    state.WorkingDb->InsertRows("TALPENA", bench::generatedColumns, generator);
-    state.Data1.Lie(*state.WorkingDb);
-    state.Data1.RecordSource = state.SqlCourant;
-    state.Data1.Refresh();
+    state.document.WorkingDb->InsertRows("TALPENA", bench::generatedColumns, generator);
+    state.document.Data1.Lie(*state.document.WorkingDb);
+    state.document.RelieSqlCourant();
     ChargeCarte(context, (folder / "map_bench.dsw").string());
   }
-  ~Mapped() { state.Data1 = DataControl(); }
+  ~Mapped() { state.document.Data1 = DataControl(); }
   void Trace() {
     ScreenSink screen(context);
     PlotDistri(context, screen);
@@ -77,7 +77,7 @@ struct Mapped {
   MapOption options;
   QtCanvas canvas;
   test::SilentMapWindow window;
-  MapContext context{carte, options, canvas, window, state, machine.io, vue};
+  MapContext context{carte, options, canvas, window, state, machine.io, vue, vue};
 };
 
 struct Bare {

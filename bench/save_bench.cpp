@@ -175,10 +175,11 @@ double MesureTout(const fs::path& folder, int rows) {
   test::SilentPlatform platform;
   test::SilentView view;
   StoreState state;
-  state.WorkingDb = platform.engine->CreateDatabase((folder / "talpena_tmp.mdb").string(), "");
-  CreateTable(state);
+  state.document.WorkingDb =
+      platform.engine->CreateDatabase((folder / "talpena_tmp.mdb").string(), "");
+  CreateTable(*state.document.WorkingDb);
   LitDeg(state, platform.io, view, path, MergeMode::Replace);
-  sqlite3* floor = CreeTablePlancher(folder / "floor.db", *state.Data1.Clone());
+  sqlite3* floor = CreeTablePlancher(folder / "floor.db", *state.document.Data1.Clone());
 
   double program = 1e9;
   double bare = 1e9;

@@ -4,8 +4,8 @@
 
 #include "check.h"
 #include "common/talpena_error.h"
+#include "fakes/document_states.h"
 #include "fakes/memory_input.h"
-#include "fakes/silent_view.h"
 #include "store/deg_header.h"
 #include "store/free_fields.h"
 
@@ -32,13 +32,13 @@ bool Reussit(Read&& read) {
   }
 }
 
-void VerifieEtat(const StoreState& state) {
-  VerifieTexte(state.DatumFichierCode);
-  VerifieTexte(state.FreeFieldText);
-  VerifieTexte(state.TitreFichier);
-  Verifie(!state.FreeFieldSeparator.empty());
-  Verifie(state.FreeFieldText.size() <= MaxFreeFieldText);
-  for (const FreeFieldDef& field : state.FreeFieldDefs) {
+void VerifieEtat(const DistributionHeader& entete) {
+  VerifieTexte(entete.DatumFichierCode);
+  VerifieTexte(entete.FreeFieldText);
+  VerifieTexte(entete.TitreFichier);
+  Verifie(!entete.FreeFieldSeparator.empty());
+  Verifie(entete.FreeFieldText.size() <= MaxFreeFieldText);
+  for (const FreeFieldDef& field : entete.FreeFieldDefs) {
     VerifieTexte(field.Code);
     VerifieTexte(field.Label);
   }
@@ -48,20 +48,19 @@ void VerifieEtat(const StoreState& state) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  StoreState state;
-  test::SilentView view;
+  DistributionHeader entete;
   DegLines lines = Ouvre(bytes);
-  const bool read = Reussit([&] { LitEnTete(state, view, lines); });
-  VerifieEtat(state);
-  Verifie(!read || static_cast<std::size_t>(state.FreeFieldCount) == state.FreeFieldDefs.size());
+  const bool read = Reussit([&] { LitEnTete(entete, DatumCatalogue(), lines); });
+  VerifieEtat(entete);
+  Verifie(!read || static_cast<std::size_t>(entete.FreeFieldCount) == entete.FreeFieldDefs.size());
 
-  StoreState merged;
+  DistributionHeader merged;
   DegLines again = Ouvre(bytes);
   Reussit([&] { LitEnTeteFusion(merged, again); });
   VerifieEtat(merged);
 
   std::string refusal;
   DegLines compared = Ouvre(bytes);
-  if (Reussit([&] { refusal = RefusDeFusion(state, compared); })) VerifieTexte(refusal);
+  if (Reussit([&] { refusal = RefusDeFusion(entete, compared); })) VerifieTexte(refusal);
   return 0;
 }

@@ -5,11 +5,9 @@
 
 #include "check.h"
 #include "common/talpena_error.h"
+#include "fakes/document_states.h"
 #include "fakes/memory_input.h"
-#include "fakes/silent_view.h"
-#include "store/deg_file_rows.h"
-#include "store/deg_header.h"
-#include "store/period_line.h"
+#include "store/deg_file.h"
 
 namespace {
 
@@ -35,29 +33,21 @@ void VerifieCellules(const std::array<Cell, 10>& cells, std::size_t fields) {
   Verifie(cells[9].text.size() >= fields);
 }
 
-void LitEnTetes(StoreState& state, MainWindowView& view, DegLines& lines) {
-  const std::string first = LitTexte(lines);
-  if (EstForme2(first)) LitEnTete(state, view, lines);
-  LitTexte(lines);
-  LitPivots(state, lines.LitObligatoire());
-  lines.LitObligatoire();
-  lines.LitObligatoire();
-}
-
 void LitFichier(std::string_view bytes, std::size_t block) {
-  StoreState state;
-  test::SilentView view;
-  DegLines lines(std::make_unique<test::MemoryInput>(bytes, block));
-  LitEnTetes(state, view, lines);
-  DegFileRows rows(state, view, lines);
+  DegFileReader reader(std::make_unique<test::MemoryInput>(bytes, block));
+  DistributionHeader entete;
+  reader.LitEnTete(entete, DatumCatalogue());
+  DegFileRows rows = reader.Lignes(entete);
+  int told = 0;
+  rows.SurAvance = [&told](int) { ++told; };
   std::array<Cell, 10> cells;
   std::size_t count = 0;
   while (rows.Suivante(cells)) {
     ++count;
-    VerifieCellules(cells, state.FreeFieldDefs.size());
+    VerifieCellules(cells, entete.FreeFieldDefs.size());
   }
   Verifie(count <= bytes.size());
-  Verifie(view.progressions <= 11);
+  Verifie(told <= 11);
 }
 
 }  // namespace

@@ -56,10 +56,14 @@ class ScaledCanvas final : public Canvas {
   void SauveBmp(const std::string&) override {}
 };
 
+class Hourglass final : public test::SilentView {
+ public:
+  bool on = false;
+  void ChangeSablier(bool hourglass) override { on = hourglass; }
+};
+
 class QuietWindow final : public test::SilentMapWindow {
  public:
-  bool hourglass = false;
-  void ChangeSablier(bool on) override { hourglass = on; }
   void MontrePanneau(int, const std::string& text) override { VerifieTexte(text, 64); }
 };
 
@@ -70,7 +74,7 @@ struct Machine {
   Platform io{*silent.engine,     files,       silent.settings, silent.dialogues, silent.clock,
               silent.environment, silent.sound};
   StoreState state;
-  test::SilentView view;
+  Hourglass view;
 };
 
 void VerifieEchelle(const UserScale& scale) {
@@ -97,11 +101,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   MapOption options;
   ScaledCanvas canvas;
   QuietWindow window;
-  const MapContext context{carte, options, canvas, window, machine.state, machine.io, machine.view};
+  const MapContext context{carte,         options,    canvas,       window,
+                           machine.state, machine.io, machine.view, machine.view};
   InitFacteurs(carte);
   InitUtm(carte);
   const bool whole = ChargeCarte(context, "/dev/null");
-  Verifie(!window.hourglass);
+  Verifie(!machine.view.on);
   Verifie(!whole || carte.CodeProjection <= 13);
   VerifieTexte(carte.FichierPS);
   VerifieEchelle(canvas.scale);

@@ -8,14 +8,14 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using talpena::fuzz::Verifie;
   const std::string_view line(reinterpret_cast<const char*>(data), size);
-  talpena::StoreState state;
-  state.NbPivots = 7;
+  talpena::DistributionHeader entete;
+  entete.NbPivots = 7;
   try {
-    talpena::LitPivots(state, line);
+    talpena::LitPivots(entete, line);
     const std::size_t absent = line.find("0 - 0");
     const bool elsewhere = absent != line.npos && absent != 15 && absent != 29;
-    Verifie((state.NbPivots == 7) == elsewhere);
-    Verifie(state.NbPivots == 7 || (state.NbPivots >= 0 && state.NbPivots <= 2));
+    Verifie((entete.NbPivots == 7) == elsewhere);
+    Verifie(entete.NbPivots == 7 || (entete.NbPivots >= 0 && entete.NbPivots <= 2));
   } catch (const talpena::TalpenaError& e) {
     Verifie(e.number() == talpena::ErrorNumber::Overflow);
   }

@@ -1,7 +1,7 @@
 #include "analysis/periods.h"
 
 #include <algorithm>
-#include <memory>
+#include <array>
 #include <optional>
 
 #include "common/msg_id.h"
@@ -9,6 +9,7 @@
 #include "common/string_table.h"
 #include "common/text.h"
 #include "platform/commands.h"
+#include "store/edition.h"
 #include "store/table.h"
 
 namespace talpena {
@@ -74,8 +75,8 @@ std::optional<PeriodsFocus> BoiteVide(const StoreState& state, Platform& io,
 
 /// The layout that the form asks for; years that its mode does not use stay as they are.
 /// Overflow (6) with `focus` on the box for a year beyond 16 bits.
-Layout LitLayout(const StoreState& state, const PeriodsForm& form, PeriodsFocus& focus) {
-  Layout layout{static_cast<std::int16_t>(form.OptionPivot), state.Pivot1, state.Pivot2};
+Layout LitLayout(const DistributionHeader& entete, const PeriodsForm& form, PeriodsFocus& focus) {
+  Layout layout{static_cast<std::int16_t>(form.OptionPivot), entete.Pivot1, entete.Pivot2};
   const auto lit = [&focus](const std::string& text, PeriodsFocus box) {
     focus = box;
     return Arrondi16(Annee(text));
@@ -90,75 +91,81 @@ Layout LitLayout(const StoreState& state, const PeriodsForm& form, PeriodsFocus&
   return layout;
 }
 
-bool TableVide(StoreState& state) {
-  return !state.Data1.EstLie() || state.Data1.recordset().RecordCount() == 0;
+bool TableVide(Document& document) {
+  return !document.Data1.EstLie() || document.Data1.recordset().RecordCount() == 0;
 }
 
-/// Runs over a clone of the data control's rows, in one transaction, and writes a value into
-/// the column of those that `concerne` picks. True when a row was written.
-template <typename Concerne>
-bool RemplaceColonne(StoreState& state, int field, Cell value, Concerne&& concerne) {
-  if (TableVide(state)) return false;
-  bool changed = false;
-  const std::unique_ptr<Recordset> rows = state.Data1.Clone();
-  Transaction transaction(*state.WorkingDb);
-  for (rows->MoveFirst(); !rows->EOF_(); rows->MoveNext()) {
-    if (!concerne(rows->Get(field))) continue;
-    rows->Edit();
-    rows->Set(field, value);
-    rows->Update();
-    changed = true;
+/// Rows of one period get another one.
+class RemplaceValeur final : public RowChange {
+ public:
+  RemplaceValeur(std::int64_t old, std::int64_t value) : old_(old), value_(value) {}
+  bool Modifie(Bookmark, std::span<const Cell> given, std::span<Cell> changed) override {
+    if (given[0].EstNull() || given[0].integer != old_) return false;
+    changed[0] = Cell::Of(value_);
+    return true;
   }
-  transaction.Valide();
-  if (changed) state.Data1.SignaleValeurs();
-  return changed;
+
+ private:
+  std::int64_t old_;
+  std::int64_t value_;
+};
+
+bool MetTout1(Edition& edition) {
+  const std::array fields = {Column::PERIOD};
+  const std::array values = {Cell::Of(std::int64_t{1})};
+  return edition.RemplitLignes(fields, values, {}) > 0;
 }
 
-bool MetTout(StoreState& state, int field, std::int64_t value) {
-  return RemplaceColonne(state, field, Cell::Of(value), [](const Cell&) { return true; });
+bool Remplace3par2(Edition& edition) {
+  RemplaceValeur change(3, 2);
+  return edition.ModifieLignes({{Column::PERIOD}, {Column::PERIOD}}, change) > 0;
 }
 
-bool RemplaceValeur(StoreState& state, int field, std::string_view old, std::int64_t value) {
-  return RemplaceColonne(state, field, Cell::Of(value),
-                         [old](const Cell& cell) { return Rogne(cell.Texte()) == old; });
-}
+/// How a change of mode cleans PERIOD, and what the user is asked before.
+struct Menage {
+  int question = 0;  ///< 0: nothing is asked
+  bool (*nettoie)(Edition& edition) = nullptr;
+};
 
-enum class Lignes { Restent, Refusees, Changees };
-
-/// Asks what the change of mode asks, and cleans PERIOD.
-Lignes ChangeLignes(StoreState& state, Platform& io, int mode) {
-  bool changed = false;
-  if (mode == UnePeriode && state.NbPivots > UnePeriode && !state.NouveauEnCours &&
-      !TableVide(state)) {
-    if (!Confirme(state, io, MsgId::PeriodesVers1)) return Lignes::Refusees;
-    changed = MetTout(state, Column::PERIOD, 1);
-  } else if (mode == DeuxPeriodes && state.NbPivots == TroisPeriodes) {
-    if (!Confirme(state, io, MsgId::PeriodesVers2)) return Lignes::Refusees;
-    changed = RemplaceValeur(state, Column::PERIOD, "3", 2);
+Menage MenageDe(Document& document, int mode) {
+  const int before = document.Entete().NbPivots;
+  const bool empty = TableVide(document);
+  if (mode == UnePeriode && before > UnePeriode && !document.NouveauEnCours && !empty) {
+    return {MsgId::PeriodesVers1, MetTout1};
   }
-  return changed ? Lignes::Changees : Lignes::Restent;
+  if (mode == DeuxPeriodes && before == TroisPeriodes) {
+    return {MsgId::PeriodesVers2, empty ? nullptr : Remplace3par2};
+  }
+  return {};
 }
 
 /// The option that shows the state's mode, whatever a file's header left there.
-int OptionDuMode(const StoreState& state) {
-  return std::clamp<int>(state.NbPivots, UnePeriode, TroisPeriodes);
+int OptionDuMode(const DistributionHeader& entete) {
+  return std::clamp<int>(entete.NbPivots, UnePeriode, TroisPeriodes);
 }
 
 PeriodsOutcome Valide(StoreState& state, Platform& io, PeriodsForm& form, PeriodsFocus& focus) {
   if (const auto vide = BoiteVide(state, io, form, form.OptionPivot)) return {false, *vide};
-  const Layout wanted = LitLayout(state, form, focus);  // before the rows: it may fail
-  const Lignes lignes = ChangeLignes(state, io, form.OptionPivot);
-  if (lignes == Lignes::Refusees) {
-    form.OptionPivot = OptionDuMode(state);
+  const Layout wanted =
+      LitLayout(state.document.Entete(), form, focus);  // before the rows: it may fail
+  Document& document = state.document;
+  const Menage menage = MenageDe(document, form.OptionPivot);
+  if (menage.question != 0 && !Confirme(state, io, menage.question)) {
+    form.OptionPivot = OptionDuMode(document.Entete());
     return {};
   }
-  const bool sameLayout = wanted == Layout{state.NbPivots, state.Pivot1, state.Pivot2};
-  if (!state.NouveauEnCours && (lignes == Lignes::Changees || !sameLayout)) {
-    state.FichierModifie = true;
+  Edition edition(document, "Periods", Edition::Etendue::Entiere);
+  const bool cleaned = menage.nettoie != nullptr && menage.nettoie(edition);
+  const DistributionHeader& now = document.Entete();
+  const bool sameLayout = wanted == Layout{now.NbPivots, now.Pivot1, now.Pivot2};
+  if (document.NouveauEnCours || (!cleaned && sameLayout)) {
+    edition.LaisseNonModifie();
   }
-  state.NbPivots = wanted.NbPivots;
-  state.Pivot1 = wanted.Pivot1;
-  state.Pivot2 = wanted.Pivot2;
+  DistributionHeader& entete = edition.Entete();
+  entete.NbPivots = wanted.NbPivots;
+  entete.Pivot1 = wanted.Pivot1;
+  entete.Pivot2 = wanted.Pivot2;
+  edition.Valide();
   return {.ferme = true};
 }
 
@@ -166,12 +173,13 @@ PeriodsOutcome Valide(StoreState& state, Platform& io, PeriodsForm& form, Period
 
 PeriodsForm RempliPeriodes(const StoreState& state) {
   PeriodsForm form;
-  form.OptionPivot = OptionDuMode(state);
+  const DistributionHeader& entete = state.document.Entete();
+  form.OptionPivot = OptionDuMode(entete);
   const auto annee = [](std::int16_t year) { return Str(std::int64_t{year}); };
-  if (form.OptionPivot == DeuxPeriodes) form.TxtPivot1 = annee(state.Pivot1);
+  if (form.OptionPivot == DeuxPeriodes) form.TxtPivot1 = annee(entete.Pivot1);
   if (form.OptionPivot == TroisPeriodes) {
-    form.TxtPivot21 = annee(state.Pivot1);
-    form.TxtPivot22 = annee(state.Pivot2);
+    form.TxtPivot21 = annee(entete.Pivot1);
+    form.TxtPivot22 = annee(entete.Pivot2);
   }
   return form;
 }
@@ -187,11 +195,12 @@ PeriodsOutcome ValidePeriodes(StoreState& state, Platform& io, PeriodsForm& form
 int VerifPivots(const StoreState& state, Platform& io, const PeriodsForm& form,
                 PeriodsFocus& focus) {
   focus = PeriodsFocus::None;
-  if (const auto vide = BoiteVide(state, io, form, state.NbPivots)) {
+  if (const auto vide = BoiteVide(state, io, form, state.document.Entete().NbPivots)) {
     focus = *vide;
     return 1;
   }
-  if (state.NbPivots == TroisPeriodes && !(Annee(form.TxtPivot21) < Annee(form.TxtPivot22))) {
+  if (state.document.Entete().NbPivots == TroisPeriodes &&
+      !(Annee(form.TxtPivot21) < Annee(form.TxtPivot22))) {
     Avertit(state, io, MsgId::OrdreAnnees);
     focus = PeriodsFocus::TxtPivot21;
     return 1;

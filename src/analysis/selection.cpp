@@ -2,12 +2,11 @@
 
 #include "common/text.h"
 #include "platform/commands.h"
-#include "store/filter.h"
 
 namespace talpena {
 
 SelectionForm RempliSelection(const StoreState& state) {
-  if (FiltreActif(state.Data1)) return {1, ConditionDuFiltre(state.Data1)};
+  if (state.document.FiltreActif()) return {1, state.document.LignesMontrees().Condition()};
   return {0, state.DerniereCondition};
 }
 
@@ -17,8 +16,7 @@ bool ValideSelection(StoreState& state, Platform& io, const SelectionForm& form)
     Bip(state, io);
     return false;
   }
-  if (!state.Data1.EstLie()) state.Data1.Lie(*state.WorkingDb);
-  state.Data1.ChangeSource(filtered ? SourceFiltree(form.TxtSelect) : std::string(TouteLaTable));
+  state.document.MontreLignes(filtered ? RowsShown::Filtrees(form.TxtSelect) : RowsShown::Toutes());
   if (filtered) state.DerniereCondition = form.TxtSelect;
   return true;
 }

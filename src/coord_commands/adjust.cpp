@@ -10,6 +10,7 @@
 #include "coords/original.h"
 #include "coords/snap.h"
 #include "platform/commands.h"
+#include "store/edition.h"
 #include "store/filter.h"
 #include "store/table.h"
 
@@ -19,10 +20,10 @@ namespace {
 using Ajuste = std::function<bool(RowPoint&)>;
 
 /// Reads a row, adjusts its point, hands it back as it is stored.
-class AjusteLignes final : public RowWalk {
+class AjusteLignes final : public RowChange {
  public:
   AjusteLignes(CommandContext c, Ajuste adjust)
-      : RowWalk(c.vue), state_(c.state), adjust_(std::move(adjust)), datums_(c.state.Catalogue) {}
+      : state_(c.state), adjust_(std::move(adjust)), datums_(c.state.Catalogue) {}
 
   static RowPass Passe() {
     return {{Column::DATUM, Column::ORIGINAL, Column::LATITUDE, Column::LONGITUDE},
@@ -77,11 +78,15 @@ std::string Jointes(const std::vector<std::string>& codes) {
   return text;
 }
 
-void AjusteTout(CommandContext c, Ajuste adjust) {
-  if (c.state.DatumFichier == 0) return DitDatumAbsent(c.state, c.io, c.state.DatumFichierCode);
+std::int16_t DatumDuFichier(CommandContext c) { return c.document().Entete().DatumFichier; }
+
+void AjusteTout(CommandContext c, const std::string& name, Ajuste adjust) {
+  if (DatumDuFichier(c) == 0) {
+    return DitDatumAbsent(c.state, c.io, c.document().Entete().DatumFichierCode);
+  }
   AjusteLignes rows(c, std::move(adjust));
   try {
-    ParcourtLignes(c, AjusteLignes::Passe(), rows);
+    ParcourtLignes(c, name, AjusteLignes::Passe(), rows);
   } catch (const TalpenaError& error) {
     Bip(c.state, c.io);
     AfficheErreur(c.io, error.number(), error.description(), rows.DernierOriginal());
@@ -93,49 +98,51 @@ void AjusteTout(CommandContext c, Ajuste adjust) {
 }  // namespace
 
 void AjusteDegres(CommandContext c, double meshLat, double meshLon) {
-  AjusteTout(c, [&](RowPoint& row) {
-    return AjusteEnDegres(c.state, row, c.state.DatumFichier, meshLat, meshLon);
+  AjusteTout(c, "Adjust to degrees", [&](RowPoint& row) {
+    return AjusteEnDegres(c.state, row, DatumDuFichier(c), meshLat, meshLon);
   });
 }
 
 void AjusteGrades(CommandContext c) {
-  AjusteTout(c, [&](RowPoint& row) { return AjusteEnGrades(c.state, row, c.state.DatumFichier); });
+  AjusteTout(c, "Adjust to grades",
+             [&](RowPoint& row) { return AjusteEnGrades(c.state, row, DatumDuFichier(c)); });
 }
 
 // The settings keep the choice from one run of the program to the next.
-void AjusteCoor(CommandContext c) {
+void AjusteCoor(CommandContext c, AdjustDialogs& dialogues) {
   c.state.MailleChoisie = c.state.UtmAjust;
   if (c.state.GridAjust >= AjusteUtm && c.state.GridAjust <= AjusteIrish) {
     c.state.GrilleChoisie = c.state.GridAjust;
   }
-  if (!c.vue.MontreAjustement()) return;
+  if (!dialogues.MontreAjustement()) return;
   c.state.UtmAjust = c.state.MailleChoisie;
   c.state.GridAjust = c.state.GrilleChoisie;
-  AjusteTout(c, [&](RowPoint& row) { return AjusteSurGrille(c.state, row, c.state.DatumFichier); });
+  AjusteTout(c, "Adjust to a grid",
+             [&](RowPoint& row) { return AjusteSurGrille(c.state, row, DatumDuFichier(c)); });
 }
 
 void mnuAjustIFBL_Click(CommandContext c, int index) {
   const int level = 2 * (index + 1);
-  AjusteTout(
-      c, [&](RowPoint& row) { return AjusteSurIfbl(c.state, row, c.state.DatumFichier, level); });
+  AjusteTout(c, "Adjust to IFBL",
+             [&](RowPoint& row) { return AjusteSurIfbl(c.state, row, DatumDuFichier(c), level); });
 }
 
 void RecalculeSurDatum(CommandContext c) {
-  if (c.state.DatumFichier != 0) {
-    const TableEntiere table(c.state.Data1);
-    AjusteDegres(c, SansMaille, SansMaille);
-  }
-  c.vue.AffichePanneauDatum(c.state.DatumFichierCode);
+  if (DatumDuFichier(c) == 0) return;
+  const TableEntiere table(c.document());
+  AjusteDegres(c, SansMaille, SansMaille);
 }
 
 void ChangeDatumFichier(CommandContext c, const std::string& code) {
   const std::int16_t index = ChercheDatum(c.state.Catalogue, code);
   if (index == 0) return DitDatumAbsent(c.state, c.io, Rogne(code));
-  c.state.DatumFichierCode = Rogne(code);
-  c.state.DatumFichier = index;
-  c.state.FichierModifie = true;
-  if (c.vue.GrilleVisible()) return RecalculeSurDatum(c);
-  c.vue.AffichePanneauDatum(c.state.DatumFichierCode);
+  {
+    Edition edition(c.document(), "Datum of the file");
+    edition.Entete().DatumFichierCode = Rogne(code);
+    edition.Entete().DatumFichier = index;
+    edition.Valide();
+  }
+  if (c.document().Montre().grille) RecalculeSurDatum(c);
 }
 
 }  // namespace talpena

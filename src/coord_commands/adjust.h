@@ -10,6 +10,13 @@
 
 namespace talpena {
 
+/// The dialogs of these commands.
+class AdjustDialogs {
+ public:
+  virtual ~AdjustDialogs() = default;
+  virtual bool MontreAjustement() = 0;  ///< Ajustement, modal; false when it was cancelled
+};
+
 /// Snaps to a mesh in decimal degrees; SansMaille (999) leaves an axis alone, so that 999 twice
 /// recomputes all rows on the file's datum.
 void AjusteDegres(CommandContext c, double meshLat, double meshLon);
@@ -19,10 +26,10 @@ void AjusteGrades(CommandContext c);
 
 /// Asks for the mesh and the grid (Ajustement), which open on those of the settings and are kept
 /// there, and snaps to them; nothing on Cancel.
-void AjusteCoor(CommandContext c);
+void AjusteCoor(CommandContext c, AdjustDialogs& dialogues);
 
 /// `mnuAjustGrid`: 0 AjusteCoor, 1 AjusteDegres after asking for both meshes, 2 AjusteGrades.
-void mnuAjustGrid_Click(CommandContext c, int index);
+void mnuAjustGrid_Click(CommandContext c, AdjustDialogs& dialogues, int index);
 
 /// `mnuAjustIFBL`: squares of 32 x 20 km (0), 4 x 4 km (1), 1 x 1 km (2).
 void mnuAjustIFBL_Click(CommandContext c, int index);

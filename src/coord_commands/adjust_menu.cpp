@@ -44,11 +44,11 @@ void AjusteDegresDemandes(CommandContext c) {
 
 }  // namespace
 
-void mnuAjustGrid_Click(CommandContext c, int index) {
+void mnuAjustGrid_Click(CommandContext c, AdjustDialogs& dialogues, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {
     switch (index) {
       case 0:
-        return AjusteCoor(c);
+        return AjusteCoor(c, dialogues);
       case 1:
         return AjusteDegresDemandes(c);
       case 2:

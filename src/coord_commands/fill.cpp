@@ -25,10 +25,10 @@ namespace {
 using TexteDuPoint = std::function<std::string(double latitude, double longitude)>;
 
 /// Puts a text behind each row's COMMENT.
-class RemplitLignes final : public RowWalk {
+class RemplitLignes final : public RowChange {
  public:
-  RemplitLignes(MainWindowView& vue, std::string joiner, TexteDuPoint text)
-      : RowWalk(vue), joiner_(std::move(joiner)), text_(std::move(text)) {}
+  RemplitLignes(std::string joiner, TexteDuPoint text)
+      : joiner_(std::move(joiner)), text_(std::move(text)) {}
 
   static RowPass Passe() {
     return {{Column::LATITUDE, Column::LONGITUDE, Column::COMMENT}, {Column::COMMENT}};
@@ -52,12 +52,12 @@ class RemplitLignes final : public RowWalk {
   std::string comment_;
 };
 
-void Remplit(CommandContext c, std::string joiner, TexteDuPoint text) {
-  RemplitLignes rows(c.vue, std::move(joiner), std::move(text));
+void Remplit(CommandContext c, const std::string& name, std::string joiner, TexteDuPoint text) {
+  RemplitLignes rows(std::move(joiner), std::move(text));
   const std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
   RowPass pass = RemplitLignes::Passe();
   if (!chosen.empty()) pass.only = &chosen;
-  ParcourtLignes(c, pass, rows);
+  ParcourtLignes(c, name, pass, rows);
 }
 
 bool ConfirmeMgrs(CommandContext c) {
@@ -96,7 +96,7 @@ std::string TexteXY(StoreState& state, int index, std::int16_t datumFichier, dou
                     double longitude) {
   switch (index) {
     case 0:
-      return TexteDms(latitude) + state.FreeFieldSeparator + TexteDms(longitude);
+      return TexteDms(latitude) + state.document.Entete().FreeFieldSeparator + TexteDms(longitude);
     case 1:
       return TexteGrades(latitude, longitude);
     case 2:
@@ -120,8 +120,8 @@ std::string TexteXY(StoreState& state, int index, std::int16_t datumFichier, dou
 void MnuRemplirCoo_Click(CommandContext c, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {
     if (index == 0 && !ConfirmeMgrs(c)) return;
-    ChoisitEllipsoide(c.state.Catalogue, c.state.DatumFichier);
-    Remplit(c, " ", [&](double latitude, double longitude) {
+    ChoisitEllipsoide(c.state.Catalogue, c.document().Entete().DatumFichier);
+    Remplit(c, "Fill coordinates", " ", [&](double latitude, double longitude) {
       if (index == 0) return MgrsDuPoint(c.state.Catalogue, latitude, longitude);
       const Grille grid = index == 1 ? Grille::British : Grille::Irish;
       return TexteGrille(grid, latitude, longitude);
@@ -131,8 +131,8 @@ void MnuRemplirCoo_Click(CommandContext c, int index) {
 
 void MnuRemplirXY_Click(CommandContext c, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {
-    Remplit(c, ",", [&](double latitude, double longitude) {
-      return TexteXY(c.state, index, c.state.DatumFichier, latitude, longitude);
+    Remplit(c, "Fill coordinates", ",", [&](double latitude, double longitude) {
+      return TexteXY(c.state, index, c.document().Entete().DatumFichier, latitude, longitude);
     });
   });
 }
@@ -142,7 +142,8 @@ void MnuRemplirTexte_Click(CommandContext c) {
     std::string answer =
         c.io.dialogues.Saisie({.prompt = Texte(c.state.Langue, MsgId::TexteAInserer)});
     if (answer.empty()) return;
-    Remplit(c, c.state.FreeFieldSeparator, [&](double, double) { return answer; });
+    Remplit(c, "Fill text", c.state.document.Entete().FreeFieldSeparator,
+            [&](double, double) { return answer; });
   });
 }
 

@@ -1,39 +1,40 @@
 #include "coord_commands/row_walk.h"
 
-#include <algorithm>
-
 #include "common/text.h"
 #include "coords/datum.h"
 #include "platform/commands.h"
+#include "store/edition.h"
 
 namespace talpena {
 namespace {
 
-/// Notes whether any row was changed, also when the walk ends by a failure.
-class Compte final : public RowChange {
+/// Shows how far a change came.
+class ShownWalk final : public RowChange {
  public:
-  Compte(RowWalk& change, bool& modified) : change_(change), modified_(modified) {}
+  ShownWalk(RowChange& change, Busy& busy) : change_(change), busy_(busy) {}
   bool Modifie(Bookmark row, std::span<const Cell> given, std::span<Cell> changed) override {
-    const bool changes = change_.Modifie(row, given, changed);
-    modified_ = modified_ || changes;
-    return changes;
+    return change_.Modifie(row, given, changed);
   }
-  void Avance(std::int64_t done, std::int64_t total) override { change_.Avance(done, total); }
+  void Avance(std::int64_t done, std::int64_t total) override { busy_.Avance(done, total); }
 
  private:
   RowChange& change_;
-  bool& modified_;
+  Busy& busy_;
 };
 
 }  // namespace
 
-void ParcourtLignes(CommandContext c, const RowPass& pass, RowWalk& change) {
-  if (!c.state.Data1.EstLie()) return;
+void ParcourtLignes(CommandContext c, const std::string& name, const RowPass& pass,
+                    RowChange& change) {
+  if (!c.document().Data1.EstLie()) return;
+  Edition edition(c.document(), name);
   {
-    const Occupe occupe(c);
-    Compte compte(change, c.state.FichierModifie);
-    c.state.Data1.Clone()->ModifieLignes(pass, compte);
+    Busy busy(c.attente);
+    busy.GrilleGelee().Barre();
+    ShownWalk walk(change, busy);
+    edition.ModifieLignes(pass, walk);
   }
+  edition.Valide();
   Bip(c.state, c.io);
 }
 

@@ -6,16 +6,17 @@
 #include <vector>
 
 #include "platform/table_engine.h"
-#include "store/busy_window.h"
 #include "store/command_context.h"
 
 namespace talpena {
 
-/// Runs a change over the rows that the grid shows, or over `only`, under the hourglass and with
-/// the grid not drawn. Then the bar is reset, the grid shows the new values, FichierModifie is
-/// set if a row was changed, and a beep sounds unless Silence is on. A failure is thrown on after
-/// the same steps but the beep.
-void ParcourtLignes(CommandContext c, const RowPass& pass, RowWalk& change);
+/// Runs a change over the rows that the grid shows, or over those of the pass, under the hourglass
+/// and with the grid not drawn; its own Avance is not called. Then the bar is reset, the grid shows
+/// the new values, FichierModifie is set if a row was changed, and a beep sounds unless Silence is
+/// on. A failure is thrown on after the same steps but the beep: rows changed before it stay.
+/// @param name  of the command, for the edition
+void ParcourtLignes(CommandContext c, const std::string& name, const RowPass& pass,
+                    RowChange& change);
 
 /// Indices of datum codes in the catalogue, looked up once each; blank means "WGS84".
 class DatumsDesLignes {

@@ -9,6 +9,7 @@
 #include "coords/datum.h"
 #include "coords/mif_files.h"
 #include "coords/special_datums.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 
 namespace talpena {
@@ -38,17 +39,6 @@ std::optional<IfblDatums> TrouveDatums(const CoordState& state, Platform& io) {
 std::string ChoisitSortie(Platform& io, const std::string& title) {
   return AvecSeparateur(io.dialogues.ChoisitDossier(title, ""));
 }
-
-class Hourglass {
- public:
-  explicit Hourglass(MainWindowView& vue) : vue_(vue) { vue_.ChangeSablier(true); }
-  Hourglass(const Hourglass&) = delete;
-  Hourglass& operator=(const Hourglass&) = delete;
-  ~Hourglass() { vue_.ChangeSablier(false); }
-
- private:
-  MainWindowView& vue_;
-};
 
 }  // namespace
 
@@ -85,13 +75,13 @@ void CreationIFBLGridPolygon(CoordState& state, Platform& io) {
   Annonce(state, io, "traitement terminé");
 }
 
-void CreationPrnNational(Platform& io, MainWindowView& vue, Grille grid,
+void CreationPrnNational(Platform& io, WaitView& attente, Grille grid,
                          const DessinePoint& dessine) {
   const std::string name = io.dialogues.Saisie(
       {.prompt = grid == Grille::British ? "File Name for the PRN British National Grid"
                                          : "File Name for the PRN Irish TM Grid"});
   if (name.empty()) return;
-  const Hourglass hourglass(vue);
+  const Busy busy(attente);
   const auto file = io.files.Cree(name);
   EcritPrnNational(*file, grid, dessine);
   file->Remplace();

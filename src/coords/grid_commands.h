@@ -3,8 +3,8 @@
 #pragma once
 #include "coords/prn_files.h"
 #include "coords/state.h"
-#include "platform/main_window_view.h"
 #include "platform/platform.h"
+#include "platform/wait_view.h"
 
 namespace talpena {
 
@@ -21,7 +21,7 @@ void CreationIFBLGridPolygon(CoordState& state, Platform& io);
 
 /// Asks for a file name (empty: nothing happens) and writes a national grid to it under the
 /// hourglass, see EcritPrnNational. No message at the end.
-void CreationPrnNational(Platform& io, MainWindowView& vue, Grille grid,
+void CreationPrnNational(Platform& io, WaitView& attente, Grille grid,
                          const DessinePoint& dessine = {});
 
 }  // namespace talpena

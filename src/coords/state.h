@@ -56,9 +56,7 @@ struct DatumCatalogue {
 
 struct CoordState : SharedState {
   DatumCatalogue Catalogue;
-  std::string DatumFichierCode = "EUR-M";  ///< datum of LATITUDE and LONGITUDE of the open file
-  std::int16_t DatumFichier = 0;           ///< its index, 0 when the catalogue lacks it
-  std::string DatumUtmCode = "EUR-M";      ///< default datum of original UTM coordinates
+  std::string DatumUtmCode = "EUR-M";  ///< default datum of original UTM coordinates
   std::int16_t DatumUtm = 0;
   std::string DatumSpheriqueCode = "EUR-M";  ///< default datum of original spherical coordinates
   std::int16_t DatumSpherique = 0;

@@ -5,7 +5,6 @@
 #include "common/text.h"
 #include "maps/eps_sink.h"
 #include "maps/grid_overlay.h"
-#include "maps/hourglass.h"
 #include "maps/plot.h"
 #include "platform/commands.h"
 
@@ -49,7 +48,7 @@ void EcritPage(MapContext c, EpsOutput& eps, const std::string& file, int mode) 
   EcritPrologue(c, eps, file);
   eps.Ligne(mode == 1 ? "/coul true def" : "/coul false def");
   eps.Ligne("/PresLeg false def ");
-  const Hourglass sablier(c.fenetre);
+  const Busy busy(c.attente);
   Recopie(c.io, c.carte.FichierPS, eps);
   EpsSink page(c.carte, eps, mode);
   PlotDistri(c, page);

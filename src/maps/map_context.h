@@ -14,7 +14,6 @@ namespace talpena {
 class MapWindow {
  public:
   virtual ~MapWindow() = default;
-  virtual void ChangeSablier(bool hourglass) = 0;
   virtual void ActiveEps(bool enabled) = 0;  ///< the button "eps" and its menu
   virtual void AjusteMap() = 0;              ///< fits the window to the picture
   virtual void ChangeTitre(const std::string& text) = 0;
@@ -31,6 +30,7 @@ struct MapContext {
   StoreState& state;
   Platform& io;
   MainWindowView& vue;  ///< the main window: chosen rows
+  WaitView& attente;
 };
 
 }  // namespace talpena

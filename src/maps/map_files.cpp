@@ -8,7 +8,6 @@
 #include "common/talpena_error.h"
 #include "maps/canvas_sink.h"
 #include "maps/grid_overlay.h"
-#include "maps/hourglass.h"
 #include "maps/plot.h"
 #include "maps/projection.h"
 #include "maps/redraw.h"
@@ -93,7 +92,7 @@ bool OuvrePremiereCarte(MapContext c) {
 }  // namespace
 
 bool ChargeCarte(MapContext c, const std::string& path) {
-  const Hourglass hourglass(c.fenetre);
+  const Busy busy(c.attente);
   try {
     c.carte.DossierCarte = DossierDe(path);
     FreeInput input(c.io.files.Ouvre(RendNatif(path)));

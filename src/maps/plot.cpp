@@ -35,12 +35,12 @@ struct Points {
 void Trace(MapContext c, MapSink& sink) {
   const std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
   Points points;
-  c.state.Data1.recordset().LitNombres(std::array{Column::LATITUDE, Column::LONGITUDE},
-                                       chosen.empty() ? nullptr : &chosen,
-                                       [&](const NumberBlock& block) {
-                                         points.Projette(c.carte, block);
-                                         sink.TraceSymboles(points.X, points.Y);
-                                       });
+  c.state.document.Data1.recordset().LitNombres(std::array{Column::LATITUDE, Column::LONGITUDE},
+                                                chosen.empty() ? nullptr : &chosen,
+                                                [&](const NumberBlock& block) {
+                                                  points.Projette(c.carte, block);
+                                                  sink.TraceSymboles(points.X, points.Y);
+                                                });
 }
 
 }  // namespace
@@ -65,7 +65,7 @@ void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std
 }
 
 void PlotDistri(MapContext c, MapSink& sink) {
-  if (!c.state.Data1.EstLie() || c.state.Data1.recordset().RecordCount() == 0) {
+  if (!c.state.document.Data1.EstLie() || c.state.document.Data1.recordset().RecordCount() == 0) {
     Bip(c.state, c.io);
     return;
   }

@@ -1,4 +1,5 @@
 // Clicks on the map: a new row, or the last one taken back.
+#include <span>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,7 @@
 #include "maps/plot.h"
 #include "maps/projection.h"
 #include "platform/commands.h"
+#include "store/edition.h"
 #include "store/row_commands.h"
 #include "store/table.h"
 
@@ -41,27 +43,17 @@ Position PositionDe(const MapState& carte, float x, float y) {
   return {EnTexte(lat, "+##.#####;-##.#####"), EnTexte(lon, "+###.#####;-###.#####")};
 }
 
-Bookmark AjouteLigne(StoreState& state, const Position& position) {
-  const auto rows = state.Data1.Clone();
-  rows->AddNew();
-  rows->Set(Column::PERIOD, Cell::Of(std::int64_t{1}));
-  rows->Set(Column::LATITUDE, Cell::Of(Val(position.latitude)));
-  rows->Set(Column::LONGITUDE, Cell::Of(Val(position.longitude)));
-  rows->Set(Column::N1, Cell::Of(std::int64_t{1}));
-  rows->Set(Column::N2, Cell::Of(std::int64_t{1}));
-  rows->Set(Column::DATUM, Cell::Of(std::string_view("EUR-M")));
-  const std::string original = "deg " + position.latitude + " " + position.longitude;
-  rows->Set(Column::ORIGINAL, Cell::Of(std::string_view(original)));
-  rows->Update();
-  return rows->LastModified();
-}
-
-/// The grid shows other rows, and these are chosen in it.
-void MontreLignes(MapContext c, const std::vector<Bookmark>& chosen) {
-  c.state.FichierModifie = true;
-  c.state.Data1.SignaleLignes();
-  c.state.Data1.SignalePosition();
-  c.vue.ChoisitLignes(chosen);
+Bookmark AjouteLigne(Edition& edition, const Position& position) {
+  return edition.AjouteLigne([&](Recordset& row) {
+    row.Set(Column::PERIOD, Cell::Of(std::int64_t{1}));
+    row.Set(Column::LATITUDE, Cell::Of(Val(position.latitude)));
+    row.Set(Column::LONGITUDE, Cell::Of(Val(position.longitude)));
+    row.Set(Column::N1, Cell::Of(std::int64_t{1}));
+    row.Set(Column::N2, Cell::Of(std::int64_t{1}));
+    row.Set(Column::DATUM, Cell::Of(std::string_view("EUR-M")));
+    const std::string original = "deg " + position.latitude + " " + position.longitude;
+    row.Set(Column::ORIGINAL, Cell::Of(std::string_view(original)));
+  });
 }
 
 /// Where the row lies on the map: as a redraw would put it, from the values that it keeps.
@@ -100,11 +92,13 @@ void AjouteLigneCarte(MapContext c, float x, float y) {
   MontrePositionTitre(c, x, y);
   if (!EstGeoreferencee(c.carte)) return;
   const Position position = PositionDe(c.carte, x, y);
-  LieTable({c.state, c.io, c.vue});
+  LieTable(c.state.document);
   std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
-  chosen.push_back(AjouteLigne(c.state, position));
-  c.state.Data1.recordset().SetBookmark(chosen.back());
-  MontreLignes(c, chosen);
+  Edition edition(c.state.document, "Add on the map");
+  chosen.push_back(AjouteLigne(edition, position));
+  edition.VaA(chosen.back());
+  edition.Valide();
+  c.vue.ChoisitLignes(chosen);
   const MapPoint point = PointDe(c.carte, Val(position.latitude), Val(position.longitude));
   PrepareSymboles(c.canvas);
   PlotSymbol(c.canvas, point.X, point.Y, 1, DiametreSymbole(c.carte, c.options),
@@ -115,19 +109,21 @@ void AjouteLigneCarte(MapContext c, float x, float y) {
 void RetireLigneCarte(MapContext c, float x, float y) {
   MontrePositionTitre(c, x, y);
   std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
-  if (chosen.empty() || !c.state.Data1.EstLie() || c.state.Data1.recordset().RecordCount() == 0) {
+  DataControl& data = c.state.document.Data1;
+  if (chosen.empty() || !data.EstLie() || data.recordset().RecordCount() == 0) {
     Bip(c.state, c.io);
     return;
   }
-  Recordset& rows = c.state.Data1.recordset();
-  const std::int64_t position = rows.AbsolutePosition();
-  const auto row = rows.Clone();
+  const std::int64_t position = data.recordset().AbsolutePosition();
+  const auto row = data.Clone();
   row->SetBookmark(chosen.back());
   EffaceLigne(c, *row);
-  row->Delete();
+  Edition edition(c.state.document, "Take back on the map");
+  edition.SupprimeLignes(std::span(&chosen.back(), 1));
+  edition.VaAPosition(position);
+  edition.Valide();
   chosen.pop_back();
-  RetourneAPosition(rows, position);
-  MontreLignes(c, chosen);
+  c.vue.ChoisitLignes(chosen);
 }
 
 }  // namespace talpena

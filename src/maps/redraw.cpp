@@ -7,7 +7,6 @@
 #include "common/paths.h"
 #include "common/talpena_error.h"
 #include "maps/grid_overlay.h"
-#include "maps/hourglass.h"
 #include "maps/layer_plot.h"
 #include "maps/plot.h"
 #include "maps/projection.h"
@@ -39,7 +38,7 @@ Panels Position(const MapState& carte, float x, float y) {
 
 void AfficheCouches(MapContext c, CanvasSink& surface) {
   if (c.options.LayerCount() == 0) return;
-  const Hourglass hourglass(c.fenetre);
+  const Busy busy(c.attente);
   for (int layer = 1; layer <= c.options.LayerCount(); ++layer) {
     AfficheTLP(c, surface, c.options.Couche(layer));
   }

@@ -11,6 +11,7 @@
 #include "coords/datum.h"
 #include "coords/systems.h"
 #include "platform/commands.h"
+#include "store/edition.h"
 
 namespace talpena {
 namespace {
@@ -53,7 +54,8 @@ std::optional<DatumsChoisis> LitDatums(CommandContext c, const PreferencesForm& 
   const DatumCatalogue& catalogue = c.state.Catalogue;
   const DatumsChoisis datums{DatumDuTexte(catalogue, form.cmbDatum),
                              DatumDuTexte(catalogue, form.cmbDatumUTM)};
-  const bool unchanged = c.state.DatumFichier == 0 && form.cmbDatum == c.state.DatumFichierCode;
+  const bool unchanged = c.document().Entete().DatumFichier == 0 &&
+                         form.cmbDatum == c.document().Entete().DatumFichierCode;
   if (datums.fichier == 0 && !unchanged) {
     focus = PreferencesFocus::cmbDatum;
     DitDatumAbsent(c.state, c.io, form.cmbDatum);
@@ -97,12 +99,25 @@ void PrendDatum(const DatumCatalogue& catalogue, std::int16_t datum, std::string
   index = datum;
 }
 
+/// That of the rows: a change of the open file while they are on show.
+void PrendDatumFichier(CommandContext c, std::int16_t datum) {
+  Document& document = c.document();
+  if (datum == 0 || datum == document.Entete().DatumFichier) return;
+  const std::string code(Rogne(c.state.Catalogue.Datum(datum).code));
+  if (!document.Montre().grille) return document.PrendDatumParDefaut(code, datum);
+  Edition change(document, "Preferences");
+  change.Entete().DatumFichierCode = code;
+  change.Entete().DatumFichier = datum;
+  change.Valide();
+}
+
 void PrendDatums(CommandContext c, const DatumsChoisis& datums, const std::string& spherique) {
   StoreState& state = c.state;
   const DatumCatalogue& catalogue = state.Catalogue;
-  PrendDatum(catalogue, datums.fichier, state.DatumFichierCode, state.DatumFichier);
+  PrendDatumFichier(c, datums.fichier);
   PrendDatum(catalogue, datums.utm, state.DatumUtmCode, state.DatumUtm);
-  std::vector<SettingEntry> entries = {{"Datum", "DestCode", state.DatumFichierCode}};
+  std::vector<SettingEntry> entries = {
+      {"Datum", "DestCode", c.document().Entete().DatumFichierCode}};
   if (!Rogne(spherique).empty()) {
     PrendDatum(catalogue, ChercheDatum(catalogue, spherique), state.DatumSpheriqueCode,
                state.DatumSpherique);
@@ -117,16 +132,14 @@ PreferencesOutcome Valide(CommandContext c, PreferencesForm& form) {
   PreferencesOutcome outcome;
   const auto datums = LitDatums(c, form, outcome.focus);
   if (!datums) return outcome;
-  const bool autre = datums->fichier != c.state.DatumFichier;
-  if (autre && c.vue.GrilleVisible()) {
-    if (!ConfirmeDatum(c)) return {};
-    c.state.FichierModifie = true;
-  }
+  const bool montree = c.document().Montre().grille;
+  const bool autre = datums->fichier != c.document().Entete().DatumFichier;
+  if (autre && montree && !ConfirmeDatum(c)) return {};
   PrendReglages(c.state, form);
   PrendDatums(c, *datums, form.lblDatumOrig);
   // Not only behind a change of datum: OK has always computed the rows that are shown anew.
   // Held by Prefer.OkComputesTheRowsAnewAlsoOnTheSameDatum.
-  if (c.vue.GrilleVisible()) RecalculeSurDatum(c);
+  if (montree) RecalculeSurDatum(c);
   return {.ferme = true};
 }
 
@@ -164,7 +177,7 @@ std::int16_t DatumDuTexte(const DatumCatalogue& catalogue, std::string_view text
 PreferencesForm RempliPrefer(const StoreState& state, Platform& io) {
   PreferencesForm form;
   if (state.InputMode >= 0 && state.InputMode < CoordSystemCount) form.Combo2 = state.InputMode;
-  form.cmbDatum = EntreeDuCode(state.Catalogue, state.DatumFichierCode);
+  form.cmbDatum = EntreeDuCode(state.Catalogue, state.document.Entete().DatumFichierCode);
   form.lblDatumOrig = state.DatumSpheriqueCode;
   form.cmbDatumUTM = EntreeDuCode(state.Catalogue, state.DatumUtmCode);
   form.ChampNumerique = {state.LabelNumeric1, state.LabelNumeric2};

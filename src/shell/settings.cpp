@@ -201,8 +201,8 @@ void ChargeDatumsParDefaut(ProcessState& state, Platform& io) {
   const auto lit = [&io](std::string_view key) {
     return io.settings.Lit("TLP", "Datum", key, DatumParDefaut);
   };
-  state.DatumFichierCode = lit("DestCode");
-  state.DatumFichier = ChercheDatum(state.Catalogue, state.DatumFichierCode);
+  const std::string code = lit("DestCode");
+  state.document.PrendDatumParDefaut(code, ChercheDatum(state.Catalogue, code));
   state.DatumUtmCode = lit("UTM");  // an old key, always overwritten by the next
   state.DatumUtmCode = lit("UTMCode");
   PrendDatum(state.Catalogue, state.DatumUtmCode, state.DatumUtm);

@@ -16,13 +16,12 @@ class ShellView {
   /// The other way round: place, column widths into the state, before they are saved.
   virtual void ReleveReglages() = 0;
 
-  virtual void AppliqueLangue() = 0;      ///< captions of the main window
-  virtual void RempliListesDatums() = 0;  ///< lists of datums in the windows
-  virtual void InitFenetres() = 0;        ///< captions of the other windows
-  virtual void InitTDBgrid() = 0;         ///< headings of the grid
-  virtual void ColoreOptTri() = 0;        ///< both OptTri take the background of Picture1
-  virtual void ColoreFenetres() = 0;      ///< windows and labels take the button-face colour
-  virtual void MontreFenetre() = 0;       ///< the main window
+  virtual void AppliqueLangue() = 0;  ///< captions of the main window
+  virtual void InitFenetres() = 0;    ///< captions of the other windows
+  virtual void InitTDBgrid() = 0;     ///< headings of the grid
+  virtual void ColoreOptTri() = 0;    ///< both OptTri take the background of Picture1
+  virtual void ColoreFenetres() = 0;  ///< windows and labels take the button-face colour
+  virtual void MontreFenetre() = 0;   ///< the main window
   virtual void FermeSplash() = 0;
   virtual void Termine() = 0;  ///< ends the process, and all windows with it
 };

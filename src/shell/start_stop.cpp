@@ -34,7 +34,7 @@ void SupprimeBaseAncienne(Load& l) {
 }
 
 void CreeBase(Load& l) {
-  l.c.state.WorkingDb =
+  l.c.document().WorkingDb =
       l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
 }
 
@@ -50,40 +50,39 @@ void AppliqueLangue(ShellContext c) {
 
 void OuvreFichierNomme(Load& l) {
   if (l.commandLine.empty()) return;
-  l.c.state.NomFichier = l.commandLine;
-  LitDeg(l.c.state, l.c.io, l.c.vue, l.c.state.NomFichier, MergeMode::Replace);
-  l.c.vue.ActiveMenus();
+  l.c.document().Fichier.NomFichier = l.commandLine;
+  LitDeg(l.c.Commandes(), l.commandLine, MergeMode::Replace);
+  l.c.document().ActiveMenus();
 }
 
 /// One statement of the load: what the handler executes again after failure 3028.
 using Step = void (*)(Load&);
 
 // clang-format off
-constexpr std::array<Step, 24> steps = {
-    [](Load& l) { l.c.vue.ChangeSablier(true); },
+constexpr std::array<Step, 23> steps = {
+    [](Load& l) { l.c.attente.ChangeSablier(true); },
     [](Load& l) { l.c.shell.DesactiveMenus(); },
     [](Load& l) { l.c.state.DossierCartes = l.c.state.AppDir; },
     ChoisitWorkingDir,
     SupprimeBaseAncienne,
     CreeBase,
-    [](Load& l) { CreateTable(l.c.state); },
+    [](Load& l) { CreateTable(l.c.document().Base()); },
     [](Load& l) { l.c.shell.FondGrilleSysteme(); },
     [](Load& l) { ChargeDatums(l.c.state, l.c.io); },
     LitReglages,
     [](Load& l) { AppliqueLangue(l.c); },
-    [](Load& l) { l.c.shell.RempliListesDatums(); },
     [](Load& l) { l.c.shell.InitFenetres(); },
     [](Load& l) { l.c.shell.InitTDBgrid(); },
     [](Load& l) { l.c.shell.ColoreOptTri(); },
     [](Load& l) { l.c.shell.MontreFenetre(); },
-    [](Load& l) { l.c.vue.TraiteMessages(); },
-    [](Load& l) { l.c.state.FichierModifie = false; },
-    [](Load& l) { l.c.state.SqlCourant = "SELECT * FROM TALPENA ORDER BY Counter"; },
+    [](Load& l) { l.c.attente.TraiteMessages(); },
+    [](Load& l) { l.c.document().OublieModifications(); },
+    [](Load& l) { l.c.document().ChangeOrdre({}); },
     [](Load& l) { l.c.shell.ColoreFenetres(); },
     [](Load& l) { l.c.shell.FermeSplash(); },
     OuvreFichierNomme,
-    [](Load& l) { l.c.vue.ChangeSablier(false); },
-    [](Load& l) { l.c.vue.TraiteMessages(); },
+    [](Load& l) { l.c.attente.ChangeSablier(false); },
+    [](Load& l) { l.c.attente.TraiteMessages(); },
 };
 // clang-format on
 
@@ -105,11 +104,11 @@ void Execute(Step step, Load& l) {
 }
 
 void EnregistreEtTermine(ShellContext c) {
-  c.vue.ChangeSablier(true);
+  c.attente.ChangeSablier(true);
   c.shell.ReleveReglages();
   // A store that refuses is told of and keeps nobody in the program.
   ExecuteCommande(c.state, c.io, {}, [&] { SauveReglages(c.state, c.io); });
-  c.vue.ChangeSablier(false);
+  c.attente.ChangeSablier(false);
   c.shell.Termine();
 }
 
@@ -129,7 +128,7 @@ void ChargeForm1(ShellContext c, const std::string& commandLine) {
   try {
     for (const Step step : steps) Execute(step, load);
   } catch (const CatalogueRefused&) {
-    c.vue.ChangeSablier(false);
+    c.attente.ChangeSablier(false);
     c.shell.FermeSplash();
     c.shell.Termine();
   } catch (const TalpenaError&) {  // the load ends here: no message, what was done stands
@@ -137,7 +136,7 @@ void ChargeForm1(ShellContext c, const std::string& commandLine) {
 }
 
 void MnuQuitter_Click(ShellContext c) {
-  if (CheckSauvegarde({c.state, c.io, c.vue})) return;
+  if (CheckSauvegarde(c.Commandes())) return;
   EnregistreEtTermine(c);
 }
 

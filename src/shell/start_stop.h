@@ -3,10 +3,10 @@
 #include <span>
 #include <string>
 
-#include "platform/main_window_view.h"
 #include "platform/platform.h"
 #include "shell/process_state.h"
 #include "shell/shell_view.h"
+#include "store/command_context.h"
 
 namespace talpena {
 
@@ -15,7 +15,12 @@ struct ShellContext {
   ProcessState& state;
   Platform& io;
   MainWindowView& vue;
+  WaitView& attente;
+  StorePort& port;
   ShellView& shell;
+
+  Document& document() const { return state.document; }
+  CommandContext Commandes() const { return {state, io, vue, attente, port}; }
 };
 
 /// The arguments behind the program's name, joined by blanks, nothing else done to them.

@@ -1,8 +1,10 @@
 // What the commands of the main window work with.
 #pragma once
+#include "platform/busy.h"
 #include "platform/main_window_view.h"
 #include "platform/platform.h"
 #include "store/state.h"
+#include "store/store_port.h"
 
 namespace talpena {
 
@@ -10,6 +12,10 @@ struct CommandContext {
   StoreState& state;
   Platform& io;
   MainWindowView& vue;
+  WaitView& attente;
+  StorePort& port;
+
+  Document& document() const { return state.document; }
 };
 
 }  // namespace talpena

@@ -48,19 +48,13 @@ void DataControl::RetourneALigne(Bookmark row) {
   SignalePosition();
 }
 
-void DataControl::SignaleLignes() { Signale(Change::Rows); }
-
-void DataControl::SignaleValeurs() { Signale(Change::Values); }
-
-void DataControl::SignalePosition() { Signale(Change::Position); }
-
 Recordset& DataControl::recordset() {
   if (!recordset_) throw TalpenaError(ErrorNumber::NoCurrentRecord, "No current record.");
   return *recordset_;
 }
 
 void DataControl::Signale(Change change) {
-  for (const Listener& listener : listeners_) listener(change);
+  if (tell_) tell_(change);
 }
 
 }  // namespace talpena

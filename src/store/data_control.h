@@ -3,16 +3,21 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "platform/table_engine.h"
 
 namespace talpena {
 
 /// Holds a source and the recordset opened on it. Refresh re-reads the source; whoever shows its
-/// rows listens for that. Its recordset's position is the program's current row.
+/// rows is told of that by the document. Its recordset's position is the program's current row.
 class DataControl {
  public:
+  enum class Change { Rows, Values, Position };
+  using Teller = std::function<void(Change)>;
+
+  DataControl() = default;
+  explicit DataControl(Teller tell) : tell_(std::move(tell)) {}
+
   /// The source is a table's name or a SELECT; it is read at the next Refresh.
   std::string RecordSource;
 
@@ -27,29 +32,21 @@ class DataControl {
   /// When the engine refuses the source, nothing has changed and the failure is thrown.
   void ChangeSource(const std::string& source);
 
-  /// Tells the listeners that rows were added to or deleted from the recordset by its clones. Added
-  /// rows stand at its end, whatever its order and its condition, until the next Refresh.
-  void SignaleLignes();
-  /// Tells the listeners that values changed while the list of rows did not.
-  void SignaleValeurs();
-  /// Tells the listeners that the current row is another one.
-  void SignalePosition();
+  /// The current row is another one: all who show it are told.
+  void SignalePosition() { Signale(Change::Position); }
 
-  /// The bound recordset; NoCurrentRecord (3021) before the first Refresh.
+  /// The bound recordset; NoCurrentRecord (3021) before the first Refresh. Its rows are read and
+  /// gone through here; they are changed by an Edition alone.
   Recordset& recordset();
   std::unique_ptr<Recordset> Clone() { return recordset().Clone(); }
-
-  enum class Change { Rows, Values, Position };
-  using Listener = std::function<void(Change)>;
-  void Ecoute(Listener listener) { listeners_.push_back(std::move(listener)); }
 
  private:
   void Signale(Change change);
   void RetourneALigne(Bookmark row);
 
+  Teller tell_;
   Database* database_ = nullptr;
   std::unique_ptr<Recordset> recordset_;
-  std::vector<Listener> listeners_;
 };
 
 }  // namespace talpena

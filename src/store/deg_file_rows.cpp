@@ -22,11 +22,10 @@ void Remplit(const DegRow& row, std::span<Cell> cells) {
 
 }  // namespace
 
-DegFileRows::DegFileRows(StoreState& state, MainWindowView& vue, DegLines& lines)
-    : state_(state),
-      vue_(vue),
-      lines_(lines),
-      reader_(state.FreeFieldSeparator, state.FreeFieldCount > 0 ? state.FreeFieldDefs.size() : 0) {
+DegFileRows::DegFileRows(const DistributionHeader& entete, DegLines& lines)
+    : lines_(lines),
+      reader_(entete.FreeFieldSeparator,
+              entete.FreeFieldCount > 0 ? entete.FreeFieldDefs.size() : 0) {
   lines.Limite(MaxRowLine);
 }
 
@@ -37,24 +36,18 @@ bool DegFileRows::Suivante(std::span<Cell> cells) {
   line_ = lines_.Numero();
   const RowKind kind = reader_.Lit(line);
   if (kind == RowKind::End) return false;
-  if (kind == RowKind::BarePoint) SignalePoint();
+  if (kind == RowKind::BarePoint && SurPointNu) SurPointNu();
   Remplit(reader_.Ligne(), cells);
-  MontreAvance();
+  DitAvance();
   return true;
 }
 
-void DegFileRows::SignalePoint() {
-  state_.FichierModifie = true;
-  vue_.ChangeSablier(true);
-  vue_.TraiteMessages();
-}
-
-void DegFileRows::MontreAvance() {
+void DegFileRows::DitAvance() {
   const std::int64_t size = std::max(lines_.Taille(), std::int64_t{1});
   const auto percent =
       static_cast<int>(std::min(lines_.Position() * 100 / size, std::int64_t{100}));
   if (percent % 10 != 0 || percent == shown_) return;
-  vue_.MontreProgression(percent);
+  if (SurAvance) SurAvance(percent);
   shown_ = percent;
 }
 

@@ -23,20 +23,20 @@ std::string LitJeton(DegLines& lines) {
 bool EstFin(std::string_view line) { return EgalSansCasse(line, endMark); }
 
 /// Raises the failure of a definition again, saying on which line it stands.
-void AjouteDefinition(StoreState& state, const std::string& line, std::int64_t number) {
+void AjouteDefinition(DistributionHeader& entete, const std::string& line, std::int64_t number) {
   try {
-    AjouteTexteChampsLibres(state, line);
-    AjouteChampLibre(state, line);
+    AjouteTexteChampsLibres(entete, line);
+    AjouteChampLibre(entete, line);
   } catch (const TalpenaError& e) {
     throw TalpenaError(e.number(), "Line " + Str(number) + ": " + e.description());
   }
 }
 
 /// True when a definition line says the same as the field at its place in the open file.
-bool MemeDefinition(const StoreState& state, std::size_t index,
+bool MemeDefinition(const DistributionHeader& entete, std::size_t index,
                     const std::vector<std::string>& items) {
-  if (index >= state.FreeFieldDefs.size()) return false;
-  const FreeFieldDef& field = state.FreeFieldDefs[index];
+  if (index >= entete.FreeFieldDefs.size()) return false;
+  const FreeFieldDef& field = entete.FreeFieldDefs[index];
   const auto same = [](std::string_view a, std::string_view b) {
     return EgalSansCasse(Rogne(a), Rogne(b));
   };
@@ -51,34 +51,33 @@ bool EstForme2(std::string_view firstLine) {
 
 std::string LitTexte(DegLines& lines) { return Cp1252VersUtf8(lines.LitObligatoire()); }
 
-void LitEnTete(StoreState& state, MainWindowView& vue, DegLines& lines) {
-  state.DatumFichierCode = LitJeton(lines);
-  state.DatumFichier = ChercheDatum(state.Catalogue, state.DatumFichierCode);
-  vue.AffichePanneauDatum(state.DatumFichierCode);
+void LitEnTete(DistributionHeader& entete, const DatumCatalogue& catalogue, DegLines& lines) {
+  entete.DatumFichierCode = LitJeton(lines);
+  entete.DatumFichier = ChercheDatum(catalogue, entete.DatumFichierCode);
   const std::string token = LitJeton(lines);
   // Only the exact mark ends the block here, and the layout then stays that of the file before.
   // Held by DegHeader.KeepsTheLayoutForAFileWithoutFreeFields.
   if (token != endMark) {
-    CommenceChampsLibres(state, token);
+    CommenceChampsLibres(entete, token);
     for (std::string line = LitTexte(lines); !EstFin(line); line = LitTexte(lines)) {
-      if (!Rogne(line).empty()) AjouteDefinition(state, line, lines.Numero());
+      if (!Rogne(line).empty()) AjouteDefinition(entete, line, lines.Numero());
     }
-    CompteChampsLibres(state);
+    CompteChampsLibres(entete);
   }
-  state.TitreFichier = LitTexte(lines);
+  entete.TitreFichier = LitTexte(lines);
 }
 
-void LitEnTeteFusion(StoreState& state, DegLines& lines) {
+void LitEnTeteFusion(DistributionHeader& entete, DegLines& lines) {
   LitTexte(lines);
-  state.FreeFieldText = LitTexte(lines);
+  entete.FreeFieldText = LitTexte(lines);
   for (std::string line = LitTexte(lines); !EstFin(line); line = LitTexte(lines)) {
-    AjouteTexteChampsLibres(state, line);
+    AjouteTexteChampsLibres(entete, line);
   }
-  state.TitreFichier = LitTexte(lines);
+  entete.TitreFichier = LitTexte(lines);
 }
 
-std::string RefusDeFusion(const StoreState& state, DegLines& lines) {
-  if (!EgalSansCasse(Rogne(LitJeton(lines)), Rogne(state.DatumFichierCode))) {
+std::string RefusDeFusion(const DistributionHeader& entete, DegLines& lines) {
+  if (!EgalSansCasse(Rogne(LitJeton(lines)), Rogne(entete.DatumFichierCode))) {
     return "Datum not compatible with current file.";
   }
   if (LitTexte(lines) == endMark) return {};
@@ -91,7 +90,7 @@ std::string RefusDeFusion(const StoreState& state, DegLines& lines) {
           ErrorNumber::SubscriptOutOfRange,
           "Line " + Str(lines.Numero()) + ": a field definition has fewer than three items.");
     }
-    if (!MemeDefinition(state, index++, items)) {
+    if (!MemeDefinition(entete, index++, items)) {
       return "Field definition not compatible with current file!\r\n" + items[0] + "," + items[1] +
              "," + items[2];
     }

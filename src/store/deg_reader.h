@@ -1,21 +1,24 @@
-// Reads .deg files into TALPENA.
+// Loads .deg files into the open distribution.
 #pragma once
 #include <string>
 
-#include "platform/main_window_view.h"
-#include "platform/platform.h"
-#include "store/period_line.h"
-#include "store/state.h"
+#include "store/command_context.h"
 
 namespace talpena {
 
 /// How LitDeg treats the rows that are in the table.
 enum class MergeMode { Replace = 0, Merge = 1 };
 
+/// What became of a load.
+enum class LoadOutcome {
+  Loaded,
+  Refused,  ///< the file is not there, or does not go with the open one: the rows are as before
+  Failed,   ///< the file or a row of it could not be read: the table holds the rows before it
+};
+
 /// Loads a .deg file of either form into the table and takes over its datum, free-field layout,
-/// periods, title and comment. Failures are shown, not thrown. The caller sets NomFichier and
-/// calls ActiveMenus.
-void LitDeg(StoreState& state, Platform& io, MainWindowView& vue, const std::string& fileName,
-            MergeMode merge);
+/// periods, title and comment. Failures are shown, not thrown. The file is opened before the rows
+/// of the old one go. The caller sets NomFichier and calls ActiveMenus.
+LoadOutcome LitDeg(CommandContext c, const std::string& fileName, MergeMode merge);
 
 }  // namespace talpena

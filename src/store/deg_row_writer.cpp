@@ -75,13 +75,13 @@ template <typename Row>
 void DegRowWriter::ParcourtLignes(Row&& row) {
   total_ = rows_.RecordCount();
   std::int64_t number = 0;
-  questions_.TenteJusquaReussite([&] { rows_.MoveFirst(); });
+  sink_.TenteJusquaReussite([&] { rows_.MoveFirst(); });
   while (!rows_.EOF_()) {
     ++number;
-    questions_.Tente([&] {
-      if (row(number)) MontreProgression(number);
+    sink_.Tente([&] {
+      if (row(number)) DitAvance(number);
     });
-    questions_.TenteJusquaReussite([&] { rows_.MoveNext(); });
+    sink_.TenteJusquaReussite([&] { rows_.MoveNext(); });
   }
 }
 
@@ -100,8 +100,8 @@ void DegRowWriter::LitPoint(const Cells& cells, std::int64_t row, float& latitud
       value = Simple(cell);
       return;
     }
-    questions_.Continuer(TalpenaError(ErrorNumber::InvalidNull,
-                                      "Invalid use of Null: row " + Str(row) + " has no " + name));
+    sink_.Doute(TalpenaError(ErrorNumber::InvalidNull,
+                             "Invalid use of Null: row " + Str(row) + " has no " + name));
   };
   lit(Column::LATITUDE, "LATITUDE", latitude);
   lit(Column::LONGITUDE, "LONGITUDE", longitude);
@@ -128,18 +128,18 @@ bool DegRowWriter::EstDuGroupe(const Cells& cells) const {
 }
 
 void DegRowWriter::AjouteAuGroupe(const Cells& cells) {
-  questions_.Tente([&] { group_.n1 = Somme(group_.n1, Entier(cells[Column::N1])); });
-  questions_.Tente([&] { group_.n2 = Somme(group_.n2, Entier(cells[Column::N2])); });
+  sink_.Tente([&] { group_.n1 = Somme(group_.n1, Entier(cells[Column::N1])); });
+  sink_.Tente([&] { group_.n2 = Somme(group_.n2, Entier(cells[Column::N2])); });
   const Cell& comment = cells[Column::COMMENT];
   if (!comment.EstNull()) {
-    group_.comment += state_.SeparateurChamps;
+    group_.comment += settings_.SeparateurChamps;
     group_.comment += comment.text;
   }
   RogneCommentaire();
 }
 
 void DegRowWriter::RogneCommentaire() {
-  const std::string& separator = state_.SeparateurChamps;
+  const std::string& separator = settings_.SeparateurChamps;
   if (!separator.empty() && group_.comment.starts_with(separator)) {
     group_.comment.erase(0, separator.size());
   }
@@ -165,23 +165,23 @@ void DegRowWriter::Ecrit(const DegLine& line, std::int64_t row) {
   lacking_.clear();
   EcritLigne(bytes_, line, lacking_);
   for (const LackingCharacters& lack : lacking_) {
-    questions_.Tente([&] {
+    sink_.Tente([&] {
       const std::string place = Str(row) + ", " + std::string(lack.column);
       throw TalpenaError(
           ErrorNumber::NotInCodePage,
-          Remplace(Remplace(Texte(state_.Langue, MsgId::CaractereAbsent), "%1", place), "%2",
+          Remplace(Remplace(Texte(settings_.Langue, MsgId::CaractereAbsent), "%1", place), "%2",
                    lack.characters));
     });
   }
-  questions_.Tente([&] { file_.Ecrit(bytes_); });
+  sink_.Tente([&] { sink_.Ecrit(bytes_); });
 }
 
 /// At each tenth of the work.
-void DegRowWriter::MontreProgression(std::int64_t row) {
+void DegRowWriter::DitAvance(std::int64_t row) {
   const std::int64_t percent = total_ > 1 ? (row - 1) * 100 / (total_ - 1) : 100;
   if (percent % 10 != 0 || percent == shown_) return;
   shown_ = percent;
-  vue_.MontreProgression(static_cast<double>(percent));
+  sink_.Avance(static_cast<int>(percent));
 }
 
 }  // namespace talpena

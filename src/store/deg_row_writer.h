@@ -5,23 +5,22 @@
 #include <string>
 #include <vector>
 
-#include "platform/main_window_view.h"
+#include "platform/settings_state.h"
 #include "platform/table_engine.h"
 #include "store/deg_line_writer.h"
-#include "store/save_file.h"
-#include "store/save_questions.h"
+#include "store/deg_sink.h"
 #include "store/table.h"
 
 namespace talpena {
 
 /// Writes the rows of a recordset from its first to its last. Rows that are Null in all ten
-/// columns are left out. A Null latitude or longitude is a failure, behind which the value of the
-/// row before it is written.
+/// columns are left out. A Null latitude or longitude is a doubt, behind which the value of the row
+/// before it is written.
 class DegRowWriter {
  public:
-  DegRowWriter(const StoreState& state, MainWindowView& vue, SaveQuestions& questions,
-               SaveFile& file, Recordset& rows)
-      : state_(state), vue_(vue), questions_(questions), file_(file), rows_(rows) {}
+  /// @param settings  the language of the doubts, and SeparateurChamps
+  DegRowWriter(const SettingsState& settings, Recordset& rows, DegSink& sink)
+      : settings_(settings), rows_(rows), sink_(sink) {}
 
   /// One line for each row.
   void EcritUneParUne();
@@ -59,15 +58,13 @@ class DegRowWriter {
   void RogneCommentaire();
   void EcritGroupe(std::string_view sex, std::string_view datum);
   void Ecrit(const DegLine& line, std::int64_t row);
-  void MontreProgression(std::int64_t row);
+  void DitAvance(std::int64_t row);
 
-  const StoreState& state_;
-  MainWindowView& vue_;
-  SaveQuestions& questions_;
-  SaveFile& file_;
+  const SettingsState& settings_;
   Recordset& rows_;
+  DegSink& sink_;
   std::int64_t total_ = 0;
-  std::int64_t shown_ = -1;  ///< the percentage shown last
+  std::int64_t shown_ = -1;  ///< the percentage told last
   Group group_;
   std::string bytes_;  ///< the line at hand
   std::vector<LackingCharacters> lacking_;

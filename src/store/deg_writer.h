@@ -2,9 +2,7 @@
 #pragma once
 #include <string>
 
-#include "platform/main_window_view.h"
-#include "platform/platform.h"
-#include "store/state.h"
+#include "store/command_context.h"
 
 namespace talpena {
 
@@ -20,7 +18,7 @@ enum class WriteMode { Rows, Grouped };
 /// FichierModifie stays true.
 ///
 /// @param modele  a file whose mode and owner a new file takes, when that exists
-void EcritDeg(StoreState& state, Platform& io, MainWindowView& vue, const std::string& fileName,
-              WriteMode mode, const std::string& modele = {});
+void EcritDeg(CommandContext c, const std::string& fileName, WriteMode mode,
+              const std::string& modele = {});
 
 }  // namespace talpena

@@ -6,23 +6,20 @@
 
 namespace talpena {
 
-Bookmark DupliqueLigne(StoreState& state) {
-  Recordset& current = state.Data1.recordset();
+Bookmark DupliqueLigne(Document& document, Edition& edition) {
+  Recordset& current = document.Data1.recordset();
   const std::vector<FieldDef>& fields = current.Fields();
   std::vector<Value> values;
   values.reserve(fields.size());
   for (std::size_t i = 0; i < fields.size(); ++i) {
     values.push_back(current.Get(static_cast<int>(i)).Garde());
   }
-
-  const auto rows = current.Clone();
-  rows->AddNew();
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    if (EgalSansCasse(fields[i].name, "COUNTER")) continue;
-    rows->Set(static_cast<int>(i), Cell::Vue(values[i]));
-  }
-  rows->Update();
-  return rows->LastModified();
+  return edition.AjouteLigne([&](Recordset& row) {
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      if (EgalSansCasse(fields[i].name, "COUNTER")) continue;
+      row.Set(static_cast<int>(i), Cell::Vue(values[i]));
+    }
+  });
 }
 
 }  // namespace talpena

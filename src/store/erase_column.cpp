@@ -7,7 +7,7 @@
 #include "common/string_table.h"
 #include "common/text.h"
 #include "platform/commands.h"
-#include "store/busy_window.h"
+#include "store/edition.h"
 #include "store/table.h"
 
 namespace talpena {
@@ -30,21 +30,17 @@ std::vector<int> Champs(ColumnRange columns) {
   return chosen;
 }
 
-void EffaceChamps(CommandContext c, const std::vector<int>& chosen) {
-  const Occupe occupe(c);
-  Transaction transaction(*c.state.WorkingDb);
-  if (!chosen.empty()) {
-    std::vector<Cell> empty;
-    empty.reserve(chosen.size());
-    for (const int field : chosen) {
-      empty.push_back(EstNombre(field) ? Cell::Of(std::int64_t{0}) : Cell::Of(std::string_view()));
-    }
-    Avancement avancement(c.vue);
-    c.state.Data1.Clone()->RemplitLignes(chosen, empty, [&](std::int64_t done, std::int64_t total) {
-      avancement.Montre(done, total);
-    });
+void EffaceChamps(CommandContext c, Edition& edition, const std::vector<int>& chosen) {
+  if (chosen.empty()) return;
+  std::vector<Cell> empty;
+  empty.reserve(chosen.size());
+  for (const int field : chosen) {
+    empty.push_back(EstNombre(field) ? Cell::Of(std::int64_t{0}) : Cell::Of(std::string_view()));
   }
-  transaction.Valide();
+  Busy busy(c.attente);
+  busy.GrilleGelee().Barre();
+  edition.RemplitLignes(chosen, empty,
+                        [&](std::int64_t done, std::int64_t total) { busy.Avance(done, total); });
 }
 
 /// Whether the order or the filter of the grid may depend on one of the fields.
@@ -66,7 +62,8 @@ ColumnRange ColonnesAEffacer(MainWindowView& vue) {
 }
 
 void EffaceColonne(CommandContext c) {
-  if (!c.state.Data1.EstLie()) return;
+  Document& document = c.document();
+  if (!document.Data1.EstLie()) return;
   const ColumnRange columns = ColonnesAEffacer(c.vue);
   Bip(c.state, c.io);
   if (c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::EffaceCellules),
@@ -76,12 +73,12 @@ void EffaceColonne(CommandContext c) {
     return;
   }
   const std::vector<int> chosen = Champs(columns);
-  EffaceChamps(c, chosen);
-  c.state.FichierModifie = true;
-  DataControl& data = c.state.Data1;
-  if (Concerne(data, data.recordset().Fields(), chosen)) {
-    const std::string source = data.RecordSource;
-    data.ChangeSource(source);
+  Edition edition(document, "Erase column", Edition::Etendue::Entiere);
+  EffaceChamps(c, edition, chosen);
+  edition.MarqueModifie();
+  edition.Valide();
+  if (Concerne(document.Data1, document.Data1.recordset().Fields(), chosen)) {
+    document.MontreLignes(RowsShown(document.LignesMontrees()));
   }
   c.vue.PlaceFocusGrille();
 }

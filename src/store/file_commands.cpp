@@ -24,11 +24,12 @@ void Commande(CommandContext c, Body&& body) {
 /// What speaks against writing over the open file: another program changed it, or only part of it
 /// could be read. 0 when nothing does.
 int ObjectionARemplacer(CommandContext c, const std::string& path) {
-  if (path != c.state.NomFichier) return 0;
+  if (path != c.document().Fichier.NomFichier) return 0;
   const auto now = c.io.files.Empreinte(path);
   if (!now) return 0;
-  if (c.state.LecturePartielle) return MsgId::FichierPartiel;
-  const bool changed = c.state.EmpreinteFichier && now != c.state.EmpreinteFichier;
+  if (c.document().Fichier.LecturePartielle) return MsgId::FichierPartiel;
+  const auto& then = c.document().Fichier.EmpreinteFichier;
+  const bool changed = then && now != then;
   return changed ? MsgId::FichierChange : 0;
 }
 
@@ -46,7 +47,7 @@ bool CacheDesLignes(NombresDeLignes lignes) { return lignes.montrees < lignes.to
 
 /// False when a filter hides rows, which a save leaves out, and the user does not want that.
 bool AccepteLignesCachees(CommandContext c) {
-  const NombresDeLignes lignes = CompteLignes(c.state);
+  const NombresDeLignes lignes = CompteLignes(c.document());
   if (!CacheDesLignes(lignes)) return true;
   Bip(c.state, c.io);
   if (lignes.montrees == 0) {  // a save would move the file away and write none
@@ -63,43 +64,45 @@ bool AccepteLignesCachees(CommandContext c) {
 
 /// Rows that are in no file yet, or no longer in this one: a save under a filter left them out,
 /// and the filter is gone.
-bool ResteASauver(const StoreState& state) {
-  return state.FichierModifie || (state.LignesHorsFichier && !FiltreActif(state.Data1));
+bool ResteASauver(const Document& document) {
+  return document.FichierModifie() ||
+         (document.Fichier.LignesHorsFichier && !document.FiltreActif());
 }
 
 void EcritLignes(CommandContext c, const std::string& path, const std::string& modele = {}) {
-  const bool cachees = CacheDesLignes(CompteLignes(c.state));
-  EcritDeg(c.state, c.io, c.vue, path, WriteMode::Rows, modele);
-  if (!c.state.FichierModifie) c.state.LignesHorsFichier = cachees;
+  const bool cachees = CacheDesLignes(CompteLignes(c.document()));
+  EcritDeg(c, path, WriteMode::Rows, modele);
+  if (!c.document().FichierModifie()) c.document().Fichier.LignesHorsFichier = cachees;
 }
 
 /// Writes the rows over the open file, without a backup.
 void EcritSurPlace(CommandContext c) {
-  const std::string path = c.state.NomFichier;
+  const std::string path = c.document().Fichier.NomFichier;
   if (!AccepteLignesCachees(c) || !PeutEcraser(c, path)) return;
-  const bool missing = c.state.FichierIncomplet == path;
+  const bool missing = c.document().Fichier.FichierIncomplet == path;
   EcritLignes(c, path, missing ? CheminBak(path) : "");
 }
 
 /// Makes a path that is about to be read the open file.
-void ChangeNomFichier(StoreState& state, const std::string& path) {
-  state.NomFichier = path;
-  state.EmpreinteFichier.reset();
-  state.LignesHorsFichier = false;
+void ChangeNomFichier(FileOnDisk& fichier, const std::string& path) {
+  fichier.NomFichier = path;
+  fichier.EmpreinteFichier.reset();
+  fichier.LignesHorsFichier = false;
 }
 
 void EnregistreSous(CommandContext c) {
   if (!AccepteLignesCachees(c)) return;
   const std::string path =
       c.io.dialogues.EnregistreFichier({.filter = "Distribution files (*.deg)|*.deg",
-                                        .name = c.state.NomFichier,
+                                        .name = c.document().Fichier.NomFichier,
                                         .confirmReplace = true});
   if (path.empty() || !PeutEcraser(c, path)) return;
   EcritLignes(c, path);
-  c.state.NomFichier = path;
-  c.state.EmpreinteFichier = c.io.files.Empreinte(path);
-  c.state.LecturePartielle = false;
-  c.vue.ChangeTitreFenetre("Talpena - " + path);
+  FileOnDisk& fichier = c.document().Fichier;
+  fichier.NomFichier = path;
+  fichier.EmpreinteFichier = c.io.files.Empreinte(path);
+  fichier.LecturePartielle = false;
+  c.document().ChangeTitreFenetre("Talpena - " + path);
 }
 
 /// The same file by two names.
@@ -115,7 +118,7 @@ bool MemeFichier(FileSystem& files, const std::string& a, const std::string& b) 
 /// Moves the open file to its backup. What would make the rename fail is raised before anything
 /// is deleted.
 void GardeBak(CommandContext c, const std::string& backup) {
-  const std::string& path = c.state.NomFichier;
+  const std::string& path = c.document().Fichier.NomFichier;
   if (path.find('.') < DossierDe(path).size()) {
     LanceEchecRenomme(c, ErrorNumber::PathFileAccess, "Path/File access error: " + backup);
   }
@@ -130,23 +133,23 @@ void GardeBak(CommandContext c, const std::string& backup) {
 }
 
 void Enregistre(CommandContext c) {
-  const std::string path = c.state.NomFichier;
+  const std::string path = c.document().Fichier.NomFichier;
   if (!AccepteLignesCachees(c) || !PeutEcraser(c, path)) return;
   const std::string backup = CheminBak(path);
   // Where a former save broke off, the backup holds the last whole state and stays.
-  if (c.state.FichierIncomplet != path) GardeBak(c, backup);
+  if (c.document().Fichier.FichierIncomplet != path) GardeBak(c, backup);
   EcritLignes(c, path, backup);
-  if (!c.io.files.Existe(path)) c.state.FichierIncomplet = path;
+  if (!c.io.files.Existe(path)) c.document().Fichier.FichierIncomplet = path;
 }
 
 void Charge(CommandContext c, const std::string& path, MergeMode mode) {
-  LitDeg(c.state, c.io, c.vue, path, mode);
-  c.vue.ActiveMenus();
+  LitDeg(c, path, mode);
+  c.document().ActiveMenus();
 }
 
 void EnregistreAutomatiquement(CommandContext c) {
-  if (!ResteASauver(c.state)) return;
-  if (c.state.NomFichier.empty()) {
+  if (!ResteASauver(c.document())) return;
+  if (c.document().Fichier.NomFichier.empty()) {
     EnregistreSous(c);
   } else {
     EcritSurPlace(c);
@@ -156,7 +159,7 @@ void EnregistreAutomatiquement(CommandContext c) {
 }  // namespace
 
 bool CheckSauvegarde(CommandContext c) {
-  if (!ResteASauver(c.state)) return false;
+  if (!ResteASauver(c.document())) return false;
   Bip(c.state, c.io);
   const Answer answer = c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::SauveFichier),
                                                 .icon = Icon::Exclamation,
@@ -165,7 +168,7 @@ bool CheckSauvegarde(CommandContext c) {
   if (answer == Answer::No) return false;
   EnregistreAutomatiquement(c);
   // An empty table is never written and stays modified; there is nothing to lose in it.
-  return ResteASauver(c.state) && CompteLignes(c.state).toutes > 0;
+  return ResteASauver(c.document()) && CompteLignes(c.document()).toutes > 0;
 }
 
 void MnuNouveau_Click(CommandContext c) {
@@ -179,16 +182,16 @@ void MnuOuvrir_Click(CommandContext c) {
     const std::string path =
         c.io.dialogues.OuvreFichier({.filter = std::string(openFilter), .folder = folder});
     if (path.empty()) return;
-    ChangeNomFichier(c.state, path);
+    ChangeNomFichier(c.document().Fichier, path);
     c.io.settings.Ecrit("TALPENA", "Paths", "LastDeg", DossierDe(path));
     Charge(c, path, MergeMode::Replace);
-    c.vue.CacheLbl1();
+    c.document().CacheLbl1();
   });
 }
 
 void MnuEnregistrer_Click(CommandContext c) {
   Commande(c, [&] {
-    if (!c.state.NomFichier.empty()) {
+    if (!c.document().Fichier.NomFichier.empty()) {
       Enregistre(c);
       return;
     }
@@ -221,7 +224,7 @@ void MnuGrouper_Click(CommandContext c) {
                                   .buttons = Buttons::YesNo});
       if (answer != Answer::Yes) return;
     }
-    if (PeutEcraser(c, path)) EcritDeg(c.state, c.io, c.vue, path, WriteMode::Grouped);
+    if (PeutEcraser(c, path)) EcritDeg(c, path, WriteMode::Grouped);
   });
 }
 
@@ -232,8 +235,8 @@ void MnuLastFile_Click(CommandContext c, int index) {
     const std::string caption = CheminDeLegende(LegendeDernierFichier(index, entry));
     if (caption.empty()) return;
     const std::string path = TrouveChemin(caption).value_or(caption);
-    ChangeNomFichier(c.state, path);
-    c.vue.ChangeTitreFenetre("Talpena - " + path);
+    ChangeNomFichier(c.document().Fichier, path);
+    c.document().ChangeTitreFenetre("Talpena - " + path);
     Charge(c, path, MergeMode::Replace);
   });
 }
@@ -245,7 +248,7 @@ void Timer1_Timer(CommandContext c) {
       static_cast<std::int16_t>(static_cast<std::uint16_t>(c.state.CompteurTimer) + 1);
   // Nobody is asked, so rows that a filter hides must not be left out: the save waits, and comes
   // with the first tick behind the filter.
-  if (next == c.state.SaveInterval && CacheDesLignes(CompteLignes(c.state))) return;
+  if (next == c.state.SaveInterval && CacheDesLignes(CompteLignes(c.document()))) return;
   c.state.CompteurTimer = next;
   if (next != c.state.SaveInterval) return;
   c.state.CompteurTimer = 0;

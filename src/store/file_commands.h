@@ -25,9 +25,9 @@ void MnuGrouper_Click(CommandContext c);
 /// `index` 0 to 3: the entry of LastFiles.
 void MnuLastFile_Click(CommandContext c, int index);
 
-/// Puts a path first in LastFiles, compared without regard to case, and rebuilds the menu. An
-/// entry that moves up keeps its spelling.
-void MajLastFiles(CommandContext c, const std::string& path);
+/// Puts a path first in LastFiles, compared without regard to case. An entry that moves up keeps
+/// its spelling.
+void MajLastFiles(SettingsState& settings, const std::string& path);
 
 /// One tick of the automatic save. Failures are shown, not thrown.
 void Timer1_Timer(CommandContext c);

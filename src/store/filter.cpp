@@ -9,38 +9,22 @@
 namespace talpena {
 namespace {
 
-constexpr std::string_view filteredSource = "SELECT * FROM TALPENA WHERE ";
-
 std::int64_t LignesDeLaTable(Database& database) {
   return database.OpenRecordset("SELECT COUNT(*) FROM TALPENA")->Get(0).integer;
 }
 
 }  // namespace
 
-std::string SourceFiltree(std::string_view condition) {
-  return std::string(filteredSource) + std::string(condition);
+NombresDeLignes CompteLignes(Document& document) {
+  if (!document.Data1.EstLie()) return {};
+  const std::int64_t shown = document.Data1.recordset().RecordCount();
+  if (!document.FiltreActif()) return {shown, shown};
+  return {shown, LignesDeLaTable(document.Base())};
 }
 
-std::string ConditionDuFiltre(const DataControl& data) {
-  if (!FiltreActif(data)) return {};
-  return data.RecordSource.substr(filteredSource.size());
-}
-
-bool FiltreActif(const DataControl& data) {
-  return data.EstLie() && data.RecordSource.starts_with(filteredSource);
-}
-
-NombresDeLignes CompteLignes(StoreState& state) {
-  if (!state.Data1.EstLie()) return {};
-  const std::int64_t shown = state.Data1.recordset().RecordCount();
-  if (!FiltreActif(state.Data1)) return {shown, shown};
-  return {shown, LignesDeLaTable(*state.WorkingDb)};
-}
-
-std::string TexteFiltre(StoreState& state) {
-  if (!FiltreActif(state.Data1)) return {};
-  return AvecNombres(state.Langue, Texte(state.Langue, MsgId::LignesAffichees),
-                     CompteLignes(state));
+std::string TexteFiltre(Document& document, std::int16_t langue) {
+  if (!document.FiltreActif()) return {};
+  return AvecNombres(langue, Texte(langue, MsgId::LignesAffichees), CompteLignes(document));
 }
 
 std::string AvecNombres(std::int16_t langue, std::string_view text, NombresDeLignes lignes) {
@@ -48,17 +32,17 @@ std::string AvecNombres(std::int16_t langue, std::string_view text, NombresDeLig
                   NombreGroupe(langue, lignes.toutes));
 }
 
-TableEntiere::TableEntiere(DataControl& data) : data_(data) {
-  if (!FiltreActif(data)) return;
-  const std::string source = data.RecordSource;
-  data.ChangeSource(std::string(TouteLaTable));
-  filtered_ = source;
+TableEntiere::TableEntiere(Document& document) : document_(document) {
+  if (!document.FiltreActif()) return;
+  const RowsShown before = document.LignesMontrees();
+  document.MontreLignes(RowsShown::Toutes());
+  filtered_ = before;
 }
 
 TableEntiere::~TableEntiere() {
-  if (filtered_.empty()) return;
+  if (!filtered_) return;
   try {
-    data_.ChangeSource(filtered_);
+    document_.MontreLignes(*filtered_);
   } catch (const TalpenaError&) {  // the whole table stays on show
   }
 }

@@ -5,7 +5,6 @@
 #include "common/string_table.h"
 #include "common/text.h"
 #include "platform/commands.h"
-#include "store/busy_window.h"
 
 namespace talpena {
 namespace {
@@ -26,13 +25,13 @@ bool EstNombreCherche(std::string_view x) {
 template <typename Find>
 void Trouve(CommandContext c, const std::string& x, Find find) {
   bool found = false;
-  if (c.state.Data1.EstLie()) {
-    const Sablier sablier(c.vue);
-    found = find(c.state.Data1.recordset());
+  if (c.document().Data1.EstLie()) {
+    const Busy busy(c.attente);
+    found = find(c.document().Data1.recordset());
   }
   if (found) {
-    c.state.Data1.SignalePosition();
-    c.vue.ActiveSuivant();
+    c.state.RechercheAboutie = true;
+    c.document().Data1.SignalePosition();
     c.vue.PlaceFocusGrille();
     return;
   }

@@ -32,22 +32,22 @@ constexpr std::array<std::string_view, 11> builtIn = {
 
 const std::array<std::string_view, 11>& ChampsLibresInternes() { return builtIn; }
 
-void CommenceChampsLibres(StoreState& state, std::string_view separator) {
-  state.FreeFieldText = separator;
-  state.FreeFieldSeparator = separator.empty() ? "/" : separator;
-  state.FreeFieldDefs.clear();
-  state.FreeFieldCount = 0;
+void CommenceChampsLibres(DistributionHeader& entete, std::string_view separator) {
+  entete.FreeFieldText = separator;
+  entete.FreeFieldSeparator = separator.empty() ? "/" : separator;
+  entete.FreeFieldDefs.clear();
+  entete.FreeFieldCount = 0;
 }
 
-void AjouteTexteChampsLibres(StoreState& state, std::string_view line) {
-  if (state.FreeFieldText.size() + line.size() + 2 > MaxFreeFieldText) {
+void AjouteTexteChampsLibres(DistributionHeader& entete, std::string_view line) {
+  if (entete.FreeFieldText.size() + line.size() + 2 > MaxFreeFieldText) {
     throw TalpenaError(ErrorNumber::Overflow, "The field definitions are longer than 16 MB.");
   }
-  state.FreeFieldText += "\r\n";
-  state.FreeFieldText += line;
+  entete.FreeFieldText += "\r\n";
+  entete.FreeFieldText += line;
 }
 
-void AjouteChampLibre(StoreState& state, std::string_view line) {
+void AjouteChampLibre(DistributionHeader& entete, std::string_view line) {
   const std::vector<std::string> items = Decoupe(line, ',');
   if (items.size() < 3) {
     throw TalpenaError(ErrorNumber::SubscriptOutOfRange,
@@ -55,34 +55,34 @@ void AjouteChampLibre(StoreState& state, std::string_view line) {
                        "between them: \"" +
                            std::string(PremiersCaracteres(line, 80)) + "\"");
   }
-  if (state.FreeFieldDefs.size() >= maxFields) {
+  if (entete.FreeFieldDefs.size() >= maxFields) {
     throw TalpenaError(ErrorNumber::Overflow, "A file may define 32767 free fields at most.");
   }
-  state.FreeFieldDefs.push_back(
+  entete.FreeFieldDefs.push_back(
       {.Label = items[1], .Code = items[0], .Width = Arrondi16(Val(items[2]))});
 }
 
-void CompteChampsLibres(StoreState& state) {
-  state.FreeFieldCount = static_cast<std::int16_t>(state.FreeFieldDefs.size());
+void CompteChampsLibres(DistributionHeader& entete) {
+  entete.FreeFieldCount = static_cast<std::int16_t>(entete.FreeFieldDefs.size());
 }
 
-std::string CheminStandardHdr(const StoreState& state, Platform& io) {
+std::string CheminStandardHdr(const SharedState& state, Platform& io) {
   std::string path = AvecSeparateur(state.AppDir) + "standard.hdr";
   if (io.files.Existe(path)) return path;
   const std::string found = TrouveChemin(path).value_or("");
   return !found.empty() && io.files.Existe(found) ? found : "";
 }
 
-void LitStandardHdr(StoreState& state, Platform& io, const std::string& path) {
-  DegLines lines(io.files.Ouvre(path), DegLines::LineEnd::CrOrLf);
-  CommenceChampsLibres(state, Cp1252VersUtf8(lines.LitObligatoire()));
+void LitStandardHdr(DistributionHeader& entete, FileSystem& files, const std::string& path) {
+  DegLines lines(files.Ouvre(path), DegLines::LineEnd::CrOrLf);
+  CommenceChampsLibres(entete, Cp1252VersUtf8(lines.LitObligatoire()));
   std::string_view line;
   while (lines.Lit(line)) {
     const std::string definition = Cp1252VersUtf8(line);
-    AjouteTexteChampsLibres(state, definition);
-    AjouteChampLibre(state, definition);
+    AjouteTexteChampsLibres(entete, definition);
+    AjouteChampLibre(entete, definition);
   }
-  CompteChampsLibres(state);
+  CompteChampsLibres(entete);
 }
 
 }  // namespace talpena

@@ -2,6 +2,7 @@
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
+#include "store/edition.h"
 #include "store/file_commands.h"
 #include "store/free_fields.h"
 #include "store/table.h"
@@ -23,58 +24,53 @@ std::int32_t DemandeNombreLignes(CommandContext c) {
 /// The definitions go into FreeFieldText with nothing between them: they form one long line,
 /// and the file reads back with a single free field. Held by
 /// NewCommand.WithoutStandardHdrTheDefinitionsFormOneLine.
-void PrendChampsInternes(StoreState& state) {
-  state.FreeFieldSeparator = "/";
-  state.FreeFieldText = "/\r\n";
+void PrendChampsInternes(DistributionHeader& entete) {
+  entete.FreeFieldSeparator = "/";
+  entete.FreeFieldText = "/\r\n";
   for (const std::string_view line : ChampsLibresInternes()) {
-    state.FreeFieldText += line;
-    AjouteChampLibre(state, line);
+    entete.FreeFieldText += line;
+    AjouteChampLibre(entete, line);
   }
-  CompteChampsLibres(state);
+  CompteChampsLibres(entete);
 }
 
-void ChoisitChampsLibres(CommandContext c) {
-  c.state.FreeFieldText.clear();
-  c.state.FreeFieldDefs.clear();
-  c.state.FreeFieldCount = 0;
+void ChoisitChampsLibres(CommandContext c, DistributionHeader& entete) {
+  entete.FreeFieldText.clear();
+  entete.FreeFieldDefs.clear();
+  entete.FreeFieldCount = 0;
   const std::string path = CheminStandardHdr(c.state, c.io);
   if (path.empty()) {
-    PrendChampsInternes(c.state);
+    PrendChampsInternes(entete);
     return;
   }
   const Answer answer =
       c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::ChampsStandard),
                               .icon = Icon::Question,
                               .buttons = Buttons::YesNo});
-  if (answer == Answer::Yes) LitStandardHdr(c.state, c.io, path);
+  if (answer == Answer::Yes) LitStandardHdr(entete, c.io.files, path);
 }
 
-void AjouteLignesVides(StoreState& state, std::int32_t lines) {
-  state.Data1.Lie(*state.WorkingDb);
-  state.Data1.RecordSource = "TALPENA";
-  state.Data1.Refresh();
-  const auto clone = state.Data1.Clone();
-  Transaction transaction(*state.WorkingDb);
-  for (std::int32_t i = 0; i < lines; ++i) {
-    clone->AddNew();
-    clone->Update();
-  }
-  transaction.Valide();
-  state.Data1.Refresh();
-  state.Data1.recordset().MoveLast();
-  state.Data1.SignalePosition();
+/// Empty rows, and the last of them becomes the current one.
+void AjouteLignesVides(Document& document, Edition& edition, std::int32_t lines) {
+  document.Relie(RowsShown::Table());
+  edition.AjouteLignesVides(lines);
+  document.Data1.Refresh();
+  document.Data1.recordset().MoveLast();
+  document.Data1.SignalePosition();
 }
 
 /// NouveauEnCours while the periods dialog is shown.
 class NewInProgress {
  public:
-  explicit NewInProgress(StoreState& state) : state_(state) { state_.NouveauEnCours = true; }
+  explicit NewInProgress(Document& document) : document_(document) {
+    document_.NouveauEnCours = true;
+  }
   NewInProgress(const NewInProgress&) = delete;
   NewInProgress& operator=(const NewInProgress&) = delete;
-  ~NewInProgress() { state_.NouveauEnCours = false; }
+  ~NewInProgress() { document_.NouveauEnCours = false; }
 
  private:
-  StoreState& state_;
+  Document& document_;
 };
 
 }  // namespace
@@ -83,22 +79,28 @@ void CreationNouveau(CommandContext c, std::int32_t lines) {
   if (lines <= 0) lines = DemandeNombreLignes(c);
   if (lines == 0) return;
   if (CheckSauvegarde(c)) return;
-  c.state.FichierModifie = false;
-  c.state.NomFichier.clear();
-  c.state.EmpreinteFichier.reset();
-  c.state.LignesHorsFichier = false;
-  c.state.LecturePartielle = false;
-  c.state.WorkingDb->Execute("DELETE FROM TALPENA");
-  c.vue.AjusteGrille();
-  ChoisitChampsLibres(c);
-  AjouteLignesVides(c.state, lines);
-  c.vue.ChangeBoxTitre("");
-  c.vue.MontreTitres();
+  Document& document = c.document();
+  document.OublieModifications();
+  document.Fichier.NomFichier.clear();
+  document.Fichier.EmpreinteFichier.reset();
+  document.Fichier.LignesHorsFichier = false;
+  document.Fichier.LecturePartielle = false;
   {
-    const NewInProgress inProgress(c.state);
-    c.vue.MontreOptionsPeriodes();
+    Edition edition(document, "New");
+    edition.LaisseNonModifie();
+    edition.VideTable();
+    document.AjusteGrille();
+    ChoisitChampsLibres(c, edition.Entete());
+    AjouteLignesVides(document, edition, lines);
+    edition.Entete().BoxTitre.clear();
+    edition.Valide();
   }
-  c.vue.ActiveMenus();
+  document.MontreTitres();
+  {
+    const NewInProgress inProgress(document);
+    c.port.MontreOptionsPeriodes();
+  }
+  document.ActiveMenus();
 }
 
 }  // namespace talpena

@@ -12,17 +12,17 @@ std::int16_t Annee(std::string_view line, std::size_t column) {
 
 }  // namespace
 
-void LitPivots(StoreState& state, std::string_view line) {
+void LitPivots(DistributionHeader& entete, std::string_view line) {
   const std::size_t absent = line.find("0 - 0");
   if (absent == std::string_view::npos) {
-    state.NbPivots = 2;
-    state.Pivot1 = Annee(line, 16);
-    state.Pivot2 = Annee(line, 30);
+    entete.NbPivots = 2;
+    entete.Pivot1 = Annee(line, 16);
+    entete.Pivot2 = Annee(line, 30);
   } else if (absent + 1 == 16) {
-    state.NbPivots = 0;
+    entete.NbPivots = 0;
   } else if (absent + 1 == 30) {
-    state.NbPivots = 1;
-    state.Pivot1 = Annee(line, 16);
+    entete.NbPivots = 1;
+    entete.Pivot1 = Annee(line, 16);
   }
 }
 

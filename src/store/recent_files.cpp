@@ -8,8 +8,8 @@
 
 namespace talpena {
 
-void MajLastFiles(CommandContext c, const std::string& path) {
-  auto& files = c.state.LastFiles;
+void MajLastFiles(SettingsState& settings, const std::string& path) {
+  auto& files = settings.LastFiles;
   auto found = std::find_if(files.begin(), files.end(),
                             [&](const std::string& entry) { return EgalSansCasse(entry, path); });
   if (found == files.end()) {
@@ -17,7 +17,6 @@ void MajLastFiles(CommandContext c, const std::string& path) {
     *found = path;
   }
   std::rotate(files.begin(), found, found + 1);
-  c.vue.AfficheDerniersFichiers(files);
 }
 
 std::string LegendeDernierFichier(int index, std::string_view path) {

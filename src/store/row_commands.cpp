@@ -1,38 +1,20 @@
 #include "store/row_commands.h"
 
-#include <algorithm>
-
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "platform/commands.h"
-#include "store/busy_window.h"
 #include "store/duplicate_row.h"
+#include "store/edition.h"
 
 namespace talpena {
 namespace {
 
-/// After rows were added: the grid shows them and stands on this one.
-void MontreLigneAjoutee(CommandContext c, Bookmark row) {
-  c.state.FichierModifie = true;
-  c.state.Data1.recordset().SetBookmark(row);
-  c.state.Data1.SignaleLignes();
-  c.state.Data1.SignalePosition();
+/// The grid shows the rows that were added, and stands on this one.
+void MontreLigneAjoutee(CommandContext c, Edition& edition, Bookmark row) {
+  edition.VaA(row);
+  edition.Valide();
   c.vue.PlaceFocusGrille();
-}
-
-Bookmark AjouteLignesVides(CommandContext c, std::int32_t count) {
-  const Sablier sablier(c.vue);
-  const auto rows = c.state.Data1.Clone();
-  Transaction transaction(*c.state.WorkingDb);
-  for (std::int32_t i = 0; i < count; ++i) {
-    rows->AddNew();
-    rows->Update();
-  }
-  rows->MoveLast();
-  const Bookmark last = rows->GetBookmark();
-  transaction.Valide();
-  return last;
 }
 
 void AjouteLignes(CommandContext c) {
@@ -40,8 +22,18 @@ void AjouteLignes(CommandContext c) {
       c.io.dialogues.Saisie({.prompt = Texte(c.state.Langue, MsgId::LignesAAjouter), .text = "1"});
   const std::int32_t count = Arrondi32(Val(answer));
   if (count <= 0) return;
-  LieTable(c);
-  MontreLigneAjoutee(c, AjouteLignesVides(c, count));
+  LieTable(c.document());
+  Edition edition(c.document(), "Add lines");
+  const Bookmark last = [&] {
+    const Busy busy(c.attente);
+    return edition.AjouteLignesVides(count);
+  }();
+  MontreLigneAjoutee(c, edition, last);
+}
+
+void Duplique(CommandContext c) {
+  Edition edition(c.document(), "Duplicate");
+  MontreLigneAjoutee(c, edition, DupliqueLigne(c.document(), edition));
 }
 
 Answer Demande(CommandContext c, int text, Icon icon, Buttons buttons) {
@@ -51,10 +43,16 @@ Answer Demande(CommandContext c, int text, Icon icon, Buttons buttons) {
 }
 
 void SupprimeLignes(CommandContext c, const std::vector<Bookmark>& chosen) {
-  const Attente attente(c.vue, Texte(c.state.Langue, MsgId::Suppression));
-  Transaction transaction(*c.state.WorkingDb);
-  c.state.Data1.Clone()->SupprimeLignes(chosen);
-  transaction.Valide();
+  const std::int64_t position = c.document().Data1.recordset().AbsolutePosition();
+  Edition edition(c.document(), "Delete", Edition::Etendue::Entiere);
+  {
+    Busy busy(c.attente);
+    busy.Message(Texte(c.state.Langue, MsgId::Suppression));
+    edition.SupprimeLignes(chosen);
+  }
+  edition.MarqueModifie();
+  edition.VaAPosition(position);
+  edition.Valide();
 }
 
 void Supprime(CommandContext c) {
@@ -64,43 +62,25 @@ void Supprime(CommandContext c) {
     return;
   }
   if (Demande(c, MsgId::SupprimeLignes, Icon::Exclamation, Buttons::YesNo) != Answer::Yes) return;
-  Recordset& rows = c.state.Data1.recordset();
-  const std::int64_t position = rows.AbsolutePosition();
   SupprimeLignes(c, chosen);
-  c.state.FichierModifie = true;
-  RetourneAPosition(rows, position);
-  c.state.Data1.SignaleLignes();
-  c.state.Data1.SignalePosition();
   c.vue.PlaceFocusGrille();
 }
 
 }  // namespace
 
 // A file that could not be read leaves an empty table that no grid shows yet.
-void LieTable(CommandContext c) {
-  DataControl& data = c.state.Data1;
-  if (data.EstLie()) return;
-  data.Lie(*c.state.WorkingDb);
-  data.RecordSource = c.state.SqlCourant;
-  data.Refresh();
-  c.vue.AjusteGrille();
-}
-
-void RetourneAPosition(Recordset& rows, std::int64_t position) {
-  const std::int64_t last = rows.RecordCount() - 1;
-  if (last < 0) {
-    rows.MoveFirst();
-  } else {
-    rows.SetAbsolutePosition(std::clamp<std::int64_t>(position, 0, last));
-  }
+void LieTable(Document& document) {
+  if (document.Data1.EstLie()) return;
+  document.RelieSqlCourant();
+  document.AjusteGrille();
 }
 
 void cmdFirstLast_Click(CommandContext c, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {
-    if (!c.state.Data1.EstLie()) return;
-    Recordset& rows = c.state.Data1.recordset();
-    index == 0 ? rows.MoveFirst() : rows.MoveLast();
-    c.state.Data1.SignalePosition();
+    DataControl& data = c.document().Data1;
+    if (!data.EstLie()) return;
+    index == 0 ? data.recordset().MoveFirst() : data.recordset().MoveLast();
+    data.SignalePosition();
   });
 }
 
@@ -109,7 +89,7 @@ void MnuAjoutLigne_Click(CommandContext c) {
 }
 
 void mnuDuplic_Click(CommandContext c) {
-  ExecuteCommande(c.state, c.io, {}, [&] { MontreLigneAjoutee(c, DupliqueLigne(c.state)); });
+  ExecuteCommande(c.state, c.io, {}, [&] { Duplique(c); });
 }
 
 void MnuSupprimer_Click(CommandContext c) {

@@ -23,9 +23,6 @@ void mnuDuplic_Click(CommandContext c);
 void MnuSupprimer_Click(CommandContext c);
 
 /// Binds the table when no file has bound it yet: rows are about to be added.
-void LieTable(CommandContext c);
-
-/// Puts a cursor back to a position, or to the last row where fewer are left.
-void RetourneAPosition(Recordset& rows, std::int64_t position);
+void LieTable(Document& document);
 
 }  // namespace talpena

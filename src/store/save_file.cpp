@@ -15,7 +15,7 @@ std::string CheminSecours(const std::string& path) {
 void SaveFile::Termine() {
   file_->Remplace();
   file_.reset();
-  if (state_.FichierIncomplet == path_) state_.FichierIncomplet.clear();
+  if (fichier_.FichierIncomplet == path_) fichier_.FichierIncomplet.clear();
   NoteEmpreinte();
 }
 
@@ -28,11 +28,11 @@ void SaveFile::Tronque() {
                   failure.description() + "\n" + Texte(state_.Langue, MsgId::AncienFichierReste));
   }
   file_.reset();
-  if (!io_.files.Existe(path_)) state_.FichierIncomplet = path_;
+  if (!io_.files.Existe(path_)) fichier_.FichierIncomplet = path_;
 }
 
 void SaveFile::PlaceTronque() {
-  const bool former = io_.files.Existe(path_) && state_.FichierIncomplet != path_;
+  const bool former = io_.files.Existe(path_) && fichier_.FichierIncomplet != path_;
   if (former) GardeAncien();
   try {
     file_->RemplaceTronque();
@@ -40,7 +40,7 @@ void SaveFile::PlaceTronque() {
     if (former && !io_.files.Existe(path_)) io_.files.Renomme(CheminSecours(path_), path_);
     throw;
   }
-  state_.FichierIncomplet = path_;
+  fichier_.FichierIncomplet = path_;
   NoteEmpreinte();
 }
 
@@ -55,9 +55,9 @@ void SaveFile::GardeAncien() {
 }
 
 void SaveFile::NoteEmpreinte() {
-  if (path_ != state_.NomFichier) return;
-  state_.EmpreinteFichier = io_.files.Empreinte(path_);
-  state_.LecturePartielle = false;
+  if (path_ != fichier_.NomFichier) return;
+  fichier_.EmpreinteFichier = io_.files.Empreinte(path_);
+  fichier_.LecturePartielle = false;
 }
 
 }  // namespace talpena

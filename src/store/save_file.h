@@ -5,14 +5,15 @@
 #include <string_view>
 
 #include "platform/platform.h"
-#include "store/state.h"
+#include "platform/settings_state.h"
+#include "store/document.h"
 
 namespace talpena {
 
 class SaveFile {
  public:
-  SaveFile(StoreState& state, Platform& io, std::string path)
-      : state_(state), io_(io), path_(std::move(path)) {}
+  SaveFile(FileOnDisk& fichier, const SharedState& state, Platform& io, std::string path)
+      : fichier_(fichier), state_(state), io_(io), path_(std::move(path)) {}
 
   /// Starts the new file beside the old one; see FileSystem::CreeComme.
   void Ouvre(const std::string& modele) { file_ = io_.files.CreeComme(path_, modele); }
@@ -31,7 +32,8 @@ class SaveFile {
   void PlaceTronque();
   void NoteEmpreinte();
 
-  StoreState& state_;
+  FileOnDisk& fichier_;
+  const SharedState& state_;
   Platform& io_;
   std::string path_;
   std::unique_ptr<OutputFile> file_;

@@ -1,50 +1,41 @@
 // The question behind every failure of a save.
 #pragma once
-#include <utility>
+#include <string_view>
 
-#include "common/talpena_error.h"
 #include "platform/commands.h"
+#include "platform/wait_view.h"
+#include "store/deg_sink.h"
+#include "store/save_file.h"
 
 namespace talpena {
 
 /// Thrown when the user does not want to go on with a save.
 struct SauvegardeRefusee {};
 
-class SaveQuestions {
+/// The file under way. Each doubt and each failure is shown, with the question whether to go on; No
+/// throws SauvegardeRefusee.
+class SaveQuestions final : public DegSink {
  public:
-  SaveQuestions(const SharedState& state, Platform& io) : state_(state), io_(io) {}
+  SaveQuestions(const SharedState& state, Platform& io, WaitView& attente, SaveFile& file)
+      : state_(state), io_(io), attente_(attente), file_(file) {}
 
-  /// Shows a failure and asks whether to go on; No throws SauvegardeRefusee.
-  void Continuer(const TalpenaError& failure) {
+  void Ecrit(std::string_view bytes) override { file_.Ecrit(bytes); }
+
+  void Doute(const TalpenaError& doubt) override {
     Bip(state_, io_);
     const std::string text =
-        "Erreur pendant la sauvegarde\n" + failure.description() + "\nContinuer?";
+        "Erreur pendant la sauvegarde\n" + doubt.description() + "\nContinuer?";
     const Answer answer = io_.dialogues.Demande({.text = text, .buttons = Buttons::YesNo});
     if (answer != Answer::Yes) throw SauvegardeRefusee{};
   }
 
-  /// Runs one statement of a save. False when it failed and the user goes on behind it.
-  template <typename Statement>
-  bool Tente(Statement&& statement) {
-    try {
-      std::forward<Statement>(statement)();
-      return true;
-    } catch (const TalpenaError& failure) {
-      Continuer(failure);
-      return false;
-    }
-  }
-
-  /// The same for a statement without which there is nothing behind it: tried until it works.
-  template <typename Statement>
-  void TenteJusquaReussite(Statement&& statement) {
-    while (!Tente(statement)) {
-    }
-  }
+  void Avance(int percent) override { attente_.MontreProgression(percent); }
 
  private:
   const SharedState& state_;
   Platform& io_;
+  WaitView& attente_;
+  SaveFile& file_;
 };
 
 }  // namespace talpena

@@ -4,8 +4,8 @@
 
 namespace talpena {
 
-void CreateTable(StoreState& state) {
-  state.WorkingDb->CreateTable(
+void CreateTable(Database& database) {
+  database.CreateTable(
       {.name = "TALPENA",
        .fields = {{.name = "Counter", .type = FieldType::Long, .autoIncrement = true},
                   {.name = "PERIOD", .type = FieldType::Integer},
@@ -21,7 +21,7 @@ void CreateTable(StoreState& state) {
        .indexes = {{.name = "PERIOD", .fields = {"PERIOD"}}}});
 }
 
-std::array<std::string, Column::GridCount> TitresColonnes(const StoreState& state) {
+std::array<std::string, Column::GridCount> TitresColonnes(const SettingsState& state) {
   const auto texte = [&state](int id) { return Texte(state.Langue, id); };
   return {texte(130), texte(131), texte(132), state.LabelNumeric1, state.LabelNumeric2,
           "Sex",      texte(135), texte(136), texte(137),          texte(138)};

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <string>
 
-#include "store/free_fields.h"
-#include "store/state.h"
+#include "platform/settings_state.h"
+#include "platform/table_engine.h"
 
 namespace talpena {
 
@@ -21,9 +21,9 @@ inline constexpr int GridCount = 10;
 
 /// Builds TALPENA and its index in a fresh working database. The caller shows the hourglass.
 /// TableExists (3010) when it is there already.
-void CreateTable(StoreState& state);
+void CreateTable(Database& database);
 
 /// Headings of grid columns 0 to 9, in the current language; those of N1 and N2 are the user's.
-std::array<std::string, Column::GridCount> TitresColonnes(const StoreState& state);
+std::array<std::string, Column::GridCount> TitresColonnes(const SettingsState& state);
 
 }  // namespace talpena

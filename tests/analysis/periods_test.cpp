@@ -7,6 +7,7 @@
 #include <random>
 
 #include "common/talpena_error.h"
+#include "fakes/document_states.h"
 #include "fakes/fake_machine.h"
 #include "fakes/temp_folder.h"
 #include "platform/sqlite/sqlite_engine.h"
@@ -20,33 +21,33 @@ using Periods = std::vector<std::optional<int>>;  ///< empty for Null
 class PeriodsTest : public testing::Test {
  protected:
   PeriodsTest() {
-    state.WorkingDb = engine_->CreateDatabase(folder_ / "work.mdb", "");
-    CreateTable(state);
-    state.Data1.Lie(*state.WorkingDb);
-    state.Data1.RecordSource = state.SqlCourant;
-    state.Data1.Refresh();
-    state.Data1.Ecoute([this](DataControl::Change change) { signaled.push_back(change); });
+    state.document.WorkingDb = engine_->CreateDatabase(folder_ / "work.mdb", "");
+    CreateTable(*state.document.WorkingDb);
+    state.document.RelieSqlCourant();
+    observed = test::ObserveLignes(
+        state.document, [this](DataControl::Change change) { signaled.push_back(change); });
   }
 
   /// Fills the table and sets the layout of the open file.
   void Pose(const Periods& periods, int mode, std::int16_t pivot1 = 0, std::int16_t pivot2 = 0) {
-    state.WorkingDb->Execute("DELETE FROM TALPENA");
-    const auto rows = state.WorkingDb->OpenRecordset("TALPENA");
+    state.document.WorkingDb->Execute("DELETE FROM TALPENA");
+    const auto rows = state.document.WorkingDb->OpenRecordset("TALPENA");
     for (const auto& period : periods) {
       rows->AddNew();
       if (period) rows->Set(Column::PERIOD, Cell::Of(std::int64_t{*period}));
       rows->Update();
     }
-    state.Data1.Refresh();
+    state.document.Data1.Refresh();
     signaled.clear();
-    state.NbPivots = static_cast<std::int16_t>(mode);
-    state.Pivot1 = pivot1;
-    state.Pivot2 = pivot2;
-    state.FichierModifie = false;
+    test::Entete(state.document)->NbPivots = static_cast<std::int16_t>(mode);
+    test::Entete(state.document)->Pivot1 = pivot1;
+    test::Entete(state.document)->Pivot2 = pivot2;
+    state.document.OublieModifications();
   }
   Periods Table() {
     Periods periods;
-    const auto rows = state.WorkingDb->OpenRecordset("SELECT * FROM TALPENA ORDER BY Counter");
+    const auto rows =
+        state.document.WorkingDb->OpenRecordset("SELECT * FROM TALPENA ORDER BY Counter");
     for (rows->MoveFirst(); !rows->EOF_(); rows->MoveNext()) {
       const Cell cell = rows->Get(Column::PERIOD);
       periods.push_back(cell.EstNull() ? std::nullopt
@@ -66,13 +67,17 @@ class PeriodsTest : public testing::Test {
     machine.dialogues.boxes.clear();
     return box;
   }
-  std::array<int, 3> Layout() const { return {state.NbPivots, state.Pivot1, state.Pivot2}; }
+  std::array<int, 3> Layout() const {
+    return {state.document.Entete().NbPivots, state.document.Entete().Pivot1,
+            state.document.Entete().Pivot2};
+  }
 
   test::TempFolder folder_;
   std::unique_ptr<TableEngine> engine_ = CreeMoteurSqlite();
   test::FakeMachine machine;
   StoreState state;
   std::vector<DataControl::Change> signaled;
+  Subscription observed;
   PeriodsForm form_;
 };
 
@@ -99,9 +104,9 @@ TEST_F(PeriodsTest, TheFormShowsTheYearsOfTheMode) {
 }
 
 TEST_F(PeriodsTest, AModeThatNoOptionHasShowsTheNearest) {
-  state.NbPivots = 7;
+  test::Entete(state.document)->NbPivots = 7;
   EXPECT_EQ(RempliPeriodes(state).OptionPivot, 2);
-  state.NbPivots = -1;
+  test::Entete(state.document)->NbPivots = -1;
   EXPECT_EQ(RempliPeriodes(state).OptionPivot, 0);
 }
 
@@ -112,8 +117,8 @@ TEST_F(PeriodsTest, GoingToOnePeriodSetsEveryRowTo1) {
   machine.dialogues.answers = {Answer::Ok};
   EXPECT_TRUE(Ok({.OptionPivot = 0}).ferme);
   EXPECT_EQ(Table(), (Periods{1, 1, 1, 1, 1, 1}));
-  EXPECT_EQ(state.NbPivots, 0);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_EQ(state.document.Entete().NbPivots, 0);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_EQ(signaled, std::vector{DataControl::Change::Values});
   const MessageBox box = Boite();
   EXPECT_EQ(box.text, "Caution! All period values will be replace by 1");
@@ -130,7 +135,7 @@ TEST_F(PeriodsTest, ACancelledWarningChangesNothing) {
     EXPECT_EQ(form_.OptionPivot, mode) << "the option goes back";
     EXPECT_EQ(Table(), (Periods{1, 2, 3, std::nullopt}));
     EXPECT_EQ(Layout(), (Modes{mode, 1950, 1980}));
-    EXPECT_FALSE(state.FichierModifie);
+    EXPECT_FALSE(state.document.FichierModifie());
     EXPECT_TRUE(signaled.empty());
   }
 }
@@ -138,7 +143,7 @@ TEST_F(PeriodsTest, ACancelledWarningChangesNothing) {
 TEST_F(PeriodsTest, AnEmptyTableGoesToOnePeriodWithoutAQuestion) {
   Pose({}, 2, 1950, 1980);
   EXPECT_TRUE(Ok({.OptionPivot = 0}).ferme);
-  EXPECT_EQ(state.NbPivots, 0);
+  EXPECT_EQ(state.document.Entete().NbPivots, 0);
   EXPECT_TRUE(machine.dialogues.boxes.empty());
   EXPECT_EQ(machine.sound.bips, 0);
 }
@@ -147,24 +152,23 @@ TEST_F(PeriodsTest, OnePeriodThatStaysOneAsksNothing) {
   Pose({1, 2}, 0);
   EXPECT_TRUE(Ok({.OptionPivot = 0}).ferme);
   EXPECT_EQ(Table(), (Periods{1, 2}));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_TRUE(machine.dialogues.boxes.empty());
 }
 
 TEST_F(PeriodsTest, ANewFileGoesToOnePeriodWithoutAQuestion) {
   Pose({std::nullopt, std::nullopt}, 2, 1950, 1980);
-  state.NouveauEnCours = true;
+  state.document.NouveauEnCours = true;
   EXPECT_TRUE(Ok({.OptionPivot = 0}).ferme);
   EXPECT_EQ(Table(), (Periods{std::nullopt, std::nullopt}));
-  EXPECT_EQ(state.NbPivots, 0);
-  EXPECT_FALSE(state.FichierModifie) << "a new file is not modified";
+  EXPECT_EQ(state.document.Entete().NbPivots, 0);
+  EXPECT_FALSE(state.document.FichierModifie()) << "a new file is not modified";
   EXPECT_TRUE(machine.dialogues.boxes.empty());
 }
 
 TEST_F(PeriodsTest, OnlyTheRowsOfTheDataControlAreSet) {
   Pose({1, 2, 3, 2}, 2, 1950, 1980);
-  state.Data1.RecordSource = "SELECT * FROM TALPENA WHERE PERIOD = 2";
-  state.Data1.Refresh();
+  test::MontreSelect(state.document, "SELECT * FROM TALPENA WHERE PERIOD = 2");
   machine.dialogues.answers = {Answer::Ok};
   EXPECT_TRUE(Ok({.OptionPivot = 0}).ferme);
   EXPECT_EQ(Table(), (Periods{1, 1, 3, 1}));
@@ -172,11 +176,11 @@ TEST_F(PeriodsTest, OnlyTheRowsOfTheDataControlAreSet) {
 
 TEST_F(PeriodsTest, TheCurrentRowStaysWhereItIs) {
   Pose({3, 3, 3}, 2, 1950, 1980);
-  state.Data1.recordset().MoveNext();
-  const Bookmark row = state.Data1.recordset().GetBookmark();
+  state.document.Data1.recordset().MoveNext();
+  const Bookmark row = state.document.Data1.recordset().GetBookmark();
   machine.dialogues.answers = {Answer::Ok};
   Ok({.OptionPivot = 0});
-  EXPECT_EQ(state.Data1.recordset().GetBookmark(), row);
+  EXPECT_EQ(state.document.Data1.recordset().GetBookmark(), row);
 }
 
 // ---- To two periods
@@ -187,7 +191,7 @@ TEST_F(PeriodsTest, GoingFromThreeToTwoTurnsEach3Into2) {
   EXPECT_TRUE(Ok({.OptionPivot = 1, .TxtPivot1 = "1960"}).ferme);
   EXPECT_EQ(Table(), (Periods{1, 2, 2, std::nullopt, 2, 4, 33}));
   EXPECT_EQ(Layout(), (Modes{1, 1960, 1980}));
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   const MessageBox box = Boite();
   EXPECT_EQ(box.text, "Caution! All 3d period values will be replace by 2");
   EXPECT_EQ(box.buttons, Buttons::OkCancel);
@@ -203,7 +207,7 @@ TEST_F(PeriodsTest, GoingFromThreeToTwoCanBeCancelled) {
   EXPECT_EQ(form_.TxtPivot1, "1960") << "what was typed stays";
   EXPECT_EQ(Table(), (Periods{1, 2, 3}));
   EXPECT_EQ(Layout(), (Modes{2, 1950, 1980}));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(PeriodsTest, GoingFromOneToTwoChangesNoRow) {
@@ -253,7 +257,7 @@ TEST_F(PeriodsTest, ThreePeriodsNeedBothYears) {
   EXPECT_EQ(outcome.focus, PeriodsFocus::TxtPivot22);
   EXPECT_EQ(Boite().text, "Specify a second year!");
   EXPECT_EQ(Layout(), (Modes{0, 5, 6}));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_EQ(machine.sound.bips, 2);
 }
 
@@ -261,8 +265,8 @@ TEST_F(PeriodsTest, EqualAndReversedPivotsAreAccepted) {
   for (const char* second : {"1950", "1900"}) {
     Pose({1}, 0);
     EXPECT_TRUE(Ok({.OptionPivot = 2, .TxtPivot21 = "1950", .TxtPivot22 = second}).ferme);
-    EXPECT_EQ(state.Pivot1, 1950);
-    EXPECT_EQ(std::to_string(state.Pivot2), second);
+    EXPECT_EQ(state.document.Entete().Pivot1, 1950);
+    EXPECT_EQ(std::to_string(state.document.Entete().Pivot2), second);
   }
   EXPECT_TRUE(machine.dialogues.boxes.empty());
 }
@@ -282,7 +286,7 @@ TEST_F(PeriodsTest, YearsAreRoundedToWholeOnes) {
     SCOPED_TRACE(c.typed);
     Pose({1}, 1);
     EXPECT_TRUE(Ok({.OptionPivot = 1, .TxtPivot1 = c.typed}).ferme);
-    EXPECT_EQ(state.Pivot1, c.year);
+    EXPECT_EQ(state.document.Entete().Pivot1, c.year);
     EXPECT_TRUE(Ok({.OptionPivot = 2, .TxtPivot21 = c.typed, .TxtPivot22 = c.typed}).ferme);
     EXPECT_EQ(Layout(), (Modes{2, c.year, c.year}));
   }
@@ -303,7 +307,7 @@ TEST_F(PeriodsTest, AYearBeyondItsRangeIsShownAndNothingChanges) {
     EXPECT_EQ(Boite().text, "Error 6\nOverflow");
     EXPECT_EQ(Table(), (Periods{1, 3}));
     EXPECT_EQ(Layout(), (Modes{2, 1950, 1980}));
-    EXPECT_FALSE(state.FichierModifie);
+    EXPECT_FALSE(state.document.FichierModifie());
   }
 }
 
@@ -312,30 +316,30 @@ TEST_F(PeriodsTest, AYearBeyondItsRangeIsShownAndNothingChanges) {
 TEST_F(PeriodsTest, ANewLayoutModifiesTheFile) {
   Pose({1}, 1, 1950);
   EXPECT_TRUE(Ok({.OptionPivot = 1, .TxtPivot1 = "1950"}).ferme);
-  EXPECT_FALSE(state.FichierModifie) << "the same layout again";
+  EXPECT_FALSE(state.document.FichierModifie()) << "the same layout again";
   EXPECT_TRUE(Ok({.OptionPivot = 1, .TxtPivot1 = "1960"}).ferme);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(PeriodsTest, ALayoutOfANewFileDoesNotModifyIt) {
   Pose({std::nullopt}, 0);
-  state.NouveauEnCours = true;
+  state.document.NouveauEnCours = true;
   EXPECT_TRUE(Ok({.OptionPivot = 2, .TxtPivot21 = "1950", .TxtPivot22 = "1980"}).ferme);
   EXPECT_EQ(Layout(), (Modes{2, 1950, 1980}));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(PeriodsTest, AFailingTableIsShownAndNothingChanges) {
   Pose({1, 2, 3}, 2, 1950, 1980);
-  state.WorkingDb->BeginTrans();  // a second one is refused
+  state.document.WorkingDb->BeginTrans();  // a second one is refused
   machine.dialogues.answers = {Answer::Ok};
   EXPECT_FALSE(Ok({.OptionPivot = 0}).ferme);
-  state.WorkingDb->Rollback();
+  state.document.WorkingDb->Rollback();
   EXPECT_EQ(machine.dialogues.boxes.size(), 2U) << "the question, then the failure";
   EXPECT_EQ(machine.dialogues.boxes.back().text.rfind("Error 3001", 0), 0U);
   EXPECT_EQ(Table(), (Periods{1, 2, 3}));
   EXPECT_EQ(Layout(), (Modes{2, 1950, 1980}));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(PeriodsTest, SilentUsersHearNoBeep) {
@@ -415,7 +419,7 @@ const VerifCase verifCases[] = {
 TEST_F(PeriodsTest, VerifPivotsLooksAtTheBoxesOfTheCurrentMode) {
   for (const VerifCase& c : verifCases) {
     SCOPED_TRACE(c.message);
-    state.NbPivots = static_cast<std::int16_t>(c.mode);
+    test::Entete(state.document)->NbPivots = static_cast<std::int16_t>(c.mode);
     machine.dialogues.boxes.clear();
     machine.sound.bips = 0;
     PeriodsFocus focus = PeriodsFocus::TxtPivot22;

@@ -14,7 +14,7 @@ namespace {
 class SelectionTest : public testing::Test, protected World {
  protected:
   SelectionTest() {
-    const auto rows = state.WorkingDb->OpenRecordset("TALPENA");
+    const auto rows = state.document.WorkingDb->OpenRecordset("TALPENA");
     for (std::int64_t i = 1; i <= 6; ++i) {
       rows->AddNew();
       rows->Set("PERIOD", Cell::Of(i % 3 + 1));
@@ -26,31 +26,30 @@ class SelectionTest : public testing::Test, protected World {
       rows->Set("COMMENT", Cell::Of(std::string_view(i == 6 ? "in a garden" : "")));
       rows->Update();
     }
-    state.Data1.Lie(*state.WorkingDb);
-    state.Data1.RecordSource = state.SqlCourant;
-    state.Data1.Refresh();
+    state.document.Data1.Lie(*state.document.WorkingDb);
+    state.document.RelieSqlCourant();
   }
   bool Choisit(const std::string& condition) { return ValideSelection(state, io, {1, condition}); }
   bool ToutMontre() { return ValideSelection(state, io, {0, ""}); }
-  std::int64_t Montrees() { return state.Data1.recordset().RecordCount(); }
+  std::int64_t Montrees() { return state.document.Data1.recordset().RecordCount(); }
 };
 
 TEST_F(SelectionTest, ShowsTheRowsThatMeetTheCondition) {
   EXPECT_TRUE(Choisit("N1 > 40"));
-  EXPECT_EQ(state.Data1.RecordSource, "SELECT * FROM TALPENA WHERE N1 > 40");
+  EXPECT_EQ(state.document.Data1.RecordSource, "SELECT * FROM TALPENA WHERE N1 > 40");
   EXPECT_EQ(Montrees(), 2);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_TRUE(dialogues.boxes.empty());
 }
 
 TEST_F(SelectionTest, AllRowsComeBackInFileOrder) {
-  ChangeTri(state, 4, true);
+  ChangeTri(state.document, 4, true);
   Choisit("N1 > 40");
   EXPECT_TRUE(ToutMontre());
-  EXPECT_EQ(state.Data1.RecordSource, "SELECT * FROM TALPENA");
+  EXPECT_EQ(state.document.Data1.RecordSource, "SELECT * FROM TALPENA");
   EXPECT_EQ(Montrees(), 6);
-  state.Data1.recordset().MoveFirst();
-  EXPECT_EQ(state.Data1.recordset().Get("N1").integer, 10);
+  state.document.Data1.recordset().MoveFirst();
+  EXPECT_EQ(state.document.Data1.recordset().Get("N1").integer, 10);
 }
 
 TEST_F(SelectionTest, WithoutAConditionItBeepsAndStays) {
@@ -68,14 +67,14 @@ TEST_F(SelectionTest, WithoutAConditionItBeepsAndStays) {
 TEST_F(SelectionTest, AFilterThatMatchesNothingShowsNoRow) {
   EXPECT_TRUE(Choisit("N1 = 7"));
   EXPECT_EQ(Montrees(), 0);
-  EXPECT_TRUE(FiltreActif(state.Data1));
+  EXPECT_TRUE(state.document.FiltreActif());
 }
 
 TEST_F(SelectionTest, AnInvalidConditionIsTheEnginesFault) {
   Choisit("N1 > 40");
   for (const char* wrong : {"N1 >", "NOWHERE = 1", "SEX = 'F", "1=1; DELETE FROM TALPENA"}) {
     EXPECT_THROW(Choisit(wrong), TalpenaError) << wrong;
-    EXPECT_EQ(state.Data1.RecordSource, "SELECT * FROM TALPENA WHERE N1 > 40");
+    EXPECT_EQ(state.document.Data1.RecordSource, "SELECT * FROM TALPENA WHERE N1 > 40");
     EXPECT_EQ(Montrees(), 2) << "the rows of before";
   }
   EXPECT_EQ(Lignes().size(), 6U);
@@ -95,14 +94,14 @@ TEST_F(SelectionTest, OffersTheFilterThatIsOnElseTheConditionTakenLast) {
 
 TEST_F(SelectionTest, ASortShowsTheWholeTable) {
   Choisit("N1 > 40");
-  ChangeTri(state, 4, true);
+  ChangeTri(state.document, 4, true);
   EXPECT_EQ(Montrees(), 6);
-  EXPECT_FALSE(FiltreActif(state.Data1));
+  EXPECT_FALSE(state.document.FiltreActif());
 }
 
 TEST_F(SelectionTest, StatementsThatNameTheTableSeeAllOfIt) {
   Choisit("N1 > 40");
-  const auto mean = state.WorkingDb->OpenRecordset("SELECT AVG(N1) FROM TALPENA");
+  const auto mean = state.document.WorkingDb->OpenRecordset("SELECT AVG(N1) FROM TALPENA");
   EXPECT_EQ(mean->Get(0).Nombre(), 35);
 }
 
@@ -123,7 +122,7 @@ TEST_F(SelectionTest, ItsExamplesAndColumnNamesAreGood) {
 TEST_F(SelectionTest, WorksBeforeAnyFileWasRead) {
   World fresh;
   EXPECT_TRUE(ValideSelection(fresh.state, fresh.io, {1, "N1 > 1"}));
-  EXPECT_EQ(fresh.state.Data1.recordset().RecordCount(), 0);
+  EXPECT_EQ(fresh.state.document.Data1.recordset().RecordCount(), 0);
 }
 
 }  // namespace

@@ -16,12 +16,12 @@ TEST(AjusteDegres, RecomputesFromOriginal) {
   w.Montre({{"WGS84", "deg +50.50000 +004.25000"}, {"WGS84", " utm 31 500000 5000000 "}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"50.5 4.25", "45.15348 3"}));
-  EXPECT_TRUE(w.state.FichierModifie);
+  EXPECT_TRUE(w.state.document.FichierModifie());
 }
 
 TEST(AjusteDegres, MovesToTheDatumOfTheFile) {
   CoordsWorld w;
-  w.state.DatumFichier = w.state.Catalogue.DatumEur;
+  test::Entete(w.state.document)->DatumFichier = w.state.Catalogue.DatumEur;
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129"}));
@@ -42,12 +42,12 @@ TEST(AjusteDegres, KeepsRowsWithoutOriginalAndThoseItCannotRead) {
             {"WGS84", "lmb 0 128963"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"1 2", "1 2", "1 2", "1 2"}));
-  EXPECT_FALSE(w.state.FichierModifie);
+  EXPECT_FALSE(w.state.document.FichierModifie());
 }
 
 TEST(AjusteDegres, ReadsABlankDatumAsWgs84) {
   CoordsWorld w;
-  w.state.DatumFichier = w.state.Catalogue.DatumEur;
+  test::Entete(w.state.document)->DatumFichier = w.state.Catalogue.DatumEur;
   w.Montre({{"", "deg 50.5 4.25"}, {"     ", "deg 50.5 4.25"}, {"wgs84", "deg 50.5 4.25"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129", "50.50085 4.25129", "50.50085 4.25129"}));
@@ -64,8 +64,8 @@ TEST(AjusteDegres, TellsUnknownDatumsOnce) {
 
 TEST(AjusteDegres, TellsThatTheFilesDatumIsUnknown) {
   CoordsWorld w;
-  w.state.DatumFichier = 0;
-  w.state.DatumFichierCode = "NONE";
+  test::Entete(w.state.document)->DatumFichier = 0;
+  test::Entete(w.state.document)->DatumFichierCode = "NONE";
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"1 2"}));
@@ -75,13 +75,13 @@ TEST(AjusteDegres, TellsThatTheFilesDatumIsUnknown) {
 // A latitude of 50412 degrees has no radius of curvature.
 TEST(AjusteDegres, EndsAtAFaultAndNamesTheRow) {
   CoordsWorld w;
-  w.state.DatumFichier = w.state.Catalogue.DatumEur;
+  test::Entete(w.state.document)->DatumFichier = w.state.Catalogue.DatumEur;
   w.state.Silence = false;
   w.Montre({{"EUR-M", "deg 5 6"}, {"WGS84", "deg 50412 3921"}, {"EUR-M", "deg 7 8"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"5 6", "1 2", "1 2"}));
   EXPECT_EQ(w.Boites(), (Lines{"DEG 50412 3921\n\nError 5\nInvalid procedure call or argument"}));
-  EXPECT_TRUE(w.state.FichierModifie);
+  EXPECT_TRUE(w.state.document.FichierModifie());
   EXPECT_FALSE(w.vue.grilleGelee);
   EXPECT_FALSE(w.vue.sablier);
   EXPECT_FALSE(w.vue.barre);
@@ -90,8 +90,9 @@ TEST(AjusteDegres, EndsAtAFaultAndNamesTheRow) {
 
 TEST(AjusteDegres, WalksTheRowsThatTheGridShows) {
   CoordsWorld w;
-  w.state.SqlCourant = "SELECT * FROM TALPENA WHERE LATITUDE > 10 ORDER BY LATITUDE DESC";
   w.Montre({{"WGS84", "deg 50 4", "1"}, {"WGS84", "deg 51 4", "20"}, {"WGS84", "deg 52 4", "30"}});
+  test::MontreSelect(w.state.document,
+                     "SELECT * FROM TALPENA WHERE LATITUDE > 10 ORDER BY LATITUDE DESC");
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"1 2", "51 4", "52 4"}));
 }
@@ -101,9 +102,10 @@ TEST(AjusteDegres, ShowsProgressAndBeeps) {
   w.state.Silence = false;
   w.Montre({{"WGS84", "deg 50 4"}});
   int shown = 0;
-  w.state.Data1.Ecoute([&](DataControl::Change change) {
-    if (change == DataControl::Change::Values) ++shown;
-  });
+  const Subscription observed =
+      test::ObserveLignes(w.state.document, [&](DataControl::Change change) {
+        if (change == DataControl::Change::Values) ++shown;
+      });
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.vue.progression, (std::vector<int>{100, 0}));
   EXPECT_EQ(w.sound.bips, 1);
@@ -125,9 +127,9 @@ TEST(AjusteDegres, StoresFiveDecimals) {
 
 TEST(AjusteGrades, SnapsRows) {
   CoordsWorld w;
-  w.state.DatumFichier = ChercheDatum(w.state.Catalogue, "NTF");
+  test::Entete(w.state.document)->DatumFichier = ChercheDatum(w.state.Catalogue, "NTF");
   w.Montre({{"NTF", "grp +55.55000 +002.10000"}});
-  mnuAjustGrid_Click(w.Contexte(), 2);
+  mnuAjustGrid_Click(w.Contexte(), w.vue, 2);
   EXPECT_EQ(w.Points(), (Lines{"49.95 4.13722"}));
 }
 
@@ -135,7 +137,7 @@ TEST(AjusteCoor, EndsOnCancel) {
   CoordsWorld w;
   w.vue.ajustement = false;
   w.Montre({{"WGS84", "deg 50 4"}});
-  mnuAjustGrid_Click(w.Contexte(), 0);
+  mnuAjustGrid_Click(w.Contexte(), w.vue, 0);
   EXPECT_EQ(w.Points(), (Lines{"1 2"}));
 }
 
@@ -143,7 +145,7 @@ TEST(AjusteCoor, SnapsToTheMeshOfTheDialog) {
   CoordsWorld w;
   w.state.UtmAjust = 4;
   w.Montre({{"WGS84", "mgr 31 U ES12346789"}, {"WGS84", "utm 31 512345 5667890"}});
-  mnuAjustGrid_Click(w.Contexte(), 0);
+  mnuAjustGrid_Click(w.Contexte(), w.vue, 0);
   const Lines points = w.Points();
   EXPECT_EQ(points[0], points[1]);
   EXPECT_EQ(points[0].substr(0, 4), "51.1");
@@ -151,7 +153,7 @@ TEST(AjusteCoor, SnapsToTheMeshOfTheDialog) {
 
 TEST(AjusteCoor, OpensOnTheSettingsAndKeepsTheChoice) {
   CoordsWorld w;
-  struct Choosing : test::FakeView {
+  struct Choosing : AdjustDialogs {
     explicit Choosing(StoreState& s) : state(s) {}
     bool MontreAjustement() override {
       opened = {state.MailleChoisie, state.GrilleChoisie};
@@ -163,11 +165,11 @@ TEST(AjusteCoor, OpensOnTheSettingsAndKeepsTheChoice) {
     std::pair<int, int> opened;
   } vue(w.state);
   w.state.UtmAjust = 3;
-  AjusteCoor({w.state, w.io, vue});
+  AjusteCoor(w.Contexte(), vue);
   EXPECT_EQ(vue.opened, (std::pair{3, 1}));  // a grid of 0 is none: UTM
   EXPECT_EQ(w.state.UtmAjust, 7);
   EXPECT_EQ(w.state.GridAjust, 2);
-  AjusteCoor({w.state, w.io, vue});
+  AjusteCoor(w.Contexte(), vue);
   EXPECT_EQ(vue.opened, (std::pair{7, 2}));
 }
 
@@ -175,7 +177,7 @@ TEST(MnuAjustGrid, AsksForBothMeshes) {
   CoordsWorld w;
   w.dialogues.inputs = {"-0,5", "999"};
   w.Montre({{"WGS84", "deg -0.1 0.1"}});
-  mnuAjustGrid_Click(w.Contexte(), 1);
+  mnuAjustGrid_Click(w.Contexte(), w.vue, 1);
   EXPECT_EQ(w.Points(), (Lines{"-0.25 0.1"}));
   ASSERT_EQ(w.dialogues.asked.size(), 2U);
   EXPECT_EQ(w.dialogues.asked[0].prompt,
@@ -191,7 +193,7 @@ TEST(MnuAjustGrid, IsCancelledByZero) {
     CoordsWorld w;
     w.dialogues.inputs = inputs;
     w.Montre({{"WGS84", "deg 50 4"}});
-    mnuAjustGrid_Click(w.Contexte(), 1);
+    mnuAjustGrid_Click(w.Contexte(), w.vue, 1);
     EXPECT_EQ(w.Points(), (Lines{"1 2"}));
     EXPECT_TRUE(w.dialogues.inputs.empty());
   }
@@ -202,7 +204,7 @@ TEST(MnuAjustGrid, AsksAgainOutsideTheBounds) {
   w.state.Silence = false;
   w.dialogues.inputs = {"90", "100", "-91", "1", "2"};
   w.Montre({{"WGS84", "deg 50.2 4.2"}});
-  mnuAjustGrid_Click(w.Contexte(), 1);
+  mnuAjustGrid_Click(w.Contexte(), w.vue, 1);
   EXPECT_EQ(w.Points(), (Lines{"50.5 5"}));
   EXPECT_EQ(w.sound.bips, 4);  // three refusals and the end
 }
@@ -212,7 +214,7 @@ TEST(MnuAjustGrid, TakesALongitudeMeshOf200) {
   CoordsWorld w;
   w.dialogues.inputs = {"1", "200"};
   w.Montre({{"WGS84", "deg 50.2 4.2"}});
-  mnuAjustGrid_Click(w.Contexte(), 1);
+  mnuAjustGrid_Click(w.Contexte(), w.vue, 1);
   EXPECT_EQ(w.Points(), (Lines{"50.5 100"}));
 }
 
@@ -220,7 +222,7 @@ TEST(MnuAjustGrid, RefusesAnyLongitudeMeshBesideALatitudeOf999) {
   CoordsWorld w;
   w.dialogues.inputs = {"999", "1", "2", "999"};
   w.Montre({{"WGS84", "deg 50.2 4.2"}});
-  mnuAjustGrid_Click(w.Contexte(), 1);
+  mnuAjustGrid_Click(w.Contexte(), w.vue, 1);
   EXPECT_EQ(w.Points(), (Lines{"50.2 4.2"}));
   EXPECT_TRUE(w.dialogues.inputs.empty());
 }
@@ -228,7 +230,7 @@ TEST(MnuAjustGrid, RefusesAnyLongitudeMeshBesideALatitudeOf999) {
 TEST(MnuAjustIfbl, SnapsToTheSquares) {
   for (const auto& [index, expected] : {std::pair{0, 2}, {1, 4}, {2, 6}}) {
     CoordsWorld w;
-    w.state.DatumFichier = ChercheDatum(w.state.Catalogue, "BEL72");
+    test::Entete(w.state.document)->DatumFichier = ChercheDatum(w.state.Catalogue, "BEL72");
     w.Montre(
         {{"BEL72", "ifb G33643"},
          {"BEL72", std::string("ifb G33643").substr(0, 4 + static_cast<std::size_t>(expected))}});
@@ -240,12 +242,13 @@ TEST(MnuAjustIfbl, SnapsToTheSquares) {
 
 TEST(ChangeDatumFichier, RecomputesAllRows) {
   CoordsWorld w;
+  w.state.document.AjusteGrille();
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
   ChangeDatumFichier(w.Contexte(), "EUR-M");
   EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129"}));
-  EXPECT_EQ(w.state.DatumFichierCode, "EUR-M");
+  EXPECT_EQ(w.state.document.Entete().DatumFichierCode, "EUR-M");
   EXPECT_EQ(w.vue.panneauDatum, "EUR-M");
-  EXPECT_TRUE(w.state.FichierModifie);
+  EXPECT_TRUE(w.state.document.FichierModifie());
   ChangeDatumFichier(w.Contexte(), "WGS84");
   EXPECT_EQ(w.Points(), (Lines{"50.5 4.25"}));
 }
@@ -254,14 +257,13 @@ TEST(ChangeDatumFichier, RefusesAnUnknownCode) {
   CoordsWorld w;
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
   ChangeDatumFichier(w.Contexte(), "QQQ");
-  EXPECT_EQ(w.state.DatumFichierCode, "WGS84");
+  EXPECT_EQ(w.state.document.Entete().DatumFichierCode, "WGS84");
   EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\n\nQQQ"}));
 }
 
 TEST(ChangeDatumFichier, LeavesTheRowsWhileNoGridIsShown) {
   CoordsWorld w;
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
-  w.vue.grilleVisible = false;
   ChangeDatumFichier(w.Contexte(), "EUR-M");
   EXPECT_EQ(w.Points(), (Lines{"1 2"}));
 }

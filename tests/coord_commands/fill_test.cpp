@@ -28,7 +28,7 @@ TEST(MnuRemplirCoo, AsksFirst) {
             "preferences menu ");
   EXPECT_EQ(w.dialogues.boxes[0].icon, Icon::Exclamation);
   EXPECT_EQ(w.dialogues.boxes[0].buttons, Buttons::OkCancel);
-  EXPECT_FALSE(w.state.FichierModifie);
+  EXPECT_FALSE(w.state.document.FichierModifie());
 }
 
 TEST(MnuRemplirCoo, WritesMgrsAndItsFailures) {
@@ -38,7 +38,7 @@ TEST(MnuRemplirCoo, WritesMgrsAndItsFailures) {
   MnuRemplirCoo_Click(w.Contexte(), 0);
   EXPECT_EQ(w.Commentaires(),
             (Lines{"31UES9503234013", "S  POLAR REGION", "abc N  POLAR REGION", "5QNC1042866816"}));
-  EXPECT_TRUE(w.state.FichierModifie);
+  EXPECT_TRUE(w.state.document.FichierModifie());
 }
 
 TEST(MnuRemplirCoo, WritesNationalReferencesOnTheFilesDatum) {
@@ -73,7 +73,7 @@ TEST(MnuRemplirXY, WritesGradesWithoutAChangeOfDatum) {
 
 TEST(MnuRemplirXY, WritesLambertInWholeMetres) {
   CoordsWorld w;
-  w.state.DatumFichier = ChercheDatum(w.state.Catalogue, "BEL72");
+  test::Entete(w.state.document)->DatumFichier = ChercheDatum(w.state.Catalogue, "BEL72");
   w.Montre({A("50.85", "4.35")});
   MnuRemplirXY_Click(w.Contexte(), 2);
   const std::string text = w.Commentaires()[0];
@@ -94,7 +94,7 @@ TEST(MnuRemplirXY, WritesIfblAndLeavesWhatHasNone) {
 
 TEST(MnuRemplirXY, WritesTheZonesOfMorocco) {
   CoordsWorld w;
-  w.state.DatumFichier = ChercheDatum(w.state.Catalogue, "MER");
+  test::Entete(w.state.document)->DatumFichier = ChercheDatum(w.state.Catalogue, "MER");
   w.Montre({A("33.3", "-5.39")});
   MnuRemplirXY_Click(w.Contexte(), 4);
   const std::string north = w.Commentaires()[0];
@@ -126,7 +126,7 @@ TEST(MnuRemplirTexte, EndsOnAnEmptyAnswer) {
   w.Montre({A("50", "4", "abc")});
   MnuRemplirTexte_Click(w.Contexte());
   EXPECT_EQ(w.Commentaires(), (Lines{"abc"}));
-  EXPECT_FALSE(w.state.FichierModifie);
+  EXPECT_FALSE(w.state.document.FichierModifie());
 }
 
 TEST(MnuRemplirTexte, WritesIntoTheChosenRows) {

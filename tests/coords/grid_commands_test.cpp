@@ -8,6 +8,7 @@
 #include "common/talpena_error.h"
 #include "coords/mif_files.h"
 #include "fakes/fake_machine.h"
+#include "fakes/fake_view.h"
 #include "platform/commands.h"
 #include "test_catalogue.h"
 

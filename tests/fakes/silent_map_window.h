@@ -8,7 +8,6 @@ namespace talpena::test {
 
 class SilentMapWindow : public MapWindow {
  public:
-  void ChangeSablier(bool) override {}
   void ActiveEps(bool) override {}
   void AjusteMap() override {}
   void ChangeTitre(const std::string&) override {}

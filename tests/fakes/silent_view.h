@@ -1,51 +1,35 @@
 // A main window that shows nothing, for benchmarks and fuzzing.
 #pragma once
-#include <array>
 #include <string>
 
+#include "coord_commands/adjust.h"
 #include "platform/main_window_view.h"
+#include "platform/wait_view.h"
+#include "store/store_port.h"
 
 namespace talpena::test {
 
-class SilentView : public MainWindowView {
+class SilentView : public MainWindowView, public WaitView, public StorePort, public AdjustDialogs {
  public:
   int progressions = 0;  ///< how often the progress bar was moved
   int tours = 0;         ///< how often the message loop ran
 
-  void ChangeTitreFenetre(const std::string&) override {}
-  std::string BoxTitre() const override { return titre_; }
-  void ChangeBoxTitre(const std::string& text) override { titre_ = text; }
-  std::string Commentaire() const override { return commentaire_; }
-  void ChangeCommentaire(const std::string& text) override { commentaire_ = text; }
-  void MontreTitres() override {}
-  void AjusteGrille() override {}
-  void ActiveMenus() override {}
-  void CacheLbl1() override {}
-  void PlaceFocusGrille() override {}
-  bool GrilleVisible() const override { return true; }
-  std::string TexteCellule(int) override { return "1"; }
   void AfficheMessage(const std::string&) override {}
   void FermeMessage() override {}
   void ChangeSablier(bool) override {}
   void MontreBarre(bool) override {}
   void MontreProgression(double) override { ++progressions; }
   void TraiteMessages() override { ++tours; }
-  void AffichePanneauDatum(const std::string&) override {}
-  void AfficheDerniersFichiers(const std::array<std::string, 4>&) override {}
+  void GeleGrille(bool) override {}
   void MontreOptionsPeriodes() override {}
+  void RecalculeCoordonnees() override {}
   bool MontreAjustement() override { return false; }
   std::vector<Bookmark> LignesSelectionnees() override { return {}; }
   void ChoisitLignes(const std::vector<Bookmark>&) override {}
   std::optional<ColumnRange> ColonnesSelectionnees() override { return {}; }
   void SelectionneColonnes(ColumnRange) override {}
   int ColonneCourante() override { return 0; }
-  void ActiveSuivant() override {}
-  void GeleGrille(bool) override {}
-  void RecalculeCoordonnees() override {}
-
- private:
-  std::string titre_;
-  std::string commentaire_;
+  void PlaceFocusGrille() override {}
 };
 
 }  // namespace talpena::test

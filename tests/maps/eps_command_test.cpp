@@ -77,7 +77,7 @@ TEST_F(EpsCommandTest, ReplacesWhatWasThere) {
 
 TEST_F(EpsCommandTest, ShowsTheHourglassMeanwhileAndThePointerAfterwards) {
   EXPECT_EQ(Echec(), 0);
-  EXPECT_EQ(w.fenetre.calls, (Strings{"Sablier", "Pointeur"}));
+  EXPECT_EQ(w.vue.sabliers, (std::vector{true, false}));
 }
 
 TEST_F(EpsCommandTest, WithoutAPrologueTheFileIsEmpty) {
@@ -86,7 +86,7 @@ TEST_F(EpsCommandTest, WithoutAPrologueTheFileIsEmpty) {
   EXPECT_TRUE(w.files.Existe(path));
   EXPECT_EQ(Sortie(), "");
   EXPECT_TRUE(w.dialogues.boxes.empty());
-  EXPECT_FALSE(w.fenetre.sablier);
+  EXPECT_FALSE(w.vue.sablier);
 }
 
 TEST_F(EpsCommandTest, WithoutADrawingTheFileStaysAsFarAsItCame) {
@@ -95,7 +95,7 @@ TEST_F(EpsCommandTest, WithoutADrawingTheFileStaysAsFarAsItCame) {
   EXPECT_TRUE(Sortie().starts_with("%!PS\r\n%%BoundingBox"));
   EXPECT_TRUE(Sortie().ends_with("/coul true def\r\n/PresLeg false def \r\n"));
   EXPECT_TRUE(w.dialogues.boxes.empty());
-  EXPECT_EQ(w.fenetre.calls, (Strings{"Sablier", "Pointeur"}));
+  EXPECT_EQ(w.vue.sabliers, (std::vector{true, false}));
 }
 
 TEST_F(EpsCommandTest, ADrawingThatCannotBeReadToItsEndEndsTheFileThere) {
@@ -118,7 +118,7 @@ TEST_F(EpsCommandTest, AFullDiskLeavesWhatItTook) {
   EXPECT_GT(Sortie().size(), 100000U);
   EXPECT_LE(Sortie().size(), 200000U);
   EXPECT_TRUE(w.dialogues.boxes.empty());
-  EXPECT_FALSE(w.fenetre.sablier);
+  EXPECT_FALSE(w.vue.sablier);
 }
 
 TEST_F(EpsCommandTest, AnOutputThatCannotBeOpenedChangesNothing) {
@@ -135,8 +135,8 @@ TEST_F(EpsCommandTest, TheCommandShowsAFailureInTheCommonBox) {
 }
 
 TEST_F(EpsCommandTest, ATableWithoutRowsBeepsAndThePageHasTheMapAlone) {
-  w.state.WorkingDb->Execute("DELETE FROM TALPENA");
-  w.state.Data1.Refresh();
+  w.state.document.WorkingDb->Execute("DELETE FROM TALPENA");
+  w.state.document.Data1.Refresh();
   w.state.Silence = false;
   EXPECT_EQ(Echec(), 0);
   EXPECT_EQ(w.sound.bips, 2);  // one more for the message

@@ -57,11 +57,11 @@ TEST_F(EpsPrintTest, ThePageWithItsGridPrints) {
 
 TEST_F(EpsPrintTest, RowsBehindTheGlobeDoNotKeepThePageFromPrinting) {
   w.OuvreCode(13, -90, -180, 90, 180);
-  w.state.WorkingDb->Execute("UPDATE TALPENA SET LONGITUDE = 180 WHERE Counter < 4");
+  w.state.document.WorkingDb->Execute("UPDATE TALPENA SET LONGITUDE = 180 WHERE Counter < 4");
   const std::string eps = w.Exporte();
   EXPECT_NE(eps.find("E+37"), std::string::npos);
   ExigeImprimable(eps);
-  w.state.WorkingDb->Execute("UPDATE TALPENA SET LATITUDE = -5 WHERE Counter < 4");
+  w.state.document.WorkingDb->Execute("UPDATE TALPENA SET LATITUDE = -5 WHERE Counter < 4");
   w.OuvreCode(11, 89, -180, 90, 180);
   EXPECT_NE(w.Exporte().find("E+38"), std::string::npos);
   ExigeImprimable(w.Exporte());
@@ -74,8 +74,8 @@ TEST_F(EpsPrintTest, SymbolsWithoutExtentPrint) {
 }
 
 TEST_F(EpsPrintTest, APageWithoutRowsPrints) {
-  w.state.WorkingDb->Execute("DELETE FROM TALPENA");
-  w.state.Data1.Refresh();
+  w.state.document.WorkingDb->Execute("DELETE FROM TALPENA");
+  w.state.document.Data1.Refresh();
   ExigeImprimable(w.Exporte());
 }
 

@@ -14,6 +14,7 @@
 #include "fakes/fake_files.h"
 #include "fakes/fake_platform.h"
 #include "fakes/fake_tables.h"
+#include "fakes/fake_view.h"
 #include "maps/canvas_sink.h"
 #include "maps/eps_sink.h"
 #include "maps/map_world.h"
@@ -45,7 +46,7 @@ struct Machine : test::FakeServices {
   StoreState state;
   Platform io{tables, files, settings, dialogues, clock, environment, sound};
 
-  MapContext Contexte() { return {carte, options, canvas, fenetre, state, io, vue}; }
+  MapContext Contexte() { return {carte, options, canvas, fenetre, state, io, vue, vue}; }
 
   /// Asks for the step and answers with a text.
   void Demande(const std::string& answer) {

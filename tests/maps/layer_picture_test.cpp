@@ -64,7 +64,7 @@ struct PictureWorld : test::MapWorld {
   std::unique_ptr<FileSystem> disk = CreeSystemeDeFichiers();
   Platform machine{*engine, *disk, settings, dialogues, clock, environment, sound};
   QtCanvas image;
-  MapContext context{carte, options, image, fenetre, state, machine, vue};
+  MapContext context{carte, options, image, fenetre, state, machine, vue, vue};
 };
 
 TEST(LayerPicture, KindsHaveTheirColours) {

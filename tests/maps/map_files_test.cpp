@@ -169,7 +169,7 @@ TEST(ChargeCarte, FindsAFileInAnyCase) {
   const auto real = CreeSystemeDeFichiers();
   Platform io{*w.engine, *real, w.settings, w.dialogues, w.clock, w.environment, w.sound};
   w.canvas.images[folder / "p.png"] = {10, 10};
-  const MapContext context{w.carte, w.options, w.canvas, w.fenetre, w.state, io, w.vue};
+  const MapContext context{w.carte, w.options, w.canvas, w.fenetre, w.state, io, w.vue, w.vue};
   EXPECT_TRUE(ChargeCarte(context, path));
   EXPECT_TRUE(ChargeCarte(context, Remplace(path, "/", "\\")) ||
               w.carte.FichierImage.find('\\') != std::string::npos);
@@ -185,8 +185,8 @@ TEST(ChargeCarte, KeepsTheMapForTheNextTimeAndTakesTheGridAway) {
   EXPECT_EQ(w.carte.Pas, 5);
   EXPECT_EQ(w.settings.values.at("TALPENA/CARTO/LASTMAP"), "/maps/a.dsw");
   EXPECT_EQ(w.fenetre.ajustements, 1);
-  EXPECT_EQ(w.fenetre.Compte("Sablier"), 1);
-  EXPECT_FALSE(w.fenetre.sablier);
+  EXPECT_EQ(w.vue.sabliers, (std::vector{true, false}));
+  EXPECT_FALSE(w.vue.sablier);
 }
 
 TEST(ChargeCarte, ALineThatALayerLeftOpenDoesNotReachTheNextMap) {
@@ -204,7 +204,7 @@ TEST(ChargeCarte, ALineThatALayerLeftOpenDoesNotReachTheNextMap) {
 void ExpectQuietFailure(const LoadedWorld& w) {
   EXPECT_FALSE(w.whole);
   EXPECT_TRUE(w.dialogues.boxes.empty());
-  EXPECT_FALSE(w.fenetre.sablier);
+  EXPECT_FALSE(w.vue.sablier);
   EXPECT_EQ(w.settings.values.count("TALPENA/CARTO/LASTMAP"), 0U);
 }
 
@@ -213,7 +213,7 @@ TEST(ChargeCarte, AMissingFileEndsItWithoutAMessage) {
   EXPECT_FALSE(ChargeCarte(w.context, "/elsewhere/none.dsw"));
   EXPECT_FALSE(ChargeCarte(w.context, ""));
   EXPECT_TRUE(w.dialogues.boxes.empty());
-  EXPECT_FALSE(w.fenetre.sablier);
+  EXPECT_FALSE(w.vue.sablier);
 }
 
 TEST(ChargeCarte, AMissingPictureEndsItBeforeTheItems) {
@@ -227,7 +227,7 @@ TEST(ChargeCarte, AMissingPictureEndsItBeforeTheItems) {
     EXPECT_EQ(w.carte.Droite, 0);
     EXPECT_EQ(w.canvas.echelle.width, 800) << "the scale is that of before";
     EXPECT_EQ(w.fenetre.ajustements, 0);
-    EXPECT_FALSE(w.fenetre.sablier);
+    EXPECT_FALSE(w.vue.sablier);
   }
 }
 
@@ -272,7 +272,7 @@ TEST(ChargeCarte, CutShortAtAnyByteItEndsWithoutAMessage) {
       const LoadedWorld w(bytes.substr(0, length));
       EXPECT_EQ(w.whole, length >= needed) << length;
       EXPECT_TRUE(w.dialogues.boxes.empty());
-      EXPECT_FALSE(w.fenetre.sablier);
+      EXPECT_FALSE(w.vue.sablier);
       EXPECT_EQ(w.canvas.echelle.width != 800, w.whole);
     }
   }
@@ -289,7 +289,7 @@ TEST(ChargeCarte, NoiseEndsItWithoutAMessage) {
     }
     const LoadedWorld w(bytes);
     EXPECT_TRUE(w.dialogues.boxes.empty());
-    EXPECT_FALSE(w.fenetre.sablier);
+    EXPECT_FALSE(w.vue.sablier);
   }
 }
 

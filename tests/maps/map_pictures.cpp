@@ -34,13 +34,13 @@ struct Distribution : test::CoordsWorld {
     std::ifstream in(path, std::ios::binary);
     Charge({std::istreambuf_iterator<char>(in), {}});
   }
-  ~Distribution() { state.Data1 = DataControl(); }
+  ~Distribution() { state.document.Data1 = DataControl(); }
 
   int LignesSur(const MapState& carte) {
     const auto inside = [](const char* column, float from, float to) {
       return std::string(column) + " BETWEEN " + Str(from) + " AND " + Str(to);
     };
-    const auto rows = state.WorkingDb->OpenRecordset(
+    const auto rows = state.document.WorkingDb->OpenRecordset(
         "SELECT * FROM TALPENA WHERE " + inside("LATITUDE", carte.LatSud, carte.LatNord) + " AND " +
         inside("LONGITUDE", carte.LonOuest, carte.LonEst));
     return static_cast<int>(rows->RecordCount());
@@ -56,7 +56,8 @@ struct Vue {
            distribution.settings, distribution.dialogues,
            distribution.clock,    distribution.environment,
            distribution.sound},
-        context{carte, options, canvas, window, distribution.state, io, distribution.vue} {
+        context{carte, options,          canvas,          window, distribution.state,
+                io,    distribution.vue, distribution.vue} {
     InitUtm(carte);
     InitFacteurs(carte);
   }

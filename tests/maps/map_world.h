@@ -18,7 +18,6 @@ namespace talpena::test {
 class FakeMapWindow : public MapWindow {
  public:
   std::vector<std::string> calls;
-  bool sablier = false;
   std::string titre;
   std::string signature;
   std::map<int, std::string> panneaux;  ///< of the status bar
@@ -27,10 +26,6 @@ class FakeMapWindow : public MapWindow {
 
   int Compte(const std::string& call) const {
     return static_cast<int>(std::count(calls.begin(), calls.end(), call));
-  }
-  void ChangeSablier(bool h) override {
-    sablier = h;
-    calls.push_back(h ? "Sablier" : "Pointeur");
   }
   void ActiveEps(bool enabled) override { eps = enabled; }
   void AjusteMap() override { ++ajustements; }
@@ -46,7 +41,7 @@ struct MapWorld : World {
   FakeCanvas canvas;
   FakeMapWindow fenetre;
 
-  MapContext Contexte() { return {carte, options, canvas, fenetre, state, io, vue}; }
+  MapContext Contexte() { return {carte, options, canvas, fenetre, state, io, vue, vue}; }
 
   /// A map in plate carrée between these limits.
   void OuvrePlate(float south, float west, float north, float east) {
@@ -69,20 +64,16 @@ struct MapWorld : World {
     std::optional<double> latitude, longitude;
   };
   void Remplit(const std::vector<Row>& rows) {
-    const auto table = state.WorkingDb->OpenRecordset("TALPENA");
+    const auto table = state.document.WorkingDb->OpenRecordset("TALPENA");
     for (const Row& row : rows) {
       table->AddNew();
       if (row.latitude) table->Set(Column::LATITUDE, Cell::Of(*row.latitude));
       if (row.longitude) table->Set(Column::LONGITUDE, Cell::Of(*row.longitude));
       table->Update();
     }
-    Ordonne(state.SqlCourant);
+    Ordonne(state.document.SqlCourant());
   }
-  void Ordonne(const std::string& sql) {
-    state.Data1.Lie(*state.WorkingDb);
-    state.Data1.RecordSource = sql;
-    state.Data1.Refresh();
-  }
+  void Ordonne(const std::string& sql) { MontreSelect(state.document, sql); }
 
   /// The circles on the canvas as "x y radius", rounded to a metre.
   std::vector<std::string> Cercles() const {

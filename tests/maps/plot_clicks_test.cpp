@@ -36,9 +36,9 @@ TEST_F(MapClickTest, AddsARowOfTheStatedValues) {
 
 TEST_F(MapClickTest, ANewRowHasOneInPeriodAndNumbersWhateverTheRowsBeforeIt) {
   w.Remplit({{1, 2}});
-  w.state.WorkingDb->Execute("UPDATE TALPENA SET PERIOD = 3, N1 = 12, N2 = 99");
+  w.state.document.WorkingDb->Execute("UPDATE TALPENA SET PERIOD = 3, N1 = 12, N2 = 99");
   Gauche(10, 20);
-  const auto rows = w.state.WorkingDb->OpenRecordset("SELECT * FROM TALPENA WHERE N1 = 1");
+  const auto rows = w.state.document.WorkingDb->OpenRecordset("SELECT * FROM TALPENA WHERE N1 = 1");
   EXPECT_EQ(rows->Get("N2").integer, 1);
   EXPECT_EQ(rows->Get("PERIOD").integer, 1);
 }
@@ -47,7 +47,7 @@ TEST_F(MapClickTest, ANewRowHasOneInPeriodAndNumbersWhateverTheRowsBeforeIt) {
 TEST_F(MapClickTest, CoordinatesHaveFiveDecimalsAndOriginalTheSameNumbers) {
   w.Remplit({});
   AjouteLigneCarte(w.Contexte(), 1234.5678F, 4321.8765F);
-  const auto rows = w.state.WorkingDb->OpenRecordset("TALPENA");
+  const auto rows = w.state.document.WorkingDb->OpenRecordset("TALPENA");
   const std::string original = rows->Get("ORIGINAL").Texte();
   EXPECT_EQ(original, "deg +38.82255 +11.08987");
   EXPECT_EQ(static_cast<float>(rows->Get("LATITUDE").real), 38.82255F);
@@ -66,7 +66,7 @@ TEST_F(MapClickTest, TextsFollowTheMasks) {
                             {0, 0, "deg +. +."},
                             {-8.5F, 170, "deg -8.5 +170."}}) {
     Gauche(c.latitude, c.longitude);
-    const auto rows = w.state.WorkingDb->OpenRecordset("TALPENA");
+    const auto rows = w.state.document.WorkingDb->OpenRecordset("TALPENA");
     rows->MoveLast();
     EXPECT_EQ(rows->Get("ORIGINAL").Texte(), c.original);
   }
@@ -93,16 +93,17 @@ TEST_F(MapClickTest, TheRowIsCurrentAndChosenBesidesThoseChosenBefore) {
   w.Remplit({{1, 1}, {2, 2}});
   w.vue.selection = {2, 1};
   int rows = 0, positions = 0;
-  w.state.Data1.Ecoute([&](DataControl::Change change) {
-    rows += change == DataControl::Change::Rows ? 1 : 0;
-    positions += change == DataControl::Change::Position ? 1 : 0;
-  });
+  const Subscription observed =
+      test::ObserveLignes(w.state.document, [&](DataControl::Change change) {
+        rows += change == DataControl::Change::Rows ? 1 : 0;
+        positions += change == DataControl::Change::Position ? 1 : 0;
+      });
   Gauche(3, 3);
   EXPECT_EQ(w.vue.selection, (std::vector<Bookmark>{2, 1, 3}));
-  EXPECT_EQ(w.state.Data1.recordset().GetBookmark(), 3);
+  EXPECT_EQ(w.state.document.Data1.recordset().GetBookmark(), 3);
   EXPECT_EQ(rows, 1);
   EXPECT_EQ(positions, 1);
-  EXPECT_TRUE(w.state.FichierModifie);
+  EXPECT_TRUE(w.state.document.FichierModifie());
 }
 
 TEST_F(MapClickTest, TheCaptionTakesThePosition) {
@@ -119,7 +120,7 @@ TEST_F(MapClickTest, AMapOfCode0GetsNoRow) {
   AjouteLigneCarte(w.Contexte(), 10, 20);
   EXPECT_EQ(w.Lignes().size(), 1U);
   EXPECT_TRUE(w.canvas.calls.empty());
-  EXPECT_FALSE(w.state.FichierModifie);
+  EXPECT_FALSE(w.state.document.FichierModifie());
   EXPECT_EQ(w.fenetre.titre, " 10 20");
 }
 
@@ -139,12 +140,12 @@ TEST_F(MapClickTest, AFaultOfTheProjectionAddsNothing) {
   EXPECT_TRUE(w.Lignes().empty());
   EXPECT_TRUE(w.vue.selection.empty());
   EXPECT_TRUE(w.canvas.calls.empty());
-  EXPECT_FALSE(w.state.FichierModifie);
+  EXPECT_FALSE(w.state.document.FichierModifie());
 }
 
 TEST_F(MapClickTest, WithoutAFileTheTableIsBoundFirst) {
   Gauche(10, 20);
-  EXPECT_TRUE(w.state.Data1.EstLie());
+  EXPECT_TRUE(w.state.document.Data1.EstLie());
   EXPECT_EQ(w.Lignes().size(), 1U);
   EXPECT_EQ(w.vue.selection, std::vector<Bookmark>{1});
 }
@@ -155,11 +156,11 @@ TEST_F(MapClickTest, ARightClickTakesBackTheRowThatALeftClickAdded) {
   Gauche(30, 40);
   const auto added = w.canvas.calls.at(0).numbers;
   w.canvas.calls.clear();
-  w.state.FichierModifie = false;
+  w.state.document.OublieModifications();
   Droite();
   EXPECT_EQ(w.Lignes().size(), 2U);
   EXPECT_EQ(w.vue.selection, std::vector<Bookmark>{2});
-  EXPECT_TRUE(w.state.FichierModifie);
+  EXPECT_TRUE(w.state.document.FichierModifie());
   ASSERT_EQ(w.canvas.calls.size(), 1U);
   const auto& spot = w.canvas.calls[0];
   EXPECT_EQ(spot.numbers[0], added[0]);
@@ -182,15 +183,15 @@ TEST_F(MapClickTest, ARightClickActsOnTheSelectionWhateverItsPosition) {
 TEST_F(MapClickTest, ARightClickKeepsThePlaceInTheGrid) {
   w.Remplit({{1, 1}, {2, 2}, {3, 3}});
   w.vue.selection = {3};
-  w.state.Data1.recordset().SetAbsolutePosition(1);
+  w.state.document.Data1.recordset().SetAbsolutePosition(1);
   Droite();
-  EXPECT_EQ(w.state.Data1.recordset().AbsolutePosition(), 1);
+  EXPECT_EQ(w.state.document.Data1.recordset().AbsolutePosition(), 1);
   w.vue.selection = {2};
   Droite();
-  EXPECT_EQ(w.state.Data1.recordset().AbsolutePosition(), 0);
+  EXPECT_EQ(w.state.document.Data1.recordset().AbsolutePosition(), 0);
   w.vue.selection = {1};
   Droite();
-  EXPECT_EQ(w.state.Data1.recordset().RecordCount(), 0);
+  EXPECT_EQ(w.state.document.Data1.recordset().RecordCount(), 0);
 }
 
 TEST_F(MapClickTest, ARightClickWithoutSelectionOrRowsBeeps) {
@@ -199,8 +200,8 @@ TEST_F(MapClickTest, ARightClickWithoutSelectionOrRowsBeeps) {
   Droite();
   EXPECT_EQ(w.sound.bips, 1);
   EXPECT_EQ(w.Lignes().size(), 1U);
-  EXPECT_FALSE(w.state.FichierModifie);
-  w.state.WorkingDb->Execute("DELETE FROM TALPENA");
+  EXPECT_FALSE(w.state.document.FichierModifie());
+  w.state.document.WorkingDb->Execute("DELETE FROM TALPENA");
   w.vue.selection = {1};
   Droite();
   EXPECT_EQ(w.sound.bips, 2);

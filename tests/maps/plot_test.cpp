@@ -167,9 +167,9 @@ TEST_F(PlotDistriTest, TheOrderAndTheFilterOfTheGridHold) {
 TEST_F(PlotDistriTest, ThePositionOfTheGridStays) {
   w.OuvrePlate(-90, -180, 90, 180);
   w.Remplit({{1, 0}, {2, 0}, {3, 0}});
-  w.state.Data1.recordset().SetAbsolutePosition(1);
+  w.state.document.Data1.recordset().SetAbsolutePosition(1);
   Trace();
-  EXPECT_EQ(w.state.Data1.recordset().AbsolutePosition(), 1);
+  EXPECT_EQ(w.state.document.Data1.recordset().AbsolutePosition(), 1);
 }
 
 TEST_F(PlotDistriTest, PointsOffTheMapAndBehindTheGlobeGoToTheCanvas) {

@@ -305,6 +305,7 @@ TEST(RedrawMap, DrawsLayersGridAndDistributionInThisOrder) {
   w.options.Add("/maps/c.tlp");
   w.carte.Grille = true;
   w.carte.Pas = 90;
+  w.vue.sabliers.clear();
   RedrawMap(w.context);
   const auto names = w.canvas.Noms();
   ASSERT_GT(names.size(), 5U);
@@ -317,17 +318,18 @@ TEST(RedrawMap, DrawsLayersGridAndDistributionInThisOrder) {
   EXPECT_EQ(names[names.size() - 2], "Line");
   EXPECT_EQ(names.back(), "Circle");
   EXPECT_EQ(w.fenetre.Compte("MontreCanevas"), 1);
-  EXPECT_EQ(w.fenetre.Compte("Sablier"), 1);
-  EXPECT_FALSE(w.fenetre.sablier);
+  EXPECT_EQ(w.vue.sabliers, (std::vector{true, false}));
+  EXPECT_FALSE(w.vue.sablier);
 }
 
 TEST(RedrawMap, ShowsNoHourglassAndNoGridWithoutThem) {
   PlateWorld w;
   w.Remplit({{45, 5}});
   w.carte.Pas = 10;
+  w.vue.sabliers.clear();
   RedrawMap(w.context);
   EXPECT_EQ(w.canvas.Noms(), (std::vector<std::string>{"Cls", "Circle"}));
-  EXPECT_EQ(w.fenetre.Compte("Sablier"), 0);
+  EXPECT_TRUE(w.vue.sabliers.empty());
 }
 
 TEST(RedrawMap, DrawsTheSamePictureEveryTime) {
@@ -362,7 +364,7 @@ TEST(RedrawMap, TakesTheHourglassAwayWhenALayerCannotBeRead) {
   w.files.lectureJusqua = 120;
   w.options.Add("/maps/a.tlp");
   EXPECT_THROW(RedrawMap(w.context), TalpenaError);
-  EXPECT_FALSE(w.fenetre.sablier);
+  EXPECT_FALSE(w.vue.sablier);
 }
 
 TEST(MontrePosition, AMapOfCode0ShowsItsUnits) {

@@ -14,11 +14,11 @@ namespace {
 class PreferTest : public testing::Test, protected CoordsWorld {
  protected:
   PreferTest() {
-    vue.grilleVisible = false;
     for (auto [code, index] : {std::pair{&state.DatumUtmCode, &state.DatumUtm},
                                {&state.DatumSpheriqueCode, &state.DatumSpherique}}) {
       *index = ChercheDatum(state.Catalogue, *code);
     }
+    vue.calls.clear();
     form = RempliPrefer(state, io);
   }
   bool Ok() {
@@ -33,7 +33,7 @@ class PreferTest : public testing::Test, protected CoordsWorld {
   /// Two rows on show whose points are not those of their ORIGINAL.
   void MontreLignes() {
     Montre({{"WGS84", "deg +50.00000 +004.00000"}, {"WGS84", "deg +40.00000 +003.00000"}});
-    vue.grilleVisible = true;
+    state.document.AjusteGrille();
     state.Silence = false;
   }
 
@@ -166,12 +166,12 @@ TEST_F(PreferTest, OkTakesWhatTheFormShows) {
 TEST_F(PreferTest, AnotherDatumWithoutAFileIsStoredWithoutAQuestion) {
   form.cmbDatum = Entree("NTF");
   EXPECT_TRUE(Ok());
-  EXPECT_EQ(state.DatumFichierCode, "NTF");
-  EXPECT_EQ(state.DatumFichier, ChercheDatum(state.Catalogue, "NTF"));
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "NTF");
+  EXPECT_EQ(state.document.Entete().DatumFichier, ChercheDatum(state.Catalogue, "NTF"));
   EXPECT_EQ(settings.values["TLP/DATUM/DESTCODE"], "NTF");
   EXPECT_TRUE(dialogues.boxes.empty());
   EXPECT_TRUE(vue.calls.empty()) << "no rows, nothing to compute";
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(PreferTest, TheDatumsAreStoredAtOnceInTheirOrder) {
@@ -208,10 +208,10 @@ TEST_F(PreferTest, AStoreThatRefusesIsToldOfOnceAndTheSessionGoesOn) {
   Platform other{*engine, files, refusing, dialogues, clock, environment, sound};
   form.cmbDatum = Entree("NTF");
   form.OptSilence = true;
-  EXPECT_TRUE(ValidePrefer({state, other, vue}, form).ferme);
+  EXPECT_TRUE(ValidePrefer({state, other, vue, vue, vue}, form).ferme);
   EXPECT_EQ(Boites(), (Lines{"Error 75\nread-only"}));
   EXPECT_TRUE(state.Silence);
-  EXPECT_EQ(state.DatumFichierCode, "NTF");
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "NTF");
 }
 
 // Texts that are no datum
@@ -243,13 +243,13 @@ TEST_F(PreferTest, ADatumWithoutUtmUseIsRefusedForUtm) {
 }
 
 TEST_F(PreferTest, AFileDatumThatTheCatalogueLacksMayStay) {
-  state.DatumFichierCode = "XXXXX";
-  state.DatumFichier = 0;
+  Entete(state.document)->DatumFichierCode = "XXXXX";
+  Entete(state.document)->DatumFichier = 0;
   MontreLignes();
   form = RempliPrefer(state, io);
   EXPECT_EQ(form.cmbDatum, "XXXXX");
   EXPECT_TRUE(Ok());
-  EXPECT_EQ(state.DatumFichierCode, "XXXXX");
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "XXXXX");
   EXPECT_TRUE(dialogues.boxes.empty());
   EXPECT_EQ(Points(), (Lines{"1 2", "1 2"}));
 }
@@ -270,7 +270,7 @@ TEST_F(PreferTest, AnotherDatumOfAFileIsAskedForAndComputesEveryRow) {
   EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::OkCancel);
   EXPECT_EQ(Points(), (Lines{"50.00086 4.00128", "40.00111 3.00109"}));
   EXPECT_EQ(vue.panneauDatum, "EUR-M");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_GT(sound.bips, 0);
 }
 
@@ -282,11 +282,11 @@ TEST_F(PreferTest, CancelInTheQuestionLeavesTheFormOpenWithNothingStored) {
   dialogues.answers = {Answer::Cancel};
   EXPECT_FALSE(Ok());
   EXPECT_EQ(focus, PreferencesFocus::None);
-  EXPECT_EQ(state.DatumFichierCode, "WGS84");
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "WGS84");
   EXPECT_EQ(state.LabelNumeric1, "Number 1");
   EXPECT_TRUE(settings.written.empty());
   EXPECT_EQ(Points(), (Lines{"1 2", "1 2"}));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_EQ(form.txtSaveInterval, "5");
   EXPECT_EQ(form.cmbDatum, Entree("EUR-M")) << "what was chosen stays";
 }
@@ -297,25 +297,25 @@ TEST_F(PreferTest, OkComputesTheRowsAnewAlsoOnTheSameDatum) {
   EXPECT_TRUE(dialogues.boxes.empty());
   EXPECT_EQ(Points(), (Lines{"50 4", "40 3"}));
   EXPECT_EQ(vue.panneauDatum, "WGS84");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(PreferTest, OkOnRowsThatAreRightLeavesTheFileUnmodified) {
   Montre({{"WGS84", "deg +50.00000 +004.00000", "50", "4"}});
-  vue.grilleVisible = true;
+  state.document.AjusteGrille();
   EXPECT_TRUE(Ok());
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(PreferTest, RowsThatAFilterHidesAreComputedToo) {
   MontreLignes();
-  state.Data1.ChangeSource(SourceFiltree("ORIGINAL LIKE 'deg +40*'"));
+  state.document.MontreLignes(RowsShown::Filtrees("ORIGINAL LIKE 'deg +40*'"));
   form.cmbDatum = Entree("EUR-M");
   dialogues.answers = {Answer::Ok};
   EXPECT_TRUE(Ok());
   EXPECT_EQ(Points(), (Lines{"50.00086 4.00128", "40.00111 3.00109"}));
-  EXPECT_EQ(ConditionDuFiltre(state.Data1), "ORIGINAL LIKE 'deg +40*'");
-  EXPECT_EQ(state.Data1.recordset().RecordCount(), 1);
+  EXPECT_EQ(state.document.LignesMontrees().Condition(), "ORIGINAL LIKE 'deg +40*'");
+  EXPECT_EQ(state.document.Data1.recordset().RecordCount(), 1);
 }
 
 // The working folder

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "common/numbers.h"
+#include "fakes/document_states.h"
 #include "fakes/fake_machine.h"
 
 namespace talpena {
@@ -363,10 +364,10 @@ TEST_F(Settings, ALongTextIsCutInTheBoxBetweenCharacters) {
 TEST_F(Settings, DatumsOfAFirstRunAreEuropean) {
   Charge();
   for (const std::string& code :
-       {state.DatumFichierCode, state.DatumUtmCode, state.DatumSpheriqueCode}) {
+       {state.document.Entete().DatumFichierCode, state.DatumUtmCode, state.DatumSpheriqueCode}) {
     EXPECT_EQ(code, "EUR-M");
   }
-  EXPECT_EQ(state.DatumFichier, 1);
+  EXPECT_EQ(state.document.Entete().DatumFichier, 1);
   EXPECT_EQ(state.DatumUtm, 1);
   EXPECT_EQ(state.DatumSpherique, 1);
 }
@@ -376,8 +377,8 @@ TEST_F(Settings, DatumsAreFoundByTheirCodes) {
   PoseDatum("UTMCode", "NTF  ");
   PoseDatum("FromCode", "NTF");
   Charge();
-  EXPECT_EQ(state.DatumFichierCode, "WGS84");
-  EXPECT_EQ(state.DatumFichier, 3);
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "WGS84");
+  EXPECT_EQ(state.document.Entete().DatumFichier, 3);
   EXPECT_EQ(state.DatumUtm, 2);
   EXPECT_EQ(state.DatumSpherique, 2);
 }
@@ -391,8 +392,8 @@ TEST_F(Settings, AnUnknownDefaultDatumGivesWayToTheEuropeanOne) {
   EXPECT_EQ(state.DatumUtm, 1);
   EXPECT_EQ(state.DatumSpheriqueCode, "EUR-M");
   EXPECT_EQ(state.DatumSpherique, 1);
-  EXPECT_EQ(state.DatumFichierCode, "ZZZ") << "the file's datum is not replaced";
-  EXPECT_EQ(state.DatumFichier, 0);
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "ZZZ") << "the file's datum is not replaced";
+  EXPECT_EQ(state.document.Entete().DatumFichier, 0);
 }
 
 TEST_F(Settings, KeyUtmIsOverwrittenByUtmCode) {

@@ -6,8 +6,10 @@
 #include <string>
 #include <vector>
 
+#include "fakes/document_states.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_platform.h"
+#include "fakes/fake_view.h"
 #include "shell/start_stop.h"
 
 namespace talpena::test {
@@ -153,10 +155,9 @@ class JournalShell : public ShellView {
   void AppliqueLangue() override {
     Note("AppliqueLangue");
     // What the last steps set: another value before them shows that they are run, and when.
-    state_.FichierModifie = true;
-    state_.SqlCourant.clear();
+    MarqueModifie(state_.document);
+    state_.document.ChangeOrdre({3, Direction::Descending});
   }
-  void RempliListesDatums() override { Note("RempliListesDatums"); }
   void InitFenetres() override { Note("InitFenetres"); }
   void InitTDBgrid() override { Note("InitTDBgrid"); }
   void ColoreOptTri() override { Note("ColoreOptTri"); }
@@ -183,6 +184,7 @@ struct StartMachine {
     environment.variables["TEMP"] = "/tmp";
     state.AppDir = "/opt/talpena";
     files.Pose("/opt/talpena/DATUM.MDB", "there");
+    vue.Suit(state.document);
   }
   void Charge(const std::string& commandLine = {}) { ChargeForm1(contexte, commandLine); }
   bool AFait(const std::string& step) const {
@@ -201,7 +203,7 @@ struct StartMachine {
   Platform io{engine, files, settings, dialogues, clock, environment, sound};
   ProcessState state;
   JournalShell shell{journal, state};
-  ShellContext contexte{state, io, vue, shell};
+  ShellContext contexte{state, io, vue, vue, vue, shell};
 };
 
 }  // namespace talpena::test

@@ -26,7 +26,6 @@ TEST(ChargeForm1, TakesItsStepsInOrder) {
       "ChargeReglages",
       "AppliqueReglages",
       "AppliqueLangue",
-      "RempliListesDatums",
       "InitFenetres",
       "InitTDBgrid",
       "ColoreOptTri",
@@ -43,10 +42,11 @@ TEST(ChargeForm1, TakesItsStepsInOrder) {
 TEST(ChargeForm1, LeavesAnUnmodifiedEmptyFileInItsOwnOrder) {
   StartMachine m;
   m.Charge();
-  EXPECT_FALSE(m.state.FichierModifie);
-  EXPECT_EQ(m.state.SqlCourant, "SELECT * FROM TALPENA ORDER BY Counter");
-  EXPECT_TRUE(m.state.NomFichier.empty());
-  EXPECT_FALSE(m.state.Data1.EstLie()) << "the first command that fills the table binds it";
+  EXPECT_FALSE(m.state.document.FichierModifie());
+  EXPECT_EQ(m.state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY Counter");
+  EXPECT_TRUE(m.state.document.Fichier.NomFichier.empty());
+  EXPECT_FALSE(m.state.document.Data1.EstLie())
+      << "the first command that fills the table binds it";
   EXPECT_FALSE(m.vue.menusActifs);
   EXPECT_FALSE(m.vue.sablier);
 }
@@ -113,7 +113,7 @@ TEST(ChargeForm1, AnErrorEndsTheLoadInSilenceWhereItStands) {
     EXPECT_TRUE(m.dialogues.boxes.empty()) << "no message";
     EXPECT_TRUE(m.vue.sablier) << "the hourglass stays";
     EXPECT_FALSE(m.shell.termine) << "the process goes on";
-    EXPECT_TRUE(m.state.NomFichier.empty());
+    EXPECT_TRUE(m.state.document.Fichier.NomFichier.empty());
   }
 }
 
@@ -122,7 +122,7 @@ TEST(ChargeForm1, AnErrorKeepsWhatWasDoneBefore) {
   m.engine.failures = {ErrorNumber::PathFileAccess};
   m.Charge();
   EXPECT_EQ(m.state.WorkingDbPath, "/tmp/talpena_tmp.mdb");
-  EXPECT_EQ(m.state.WorkingDb, nullptr);
+  EXPECT_EQ(m.state.document.WorkingDb, nullptr);
   EXPECT_FALSE(m.AFait("CreateTable TALPENA"));
 }
 
@@ -164,7 +164,7 @@ TEST(ChargeForm1, EndsTheProcessWithoutADatumCatalogue) {
 TEST(ChargeForm1, AMissingFileOfTheCommandLineLeavesTheMenusEnabled) {
   StartMachine m;
   m.Charge("/data/missing.deg");
-  EXPECT_EQ(m.state.NomFichier, "/data/missing.deg");
+  EXPECT_EQ(m.state.document.Fichier.NomFichier, "/data/missing.deg");
   ASSERT_EQ(m.dialogues.boxes.size(), 1U);
   EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
   EXPECT_EQ(m.dialogues.boxes[0].icon, Icon::Stop);
@@ -194,7 +194,7 @@ TEST(LigneDeCommande, QuotesReachTheReaderAsTheyStand) {
   StartMachine m;
   m.files.Pose("/data/my moles.deg", "there");
   m.Charge(LigneDeCommande(quoted));
-  EXPECT_EQ(m.state.NomFichier, "\"/data/my moles.deg\"");
+  EXPECT_EQ(m.state.document.Fichier.NomFichier, "\"/data/my moles.deg\"");
   ASSERT_EQ(m.dialogues.boxes.size(), 1U);
   EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
 }

@@ -22,18 +22,18 @@ TEST(MnuQuitter, SavesTheSettingsOfTheWindowAndEnds) {
 
 TEST(MnuQuitter, CancelStaysInTheProgram) {
   StartMachine m;
-  m.state.FichierModifie = true;
+  test::MarqueModifie(m.state.document);
   m.dialogues.answers = {Answer::Cancel};
   MnuQuitter_Click(m.contexte);
   EXPECT_FALSE(m.shell.termine);
   EXPECT_TRUE(m.settings.written.empty());
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
 }
 
 TEST(MnuQuitter, NoDiscardsTheRows) {
   StartMachine m;
-  m.state.FichierModifie = true;
-  m.state.NomFichier = "/data/a.deg";
+  test::MarqueModifie(m.state.document);
+  m.state.document.Fichier.NomFichier = "/data/a.deg";
   m.files.Pose("/data/a.deg", "before");
   m.dialogues.answers = {Answer::No};
   MnuQuitter_Click(m.contexte);
@@ -53,7 +53,7 @@ TEST(MnuQuitter, AStoreThatRefusesKeepsNobodyInTheProgram) {
 
 TEST(Form1Unload, CancelSkipsTheSettingsAndLosesTheChanges) {
   StartMachine m;
-  m.state.FichierModifie = true;
+  test::MarqueModifie(m.state.document);
   m.dialogues.answers = {Answer::Cancel};
   Form1_Unload(m.contexte);
   EXPECT_TRUE(m.settings.written.empty());
@@ -101,7 +101,7 @@ TEST(MnuLang, IsStoredAtQuitOnly) {
   StartMachine m;
   MnuLang_Click(m.contexte, 5);
   EXPECT_TRUE(m.settings.written.empty());
-  m.state.FichierModifie = false;
+  m.state.document.OublieModifications();
   MnuQuitter_Click(m.contexte);
   EXPECT_EQ(m.settings.values["TALPENA/LANGUAGE/LANGUAGE"], "5000");
 }

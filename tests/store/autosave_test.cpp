@@ -17,9 +17,9 @@ TEST_F(Autosave, SavesAtTheIntervalWithoutABackup) {
   Modifie();
   Timer1_Timer(context);
   Timer1_Timer(context);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   Timer1_Timer(context);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_EQ(state.CompteurTimer, 0);
   EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
 }
@@ -36,7 +36,7 @@ TEST_F(Autosave, StandsStillWhileItIsOff) {
   Modifie();
   Timer1_Timer(context);
   EXPECT_EQ(state.CompteurTimer, 2);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(Autosave, AnIntervalBelowTheCounterIsPassedUntilItWraps) {
@@ -44,18 +44,18 @@ TEST_F(Autosave, AnIntervalBelowTheCounterIsPassedUntilItWraps) {
   state.CompteurTimer = 4;
   Timer1_Timer(context);
   EXPECT_EQ(state.CompteurTimer, 5);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   state.CompteurTimer = 32767;
   Timer1_Timer(context);
   EXPECT_EQ(state.CompteurTimer, -32768);
   state.CompteurTimer = 2;
   Timer1_Timer(context);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(Autosave, WithoutANameOpensTheDialog) {
   Modifie();
-  state.NomFichier.clear();
+  state.document.Fichier.NomFichier.clear();
   state.CompteurTimer = 2;
   dialogues.paths = {""};
   Timer1_Timer(context);

@@ -12,13 +12,12 @@ namespace talpena::test {
 struct CoordsWorld : World {
   CoordsWorld() {
     state.Catalogue = CatalogueDesSources();
-    state.DatumFichierCode = "WGS84";
-    state.DatumFichier = state.Catalogue.DatumWgs84;
-    vue.grilleVisible = true;
+    Entete(state.document)->DatumFichierCode = "WGS84";
+    Entete(state.document)->DatumFichier = state.Catalogue.DatumWgs84;
     state.Silence = true;
   }
 
-  CommandContext Contexte() { return {state, io, vue}; }
+  CommandContext Contexte() { return context; }
 
   struct Row {
     std::string datum, original;  ///< "" is Null
@@ -27,7 +26,7 @@ struct CoordsWorld : World {
 
   /// Puts rows into the table and shows them, as a file that was just opened.
   void Montre(const std::vector<Row>& rows) {
-    auto table = state.WorkingDb->OpenRecordset("TALPENA");
+    auto table = state.document.WorkingDb->OpenRecordset("TALPENA");
     for (const Row& row : rows) {
       table->AddNew();
       const auto set = [&](int field, const std::string& text) {
@@ -40,10 +39,8 @@ struct CoordsWorld : World {
       set(Column::COMMENT, row.comment);
       table->Update();
     }
-    state.Data1.Lie(*state.WorkingDb);
-    state.Data1.RecordSource = state.SqlCourant;
-    state.Data1.Refresh();
-    state.FichierModifie = false;
+    state.document.RelieSqlCourant();
+    state.document.OublieModifications();
   }
 
   /// "50.5 4.25" of every row, in file order; Null as "-".
@@ -53,7 +50,8 @@ struct CoordsWorld : World {
  private:
   std::vector<std::string> Colonnes(const std::vector<int>& fields) {
     std::vector<std::string> all;
-    const auto rows = state.WorkingDb->OpenRecordset("SELECT * FROM TALPENA ORDER BY Counter");
+    const auto rows =
+        state.document.WorkingDb->OpenRecordset("SELECT * FROM TALPENA ORDER BY Counter");
     for (; !rows->EOF_(); rows->MoveNext()) {
       std::string line;
       for (const int field : fields) {

@@ -72,7 +72,7 @@ std::string EtatNouveau() {
   Monde monde;
   Remplit(monde, rowCount);
   const std::string path = monde.folder / "new.deg";
-  EcritDeg(monde.state, monde.io, monde.vue, path, WriteMode::Rows);
+  EcritDeg(monde.context, path, WriteMode::Rows);
   return LitFichier(path);
 }
 
@@ -106,7 +106,7 @@ int TueATousLesArrets(const Scenario& scenario, int step = 1) {
       Remplit(monde, rowCount);
       if (scenario.refused) monde.Ajoute({.period = 1});
       monde.dialogues.answers = {Answer::No, Answer::No};
-      monde.state.NomFichier = path;
+      monde.state.document.Fichier.NomFichier = path;
       ArreteToi();
       scenario.save(monde, path);
       _exit(0);
@@ -151,7 +151,7 @@ TEST(CrashSave, SaveWithoutABackupBefore) {
 
 TEST(CrashSave, SaveOverTheFileAlone) {
   Verifie({.prepare = PoseDegEtBak, .save = [](Monde& monde, const std::string& path) {
-             EcritDeg(monde.state, monde.io, monde.vue, path, WriteMode::Rows);
+             EcritDeg(monde.context, path, WriteMode::Rows);
            }});
 }
 
@@ -186,10 +186,8 @@ TEST(CrashSave, ARefusedSave) {
 
 TEST(CrashSave, ARefusedSaveOverTheFileAlone) {
   Verifie({.prepare = PoseDegEtBak,
-           .save =
-               [](Monde& monde, const std::string& path) {
-                 EcritDeg(monde.state, monde.io, monde.vue, path, WriteMode::Rows);
-               },
+           .save = [](Monde& monde,
+                      const std::string& path) { EcritDeg(monde.context, path, WriteMode::Rows); },
            .refused = true});
 }
 
@@ -197,7 +195,7 @@ TEST(CrashSave, TwoRefusedSavesInARow) {
   Verifie({.prepare = PoseDegEtBak,
            .save =
                [](Monde& monde, const std::string& path) {
-                 EcritDeg(monde.state, monde.io, monde.vue, path, WriteMode::Rows);
+                 EcritDeg(monde.context, path, WriteMode::Rows);
                  MnuEnregistrer_Click(monde.context);
                },
            .refused = true});

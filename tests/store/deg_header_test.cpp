@@ -4,7 +4,6 @@
 
 #include "common/talpena_error.h"
 #include "fakes/memory_input.h"
-#include "fakes/silent_view.h"
 #include "store/free_fields.h"
 
 namespace talpena {
@@ -16,7 +15,7 @@ class DegHeader : public ::testing::Test {
     for (const char* code : {"WGS84", "EUR-M", "NTF  "}) {
       DatumRecord datum;
       datum.code = code;
-      state.Catalogue.Datums.push_back(datum);
+      catalogue.Datums.push_back(datum);
     }
   }
 
@@ -25,7 +24,7 @@ class DegHeader : public ::testing::Test {
   }
   void Lit(std::string_view bytes) {
     DegLines lines = Ouvre(bytes);
-    LitEnTete(state, vue, lines);
+    LitEnTete(entete, catalogue, lines);
   }
   template <typename Read>
   static std::pair<int, std::string> Echec(Read&& read) {
@@ -38,11 +37,11 @@ class DegHeader : public ::testing::Test {
   }
   std::string Refus(std::string_view bytes) {
     DegLines lines = Ouvre(bytes);
-    return RefusDeFusion(state, lines);
+    return RefusDeFusion(entete, lines);
   }
 
-  StoreState state;
-  test::SilentView vue;
+  DatumCatalogue catalogue;
+  DistributionHeader entete;
 };
 
 TEST_F(DegHeader, KnowsForm2ByItsFirstEightCharacters) {
@@ -56,74 +55,74 @@ TEST_F(DegHeader, KnowsForm2ByItsFirstEightCharacters) {
 
 TEST_F(DegHeader, TakesDatumFieldsAndTitle) {
   Lit("NTF,rest\r\n;\r\nA, b ,12,4\r\nC,d\xE9,x\r\n<END>\r\nThe title\r\n");
-  EXPECT_EQ(state.DatumFichierCode, "NTF");
-  EXPECT_EQ(state.DatumFichier, 3);
-  EXPECT_EQ(state.FreeFieldSeparator, ";");
-  EXPECT_EQ(state.FreeFieldText, ";\r\nA, b ,12,4\r\nC,d\xC3\xA9,x");
-  ASSERT_EQ(state.FreeFieldCount, 2);
-  EXPECT_EQ(state.FreeFieldDefs[0].Code, "A");
-  EXPECT_EQ(state.FreeFieldDefs[0].Label, " b ") << "items are not trimmed";
-  EXPECT_EQ(state.FreeFieldDefs[0].Width, 12);
-  EXPECT_EQ(state.FreeFieldDefs[1].Label, "d\xC3\xA9");
-  EXPECT_EQ(state.FreeFieldDefs[1].Width, 0);
-  EXPECT_EQ(state.TitreFichier, "The title");
+  EXPECT_EQ(entete.DatumFichierCode, "NTF");
+  EXPECT_EQ(entete.DatumFichier, 3);
+  EXPECT_EQ(entete.FreeFieldSeparator, ";");
+  EXPECT_EQ(entete.FreeFieldText, ";\r\nA, b ,12,4\r\nC,d\xC3\xA9,x");
+  ASSERT_EQ(entete.FreeFieldCount, 2);
+  EXPECT_EQ(entete.FreeFieldDefs[0].Code, "A");
+  EXPECT_EQ(entete.FreeFieldDefs[0].Label, " b ") << "items are not trimmed";
+  EXPECT_EQ(entete.FreeFieldDefs[0].Width, 12);
+  EXPECT_EQ(entete.FreeFieldDefs[1].Label, "d\xC3\xA9");
+  EXPECT_EQ(entete.FreeFieldDefs[1].Width, 0);
+  EXPECT_EQ(entete.TitreFichier, "The title");
 }
 
 TEST_F(DegHeader, GivesAnUnknownDatumNoIndex) {
   Lit("XYZ\r\n<END>\r\nT\r\n");
-  EXPECT_EQ(state.DatumFichierCode, "XYZ");
-  EXPECT_EQ(state.DatumFichier, 0);
+  EXPECT_EQ(entete.DatumFichierCode, "XYZ");
+  EXPECT_EQ(entete.DatumFichier, 0);
 }
 
 TEST_F(DegHeader, SkipsBlankLinesAmongTheDefinitions) {
   Lit("NTF\r\n/\r\n\r\na,b,1\r\n   \r\n<END>\r\nT\r\n");
-  EXPECT_EQ(state.FreeFieldText, "/\r\na,b,1");
-  EXPECT_EQ(state.FreeFieldCount, 1);
+  EXPECT_EQ(entete.FreeFieldText, "/\r\na,b,1");
+  EXPECT_EQ(entete.FreeFieldCount, 1);
 }
 
 TEST_F(DegHeader, TakesASlashForAnEmptySeparator) {
   Lit("NTF\r\n\r\na,b,1\r\n<END>\r\nT\r\n");
-  EXPECT_EQ(state.FreeFieldSeparator, "/");
-  EXPECT_EQ(state.FreeFieldText, "\r\na,b,1");
+  EXPECT_EQ(entete.FreeFieldSeparator, "/");
+  EXPECT_EQ(entete.FreeFieldText, "\r\na,b,1");
   Lit("NTF\r\n,\r\na,b,1\r\n<END>\r\nT\r\n");
-  EXPECT_EQ(state.FreeFieldSeparator, "/") << "a comma ends the token";
+  EXPECT_EQ(entete.FreeFieldSeparator, "/") << "a comma ends the token";
 }
 
 TEST_F(DegHeader, EndsTheBlockAtAnyCase) {
   Lit("NTF\r\n/\r\na,b,1\r\n<End>\r\nT\r\n");
-  EXPECT_EQ(state.FreeFieldCount, 1);
-  EXPECT_EQ(state.TitreFichier, "T");
+  EXPECT_EQ(entete.FreeFieldCount, 1);
+  EXPECT_EQ(entete.TitreFichier, "T");
 }
 
 TEST_F(DegHeader, CountsNoFieldsWithoutDefinitions) {
-  state.FreeFieldDefs = {{"l", "c", 1}};
-  state.FreeFieldCount = 1;
+  entete.FreeFieldDefs = {{"l", "c", 1}};
+  entete.FreeFieldCount = 1;
   Lit("NTF\r\n/\r\n<END>\r\nT\r\n");
-  EXPECT_EQ(state.FreeFieldCount, 0);
-  EXPECT_TRUE(state.FreeFieldDefs.empty());
+  EXPECT_EQ(entete.FreeFieldCount, 0);
+  EXPECT_TRUE(entete.FreeFieldDefs.empty());
 }
 
 TEST_F(DegHeader, KeepsTheLayoutForAFileWithoutFreeFields) {
   Lit("NTF\r\n;\r\na,b,1\r\n<END>\r\nT\r\n");
   Lit("WGS84\r\n<END>\r\nU\r\n");
-  EXPECT_EQ(state.FreeFieldSeparator, ";");
-  EXPECT_EQ(state.FreeFieldCount, 1);
-  EXPECT_EQ(state.FreeFieldDefs.size(), 1U);
-  EXPECT_EQ(state.DatumFichierCode, "WGS84");
-  EXPECT_EQ(state.TitreFichier, "U");
+  EXPECT_EQ(entete.FreeFieldSeparator, ";");
+  EXPECT_EQ(entete.FreeFieldCount, 1);
+  EXPECT_EQ(entete.FreeFieldDefs.size(), 1U);
+  EXPECT_EQ(entete.DatumFichierCode, "WGS84");
+  EXPECT_EQ(entete.TitreFichier, "U");
 }
 
 TEST_F(DegHeader, TakesAnEndMarkInLowerCaseBehindTheDatumForTheSeparator) {
   Lit("NTF\r\n<end>\r\na,b,1\r\n<END>\r\nT\r\n");
-  EXPECT_EQ(state.FreeFieldSeparator, "<end>");
-  EXPECT_EQ(state.FreeFieldCount, 1);
+  EXPECT_EQ(entete.FreeFieldSeparator, "<end>");
+  EXPECT_EQ(entete.FreeFieldCount, 1);
 }
 
 TEST_F(DegHeader, ReplacesTheDefinitionsOfTheFileBefore) {
   Lit("NTF\r\n/\r\na,b,1\r\nc,d,2\r\ne,f,3\r\n<END>\r\nT\r\n");
   Lit("NTF\r\n/\r\nx,y,9\r\n<END>\r\nT\r\n");
-  ASSERT_EQ(state.FreeFieldDefs.size(), 1U);
-  EXPECT_EQ(state.FreeFieldDefs[0].Code, "x");
+  ASSERT_EQ(entete.FreeFieldDefs.size(), 1U);
+  EXPECT_EQ(entete.FreeFieldDefs[0].Code, "x");
 }
 
 TEST_F(DegHeader, RefusesADefinitionOfTwoItems) {
@@ -132,7 +131,7 @@ TEST_F(DegHeader, RefusesADefinitionOfTwoItems) {
   EXPECT_EQ(text,
             "Line 4: A field definition needs a code, a label and a width, with commas between "
             "them: \"c,d\"");
-  EXPECT_EQ(state.FreeFieldCount, 0) << "no count without its definitions";
+  EXPECT_EQ(entete.FreeFieldCount, 0) << "no count without its definitions";
 }
 
 TEST_F(DegHeader, RefusesAWidthBeyond16Bits) {
@@ -144,7 +143,7 @@ TEST_F(DegHeader, RefusesMoreFieldsThan16BitsCount) {
   std::string bytes = "NTF\r\n/\r\n";
   for (int i = 0; i < 32767; ++i) bytes += "a,b,1\r\n";
   Lit(bytes + "<END>\r\nT\r\n");
-  EXPECT_EQ(state.FreeFieldCount, 32767);
+  EXPECT_EQ(entete.FreeFieldCount, 32767);
   for (int i = 32767; i < 1'000'000; ++i) bytes += "a,b,1\r\n";
   const auto [number, text] = Echec([&] { Lit(bytes + "<END>\r\nT\r\n"); });
   EXPECT_EQ(number, ErrorNumber::Overflow);
@@ -172,17 +171,17 @@ TEST_F(DegHeader, RaisesTheEndOfTheFileAtEachOfItsLines) {
 TEST_F(DegHeader, OfAMergedFileGivesTextAndTitleOnly) {
   Lit("NTF\r\n;\r\na,b,1\r\n<END>\r\nT\r\n");
   DegLines lines = Ouvre("WGS84\r\n/\r\n\r\nx,y\r\n<end>\r\nU\r\n");
-  LitEnTeteFusion(state, lines);
-  EXPECT_EQ(state.FreeFieldText, "/\r\n\r\nx,y") << "blank lines and all";
-  EXPECT_EQ(state.TitreFichier, "U");
-  EXPECT_EQ(state.DatumFichierCode, "NTF");
-  EXPECT_EQ(state.FreeFieldSeparator, ";");
-  EXPECT_EQ(state.FreeFieldCount, 1);
+  LitEnTeteFusion(entete, lines);
+  EXPECT_EQ(entete.FreeFieldText, "/\r\n\r\nx,y") << "blank lines and all";
+  EXPECT_EQ(entete.TitreFichier, "U");
+  EXPECT_EQ(entete.DatumFichierCode, "NTF");
+  EXPECT_EQ(entete.FreeFieldSeparator, ";");
+  EXPECT_EQ(entete.FreeFieldCount, 1);
 }
 
 TEST_F(DegHeader, OfAMergedFileWithoutFieldsRunsIntoItsEnd) {
   DegLines lines = Ouvre("WGS84\r\n<END>\r\nT\r\nrow\r\nrow\r\n");
-  EXPECT_EQ(Echec([&] { LitEnTeteFusion(state, lines); }).first, ErrorNumber::InputPastEnd);
+  EXPECT_EQ(Echec([&] { LitEnTeteFusion(entete, lines); }).first, ErrorNumber::InputPastEnd);
 }
 
 TEST_F(DegHeader, ComparesTheDatumTrimmedAndInAnyCase) {

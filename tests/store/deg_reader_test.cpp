@@ -32,7 +32,7 @@ class LitDegTest : public ::testing::Test {
   }
   std::vector<std::string> LignesLiees() {
     std::vector<std::string> all;
-    const auto rows = state.Data1.Clone();
+    const auto rows = state.document.Data1.Clone();
     for (rows->MoveFirst(); !rows->EOF_(); rows->MoveNext()) {
       all.push_back(test::World::Texte(*rows));
     }
@@ -41,7 +41,7 @@ class LitDegTest : public ::testing::Test {
   /// What is put back behind every load, whether it succeeds or not.
   void ExpectFerme() {
     EXPECT_EQ(world.files.ouverts, 0) << "the file is closed";
-    EXPECT_FALSE(state.WorkingDb->EnTransaction());
+    EXPECT_FALSE(state.document.WorkingDb->EnTransaction());
     EXPECT_FALSE(world.vue.barre);
     EXPECT_FALSE(world.vue.sablier);
     EXPECT_EQ(world.vue.message, "") << "the wait window is closed";
@@ -51,50 +51,51 @@ class LitDegTest : public ::testing::Test {
 // ---- what a load takes over
 
 TEST_F(LitDegTest, TakesForm2Over) {
-  state.FichierModifie = true;
+  test::MarqueModifie(state.document);
   world.Charge(EnTete2("NTF", oneField, "Talpa inventa", "no comment") + Rangee("1", "a/b") +
                Rangee("2"));
   EXPECT_EQ(world.Boites(), Texts{});
   EXPECT_EQ(world.Lignes(), (Texts{RangeeLue("1", "a/b"), RangeeLue("2", "/")}));
   EXPECT_EQ(LignesLiees(), world.Lignes());
-  EXPECT_EQ(state.DatumFichierCode, "NTF");
-  EXPECT_EQ(state.DatumFichier, 3);
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "NTF");
+  EXPECT_EQ(state.document.Entete().DatumFichier, 3);
   EXPECT_EQ(world.vue.panneauDatum, "NTF");
-  EXPECT_EQ(state.FreeFieldText, "/\r\nSTAT.TOPO,Toponyme,50");
-  EXPECT_EQ(state.FreeFieldCount, 1);
-  EXPECT_EQ(state.TitreFichier, "Talpa inventa");
-  EXPECT_EQ(state.CommentaireFichier, "no comment");
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "/\r\nSTAT.TOPO,Toponyme,50");
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 1);
+  EXPECT_EQ(state.document.Entete().TitreFichier, "Talpa inventa");
+  EXPECT_EQ(state.document.Entete().Commentaire, "no comment");
   EXPECT_EQ(world.vue.boxTitre, "Talpa inventa");
   EXPECT_EQ(world.vue.commentaire, "no comment");
-  EXPECT_EQ(state.NbPivots, 2);
-  EXPECT_EQ(state.Pivot1, 1950);
-  EXPECT_EQ(state.Pivot2, 1990);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_EQ(state.document.Entete().NbPivots, 2);
+  EXPECT_EQ(state.document.Entete().Pivot1, 1950);
+  EXPECT_EQ(state.document.Entete().Pivot2, 1990);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_EQ(world.vue.titre, "Talpena - /data/f.deg");
   EXPECT_TRUE(world.vue.titresVisibles);
   EXPECT_TRUE(world.vue.grilleVisible);
   EXPECT_EQ(state.LastFiles[0], "/data/f.deg");
-  EXPECT_EQ(state.NomFichier, "") << "the caller's affair";
+  EXPECT_EQ(state.document.Fichier.NomFichier, "") << "the caller's affair";
   ExpectFerme();
 }
 
 TEST_F(LitDegTest, TakesForm1Over) {
-  state.DatumFichierCode = "ARS-M";
-  state.FreeFieldCount = 1;
-  state.FreeFieldDefs = {{"l", "c", 1}};
+  test::Entete(state.document)->DatumFichierCode = "ARS-M";
+  test::Entete(state.document)->FreeFieldCount = 1;
+  test::Entete(state.document)->FreeFieldDefs = {{"l", "c", 1}};
   world.Charge(FinEnTete("Old title") + Rangee("1", "remark") +
                "1K+42.73309   5.77569\r\nFIN DU FICHIER\r\n" + Rangee("9"));
   EXPECT_EQ(world.Boites(), Texts{});
   EXPECT_EQ(world.Lignes(),
             (Texts{RangeeLue("1", "remark"),
                    "1|42.73309|5.77569|0|0|F|EUR-M|deg +42.73309 5.77569|2004/07/01|"}));
-  EXPECT_EQ(state.DatumFichierCode, "ARS-M") << "a form 1 file has none of its own";
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "ARS-M")
+      << "a form 1 file has none of its own";
   EXPECT_EQ(world.vue.panneauDatum, "ARS-M");
   EXPECT_GE(Rang("RecalculeCoordonnees"), 0);
-  EXPECT_EQ(state.FreeFieldCount, 0);
-  EXPECT_EQ(state.FreeFieldText, "");
-  EXPECT_EQ(state.TitreFichier, "Old title");
-  EXPECT_TRUE(state.FichierModifie) << "a bare point got coordinates";
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 0);
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "");
+  EXPECT_EQ(state.document.Entete().TitreFichier, "Old title");
+  EXPECT_TRUE(state.document.FichierModifie()) << "a bare point got coordinates";
   ExpectFerme();
 }
 
@@ -108,7 +109,7 @@ TEST_F(LitDegTest, DecodesTheCodePage) {
             "Fran\xC3\xA7"
             "ais \xE2\x82\xAC");
   EXPECT_EQ(world.vue.commentaire, "\xE2\x80\xA2");
-  EXPECT_EQ(state.FreeFieldDefs.at(0).Label, "Localit\xC3\xA9");
+  EXPECT_EQ(state.document.Entete().FreeFieldDefs.at(0).Label, "Localit\xC3\xA9");
   EXPECT_EQ(world.Lignes(), Texts{RangeeLue("1", "\xC3\xA9t\xC3\xA9/\xC5\x93")});
 }
 
@@ -136,7 +137,7 @@ TEST_F(LitDegTest, ReadsAHeaderWithoutRows) {
   world.Charge(EnTete2());
   EXPECT_EQ(world.Boites(), Texts{});
   EXPECT_EQ(world.Lignes(), Texts{});
-  EXPECT_TRUE(state.Data1.EstLie());
+  EXPECT_TRUE(state.document.Data1.EstLie());
   EXPECT_EQ(world.vue.progression, (std::vector<int>{0, 100}));
 }
 
@@ -145,23 +146,23 @@ TEST_F(LitDegTest, ReplacesTheRowsAndGoesOnCounting) {
   world.Charge(EnTete2() + Rangee("3"));
   EXPECT_EQ(world.Lignes(), Texts{RangeeLue("3")});
   EXPECT_EQ(LignesLiees(), Texts{RangeeLue("3")});
-  const auto rows = state.WorkingDb->OpenRecordset("TALPENA");
+  const auto rows = state.document.WorkingDb->OpenRecordset("TALPENA");
   EXPECT_EQ(rows->Get("Counter").integer, 3);
 }
 
 TEST_F(LitDegTest, KeepsTheSort) {
-  state.SqlCourant = "SELECT * FROM TALPENA ORDER BY  [N1] DESC";
+  state.document.ChangeOrdre({4, Direction::Descending});
   world.Charge(EnTete2() + Rangee("1") + Rangee("3") + Rangee("2"));
   EXPECT_EQ(LignesLiees(), (Texts{RangeeLue("3"), RangeeLue("2"), RangeeLue("1")}));
-  EXPECT_EQ(state.Data1.RecordSource, state.SqlCourant);
+  EXPECT_EQ(state.document.Data1.RecordSource, state.document.SqlCourant());
 }
 
 TEST_F(LitDegTest, PadsRowsOfAFileWithoutFieldsWithThoseOfTheFileBefore) {
   world.Charge(EnTete2("WGS84", oneField) + Rangee("1", "a/b"));
   world.Charge(EnTete2("WGS84") + Rangee("2", "remark"));
   EXPECT_EQ(world.Lignes(), Texts{RangeeLue("2", "/remark")});
-  EXPECT_EQ(state.FreeFieldCount, 1);
-  EXPECT_EQ(state.FreeFieldText, "");
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 1);
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "");
 }
 
 TEST_F(LitDegTest, ShowsItsStepsInOrder) {
@@ -176,9 +177,8 @@ TEST_F(LitDegTest, ShowsItsStepsInOrder) {
   const int grid = Rang("AjusteGrille");
   const int closed = Rang("FermeMessage");
   const int focus = Rang("PlaceFocusGrille");
-  const int recent = Rang("AfficheDerniersFichiers");
-  const std::vector<int> order = {0,     title, message, datum, box,   comment,
-                                  shown, grid,  closed,  focus, recent};
+  const std::vector<int> order = {0,       title, message, datum,  box,
+                                  comment, shown, grid,    closed, focus};
   EXPECT_EQ(title, 0);
   EXPECT_TRUE(std::is_sorted(order.begin(), order.end()))
       << ::testing::PrintToString(world.vue.calls);
@@ -194,24 +194,25 @@ TEST_F(LitDegTest, MovesTheProgressBarAtEachTenth) {
 TEST_F(LitDegTest, RunsTheMessageLoopForBarePointsOnly) {
   world.Charge(EnTete2() + Rangee() + Rangee());
   EXPECT_EQ(Rang("TraiteMessages"), -1);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   world.Charge(EnTete2() + Rangee() + "1K+ 4.50000\r\n\r\n");
   EXPECT_EQ(std::count(world.vue.calls.begin(), world.vue.calls.end(), "TraiteMessages"), 2);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(LitDegTest, KeepsTheStampOfTheFileThatItRead) {
   world.Charge(EnTete2() + Rangee());
-  EXPECT_EQ(state.EmpreinteFichier, world.files.Empreinte("/data/f.deg"));
+  EXPECT_EQ(state.document.Fichier.EmpreinteFichier, world.files.Empreinte("/data/f.deg"));
   world.files.Pose("/data/f.deg", "changed by another program");
-  EXPECT_NE(state.EmpreinteFichier, world.files.Empreinte("/data/f.deg"));
+  EXPECT_NE(state.document.Fichier.EmpreinteFichier, world.files.Empreinte("/data/f.deg"));
 }
 
 TEST_F(LitDegTest, TellsWhoShowsTheRows) {
   int refreshed = 0;
-  state.Data1.Ecoute([&](DataControl::Change change) {
-    if (change == DataControl::Change::Rows) ++refreshed;
-  });
+  const Subscription observed =
+      test::ObserveLignes(state.document, [&](DataControl::Change change) {
+        if (change == DataControl::Change::Rows) ++refreshed;
+      });
   world.Charge(EnTete2() + Rangee());
   EXPECT_EQ(refreshed, 1) << "the first file binds the grid at its end";
   world.Charge(EnTete2() + Rangee());
@@ -227,18 +228,18 @@ TEST_F(LitDegTest, OffersStandardFieldsToAForm1File) {
   ASSERT_EQ(world.dialogues.boxes.size(), 1U);
   EXPECT_EQ(world.dialogues.boxes[0].text, Texte(1000, MsgId::ChampsStandard));
   EXPECT_EQ(world.dialogues.boxes[0].buttons, Buttons::YesNo);
-  EXPECT_EQ(state.FreeFieldText, ";\r\na,b,1\r\nc,d,2");
-  EXPECT_EQ(state.FreeFieldCount, 2);
+  EXPECT_EQ(state.document.Entete().FreeFieldText, ";\r\na,b,1\r\nc,d,2");
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 2);
   EXPECT_EQ(world.Lignes(), Texts{RangeeLue("1", ";;remark")});
 }
 
 TEST_F(LitDegTest, LeavesAForm1FileWithoutFieldsOnNo) {
   world.files.Pose("/app/standard.hdr", ";\r\na,b,1\r\n");
   world.dialogues.answers = {Answer::No};
-  state.FreeFieldCount = 3;
+  test::Entete(state.document)->FreeFieldCount = 3;
   world.Charge(FinEnTete() + Rangee("1", "remark"));
-  EXPECT_EQ(state.FreeFieldCount, 0);
-  EXPECT_EQ(state.FreeFieldText, "");
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 0);
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "");
   EXPECT_EQ(world.Lignes(), Texts{RangeeLue("1", "remark")});
 }
 
@@ -253,8 +254,8 @@ TEST_F(LitDegTest, DoesNotOfferThemToForm2OrToAMerge) {
 
 TEST_F(LitDegTest, MergesAFileOfTheSameLayout) {
   world.Charge(EnTete2("WGS84", oneField, "One", "first") + Rangee("1", "a/b"));
-  const auto stamp = state.EmpreinteFichier;
-  state.NomFichier = "/data/f.deg";
+  const auto stamp = state.document.Fichier.EmpreinteFichier;
+  state.document.Fichier.NomFichier = "/data/f.deg";
   world.Charge(EnTete2("wgs84", oneField, "Two", "second") + Rangee("2", "c/d"), MergeMode::Merge,
                "/data/g.deg");
   EXPECT_EQ(world.Boites(), Texts{});
@@ -263,10 +264,11 @@ TEST_F(LitDegTest, MergesAFileOfTheSameLayout) {
   EXPECT_EQ(world.vue.boxTitre, "One - Two");
   EXPECT_EQ(world.vue.commentaire, "first-second");
   EXPECT_EQ(world.vue.titre, "Talpena - /data/g.deg");
-  EXPECT_EQ(state.NomFichier, "/data/f.deg");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_EQ(state.document.Fichier.NomFichier, "/data/f.deg");
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_EQ(state.LastFiles[0], "/data/g.deg");
-  EXPECT_EQ(state.EmpreinteFichier, stamp) << "the open file is still the first one";
+  EXPECT_EQ(state.document.Fichier.EmpreinteFichier, stamp)
+      << "the open file is still the first one";
   ExpectFerme();
 }
 
@@ -275,7 +277,7 @@ TEST_F(LitDegTest, KeepsThePeriodsOnAMerge) {
   std::string bytes = EnTete2("WGS84", oneField);
   bytes.replace(bytes.find("1950"), 4, "1960");
   world.Charge(bytes, MergeMode::Merge);
-  EXPECT_EQ(state.Pivot1, 1950);
+  EXPECT_EQ(state.document.Entete().Pivot1, 1950);
 }
 
 TEST_F(LitDegTest, RefusesAMergeOfAnotherDatum) {
@@ -288,9 +290,9 @@ TEST_F(LitDegTest, RefusesAMergeOfAnotherDatum) {
   EXPECT_EQ(world.sound.bips, 1);
   EXPECT_EQ(world.Lignes().size(), 1U);
   EXPECT_EQ(world.vue.calls, Texts{}) << "the window shows nothing of it";
-  EXPECT_EQ(state.FreeFieldText, "") << "a refused merge empties it";
-  EXPECT_EQ(state.FreeFieldCount, 1);
-  EXPECT_EQ(state.DatumFichierCode, "WGS84");
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "") << "a refused merge empties it";
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 1);
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "WGS84");
   ExpectFerme();
 }
 
@@ -302,7 +304,7 @@ TEST_F(LitDegTest, RefusesAMergeOfOtherFields) {
             "Field definition not compatible with current file!\r\nSTAT.TOPO,Lieu,50");
   EXPECT_EQ(world.dialogues.boxes[0].icon, Icon::Stop);
   EXPECT_EQ(world.Lignes().size(), 1U);
-  EXPECT_EQ(state.FreeFieldText, "");
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "");
   ExpectFerme();
 }
 
@@ -313,18 +315,18 @@ TEST_F(LitDegTest, MergesForm1WithoutAnyTest) {
   EXPECT_EQ(world.Lignes(), (Texts{RangeeLue("1", "a/b"), RangeeLue("2", "/remark")}));
   EXPECT_EQ(Rang("RecalculeCoordonnees"), -1);
   EXPECT_EQ(world.vue.boxTitre, "Title - Old");
-  EXPECT_EQ(state.DatumFichierCode, "NTF");
-  EXPECT_EQ(state.FreeFieldText, "");
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "NTF");
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "");
 }
 
 TEST_F(LitDegTest, TakesDatumAndFieldsOfTheMergedFileWhereThereWereNone) {
   world.Charge(EnTete2("WGS84") + Rangee("1", "remark"));
   world.Charge(EnTete2("NTF", oneField) + Rangee("2", "c/d"), MergeMode::Merge);
   EXPECT_EQ(world.Lignes(), (Texts{RangeeLue("1", "remark"), RangeeLue("2", "c/d")}));
-  EXPECT_EQ(state.DatumFichierCode, "NTF");
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "NTF");
   EXPECT_EQ(world.vue.panneauDatum, "NTF");
-  EXPECT_EQ(state.FreeFieldCount, 1);
-  EXPECT_EQ(state.FreeFieldText, "/\r\nSTAT.TOPO,Toponyme,50");
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 1);
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "/\r\nSTAT.TOPO,Toponyme,50");
 }
 
 TEST_F(LitDegTest, CannotMergeAForm2FileWithoutFields) {
@@ -334,7 +336,7 @@ TEST_F(LitDegTest, CannotMergeAForm2FileWithoutFields) {
   ASSERT_EQ(boxes.size(), 1U);
   EXPECT_EQ(boxes[0].rfind("Input past end of file", 0), 0U) << boxes[0];
   EXPECT_EQ(world.Lignes(), Texts{RangeeLue("1", "a/b")});
-  EXPECT_EQ(state.FreeFieldText, "/\r\nSTAT.TOPO,Toponyme,50") << "put back";
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "/\r\nSTAT.TOPO,Toponyme,50") << "put back";
   EXPECT_EQ(state.LastFiles[0], "/data/f.deg");
   EXPECT_EQ(world.vue.boxTitre, "Title");
   ExpectFerme();
@@ -344,8 +346,8 @@ TEST_F(LitDegTest, KeepsTheDatumWhenAMergeFailsInTheHeader) {
   world.Charge(EnTete2("WGS84") + Rangee("1"));
   world.Charge(EnTete2("NTF") + Rangee("2"), MergeMode::Merge);
   EXPECT_EQ(world.Boites().size(), 1U);
-  EXPECT_EQ(state.DatumFichierCode, "WGS84") << "the rows still stand on it";
-  EXPECT_EQ(state.DatumFichier, 1);
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "WGS84") << "the rows still stand on it";
+  EXPECT_EQ(state.document.Entete().DatumFichier, 1);
   EXPECT_EQ(world.vue.panneauDatum, "WGS84");
 }
 
@@ -353,13 +355,13 @@ TEST_F(LitDegTest, KeepsTheDatumWhenAMergeFailsInTheHeader) {
 
 TEST_F(LitDegTest, SaysThatThereIsNoFile) {
   world.Charge(EnTete2() + Rangee("1"));
-  state.FreeFieldText = "kept";
+  test::Entete(state.document)->FreeFieldText = "kept";
   world.vue.calls.clear();
-  LitDeg(state, world.io, world.vue, "\"/data/f.deg\"", MergeMode::Replace);
+  LitDeg(world.context, "\"/data/f.deg\"", MergeMode::Replace);
   ASSERT_EQ(world.dialogues.boxes.size(), 1U);
   EXPECT_EQ(world.dialogues.boxes[0].text, "File not found");
   EXPECT_EQ(world.dialogues.boxes[0].icon, Icon::Stop);
-  EXPECT_EQ(state.FreeFieldText, "kept");
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "kept");
   EXPECT_EQ(world.vue.calls, Texts{});
   EXPECT_EQ(world.Lignes().size(), 1U);
 }
@@ -439,7 +441,7 @@ TEST_F(LitDegTest, KeepsTheRowsBeforeARefusedOne) {
   EXPECT_EQ(boxes[0].rfind("Line 11: ", 0), 0U) << boxes[0];
   EXPECT_EQ(world.Lignes(), (Texts{RangeeLue("1"), RangeeLue("2")}));
   EXPECT_EQ(LignesLiees(), world.Lignes()) << "the grid shows what stayed";
-  EXPECT_FALSE(state.EmpreinteFichier.has_value());
+  EXPECT_FALSE(state.document.Fichier.EmpreinteFichier.has_value());
   ExpectFerme();
   world.Charge(EnTete2() + Rangee("5"));
   EXPECT_EQ(world.Lignes(), Texts{RangeeLue("5")});
@@ -478,7 +480,7 @@ TEST_F(LitDegTest, KeepsTheRowsOfTheTableWhenAMergeFailsMidway) {
 }
 
 TEST_F(LitDegTest, SaysThatThereIsNoWorkingDatabase) {
-  world.state.WorkingDb.reset();
+  world.state.document.WorkingDb.reset();
   world.Charge(EnTete2() + Rangee("1"));
   EXPECT_EQ(world.Boites(), Texts{"The working database is not open."});
 }

@@ -9,7 +9,7 @@ class DegWriter : public testing::Test, protected Monde {
  protected:
   std::string path = folder / "a.deg";
 
-  void Ecrit(WriteMode mode = WriteMode::Rows) { EcritDeg(state, io, vue, path, mode); }
+  void Ecrit(WriteMode mode = WriteMode::Rows) { EcritDeg(context, path, mode); }
   std::vector<std::string> LignesEcrites() {
     Ecrit();
     return Lignes(LitFichier(path));
@@ -23,14 +23,14 @@ class DegWriter : public testing::Test, protected Monde {
 };
 
 TEST_F(DegWriter, WritesTheWholeFile) {
-  state.DatumFichierCode = "WGS84";
-  state.FreeFieldText =
+  Entete(state.document)->DatumFichierCode = "WGS84";
+  Entete(state.document)->FreeFieldText =
       "/\r\nSTAT.TOPO,Toponyme,Nom du lieu-dit,50\r\nSTAT.LOCA,Localité,Nom de la localité,50";
-  state.NbPivots = 2;
-  state.Pivot1 = 1950;
-  state.Pivot2 = 1980;
-  vue.boxTitre = "Talpa inventa – Ardennes";
-  vue.commentaire = "Invented records";
+  Entete(state.document)->NbPivots = 2;
+  Entete(state.document)->Pivot1 = 1950;
+  Entete(state.document)->Pivot2 = 1980;
+  Entete(state.document)->BoxTitre = "Talpa inventa – Ardennes";
+  Entete(state.document)->Commentaire = "Invented records";
   AjouteToutes(Rangee{1, 50.5, 4.25, 12, 0, "F", "WGS84", "deg 50.5 4.25", "1931/05/02",
                       "Dourbes/Viroinval/seen by two"},
                Rangee{2, -0.000001, -0.00001, 0, 0, {}, {}, {}, {}, "//"},
@@ -40,15 +40,14 @@ TEST_F(DegWriter, WritesTheWholeFile) {
                Rangee{3, 50.5, 4.25, 123456, -7, "W", "NTF", "grp 53.5 2.1", "1999/12/31", "/"});
   Ecrit();
   EXPECT_EQ(LitFichier(path), LitFichier(TALPENA_SOURCE_DIR "/tests/data/save_rows.deg"));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_TRUE(dialogues.boxes.empty());
 }
 
 TEST_F(DegWriter, FollowsTheGridsOrder) {
   AjouteToutes(Rangee{.period = 1, .latitude = 5, .longitude = 1},
                Rangee{.period = 1, .latitude = 9, .longitude = 1});
-  state.SqlCourant = "SELECT * FROM TALPENA ORDER BY [LATITUDE] DESC";
-  Relit();
+  MontreSelect(state.document, "SELECT * FROM TALPENA ORDER BY [LATITUDE] DESC");
   const auto rows = RangeesEcrites();
   ASSERT_EQ(rows.size(), 2U);
   EXPECT_EQ(rows[0].substr(2, 9), "+ 9.00000");
@@ -59,25 +58,25 @@ TEST_F(DegWriter, LeavesTheGridsRowAlone) {
   AjouteToutes(Rangee{.period = 1, .latitude = 5, .longitude = 1},
                Rangee{.period = 1, .latitude = 9, .longitude = 1});
   Relit();
-  state.Data1.recordset().MoveNext();
+  state.document.Data1.recordset().MoveNext();
   Ecrit();
-  EXPECT_EQ(state.Data1.recordset().AbsolutePosition(), 1);
+  EXPECT_EQ(state.document.Data1.recordset().AbsolutePosition(), 1);
 }
 
 TEST_F(DegWriter, AnEmptyTableWritesNothing) {
   EcritFichier(path, "old");
-  state.FichierModifie = true;
+  MarqueModifie(state.document);
   Ecrit();
   EXPECT_EQ(LitFichier(path), "old");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_TRUE(vue.calls.empty());
   EXPECT_EQ(sound.bips, 0);
 }
 
 TEST_F(DegWriter, ATableThatIsNotBoundWritesNothing) {
   StoreState fresh;
-  EcritDeg(fresh, io, vue, path, WriteMode::Rows);
-  EcritDeg(fresh, io, vue, path, WriteMode::Grouped);
+  EcritDeg({fresh, io, vue, vue, vue}, path, WriteMode::Rows);
+  EcritDeg({fresh, io, vue, vue, vue}, path, WriteMode::Grouped);
   EXPECT_TRUE(folder.Noms().empty());
   EXPECT_TRUE(dialogues.boxes.empty());
 }
@@ -85,7 +84,7 @@ TEST_F(DegWriter, ATableThatIsNotBoundWritesNothing) {
 TEST_F(DegWriter, RowsThatHoldOnlyACounterVanish) {
   for (int i = 0; i < 10; ++i) Ajoute({});
   EXPECT_TRUE(RangeesEcrites().empty());
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(DegWriter, ARowWithOneValueIsWritten) {
@@ -97,13 +96,13 @@ TEST_F(DegWriter, ARowWithOneValueIsWritten) {
 TEST_F(DegWriter, AnEmptyTitleBecomesThreeBlanks) {
   Ajoute({.latitude = 1, .longitude = 2});
   EXPECT_EQ(LignesEcrites().at(3), "   ");
-  vue.boxTitre = " ";
+  Entete(state.document)->BoxTitre = " ";
   EXPECT_EQ(LignesEcrites().at(3), " ");
 }
 
 TEST_F(DegWriter, TheCommentStandsTwice) {
   Ajoute({.latitude = 1, .longitude = 2});
-  vue.commentaire = "été";
+  Entete(state.document)->Commentaire = "été";
   const auto lines = LignesEcrites();
   EXPECT_EQ(lines.at(4), "\xE9t\xE9");
   EXPECT_EQ(lines.at(7), "\xE9t\xE9");
@@ -112,7 +111,7 @@ TEST_F(DegWriter, TheCommentStandsTwice) {
 TEST_F(DegWriter, AnUnknownNumberOfPivotsLeavesThePeriodLineOut) {
   Ajoute({.latitude = 1, .longitude = 2});
   EXPECT_EQ(LignesEcrites().size(), 9U);
-  state.NbPivots = 3;
+  Entete(state.document)->NbPivots = 3;
   EXPECT_EQ(LignesEcrites().size(), 8U);
 }
 
@@ -144,11 +143,11 @@ TEST_F(DegWriter, BeepsWhenItIsDoneUnlessSilent) {
 TEST_F(DegWriter, RemembersTheOpenFileAsItWroteIt) {
   Ajoute({.latitude = 1, .longitude = 2});
   Ecrit();
-  EXPECT_FALSE(state.EmpreinteFichier.has_value());  // not the open file
-  state.NomFichier = path;
+  EXPECT_FALSE(state.document.Fichier.EmpreinteFichier.has_value());  // not the open file
+  state.document.Fichier.NomFichier = path;
   Ecrit();
-  EXPECT_EQ(state.EmpreinteFichier, files->Empreinte(path));
-  EXPECT_TRUE(state.EmpreinteFichier.has_value());
+  EXPECT_EQ(state.document.Fichier.EmpreinteFichier, files->Empreinte(path));
+  EXPECT_TRUE(state.document.Fichier.EmpreinteFichier.has_value());
 }
 
 TEST_F(DegWriter, WorksInALanguageWithoutTexts) {
@@ -200,7 +199,6 @@ TEST_F(GroupedSave, CountsTheFirstRowOnce) {
 TEST_F(GroupedSave, SkipsAFirstRowThatIsAllNull) {
   AjouteToutes(Rangee{}, Rangee{}, Rangee{.period = 1, .latitude = 1, .longitude = 2, .n1 = 3},
                Rangee{.period = 1, .latitude = 1, .longitude = 2, .n1 = 4});
-  vue.cellules.assign(10, "");
   const auto rows = Groupes();
   ASSERT_EQ(rows.size(), 1U);
   EXPECT_EQ(rows[0].substr(21, 5), "    7");
@@ -296,11 +294,11 @@ TEST_F(GroupedSave, KeepsItsOrderInTheGridButNotInSqlCourant) {
   AjouteToutes(Rangee{.period = 2, .latitude = 1, .longitude = 2},
                Rangee{.period = 1, .latitude = 1, .longitude = 2});
   Ecrit(WriteMode::Grouped);
-  EXPECT_EQ(state.Data1.RecordSource,
+  EXPECT_EQ(state.document.Data1.RecordSource,
             "SELECT * FROM TALPENA ORDER BY [PERIOD], [LATITUDE], [LONGITUDE]");
-  EXPECT_EQ(state.SqlCourant, "SELECT * FROM TALPENA ORDER BY Counter");
-  EXPECT_EQ(state.Data1.recordset().Get(Column::PERIOD).integer, 1);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_EQ(state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY Counter");
+  EXPECT_EQ(state.document.Data1.recordset().Get(Column::PERIOD).integer, 1);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(GroupedSave, ASumBeyond32BitsIsAFailureThatKeepsTheSumSoFar) {

@@ -8,13 +8,13 @@ namespace talpena::test {
 namespace {
 
 struct DupliqueLigneTest : ::testing::Test, World {
-  void Montre() {
-    state.Data1.Lie(*state.WorkingDb);
-    state.Data1.RecordSource = state.SqlCourant;
-    state.Data1.Refresh();
+  void Montre() { state.document.RelieSqlCourant(); }
+  Bookmark Duplique() {
+    Edition edition(state.document, "a test");
+    return DupliqueLigne(state.document, edition);
   }
   void Ajoute(std::initializer_list<std::pair<const char*, Cell>> values) {
-    auto rows = state.WorkingDb->OpenRecordset("TALPENA");
+    auto rows = state.document.WorkingDb->OpenRecordset("TALPENA");
     rows->AddNew();
     for (const auto& [name, value] : values) rows->Set(name, value);
     rows->Update();
@@ -33,11 +33,11 @@ TEST_F(DupliqueLigneTest, CopiesAllButTheCounter) {
           {"DATE", Cell::Of("1998/07/14")},
           {"COMMENT", Cell::Of("à l'étang\nsous écorce")}});
   Montre();
-  const Bookmark added = DupliqueLigne(state);
+  const Bookmark added = Duplique();
   const auto lines = Lignes();
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[1], lines[0]);
-  const auto rows = state.Data1.Clone();
+  const auto rows = state.document.Data1.Clone();
   rows->SetBookmark(added);
   EXPECT_EQ(rows->Get("Counter").integer, 2);
 }
@@ -45,18 +45,17 @@ TEST_F(DupliqueLigneTest, CopiesAllButTheCounter) {
 TEST_F(DupliqueLigneTest, KeepsNullAndEmptyTextApart) {
   Ajoute({{"SEX", Cell::Of("")}});
   Montre();
-  DupliqueLigne(state);
+  Duplique();
   EXPECT_EQ(Lignes()[1], "-|-|-|-|-||-|-|-|-");
 }
 
 TEST_F(DupliqueLigneTest, StandsAtTheEndInAnyOrderAndStaysThere) {
   for (const std::int64_t period : {1, 2, 3}) Ajoute({{"PERIOD", Cell::Of(period)}});
-  state.SqlCourant = "SELECT * FROM TALPENA WHERE PERIOD < 3 ORDER BY [PERIOD] DESC";
-  Montre();
-  Recordset& shown = state.Data1.recordset();
+  MontreSelect(state.document, "SELECT * FROM TALPENA WHERE PERIOD < 3 ORDER BY [PERIOD] DESC");
+  Recordset& shown = state.document.Data1.recordset();
   shown.MoveLast();
   const Bookmark current = shown.GetBookmark();
-  const Bookmark added = DupliqueLigne(state);
+  const Bookmark added = Duplique();
   EXPECT_EQ(shown.GetBookmark(), current);
   EXPECT_EQ(shown.RecordCount(), 3);
   shown.MoveLast();
@@ -67,7 +66,7 @@ TEST_F(DupliqueLigneTest, StandsAtTheEndInAnyOrderAndStaysThere) {
 TEST_F(DupliqueLigneTest, NeedsACurrentRow) {
   Montre();
   try {
-    DupliqueLigne(state);
+    Duplique();
     ADD_FAILURE() << "a row came back";
   } catch (const TalpenaError& e) {
     EXPECT_EQ(e.number(), ErrorNumber::NoCurrentRecord);

@@ -39,12 +39,12 @@ constexpr ErasedCase erased[] = {
 TEST_F(EraseColumn, EmptiesTheFieldOfTheTable) {
   for (const ErasedCase& c : erased) {
     SCOPED_TRACE(c.name);
-    state.WorkingDb->Execute("DELETE FROM TALPENA");
-    state.FichierModifie = false;
+    state.document.WorkingDb->Execute("DELETE FROM TALPENA");
+    state.document.OublieModifications();
     Ouvre(3);
     Efface(c.column, c.column);
     EXPECT_EQ(Lignes()[0], c.row);
-    EXPECT_TRUE(state.FichierModifie);
+    EXPECT_TRUE(state.document.FichierModifie());
     EXPECT_EQ(dialogues.boxes.size(), 1U) << "the question only";
     dialogues.boxes.clear();
   }
@@ -53,7 +53,7 @@ TEST_F(EraseColumn, EmptiesTheFieldOfTheTable) {
 TEST_F(EraseColumn, EmptiesItInEveryRow) {
   Ouvre(5);
   Efface(4, 4);
-  const auto rows = state.Data1.Clone();
+  const auto rows = state.document.Data1.Clone();
   for (rows->MoveFirst(); !rows->EOF_(); rows->MoveNext()) EXPECT_EQ(rows->Get("N2").integer, 0);
   EXPECT_EQ(N1(), (Numbers{1, 2, 3, 4, 5}));
 }
@@ -62,7 +62,7 @@ TEST_F(EraseColumn, EmptiesItInEveryRow) {
 TEST_F(EraseColumn, TheSexAndDatumColumnsEndInTheEnginesErrorWithNothingChanged) {
   for (const int column : {5, 6}) {
     SCOPED_TRACE(column);
-    state.WorkingDb->Execute("DELETE FROM TALPENA");
+    state.document.WorkingDb->Execute("DELETE FROM TALPENA");
     Ouvre(3);
     sound.bips = 0;
     Efface(column, column);
@@ -72,8 +72,8 @@ TEST_F(EraseColumn, TheSexAndDatumColumnsEndInTheEnginesErrorWithNothingChanged)
                                            "' cannot be a zero-length string.");
     EXPECT_EQ(dialogues.boxes[1].icon, Icon::Exclamation);
     EXPECT_EQ(Lignes()[0], before);
-    EXPECT_FALSE(state.FichierModifie);
-    EXPECT_FALSE(state.WorkingDb->EnTransaction());
+    EXPECT_FALSE(state.document.FichierModifie());
+    EXPECT_FALSE(state.document.WorkingDb->EnTransaction());
     EXPECT_FALSE(vue.barre);
     EXPECT_FALSE(vue.sablier);
     EXPECT_FALSE(vue.grilleGelee);
@@ -86,7 +86,7 @@ TEST_F(EraseColumn, SeveralColumnsWithOneThatIsRefusedChangeNothing) {
   Efface(3, 6);
   EXPECT_EQ(dialogues.boxes.size(), 2U);
   EXPECT_EQ(Lignes()[0], before);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(EraseColumn, SeveralColumnsAtOnce) {
@@ -107,7 +107,7 @@ TEST_F(EraseColumn, AsksWithNoAsItsDefault) {
   EXPECT_EQ(dialogues.boxes[0].defaultButton, Answer::No);
   EXPECT_EQ(sound.bips, 1);
   EXPECT_EQ(Lignes()[0], before);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(EraseColumn, SilenceIsKept) {
@@ -128,16 +128,16 @@ TEST_F(EraseColumn, WithoutAChosenColumnTheCurrentOneIsChosen) {
 
 TEST_F(EraseColumn, KeepsToTheRowsOfAFilterAndAppliesItAnew) {
   Ouvre();
-  Montre("SELECT * FROM TALPENA WHERE N1 > 3");
+  state.document.MontreLignes(RowsShown::Filtrees("N1 > 3"));
   Efface(3, 3);
   EXPECT_EQ(N1(), Numbers()) << "no row meets the filter any more";
-  Montre(state.SqlCourant);
+  Montre(state.document.SqlCourant());
   EXPECT_EQ(N1(), (Numbers{1, 2, 3, 0, 0}));
 }
 
 TEST_F(EraseColumn, StaysOnTheCurrentRowInTheNewOrder) {
   Ouvre();
-  ChangeTri(state, 4, true);
+  ChangeTri(state.document, 4, true);
   Va(1);
   ASSERT_EQ(Ici(), 4);
   Efface(3, 3);

@@ -17,7 +17,7 @@ class FileCommands : public testing::Test, protected Monde {
   void PoseFichier(const std::string& name, int rows) {
     Monde other;
     for (int i = 0; i < rows; ++i) other.Ajoute({.period = 1, .latitude = i, .longitude = i});
-    EcritDeg(other.state, other.io, other.vue, name, WriteMode::Rows);
+    EcritDeg(other.context, name, WriteMode::Rows);
   }
   void OuvreA(int rows) {
     PoseFichier(path, rows);

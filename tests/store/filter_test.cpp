@@ -14,34 +14,36 @@ class Filter : public testing::Test, protected Monde {
     for (int i = 1; i <= 5; ++i) Ajoute({.period = 1, .n1 = i});
     Relit();
   }
-  void Filtre(const std::string& condition) { state.Data1.ChangeSource(SourceFiltree(condition)); }
+  void Filtre(const std::string& condition) {
+    state.document.MontreLignes(RowsShown::Filtrees(condition));
+  }
 };
 
 TEST_F(Filter, IsOffOverTheTable) {
-  for (const char* source :
-       {"TALPENA", "SELECT * FROM TALPENA", "SELECT * FROM TALPENA ORDER BY Counter ASC"}) {
-    state.Data1.ChangeSource(source);
-    EXPECT_FALSE(FiltreActif(state.Data1)) << source;
-    EXPECT_EQ(ConditionDuFiltre(state.Data1), "");
-    EXPECT_EQ(TexteFiltre(state), "");
+  for (const RowsShown& rows :
+       {RowsShown::Table(), RowsShown::Toutes(), RowsShown::Dans({0, Direction::Ascending})}) {
+    state.document.MontreLignes(rows);
+    EXPECT_FALSE(state.document.FiltreActif()) << rows.Source();
+    EXPECT_EQ(state.document.LignesMontrees().Condition(), "");
+    EXPECT_EQ(TexteFiltre(state.document, state.Langue), "");
   }
-  EXPECT_FALSE(FiltreActif(DataControl{}));
+  EXPECT_FALSE(Document().FiltreActif());
 }
 
 TEST_F(Filter, IsItsConditionAsItWasTyped) {
   Filtre("N1 > 2  ");
-  EXPECT_EQ(state.Data1.RecordSource, "SELECT * FROM TALPENA WHERE N1 > 2  ");
-  EXPECT_TRUE(FiltreActif(state.Data1));
-  EXPECT_EQ(ConditionDuFiltre(state.Data1), "N1 > 2  ");
+  EXPECT_EQ(state.document.Data1.RecordSource, "SELECT * FROM TALPENA WHERE N1 > 2  ");
+  EXPECT_TRUE(state.document.FiltreActif());
+  EXPECT_EQ(state.document.LignesMontrees().Condition(), "N1 > 2  ");
 }
 
 TEST_F(Filter, IsSaidInPlainWords) {
   Filtre("N1 > 2");
-  EXPECT_EQ(TexteFiltre(state), "3 of 5 rows shown");
+  EXPECT_EQ(TexteFiltre(state.document, state.Langue), "3 of 5 rows shown");
   Filtre("N1 > 99");
-  EXPECT_EQ(TexteFiltre(state), "0 of 5 rows shown");
+  EXPECT_EQ(TexteFiltre(state.document, state.Langue), "0 of 5 rows shown");
   state.Langue = 3000;
-  EXPECT_EQ(TexteFiltre(state), "0 von 5 Zeilen angezeigt");
+  EXPECT_EQ(TexteFiltre(state.document, state.Langue), "0 von 5 Zeilen angezeigt");
 }
 
 TEST_F(Filter, CountsWithGroupedDigits) {
@@ -52,42 +54,42 @@ TEST_F(Filter, CountsWithGroupedDigits) {
 
 TEST_F(Filter, FollowsRowsThatComeAndGo) {
   Filtre("N1 > 2");
-  state.Data1.Clone()->Delete();
-  EXPECT_EQ(TexteFiltre(state), "2 of 4 rows shown");
+  state.document.Data1.Clone()->Delete();
+  EXPECT_EQ(TexteFiltre(state.document, state.Langue), "2 of 4 rows shown");
   Ajoute({.n1 = 9});
-  EXPECT_EQ(TexteFiltre(state), "3 of 5 rows shown");
+  EXPECT_EQ(TexteFiltre(state.document, state.Langue), "3 of 5 rows shown");
 }
 
 TEST_F(Filter, KeepsTheCurrentRowWhenItIsStillShown) {
-  state.Data1.recordset().MoveLast();
+  state.document.Data1.recordset().MoveLast();
   Filtre("N1 > 2");
-  EXPECT_EQ(state.Data1.recordset().Get("N1").integer, 5);
+  EXPECT_EQ(state.document.Data1.recordset().Get("N1").integer, 5);
   Filtre("N1 < 3");
-  EXPECT_EQ(state.Data1.recordset().Get("N1").integer, 1);
+  EXPECT_EQ(state.document.Data1.recordset().Get("N1").integer, 1);
 }
 
 TEST_F(Filter, ARefusedConditionLeavesSourceAndRows) {
   Filtre("N1 > 2");
   EXPECT_THROW(Filtre("N1 >"), TalpenaError);
-  EXPECT_EQ(ConditionDuFiltre(state.Data1), "N1 > 2");
+  EXPECT_EQ(state.document.LignesMontrees().Condition(), "N1 > 2");
   EXPECT_EQ(NombreLignes(), 3);
 }
 
 TEST_F(Filter, IsLaidAsideForTheWholeTableAndComesBack) {
   Filtre("N1 > 2");
   {
-    const TableEntiere whole(state.Data1);
+    const TableEntiere whole(state.document);
     EXPECT_EQ(NombreLignes(), 5);
-    state.WorkingDb->Execute("UPDATE TALPENA SET N1 = 0 WHERE N1 = 5");
+    state.document.WorkingDb->Execute("UPDATE TALPENA SET N1 = 0 WHERE N1 = 5");
   }
-  EXPECT_EQ(ConditionDuFiltre(state.Data1), "N1 > 2");
+  EXPECT_EQ(state.document.LignesMontrees().Condition(), "N1 > 2");
   EXPECT_EQ(NombreLignes(), 2) << "over the rows as they are now";
 }
 
 TEST_F(Filter, LayingNoneAsideReadsNothingAnew) {
   int changes = 0;
-  state.Data1.Ecoute([&](DataControl::Change) { ++changes; });
-  { const TableEntiere whole(state.Data1); }
+  const Subscription observed = state.document.Observe([&](Changes) { ++changes; });
+  { const TableEntiere whole(state.document); }
   EXPECT_EQ(changes, 0);
 }
 

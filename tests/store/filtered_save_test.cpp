@@ -13,10 +13,12 @@ class FilteredSave : public FileCommands {
   FilteredSave() {
     OuvreA(5);
     Filtre("LATITUDE > 2");
-    state.FichierModifie = true;
+    MarqueModifie(state.document);
   }
-  void Filtre(const std::string& condition) { state.Data1.ChangeSource(SourceFiltree(condition)); }
-  void RetireFiltre() { state.Data1.ChangeSource(std::string(TouteLaTable)); }
+  void Filtre(const std::string& condition) {
+    state.document.MontreLignes(RowsShown::Filtrees(condition));
+  }
+  void RetireFiltre() { state.document.MontreLignes(RowsShown::Toutes()); }
   std::size_t LignesDuFichier(const std::string& name) {
     return Lignes(LitFichier(name)).size() - headLines;
   }
@@ -33,7 +35,7 @@ TEST_F(FilteredSave, SaveAsksFirstAndNoIsTheDefault) {
   EXPECT_EQ(sound.bips, 1);
   EXPECT_EQ(LignesDuFichier(path), 5U);
   EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(FilteredSave, YesWritesTheRowsShown) {
@@ -41,7 +43,7 @@ TEST_F(FilteredSave, YesWritesTheRowsShown) {
   MnuEnregistrer_Click(context);
   EXPECT_EQ(LignesDuFichier(path), 2U);
   EXPECT_EQ(LignesDuFichier(bak), 5U);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(FilteredSave, SaveAsAsksBeforeItsDialog) {
@@ -92,7 +94,7 @@ TEST_F(FilteredSave, GroupAndSaveWritesTheWholeTable) {
   MnuGrouper_Click(context);
   EXPECT_TRUE(dialogues.boxes.empty());
   EXPECT_EQ(LignesDuFichier(folder / "g.deg"), 5U);
-  EXPECT_FALSE(FiltreActif(state.Data1));
+  EXPECT_FALSE(state.document.FiltreActif());
 }
 
 TEST_F(FilteredSave, RowsLeftOutCountAsUnsavedOnceTheyAreShownAgain) {
@@ -114,14 +116,14 @@ TEST_F(FilteredSave, AnotherFileForgetsTheRowsLeftOut) {
   MnuEnregistrer_Click(context);
   dialogues.paths = {path};
   MnuOuvrir_Click(context);
-  EXPECT_FALSE(FiltreActif(state.Data1)) << "opening a file ends the filter";
+  EXPECT_FALSE(state.document.FiltreActif()) << "opening a file ends the filter";
   dialogues.boxes.clear();
   EXPECT_FALSE(CheckSauvegarde(context));
   Filtre("LATITUDE > 3");
   dialogues.answers = {Answer::Yes};
   MnuEnregistrer_Click(context);
   CreationNouveau(context, 3);
-  EXPECT_FALSE(FiltreActif(state.Data1));
+  EXPECT_FALSE(state.document.FiltreActif());
   dialogues.boxes.clear();
   EXPECT_FALSE(CheckSauvegarde(context));
   EXPECT_TRUE(dialogues.boxes.empty());
@@ -132,14 +134,14 @@ TEST_F(FilteredSave, TheAutomaticSaveWaitsUntilAllRowsAreShown) {
   state.SaveInterval = 3;
   for (int i = 0; i < 10; ++i) Timer1_Timer(context);
   EXPECT_EQ(LignesDuFichier(path), 5U);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_TRUE(dialogues.boxes.empty()) << "nobody is asked";
   RetireFiltre();
-  state.WorkingDb->Execute("DELETE FROM TALPENA WHERE LATITUDE = 0");
-  state.Data1.Refresh();
+  state.document.WorkingDb->Execute("DELETE FROM TALPENA WHERE LATITUDE = 0");
+  state.document.Data1.Refresh();
   Timer1_Timer(context);
   EXPECT_EQ(LignesDuFichier(path), 4U) << "with the first tick behind the filter";
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_EQ(state.CompteurTimer, 0);
 }
 
@@ -149,7 +151,7 @@ TEST_F(FilteredSave, MergingShowsAndSavesAllRows) {
   EcritFichier(folder / "b.deg", Remplace(bytes, "<END>", "/\r\nSTAT.TOPO,Place,50\r\n<END>"));
   dialogues.paths = {folder / "b.deg"};
   MnuFusionner_Click(context);
-  EXPECT_FALSE(FiltreActif(state.Data1));
+  EXPECT_FALSE(state.document.FiltreActif());
   EXPECT_EQ(NombreLignes(), 7);
   MnuEnregistrer_Click(context);
   EXPECT_EQ(LignesDuFichier(path), 7U + 2) << "with two lines of free fields in the header";

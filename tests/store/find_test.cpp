@@ -54,7 +54,7 @@ TEST_F(Find, AnEmptyAnswerEndsTheCommand) {
   Cherche("");
   EXPECT_EQ(Ici(), 3);
   EXPECT_TRUE(dialogues.boxes.empty());
-  EXPECT_FALSE(vue.suivantActif);
+  EXPECT_FALSE(state.RechercheAboutie);
   EXPECT_EQ(state.CritereCherche, "");
 }
 
@@ -120,7 +120,7 @@ TEST_F(Find, WhatStandsInNoRowIsToldAndTheRowStays) {
   EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::Ok);
   EXPECT_EQ(sound.bips, 1);
   EXPECT_EQ(Ici(), 4);
-  EXPECT_FALSE(vue.suivantActif);
+  EXPECT_FALSE(state.RechercheAboutie);
   EXPECT_FALSE(vue.sablier);
 }
 
@@ -138,16 +138,16 @@ TEST_F(Find, GoesToTheRowAndOffersNext) {
   NoteChangements();
   Cherche("here");
   EXPECT_EQ(Ici(), 2);
-  EXPECT_TRUE(vue.suivantActif);
+  EXPECT_TRUE(state.RechercheAboutie);
   EXPECT_EQ(changes, std::vector{DataControl::Change::Position});
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(Find, FollowsTheOrderOfTheGrid) {
   Ouvre();
   Pose(2, "COMMENT", "here");
   Pose(5, "COMMENT", "and here");
-  ChangeTri(state, 4, true);
+  ChangeTri(state.document, 4, true);
   EXPECT_EQ(Tous("here"), (Numbers{5, 2}));
 }
 
@@ -178,7 +178,7 @@ TEST_F(Find, NextWithoutASearchDoesNothing) {
 TEST_F(Find, TheSearchGoesOnInAnotherFile) {
   Ouvre();
   Cherche("seen");
-  state.WorkingDb->Execute("DELETE FROM TALPENA");
+  state.document.WorkingDb->Execute("DELETE FROM TALPENA");
   Ouvre(2);
   Suivant();
   EXPECT_EQ(Ici(), 2);
@@ -220,12 +220,10 @@ TEST_F(Find, BeforeAFileWasReadNothingIsFound) {
 
 TEST_F(Find, FindsRowsThatWereAddedBehindTheOthers) {
   Ouvre(3);
-  ChangeTri(state, 4, true);
-  const auto clone = state.Data1.Clone();
-  clone->AddNew();
-  clone->Set("COMMENT", Cell::Of(std::string_view("new")));
-  clone->Update();
-  state.Data1.SignaleLignes();
+  ChangeTri(state.document, 4, true);
+  Edition(state.document, "a test").AjouteLigne([](Recordset& row) {
+    row.Set("COMMENT", Cell::Of(std::string_view("new")));
+  });
   Cherche("new");
   EXPECT_TRUE(dialogues.boxes.empty());
   EXPECT_EQ(Rows().AbsolutePosition(), 3);

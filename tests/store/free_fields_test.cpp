@@ -12,35 +12,35 @@ TEST(ChampsLibres, BuiltInAreElevenLinesAsTheyStand) {
   EXPECT_EQ(lines[1], "STAT.LOCA,Localit\xC3\xA9,Nom de la localit\xC3\xA9,50");
   EXPECT_EQ(lines[5], "COND.MICR , Microsituation, Microsituation, 5");
   EXPECT_EQ(lines[10], "SPEC.COLL , Collection, Collection, 10");
-  StoreState state;
-  for (const auto line : lines) AjouteChampLibre(state, line);
-  CompteChampsLibres(state);
-  EXPECT_EQ(state.FreeFieldCount, 11);
-  for (const FreeFieldDef& field : state.FreeFieldDefs) EXPECT_EQ(field.Width, 0) << field.Code;
+  DistributionHeader entete;
+  for (const auto line : lines) AjouteChampLibre(entete, line);
+  CompteChampsLibres(entete);
+  EXPECT_EQ(entete.FreeFieldCount, 11);
+  for (const FreeFieldDef& field : entete.FreeFieldDefs) EXPECT_EQ(field.Width, 0) << field.Code;
 }
 
 TEST(ChampsLibres, HoldCodeLabelAndWidthOfALine) {
-  StoreState state;
-  AjouteChampLibre(state, " X.Y ,a label , 25 mm,9,8,7");
-  ASSERT_EQ(state.FreeFieldDefs.size(), 1U);
-  EXPECT_EQ(state.FreeFieldDefs[0].Code, " X.Y ");
-  EXPECT_EQ(state.FreeFieldDefs[0].Label, "a label ");
-  EXPECT_EQ(state.FreeFieldDefs[0].Width, 25);
-  EXPECT_EQ(state.FreeFieldCount, 0) << "counted by whoever adds the last one";
-  EXPECT_EQ(state.FreeFieldText, "");
+  DistributionHeader entete;
+  AjouteChampLibre(entete, " X.Y ,a label , 25 mm,9,8,7");
+  ASSERT_EQ(entete.FreeFieldDefs.size(), 1U);
+  EXPECT_EQ(entete.FreeFieldDefs[0].Code, " X.Y ");
+  EXPECT_EQ(entete.FreeFieldDefs[0].Label, "a label ");
+  EXPECT_EQ(entete.FreeFieldDefs[0].Width, 25);
+  EXPECT_EQ(entete.FreeFieldCount, 0) << "counted by whoever adds the last one";
+  EXPECT_EQ(entete.FreeFieldText, "");
 }
 
 TEST(ChampsLibres, NeedThreeItems) {
-  StoreState state;
+  DistributionHeader entete;
   for (const char* line : {"", "a", "a,b"}) {
     try {
-      AjouteChampLibre(state, line);
+      AjouteChampLibre(entete, line);
       ADD_FAILURE() << line;
     } catch (const TalpenaError& e) {
       EXPECT_EQ(e.number(), ErrorNumber::SubscriptOutOfRange);
     }
   }
-  EXPECT_NO_THROW(AjouteChampLibre(state, ",,"));
+  EXPECT_NO_THROW(AjouteChampLibre(entete, ",,"));
 }
 
 class StandardHdr : public ::testing::Test {
@@ -49,7 +49,9 @@ class StandardHdr : public ::testing::Test {
 
   void Lit(const std::string& bytes) {
     world.files.Pose("/app/standard.hdr", bytes);
-    LitStandardHdr(world.state, world.io, "/app/standard.hdr");
+    DistributionHeader entete;
+    LitStandardHdr(entete, world.files, "/app/standard.hdr");
+    *test::Entete(world.state.document).operator->() = entete;
   }
 };
 
@@ -61,20 +63,20 @@ TEST_F(StandardHdr, IsLookedForInTheFolderOfTheProgram) {
 
 TEST_F(StandardHdr, GivesSeparatorAndDefinitions) {
   for (const char* bytes : {";\r\na,b,1\r\nc,d\xE9,2,9\r\n", ";\na,b,1\nc,d\xE9,2,9"}) {
-    world.state.FreeFieldDefs = {{"old", "old", 1}};
+    test::Entete(world.state.document)->FreeFieldDefs = {{"old", "old", 1}};
     Lit(bytes);
-    EXPECT_EQ(world.state.FreeFieldSeparator, ";");
-    EXPECT_EQ(world.state.FreeFieldText, ";\r\na,b,1\r\nc,d\xC3\xA9,2,9");
-    EXPECT_EQ(world.state.FreeFieldCount, 2);
-    ASSERT_EQ(world.state.FreeFieldDefs.size(), 2U);
-    EXPECT_EQ(world.state.FreeFieldDefs[1].Label, "d\xC3\xA9");
+    EXPECT_EQ(world.state.document.Entete().FreeFieldSeparator, ";");
+    EXPECT_EQ(world.state.document.Entete().FreeFieldText, ";\r\na,b,1\r\nc,d\xC3\xA9,2,9");
+    EXPECT_EQ(world.state.document.Entete().FreeFieldCount, 2);
+    ASSERT_EQ(world.state.document.Entete().FreeFieldDefs.size(), 2U);
+    EXPECT_EQ(world.state.document.Entete().FreeFieldDefs[1].Label, "d\xC3\xA9");
   }
 }
 
 TEST_F(StandardHdr, WithoutDefinitionsGivesNoFields) {
   Lit("/\r\n");
-  EXPECT_EQ(world.state.FreeFieldCount, 0);
-  EXPECT_EQ(world.state.FreeFieldText, "/");
+  EXPECT_EQ(world.state.document.Entete().FreeFieldCount, 0);
+  EXPECT_EQ(world.state.document.Entete().FreeFieldText, "/");
 }
 
 TEST_F(StandardHdr, FailsWhenEmptyOrBroken) {

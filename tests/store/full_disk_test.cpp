@@ -12,9 +12,9 @@ class TinyDiskSave : public FileCommands {
     for (int i = 0; i < 300; ++i) {
       Ajoute({.period = 1, .latitude = i % 90, .longitude = -i, .comment = std::string(60, 'c')});
     }
-    EcritDeg(state, io, vue, path, WriteMode::Rows);
+    EcritDeg(context, path, WriteMode::Rows);
     whole = LitFichier(path);
-    state.NomFichier = path;
+    state.document.Fichier.NomFichier = path;
     Ajoute({.period = 2, .latitude = 1, .longitude = 1});
   }
 
@@ -27,9 +27,9 @@ class TinyDiskSave : public FileCommands {
     std::filesystem::remove(bak);
     EcritFichier(path, whole);
     disk.LaisseLibres(blocks);
-    state.FichierIncomplet.clear();
-    state.EmpreinteFichier.reset();
-    state.FichierModifie = true;
+    state.document.Fichier.FichierIncomplet.clear();
+    state.document.Fichier.EmpreinteFichier.reset();
+    MarqueModifie(state.document);
     dialogues.boxes.clear();
   }
 
@@ -51,7 +51,7 @@ TEST_F(TinyDiskSave, LeavesTheLastGoodStateWhereverTheDiskFills) {
     EXPECT_EQ(LitFichier(bak), whole);
     EXPECT_EQ(LitFichier(path).size(), blocks * disk.TailleBloc()) << "as far as the disk goes";
     EXPECT_EQ(disk.Noms(), (std::vector<std::string>{"a.BAK", "a.deg", "filler"}));
-    EXPECT_TRUE(state.FichierModifie);
+    EXPECT_TRUE(state.document.FichierModifie());
   }
 }
 
@@ -61,7 +61,7 @@ TEST_F(TinyDiskSave, SucceedsOnTheLastFreeBlock) {
   EXPECT_TRUE(Boites().empty());
   EXPECT_EQ(LitFichier(bak), whole);
   EXPECT_GT(LitFichier(path).size(), whole.size());
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(TinyDiskSave, GoesOnOnceTheUserMadeRoom) {
@@ -79,10 +79,10 @@ TEST_F(TinyDiskSave, GoesOnOnceTheUserMadeRoom) {
     std::string filler_;
   } maker(disk / "filler");
   Platform withRoom{*engine, *files, settings, maker, clock, environment, sound};
-  EcritDeg(state, withRoom, vue, path, WriteMode::Rows);
+  EcritDeg({state, withRoom, vue, vue, vue}, path, WriteMode::Rows);
   EXPECT_EQ(maker.boxes.size(), 2U);
   EXPECT_EQ(Lignes(LitFichier(path)).size(), 8U + 301U);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(TinyDiskSave, LeavesTheBackupWhereNoFileCanBeMade) {
@@ -96,13 +96,13 @@ TEST_F(TinyDiskSave, LeavesTheBackupWhereNoFileCanBeMade) {
   EXPECT_EQ(Boites(), std::vector<std::string>{full});
   EXPECT_EQ(LitFichier(bak), whole);
   EXPECT_FALSE(std::filesystem::exists(path));
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   std::filesystem::remove(disk / "n0");
   MnuEnregistrer_Click(context);  // nothing to move: the backup stays
   EXPECT_EQ(Boites().size(), 1U);
   EXPECT_EQ(LitFichier(bak), whole);
   EXPECT_EQ(Lignes(LitFichier(path)).size(), 8U + 301U);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 }  // namespace

@@ -16,7 +16,7 @@ class GridCommands : public ::testing::Test, protected World {
  protected:
   /// Rows with N1 = 1 to `count` and what else a test needs, bound as a file is.
   void Ouvre(int count = 5) {
-    const auto rows = state.WorkingDb->OpenRecordset("TALPENA");
+    const auto rows = state.document.WorkingDb->OpenRecordset("TALPENA");
     for (int n = 1; n <= count; ++n) {
       rows->AddNew();
       rows->Set("PERIOD", Cell::Of(std::int64_t{1}));
@@ -31,16 +31,12 @@ class GridCommands : public ::testing::Test, protected World {
       rows->Set("COMMENT", Cell::Of(std::string_view("seen")));
       rows->Update();
     }
-    state.Data1.Lie(*state.WorkingDb);
-    Montre(state.SqlCourant);
+    state.document.RelieSqlCourant();
   }
-  void Montre(const std::string& source) {
-    state.Data1.RecordSource = source;
-    state.Data1.Refresh();
-  }
+  void Montre(const std::string& source) { MontreSelect(state.document, source); }
   /// Changes a field of the row with this N1.
   void Pose(std::int64_t n1, std::string_view field, std::string_view value) {
-    const auto rows = state.Data1.Clone();
+    const auto rows = state.document.Data1.Clone();
     ASSERT_TRUE(rows->FindFirst("N1 = " + Str(n1)));
     rows->Edit();
     rows->Set(field, Cell::Of(value));
@@ -48,12 +44,12 @@ class GridCommands : public ::testing::Test, protected World {
   }
   void Va(std::int64_t position) { Rows().SetAbsolutePosition(position); }
 
-  Recordset& Rows() { return state.Data1.recordset(); }
+  Recordset& Rows() { return state.document.Data1.recordset(); }
   std::int64_t Ici() { return Rows().Get("N1").integer; }
   /// N1 of the rows that the grid shows, Null as 0.
   Numbers N1() {
     Numbers values;
-    const auto rows = state.Data1.Clone();
+    const auto rows = state.document.Data1.Clone();
     for (rows->MoveFirst(); !rows->EOF_(); rows->MoveNext()) {
       values.push_back(rows->Get("N1").integer);
     }
@@ -63,11 +59,12 @@ class GridCommands : public ::testing::Test, protected World {
     return static_cast<int>(std::count(vue.calls.begin(), vue.calls.end(), call));
   }
   void NoteChangements() {
-    state.Data1.Ecoute([this](DataControl::Change change) { changes.push_back(change); });
+    observed = ObserveLignes(state.document,
+                             [this](DataControl::Change change) { changes.push_back(change); });
   }
 
-  CommandContext context{state, io, vue};
   std::vector<DataControl::Change> changes;
+  Subscription observed;
 };
 
 }  // namespace talpena::test

@@ -28,14 +28,14 @@ TEST_F(ChangedFile, IsNotSavedOverWithoutAYes) {
   EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::YesNo);
   EXPECT_EQ(LitFichier(path), "somebody else's work");
   EXPECT_FALSE(fs::exists(bak));
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(ChangedFile, GoesToTheBackupOnYes) {
   dialogues.answers = {Answer::Yes};
   MnuEnregistrer_Click(context);
   EXPECT_EQ(LitFichier(bak), "somebody else's work");
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   Modifie();
   MnuEnregistrer_Click(context);  // ours again: nothing is asked
   EXPECT_EQ(dialogues.boxes.size(), 1U);
@@ -47,7 +47,7 @@ TEST_F(ChangedFile, IsAskedForByTheAutomaticSave) {
   dialogues.answers = {Answer::No};
   Timer1_Timer(context);
   EXPECT_EQ(LitFichier(path), "somebody else's work");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(ChangedFile, IsAskedForBeforeAnotherFileIsOpened) {
@@ -55,7 +55,7 @@ TEST_F(ChangedFile, IsAskedForBeforeAnotherFileIsOpened) {
   MnuOuvrir_Click(context);
   EXPECT_EQ(LitFichier(path), "somebody else's work");
   EXPECT_TRUE(dialogues.fileDialogs.empty());
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(ChangedFile, IsAskedForBySaveAsOnTheSameName) {
@@ -63,7 +63,7 @@ TEST_F(ChangedFile, IsAskedForBySaveAsOnTheSameName) {
   dialogues.answers = {Answer::No};
   MnuEnrSous_Click(context);
   EXPECT_EQ(LitFichier(path), "somebody else's work");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 // A file of which only a part could be read
@@ -105,7 +105,7 @@ TEST_F(PartlyReadFile, GoesToTheBackupOnYes) {
 TEST_F(PartlyReadFile, IsForgottenByNew) {
   dialogues.inputs = {"1"};
   MnuNouveau_Click(context);
-  EXPECT_FALSE(state.LecturePartielle);
+  EXPECT_FALSE(state.document.Fichier.LecturePartielle);
 }
 
 }  // namespace

@@ -35,8 +35,8 @@ TEST_F(NewCommand, ZeroAndCancelLeaveEverything) {
     MnuNouveau_Click(context);
     EXPECT_TRUE(dialogues.boxes.empty());
     EXPECT_EQ(NombreLignes(), 3);
-    EXPECT_EQ(state.NomFichier, path);
-    EXPECT_TRUE(state.FichierModifie);
+    EXPECT_EQ(state.document.Fichier.NomFichier, path);
+    EXPECT_TRUE(state.document.FichierModifie());
   }
 }
 
@@ -54,8 +54,8 @@ TEST_F(NewCommand, CancelInTheSaveQuestionLeavesEverything) {
   dialogues.answers = {Answer::Cancel};
   MnuNouveau_Click(context);
   EXPECT_EQ(NombreLignes(), 3);
-  EXPECT_EQ(state.NomFichier, path);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(NewCommand, TakesTheNumberThatItIsGiven) {
@@ -69,17 +69,18 @@ TEST_F(NewCommand, StartsAFileWithoutAName) {
   Modifie();
   dialogues.answers = {Answer::No};
   dialogues.inputs = {"2"};
-  vue.boxTitre = "old";
-  vue.commentaire = "kept";
+  Entete(state.document)->BoxTitre = "old";
+  Entete(state.document)->Commentaire = "kept";
+  vue.calls.clear();
   MnuNouveau_Click(context);
-  EXPECT_EQ(state.NomFichier, "");
-  EXPECT_FALSE(state.FichierModifie);
-  EXPECT_FALSE(state.EmpreinteFichier.has_value());
+  EXPECT_EQ(state.document.Fichier.NomFichier, "");
+  EXPECT_FALSE(state.document.FichierModifie());
+  EXPECT_FALSE(state.document.Fichier.EmpreinteFichier.has_value());
   EXPECT_EQ(vue.boxTitre, "");
   EXPECT_EQ(vue.commentaire, "kept");
-  EXPECT_EQ(state.Data1.RecordSource, "TALPENA");
-  EXPECT_EQ(state.Data1.recordset().AbsolutePosition(), 1);
-  EXPECT_TRUE(state.Data1.recordset().Get(Column::LATITUDE).EstNull());
+  EXPECT_EQ(state.document.Data1.RecordSource, "TALPENA");
+  EXPECT_EQ(state.document.Data1.recordset().AbsolutePosition(), 1);
+  EXPECT_TRUE(state.document.Data1.recordset().Get(Column::LATITUDE).EstNull());
   EXPECT_EQ(vue.calls, (std::vector<std::string>{"AjusteGrille", "ChangeBoxTitre", "MontreTitres",
                                                  "MontreOptionsPeriodes", "ActiveMenus"}));
 }
@@ -90,31 +91,32 @@ TEST_F(NewCommand, NouveauEnCoursHoldsWhileThePeriodsAreAsked) {
     explicit Watcher(StoreState& s) : state(s) {}
     StoreState& state;
     bool seen = false;
-    void MontreOptionsPeriodes() override { seen = state.NouveauEnCours; }
+    void MontreOptionsPeriodes() override { seen = state.document.NouveauEnCours; }
   } watcher(state);
-  CreationNouveau({state, io, watcher}, 1);
+  CreationNouveau({state, io, vue, vue, watcher}, 1);
   EXPECT_TRUE(watcher.seen);
-  EXPECT_FALSE(state.NouveauEnCours);
+  EXPECT_FALSE(state.document.NouveauEnCours);
 }
 
 TEST_F(NewCommand, WithoutStandardHdrTheDefinitionsFormOneLine) {
   CreationNouveau(context, 1);
-  EXPECT_EQ(state.FreeFieldCount, 11);
-  EXPECT_EQ(state.FreeFieldDefs.at(1).Label, "Localité");
-  EXPECT_EQ(state.FreeFieldSeparator, "/");
-  EXPECT_EQ(state.FreeFieldText.rfind("/\r\nSTAT.TOPO,Toponyme,Nom du lieu-dit,50STAT.LOCA,", 0),
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 11);
+  EXPECT_EQ(state.document.Entete().FreeFieldDefs.at(1).Label, "Localité");
+  EXPECT_EQ(state.document.Entete().FreeFieldSeparator, "/");
+  EXPECT_EQ(state.document.Entete().FreeFieldText.rfind(
+                "/\r\nSTAT.TOPO,Toponyme,Nom du lieu-dit,50STAT.LOCA,", 0),
             0U);
-  EXPECT_EQ(state.FreeFieldText.find("\r\n", 3), std::string::npos);
+  EXPECT_EQ(state.document.Entete().FreeFieldText.find("\r\n", 3), std::string::npos);
   EXPECT_TRUE(dialogues.boxes.empty());
 }
 
 TEST_F(NewCommand, SuchAFileReadsBackWithASingleFreeField) {
   CreationNouveau(context, 1);
   Ajoute({.period = 1, .latitude = 1, .longitude = 1});
-  EcritDeg(state, io, vue, path, WriteMode::Rows);
-  LitDeg(state, io, vue, path, MergeMode::Replace);
-  EXPECT_EQ(state.FreeFieldCount, 1);
-  EXPECT_EQ(state.FreeFieldDefs.at(0).Code, "STAT.TOPO");
+  EcritDeg(context, path, WriteMode::Rows);
+  LitDeg(context, path, MergeMode::Replace);
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 1);
+  EXPECT_EQ(state.document.Entete().FreeFieldDefs.at(0).Code, "STAT.TOPO");
 }
 
 class WithStandardHdr : public FileCommands {
@@ -131,21 +133,21 @@ TEST_F(WithStandardHdr, YesTakesItsFields) {
   CreationNouveau(context, 1);
   EXPECT_EQ(Boites(), std::vector<std::string>{"Use standard configuration of free fields?"});
   EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::YesNo);
-  EXPECT_EQ(state.FreeFieldSeparator, "|");
-  EXPECT_EQ(state.FreeFieldText, "|\r\nA,Alpha,1\r\nB,Beta,22,more");
-  EXPECT_EQ(state.FreeFieldCount, 2);
-  EXPECT_EQ(state.FreeFieldDefs.at(1).Width, 22);
+  EXPECT_EQ(state.document.Entete().FreeFieldSeparator, "|");
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "|\r\nA,Alpha,1\r\nB,Beta,22,more");
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 2);
+  EXPECT_EQ(state.document.Entete().FreeFieldDefs.at(1).Width, 22);
 }
 
 TEST_F(WithStandardHdr, NoGivesAFileWithoutFreeFields) {
-  state.FreeFieldCount = 3;
-  state.FreeFieldDefs.resize(3);
-  state.FreeFieldText = "old";
+  Entete(state.document)->FreeFieldCount = 3;
+  Entete(state.document)->FreeFieldDefs.resize(3);
+  Entete(state.document)->FreeFieldText = "old";
   dialogues.answers = {Answer::No};
   CreationNouveau(context, 1);
-  EXPECT_EQ(state.FreeFieldCount, 0);
-  EXPECT_TRUE(state.FreeFieldDefs.empty());
-  EXPECT_EQ(state.FreeFieldText, "");
+  EXPECT_EQ(state.document.Entete().FreeFieldCount, 0);
+  EXPECT_TRUE(state.document.Entete().FreeFieldDefs.empty());
+  EXPECT_EQ(state.document.Entete().FreeFieldText, "");
   EXPECT_EQ(NombreLignes(), 1);
 }
 

@@ -13,9 +13,9 @@ TEST_F(FileCommands, OpenReadsTheChosenFile) {
   EXPECT_EQ(dialogues.fileDialogs[0].filter, "Distribution (*.deg)|*.deg");
   EXPECT_EQ(dialogues.fileDialogs[0].folder, "/somewhere");
   EXPECT_EQ(NombreLignes(), 3);
-  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
   EXPECT_EQ(settings.values["TALPENA/PATHS/LASTDEG"], folder.path().string() + "/");
-  EXPECT_EQ(state.EmpreinteFichier, files->Empreinte(path));
+  EXPECT_EQ(state.document.Fichier.EmpreinteFichier, files->Empreinte(path));
   EXPECT_TRUE(vue.menusActifs);
   EXPECT_EQ(vue.calls.back(), "CacheLbl1");
 }
@@ -31,7 +31,7 @@ TEST_F(FileCommands, CancelInOpenLeavesNameAndTable) {
   OuvreA(2);
   dialogues.paths = {""};
   MnuOuvrir_Click(context);
-  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
   EXPECT_EQ(NombreLignes(), 2);
   EXPECT_TRUE(dialogues.boxes.empty());
 }
@@ -52,7 +52,7 @@ TEST_F(FileCommands, MergeAddsRowsAndKeepsTheName) {
   dialogues.paths = {folder / "b.deg"};
   MnuFusionner_Click(context);
   EXPECT_EQ(dialogues.fileDialogs.at(0).filter, "Distribution (*.deg)|*.deg");
-  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
   EXPECT_TRUE(vue.menusActifs);
 }
 

@@ -33,21 +33,21 @@ constexpr PivotCase pivotCases[] = {
 TEST(LitPivots, LooksOnlyWhereTheFirstAbsentPeriodStands) {
   for (const PivotCase& c : pivotCases) {
     SCOPED_TRACE(c.name);
-    StoreState state;
-    state.NbPivots = 7;
-    state.Pivot1 = 11;
-    state.Pivot2 = 22;
-    LitPivots(state, c.line);
-    EXPECT_EQ(state.NbPivots, c.count);
-    EXPECT_EQ(state.Pivot1, c.pivot1);
-    EXPECT_EQ(state.Pivot2, c.pivot2);
+    DistributionHeader entete;
+    entete.NbPivots = 7;
+    entete.Pivot1 = 11;
+    entete.Pivot2 = 22;
+    LitPivots(entete, c.line);
+    EXPECT_EQ(entete.NbPivots, c.count);
+    EXPECT_EQ(entete.Pivot1, c.pivot1);
+    EXPECT_EQ(entete.Pivot2, c.pivot2);
   }
 }
 
 TEST(LitPivots, RefusesAYearBeyond16Bits) {
-  StoreState state;
+  DistributionHeader entete;
   try {
-    LitPivots(state, " 0000 - 1949   9E9  - 1989   1990 - 2026");
+    LitPivots(entete, " 0000 - 1949   9E9  - 1989   1990 - 2026");
     FAIL();
   } catch (const TalpenaError& e) {
     EXPECT_EQ(e.number(), ErrorNumber::Overflow);

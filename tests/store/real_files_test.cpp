@@ -52,7 +52,7 @@ class RealFiles : public ::testing::TestWithParam<RealFile> {
   void Charge() {
     Platform io{*world.engine,     *disk,      world.settings, world.dialogues, world.clock,
                 world.environment, world.sound};
-    LitDeg(world.state, io, world.vue, path, MergeMode::Replace);
+    LitDeg({world.state, io, world.vue, world.vue, world.vue}, path, MergeMode::Replace);
   }
 
   double Nombre(Recordset& rows, int field) { return rows.Get(field).Nombre(); }
@@ -60,7 +60,7 @@ class RealFiles : public ::testing::TestWithParam<RealFile> {
   void ExpectRange(int field, double low, double high) {
     const char* name = field == Column::LATITUDE ? "LATITUDE" : "LONGITUDE";
     const std::string sql = std::string("SELECT * FROM TALPENA ORDER BY ") + name;
-    const auto rows = world.state.WorkingDb->OpenRecordset(sql);
+    const auto rows = world.state.document.WorkingDb->OpenRecordset(sql);
     EXPECT_NEAR(Nombre(*rows, field), low, 0.0501) << name;
     rows->MoveLast();
     EXPECT_NEAR(Nombre(*rows, field), high, 0.0501) << name;
@@ -88,14 +88,15 @@ class RealFiles : public ::testing::TestWithParam<RealFile> {
 TEST_P(RealFiles, LoadWithEveryRow) {
   Platform io{world.io.engine,   *disk,      world.settings, world.dialogues, world.clock,
               world.environment, world.sound};
-  LitDeg(world.state, io, world.vue, path, MergeMode::Replace);
+  LitDeg({world.state, io, world.vue, world.vue, world.vue}, path, MergeMode::Replace);
   ASSERT_TRUE(world.dialogues.boxes.empty()) << world.dialogues.boxes[0].text;
   const RealFile& file = GetParam();
-  Recordset& rows = world.state.Data1.recordset();
+  Recordset& rows = world.state.document.Data1.recordset();
   EXPECT_EQ(rows.RecordCount(), file.rows);
-  EXPECT_EQ(world.state.DatumFichierCode, *file.datum == '\0' ? "EUR-M" : file.datum);
-  EXPECT_EQ(world.state.FreeFieldCount, file.fields);
-  EXPECT_EQ(world.state.NbPivots, file.pivots);
+  EXPECT_EQ(world.state.document.Entete().DatumFichierCode,
+            *file.datum == '\0' ? "EUR-M" : file.datum);
+  EXPECT_EQ(world.state.document.Entete().FreeFieldCount, file.fields);
+  EXPECT_EQ(world.state.document.Entete().NbPivots, file.pivots);
   EXPECT_NE(world.vue.boxTitre, "");
   ExpectRange(Column::LATITUDE, file.south, file.north);
   ExpectRange(Column::LONGITUDE, file.west, file.east);
@@ -104,9 +105,9 @@ TEST_P(RealFiles, LoadWithEveryRow) {
 TEST_P(RealFiles, HoldTheTextsOfTheirLines) {
   Platform io{world.io.engine,   *disk,      world.settings, world.dialogues, world.clock,
               world.environment, world.sound};
-  LitDeg(world.state, io, world.vue, path, MergeMode::Replace);
+  LitDeg({world.state, io, world.vue, world.vue, world.vue}, path, MergeMode::Replace);
   const std::vector<std::string> lines = LignesDuFichier();
-  Recordset& rows = world.state.Data1.recordset();
+  Recordset& rows = world.state.document.Data1.recordset();
   ASSERT_EQ(rows.RecordCount(), static_cast<std::int64_t>(lines.size()));
   for (const std::string& line : lines) {
     ASSERT_EQ(rows.Get(Column::PERIOD).integer, line[0] - '0');

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 /// The rows of the open distribution, every cell as a kept value, Counter aside.
 std::vector<std::vector<Value>> Rangees(Monde& monde) {
   std::vector<std::vector<Value>> all;
-  const auto rows = monde.state.Data1.Clone();
+  const auto rows = monde.state.document.Data1.Clone();
   for (rows->MoveFirst(); !rows->EOF_(); rows->MoveNext()) {
     std::vector<Value> row;
     for (int i = Column::FirstInGrid; i < Column::Count; ++i) row.push_back(rows->Get(i).Garde());
@@ -44,16 +44,9 @@ struct Header {
 };
 
 Header EnTete(const Monde& monde) {
-  const StoreState& s = monde.state;
-  return {s.DatumFichierCode,
-          monde.vue.boxTitre,
-          monde.vue.commentaire,
-          s.FreeFieldText,
-          s.FreeFieldSeparator,
-          s.NbPivots,
-          s.Pivot1,
-          s.Pivot2,
-          s.FreeFieldCount};
+  const DistributionHeader& s = monde.state.document.Entete();
+  return {s.DatumFichierCode, s.BoxTitre, s.Commentaire, s.FreeFieldText, s.FreeFieldSeparator,
+          s.NbPivots,         s.Pivot1,   s.Pivot2,      s.FreeFieldCount};
 }
 
 std::vector<std::string> FichiersReels() {
@@ -89,15 +82,15 @@ TEST(RoundTrip, RealFilesReadBackTheSame) {
   for (const std::string& path : paths) {
     SCOPED_TRACE(path);
     Monde first;
-    LitDeg(first.state, first.io, first.vue, path, MergeMode::Replace);
+    LitDeg(first.context, path, MergeMode::Replace);
     ASSERT_TRUE(first.dialogues.boxes.empty()) << first.Boites().front();
     ASSERT_GT(first.NombreLignes(), 0);
     const std::string copy = first.folder / "copy.deg";
-    EcritDeg(first.state, first.io, first.vue, copy, WriteMode::Rows);
+    EcritDeg(first.context, copy, WriteMode::Rows);
     ASSERT_TRUE(first.dialogues.boxes.empty()) << first.Boites().front();
 
     Monde second;
-    LitDeg(second.state, second.io, second.vue, copy, MergeMode::Replace);
+    LitDeg(second.context, copy, MergeMode::Replace);
     EXPECT_EQ(EnTete(first), EnTete(second));
     const auto before = SansRemplissage(Rangees(first));
     const auto after = SansRemplissage(Rangees(second));
@@ -106,7 +99,7 @@ TEST(RoundTrip, RealFilesReadBackTheSame) {
       ASSERT_EQ(before[i], after[i]) << "row " << i + 1;
     const std::string again = second.folder / "again.deg";
     second.clock.annee = first.clock.annee;
-    EcritDeg(second.state, second.io, second.vue, again, WriteMode::Rows);
+    EcritDeg(second.context, again, WriteMode::Rows);
     EXPECT_EQ(LitFichier(again), LitFichier(copy));
   }
 }
@@ -121,9 +114,9 @@ TEST(RoundTrip, RealFilesOfForm2ComeOutByteForByte) {
     if (bytes.rfind("<TALPENA", 0) != 0) continue;
     Monde monde;
     monde.clock.annee = 2026;  // the year that their period lines hold
-    LitDeg(monde.state, monde.io, monde.vue, path, MergeMode::Replace);
+    LitDeg(monde.context, path, MergeMode::Replace);
     const std::string copy = monde.folder / "copy.deg";
-    EcritDeg(monde.state, monde.io, monde.vue, copy, WriteMode::Rows);
+    EcritDeg(monde.context, copy, WriteMode::Rows);
     const auto before = Lignes(bytes);
     const auto after = Lignes(LitFichier(copy));
     ASSERT_EQ(after.size(), before.size());
@@ -160,9 +153,9 @@ TEST(RoundTrip, AnyRowsThatTheFormatHoldsReadBackTheSame) {
                   .comment = text(300) + "\n" + text(30)});
   }
   const std::string path = first.folder / "a.deg";
-  EcritDeg(first.state, first.io, first.vue, path, WriteMode::Rows);
+  EcritDeg(first.context, path, WriteMode::Rows);
   Monde second;
-  LitDeg(second.state, second.io, second.vue, path, MergeMode::Replace);
+  LitDeg(second.context, path, MergeMode::Replace);
   auto expected = Rangees(first);
   // Columns are padded in the file and read as they stand; coordinates have five decimals.
   for (auto& row : expected) {

@@ -31,7 +31,7 @@ TEST_F(AddLines, NoneWithZeroCancelOrANumberBelow) {
     SCOPED_TRACE(answer);
     Ajoute(answer);
     EXPECT_EQ(N1().size(), 5U);
-    EXPECT_FALSE(state.FichierModifie);
+    EXPECT_FALSE(state.document.FichierModifie());
     EXPECT_TRUE(dialogues.boxes.empty());
   }
 }
@@ -43,10 +43,10 @@ TEST_F(AddLines, StandEmptyAtTheEndAndTheLastIsTheCurrentRow) {
   EXPECT_EQ(N1(), (Numbers{1, 2, 3, 4, 5, 0, 0, 0}));
   EXPECT_EQ(Rows().AbsolutePosition(), 7);
   EXPECT_EQ(Lignes().back(), "-|-|-|-|-|-|-|-|-|-");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_EQ(changes, (std::vector{DataControl::Change::Rows, DataControl::Change::Position}));
   EXPECT_FALSE(vue.sablier);
-  EXPECT_FALSE(state.WorkingDb->EnTransaction());
+  EXPECT_FALSE(state.document.WorkingDb->EnTransaction());
 }
 
 TEST_F(AddLines, ToAnEmptyTable) {
@@ -65,11 +65,11 @@ TEST_F(AddLines, ToATableThatNoFileCouldBeReadInto) {
 
 TEST_F(AddLines, StandAtTheEndOfASortedGridUntilTheNextSort) {
   Ouvre();
-  ChangeTri(state, 4, true);
+  ChangeTri(state.document, 4, true);
   Ajoute("1");
   EXPECT_EQ(N1(), (Numbers{5, 4, 3, 2, 1, 0}));
   EXPECT_EQ(Rows().AbsolutePosition(), 5);
-  ChangeTri(state, 4, false);
+  ChangeTri(state.document, 4, false);
   EXPECT_EQ(N1(), (Numbers{0, 1, 2, 3, 4, 5}));
   EXPECT_EQ(Rows().AbsolutePosition(), 0) << "still on the new row";
 }
@@ -79,7 +79,7 @@ TEST_F(AddLines, AreSeenThroughAFilterThatTheyDoNotMeet) {
   Montre("SELECT * FROM TALPENA WHERE N1 > 3");
   Ajoute("2");
   EXPECT_EQ(N1(), (Numbers{4, 5, 0, 0}));
-  Montre(state.Data1.RecordSource);
+  Montre(state.document.Data1.RecordSource);
   EXPECT_EQ(N1(), (Numbers{4, 5}));
   EXPECT_EQ(Lignes().size(), 7U);
 }
@@ -89,21 +89,21 @@ TEST_F(AddLines, ANumberTooLargeIsShown) {
   Ajoute("1E20");
   EXPECT_EQ(Boites(), (Strings{"Error 6\nOverflow"}));
   EXPECT_EQ(N1().size(), 5U);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(AddLines, AFailureLeavesNoneOfThem) {
   Ouvre();
-  state.WorkingDb->Execute("INSERT INTO TALPENA (Counter, N1) VALUES (2147483646, 6)");
-  Montre(state.SqlCourant);
+  state.document.WorkingDb->Execute("INSERT INTO TALPENA (Counter, N1) VALUES (2147483646, 6)");
+  Montre(state.document.SqlCourant());
   Va(2);
   Ajoute("3");  // the second would need a number beyond 32 bits
   ASSERT_EQ(dialogues.boxes.size(), 1U);
   EXPECT_EQ(dialogues.boxes[0].text.rfind("Error 6\n", 0), 0U) << dialogues.boxes[0].text;
   EXPECT_EQ(N1(), (Numbers{1, 2, 3, 4, 5, 6})) << "in the grid's list too";
   EXPECT_EQ(Rows().AbsolutePosition(), 2);
-  EXPECT_FALSE(state.FichierModifie);
-  EXPECT_FALSE(state.WorkingDb->EnTransaction());
+  EXPECT_FALSE(state.document.FichierModifie());
+  EXPECT_FALSE(state.document.WorkingDb->EnTransaction());
   EXPECT_FALSE(vue.sablier);
 }
 
@@ -120,7 +120,7 @@ TEST_F(Duplicate, CopiesTheCurrentRowBehindTheOthersAndGoesThere) {
   EXPECT_EQ(lines[5], lines[1]);
   EXPECT_EQ(Rows().AbsolutePosition(), 5);
   EXPECT_EQ(Rows().Get("COUNTER").integer, 6);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_EQ(changes, (std::vector{DataControl::Change::Rows, DataControl::Change::Position}));
 }
 
@@ -145,7 +145,7 @@ TEST_F(Duplicate, AnEmptyTableHasNoRowForIt) {
   Ouvre(0);
   mnuDuplic_Click(context);
   EXPECT_EQ(Boites(), (Strings{"Error 3021\nNo current record."}));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 class DeleteRows : public GridCommands {
@@ -167,7 +167,7 @@ TEST_F(DeleteRows, WithoutAChosenRowSaysSo) {
   EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::Ok);
   EXPECT_EQ(sound.bips, 1);
   EXPECT_EQ(N1().size(), 5U);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(DeleteRows, SilenceIsKept) {
@@ -186,7 +186,7 @@ TEST_F(DeleteRows, Asks) {
   EXPECT_EQ(dialogues.boxes[0].icon, Icon::Exclamation);
   EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::YesNo);
   EXPECT_EQ(N1().size(), 5U);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_EQ(Appels("AfficheMessage Supressing row(s)..."), 0);
 }
 
@@ -195,12 +195,12 @@ TEST_F(DeleteRows, DeletesThemUnderTheWaitWindow) {
   NoteChangements();
   Supprime({4, 2});
   EXPECT_EQ(N1(), (Numbers{1, 3, 5}));
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_EQ(Appels("AfficheMessage Supressing row(s)..."), 1);
   EXPECT_EQ(Appels("FermeMessage"), 1);
   EXPECT_FALSE(vue.sablier);
   EXPECT_EQ(changes, (std::vector{DataControl::Change::Rows, DataControl::Change::Position}));
-  EXPECT_FALSE(state.WorkingDb->EnTransaction());
+  EXPECT_FALSE(state.document.WorkingDb->EnTransaction());
 }
 
 TEST_F(DeleteRows, TheSamePositionIsKept) {
@@ -226,7 +226,7 @@ TEST_F(DeleteRows, ATableOfOneRowBecomesEmpty) {
   EXPECT_TRUE(Rows().BOF());
   EXPECT_TRUE(Rows().EOF_());
   EXPECT_TRUE(dialogues.boxes.size() == 1) << "the question only";
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(DeleteRows, AllRows) {
@@ -242,7 +242,7 @@ TEST_F(DeleteRows, AllRows) {
 
 TEST_F(DeleteRows, RowsThatAnotherCommandDeletedArePassedOver) {
   Ouvre();
-  state.WorkingDb->Execute("DELETE FROM TALPENA WHERE N1 = 2");
+  state.document.WorkingDb->Execute("DELETE FROM TALPENA WHERE N1 = 2");
   Supprime({2, 3});
   EXPECT_EQ(N1(), (Numbers{1, 4, 5}));
   EXPECT_EQ(dialogues.boxes.size(), 1U) << "the question only";
@@ -296,16 +296,16 @@ class SortOverFiles : public GridCommands {
 };
 
 TEST_F(SortOverFiles, OutlastsOpenAndMergeWhileNewShowsTheTable) {
-  ChangeTri(state, 4, true);
+  ChangeTri(state.document, 4, true);
   Charge(Fichier(1, 3));
   EXPECT_EQ(N1(), (Numbers{3, 2, 1}));
   Charge(Fichier(4, 5), MergeMode::Merge, "/data/g.deg");
   EXPECT_EQ(N1(), (Numbers{5, 4, 3, 2, 1}));
-  state.FichierModifie = false;
+  state.document.OublieModifications();
   dialogues.inputs = {"2"};
   MnuNouveau_Click(context);
-  EXPECT_EQ(state.Data1.RecordSource, "TALPENA");
-  EXPECT_EQ(state.SqlCourant, "SELECT * FROM TALPENA ORDER BY  [N1] DESC");
+  EXPECT_EQ(state.document.Data1.RecordSource, "TALPENA");
+  EXPECT_EQ(state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY  [N1] DESC");
   Charge(Fichier(7, 8));
   EXPECT_EQ(N1(), (Numbers{8, 7})) << "and is back with the next file";
 }

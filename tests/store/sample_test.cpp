@@ -14,14 +14,14 @@ class Sample : public testing::Test, protected Monde {
 
 TEST_F(Sample, AFirstSaveChangesNothing) {
   const std::string bytes = LitFichier(sample);
-  LitDeg(state, io, vue, sample, MergeMode::Replace);
+  LitDeg(context, sample, MergeMode::Replace);
   ASSERT_TRUE(dialogues.boxes.empty()) << dialogues.boxes[0].text;
   // The last period ends in the year of the save: here in the year that the sample was written.
   const std::string periods = Lignes(bytes).at(17);
   const char* end = periods.data() + periods.size();
   ASSERT_EQ(std::from_chars(end - 4, end, clock.annee).ec, std::errc()) << periods;
 
-  EcritDeg(state, io, vue, folder / "saved.deg", WriteMode::Rows);
+  EcritDeg(context, folder / "saved.deg", WriteMode::Rows);
   EXPECT_TRUE(dialogues.boxes.empty()) << dialogues.boxes[0].text;
   EXPECT_EQ(LitFichier(folder / "saved.deg"), bytes);
 }

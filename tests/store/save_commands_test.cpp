@@ -19,7 +19,7 @@ TEST_F(FileCommands, SaveKeepsTheFormerStateAsBak) {
   EXPECT_EQ(LitFichier(bak), before);
   EXPECT_EQ(Lignes(LitFichier(path)).size(), 11U);
   EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_TRUE(dialogues.boxes.empty());
 }
 
@@ -29,7 +29,7 @@ TEST_F(FileCommands, SaveKeepsModeAndLink) {
   fs::rename(path, folder / "real/r.deg");
   fs::create_symlink("real/r.deg", path);
   ASSERT_EQ(chmod((folder / "real/r.deg").c_str(), 0604), 0);
-  state.EmpreinteFichier = files->Empreinte(path);
+  state.document.Fichier.EmpreinteFichier = files->Empreinte(path);
   Modifie();
   MnuEnregistrer_Click(context);
   EXPECT_TRUE(fs::is_symlink(path));
@@ -44,7 +44,7 @@ TEST_F(FileCommands, SaveWithoutANameSavesAs) {
   Modifie();
   dialogues.paths = {path};
   MnuEnregistrer_Click(context);
-  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
   EXPECT_EQ(vue.calls.back(), "PlaceFocusGrille");
 }
 
@@ -52,14 +52,14 @@ TEST_F(FileCommands, SaveWithoutANameAndCancelStillFocusesTheGrid) {
   Modifie();
   dialogues.paths = {""};
   MnuEnregistrer_Click(context);
-  EXPECT_EQ(state.NomFichier, "");
+  EXPECT_EQ(state.document.Fichier.NomFichier, "");
   EXPECT_EQ(vue.calls, std::vector<std::string>{"PlaceFocusGrille"});
 }
 
 TEST_F(FileCommands, SaveOfAnEmptyTableLeavesOnlyTheBak) {
   OuvreA(2);
   const std::string before = LitFichier(path);
-  state.WorkingDb->Execute("DELETE FROM TALPENA");
+  state.document.WorkingDb->Execute("DELETE FROM TALPENA");
   Relit();
   MnuEnregistrer_Click(context);
   EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.BAK"});
@@ -80,7 +80,7 @@ TEST_F(FileCommands, TheBackupsNameEndsAtTheFirstDot) {
   EXPECT_EQ(CheminBak(""), "BAK");
   path = folder / "a.b.deg";
   PoseFichier(path, 1);
-  state.NomFichier = path;
+  state.document.Fichier.NomFichier = path;
   Modifie();
   MnuEnregistrer_Click(context);
   EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.b.deg"}));
@@ -92,7 +92,7 @@ TEST_F(FileCommands, ADotInAFolderNameFailsBeforeAnythingIsMoved) {
   PoseFichier(path, 1);
   const std::string before = LitFichier(path);
   EcritFichier(folder / "my.BAK", "older");
-  state.NomFichier = path;
+  state.document.Fichier.NomFichier = path;
   Modifie();
   MnuEnregistrer_Click(context);
   EXPECT_EQ(Boites(),
@@ -100,13 +100,13 @@ TEST_F(FileCommands, ADotInAFolderNameFailsBeforeAnythingIsMoved) {
                                      "\nSave as works for this path."});
   EXPECT_EQ(LitFichier(path), before);
   EXPECT_EQ(LitFichier(folder / "my.BAK"), "older");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(FileCommands, AFileThatIsItsOwnBackupIsNotDeleted) {
   PoseFichier(bak, 1);
   const std::string before = LitFichier(bak);
-  state.NomFichier = bak;
+  state.document.Fichier.NomFichier = bak;
   Modifie();
   MnuEnregistrer_Click(context);
   EXPECT_EQ(Boites(), std::vector<std::string>{"Error 58\nFile already exists: " + bak +
@@ -134,7 +134,7 @@ TEST_F(FileCommands, AFolderInTheBackupsPlaceStopsTheSave) {
   EXPECT_EQ(Boites(), std::vector<std::string>{"Error 58\nFile already exists: " + bak});
   EXPECT_EQ(sound.bips, 1);
   EXPECT_EQ(LitFichier(path), before);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 // Save as
@@ -149,9 +149,9 @@ TEST_F(FileCommands, SaveAsTakesTheNewName) {
   EXPECT_EQ(dialogues.fileDialogs[0].filter, "Distribution files (*.deg)|*.deg");
   EXPECT_EQ(dialogues.fileDialogs[0].name, path);
   EXPECT_TRUE(dialogues.fileDialogs[0].confirmReplace);
-  EXPECT_EQ(state.NomFichier, other);
+  EXPECT_EQ(state.document.Fichier.NomFichier, other);
   EXPECT_EQ(vue.titre, "Talpena - " + other);
-  EXPECT_EQ(state.EmpreinteFichier, files->Empreinte(other));
+  EXPECT_EQ(state.document.Fichier.EmpreinteFichier, files->Empreinte(other));
   EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.deg", "b.deg"}));
 }
 
@@ -168,8 +168,8 @@ TEST_F(FileCommands, CancelInSaveAsLeavesEverything) {
   Modifie();
   dialogues.paths = {""};
   MnuEnrSous_Click(context);
-  EXPECT_EQ(state.NomFichier, "");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_EQ(state.document.Fichier.NomFichier, "");
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_TRUE(dialogues.boxes.empty());
 }
 
@@ -184,8 +184,8 @@ TEST_F(FileCommands, GroupWritesANewFileAndKeepsTheName) {
   EXPECT_EQ(dialogues.fileDialogs.at(0).filter, "Fichiers distribution (*.deg)|*.deg");
   EXPECT_EQ(dialogues.fileDialogs.at(0).name, "");
   EXPECT_EQ(Lignes(LitFichier(other)).size(), 9U);
-  EXPECT_EQ(state.NomFichier, path);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(FileCommands, GroupAsksBeforeItReplaces) {

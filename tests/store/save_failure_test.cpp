@@ -22,7 +22,7 @@ class SaveFailure : public testing::Test, protected Monde {
   std::string path = folder / "a.deg";
   std::string bak = folder / "a.BAK";
 
-  void Ecrit() { EcritDeg(state, io, vue, path, WriteMode::Rows); }
+  void Ecrit() { EcritDeg(context, path, WriteMode::Rows); }
   std::vector<std::string> Rangees() {
     auto lines = Lignes(LitFichier(path));
     lines.erase(lines.begin(), lines.begin() + std::min<std::ptrdiff_t>(8, std::ssize(lines)));
@@ -54,7 +54,7 @@ TEST_F(SaveFailure, YesWritesThePreviousRowsValueForANullPoint) {
   ASSERT_EQ(rows.size(), 3U);
   EXPECT_EQ(rows[1].substr(0, 21), "1K+ 1.00000   2.00000");
   EXPECT_EQ(rows[2].substr(2, 19), "+ 3.00000   4.00000");
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(SaveFailure, TheFirstRowHasNoneBeforeItAndWritesZero) {
@@ -68,7 +68,7 @@ TEST_F(SaveFailure, GroupedYesKeepsThePreviousGroupsPoint) {
   AjouteToutes(Rangee{.period = 1, .latitude = 1, .longitude = 2},
                Rangee{.period = 2, .latitude = {}, .longitude = 3});
   dialogues.answers = {Answer::Yes};
-  EcritDeg(state, io, vue, path, WriteMode::Grouped);
+  EcritDeg(context, path, WriteMode::Grouped);
   EXPECT_EQ(Rangees().at(1).substr(0, 21), "2K+ 1.00000   3.00000");
 }
 
@@ -78,7 +78,7 @@ TEST_F(SaveFailure, NoLeavesTheFileCutAndTheRowsModified) {
   dialogues.answers = {Answer::No};
   Ecrit();
   EXPECT_EQ(Rangees().size(), 1U);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_FALSE(vue.barre);
   EXPECT_FALSE(vue.sablier);
   EXPECT_EQ(vue.calls.back(), "FermeMessage");
@@ -93,7 +93,7 @@ TEST_F(SaveFailure, NoKeepsAWholeFormerFileAsBak) {
   Ecrit();
   EXPECT_EQ(LitFichier(bak), "whole");
   EXPECT_EQ(Lignes(LitFichier(path)).size(), 8U);
-  EXPECT_EQ(state.FichierIncomplet, path);
+  EXPECT_EQ(state.document.Fichier.FichierIncomplet, path);
 }
 
 TEST_F(SaveFailure, ACutFileNeverTakesThePlaceOfItsWholeBackup) {
@@ -104,22 +104,22 @@ TEST_F(SaveFailure, ACutFileNeverTakesThePlaceOfItsWholeBackup) {
     Ecrit();
     EXPECT_EQ(LitFichier(bak), "whole");
   }
-  state.NomFichier = path;
+  state.document.Fichier.NomFichier = path;
   dialogues.answers = {Answer::No};
   MnuEnregistrer_Click(context);
   EXPECT_EQ(LitFichier(bak), "whole");
 }
 
 TEST_F(SaveFailure, ThenAWholeSaveMakesTheFileWholeAgain) {
-  state.NomFichier = path;
+  state.document.Fichier.NomFichier = path;
   Ajoute({.period = 1});
   EcritFichier(path, "whole");
   dialogues.answers = {Answer::No};
   Ecrit();
   dialogues.answers = {Answer::Yes, Answer::Yes};
   MnuEnregistrer_Click(context);
-  EXPECT_TRUE(state.FichierIncomplet.empty());
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_TRUE(state.document.Fichier.FichierIncomplet.empty());
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_EQ(LitFichier(bak), "whole");
   const std::string first = LitFichier(path);
   dialogues.answers = {Answer::Yes, Answer::Yes};
@@ -134,7 +134,7 @@ TEST_F(SaveFailure, WhereNoBackupCanBeMadeTheFormerFileStays) {
   dialogues.answers = {Answer::No};
   Ecrit();
   EXPECT_EQ(LitFichier(path), "whole");
-  EXPECT_TRUE(state.FichierIncomplet.empty());
+  EXPECT_TRUE(state.document.Fichier.FichierIncomplet.empty());
   EXPECT_EQ(Boites().back(),
             "Error 58\nFile already exists: " + bak + "\nThe former file stands unchanged.");
   EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));
@@ -174,13 +174,13 @@ TEST_F(SaveFailure, NoAtSuchACharacterWritesNothingOfTheRow) {
   dialogues.answers = {Answer::No};
   Ecrit();
   EXPECT_EQ(Rangees().size(), 1U);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(SaveFailure, TheHeaderIsAskedForToo) {
   Ajoute({.latitude = 1, .longitude = 2});
-  vue.boxTitre = "Talpa α";
-  vue.commentaire = "β";
+  Entete(state.document)->BoxTitre = "Talpa α";
+  Entete(state.document)->Commentaire = "β";
   dialogues.answers = {Answer::Yes, Answer::Yes};
   Ecrit();
   EXPECT_EQ(Boites(), (std::vector<std::string>{
@@ -200,7 +200,7 @@ TEST_F(SaveFailure, AFolderInTheFilesPlaceIsSaidSo) {
   const std::string said = Question("Path/File access error: " + path + ", it is a folder");
   EXPECT_EQ(Boites(), (std::vector<std::string>{said, said}));
   EXPECT_TRUE(fs::is_directory(path));
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(SaveFailure, AMissingFolderIsSaidSo) {
@@ -218,7 +218,7 @@ TEST_F(SaveFailure, AReadOnlyFolderIsSaidSo) {
   ASSERT_EQ(chmod(path.c_str(), 0666), 0);
   ASSERT_EQ(chmod(folder.path().c_str(), 0755), 0);
   Ajoute({.latitude = 1, .longitude = 2});
-  state.NomFichier = path;
+  state.document.Fichier.NomFichier = path;
   dialogues.answers = {Answer::No};
   ASSERT_EQ(seteuid(nobody->pw_uid), 0);
   Ecrit();
@@ -227,7 +227,7 @@ TEST_F(SaveFailure, AReadOnlyFolderIsSaidSo) {
   EXPECT_EQ(Boites(), (std::vector<std::string>{Question("Permission denied: " + path),
                                                 "Error 70\nPermission denied: " + path}));
   EXPECT_EQ(LitFichier(path), "whole");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
 }
 
@@ -239,7 +239,7 @@ class FullDisk : public SaveFailure {
     }
     Ecrit();
     whole = LitFichier(path);
-    state.NomFichier = path;
+    state.document.Fichier.NomFichier = path;
     sound.bips = 0;
   }
   std::string whole;
@@ -247,8 +247,8 @@ class FullDisk : public SaveFailure {
   /// Bytes of a file that holds the rows as they are now.
   rlim_t TailleNouvelle() {
     const TempFolder elsewhere;
-    EcritDeg(state, io, vue, elsewhere / "b.deg", WriteMode::Rows);
-    state.FichierModifie = true;
+    EcritDeg(context, elsewhere / "b.deg", WriteMode::Rows);
+    MarqueModifie(state.document);
     return LitFichier(elsewhere / "b.deg").size();
   }
 
@@ -261,8 +261,8 @@ class FullDisk : public SaveFailure {
       SCOPED_TRACE(limit);
       EcritFichier(path, whole);
       fs::remove(bak);
-      state.FichierIncomplet.clear();
-      state.EmpreinteFichier.reset();
+      state.document.Fichier.FichierIncomplet.clear();
+      state.document.Fichier.EmpreinteFichier.reset();
       dialogues.boxes.clear();
       command(limit);
       EXPECT_EQ(LitFichier(bak), whole);
@@ -286,7 +286,7 @@ TEST_F(FullDisk, AtAnyStageOfASaveLeavesAWholeFile) {
     }
     EXPECT_EQ(Boites(), std::vector<std::string>{Question("Disk full: " + path)});
     EXPECT_EQ(LitFichier(path).size(), limit);
-    EXPECT_TRUE(state.FichierModifie);
+    EXPECT_TRUE(state.document.FichierModifie());
   });
 }
 
@@ -297,7 +297,7 @@ TEST_F(FullDisk, AtAnyStageOfAnAutomaticSaveLeavesAWholeFile) {
     dialogues.answers = {Answer::Yes, Answer::No};
     const FileLimit full(limit);
     Timer1_Timer(context);
-    EXPECT_EQ(state.FichierIncomplet, path);
+    EXPECT_EQ(state.document.Fichier.FichierIncomplet, path);
   });
 }
 
@@ -305,7 +305,7 @@ TEST_F(FullDisk, LosesNothingWhenRoomIsMade) {
   AjouteBeaucoup();
   std::string expected;
   {
-    EcritDeg(state, io, vue, folder / "b.deg", WriteMode::Rows);
+    EcritDeg(context, folder / "b.deg", WriteMode::Rows);
     expected = LitFichier(folder / "b.deg");
   }
   // The third answer comes once there is room again.
@@ -320,10 +320,10 @@ TEST_F(FullDisk, LosesNothingWhenRoomIsMade) {
   } maker;
   Platform withRoom{*engine, *files, settings, maker, clock, environment, sound};
   maker.full = std::make_unique<FileLimit>(100'000);
-  EcritDeg(state, withRoom, vue, path, WriteMode::Rows);
+  EcritDeg({state, withRoom, vue, vue, vue}, path, WriteMode::Rows);
   EXPECT_EQ(maker.asked, 3);
   EXPECT_EQ(LitFichier(path), expected);
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(FullDisk, LinksAndModesSurviveARefusedSave) {

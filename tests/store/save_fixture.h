@@ -6,7 +6,9 @@
 #include <optional>
 #include <string>
 
+#include "fakes/document_states.h"
 #include "fakes/fake_platform.h"
+#include "fakes/fake_view.h"
 #include "fakes/temp_folder.h"
 #include "platform/os/file_system.h"
 #include "platform/sqlite/sqlite_engine.h"
@@ -39,25 +41,22 @@ struct Monde : FakeServices {
   Platform io{*engine, *files, settings, dialogues, clock, environment, sound};
   TempFolder working;  ///< the working database, out of the way
   StoreState state;
-  CommandContext context{state, io, vue};
+  CommandContext context{state, io, vue, vue, vue};
 
   Monde() {
     state.AppDir = working / "no-program";
     state.WorkingDbPath = working / "talpena_tmp.mdb";
-    state.WorkingDb =
+    state.document.WorkingDb =
         engine->CreateDatabase(state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
-    CreateTable(state);
-    state.Data1.Lie(*state.WorkingDb);
+    CreateTable(*state.document.WorkingDb);
+    vue.Suit(state.document);
     Relit();
   }
 
-  void Relit() {
-    state.Data1.RecordSource = state.SqlCourant;
-    state.Data1.Refresh();
-  }
+  void Relit() { state.document.RelieSqlCourant(); }
 
   void Ajoute(const Rangee& row) {
-    Recordset& rows = state.Data1.recordset();
+    Recordset& rows = state.document.Data1.recordset();
     rows.AddNew();
     const auto pose = [&rows](int column, const auto& value) {
       if (value) rows.Set(column, Vue(*value));
@@ -73,14 +72,14 @@ struct Monde : FakeServices {
     pose(Column::DATE, row.date);
     pose(Column::COMMENT, row.comment);
     rows.Update();
-    state.FichierModifie = true;
+    MarqueModifie(state.document);
   }
   template <typename... Rows>
   void AjouteToutes(const Rows&... rows) {
     (Ajoute(rows), ...);
   }
 
-  std::int64_t NombreLignes() { return state.Data1.recordset().RecordCount(); }
+  std::int64_t NombreLignes() { return state.document.Data1.recordset().RecordCount(); }
 
   /// Texts of the message boxes shown.
   std::vector<std::string> Boites() const {

@@ -19,7 +19,7 @@ TEST_F(FileCommands, TheSaveQuestionHasThreeButtons) {
   EXPECT_EQ(dialogues.boxes[0].text, "Save file ?");
   EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::YesNoCancel);
   EXPECT_EQ(dialogues.boxes[0].icon, Icon::Exclamation);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(FileCommands, NoSavesNothing) {
@@ -29,7 +29,7 @@ TEST_F(FileCommands, NoSavesNothing) {
   dialogues.answers = {Answer::No};
   EXPECT_FALSE(CheckSauvegarde(context));
   EXPECT_EQ(LitFichier(path), before);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(FileCommands, YesSavesWithoutABackup) {
@@ -39,7 +39,7 @@ TEST_F(FileCommands, YesSavesWithoutABackup) {
   EXPECT_FALSE(CheckSauvegarde(context));
   EXPECT_EQ(Lignes(LitFichier(path)).size(), 10U);
   EXPECT_FALSE(fs::exists(bak));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(FileCommands, YesWithoutANameSavesAs) {
@@ -47,7 +47,7 @@ TEST_F(FileCommands, YesWithoutANameSavesAs) {
   dialogues.answers = {Answer::Yes};
   dialogues.paths = {path};
   EXPECT_FALSE(CheckSauvegarde(context));
-  EXPECT_EQ(state.NomFichier, path);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
   EXPECT_TRUE(fs::exists(path));
 }
 
@@ -58,7 +58,7 @@ TEST_F(FileCommands, ACancelledSaveAsEndsTheCommandThatAsked) {
   MnuOuvrir_Click(context);
   EXPECT_EQ(dialogues.boxes.size(), 1U);
   EXPECT_EQ(NombreLignes(), 1);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(FileCommands, ARefusedSaveEndsTheCommandThatAsked) {
@@ -72,9 +72,9 @@ TEST_F(FileCommands, ARefusedSaveEndsTheCommandThatAsked) {
 
 TEST_F(FileCommands, AnEmptyTableDoesNotHoldTheUserBack) {
   OuvreA(1);
-  state.WorkingDb->Execute("DELETE FROM TALPENA");
+  state.document.WorkingDb->Execute("DELETE FROM TALPENA");
   Relit();
-  state.FichierModifie = true;
+  MarqueModifie(state.document);
   dialogues.answers = {Answer::Yes};
   EXPECT_FALSE(CheckSauvegarde(context));
 }

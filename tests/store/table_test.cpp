@@ -11,7 +11,9 @@ class Table : public ::testing::Test {
  protected:
   test::World world;
 
-  std::unique_ptr<Recordset> Ouvre() { return world.state.WorkingDb->OpenRecordset("TALPENA"); }
+  std::unique_ptr<Recordset> Ouvre() {
+    return world.state.document.WorkingDb->OpenRecordset("TALPENA");
+  }
   int EchecEcriture(std::string_view field, Cell value) {
     const auto rows = Ouvre();
     rows->AddNew();
@@ -26,7 +28,7 @@ class Table : public ::testing::Test {
 };
 
 TEST_F(Table, HasItsColumnsInOrder) {
-  const TableDef table = world.state.WorkingDb->Table("TALPENA");
+  const TableDef table = world.state.document.WorkingDb->Table("TALPENA");
   const char* names[] = {"Counter", "PERIOD", "LATITUDE", "LONGITUDE", "N1",     "N2",
                          "SEX",     "DATUM",  "ORIGINAL", "DATE",      "COMMENT"};
   ASSERT_EQ(table.fields.size(), std::size(names));
@@ -74,7 +76,9 @@ TEST_F(Table, HoldsTwoRowsThatAreTheSame) {
   EXPECT_EQ(world.Lignes().size(), 2U);
 }
 
-TEST_F(Table, IsBuiltOnlyOnce) { EXPECT_THROW(CreateTable(world.state), TalpenaError); }
+TEST_F(Table, IsBuiltOnlyOnce) {
+  EXPECT_THROW(CreateTable(*world.state.document.WorkingDb), TalpenaError);
+}
 
 TEST(TitresColonnes, FollowTheLanguageAndTheUsersLabels) {
   StoreState state;

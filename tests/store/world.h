@@ -5,8 +5,10 @@
 #include <vector>
 
 #include "common/numbers.h"
+#include "fakes/document_states.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_platform.h"
+#include "fakes/fake_view.h"
 #include "fakes/temp_folder.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "store/deg_reader.h"
@@ -22,6 +24,7 @@ struct World : FakeServices {
   std::unique_ptr<TableEngine> engine = CreeMoteurSqlite();
   Platform io{*engine, files, settings, dialogues, clock, environment, sound};
   StoreState state;
+  CommandContext context{state, io, vue, vue, vue};
 
   World() {
     state.WorkingDbPath = working / "talpena_tmp.mdb";
@@ -31,9 +34,10 @@ struct World : FakeServices {
       datum.code = code;
       state.Catalogue.Datums.push_back(datum);
     }
-    state.WorkingDb =
+    state.document.WorkingDb =
         engine->CreateDatabase(state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
-    CreateTable(state);
+    CreateTable(*state.document.WorkingDb);
+    vue.Suit(state.document);
   }
   World(const World&) = delete;
   World& operator=(const World&) = delete;
@@ -42,13 +46,14 @@ struct World : FakeServices {
   void Charge(const std::string& bytes, MergeMode mode = MergeMode::Replace,
               const std::string& path = "/data/f.deg") {
     files.Pose(path, bytes);
-    LitDeg(state, io, vue, path, mode);
+    LitDeg(context, path, mode);
   }
 
   /// Rows of TALPENA in file order, their ten columns joined by "|", Null as "-".
   std::vector<std::string> Lignes() {
     std::vector<std::string> all;
-    const auto rows = state.WorkingDb->OpenRecordset("SELECT * FROM TALPENA ORDER BY Counter");
+    const auto rows =
+        state.document.WorkingDb->OpenRecordset("SELECT * FROM TALPENA ORDER BY Counter");
     for (; !rows->EOF_(); rows->MoveNext()) all.push_back(Texte(*rows));
     return all;
   }

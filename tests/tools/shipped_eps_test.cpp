@@ -19,7 +19,7 @@ class AnyPicture final : public test::FakeCanvas {
 
 /// Rows all over the globe, every ten degrees, the poles and the antimeridian among them.
 void RemplitLeGlobe(StoreState& state) {
-  const auto rows = state.WorkingDb->OpenRecordset("TALPENA");
+  const auto rows = state.document.WorkingDb->OpenRecordset("TALPENA");
   for (int latitude = -90; latitude <= 90; latitude += 10) {
     for (int longitude = -180; longitude <= 180; longitude += 10) {
       rows->AddNew();
@@ -28,9 +28,8 @@ void RemplitLeGlobe(StoreState& state) {
       rows->Update();
     }
   }
-  state.Data1.Lie(*state.WorkingDb);
-  state.Data1.RecordSource = state.SqlCourant;
-  state.Data1.Refresh();
+  state.document.Data1.Lie(*state.document.WorkingDb);
+  state.document.RelieSqlCourant();
 }
 
 TEST(ShippedEps, PrintsEveryMapWithDistributionAndGrid) {

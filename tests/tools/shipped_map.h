@@ -38,7 +38,7 @@ struct MapDesk : World {
     InitFacteurs(carte);
     return ChargeCarte(Contexte(), DansCarto(name + ".dsw"));
   }
-  MapContext Contexte() { return {carte, options, canvas, fenetre, state, machine, vue}; }
+  MapContext Contexte() { return {carte, options, canvas, fenetre, state, machine, vue, vue}; }
 
   std::unique_ptr<FileSystem> disk = CreeSystemeDeFichiers();
   Platform machine{*engine, *disk, settings, dialogues, clock, environment, sound};

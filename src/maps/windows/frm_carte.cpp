@@ -41,11 +41,11 @@ int Pixels(int twips) { return EnPixels(static_cast<float>(twips)); }
 
 }  // namespace
 
-frmCarte::frmCarte(StoreState& state, Platform& io, MainWindowView& vue, QWidget* parent)
+frmCarte::frmCarte(CommandContext contexte, QWidget* parent)
     : QDialog(parent),
-      state_(state),
-      io_(io),
-      vue_(vue),
+      contexte_(contexte),
+      state_(contexte.state),
+      io_(contexte.io),
       canevas_(parent != nullptr ? parent->devicePixelRatioF() : qApp->devicePixelRatio()) {
   setObjectName(QStringLiteral("frmCarte"));
   setModal(true);
@@ -62,7 +62,7 @@ frmCarte::frmCarte(StoreState& state, Platform& io, MainWindowView& vue, QWidget
   ActiveControles();
 }
 
-frmCarte::~frmCarte() { ChangeSablier(false); }
+frmCarte::~frmCarte() = default;
 
 /// Nearly as large as the screen, and so it stays for a picture of that size.
 void frmCarte::PlaceFenetre() {
@@ -97,16 +97,6 @@ void frmCarte::done(int result) {
     chargee_ = false;
   }
   QDialog::done(result);
-}
-
-void frmCarte::ChangeSablier(bool hourglass) {
-  if (hourglass == sablier_) return;
-  sablier_ = hourglass;
-  if (hourglass) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-  } else {
-    QApplication::restoreOverrideCursor();
-  }
 }
 
 void frmCarte::ActiveEps(bool enabled) {

@@ -34,7 +34,7 @@ class frmCarte : public QDialog, public MapWindow {
   Q_OBJECT
 
  public:
-  frmCarte(StoreState& state, Platform& io, MainWindowView& vue, QWidget* parent = nullptr);
+  explicit frmCarte(CommandContext contexte, QWidget* parent = nullptr);
   ~frmCarte() override;
 
   /// Whether the last map is there, or the first; else Charge asks for one.
@@ -48,7 +48,6 @@ class frmCarte : public QDialog, public MapWindow {
   void AppliqueLangue();
 
   // MapWindow
-  void ChangeSablier(bool hourglass) override;
   void ActiveEps(bool enabled) override;
   void AjusteMap() override;
   void ChangeTitre(const std::string& text) override;
@@ -65,7 +64,9 @@ class frmCarte : public QDialog, public MapWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  MapContext Contexte() { return {carte_, options_, canevas_, *this, state_, io_, vue_}; }
+  MapContext Contexte() {
+    return {carte_, options_, canevas_, *this, state_, io_, contexte_.vue, contexte_.attente};
+  }
 
   // frm_carte_build.cpp: the controls, and where they stand.
   void ConstruitMenus();
@@ -97,15 +98,14 @@ class frmCarte : public QDialog, public MapWindow {
   void ActiveControles();
   void AppliqueTitre();
 
+  CommandContext contexte_;
   StoreState& state_;
   Platform& io_;
-  MainWindowView& vue_;
   MapState carte_;
   MapOption options_;
   QtCanvas canevas_;
   bool chargee_ = false;
-  bool enCours_ = false;  ///< a command is under way
-  bool sablier_ = false;
+  bool enCours_ = false;     ///< a command is under way
   bool eps_ = false;         ///< the map is georeferenced
   bool titrePris_ = false;   ///< the caption tells a position
   QPoint voulue_;            ///< place of the settings

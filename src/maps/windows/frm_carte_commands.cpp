@@ -22,7 +22,6 @@ void frmCarte::Commande(Body body) {
   if (std::exchange(enCours_, true)) return;
   ExecuteCommande(state_, io_, {}, body);
   enCours_ = false;
-  ChangeSablier(false);
   MontreCanevas();
 }
 

@@ -39,41 +39,55 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
   aide_ = std::make_unique<HelpDesk>(state_, io_);
   ActiveControles();
   Relie();
-  const QPointer<Form1> self(this);
-  state_.Data1.Ecoute([self](DataControl::Change change) {
-    if (!self || change == DataControl::Change::Values) return;
-    self->AffichePosition();
-    self->ActiveEdition();
-    if (change == DataControl::Change::Rows) self->SuitLignes();
-  });
+  observed_ = state_.document.Observe([this](Changes changes) { SuitDocument(changes); });
 }
 
 // The base class moves the focus while it goes: nobody is to be told any more.
 Form1::~Form1() { disconnect(qApp, nullptr, this, nullptr); }
 
-void Form1::ChangeTitreFenetre(const std::string& title) {
-  setWindowTitle(QString::fromStdString(title));
+void Form1::SuitDocument(Changes changes) {
+  const Document& document = state_.document;
+  if (changes.Touche(Aspect::Title)) {
+    setWindowTitle(QString::fromStdString(document.Montre().titreFenetre));
+  }
+  if (changes.Touche(Aspect::Header)) MontreEntete();
+  MontreAffichage(changes);
+  if (changes.Touche(Aspect::Rows) || changes.Touche(Aspect::Position)) {
+    AffichePosition();
+    ActiveEdition();
+  }
+  if (changes.Touche(Aspect::Rows)) SuitLignes();
 }
 
-std::string Form1::BoxTitre() const { return BoxTitre_->text().toStdString(); }
-
-void Form1::ChangeBoxTitre(const std::string& text) {
-  BoxTitre_->setText(QString::fromStdString(text));
-  BoxTitre_->setCursorPosition(0);
+/// The boxes keep their cursors while somebody types into them.
+void Form1::MontreEntete() {
+  const DistributionHeader& entete = state_.document.Entete();
+  const auto montre = [](QLineEdit& box, const std::string& text) {
+    const QString shown = QString::fromStdString(text);
+    if (box.text() == shown) return;
+    box.setText(shown);
+    box.setCursorPosition(0);
+  };
+  montre(*BoxTitre_, entete.BoxTitre);
+  montre(*Commentaire_, entete.Commentaire);
+  AffichePanneauDatum();
 }
 
-std::string Form1::Commentaire() const { return Commentaire_->text().toStdString(); }
-
-void Form1::ChangeCommentaire(const std::string& text) {
-  Commentaire_->setText(QString::fromStdString(text));
-  Commentaire_->setCursorPosition(0);
+void Form1::AffichePanneauDatum() {
+  panels_[2]->setText(QString::fromStdString(state_.document.Entete().DatumFichierCode));
 }
 
-void Form1::MontreTitres() {
-  BoxTitre_->show();
-  LabelTitre->show();
-  LabelCommentaire->show();
-  Commentaire_->show();
+void Form1::MontreAffichage(Changes changes) {
+  const Display& display = state_.document.Montre();
+  if (changes.Touche(Aspect::TitleLines)) {
+    for (QWidget* widget :
+         std::initializer_list<QWidget*>{BoxTitre_, LabelTitre, LabelCommentaire, Commentaire_}) {
+      widget->setVisible(display.titres);
+    }
+  }
+  if (changes.Touche(Aspect::Grid)) AjusteGrille();
+  if (changes.Touche(Aspect::Words)) lbl1->setVisible(display.lbl1);
+  if (changes.Touche(Aspect::Menus)) ActiveControles();
 }
 
 void Form1::AjusteGrille() {
@@ -82,46 +96,26 @@ void Form1::AjusteGrille() {
   Picture1->update();
 }
 
-void Form1::ActiveMenus() {
-  fileOpen_ = true;
-  ActiveControles();
-}
-
-void Form1::DesactiveMenus() {
-  fileOpen_ = false;
-  ActiveControles();
-}
-
 void Form1::ActiveControles() {
   ParcourtMenus([this](const MenuEntry& entry) {
     if (entry.EstSeparateur()) return;
-    actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, fileOpen_));
+    actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, FichierOuvert()));
   });
-  cmd[1]->setEnabled(fileOpen_);
+  cmd[1]->setEnabled(FichierOuvert());
   ActiveEdition();
-  for (const std::size_t i : {4U, 5U}) cmd[i]->setEnabled(fileOpen_);
-  actions_.at("mnuChercher_1")->setEnabled(fileOpen_ && searched_);
-  cmdMap->setEnabled(fileOpen_);
-  for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
+  for (const std::size_t i : {4U, 5U}) cmd[i]->setEnabled(FichierOuvert());
+  actions_.at("mnuChercher_1")->setEnabled(FichierOuvert() && state_.RechercheAboutie);
+  cmdMap->setEnabled(FichierOuvert());
+  for (QToolButton* button : cmdFirstLast) button->setEnabled(FichierOuvert());
 }
 
 /// The record editor needs a row.
 void Form1::ActiveEdition() {
-  cmd[3]->setEnabled(fileOpen_ && state_.Data1.EstLie() &&
-                     state_.Data1.recordset().RecordCount() > 0);
+  cmd[3]->setEnabled(FichierOuvert() && state_.document.Data1.EstLie() &&
+                     state_.document.Data1.recordset().RecordCount() > 0);
 }
-
-void Form1::CacheLbl1() { lbl1->hide(); }
 
 void Form1::PlaceFocusGrille() { TDBGrid1->setFocus(); }
-
-bool Form1::GrilleVisible() const { return pages_->currentWidget() == TDBGrid1; }
-
-std::string Form1::TexteCellule(int column) {
-  const QModelIndex row = TDBGrid1->currentIndex();
-  return row.isValid() ? row.siblingAtColumn(column).data(Qt::EditRole).toString().toStdString()
-                       : std::string();
-}
 
 void Form1::AfficheMessage(const std::string& text) {
   frmMessage_->Affiche(QString::fromStdString(text));
@@ -155,15 +149,12 @@ void Form1::TraiteMessages() {
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
-void Form1::AffichePanneauDatum(const std::string& code) {
-  panels_[2]->setText(QString::fromStdString(code));
-}
-
 void Form1::AffichePosition() {
-  panels_[0]->setText(QString::fromStdString(TextePosition(state_.Data1)));
+  panels_[0]->setText(QString::fromStdString(TextePosition(state_.document.Data1)));
 }
 
-void Form1::AfficheDerniersFichiers(const std::array<std::string, 4>& paths) {
+void Form1::AfficheDerniersFichiers() {
+  const std::array<std::string, 4>& paths = state_.LastFiles;
   bool any = false;
   for (std::size_t i = 0; i < paths.size(); ++i) {
     QAction* entry = actions_.at("MnuLastFile_" + std::to_string(i + 1));
@@ -176,6 +167,8 @@ void Form1::AfficheDerniersFichiers(const std::array<std::string, 4>& paths) {
   }
   actions_.at("MnuLastFile_0")->setVisible(any);
 }
+
+void Form1::DesactiveMenus() { state_.document.DesactiveMenus(); }
 
 ScreenSize Form1::TailleEcran() const {
   const QScreen* screen = QGuiApplication::primaryScreen();
@@ -193,7 +186,7 @@ void Form1::AppliqueReglages() {
   move(place.topLeft());
   TDBGrid1->AppliqueLargeurs();
   TDBGrid1->AppliqueCouleurs();
-  AfficheDerniersFichiers(state_.LastFiles);
+  AfficheDerniersFichiers();
 }
 
 void Form1::ReleveReglages() {
@@ -204,9 +197,6 @@ void Form1::ReleveReglages() {
   state_.GrilleHauteur = EnTwips(height());
   TDBGrid1->ReleveLargeurs();
 }
-
-// The windows that list datums fill their lists from the catalogue each time they open.
-void Form1::RempliListesDatums() {}
 
 void Form1::InitTDBgrid() { TDBGrid1->InitTDBgrid(); }
 
@@ -244,7 +234,7 @@ void Form1::Termine() {
 
 void Form1::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
-  if (GrilleVisible()) AjusteGrille();
+  if (state_.document.Montre().grille) AjusteGrille();
   AjusteOutils();
 }
 

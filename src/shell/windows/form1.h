@@ -9,7 +9,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/main_window_view.h"
+#include "coord_commands/adjust.h"
 #include "platform/platform.h"
 #include "shell/menus.h"
 #include "shell/process_state.h"
@@ -38,7 +38,12 @@ class frmMessage;
 
 /// Menu bar, tool buttons, title lines, the grid and the status bar. What its controls do are
 /// procedures of the logic; every one of them runs inside Commande.
-class Form1 : public QMainWindow, public MainWindowView, public ShellView {
+class Form1 : public QMainWindow,
+              public MainWindowView,
+              public WaitView,
+              public StorePort,
+              public AdjustDialogs,
+              public ShellView {
   Q_OBJECT
 
  public:
@@ -50,39 +55,31 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   bool Charge(const std::string& commandLine);
   /// The splash that FermeSplash closes.
   void ChangeSplash(QWidget* splash) { splash_ = splash; }
-  ShellContext Contexte() { return {state_, io_, *this, *this}; }
+  ShellContext Contexte() { return {state_, io_, *this, *this, *this, *this}; }
 
   // MainWindowView
-  void ChangeTitreFenetre(const std::string& title) override;
-  std::string BoxTitre() const override;
-  void ChangeBoxTitre(const std::string& text) override;
-  std::string Commentaire() const override;
-  void ChangeCommentaire(const std::string& text) override;
-  void MontreTitres() override;
-  void AjusteGrille() override;
-  void ActiveMenus() override;
-  void CacheLbl1() override;
+  std::vector<Bookmark> LignesSelectionnees() override;
+  void ChoisitLignes(const std::vector<Bookmark>& rows) override;
+  std::optional<ColumnRange> ColonnesSelectionnees() override;
+  void SelectionneColonnes(ColumnRange columns) override;
+  int ColonneCourante() override;
   void PlaceFocusGrille() override;
-  bool GrilleVisible() const override;
-  std::string TexteCellule(int column) override;
+
+  // WaitView
   void AfficheMessage(const std::string& text) override;
   void FermeMessage() override;
   void ChangeSablier(bool hourglass) override;
   void MontreBarre(bool visible) override;
   void MontreProgression(double percent) override;
   void TraiteMessages() override;
-  void AffichePanneauDatum(const std::string& code) override;
-  void AfficheDerniersFichiers(const std::array<std::string, 4>& paths) override;
-  void MontreOptionsPeriodes() override;
-  bool MontreAjustement() override;
-  std::vector<Bookmark> LignesSelectionnees() override;
-  void ChoisitLignes(const std::vector<Bookmark>& rows) override;
-  std::optional<ColumnRange> ColonnesSelectionnees() override;
-  void SelectionneColonnes(ColumnRange columns) override;
-  int ColonneCourante() override;
-  void ActiveSuivant() override;
   void GeleGrille(bool frozen) override;
+
+  // StorePort
+  void MontreOptionsPeriodes() override;
   void RecalculeCoordonnees() override;
+
+  // AdjustDialogs
+  bool MontreAjustement() override;
 
   // ShellView
   ScreenSize TailleEcran() const override;
@@ -91,7 +88,6 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void AppliqueReglages() override;
   void ReleveReglages() override;
   void AppliqueLangue() override;
-  void RempliListesDatums() override;
   void InitFenetres() override;
   void InitTDBgrid() override;
   void ColoreOptTri() override;
@@ -109,8 +105,6 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void changeEvent(QEvent* event) override;
 
  private:
-  CommandContext Commandes() { return {state_, io_, *this}; }
-
   void ConstruitMenus();
   void ConstruitMenu(QMenu& menu, std::span<const MenuEntry> entries);
   QAction* ConstruitEntree(const MenuEntry& entry, QWidget& owner);
@@ -141,6 +135,15 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void MontreCarte(bool choisit);
   static QKeySequence ToucheCarte();  ///< key that opens the map view
   void Timer1_Tick();
+  void SuitDocument(Changes changes);
+  void MontreEntete();
+  void MontreAffichage(Changes changes);
+  void AjusteGrille();
+  void AffichePanneauDatum();
+  void ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text);
+  bool FichierOuvert() const { return state_.document.Montre().menus; }
+  CommandContext Commandes() { return Contexte().Commandes(); }
+  void AfficheDerniersFichiers();
   void ActiveControles();
   void ActiveEdition();
   void AjusteOutils();
@@ -156,8 +159,6 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   ProcessState& state_;
   Platform& io_;
   QWidget* splash_ = nullptr;
-  bool fileOpen_ = false;
-  bool searched_ = false;  ///< Next has a search to go on with
   bool hourglass_ = false;
   bool ended_ = false;
   int running_ = 0;          ///< commands under way
@@ -192,6 +193,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   EditForm* editForm_ = nullptr;    ///< while it is open
   frmCarte* frmCarte_ = nullptr;    ///< as is this
   std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
+  Subscription observed_;
 };
 
 }  // namespace talpena

@@ -82,7 +82,7 @@ void Form1::ConstruitMenus() {
     languages->addAction(action);
   }
   actions_.at("MnuSelection")->setCheckable(true);
-  AfficheDerniersFichiers({});
+  AfficheDerniersFichiers();
 }
 
 void Form1::SuitFocus(QWidget* now) {

@@ -25,6 +25,7 @@
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/help_desk.h"
 #include "shell/windows/prefer.h"
+#include "store/edition.h"
 #include "store/erase_column.h"
 #include "store/find.h"
 #include "store/row_commands.h"
@@ -68,6 +69,8 @@ bool Form1::Commande(Body body) {
 }
 
 void Form1::ApresCommande() {
+  AfficheDerniersFichiers();
+  ActiveControles();
   if (tickWaits_) {
     tickWaits_ = false;
     QTimer::singleShot(0, this, &Form1::Timer1_Tick);
@@ -88,9 +91,8 @@ void Form1::Relie() {
   }
   connect(CmbTri, &QComboBox::currentIndexChanged, this, &Form1::CmbTri_Click);
   connect(OptTri[1], &QRadioButton::toggled, this, &Form1::CmbTri_Click);
-  for (QLineEdit* box : {BoxTitre_, Commentaire_}) {
-    connect(box, &QLineEdit::textEdited, this, [this] { state_.FichierModifie = true; });
-  }
+  ChangeTexte(*BoxTitre_, &DistributionHeader::BoxTitre);
+  ChangeTexte(*Commentaire_, &DistributionHeader::Commentaire);
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { SuitFocus(now); });
   connect(lbl1, &QLabel::linkActivated, this,
@@ -107,6 +109,15 @@ void Form1::Relie() {
   Timer1->setInterval(tickMs);
   connect(Timer1, &QTimer::timeout, this, &Form1::Timer1_Tick);
   Timer1->start();
+}
+
+/// What is typed into a box is the document's at once.
+void Form1::ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text) {
+  connect(&box, &QLineEdit::textEdited, this, [this, text](const QString& typed) {
+    Edition edition(state_.document, "Title");
+    edition.Entete().*text = typed.toStdString();
+    edition.Valide();
+  });
 }
 
 bool Form1::Charge(const std::string& commandLine) {
@@ -149,7 +160,7 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
       case MenuCommand::Quitter:
         return MnuQuitter_Click(Contexte());
       case MenuCommand::Preferences:
-        return static_cast<void>(Prefer(state_, io_, *this, this).exec());
+        return static_cast<void>(Prefer(Commandes(), this).exec());
       case MenuCommand::OptionsPeriodes:
         return MontreOptionsPeriodes();
       case MenuCommand::Chercher:
@@ -171,7 +182,7 @@ void Form1::ExecuteMenu(const MenuEntry& entry) {
       case MenuCommand::RemplirTexte:
         return MnuRemplirTexte_Click(Commandes());
       case MenuCommand::AjustGrid:
-        return mnuAjustGrid_Click(Commandes(), entry.index);
+        return mnuAjustGrid_Click(Commandes(), *this, entry.index);
       case MenuCommand::AjustIFBL:
         return mnuAjustIFBL_Click(Commandes(), entry.index);
       case MenuCommand::DatumFichier:
@@ -217,7 +228,7 @@ void Form1::cmdFirstLast_Click(int index) {
 void Form1::CmbTri_Click() {
   const int index = CmbTri->currentIndex();
   const bool descending = OptTri[1]->isChecked();
-  if (Commande([&] { ChangeTri(state_, index, descending); })) {
+  if (Commande([&] { ChangeTri(state_.document, index, descending); })) {
     sortIndex_ = index;
     sortDescending_ = descending;
     return;
@@ -251,7 +262,7 @@ QList<QKeySequence> Form1::TouchesEdition() {
 void Form1::MontreEdition() {
   if (running_ > 0 || editForm_ != nullptr || !TDBGrid1->ValideEdition()) return;
   if (!cmd[3]->isEnabled()) return;
-  EditForm form(state_, io_, *this, this);
+  EditForm form(Commandes(), this);
   editForm_ = &form;
   form.exec();
   editForm_ = nullptr;
@@ -265,7 +276,7 @@ QKeySequence Form1::ToucheCarte() { return QKeySequence(QStringLiteral("Ctrl+M")
 void Form1::MontreCarte(bool choisit) {
   if (running_ > 0 || frmCarte_ != nullptr || !cmdMap->isEnabled()) return;
   if (!TDBGrid1->ValideEdition()) return;
-  frmCarte view(state_, io_, *this, this);
+  frmCarte view(Commandes(), this);
   frmCarte_ = &view;
   view.Montre(choisit);
   frmCarte_ = nullptr;
@@ -277,7 +288,7 @@ void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, this).exec
 
 void Form1::MnuDatumFichier_Click() {
   frmDatum chooser(state_, this);
-  chooser.Selectionne(state_.DatumFichierCode);
+  chooser.Selectionne(state_.document.Entete().DatumFichierCode);
   chooser.exec();
   if (!chooser.Resultat().empty()) ChangeDatumFichier(Commandes(), chooser.Resultat());
 }
@@ -293,11 +304,6 @@ std::optional<ColumnRange> Form1::ColonnesSelectionnees() { return TDBGrid1->Col
 void Form1::SelectionneColonnes(ColumnRange columns) { TDBGrid1->SelectionneColonnes(columns); }
 
 int Form1::ColonneCourante() { return TDBGrid1->ColonneCourante(); }
-
-void Form1::ActiveSuivant() {
-  searched_ = true;
-  ActiveControles();
-}
 
 void Form1::GeleGrille(bool frozen) { TDBGrid1->setUpdatesEnabled(!frozen); }
 

@@ -10,7 +10,6 @@
 #include "common/string_table.h"
 #include "shell/windows/form1.h"
 #include "store/filter.h"
-#include "store/sort.h"
 
 namespace talpena {
 
@@ -22,7 +21,7 @@ void Form1::MnuSelection_Click() {
 /// Rows came or went, or other ones are shown.
 void Form1::SuitLignes() {
   const bool before = filtered_;
-  filtered_ = FiltreActif(state_.Data1);
+  filtered_ = state_.document.FiltreActif();
   filterGone_ = before && !filtered_;
   AfficheFiltre();
   AfficheTri();
@@ -30,10 +29,10 @@ void Form1::SuitLignes() {
 
 void Form1::AfficheFiltre() {
   actions_.at("MnuSelection")->setChecked(filtered_);
-  std::string text = TexteFiltre(state_);
+  std::string text = TexteFiltre(state_.document, state_.Langue);
   if (filterGone_) {
-    text =
-        AvecNombres(state_.Langue, Texte(state_.Langue, MsgId::FiltreRetire), CompteLignes(state_));
+    text = AvecNombres(state_.Langue, Texte(state_.Langue, MsgId::FiltreRetire),
+                       CompteLignes(state_.document));
   }
   panels_[1]->setText(QString::fromStdString(text));
   panels_[1]->setToolTip(
@@ -43,10 +42,10 @@ void Form1::AfficheFiltre() {
 
 /// The sort controls show the order that the rows have, whoever bound them.
 void Form1::AfficheTri() {
-  const std::optional<OrdreDeTri> order = OrdreDe(state_.Data1.RecordSource);
+  const std::optional<RowOrder> order = state_.document.LignesMontrees().Ordre();
   if (!order) return;
   sortIndex_ = order->index;
-  sortDescending_ = order->descending;
+  sortDescending_ = order->direction == Direction::Descending;
   const QSignalBlocker list(CmbTri);
   const QSignalBlocker option(OptTri[1]);
   CmbTri->setCurrentIndex(sortIndex_);

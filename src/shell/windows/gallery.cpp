@@ -24,8 +24,8 @@ namespace {
 
 std::unique_ptr<QWidget> CreeAttente(const GalleryContext& c) {
   auto message = std::make_unique<frmMessage>();
-  message->Affiche(
-      QString::fromStdString(Texte(c.state.Langue, MsgId::Ouverture) + " " + c.state.NomFichier));
+  message->Affiche(QString::fromStdString(Texte(c.state.Langue, MsgId::Ouverture) + " " +
+                                          c.state.document.Fichier.NomFichier));
   return message;
 }
 
@@ -43,7 +43,7 @@ std::unique_ptr<QWidget> CreeCarte(const GalleryContext& c) {
   if (c.io.settings.Lit("TALPENA", "Carto", "LastMap", "").empty() && c.io.files.Existe(region)) {
     c.io.settings.Ecrit("TALPENA", "Carto", "LastMap", region);
   }
-  auto view = std::make_unique<frmCarte>(c.state, c.io, c.vue);
+  auto view = std::make_unique<frmCarte>(c.Commandes());
   if (view->ConnaitUneCarte()) view->Charge();
   return view;
 }
@@ -72,8 +72,8 @@ constexpr std::array windows = {
     GalleryWindow{"map-options", CreeOptionsCarte},
     GalleryWindow{"message", CreeAttente},
     GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io); }},
-    GalleryWindow{"preferences", [](Context c) -> Window { return std::make_unique<Prefer>(c.state, c.io, c.vue); }},
-    GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.state, c.io, c.vue); }},
+    GalleryWindow{"preferences", [](Context c) -> Window { return std::make_unique<Prefer>(c.Commandes()); }},
+    GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.Commandes()); }},
     GalleryWindow{"selection", [](Context c) -> Window { return std::make_unique<Selection>(c.state, c.io); }},
     GalleryWindow{"splash",  [](Context c) -> Window { return std::make_unique<Start>(c.state); }},
 };

@@ -4,18 +4,12 @@
 #include <memory>
 #include <span>
 
-#include "platform/main_window_view.h"
-#include "platform/platform.h"
-#include "shell/process_state.h"
+#include "shell/start_stop.h"
 
 namespace talpena {
 
 /// What the windows are made with; a file is open.
-struct GalleryContext {
-  ProcessState& state;
-  Platform& io;
-  MainWindowView& vue;
-};
+using GalleryContext = ShellContext;
 
 struct GalleryWindow {
   const char* name;  ///< short, for files and messages

@@ -77,7 +77,7 @@ void PrendToutes(Photographer& photographer, Form1& form, const GalleryContext& 
 
 }  // namespace
 
-bool PrendImages(Form1& form, ProcessState& state, Platform& io, const QString& folder) {
+bool PrendImages(Form1& form, const QString& folder) {
   QDir().mkpath(folder);
   Photographer photographer(folder);
   const QPalette light = QApplication::palette();
@@ -85,9 +85,9 @@ bool PrendImages(Form1& form, ProcessState& state, Platform& io, const QString& 
     const QString code = QLatin1Char('_') + QLatin1String(language.code);
     QApplication::setPalette(light);
     MnuLang_Click(form.Contexte(), language.index);
-    PrendToutes(photographer, form, {state, io, form}, code);
+    PrendToutes(photographer, form, form.Contexte(), code);
     QApplication::setPalette(PaletteSombre());
-    PrendToutes(photographer, form, {state, io, form}, code + QStringLiteral("_dark"));
+    PrendToutes(photographer, form, form.Contexte(), code + QStringLiteral("_dark"));
   }
   return photographer.Reussi();
 }

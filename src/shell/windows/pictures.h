@@ -13,7 +13,7 @@ class Form1;
 
 /// Saves PNG pictures of every window into a folder, in each language, in light and in dark:
 /// "main_en.png", "main_en_dark.png", ... False when one could not be written.
-bool PrendImages(Form1& form, ProcessState& state, Platform& io, const QString& folder);
+bool PrendImages(Form1& form, const QString& folder);
 
 /// For as long as it is kept, every box that comes up is pictured and closed, so that nobody has
 /// to answer it.

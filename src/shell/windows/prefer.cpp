@@ -70,8 +70,8 @@ void MontreDatum(QComboBox* list, const std::string& entry) {
 
 }  // namespace
 
-Prefer::Prefer(StoreState& state, Platform& io, MainWindowView& vue, QWidget* parent)
-    : QDialog(parent), state_(state), io_(io), vue_(vue) {
+Prefer::Prefer(CommandContext contexte, QWidget* parent)
+    : QDialog(parent), contexte_(contexte), state_(contexte.state), io_(contexte.io) {
   setObjectName("Prefer");
   setModal(true);
   Construit();
@@ -289,7 +289,7 @@ void Prefer::MontreDatumSpherique() {
 
 void Prefer::Command1_Click() {
   PreferencesForm form = Lit();
-  const PreferencesOutcome outcome = ValidePrefer({state_, io_, vue_}, form);
+  const PreferencesOutcome outcome = ValidePrefer(contexte_, form);
   txtSaveInterval->setText(Affiche(form.txtSaveInterval));
   if (outcome.ferme) return accept();
   if (outcome.focus == PreferencesFocus::None) return;

@@ -21,7 +21,7 @@ class Prefer : public QDialog {
   Q_OBJECT
 
  public:
-  Prefer(StoreState& state, Platform& io, MainWindowView& vue, QWidget* parent = nullptr);
+  explicit Prefer(CommandContext contexte, QWidget* parent = nullptr);
 
   /// Captions in the current language; what the user typed or chose stays.
   void AppliqueLangue();
@@ -47,9 +47,9 @@ class Prefer : public QDialog {
   void Montre(const PreferencesForm& form);
   PreferencesForm Lit() const;
 
+  CommandContext contexte_;
   StoreState& state_;
   Platform& io_;
-  MainWindowView& vue_;
   std::string datumSpherique_;  ///< its code
 
   std::array<QGroupBox*, 4> Frame{};

@@ -30,7 +30,7 @@ bool NommeUnePlace(const RecordScreen& ecran) {
 
 /// The point on the file's datum. Empty when the boxes name none; `failure` then takes the text
 /// of failure, if there is one.
-std::optional<Point> PointDesBoites(CoordState& state, const RecordScreen& ecran,
+std::optional<Point> PointDesBoites(StoreState& state, const RecordScreen& ecran,
                                     std::string& failure) {
   const std::string original = Majuscules(OriginalDesBoites(ecran));
   if (const auto refus = InfoDe(ecran.system).form.refus) {
@@ -43,12 +43,12 @@ std::optional<Point> PointDesBoites(CoordState& state, const RecordScreen& ecran
   DecodeOriginal(state, original, ecran.datum, point.latitude, point.longitude, code);
   if (point.latitude == EchecCoord || point.longitude == EchecCoord) return std::nullopt;
   ConvertitDatum(state.Catalogue, point.latitude, point.longitude, 0, point.latitude,
-                 point.longitude, ecran.datum, state.DatumFichier);
+                 point.longitude, ecran.datum, state.document.Entete().DatumFichier);
   return point;
 }
 
 /// The same, with faults of the arithmetic as points that do not exist.
-std::optional<Point> PointSansFaute(CoordState& state, const RecordScreen& ecran,
+std::optional<Point> PointSansFaute(StoreState& state, const RecordScreen& ecran,
                                     std::string& failure) {
   try {
     return PointDesBoites(state, ecran, failure);
@@ -72,9 +72,9 @@ bool RefuseChiffres(CommandContext c, RecordScreen& ecran) {
 }
 
 /// Code of a datum that the computation needs and the catalogue lacks; "" when it has both.
-std::string DatumManquant(const CoordState& state, const RecordScreen& ecran) {
+std::string DatumManquant(const DistributionHeader& entete, const RecordScreen& ecran) {
   if (ecran.datum == 0) return ecran.lblDatum;
-  return state.DatumFichier == 0 ? state.DatumFichierCode : std::string();
+  return entete.DatumFichier == 0 ? entete.DatumFichierCode : std::string();
 }
 
 std::string AvisSansPoint(std::int16_t langue, const std::string& failure) {
@@ -105,7 +105,7 @@ bool CalculePoint(CommandContext c, RecordScreen& ecran) {
   ecran.avisReference.clear();
   if (BoitesRemplies(ecran)) {
     if (RefuseChiffres(c, ecran)) return false;
-    std::string failure = DatumManquant(c.state, ecran);
+    std::string failure = DatumManquant(c.state.document.Entete(), ecran);
     if (!failure.empty()) {
       ecran.avisReference = failure + ": " + Texte(c.state.Langue, MsgId::DatumAbsent);
     } else if (const auto point = PointSansFaute(c.state, ecran, failure)) {

@@ -46,8 +46,8 @@ std::string TexteMgrs(const std::string& mgrs) {
 void AfficheUtm(StoreState& state, RecordScreen& ecran, double latitude, double longitude) {
   DatumCatalogue& catalogue = state.Catalogue;
   ChoisitEllipsoide(catalogue, ecran.datum);
-  ConvertitDatum(catalogue, latitude, longitude, 0, latitude, longitude, state.DatumFichier,
-                 ecran.datum);
+  ConvertitDatum(catalogue, latitude, longitude, 0, latitude, longitude,
+                 state.document.Entete().DatumFichier, ecran.datum);
   if (latitude == 0 && longitude == 0) return;
   std::int16_t zone = 0;
   double northing = 0, easting = 0;
@@ -71,8 +71,8 @@ void AfficheControle(CommandContext c, RecordScreen& ecran) {
   if (!latitude || !longitude) return;
   Essaie([&] { ecran.ValeurDMS = TexteDmsSigne(*latitude) + "\n" + TexteDmsSigne(*longitude); });
   Essaie([&] { AfficheUtm(c.state, ecran, *latitude, *longitude); });
-  ecran.ValeurLibre =
-      ReferenceDuPoint(c.state, ecran.system, c.state.DatumFichier, *latitude, *longitude);
+  ecran.ValeurLibre = ReferenceDuPoint(c.state, ecran.system, c.document().Entete().DatumFichier,
+                                       *latitude, *longitude);
 }
 
 }  // namespace talpena

@@ -36,8 +36,9 @@ bool EstEntre(std::string_view text, double low, double high) {
 
 std::string AvisSeparateur(const StoreState& state, const RecordScreen& ecran) {
   for (const std::string& field : ecran.Grid) {
-    if (field.find(state.FreeFieldSeparator) == std::string::npos) continue;
-    return Remplace(Texte(state.Langue, MsgId::SeparateurTape), "%1", state.FreeFieldSeparator);
+    if (field.find(state.document.Entete().FreeFieldSeparator) == std::string::npos) continue;
+    return Remplace(Texte(state.Langue, MsgId::SeparateurTape), "%1",
+                    state.document.Entete().FreeFieldSeparator);
   }
   return {};
 }
@@ -95,7 +96,7 @@ std::optional<RecordFault> PremiereFaute(const StoreState& state, const RecordSc
   const auto fault = [&](RecordField field, int id) {
     return RecordFault{field, Texte(state.Langue, id)};
   };
-  const int periods = state.NbPivots + 1;
+  const int periods = state.document.Entete().NbPivots + 1;
   if (!EstDateValide(ecran.ChampAnnee)) return fault(RecordField::ChampAnnee, MsgId::DateInvalide);
   if (!EstEntre(ecran.ChampPeriode, 1, periods)) {
     RecordFault period = fault(RecordField::ChampPeriode, MsgId::PeriodeHorsLimites);

@@ -21,7 +21,7 @@ namespace {
 /// Bookmark of the current row; empty off a row.
 std::optional<Bookmark> RangeeCourante(StoreState& state) {
   try {
-    return state.Data1.recordset().GetBookmark();
+    return state.document.Data1.recordset().GetBookmark();
   } catch (const TalpenaError&) {
     return std::nullopt;
   }
@@ -64,7 +64,8 @@ void MontreOriginal(StoreState& state, RecordScreen& ecran, std::string_view sto
 }
 
 void MontreTexteLibre(const StoreState& state, RecordScreen& ecran, std::string_view comment) {
-  FreeText text = DecoupeTexteLibre(comment, state.FreeFieldSeparator, ecran.Grid.size());
+  FreeText text =
+      DecoupeTexteLibre(comment, state.document.Entete().FreeFieldSeparator, ecran.Grid.size());
   ecran.Grid = std::move(text.fields);
   ecran.ChampLibre = std::move(text.remark);
 }
@@ -84,7 +85,7 @@ void DitDatumInconnu(CommandContext c, RecordScreen& ecran, const std::string& c
 
 std::string TexteDuChamp(StoreState& state, int field) {
   try {
-    Recordset& rows = state.Data1.recordset();
+    Recordset& rows = state.document.Data1.recordset();
     return TexteDeCellule(rows.Fields().at(static_cast<std::size_t>(field)), rows.Get(field));
   } catch (const TalpenaError&) {
     return {};
@@ -100,15 +101,15 @@ void MontreNombres(StoreState& state, RecordScreen& ecran) {
 }
 
 void CfgFreeFields(const StoreState& state, RecordScreen& ecran) {
-  ecran.Grid.assign(static_cast<std::size_t>(state.FreeFieldCount), {});
+  ecran.Grid.assign(static_cast<std::size_t>(state.document.Entete().FreeFieldCount), {});
 }
 
 std::vector<std::string> EtiquettesChampsLibres(const StoreState& state) {
   std::vector<std::string> labels;
-  for (const FreeFieldDef& field : state.FreeFieldDefs) {
+  for (const FreeFieldDef& field : state.document.Entete().FreeFieldDefs) {
     labels.emplace_back(RogneDroite(field.Label));
   }
-  labels.resize(static_cast<std::size_t>(state.FreeFieldCount));
+  labels.resize(static_cast<std::size_t>(state.document.Entete().FreeFieldCount));
   return labels;
 }
 
@@ -126,7 +127,7 @@ void RempliDessus(CommandContext c, RecordScreen& ecran) {
     const std::string unknown = MontreDatum(state, ecran, TexteDuChamp(state, Column::DATUM));
     MontreOriginal(state, ecran, TexteDuChamp(state, Column::ORIGINAL));
     MontreTexteLibre(state, ecran, TexteDuChamp(state, Column::COMMENT));
-    ecran.lblCpt = TextePosition(state.Data1);
+    ecran.lblCpt = TextePosition(state.document.Data1);
     ecran.referenceLue = CleReference(ecran);
 
     AfficheControle(c, ecran);

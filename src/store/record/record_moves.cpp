@@ -16,7 +16,7 @@ bool Sauve(CommandContext c, RecordScreen& ecran) {
 
 /// One row on, or back; at either end it stays, with a beep.
 void Avance(CommandContext c, bool forwards) {
-  Recordset& rows = c.state.Data1.recordset();
+  Recordset& rows = c.document().Data1.recordset();
   if (rows.RecordCount() == 0) return Bip(c.state, c.io);
   if (forwards) {
     if (!rows.EOF_()) rows.MoveNext();
@@ -30,27 +30,15 @@ void Avance(CommandContext c, bool forwards) {
   Bip(c.state, c.io);
 }
 
-Bookmark AjouteLigneVide(StoreState& state) {
-  const auto rows = state.Data1.Clone();
-  rows->AddNew();
-  rows->Update();
-  return rows->LastModified();
-}
-
 /// Adds a row and shows it. It is the last of the recordset, in any order and with any filter, so
 /// that no query runs again.
 template <typename Add>
-void AjouteRangee(CommandContext c, RecordScreen& ecran, Add&& add) {
+void AjouteRangee(CommandContext c, RecordScreen& ecran, std::string name, Add&& add) {
   ExecuteCommande(c.state, c.io, {}, [&] {
     if (!Sauve(c, ecran)) return;
-    DataControl& data = c.state.Data1;
-    const Bookmark added = add(c.state);
-    c.state.FichierModifie = true;
-    data.SignaleLignes();
-    Recordset& rows = data.recordset();
-    rows.MoveLast();
-    if (rows.GetBookmark() != added) rows.SetBookmark(added);
-    data.SignalePosition();
+    Edition edition(c.document(), std::move(name));
+    edition.VaA(add(edition));
+    edition.Valide();
     RempliDessus(c, ecran);
     ecran.focus = RecordField::ChampPeriode;
   });
@@ -63,16 +51,19 @@ void cmdNavig_Click(CommandContext c, RecordScreen& ecran, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {
     if (!Sauve(c, ecran)) return;
     Avance(c, index == 0);
-    c.state.Data1.SignalePosition();
+    c.document().Data1.SignalePosition();
     RempliDessus(c, ecran);
   });
 }
 
 void ButNew_Click(CommandContext c, RecordScreen& ecran) {
-  AjouteRangee(c, ecran, AjouteLigneVide);
+  AjouteRangee(c, ecran, "New", [](Edition& edition) { return edition.AjouteLigne(); });
 }
 
-void ButDupl_Click(CommandContext c, RecordScreen& ecran) { AjouteRangee(c, ecran, DupliqueLigne); }
+void ButDupl_Click(CommandContext c, RecordScreen& ecran) {
+  AjouteRangee(c, ecran, "Duplicate",
+               [c](Edition& edition) { return DupliqueLigne(c.document(), edition); });
+}
 
 void ButOk_Click(CommandContext c, RecordScreen& ecran) {
   if (Sauve(c, ecran)) ecran.ButOk = false;

@@ -6,7 +6,7 @@
 #include "coords/tokens.h"
 #include "platform/commands.h"
 #include "store/cell_text.h"
-#include "store/open_edit.h"
+#include "store/edition.h"
 #include "store/record/compute.h"
 #include "store/record/date_mask.h"
 #include "store/record/free_text.h"
@@ -67,9 +67,8 @@ class RowWriter {
   std::optional<RecordField>& at_;
 };
 
-void EcritRangee(const StoreState& state, const RecordScreen& ecran, Recordset& rows,
+void EcritChamps(const DistributionHeader& entete, const RecordScreen& ecran, Recordset& rows,
                  std::optional<RecordField>& at) {
-  OpenEdit edit(rows);
   RowWriter row(rows, at);
   row.Nombre(RecordField::ChampPeriode, Column::PERIOD, ecran.ChampPeriode);
   row.Nombre(RecordField::ChampLatitude, Column::LATITUDE, ecran.ChampLatitude);
@@ -79,10 +78,9 @@ void EcritRangee(const StoreState& state, const RecordScreen& ecran, Recordset& 
   row.Texte(RecordField::ChampSex, Column::SEX, ecran.ChampSex);
   row.Date(ecran);
   row.Texte(RecordField::ChampLibre, Column::COMMENT,
-            AssembleTexteLibre(ecran.Grid, ecran.ChampLibre, state.FreeFieldSeparator));
+            AssembleTexteLibre(ecran.Grid, ecran.ChampLibre, entete.FreeFieldSeparator));
   row.Original(ecran);
   at.reset();
-  edit.Valide();
 }
 
 /// A box that was not left yet, and boxes that are not all filled: seen before the row is written.
@@ -107,11 +105,11 @@ bool PasseControles(CommandContext c, RecordScreen& ecran) {
     Dit(c, fault->text);
     return false;
   }
-  if (!c.state.Data1.EstLie()) {
+  if (!c.document().Data1.EstLie()) {
     Dit(c, "Erreur! [recordset is nothing]");
     return false;
   }
-  const Recordset& rows = c.state.Data1.recordset();
+  const Recordset& rows = c.document().Data1.recordset();
   if (rows.BOF() || rows.EOF_()) {
     Dit(c, "Erreur! [recordset BOF or EOF]");
     return false;
@@ -128,8 +126,6 @@ void FormeSauvee(CommandContext c, RecordScreen& ecran) {
   MetAvis(c.state, ecran);
   if (!ecran.layout.datumFixed && !ecran.EditBox[2].empty()) ecran.datumPropre = ecran.datum;
   ecran.modifie = ecran.ButOk = false;
-  c.state.FichierModifie = true;
-  c.state.Data1.SignaleValeurs();
 }
 
 }  // namespace
@@ -143,8 +139,12 @@ void SauveEcran(CommandContext c, RecordScreen& ecran, bool& failed) {
       failed = true;
       return;
     }
-    EcritRangee(c.state, ecran, c.state.Data1.recordset(), at);
+    Edition edition(c.document(), "Record editor");
+    edition.ModifieLigne(c.document().Data1.recordset(), [&](Recordset& row) {
+      EcritChamps(c.document().Entete(), ecran, row, at);
+    });
     FormeSauvee(c, ecran);
+    edition.Valide();
   } catch (const TalpenaError& error) {
     failed = true;
     if (at) ecran.focus = at;

@@ -81,8 +81,8 @@ std::size_t LigneAvis(const RecordScreen& ecran) {
 
 }  // namespace
 
-EditForm::EditForm(StoreState& state, Platform& io, MainWindowView& vue, QWidget* parent)
-    : QDialog(parent), state_(state), io_(io), vue_(vue) {
+EditForm::EditForm(CommandContext contexte, QWidget* parent)
+    : QDialog(parent), contexte_(contexte), state_(contexte.state), io_(contexte.io) {
   setObjectName("EditForm");
   setModal(true);
   setWindowFlag(Qt::WindowMaximizeButtonHint);

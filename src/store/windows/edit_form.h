@@ -33,7 +33,7 @@ class EditForm : public QDialog {
   Q_OBJECT
 
  public:
-  EditForm(StoreState& state, Platform& io, MainWindowView& vue, QWidget* parent = nullptr);
+  explicit EditForm(CommandContext contexte, QWidget* parent = nullptr);
 
   /// Captions in the current language; what was typed stays, and stays unsaved.
   void AppliqueLangue();
@@ -59,7 +59,7 @@ class EditForm : public QDialog {
     QLabel* value;
   };
 
-  CommandContext Contexte() { return {state_, io_, vue_}; }
+  CommandContext Contexte() { return contexte_; }
 
   // edit_form_build.cpp: the controls and what they are tied to.
   void Construit();
@@ -126,9 +126,9 @@ class EditForm : public QDialog {
   void Suivant() { cmdNavig_Click(0); }
   void Precedent() { cmdNavig_Click(1); }
 
+  CommandContext contexte_;
   StoreState& state_;
   Platform& io_;
-  MainWindowView& vue_;
   RecordScreen ecran_;
   bool enCours_ = false;    ///< a procedure of the editor is under way
   bool remplit_ = false;    ///< the form fills itself

@@ -155,8 +155,8 @@ void EditForm::ConstruitTextes(QWidget* parent) {
   Grid->setObjectName("Grid");
   Grid->installEventFilter(this);
   Grid->ChangeEtiquettes(EtiquettesChampsLibres(state_));
-  LabelGrid->setVisible(state_.FreeFieldCount > 0);
-  Grid->setVisible(state_.FreeFieldCount > 0);
+  LabelGrid->setVisible(state_.document.Entete().FreeFieldCount > 0);
+  Grid->setVisible(state_.document.Entete().FreeFieldCount > 0);
   LabelLibre = Etiquette(parent, "LabelLibre");
   ChampLibre = new Remarque(parent);
   ChampLibre->setObjectName("ChampLibre");

@@ -6,7 +6,7 @@
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"
-#include "store/open_edit.h"
+#include "store/edition.h"
 
 namespace talpena {
 namespace {
@@ -46,19 +46,21 @@ bool EstColonneNumerique(const FieldDef& field) {
   }
 }
 
-bool EcritCellule(Recordset& rows, std::int64_t position, int field, std::string_view typed) {
+void EcritCellule(Document& document, Recordset& rows, std::int64_t position, int field,
+                  std::string_view typed) {
   rows.SetAbsolutePosition(position);
   const FieldDef& def = rows.Fields().at(static_cast<std::size_t>(field));
-  if (TexteDeCellule(def, rows.Get(field)) == typed) return false;
+  if (TexteDeCellule(def, rows.Get(field)) == typed) return;
 
   const bool number = EstColonneNumerique(def);
   const std::string text = number ? Remplace(Rogne(typed), ",", ".") : std::string(typed);
   const bool null = text.empty() && (number || !def.allowZeroLength);
 
-  OpenEdit edit(rows);
-  rows.Set(field, null ? Cell::Null() : Cell::Of(std::string_view(text)));
-  edit.Valide();
-  return true;
+  Edition edition(document, "Edit cell");
+  edition.ModifieLigne(rows, [&](Recordset& row) {
+    row.Set(field, null ? Cell::Null() : Cell::Of(std::string_view(text)));
+  });
+  edition.Valide();
 }
 
 std::string RaisonDuRefus(std::int16_t langue, const FieldDef& field, const TalpenaError& refus) {

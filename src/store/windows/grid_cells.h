@@ -8,6 +8,7 @@
 #include "common/talpena_error.h"
 #include "platform/table_engine.h"
 #include "store/cell_text.h"
+#include "store/document.h"
 
 namespace talpena {
 
@@ -19,7 +20,8 @@ bool EstColonneNumerique(const FieldDef& field);
 /// changes nothing.
 /// @return whether the row was changed; a value that the column cannot hold is the engine's
 ///         TalpenaError, with the row as it was
-bool EcritCellule(Recordset& rows, std::int64_t position, int field, std::string_view typed);
+void EcritCellule(Document& document, Recordset& rows, std::int64_t position, int field,
+                  std::string_view typed);
 
 /// Why the table refused a value, in the user's language; the engine's own description where
 /// there is no better text.

@@ -23,7 +23,7 @@ constexpr int longText = 30;  ///< characters from which a cell tells its whole 
 }  // namespace
 
 GridModel::GridModel(StoreState& state, QObject* parent)
-    : QAbstractTableModel(parent), state_(state) {}
+    : QAbstractTableModel(parent), settings_(state), document_(state.document) {}
 
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : count_; }
 
@@ -95,19 +95,18 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
   const int field = index.column() + Column::FirstInGrid;
   placedOn_ = -1;
   try {
-    if (!EcritCellule(*rows_, index.row(), field, value.toString().toStdString())) return true;
+    EcritCellule(document_, *rows_, index.row(), field, value.toString().toStdString());
+    return true;
   } catch (const TalpenaError& e) {
-    refus_ = RaisonDuRefus(state_.Langue, rows_->Fields().at(static_cast<std::size_t>(field)), e);
+    refus_ =
+        RaisonDuRefus(settings_.Langue, rows_->Fields().at(static_cast<std::size_t>(field)), e);
     return false;
   }
-  state_.FichierModifie = true;
-  state_.Data1.SignaleValeurs();
-  return true;
 }
 
 void GridModel::Recharge() {
   beginResetModel();
-  rows_ = state_.Data1.EstLie() ? state_.Data1.Clone() : nullptr;
+  rows_ = document_.Data1.EstLie() ? document_.Data1.Clone() : nullptr;
   placedOn_ = -1;
   const std::int64_t count = rows_ ? rows_->RecordCount() : 0;
   count_ = static_cast<int>(std::min<std::int64_t>(count, std::numeric_limits<int>::max()));

@@ -45,7 +45,8 @@ class GridModel : public QAbstractTableModel {
   std::string Texte(int row, int gridColumn) const;
   void PlaceSur(int row) const;
 
-  StoreState& state_;
+  const SettingsState& settings_;
+  Document& document_;
   std::unique_ptr<Recordset> rows_;
   mutable int placedOn_ = -1;  ///< row on which rows_ stands
   int count_ = 0;

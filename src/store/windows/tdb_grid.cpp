@@ -134,10 +134,7 @@ TDBGrid::TDBGrid(StoreState& state, Platform& io, QWidget* parent)
     sizedByUser_.at(static_cast<std::size_t>(column)) = true;
     EtireDerniere();
   });
-  const QPointer<TDBGrid> self(this);
-  state_.Data1.Ecoute([self](DataControl::Change change) {
-    if (self) self->SuitDonnees(change);
-  });
+  observed_ = state_.document.Observe([this](Changes changes) { SuitDocument(changes); });
   AppliqueCouleurs();
 }
 
@@ -217,27 +214,22 @@ void TDBGrid::EtireDerniere() {
   sizing_ = false;
 }
 
-void TDBGrid::SuitDonnees(DataControl::Change change) {
-  switch (change) {
-    case DataControl::Change::Rows:
-      OublieChoix();
-      following_ = true;
-      model_->Recharge();
-      following_ = false;
-      SuitPosition();
-      break;
-    case DataControl::Change::Values:
-      model_->RafraichitValeurs();
-      break;
-    case DataControl::Change::Position:
-      SuitPosition();
-      break;
+void TDBGrid::SuitDocument(Changes changes) {
+  if (changes.Touche(Aspect::Rows)) {
+    OublieChoix();
+    following_ = true;
+    model_->Recharge();
+    following_ = false;
+    SuitPosition();
+  } else if (changes.Touche(Aspect::Values)) {
+    model_->RafraichitValeurs();
   }
+  if (changes.Touche(Aspect::Position)) SuitPosition();
 }
 
 void TDBGrid::SuitPosition() {
-  if (following_ || !state_.Data1.EstLie()) return;
-  const auto row = static_cast<int>(state_.Data1.recordset().AbsolutePosition());
+  if (following_ || !state_.document.Data1.EstLie()) return;
+  const auto row = static_cast<int>(state_.document.Data1.recordset().AbsolutePosition());
   if (row < 0 || row >= model_->rowCount() || row == currentIndex().row()) return;
   following_ = true;
   // Whatever keys brought Data1 here: one cell is chosen, and nothing besides.
@@ -258,8 +250,8 @@ void TDBGrid::currentChanged(const QModelIndex& current, const QModelIndex& prev
   if (following_ || !current.isValid() || current.row() == previous.row()) return;
   following_ = true;
   ExecuteCommande(state_, io_, {}, [&] {
-    state_.Data1.recordset().SetAbsolutePosition(current.row());
-    state_.Data1.SignalePosition();
+    state_.document.Data1.recordset().SetAbsolutePosition(current.row());
+    state_.document.Data1.SignalePosition();
   });
   following_ = false;
 }

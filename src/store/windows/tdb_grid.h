@@ -87,7 +87,7 @@ class TDBGrid : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void SuitDonnees(DataControl::Change change);
+  void SuitDocument(Changes changes);
   void SuitPosition();
   void RelieTitres();
   void OublieChoix();
@@ -120,6 +120,7 @@ class TDBGrid : public QTableView {
   int columnAnchor_ = 0;  ///< where the choice of columns began
   std::array<bool, Column::GridCount> sizedByUser_{};
   std::uint32_t background_;
+  Subscription observed_;
 };
 
 }  // namespace talpena

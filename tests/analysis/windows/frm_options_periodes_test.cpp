@@ -12,6 +12,7 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "fakes/document_states.h"
 #include "fakes/fake_machine.h"
 
 namespace talpena {
@@ -53,10 +54,10 @@ class FrmOptionsPeriodes : public testing::Test {
 using Names = std::vector<std::string>;
 
 TEST_F(FrmOptionsPeriodes, OpensOnTheCurrentMode) {
-  state.Pivot1 = 1950;
-  state.Pivot2 = 1980;
+  test::Entete(state.document)->Pivot1 = 1950;
+  test::Entete(state.document)->Pivot2 = 1980;
   for (int mode = 0; mode < 3; ++mode) {
-    state.NbPivots = static_cast<std::int16_t>(mode);
+    test::Entete(state.document)->NbPivots = static_cast<std::int16_t>(mode);
     Ouvre();
     for (int i = 0; i < 3; ++i) EXPECT_EQ(Option(i).isChecked(), i == mode);
     EXPECT_EQ(window->focusWidget(), &Option(mode));
@@ -86,9 +87,9 @@ TEST_F(FrmOptionsPeriodes, OkTakesTheFormAndCloses) {
   Commande(0).click();
   EXPECT_EQ(window->result(), QDialog::Accepted);
   EXPECT_FALSE(window->isVisible());
-  EXPECT_EQ(state.NbPivots, 2);
-  EXPECT_EQ(state.Pivot1, 1951);
-  EXPECT_EQ(state.Pivot2, 1900);
+  EXPECT_EQ(state.document.Entete().NbPivots, 2);
+  EXPECT_EQ(state.document.Entete().Pivot1, 1951);
+  EXPECT_EQ(state.document.Entete().Pivot2, 1900);
 }
 
 TEST_F(FrmOptionsPeriodes, ThePointerIsTheOrdinaryOneAgainAfterOk) {
@@ -104,8 +105,8 @@ TEST_F(FrmOptionsPeriodes, CancelChangesNothing) {
   Commande(1).click();
   EXPECT_EQ(window->result(), QDialog::Rejected);
   EXPECT_FALSE(window->isVisible());
-  EXPECT_EQ(state.NbPivots, 0);
-  EXPECT_EQ(state.Pivot1, 0);
+  EXPECT_EQ(state.document.Entete().NbPivots, 0);
+  EXPECT_EQ(state.document.Entete().Pivot1, 0);
 }
 
 TEST_F(FrmOptionsPeriodes, ARefusalKeepsItOpenWithTheFocusOnTheBox) {
@@ -121,7 +122,7 @@ TEST_F(FrmOptionsPeriodes, ARefusalKeepsItOpenWithTheFocusOnTheBox) {
 }
 
 TEST_F(FrmOptionsPeriodes, ACancelledWarningPutsTheOldOptionBack) {
-  state.NbPivots = 2;
+  test::Entete(state.document)->NbPivots = 2;
   Ouvre();
   Option(1).click();
   Boite("TxtPivot1").setText("1950");
@@ -130,7 +131,7 @@ TEST_F(FrmOptionsPeriodes, ACancelledWarningPutsTheOldOptionBack) {
   EXPECT_TRUE(window->isVisible());
   EXPECT_TRUE(Option(2).isChecked());
   EXPECT_EQ(Visibles(), (Names{"TxtPivot21", "TxtPivot22"}));
-  EXPECT_EQ(state.NbPivots, 2);
+  EXPECT_EQ(state.document.Entete().NbPivots, 2);
 }
 
 TEST_F(FrmOptionsPeriodes, TheKeyboardIsEnough) {
@@ -144,7 +145,7 @@ TEST_F(FrmOptionsPeriodes, TheKeyboardIsEnough) {
   QTest::keyClicks(QApplication::focusWidget(), "1950");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
   EXPECT_EQ(window->result(), QDialog::Accepted);
-  EXPECT_EQ(state.Pivot1, 1950);
+  EXPECT_EQ(state.document.Entete().Pivot1, 1950);
 
   Ouvre();
   QTest::keyClick(window.get(), Qt::Key_Escape);

@@ -18,15 +18,14 @@ namespace {
 class SelectionWindow : public testing::Test, protected World {
  protected:
   SelectionWindow() {
-    const auto rows = state.WorkingDb->OpenRecordset("TALPENA");
+    const auto rows = state.document.WorkingDb->OpenRecordset("TALPENA");
     for (std::int64_t i = 1; i <= 3; ++i) {
       rows->AddNew();
       rows->Set("N1", Cell::Of(i));
       rows->Update();
     }
-    state.Data1.Lie(*state.WorkingDb);
-    state.Data1.RecordSource = state.SqlCourant;
-    state.Data1.Refresh();
+    state.document.Data1.Lie(*state.document.WorkingDb);
+    state.document.RelieSqlCourant();
   }
   void Ouvre() {
     window = std::make_unique<Selection>(state, io);
@@ -43,7 +42,7 @@ class SelectionWindow : public testing::Test, protected World {
     if (widget == nullptr) throw std::runtime_error("no control " + name.toStdString());
     return widget;
   }
-  std::int64_t Montrees() { return state.Data1.recordset().RecordCount(); }
+  std::int64_t Montrees() { return state.document.Data1.recordset().RecordCount(); }
 
   std::unique_ptr<Selection> window;
 };
@@ -61,7 +60,7 @@ TEST_F(SelectionWindow, TypingChoosesTheConditionAndEnterTakesIt) {
 }
 
 TEST_F(SelectionWindow, ShowsTheFilterThatIsOnAndTakesItOff) {
-  state.Data1.ChangeSource(SourceFiltree("N1 = 2"));
+  state.document.MontreLignes(RowsShown::Filtrees("N1 = 2"));
   Ouvre();
   EXPECT_TRUE(Option(1).isChecked());
   EXPECT_EQ(Condition().text(), "N1 = 2");
@@ -73,7 +72,7 @@ TEST_F(SelectionWindow, ShowsTheFilterThatIsOnAndTakesItOff) {
 }
 
 TEST_F(SelectionWindow, ARefusedConditionStaysWithTheOldRows) {
-  state.Data1.ChangeSource(SourceFiltree("N1 = 2"));
+  state.document.MontreLignes(RowsShown::Filtrees("N1 = 2"));
   Ouvre();
   Condition().clear();
   QTest::keyClicks(&Condition(), "N1 = = 2");
@@ -85,7 +84,7 @@ TEST_F(SelectionWindow, ARefusedConditionStaysWithTheOldRows) {
   EXPECT_EQ(Condition().text(), "N1 = = 2");
   EXPECT_EQ(QApplication::focusWidget(), &Condition());
   EXPECT_EQ(Montrees(), 1);
-  EXPECT_EQ(ConditionDuFiltre(state.Data1), "N1 = 2");
+  EXPECT_EQ(state.document.LignesMontrees().Condition(), "N1 = 2");
 }
 
 TEST_F(SelectionWindow, AnEmptyConditionBeepsAndStays) {

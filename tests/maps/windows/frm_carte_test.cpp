@@ -186,7 +186,7 @@ TEST(FrmCarte, ALeftClickAddsARowAndARightClickTakesItBack) {
   const Lignes rows = m.Lignes();
   ASSERT_EQ(rows.size(), 3U);
   EXPECT_EQ(rows[2], "1|55|0|1|1|-|EUR-M|deg +55. +.|-|-");
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
   EXPECT_NE(m.Titre(), "Map - europe.dsw");
   EXPECT_NE(m.Titre().find("-556"), std::string::npos) << m.Titre();  // km west of 5 E
   ASSERT_EQ(m.vue.selection.size(), 1U);

@@ -36,7 +36,7 @@ struct MapMachine : CoordsWorld {
   MapMachine() {
     state.AppDir = folder.path().string();
     Montre({{"WGS84", "", "50", "5"}, {"WGS84", "", "45", "-5"}});
-    state.FichierModifie = false;
+    state.document.OublieModifications();
   }
   ~MapMachine() { form.reset(); }
   MapMachine(const MapMachine&) = delete;
@@ -60,7 +60,7 @@ struct MapMachine : CoordsWorld {
 
   frmCarte& Ouvre(const std::string& path) {
     settings.values["TALPENA/CARTO/LASTMAP"] = path;
-    form = std::make_unique<frmCarte>(state, reel, vue);
+    form = std::make_unique<frmCarte>(CommandContext{state, reel, vue, vue, vue});
     form->Charge();
     form->show();
     form->activateWindow();

@@ -29,7 +29,7 @@ struct PrintMachine : test::MapMachine {
     printer.Natif().setPageSize(QPageSize(QPageSize::A4));
     printer.Natif().setOutputFileName(QString::fromStdString(pdf));
   }
-  MapContext Contexte() { return {map, options, canvas, window, state, reel, vue}; }
+  MapContext Contexte() { return {map, options, canvas, window, state, reel, vue, vue}; }
 
   MapState map;
   MapOption options;

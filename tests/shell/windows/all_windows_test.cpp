@@ -36,7 +36,7 @@ class AllWindows : public Form1Machine, public ::testing::TestWithParam<int> {
       const std::string where = " in language " + std::to_string(language);
       Montre(*form, "main" + where, look);
       for (const GalleryWindow& entry : ToutesLesFenetres()) {
-        const auto window = entry.cree({state, io, *form});
+        const auto window = entry.cree(form->Contexte());
         Montre(*window, entry.name + where, look);
       }
     }

@@ -96,7 +96,7 @@ TEST(Form1Edition, SavedValuesStandInTheGrid) {
   EXPECT_EQ(m.grid->model()->index(0, 3).data().toString(), "77");
   EXPECT_EQ(m.grid->model()->rowCount(), 4);
   EXPECT_EQ(m.grid->currentIndex().row(), 3);
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
   EXPECT_TRUE(m.dialogues.boxes.empty());
 }
 
@@ -134,7 +134,7 @@ TEST(Form1Edition, AnAutomaticSaveGoesOnWhileItIsOpen) {
       editor.findChild<QPushButton*>("ButOk")->click();
       auto* timer = m.form->findChild<QTimer*>("Timer1");
       for (int i = 0; i < 3; ++i) QMetaObject::invokeMethod(timer, "timeout");
-      saved = !m.state.FichierModifie;
+      saved = !m.state.document.FichierModifie();
       editor.close();
     });
     m.DoubleClique(0, 3);

@@ -83,7 +83,7 @@ TEST(Form1Grid, TheButtonsFindAndDelete) {
   QTest::mouseClick(m.Controle<QToolButton>("cmd_5"), Qt::LeftButton);
   EXPECT_EQ(m.N1(), "1 3 5");
   EXPECT_EQ(m.Position(), "3/3");
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
   EXPECT_FALSE(m.Controle<QWidget>("frmMessage")->isVisible());
   EXPECT_TRUE(m.grid->LignesChoisies().empty());
 }
@@ -159,7 +159,7 @@ TEST(Form1Grid, AColumnIsErased) {
   EXPECT_EQ(m.Position(), "3/5");
   EXPECT_EQ(m.grid->currentIndex().column(), n1);
   EXPECT_TRUE(m.grid->updatesEnabled());
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
 }
 
 TEST(Form1Grid, TheChosenColumnsAreErased) {
@@ -182,7 +182,7 @@ TEST(Form1Grid, ARefusedErasureShowsTheRowsAsTheyWere) {
   EXPECT_EQ(m.dialogues.boxes[1].text.rfind("Error 3315\n", 0), 0U);
   EXPECT_EQ(m.N1(), "1 2 3 4 5");
   EXPECT_TRUE(m.grid->updatesEnabled());
-  EXPECT_FALSE(m.state.FichierModifie);
+  EXPECT_FALSE(m.state.document.FichierModifie());
 }
 
 TEST(Form1Grid, AllRowsAreDeletedAndALineIsAdded) {

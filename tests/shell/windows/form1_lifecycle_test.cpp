@@ -5,6 +5,7 @@
 #include <QTimer>
 #include <QToolButton>
 
+#include "fakes/document_states.h"
 #include "form1_machine.h"
 #include "shell/windows/start.h"
 #include "store/windows/tdb_grid.h"
@@ -35,7 +36,7 @@ TEST(Form1, SavesWhatIsStillBeingTyped) {
   Tape(*m.Controle<TDBGrid>("TDBGrid1"), 1, 3, "77");
   m.Entree("MnuEnregistrer")->trigger();
   EXPECT_NE(Contenu(path).find("   77    0"), std::string::npos);
-  EXPECT_FALSE(m.state.FichierModifie);
+  EXPECT_FALSE(m.state.document.FichierModifie());
 }
 
 TEST(Form1, ACommandDoesNotRunOverARefusedValue) {
@@ -54,7 +55,7 @@ TEST(Form1, ACommandDoesNotRunOverARefusedValue) {
 TEST(Form1, QuitAsksAndCancelStays) {
   Form1Machine m;
   m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
-  m.state.FichierModifie = true;
+  test::MarqueModifie(m.state.document);
   m.dialogues.answers = {Answer::Cancel};
   m.Entree("MnuQuitter")->trigger();
   EXPECT_TRUE(m.form->isVisible());
@@ -76,7 +77,7 @@ TEST(Form1, QuitWithYesSavesFirst) {
 TEST(Form1, TheCloseBoxClosesWhateverTheAnswer) {
   Form1Machine m;
   m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
-  m.state.FichierModifie = true;
+  test::MarqueModifie(m.state.document);
   m.dialogues.answers = {Answer::Cancel};
   EXPECT_TRUE(m.form->close());
   EXPECT_FALSE(m.form->isVisible());
@@ -86,7 +87,7 @@ TEST(Form1, TheCloseBoxClosesWhateverTheAnswer) {
 TEST(Form1, TheCloseBoxAsksOnce) {
   Form1Machine m;
   m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
-  m.state.FichierModifie = true;
+  test::MarqueModifie(m.state.document);
   m.dialogues.answers = {Answer::No};
   m.form->close();
   EXPECT_EQ(m.dialogues.boxes.size(), 1U);
@@ -112,19 +113,19 @@ TEST(Form1, ATickInsideACommandWaitsUntilItHasEnded) {
   m.form->Charge(path);
   m.state.AutoSave = true;
   m.state.SaveInterval = 1;
-  m.state.FichierModifie = true;
+  test::MarqueModifie(m.state.document);
   const std::string before = Contenu(path);
   dialogues.answers = {Answer::Cancel};
   dialogues.meanwhile = [&] {
     QMetaObject::invokeMethod(m.Controle<QTimer>("Timer1"), "timeout", Qt::DirectConnection,
                               QGenericArgument());
     EXPECT_EQ(Contenu(path), before) << "the command has the rows to itself";
-    EXPECT_TRUE(m.state.FichierModifie);
+    EXPECT_TRUE(m.state.document.FichierModifie());
   };
   m.Entree("MnuQuitter")->trigger();
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
   QApplication::processEvents();
-  EXPECT_FALSE(m.state.FichierModifie) << "saved by the tick that waited";
+  EXPECT_FALSE(m.state.document.FichierModifie()) << "saved by the tick that waited";
 }
 
 TEST(Form1, TheCloseBoxInsideACommandWaitsToo) {

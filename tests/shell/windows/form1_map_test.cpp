@@ -25,7 +25,7 @@ struct MapForm : test::Form1Machine {
                        "M\r\nm.ps\r\nm.png\r\n5\r\n0 \"\" 60 40 20 -10 0 0 0 5 0 0 0 0 0 0\r\n");
     settings.values["TALPENA/CARTO/LASTMAP"] = map;
     EXPECT_TRUE(form->Charge(Fichier(Lignes(3))));
-    state.FichierModifie = false;
+    state.document.OublieModifications();
   }
   /// Opens the view, hands it over, and closes it.
   template <typename Body>
@@ -74,7 +74,7 @@ TEST(Form1Map, AClickAddsARowToTheGridAndChoosesIt) {
   EXPECT_EQ(m.Rangees(), 4);
   auto* grid = m.Controle<TDBGrid>("TDBGrid1");
   EXPECT_EQ(grid->model()->index(3, 1).data(Qt::EditRole).toString(), QLatin1String("55"));
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
 }
 
 TEST(Form1Map, ARightClickTakesBackTheRowChosenLast) {

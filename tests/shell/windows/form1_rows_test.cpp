@@ -9,6 +9,7 @@
 
 #include "fakes/dialog_driver.h"
 #include "shell/windows/form1_machine.h"
+#include "store/edition.h"
 #include "store/filter.h"
 #include "store/windows/tdb_grid.h"
 
@@ -104,13 +105,10 @@ TEST_F(Form1Rows, NewEndsTheFilter) {
 
 TEST_F(Form1Rows, TheNumbersFollowRowsThatComeAndGo) {
   Choisit("N1 > 9");
-  state.Data1.Clone()->Delete();
-  state.Data1.SignaleLignes();
+  const Bookmark first = state.document.Data1.Clone()->GetBookmark();
+  Edition(state.document, "a test").SupprimeLignes(std::span(&first, 1));
   EXPECT_EQ(Panneau(), "2 of 11 rows shown");
-  const auto clone = state.Data1.Clone();
-  clone->AddNew();
-  clone->Update();
-  state.Data1.SignaleLignes();
+  Edition(state.document, "a test").AjouteLigne();
   EXPECT_EQ(Panneau(), "3 of 12 rows shown");
 }
 
@@ -146,7 +144,7 @@ TEST_F(Form1Rows, TheSortControlsShowTheOrderThatTheRowsHave) {
   EXPECT_EQ(list->currentIndex(), 0) << "a filter shows file order";
   EXPECT_TRUE(Controle<QRadioButton>("OptTri_0")->isChecked());
   list->setCurrentIndex(4);  // and so the same order can be chosen again
-  EXPECT_EQ(state.SqlCourant, "SELECT * FROM TALPENA ORDER BY  [N1] ASC");
+  EXPECT_EQ(state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY  [N1] ASC");
   EXPECT_EQ(Montrees(), 12);
   dialogues.paths = {Fichier(Lignes(4), "b.deg")};
   Entree("MnuOuvrir")->trigger();

@@ -103,7 +103,7 @@ TEST(Form1, OpensTheFileOfTheCommandLine) {
   EXPECT_EQ(m.Controle<QLabel>("StatusBar1_Panel_1")->text(), "1/3");
   EXPECT_EQ(m.Controle<QLabel>("StatusBar1_Panel_3")->text(), "WGS84");
   EXPECT_TRUE(m.Entree("MnuEnregistrer")->isEnabled());
-  EXPECT_FALSE(m.state.FichierModifie);
+  EXPECT_FALSE(m.state.document.FichierModifie());
 }
 
 TEST(Form1, AMissingFileEnablesTheMenusOverAnEmptyTable) {
@@ -148,7 +148,7 @@ TEST(Form1, FillsTheChosenRowsAndAdjustsAllOfThem) {
   EXPECT_EQ(Colonne(m, 1), (std::vector<std::string>{"50.5", "50.5", "50.5"}));
   m.Entree("mnuAjustIFBL_2")->trigger();
   EXPECT_NE(Colonne(m, 1)[0], "50.5");
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
   EXPECT_TRUE(grid->updatesEnabled());
   EXPECT_TRUE(m.dialogues.boxes.empty());
 }
@@ -192,7 +192,7 @@ TEST(Form1, ChangesTheDatumOfTheFile) {
   m.Entree("MnuDatumFichier")->trigger();
   EXPECT_EQ(m.Controle<QLabel>("StatusBar1_Panel_3")->text(), "EUR-M");
   EXPECT_EQ(Colonne(m, 1), std::vector<std::string>{"50.10085"});
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
 }
 
 TEST(Form1, WritesGridFilesIntoAChosenFolder) {
@@ -249,13 +249,13 @@ TEST(Form1, SortsByListAndOption) {
   Form1Machine m;
   m.form->Charge(m.Fichier(Form1Machine::Lignes(3)));
   m.Controle<QComboBox>("CmbTri")->setCurrentIndex(4);
-  EXPECT_EQ(m.state.SqlCourant, "SELECT * FROM TALPENA ORDER BY  [N1] ASC");
+  EXPECT_EQ(m.state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY  [N1] ASC");
   m.Controle<QRadioButton>("OptTri_1")->click();
-  EXPECT_EQ(m.state.SqlCourant, "SELECT * FROM TALPENA ORDER BY  [N1] DESC");
+  EXPECT_EQ(m.state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY  [N1] DESC");
   const auto* grid = m.Controle<TDBGrid>("TDBGrid1");
   EXPECT_EQ(grid->model()->index(0, 3).data().toString(), "3");
   m.Controle<QComboBox>("CmbTri")->setCurrentIndex(0);
-  EXPECT_EQ(m.state.SqlCourant, "SELECT * FROM TALPENA ORDER BY Counter DESC");
+  EXPECT_EQ(m.state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY Counter DESC");
 }
 
 TEST(Form1, FirstAndLastMoveTheDataControl) {
@@ -272,9 +272,9 @@ TEST(Form1, TypingIntoTitleOrCommentModifiesTheFile) {
   for (const char* name : {"BoxTitre", "Commentaire"}) {
     Form1Machine m;
     m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
-    EXPECT_FALSE(m.state.FichierModifie);
+    EXPECT_FALSE(m.state.document.FichierModifie());
     QTest::keyClicks(m.Controle<QLineEdit>(name), "x");
-    EXPECT_TRUE(m.state.FichierModifie) << name;
+    EXPECT_TRUE(m.state.document.FichierModifie()) << name;
   }
 }
 

@@ -50,7 +50,7 @@ class Languages : public testing::Test, protected Form1Machine {
   void SetUp() override { ASSERT_TRUE(form->Charge(Fichier(Lignes(3)))); }
   void Parle(int index) { Entree(("MnuLang_" + std::to_string(index)).c_str())->trigger(); }
   std::unique_ptr<QWidget> Ouvre(const GalleryWindow& entry) {
-    std::unique_ptr<QWidget> window = entry.cree({state, io, *form});
+    std::unique_ptr<QWidget> window = entry.cree(form->Contexte());
     window->show();
     return window;
   }

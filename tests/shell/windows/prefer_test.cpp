@@ -15,6 +15,7 @@
 #include <QTreeWidget>
 
 #include "fakes/dialog_driver.h"
+#include "fakes/document_states.h"
 #include "shell/windows/form1_machine.h"
 #include "store/windows/tdb_grid.h"
 
@@ -25,7 +26,7 @@ class PreferWindow : public testing::Test, protected Form1Machine {
  protected:
   void SetUp() override { ASSERT_TRUE(form->Charge(Fichier(Lignes(2)))); }
   Prefer& Ouvre() {
-    window = std::make_unique<Prefer>(state, io, *form);
+    window = std::make_unique<Prefer>(form->Contexte().Commandes());
     window->show();
     window->activateWindow();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
@@ -130,7 +131,7 @@ TEST_F(PreferWindow, ADatumIsFoundByTypingItsCode) {
   EXPECT_EQ(C<QComboBox>("cmbDatum").currentText().left(8), "NTF   - ");
   dialogues.answers = {Answer::Ok};
   C<QPushButton>("Command1").click();
-  EXPECT_EQ(state.DatumFichierCode, "NTF");
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "NTF");
   EXPECT_EQ(Controle<QLabel>("StatusBar1_Panel_3")->text(), "NTF");
 }
 
@@ -155,7 +156,7 @@ TEST_F(PreferWindow, ATextThatIsNoDatumKeepsTheFormOpenOnIt) {
   ASSERT_EQ(dialogues.boxes.size(), 1U);
   EXPECT_EQ(QApplication::focusWidget(), &C<QComboBox>("cmbDatum"));
   EXPECT_EQ(C<QComboBox>("cmbDatum").lineEdit()->selectedText(), "nowhere");
-  EXPECT_EQ(state.DatumFichierCode, "WGS84");
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "WGS84");
 }
 
 TEST_F(PreferWindow, TheSphericalDatumIsChosenInItsList) {

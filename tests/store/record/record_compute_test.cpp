@@ -21,7 +21,7 @@ struct QuitteEditBoxTest : ::testing::Test, RecordWorld {
     EXPECT_NE(ecran.avis.find("names no point"), std::string::npos) << ecran.avis;
     EXPECT_TRUE(dialogues.boxes.empty());
   }
-  void SurWgs84() { state.DatumFichier = state.Catalogue.DatumWgs84; }
+  void SurWgs84() { Entete(state.document)->DatumFichier = state.Catalogue.DatumWgs84; }
 };
 
 TEST_F(QuitteEditBoxTest, ShowsWhatARecomputationOfOriginalGives) {
@@ -41,7 +41,7 @@ TEST_F(QuitteEditBoxTest, ShowsWhatARecomputationOfOriginalGives) {
       std::string code;
       DecodeOriginal(state, original, ecran.datum, latitude, longitude, code);
       ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, ecran.datum,
-                     state.DatumFichier);
+                     state.document.Entete().DatumFichier);
       ASSERT_EQ(Val(ecran.ChampLatitude), CinqDecimales(latitude));
       ASSERT_EQ(Val(ecran.ChampLongitude), CinqDecimales(longitude));
       ASSERT_EQ(ecran.avis, "");
@@ -213,7 +213,7 @@ TEST_F(QuitteEditBoxTest, LeavesASnappedPointWhereItIs) {
           {"ORIGINAL", "deg 50,53 4,27"},
           {"LATITUDE", "50.5"},
           {"LONGITUDE", "4.25"}}});
-  state.Data1.recordset().MoveLast();
+  state.document.Data1.recordset().MoveLast();
   RempliDessus(Contexte(), ecran);
   for (int box = 1; box <= 2; ++box) QuitteEditBox(Contexte(), ecran, box);
   EXPECT_EQ(ecran.ChampLatitude + " " + ecran.ChampLongitude, "+50.5 +4.25");
@@ -227,7 +227,7 @@ TEST_F(QuitteEditBoxTest, LeavesASnappedPointWhereItIs) {
 
 TEST_F(QuitteEditBoxTest, ComputesAPointThatTheRowLacks) {
   Ouvre({{{"PERIOD", "1"}, {"DATUM", "EUR-M"}, {"ORIGINAL", "deg 50.53 4.27"}}});
-  state.Data1.recordset().MoveLast();
+  state.document.Data1.recordset().MoveLast();
   RempliDessus(Contexte(), ecran);
   QuitteEditBox(Contexte(), ecran, 2);
   EXPECT_EQ(ecran.ChampLatitude + " " + ecran.ChampLongitude, "+50.53 +4.27");
@@ -241,7 +241,7 @@ TEST_F(QuitteEditBoxTest, IgnoresABoxThatIsNone) {
 
 struct AfficheControleTest : ::testing::Test, RecordWorld {
   AfficheControleTest() {
-    state.DatumFichier = state.Catalogue.DatumWgs84;
+    Entete(state.document)->DatumFichier = state.Catalogue.DatumWgs84;
     Ligne({{"DATUM", "WGS84"}});
   }
   void Montre(const std::string& latitude, const std::string& longitude) {

@@ -7,12 +7,14 @@ namespace {
 
 struct RecordMovesTest : ::testing::Test, RecordWorld {
   std::vector<DataControl::Change> changes;
+  Subscription observed;
 
   void TroisLignes() {
     Ouvre({{{"PERIOD", "1"}, {"N1", "10"}},
            {{"PERIOD", "2"}, {"N1", "20"}},
            {{"PERIOD", "3"}, {"N1", "30"}}});
-    state.Data1.Ecoute([this](DataControl::Change change) { changes.push_back(change); });
+    observed = ObserveLignes(state.document,
+                             [this](DataControl::Change change) { changes.push_back(change); });
   }
   void Navigue(int index) { cmdNavig_Click(Contexte(), ecran, index); }
 };
@@ -22,11 +24,11 @@ TEST_F(RecordMovesTest, GoesToTheNextAndThePreviousRow) {
   Navigue(0);
   EXPECT_EQ(ecran.ChampCh1, "20");
   EXPECT_EQ(ecran.lblCpt, "2/3");
-  EXPECT_EQ(state.Data1.recordset().AbsolutePosition(), 1);
+  EXPECT_EQ(state.document.Data1.recordset().AbsolutePosition(), 1);
   EXPECT_EQ(changes, (std::vector{DataControl::Change::Position}));
   Navigue(1);
   EXPECT_EQ(ecran.ChampCh1, "10");
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(RecordMovesTest, StaysAtTheEndsWithABeep) {
@@ -70,7 +72,7 @@ TEST_F(RecordMovesTest, StaysWhenTheRowCannotBeSaved) {
   EXPECT_EQ(ecran.lblCpt, "1/3");
   EXPECT_EQ(ecran.ChampPeriode, "9");
   EXPECT_EQ(ecran.focus, RecordField::ChampPeriode);
-  EXPECT_EQ(state.Data1.recordset().AbsolutePosition(), 0);
+  EXPECT_EQ(state.document.Data1.recordset().AbsolutePosition(), 0);
 }
 
 TEST_F(RecordMovesTest, AnyOtherIndexShowsTheControlNotations) {
@@ -93,14 +95,15 @@ TEST_F(RecordMovesTest, NewAddsAnEmptyRowAndGoesThere) {
   EXPECT_EQ(ecran.lblCpt, "4/4");
   EXPECT_EQ(ecran.ChampPeriode, "");
   EXPECT_EQ(ecran.focus, RecordField::ChampPeriode);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_FALSE(ecran.modifie);
   EXPECT_EQ(changes, (std::vector{DataControl::Change::Rows, DataControl::Change::Position}));
 }
 
 TEST_F(RecordMovesTest, NewGoesToTheNewRowInAnyOrderAndFilter) {
-  state.SqlCourant = "SELECT * FROM TALPENA WHERE N1 > 5 ORDER BY [PERIOD] DESC";
   TroisLignes();
+  MontreSelect(state.document, "SELECT * FROM TALPENA WHERE N1 > 5 ORDER BY [PERIOD] DESC");
+  RempliDessus(Contexte(), ecran);
   ButNew_Click(Contexte(), ecran);
   EXPECT_EQ(ecran.lblCpt, "4/4");
   EXPECT_EQ(Champ("Counter").integer, 4);
@@ -127,7 +130,7 @@ TEST_F(RecordMovesTest, NewAndDuplicateStayWhenThatFails) {
   EXPECT_EQ(Boites().size(), 2U);
   EXPECT_EQ(Lignes().size(), 3U);
   EXPECT_EQ(ecran.ChampPeriode, "9");
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(RecordMovesTest, DuplicateCopiesTheRowAsItWasJustTyped) {
@@ -141,7 +144,7 @@ TEST_F(RecordMovesTest, DuplicateCopiesTheRowAsItWasJustTyped) {
   EXPECT_EQ(ecran.lblCpt, "4/4");
   EXPECT_EQ(ecran.ChampCh1, "21");
   EXPECT_EQ(ecran.focus, RecordField::ChampPeriode);
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(RecordMovesTest, NewMakesTheFirstRowOfAnEmptyTable) {
@@ -155,7 +158,7 @@ TEST_F(RecordMovesTest, DuplicateShowsThatThereIsNoRow) {
   Ouvre({});
   ButDupl_Click(Contexte(), ecran);
   EXPECT_EQ(Boites(), (Lines{"Error 3021\nNo current record."}));
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(RecordMovesTest, OkSavesAndIsDisabledUntilTheNextChange) {

@@ -13,7 +13,7 @@ TEST_F(SauveEcranTest, DoesNothingToAnUnchangedForm) {
   Ligne();
   ecran.ChampPeriode = "99";
   EXPECT_TRUE(Sauve());
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
   EXPECT_TRUE(dialogues.boxes.empty());
 }
 
@@ -21,11 +21,11 @@ TEST_F(SauveEcranTest, WritesTheRow) {
   DefinitChampsLibres({"a", "b"});
   int told = 0;
   Ouvre({{}});
-  state.Data1.Ecoute([&](DataControl::Change change) {
+  const Subscription observed = ObserveLignes(state.document, [&](DataControl::Change change) {
     EXPECT_EQ(change, DataControl::Change::Values);
     ++told;
   });
-  state.DatumFichier = state.Catalogue.DatumWgs84;
+  Entete(state.document)->DatumFichier = state.Catalogue.DatumWgs84;
   Tape(CoordSystem::Deg, {"50,5", "-4.25"});
   cmdChangeDatum_Click(Contexte(), ecran, "WGS84");
   ecran.ChampPeriode = "3";
@@ -38,7 +38,7 @@ TEST_F(SauveEcranTest, WritesTheRow) {
   EXPECT_TRUE(ChangeEtSauve());
   EXPECT_EQ(Contenu(),
             "3|50.5|-4.25|12|-2|F|WGS84|deg 50.5 -4.25|1998/07/  |Lac/450/sous écorce\nde hêtre");
-  EXPECT_TRUE(state.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_FALSE(ecran.modifie);
   EXPECT_FALSE(ecran.ButOk);
   EXPECT_EQ(ecran.ChampCh1, "12") << "as it was stored";
@@ -122,7 +122,7 @@ TEST_F(SauveEcranTest, WritesTheForcedDatum) {
 }
 
 TEST_F(SauveEcranTest, ComputesABoxThatWasNotLeft) {
-  state.DatumFichier = state.Catalogue.DatumWgs84;
+  Entete(state.document)->DatumFichier = state.Catalogue.DatumWgs84;
   Ligne({{"DATUM", "WGS84"}, {"ORIGINAL", "deg 50 4"}, {"LATITUDE", "50"}, {"LONGITUDE", "4"}});
   ecran.EditBox[1] = "51,5";
   EXPECT_TRUE(ChangeEtSauve());
@@ -197,7 +197,7 @@ TEST_F(SauveEcranTest, RefusesWhatCannotBeRight) {
     EXPECT_EQ(Contenu(), before);
     EXPECT_EQ(PremiereFaute(state, ecran)->text, c.message);
   }
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(SauveEcranTest, AcceptsTheEdges) {
@@ -215,7 +215,7 @@ TEST_F(SauveEcranTest, AcceptsTheEdges) {
 
 TEST_F(SauveEcranTest, NamesTheNumberOfPeriods) {
   for (const int pivots : {0, 1, 2}) {
-    state.NbPivots = static_cast<std::int16_t>(pivots);
+    Entete(state.document)->NbPivots = static_cast<std::int16_t>(pivots);
     ecran.ChampPeriode = "9";
     EXPECT_EQ(PremiereFaute(state, ecran)->text,
               "Period must be comprise between 1 and " + std::to_string(pivots + 1));
@@ -281,10 +281,10 @@ TEST_F(SauveEcranTest, WritesNothingWhenAFieldIsRefused) {
     EXPECT_EQ(ecran.focus, c.focus);
     EXPECT_EQ(Contenu(), before);
     EXPECT_TRUE(ecran.modifie);
-    state.Data1.recordset().Edit();  // no edit was left open
-    state.Data1.recordset().CancelUpdate();
+    state.document.Data1.recordset().Edit();  // no edit was left open
+    state.document.Data1.recordset().CancelUpdate();
   }
-  EXPECT_FALSE(state.FichierModifie);
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(SauveEcranTest, RoundsWholeNumbersToEven) {
@@ -298,7 +298,7 @@ TEST_F(SauveEcranTest, RoundsWholeNumbersToEven) {
 
 TEST_F(SauveEcranTest, ShowsAFailureOfARowThatIsGone) {
   Ligne();
-  state.WorkingDb->Execute("DELETE FROM TALPENA");
+  state.document.WorkingDb->Execute("DELETE FROM TALPENA");
   EXPECT_FALSE(ChangeEtSauve());
   const auto boxes = Boites();
   ASSERT_EQ(boxes.size(), 1U);

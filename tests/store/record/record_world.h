@@ -16,34 +16,32 @@ struct RecordWorld : CoordsWorld {
   RecordScreen ecran;
 
   RecordWorld() {
-    state.DatumFichierCode = "EUR-M";
-    state.DatumFichier = state.Catalogue.DatumEur;
+    Entete(state.document)->DatumFichierCode = "EUR-M";
+    Entete(state.document)->DatumFichier = state.Catalogue.DatumEur;
     state.DatumSpheriqueCode = "EUR-M";
     state.DatumSpherique = state.Catalogue.DatumEur;
     state.DatumUtmCode = "WGS84";
     state.DatumUtm = state.Catalogue.DatumWgs84;
-    state.NbPivots = 2;
+    Entete(state.document)->NbPivots = 2;
   }
 
   void DefinitChampsLibres(const std::vector<std::string>& labels) {
-    state.FreeFieldDefs.clear();
+    Entete(state.document)->FreeFieldDefs.clear();
     for (const std::string& label : labels)
-      state.FreeFieldDefs.push_back({.Label = label, .Code = {}});
-    state.FreeFieldCount = static_cast<std::int16_t>(labels.size());
+      Entete(state.document)->FreeFieldDefs.push_back({.Label = label, .Code = {}});
+    Entete(state.document)->FreeFieldCount = static_cast<std::int16_t>(labels.size());
   }
 
   /// Rows of the named fields, the others Null; shown, the first one current and in the form.
   void Ouvre(const std::vector<Fields>& rows) {
-    auto table = state.WorkingDb->OpenRecordset("TALPENA");
+    auto table = state.document.WorkingDb->OpenRecordset("TALPENA");
     for (const Fields& row : rows) {
       table->AddNew();
       for (const auto& [name, text] : row) table->Set(name, Cell::Of(std::string_view(text)));
       table->Update();
     }
-    state.Data1.Lie(*state.WorkingDb);
-    state.Data1.RecordSource = state.SqlCourant;
-    state.Data1.Refresh();
-    state.FichierModifie = false;
+    state.document.RelieSqlCourant();
+    state.document.OublieModifications();
     RempliDessus(Contexte(), ecran);
   }
   /// One row with these fields and period 1.
@@ -75,7 +73,7 @@ struct RecordWorld : CoordsWorld {
     return Sauve();
   }
 
-  Cell Champ(const char* name) { return state.Data1.recordset().Get(name); }
+  Cell Champ(const char* name) { return state.document.Data1.recordset().Get(name); }
   std::string TexteChamp(const char* name) { return Champ(name).Texte(); }
   std::int16_t Indice(const char* code) { return ChercheDatum(state.Catalogue, code); }
   std::string Message(int id) { return talpena::Texte(state.Langue, id); }

@@ -28,7 +28,7 @@ TEST(EditForm, KeysGoFromRowToRow) {
     for (const KeyCase& c : cases) {
       SCOPED_TRACE(std::string(c.name) + " in " + from);
       FormMachine m;
-      m.state.Data1.recordset().MoveNext();
+      m.state.document.Data1.recordset().MoveNext();
       m.Ouvre();
       m.PlaceFocus(from);
       FormMachine::Touche(c.key, c.modifiers);
@@ -42,7 +42,7 @@ TEST(EditForm, TheNextRowKeepsTheFieldAndSelectsIt) {
   FormMachine m;
   m.Ouvre();
   m.PlaceFocus("ChampCh1");
-  m.state.WorkingDb->Execute("UPDATE TALPENA SET N1 = 77 WHERE Counter = 2");
+  m.state.document.WorkingDb->Execute("UPDATE TALPENA SET N1 = 77 WHERE Counter = 2");
   FormMachine::Touche(Qt::Key_PageDown);
   EXPECT_EQ(FormMachine::Focus(), "ChampCh1");
   EXPECT_EQ(m.Champ("ChampCh1")->selectedText(), "77");
@@ -76,7 +76,7 @@ TEST(EditForm, TheButtonsDoAsTheirKeys) {
   m.Bouton("ButNew")->click();
   EXPECT_EQ(m.Libelle("lblCpt"), "5/5");
   EXPECT_EQ(m.Texte("ChampCh2"), "");
-  EXPECT_TRUE(m.state.FichierModifie);
+  EXPECT_TRUE(m.state.document.FichierModifie());
   m.PlaceFocus("cmdNavig_1");
   FormMachine::Touche(Qt::Key_Return);
   EXPECT_EQ(m.Libelle("lblCpt"), "4/5");
@@ -105,7 +105,7 @@ TEST(EditForm, SavesByTheKeysAndWaitsForTheNextChange) {
     FormMachine::Touche(key, Qt::ControlModifier);
     EXPECT_FALSE(m.Bouton("ButOk")->isEnabled());
     EXPECT_FALSE(m.form->isWindowModified());
-    EXPECT_TRUE(m.state.FichierModifie);
+    EXPECT_TRUE(m.state.document.FichierModifie());
     EXPECT_TRUE(m.Lignes()[0].starts_with("3|")) << m.Lignes()[0];
     EXPECT_EQ(FormMachine::Focus(), "ChampPeriode");
     FormMachine::Tape("2");
@@ -173,7 +173,7 @@ TEST(EditForm, ClosingWithNoDropsWhatWasTyped) {
   FormMachine::Touche(Qt::Key_Escape);
   EXPECT_FALSE(m.form->isVisible());
   EXPECT_TRUE(m.Lignes()[0].starts_with("1|"));
-  EXPECT_FALSE(m.state.FichierModifie);
+  EXPECT_FALSE(m.state.document.FichierModifie());
 }
 
 TEST(EditForm, ARefusedSaveStaysOpen) {

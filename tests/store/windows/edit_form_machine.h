@@ -33,18 +33,18 @@ struct FormMachine : CoordsWorld {
   explicit FormMachine(const std::vector<Row>& rows = {Rangee(), Rangee(), Rangee()},
                        const std::vector<std::string>& labels = {"Toponym", "Collector  "}) {
     for (const std::string& label : labels) {
-      state.FreeFieldDefs.push_back({label, "STAT." + label, 0});
+      Entete(state.document)->FreeFieldDefs.push_back({label, "STAT." + label, 0});
     }
-    state.FreeFieldCount = static_cast<std::int16_t>(labels.size());
-    state.NbPivots = 2;
+    Entete(state.document)->FreeFieldCount = static_cast<std::int16_t>(labels.size());
+    Entete(state.document)->NbPivots = 2;
     Montre(rows);
-    state.WorkingDb->Execute("UPDATE TALPENA SET PERIOD = 1, N1 = 5, N2 = 6, SEX = 'F'");
-    state.FichierModifie = false;
+    state.document.WorkingDb->Execute("UPDATE TALPENA SET PERIOD = 1, N1 = 5, N2 = 6, SEX = 'F'");
+    state.document.OublieModifications();
   }
   ~FormMachine() { form.reset(); }
 
   EditForm& Ouvre() {
-    form = std::make_unique<EditForm>(state, io, vue);
+    form = std::make_unique<EditForm>(CommandContext{state, io, vue, vue, vue});
     form->show();
     form->activateWindow();
     Traite();

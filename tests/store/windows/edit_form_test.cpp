@@ -11,7 +11,7 @@ namespace {
 
 TEST(EditForm, ShowsTheRow) {
   FormMachine m;
-  m.state.WorkingDb->Execute("UPDATE TALPENA SET DATE = '1998/07/  '");
+  m.state.document.WorkingDb->Execute("UPDATE TALPENA SET DATE = '1998/07/  '");
   m.Ouvre();
   EXPECT_EQ(m.Texte("ChampPeriode"), "1");
   EXPECT_EQ(m.Texte("ChampLatitude"), "+50.3");
@@ -212,7 +212,7 @@ TEST(EditForm, AFaultIsToldWhenItsFieldIsLeftAndGoesWhenItIsPutRight) {
 
 TEST(EditForm, WhatIsOddIsToldThoughItMayBeSaved) {
   FormMachine m;
-  m.state.WorkingDb->Execute("UPDATE TALPENA SET DATE = 'summer 98' WHERE Counter = 2");
+  m.state.document.WorkingDb->Execute("UPDATE TALPENA SET DATE = 'summer 98' WHERE Counter = 2");
   m.Ouvre();
   m.Entre("ChampCh1", "abc");
   EXPECT_EQ(m.Libelle("lblAvis_2"), "“abc” is not a number: it counts as 0.");

@@ -18,7 +18,7 @@ using Numbers = std::vector<std::int64_t>;
 /// N1 of the chosen rows, in the order in which they were chosen.
 Numbers Numeros(ShownGrid& g) {
   Numbers numbers;
-  const auto rows = g.state.Data1.Clone();
+  const auto rows = g.state.document.Data1.Clone();
   for (const Bookmark bookmark : g.grid.LignesChoisies()) {
     rows->SetBookmark(bookmark);
     numbers.push_back(rows->Get("N1").integer);
@@ -85,7 +85,7 @@ TEST(GridRows, AreChosenByTheirNamesInThatOrder) {
 
 TEST(GridRows, NamesOfRowsThatAreNotShownArePassedOver) {
   ShownGrid g(5);
-  g.state.Data1.ChangeSource("SELECT * FROM TALPENA WHERE N1 > 2 ORDER BY Counter DESC");
+  g.state.document.Data1.ChangeSource("SELECT * FROM TALPENA WHERE N1 > 2 ORDER BY Counter DESC");
   g.grid.ChoisitLignes({1, 3, 99, 5, -1});
   EXPECT_EQ(Numeros(g), (Numbers{3, 5}));
   EXPECT_TRUE(g.grid.selectionModel()->isRowSelected(0));
@@ -160,7 +160,7 @@ TEST(GridRows, TheKeyboardChoosesExtendsAndTakesOut) {
   QTest::keyClick(&g.grid, Qt::Key_Up, Qt::ControlModifier);
   QTest::keyClick(&g.grid, Qt::Key_Space, Qt::ShiftModifier | Qt::ControlModifier);
   EXPECT_EQ(Numeros(g), (Numbers{3, 5}));
-  EXPECT_EQ(g.state.Data1.recordset().AbsolutePosition(), 3) << "the cursor's row";
+  EXPECT_EQ(g.state.document.Data1.recordset().AbsolutePosition(), 3) << "the cursor's row";
 }
 
 TEST(GridRows, ShiftAndTheArrowsChooseFromWhereTheyBegan) {
@@ -173,7 +173,7 @@ TEST(GridRows, ShiftAndTheArrowsChooseFromWhereTheyBegan) {
   EXPECT_EQ(Numeros(g), (Numbers{5, 6})) << "back again takes the last one out";
   for (int i = 0; i < 3; ++i) QTest::keyClick(&g.grid, Qt::Key_Up, Qt::ShiftModifier);
   EXPECT_EQ(Numeros(g), (Numbers{5, 4, 3})) << "upwards";
-  EXPECT_EQ(g.state.Data1.recordset().AbsolutePosition(), 2);
+  EXPECT_EQ(g.state.document.Data1.recordset().AbsolutePosition(), 2);
   QTest::keyClick(&g.grid, Qt::Key_End, Qt::ShiftModifier | Qt::ControlModifier);
   EXPECT_EQ(Numeros(g), (Numbers{5, 6, 7, 8, 9, 10}));
   g.grid.ChoisitLigne(1, {});
@@ -185,10 +185,10 @@ TEST(GridRows, AreForgottenWhenRowsAreAddedOrDeleted) {
   ShownGrid g(5);
   g.grid.ChoisitLigne(1, {});
   g.grid.ChoisitLigne(3, Qt::ShiftModifier);
-  const auto rows = g.state.Data1.Clone();
+  const auto rows = g.state.document.Data1.Clone();
   rows->SetAbsolutePosition(2);
-  rows->Delete();
-  g.state.Data1.SignaleLignes();
+  const Bookmark third = rows->GetBookmark();
+  Edition(g.state.document, "a test").SupprimeLignes(std::span(&third, 1));
   EXPECT_TRUE(g.grid.LignesChoisies().empty());
   EXPECT_EQ(g.grid.model()->rowCount(), 4);
 }
@@ -197,20 +197,13 @@ TEST(GridRows, ThoseDeletedBehindItsBackAreLeftOut) {
   ShownGrid g(5);
   g.grid.ChoisitLigne(1, {});
   g.grid.ChoisitLigne(3, Qt::ShiftModifier);
-  g.state.WorkingDb->Execute("DELETE FROM TALPENA WHERE N1 = 5");
+  g.state.document.WorkingDb->Execute("DELETE FROM TALPENA WHERE N1 = 5");
   EXPECT_EQ(Numeros(g), (Numbers{2, 3, 4}));
 }
 
 TEST(GridRows, AHundredThousandAreChosenAndListedAtOnce) {
   ShownGrid g(0);
-  g.state.WorkingDb->BeginTrans();
-  const auto rows = g.state.Data1.Clone();
-  for (int i = 0; i < 100000; ++i) {
-    rows->AddNew();
-    rows->Update();
-  }
-  g.state.WorkingDb->CommitTrans();
-  g.state.Data1.SignaleLignes();
+  Edition(g.state.document, "a test").AjouteLignesVides(100000);
   QElapsedTimer timer;
   timer.start();
   g.grid.ChoisitLigne(99999, {});
@@ -229,7 +222,7 @@ TEST(GridColumns, AClickOnAHeadingChoosesTheColumn) {
   Clique(g, sex);
   EXPECT_EQ(g.grid.ColonnesChoisies(), (ColumnRange{sex, sex}));
   EXPECT_EQ(g.grid.currentIndex(), g.Cellule(4, sex)) << "the cursor stays in its row";
-  EXPECT_EQ(g.state.Data1.recordset().AbsolutePosition(), 4);
+  EXPECT_EQ(g.state.document.Data1.recordset().AbsolutePosition(), 4);
   EXPECT_TRUE(g.grid.selectionModel()->isColumnSelected(sex));
   EXPECT_TRUE(g.grid.LignesChoisies().empty());
   EXPECT_TRUE(g.grid.hasFocus());
@@ -310,7 +303,7 @@ TEST(GridColumns, InAnEmptyGridThereAreNone) {
 TEST(GridColumns, TheCursorsColumnOutlivesASort) {
   ShownGrid g(5);
   g.grid.setCurrentIndex(g.Cellule(1, datum));
-  ChangeTri(g.state, 4, true);
+  ChangeTri(g.state.document, 4, true);
   EXPECT_EQ(g.grid.currentIndex(), g.Cellule(3, datum));
   EXPECT_EQ(g.grid.ColonneCourante(), datum);
 }

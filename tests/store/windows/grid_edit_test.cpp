@@ -16,21 +16,21 @@ TEST(GridEdit, AChangedCellIsStoredAndMarksTheFileModified) {
   ShownGrid g;
   g.Tape(1, n1, "42");
   EXPECT_EQ(g.Texte(1, n1), "42");
-  EXPECT_TRUE(g.state.FichierModifie);
+  EXPECT_TRUE(g.state.document.FichierModifie());
   EXPECT_TRUE(g.machine.dialogues.boxes.empty());
 }
 
 TEST(GridEdit, TheSameTextAgainChangesNothing) {
   ShownGrid g;
   g.Tape(1, latitude, "50.1");
-  EXPECT_FALSE(g.state.FichierModifie);
+  EXPECT_FALSE(g.state.document.FichierModifie());
 }
 
 TEST(GridEdit, EscapeDropsWhatWasTyped) {
   ShownGrid g;
   g.Tape(1, n1, "42", Qt::Key_Escape);
   EXPECT_EQ(g.Texte(1, n1), "2");
-  EXPECT_FALSE(g.state.FichierModifie);
+  EXPECT_FALSE(g.state.document.FichierModifie());
 }
 
 TEST(GridEdit, TypingStartsTheEdit) {
@@ -85,7 +85,7 @@ TEST(GridEdit, AnEmptiedCellIsNullWhereNoEmptyTextCanBe) {
   g.Tape(0, datum, "");
   g.Tape(0, comment, "x");
   g.Tape(0, comment, "");
-  const auto rows = g.state.Data1.Clone();
+  const auto rows = g.state.document.Data1.Clone();
   rows->MoveFirst();
   EXPECT_TRUE(rows->Get("N1").EstNull());
   EXPECT_TRUE(rows->Get("DATUM").EstNull());
@@ -130,7 +130,7 @@ TEST(GridEdit, ARefusedValueSaysWhyAndKeepsTheCellInEdit) {
     EXPECT_EQ(g.Editeur()->text(), c.typed) << "what was typed can be corrected";
     EXPECT_EQ(g.grid.currentIndex(), g.Cellule(2, c.column));
     EXPECT_EQ(g.Texte(2, c.column), before);
-    EXPECT_FALSE(g.state.FichierModifie);
+    EXPECT_FALSE(g.state.document.FichierModifie());
   }
 }
 
@@ -200,12 +200,11 @@ TEST(GridEdit, TermineEditionSaysNothing) {
 
 TEST(GridEdit, ALineBreakOfARemarkIsKeptThroughAnEdit) {
   ShownGrid g;
-  const auto rows = g.state.Data1.Clone();
+  const auto rows = g.state.document.Data1.Clone();
   rows->MoveFirst();
-  rows->Edit();
-  rows->Set("COMMENT", Cell::Of(std::string_view("one\ntwo")));
-  rows->Update();
-  g.state.Data1.SignaleValeurs();
+  Edition(g.state.document, "a test").ModifieLigne(*rows, [](Recordset& row) {
+    row.Set("COMMENT", Cell::Of(std::string_view("one\ntwo")));
+  });
   EXPECT_EQ(g.Cellule(0, comment).data(Qt::DisplayRole).toString(), QStringLiteral("one↵two"));
   g.grid.setCurrentIndex(g.Cellule(0, comment));
   QTest::keyClick(&g.grid, Qt::Key_F2);

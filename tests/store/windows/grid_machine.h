@@ -23,16 +23,14 @@ inline constexpr int period = 0, latitude = 1, n1 = 3, sex = 5, datum = 6, origi
 /// Rows 1 to `rows`: PERIOD 1, LATITUDE 50.1, LONGITUDE 4.5, N1 the row's number.
 struct GridMachine {
   explicit GridMachine(int rows = 5) {
-    state.WorkingDb = engine->CreateDatabase(folder / "grid.mdb", "");
-    CreateTable(state);
-    state.Data1.Lie(*state.WorkingDb);
+    state.document.WorkingDb = engine->CreateDatabase(folder / "grid.mdb", "");
+    CreateTable(*state.document.WorkingDb);
     Ajoute(rows);
-    state.Data1.RecordSource = state.SqlCourant;
   }
 
   void Ajoute(int rows) {
-    const auto table = state.WorkingDb->OpenRecordset("TALPENA");
-    Transaction transaction(*state.WorkingDb);
+    const auto table = state.document.WorkingDb->OpenRecordset("TALPENA");
+    Transaction transaction(*state.document.WorkingDb);
     for (int i = 1; i <= rows; ++i) {
       table->AddNew();
       table->Set("PERIOD", Cell::Of(std::int64_t{1}));
@@ -56,7 +54,7 @@ struct ShownGrid : GridMachine {
     grid.InitTDBgrid();
     grid.resize(1200, 300);
     grid.show();
-    state.Data1.Refresh();
+    state.document.RelieSqlCourant();
     grid.activateWindow();
     grid.setFocus();
     QApplication::processEvents();

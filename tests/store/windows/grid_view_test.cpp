@@ -48,7 +48,7 @@ TEST(Grid, HasTheHeadingsOfTheLanguage) {
 
 TEST(Grid, FollowsASort) {
   ShownGrid g;
-  ChangeTri(g.state, 4, true);
+  ChangeTri(g.state.document, 4, true);
   EXPECT_EQ(g.Texte(0, n1), "5");
   EXPECT_EQ(g.Texte(4, n1), "1");
 }
@@ -56,7 +56,7 @@ TEST(Grid, FollowsASort) {
 TEST(Grid, ASortKeepsTheCurrentRow) {
   ShownGrid g;
   g.grid.setCurrentIndex(g.Cellule(1, n1));
-  ChangeTri(g.state, 0, true);
+  ChangeTri(g.state.document, 0, true);
   EXPECT_EQ(g.grid.currentIndex().row(), 3) << "the second of five from below";
   EXPECT_EQ(g.Texte(g.grid.currentIndex().row(), n1), "2");
 }
@@ -64,10 +64,10 @@ TEST(Grid, ASortKeepsTheCurrentRow) {
 TEST(Grid, ItsRowIsTheProgramsCurrentRow) {
   ShownGrid g;
   g.grid.setCurrentIndex(g.Cellule(2, n1));
-  EXPECT_EQ(g.state.Data1.recordset().AbsolutePosition(), 2);
-  EXPECT_EQ(TextePosition(g.state.Data1), "3/5");
-  g.state.Data1.recordset().MoveLast();
-  g.state.Data1.SignalePosition();
+  EXPECT_EQ(g.state.document.Data1.recordset().AbsolutePosition(), 2);
+  EXPECT_EQ(TextePosition(g.state.document.Data1), "3/5");
+  g.state.document.Data1.recordset().MoveLast();
+  g.state.document.Data1.SignalePosition();
   EXPECT_EQ(g.grid.currentIndex().row(), 4);
   EXPECT_EQ(g.grid.currentIndex().column(), n1) << "the column stays";
 }
@@ -77,30 +77,30 @@ TEST(Grid, ChoosesOneCellWhateverKeysMovedTheProgramsRow) {
   g.grid.setCurrentIndex(g.Cellule(2, n1));
   QTest::keyPress(g.grid.windowHandle(), Qt::Key_Control, Qt::ControlModifier);
   ASSERT_EQ(QGuiApplication::keyboardModifiers(), Qt::ControlModifier);
-  g.state.Data1.recordset().MoveLast();
-  g.state.Data1.SignalePosition();
+  g.state.document.Data1.recordset().MoveLast();
+  g.state.document.Data1.SignalePosition();
   QTest::keyRelease(g.grid.windowHandle(), Qt::Key_Control);
   EXPECT_EQ(g.grid.selectionModel()->selectedIndexes(), QModelIndexList{g.Cellule(4, n1)});
 }
 
 TEST(Grid, TellsThePositionOfAnEmptyTable) {
   GridMachine m(0);
-  EXPECT_EQ(TextePosition(m.state.Data1), "");
-  m.state.Data1.Refresh();
-  EXPECT_EQ(TextePosition(m.state.Data1), "0/0");
+  EXPECT_EQ(TextePosition(m.state.document.Data1), "");
+  m.state.document.RelieSqlCourant();
+  EXPECT_EQ(TextePosition(m.state.document.Data1), "0/0");
 }
 
 TEST(Grid, SurvivesRowsThatWereDeletedBehindItsBack) {
   ShownGrid g;
-  g.state.WorkingDb->Execute("DELETE FROM TALPENA");
+  g.state.document.WorkingDb->Execute("DELETE FROM TALPENA");
   EXPECT_NO_THROW(g.grid.grab());
-  g.state.Data1.Refresh();
+  g.state.document.Data1.Refresh();
   EXPECT_EQ(g.grid.model()->rowCount(), 0);
 }
 
 std::vector<std::int64_t> Numeros(ShownGrid& g) {
   std::vector<std::int64_t> numbers;
-  const auto rows = g.state.Data1.Clone();
+  const auto rows = g.state.document.Data1.Clone();
   for (const Bookmark bookmark : g.grid.LignesChoisies()) {
     rows->SetBookmark(bookmark);
     numbers.push_back(rows->Get("N1").integer);
@@ -116,7 +116,7 @@ TEST(GridSelection, AClickOnARowChoosesItAlone) {
   EXPECT_EQ(Numeros(g), (Numbers{3}));
   g.grid.ChoisitLigne(5, {});
   EXPECT_EQ(Numeros(g), (Numbers{6}));
-  EXPECT_EQ(g.state.Data1.recordset().AbsolutePosition(), 5);
+  EXPECT_EQ(g.state.document.Data1.recordset().AbsolutePosition(), 5);
 }
 
 TEST(GridSelection, ShiftExtendsFromTheRowChosenLast) {
@@ -133,7 +133,7 @@ TEST(GridSelection, ShiftExtendsFromTheRowChosenLast) {
 
 TEST(GridSelection, ShiftFollowsTheOrderOnScreen) {
   ShownGrid g(10);
-  ChangeTri(g.state, 4, true);
+  ChangeTri(g.state.document, 4, true);
   g.grid.ChoisitLigne(0, {});
   g.grid.ChoisitLigne(2, Qt::ShiftModifier);
   EXPECT_EQ(Numeros(g), (Numbers{10, 9, 8}));
@@ -142,7 +142,7 @@ TEST(GridSelection, ShiftFollowsTheOrderOnScreen) {
 TEST(GridSelection, ARefreshForgetsIt) {
   ShownGrid g(10);
   g.grid.ChoisitLigne(2, {});
-  g.state.Data1.Refresh();
+  g.state.document.Data1.Refresh();
   g.grid.ChoisitLigne(6, Qt::ShiftModifier);
   EXPECT_EQ(Numeros(g), (Numbers{7}));
 }
@@ -255,15 +255,15 @@ TEST(Grid, OpensAMillionRowsAtOnceAndJumpsToTheLast) {
     std::int64_t row_ = 0;
   } million;
   const std::array<std::string_view, 1> columns = {"N1"};
-  g.state.WorkingDb->BeginTrans();
-  g.state.WorkingDb->InsertRows("TALPENA", columns, million);
-  g.state.WorkingDb->CommitTrans();
-  g.state.Data1.Refresh();
+  g.state.document.WorkingDb->BeginTrans();
+  g.state.document.WorkingDb->InsertRows("TALPENA", columns, million);
+  g.state.document.WorkingDb->CommitTrans();
+  g.state.document.Data1.Refresh();
   EXPECT_EQ(g.grid.model()->rowCount(), 1000000);
   QTest::keyClick(&g.grid, Qt::Key_End, Qt::ControlModifier);
   EXPECT_EQ(g.grid.currentIndex().row(), 999999);
   EXPECT_EQ(g.Texte(999999, n1), "1000000");
-  EXPECT_EQ(TextePosition(g.state.Data1), "1000000/1000000");
+  EXPECT_EQ(TextePosition(g.state.document.Data1), "1000000/1000000");
 }
 
 }  // namespace

@@ -1,0 +1,203 @@
+#include "store/edition.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "store/open_edit.h"
+
+namespace talpena {
+namespace {
+
+/// A transaction that ends with what was done in it, whatever becomes of the rest.
+class KeptTransaction {
+ public:
+  explicit KeptTransaction(Database& database) : database_(database) { database_.BeginTrans(); }
+  KeptTransaction(const KeptTransaction&) = delete;
+  KeptTransaction& operator=(const KeptTransaction&) = delete;
+  ~KeptTransaction() {
+    if (!open_) return;
+    try {
+      if (database_.EnTransaction()) database_.CommitTrans();
+    } catch (const TalpenaError&) {  // the failure under way is the one to report
+    }
+  }
+  void Valide() {
+    open_ = false;
+    database_.CommitTrans();
+  }
+
+ private:
+  Database& database_;
+  bool open_ = true;
+};
+
+/// Notes whether any row was changed, also when the walk ends by a failure.
+class Witness final : public RowChange {
+ public:
+  Witness(RowChange& change, bool& changed) : change_(change), changed_(changed) {}
+  bool Modifie(Bookmark row, std::span<const Cell> given, std::span<Cell> changed) override {
+    const bool changes = change_.Modifie(row, given, changed);
+    changed_ = changed_ || changes;
+    return changes;
+  }
+  void Avance(std::int64_t done, std::int64_t total) override { change_.Avance(done, total); }
+
+ private:
+  RowChange& change_;
+  bool& changed_;
+};
+
+}  // namespace
+
+Edition::Edition(Document& document, std::string name, Etendue etendue)
+    : document_(document), name_(std::move(name)), entire_(etendue == Etendue::Entiere) {
+  if (!entire_) return;
+  headerBefore_ = document_.header_;
+  if (document_.WorkingDb) transaction_.emplace(*document_.WorkingDb);
+}
+
+Edition::~Edition() {
+  if (ended_) return;
+  try {
+    if (entire_) {
+      Annule();
+    } else {
+      Termine();
+    }
+  } catch (...) {  // the failure under way is the one to report
+  }
+}
+
+void Edition::Valide() {
+  if (ended_) return;
+  if (transaction_) transaction_->Valide();
+  Termine();
+}
+
+/// What was on show may have been told of meanwhile: values are read again.
+void Edition::Annule() {
+  ended_ = true;
+  cursor_.reset();
+  transaction_.reset();
+  document_.header_ = std::move(*headerBefore_);
+  if (!changes_.Aucun()) document_.Signale(changes_);
+}
+
+void Edition::Termine() {
+  ended_ = true;
+  cursor_.reset();
+  if (modified_ && marks_ && !std::exchange(document_.modified_, true))
+    changes_ |= Aspect::Modified;
+  if (!changes_.Aucun()) document_.Signale(changes_);
+}
+
+Bookmark Edition::AjouteLigne(const Remplissage& remplit) {
+  Recordset& rows = Curseur();
+  rows.AddNew();
+  try {
+    if (remplit) remplit(rows);
+    rows.Update();
+  } catch (...) {
+    rows.CancelUpdate();
+    throw;
+  }
+  Note(Aspect::Rows);
+  return rows.LastModified();
+}
+
+Bookmark Edition::AjouteLignesVides(std::int64_t count) {
+  std::optional<Transaction> own;
+  if (!transaction_) own.emplace(document_.Base());
+  Recordset& rows = Curseur();
+  for (std::int64_t i = 0; i < count; ++i) {
+    rows.AddNew();
+    rows.Update();
+  }
+  if (own) own->Valide();
+  if (count > 0) Note(Aspect::Rows);
+  return count > 0 ? rows.LastModified() : 0;
+}
+
+void Edition::ModifieLigne(Recordset& rows, const Remplissage& remplit) {
+  OpenEdit edit(rows);
+  remplit(rows);
+  edit.Valide();
+  Note(Aspect::Values);
+}
+
+std::int64_t Edition::ModifieLignes(const RowPass& pass, RowChange& change) {
+  bool changed = false;
+  Witness witness(change, changed);
+  const auto note = [&] {
+    if (changed) Note(Aspect::Values);
+  };
+  try {
+    const std::int64_t count = Curseur().ModifieLignes(pass, witness);
+    note();
+    return count;
+  } catch (...) {
+    note();
+    throw;
+  }
+}
+
+std::int64_t Edition::RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
+                                    const Recordset::Progress& avance) {
+  const std::int64_t count = Curseur().RemplitLignes(
+      fields, values, avance ? avance : [](std::int64_t, std::int64_t) {});
+  if (count > 0) Note(Aspect::Values);
+  return count;
+}
+
+std::int64_t Edition::SupprimeLignes(std::span<const Bookmark> rows) {
+  const std::int64_t count = Curseur().SupprimeLignes(rows);
+  if (count > 0) Note(Aspect::Rows);
+  return count;
+}
+
+void Edition::VideTable() {
+  document_.Base().Execute("DELETE FROM TALPENA");
+  modified_ = true;
+}
+
+std::int64_t Edition::InsereLignes(std::span<const std::string_view> columns, RowSource& source) {
+  std::optional<KeptTransaction> own;
+  if (!transaction_) own.emplace(document_.Base());
+  modified_ = true;
+  const std::int64_t count = document_.Base().InsertRows("TALPENA", columns, source);
+  if (own) own->Valide();
+  return count;
+}
+
+DistributionHeader& Edition::Entete() {
+  Note(Aspect::Header);
+  return document_.header_;
+}
+
+void Edition::VaA(Bookmark row) {
+  document_.Data1.recordset().SetBookmark(row);
+  changes_ |= Aspect::Position;
+}
+
+void Edition::VaAPosition(std::int64_t position) {
+  Recordset& rows = document_.Data1.recordset();
+  const std::int64_t last = rows.RecordCount() - 1;
+  if (last < 0) {
+    rows.MoveFirst();
+  } else {
+    rows.SetAbsolutePosition(std::clamp<std::int64_t>(position, 0, last));
+  }
+  changes_ |= Aspect::Position;
+}
+
+void Edition::Note(Aspect aspect) {
+  changes_ |= aspect;
+  modified_ = true;
+}
+
+Recordset& Edition::Curseur() {
+  if (!cursor_) cursor_ = document_.Data1.Clone();
+  return *cursor_;
+}
+
+}  // namespace talpena

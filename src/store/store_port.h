@@ -1,0 +1,14 @@
+// What the commands of the store ask of the layers above them.
+#pragma once
+
+namespace talpena {
+
+class StorePort {
+ public:
+  virtual ~StorePort() = default;
+  virtual void MontreOptionsPeriodes() = 0;  ///< frmOptionsPeriodes, modal
+  /// Latitude and longitude of every row anew from its original coordinates.
+  virtual void RecalculeCoordonnees() = 0;
+};
+
+}  // namespace talpena
