@@ -10,7 +10,7 @@
 
 namespace talpena {
 
-// Reading: notation_readers.cpp.
+// Reading: original.cpp.
 Place LitDegres(CoordState& state, CoordSystem system, std::string_view original);
 Place LitDms(CoordState& state, CoordSystem system, std::string_view original);
 Place LitUtm(CoordState& state, CoordSystem system, std::string_view original);
