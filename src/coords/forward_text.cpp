@@ -39,28 +39,29 @@ void MetresDuPoint(CoordState& state, CoordSystem system, double latitude, doubl
   }
 }
 
-std::string EcritGrades(CoordState&, CoordSystem system, double latitude, double longitude) {
+std::string EcritEnGrades(CoordState&, CoordSystem system, double latitude, double longitude) {
   double x = 0, y = 0;
   LatLonVersGradesParis(latitude, longitude, y, x);
   const std::size_t behindCode = InfoDe(system).code.size() + 1;
   return AssembleNombres(system, std::array{y, x}).substr(behindCode);
 }
 
-std::string EcritBritish(CoordState&, CoordSystem, double latitude, double longitude) {
+std::string EcritEnBritish(CoordState&, CoordSystem, double latitude, double longitude) {
   return std::string(Rogne(TexteGrille(Grille::British, latitude, longitude)));
 }
 
-std::string EcritIrish(CoordState&, CoordSystem, double latitude, double longitude) {
+std::string EcritEnIrish(CoordState&, CoordSystem, double latitude, double longitude) {
   return std::string(Rogne(TexteGrille(Grille::Irish, latitude, longitude)));
 }
 
-std::string EcritMetres(CoordState& state, CoordSystem system, double latitude, double longitude) {
+std::string EcritEnMetres(CoordState& state, CoordSystem system, double latitude,
+                          double longitude) {
   double x = 0, y = 0;
   MetresDuPoint(state, system, latitude, longitude, x, y);
   return Str(std::round(x)) + " " + Str(std::round(y));
 }
 
-std::string EcritIfbl(CoordState&, CoordSystem, double latitude, double longitude) {
+std::string EcritEnIfbl(CoordState&, CoordSystem, double latitude, double longitude) {
   const std::string code = TexteIfbl(latitude, longitude);
   return NommeCarreIfbl(code) ? code : std::string();
 }

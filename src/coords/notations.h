@@ -10,7 +10,7 @@
 
 namespace talpena {
 
-// Reading: notation_readers.cpp.
+// Reading: original.cpp.
 Place LitDegres(CoordState& state, CoordSystem system, std::string_view original);
 Place LitDms(CoordState& state, CoordSystem system, std::string_view original);
 Place LitUtm(CoordState& state, CoordSystem system, std::string_view original);
@@ -22,11 +22,12 @@ Place LitMetres(CoordState& state, CoordSystem system, std::string_view original
 Place LitIfbl(CoordState& state, CoordSystem system, std::string_view original);
 
 // Writing: forward_text.cpp.
-std::string EcritGrades(CoordState& state, CoordSystem system, double latitude, double longitude);
-std::string EcritBritish(CoordState& state, CoordSystem system, double latitude, double longitude);
-std::string EcritIrish(CoordState& state, CoordSystem system, double latitude, double longitude);
-std::string EcritMetres(CoordState& state, CoordSystem system, double latitude, double longitude);
-std::string EcritIfbl(CoordState& state, CoordSystem system, double latitude, double longitude);
+std::string EcritEnGrades(CoordState& state, CoordSystem system, double latitude, double longitude);
+std::string EcritEnBritish(CoordState& state, CoordSystem system, double latitude,
+                           double longitude);
+std::string EcritEnIrish(CoordState& state, CoordSystem system, double latitude, double longitude);
+std::string EcritEnMetres(CoordState& state, CoordSystem system, double latitude, double longitude);
+std::string EcritEnIfbl(CoordState& state, CoordSystem system, double latitude, double longitude);
 
 // Checks: notation_checks.cpp.
 bool NommeCarreBritish(std::span<const std::string> tokens);

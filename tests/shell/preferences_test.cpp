@@ -5,6 +5,7 @@
 
 #include <algorithm>
 
+#include "coords/systems.h"
 #include "store/coords_world.h"
 #include "store/filter.h"
 
@@ -72,7 +73,7 @@ TEST_F(PreferTest, ShowsTheTemporaryFolderUntilAnotherIsStored) {
 }
 
 TEST_F(PreferTest, AnInputModeThatIsNoneShowsNothingAndStays) {
-  for (const int mode : {-1, 16, 99}) {
+  for (const int mode : {-1, CoordSystemCount, 99}) {
     state.InputMode = static_cast<std::int16_t>(mode);
     form = RempliPrefer(state, io);
     EXPECT_EQ(form.Combo2, -1);

@@ -197,7 +197,7 @@ TEST_F(AdapteInputboxTest, GivesTheExamplesInTheLanguage) {
 }
 
 TEST_F(AdapteInputboxTest, TakesMgrsForASettingThatIsNoMode) {
-  for (const int mode : {-1, 16, 99}) {
+  for (const int mode : {-1, CoordSystemCount, 99}) {
     state.InputMode = static_cast<std::int16_t>(mode);
     AdapteInputbox(state, ecran);
     EXPECT_EQ(ecran.system, CoordSystem::Mgr);
@@ -291,7 +291,7 @@ TEST_F(CmbSystemTest, DoesNotTakeADatumWithoutUtmForUtm) {
 
 TEST_F(CmbSystemTest, TakesNoIndexThatIsNone) {
   Ligne({{"ORIGINAL", "deg 50 4"}});
-  for (const int index : {-1, 16}) {
+  for (const int index : {-1, CoordSystemCount}) {
     cmbSystem_Click(Contexte(), ecran, index);
     EXPECT_EQ(ecran.system, CoordSystem::Deg);
     EXPECT_EQ(state.InputMode, 0);
