@@ -78,6 +78,17 @@ struct NumberBlock {
 };
 using NumberVisitor = std::function<void(const NumberBlock&)>;
 
+/// One row that LitLignes hands over: `cells` holds one cell per field, texts valid until the next.
+using RowVisitor = std::function<void(Bookmark row, std::span<const Cell> cells)>;
+
+/// A row that was deleted and where it stood: its position among the rows of a recordset, from 0.
+struct RowPlace {
+  Bookmark row = 0;
+  std::int64_t position = -1;  ///< -1 when it was not shown
+};
+
+class RowSource;
+
 /// Which fields and rows a pass goes over.
 struct RowPass {
   std::vector<int> read;
@@ -112,6 +123,8 @@ class Recordset {
   virtual void SetBookmark(Bookmark) = 0;             ///< InvalidBookmark (3159) if the row is gone
   virtual std::int64_t AbsolutePosition() const = 0;  ///< from 0; -1 off a row
   virtual void SetAbsolutePosition(std::int64_t) = 0;  ///< InvalidArgument (3001) beyond the rows
+  /// Where a row stands, from 0; -1 when it is not shown. The cursor does not move.
+  virtual std::int64_t PositionDe(Bookmark row) const = 0;
 
   /// Value of a field of the current row, or of the row being edited or added. Off a row:
   /// NoCurrentRecord (3021); on a row that was deleted meanwhile: 3167. A text is valid until the
@@ -139,20 +152,33 @@ class Recordset {
   /// commands over many rows use. The rows come in no promised order; those deleted meanwhile are
   /// left out. A refused value, or a failure of `change`, is thrown on: the rows changed before
   /// it stay. The cursor does not move. Returns the number of rows changed.
-  virtual std::int64_t ModifieLignes(const RowPass& pass, RowChange& change);
+  virtual std::int64_t ModifieLignes(const RowPass& pass, RowChange& change) = 0;
   /// Puts the same values into fields of every row that the recordset shows, checked as by Set, and
   /// tells `avance` how far it came, as a pass does. Without rows nothing is checked. A refused
   /// value changes no row. The cursor does not move. Returns the number of rows changed.
   using Progress = std::function<void(std::int64_t done, std::int64_t total)>;
   virtual std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
-                                     const Progress& avance);
+                                     const Progress& avance) = 0;
   /// Deletes the current row; the cursor then stands on no row until it is moved (MoveNext goes
   /// to the row behind the deleted one).
   virtual void Delete() = 0;
   /// Deletes the rows that are named and that the recordset shows; the others are passed over. What
   /// a failure leaves of them is for the caller's transaction to put back. The cursor stands where
   /// it stood, on no row if its own is gone. Returns the number of rows deleted.
-  virtual std::int64_t SupprimeLignes(std::span<const Bookmark> rows);
+  virtual std::int64_t SupprimeLignes(std::span<const Bookmark> rows) = 0;
+
+  /// Hands over the rows that are named and that the recordset shows, each once, in no promised
+  /// order: what is kept of rows before they change or go. `visit` may not change the table; what
+  /// it throws is thrown on. The cursor does not move.
+  virtual void LitLignes(std::span<const Bookmark> rows, const RowVisitor& visit) = 0;
+  /// Puts rows back that were deleted, each under its own bookmark (and so its own number), with
+  /// the values that the source gives for it: one cell per field, row after row as in `places`;
+  /// the cell of the numbered field is not looked at. Where a row was when a recordset that is
+  /// still open lost it, it stands again. In this recordset and its clones a row that they have
+  /// never shown stands at its position, counted among all rows when all are back; not at all
+  /// with -1. A cursor stays on its row. A row that is not gone raises DuplicateKey (3022), a
+  /// bookmark that the table never gave InvalidBookmark (3159); then nothing is put back.
+  virtual void RetablitLignes(std::span<const RowPlace> places, RowSource& values) = 0;
 
   /// First or next row that meets a condition as a user may write it; false, with the position
   /// unchanged, when there is none.
@@ -164,7 +190,7 @@ class Recordset {
   /// field that holds no numbers raises DataConversion (3421). `visit` may read the table, but
   /// not change it; what it throws is thrown on. The cursor does not move.
   virtual void LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
-                          const NumberVisitor& visit);
+                          const NumberVisitor& visit) = 0;
 
   /// An independent cursor over the same rows, sharing their list, standing on the first.
   virtual std::unique_ptr<Recordset> Clone() = 0;

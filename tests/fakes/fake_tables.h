@@ -8,6 +8,7 @@
 
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "fakes/refusing_rows.h"
 #include "platform/table_engine.h"
 
 namespace talpena::test {
@@ -53,7 +54,7 @@ class FakeTables : public TableEngine {
     throw TalpenaError(ErrorNumber::ReadOnly, "Database or object is read-only.");
   }
 
-  class Rows final : public Recordset {
+  class Rows final : public RefusingRows {
    public:
     Rows(FakeTables& owner, const FakeAnswer& answer) : ouvert_(owner), answer_(answer) {
       for (const std::string& column : answer.columns) fields_.push_back({.name = column});

@@ -8,6 +8,7 @@
 
 #include "fakes/fake_files.h"
 #include "fakes/fake_platform.h"
+#include "fakes/refusing_rows.h"
 #include "shell/start_stop.h"
 
 namespace talpena::test {
@@ -15,7 +16,7 @@ namespace talpena::test {
 using Journal = std::vector<std::string>;
 
 /// A SELECT that found nothing.
-class NoRows : public Recordset {
+class NoRows : public RefusingRows {
  public:
   const std::vector<FieldDef>& Fields() const override { return fields_; }
   int FieldIndex(std::string_view) const override { return 0; }

@@ -311,11 +311,7 @@ std::int64_t SqliteDatabase::Insere(TableState& table, const std::vector<int>& f
     names += (i == 0 ? "" : ", ") + table.ChampSql(fields[i]);
     cells += (i == 0 ? "" : ", ") + (binary ? "CAST(" + cell + " AS BLOB)" : cell);
   }
-  Statement last = connection_->Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
-  last.Lie(0, Cell::Of(std::string_view(table.Nom())));
-  const std::int64_t given = last.Avance() ? last.Entier(0) : 0;
-  last = Statement();
-
+  const std::int64_t given = connection_->DerniereCleDonnee(table);
   InsertSource rows(table, fields, source, check, std::numeric_limits<RowKey>::max() - given);
   Statement insert = connection_->Prepare("INSERT OR FAIL INTO " + table.NomSql() + " (" + names +
                                           ") SELECT " + cells + " FROM " + SourceTable + "(?1)");
