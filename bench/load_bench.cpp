@@ -156,7 +156,7 @@ Times MesureTout(const std::filesystem::path& folder, int rows) {
     test::SilentView view;
     StoreState state;
     std::filesystem::remove(database);
-    state.WorkingDb = platform.engine->CreateDatabase(database, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+    state.WorkingDb = platform.engine->CreateDatabase(database, NewDatabase{});
     CreateTable(state);
     times.load = Mesure([&] { LitDeg(state, platform.io, view, path, MergeMode::Replace); });
     if (state.Data1.recordset().RecordCount() != rows) std::abort();

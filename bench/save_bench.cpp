@@ -175,7 +175,8 @@ double MesureTout(const fs::path& folder, int rows) {
   test::SilentPlatform platform;
   test::SilentView view;
   StoreState state;
-  state.WorkingDb = platform.engine->CreateDatabase((folder / "talpena_tmp.mdb").string(), "");
+  state.WorkingDb =
+      platform.engine->CreateDatabase((folder / "talpena_tmp.mdb").string(), NewDatabase{});
   CreateTable(state);
   LitDeg(state, platform.io, view, path, MergeMode::Replace);
   sqlite3* floor = CreeTablePlancher(folder / "floor.db", *state.Data1.Clone());

@@ -43,10 +43,27 @@ struct IndexDef {
   bool primary = false;
 };
 
+/// Bits of a table's attributes. A table with any bit of System is the maker's own.
+namespace TableAttribute {
+inline constexpr std::uint32_t Hidden = 0x00000001;
+inline constexpr std::uint32_t System = 0x80000002;
+}  // namespace TableAttribute
+
 struct TableDef {
   std::string name;
   std::vector<FieldDef> fields;
   std::vector<IndexDef> indexes;
+  std::uint32_t attributes = 0;  ///< as the maker's file has them; 0 for the engine's own tables
+};
+
+/// A query that a maker's file keeps under a name.
+struct QueryDef {
+  static constexpr int Select = 0;
+
+  std::string name;
+  int kind = Select;             ///< as the maker numbers it: Select, or one that changes something
+  std::string sql;               ///< a SELECT of the dialect; empty when its text is not known
+  std::vector<FieldDef> fields;  ///< given by Database::Query only
 };
 
 /// Names a row of a recordset's table for as long as the row lives.
@@ -205,13 +222,29 @@ class RowSource {
   virtual bool Suivante(std::span<Cell> cells) = 0;
 };
 
+/// Told how many rows of a maker's table were taken over, of how many (-1 when that is not known).
+/// What it throws ends the taking over.
+using ImportProgress = std::function<void(std::int64_t done, std::int64_t total)>;
+
 class Database {
  public:
   virtual ~Database() = default;
 
   virtual void CreateTable(const TableDef& table) = 0;  ///< TableExists (3010)
-  virtual std::vector<std::string> TableNames() = 0;
-  virtual TableDef Table(std::string_view name) = 0;  ///< TableNotFound (3078)
+  virtual std::vector<std::string> TableNames() = 0;    ///< of those that can be opened
+  virtual TableDef Table(std::string_view name) = 0;    ///< TableNotFound (3078)
+  /// All tables of the file. Those of the maker's own come last, with their names and attributes
+  /// but without fields: they cannot be opened.
+  virtual std::vector<TableDef> Tables() = 0;
+  /// The saved queries of the file, without their fields.
+  virtual std::vector<QueryDef> Queries() = 0;
+  /// One saved query with its fields, for which it is run; its name may then stand wherever a
+  /// table's may be read. TableNotFound (3078); NotSupported (3251) for one that cannot be run.
+  virtual QueryDef Query(std::string_view name) = 0;
+
+  /// Who is told how far it came when a long table of another maker is taken over (a table is, when
+  /// a statement first names it). A table that was broken off is taken over anew the next time.
+  virtual void SuitImport(ImportProgress progress) = 0;
 
   /// `source` is a table's name or a SELECT of the dialect that docs/table-engine.md describes.
   virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view source) = 0;
@@ -258,20 +291,39 @@ class Transaction {
   Database* database_;
 };
 
+/// What a new database declares of itself: the language that orders its texts, the code page, the
+/// country of its maker. As it stands: the general order, the western code page, any country.
+struct NewDatabase {
+  int langId = 0x0409;
+  int codePage = 1252;
+  int country = 0;
+
+  friend bool operator==(const NewDatabase&, const NewDatabase&) = default;
+};
+
 class TableEngine {
  public:
   virtual ~TableEngine() = default;
 
-  /// A new, empty, throw-away database. `locale` is kept for engines that need it
-  /// (";LANGID=0x0409;CP=1252;COUNTRY=0"). Raises PathFileAccess, FileExists, ...
+  /// A new, empty, throw-away database in the engine's own format, which knows the general order
+  /// only: InvalidArgument (3001) for another. Raises PathFileAccess, FileExists, ...
   virtual std::unique_ptr<Database> CreateDatabase(const std::string& path,
-                                                   std::string_view locale) = 0;
+                                                   const NewDatabase& settings) = 0;
 
   /// An existing database: the engine's own files and, through the readers of foreign formats,
-  /// Access files. `connect` names another maker's format ("dBase IV;"), empty for Access.
-  /// Raises DatabaseNotFound (3024), UnrecognizedFormat (3343).
+  /// other makers' files. `connect` names another maker's format (foreign_format.h), empty for
+  /// Access; for some formats `path` is a folder of tables. Other makers' rows can be read only,
+  /// but where `readOnly` is false and `connect` names a format that is written, tables can be made
+  /// and take rows by InsertRows, once each; then nothing needs to be at `path` yet.
+  /// Raises DatabaseNotFound (3024), UnrecognizedFormat (3343), NotSupported (3251).
   virtual std::unique_ptr<Database> OpenDatabase(const std::string& path, bool readOnly,
                                                  std::string_view connect = {}) = 0;
+
+  /// A new, empty file of another maker's for tables to be made in, as OpenDatabase opens them for
+  /// writing. Raises FileExists (58), NotSupported (3251) for a format that is not written.
+  virtual std::unique_ptr<Database> CreateForeignDatabase(const std::string& path,
+                                                          std::string_view connect,
+                                                          const NewDatabase& settings) = 0;
 };
 
 }  // namespace talpena

@@ -20,7 +20,7 @@ using Periods = std::vector<std::optional<int>>;  ///< empty for Null
 class PeriodsTest : public testing::Test {
  protected:
   PeriodsTest() {
-    state.WorkingDb = engine_->CreateDatabase(folder_ / "work.mdb", "");
+    state.WorkingDb = engine_->CreateDatabase(folder_ / "work.mdb", NewDatabase{});
     CreateTable(state);
     state.Data1.Lie(*state.WorkingDb);
     state.Data1.RecordSource = state.SqlCourant;

@@ -1,6 +1,7 @@
 // A machine that writes down, in one list, everything that starting and stopping does to it.
 #pragma once
 #include <algorithm>
+#include <cstdio>
 #include <deque>
 #include <memory>
 #include <string>
@@ -55,6 +56,10 @@ class JournalDatabase : public Database {
   }
   std::vector<std::string> TableNames() override { return {}; }
   TableDef Table(std::string_view) override { return {}; }
+  std::vector<TableDef> Tables() override { return {}; }
+  std::vector<QueryDef> Queries() override { return {}; }
+  QueryDef Query(std::string_view) override { return {}; }
+  void SuitImport(ImportProgress) override {}
   std::unique_ptr<Recordset> OpenRecordset(std::string_view) override {
     return std::make_unique<NoRows>();
   }
@@ -78,8 +83,11 @@ class JournalEngine : public TableEngine {
   std::deque<int> failures;  ///< error numbers that the next calls of CreateDatabase raise
 
   std::unique_ptr<Database> CreateDatabase(const std::string& path,
-                                           std::string_view locale) override {
-    journal_.push_back("CreateDatabase " + path + " " + std::string(locale));
+                                           const NewDatabase& settings) override {
+    char locale[64];
+    std::snprintf(locale, sizeof locale, ";LANGID=0x%04X;CP=%d;COUNTRY=%d", settings.langId,
+                  settings.codePage, settings.country);
+    journal_.push_back("CreateDatabase " + path + " " + locale);
     if (!failures.empty()) {
       const int number = failures.front();
       failures.pop_front();
@@ -90,6 +98,10 @@ class JournalEngine : public TableEngine {
   std::unique_ptr<Database> OpenDatabase(const std::string& path, bool, std::string_view) override {
     journal_.push_back("OpenDatabase " + path);
     return std::make_unique<JournalDatabase>(journal_);
+  }
+  std::unique_ptr<Database> CreateForeignDatabase(const std::string&, std::string_view,
+                                                  const NewDatabase&) override {
+    return nullptr;
   }
 
  private:

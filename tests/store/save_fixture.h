@@ -44,8 +44,7 @@ struct Monde : FakeServices {
   Monde() {
     state.AppDir = working / "no-program";
     state.WorkingDbPath = working / "talpena_tmp.mdb";
-    state.WorkingDb =
-        engine->CreateDatabase(state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+    state.WorkingDb = engine->CreateDatabase(state.WorkingDbPath, NewDatabase{});
     CreateTable(state);
     state.Data1.Lie(*state.WorkingDb);
     Relit();

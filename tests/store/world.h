@@ -31,8 +31,7 @@ struct World : FakeServices {
       datum.code = code;
       state.Catalogue.Datums.push_back(datum);
     }
-    state.WorkingDb =
-        engine->CreateDatabase(state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+    state.WorkingDb = engine->CreateDatabase(state.WorkingDbPath, NewDatabase{});
     CreateTable(state);
   }
   World(const World&) = delete;

@@ -17,7 +17,7 @@ namespace talpena::test {
 /// Rows 1 to `rows`: PERIOD 1, LATITUDE 50.1, LONGITUDE 4.5, N1 the row's number.
 struct GridMachine {
   explicit GridMachine(int rows = 5) {
-    state.WorkingDb = engine->CreateDatabase(folder / "grid.mdb", "");
+    state.WorkingDb = engine->CreateDatabase(folder / "grid.mdb", NewDatabase{});
     CreateTable(state);
     state.Data1.Lie(*state.WorkingDb);
     Ajoute(rows);
