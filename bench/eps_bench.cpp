@@ -14,6 +14,7 @@
 #include "fakes/silent_platform.h"
 #include "fakes/silent_view.h"
 #include "generated_rows.h"
+#include "maps/canvas_sink.h"
 #include "maps/eps.h"
 #include "maps/plot.h"
 #include "maps/projection.h"
@@ -152,7 +153,8 @@ void CompareDessin(Opened& ours, bench::BareTable& bare, std::int64_t rows) {
   double sum = 0;
   const double floor = Meilleur(
       [&] { ParcourtNu(bare, ours.carte, [&](float X, float Y) { sum += double{X} + Y; }); });
-  const auto draw = [&] { PlotDistri(ours.context, nullptr, 0); };
+  ScreenSink screen(ours.context);
+  const auto draw = [&] { PlotDistri(ours.context, screen); };
   Rapporte("read and project all rows", Meilleur(draw), floor, 1.2);
   if (ours.canvas.circles != 3 * rows) std::printf("rows are missing\n");
   for (const char* order : {"Counter DESC", "LATITUDE", "N1"}) {

@@ -19,6 +19,7 @@
 #include "fakes/silent_platform.h"
 #include "fakes/silent_view.h"
 #include "generated_rows.h"
+#include "maps/canvas_sink.h"
 #include "maps/map_files.h"
 #include "maps/plot.h"
 #include "maps/redraw.h"
@@ -64,6 +65,10 @@ struct Mapped {
     ChargeCarte(context, (folder / "map_bench.dsw").string());
   }
   ~Mapped() { state.Data1 = DataControl(); }
+  void Trace() {
+    ScreenSink screen(context);
+    PlotDistri(context, screen);
+  }
 
   test::SilentPlatform machine;
   test::SilentView vue;
@@ -113,7 +118,7 @@ void CompareCercles(Mapped& ours, std::int64_t rows, double radius) {
   ours.options.SymbolDiameter = static_cast<std::int32_t>(std::lround(km * 1000));
   char task[64];
   std::snprintf(task, sizeof task, "circles of %g px, from the table", radius);
-  Rapporte(task, Meilleur([&] { PlotDistri(ours.context, nullptr, 0); }), floor, 0.6);
+  Rapporte(task, Meilleur([&] { ours.Trace(); }), floor, 0.6);
   ours.canvas.ChangeEchelle({0, 0, width, height});
   std::snprintf(task, sizeof task, "circles of %g px, drawing alone", radius);
   Rapporte(task, Meilleur([&] {
@@ -125,8 +130,8 @@ void CompareCercles(Mapped& ours, std::int64_t rows, double radius) {
 
 void CompareLineaire(Mapped& all, Mapped& tenth) {
   tenth.options.SymbolDiameter = all.options.SymbolDiameter = 200000;
-  const double many = Meilleur([&] { PlotDistri(all.context, nullptr, 0); });
-  const double few = Meilleur([&] { PlotDistri(tenth.context, nullptr, 0); });
+  const double many = Meilleur([&] { all.Trace(); });
+  const double few = Meilleur([&] { tenth.Trace(); });
   std::printf("%-34s %8.0f ms  a tenth %6.0f ms  times %5.1f\n", "the table, all rows", many, few,
               many / few);
 }
@@ -209,8 +214,9 @@ void CompareRedessin(const fs::path& folder) {
     Rapporte(task, time, floor, 0);
     if (time > 60) std::printf("  above 60 ms: TOO SLOW\n");
   }
+  ScreenSink screen(ours.context);
   const double layer = Meilleur([&] {
-    AfficheTLP(ours.context, (folder / "map_bench.tlp").string());
+    AfficheTLP(ours.context, screen, (folder / "map_bench.tlp").string());
     ours.canvas.Surface();
   });
   std::printf("%-34s %8.1f ms\n", "the layer alone", layer);

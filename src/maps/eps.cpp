@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "common/text.h"
+#include "maps/eps_sink.h"
 #include "maps/grid_overlay.h"
 #include "maps/hourglass.h"
 #include "maps/plot.h"
@@ -50,8 +51,9 @@ void EcritPage(MapContext c, EpsOutput& eps, const std::string& file, int mode) 
   eps.Ligne("/PresLeg false def ");
   const Hourglass sablier(c.fenetre);
   Recopie(c.io, c.carte.FichierPS, eps);
-  PlotDistri(c, &eps, mode);
-  if (c.carte.Grille) DisplayGrid(c, &eps, false);
+  EpsSink page(c.carte, eps, mode);
+  PlotDistri(c, page);
+  if (c.carte.Grille) DisplayGrid(c, page, false);
   EcritMarque(c.fenetre, eps);
   eps.Ligne("PresLeg {PutLeg} { } ifelse");
   eps.Ligne("0 sg Lx Ly m Lx Uy l Ux Uy l Ux Ly l c s");

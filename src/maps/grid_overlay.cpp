@@ -1,11 +1,10 @@
 #include "maps/grid_overlay.h"
 
 #include <algorithm>
-#include <limits>
+#include <string>
+#include <vector>
 
-#include "common/free_decimal.h"
 #include "common/numbers.h"
-#include "maps/eps.h"
 #include "maps/projection.h"
 
 namespace talpena {
@@ -58,102 +57,66 @@ Maille MailleDe(const MapState& carte) {
   return {{radian(west), beyond(carte.LonEst)}, {radian(south), beyond(carte.LatNord)}, s};
 }
 
-/// The nodes of one drawing, in the coordinates of the canvas.
+/// The nodes of one row, and how many there were before: a drawing has its share.
 class Noeuds {
  public:
   explicit Noeuds(const MapState& carte) : carte_(carte) {}
 
-  float X = 0, Y = 0;
-
-  /// Moves X and Y to a node; false when the drawing has had its share. A node without a projection
-  /// is marked HORS_CARTE.
-  bool Place(float x, float y) {
+  void Vide() {
+    x_.clear();
+    y_.clear();
+  }
+  /// False when the share is used up.
+  bool Ajoute(float x, float y) {
     if (++count_ > LimiteNoeuds) return false;
-    if (carte_.CodeProjection == 0) {
-      X = x;
-      Y = y;
-    } else {
-      ProjectPoints(carte_, {&y, 1}, {&x, 1}, {&X, 1}, {&Y, 1});
-    }
+    x_.push_back(x);
+    y_.push_back(y);
     return true;
+  }
+  /// Draws them as one row. A node without a projection is marked HORS_CARTE.
+  void Trace(MapSink& sink) {
+    if (carte_.CodeProjection == 0) return sink.TraceRangee(x_, y_);
+    X_.assign(x_.size(), 0);
+    Y_.assign(y_.size(), 0);
+    ProjectPoints(carte_, y_, x_, X_, Y_);
+    sink.TraceRangee(X_, Y_);
   }
 
  private:
   const MapState& carte_;
+  std::vector<float> x_, y_;  ///< as they are counted
+  std::vector<float> X_, Y_;  ///< on the map
   int count_ = 0;
 };
 
-/// Joins the nodes of one row; the first is a dot. A hidden node is joined like any other, but it
-/// lies at infinity: the canvas would show the way to a place that is only far off.
-class Trait {
- public:
-  explicit Trait(Canvas& canvas) : canvas_(canvas) {}
-  void Ajoute(float X, float Y) {
-    const bool hidden = X == HORS_CARTE;
-    const double x = hidden ? infinite : X, y = hidden ? infinite : Y;
-    if (open_) {
-      canvas_.Line(x_, y_, x, y);
-    } else {
-      canvas_.PSet(x, y);
-    }
-    open_ = true;
-    x_ = x;
-    y_ = y;
-  }
-
- private:
-  static constexpr double infinite = std::numeric_limits<double>::infinity();
-  Canvas& canvas_;
-  bool open_ = false;
-  double x_ = 0, y_ = 0;
-};
-
-void TraceParalleles(Canvas& canvas, const Maille& maille, Noeuds& noeuds) {
+void TraceParalleles(MapSink& sink, const Maille& maille, Noeuds& noeuds) {
   Parcourt(maille.y, maille.step, [&](float y) {
-    Trait trait(canvas);
-    return Parcourt(maille.x, maille.step, [&](float x) {
-      if (!noeuds.Place(x, y)) return false;
-      trait.Ajoute(noeuds.X, noeuds.Y);
-      return true;
-    });
+    noeuds.Vide();
+    const bool more = Parcourt(maille.x, maille.step, [&](float x) { return noeuds.Ajoute(x, y); });
+    noeuds.Trace(sink);
+    return more;
   });
 }
 
-void TraceMeridiens(Canvas& canvas, const Maille& maille, Noeuds& noeuds) {
+void TraceMeridiens(MapSink& sink, const Maille& maille, Noeuds& noeuds) {
   Parcourt(maille.x, maille.step, [&](float x) {
-    Trait trait(canvas);
-    return Parcourt(maille.y, maille.step, [&](float y) {
-      if (!noeuds.Place(x, y)) return false;
-      trait.Ajoute(noeuds.X, noeuds.Y);
-      return true;
-    });
+    noeuds.Vide();
+    const bool more = Parcourt(maille.y, maille.step, [&](float y) { return noeuds.Ajoute(x, y); });
+    noeuds.Trace(sink);
+    return more;
   });
 }
 
-void MarqueNoeuds(const MapState& carte, EpsOutput& eps, const Maille& maille, Noeuds& noeuds) {
-  Parcourt(maille.y, maille.step, [&](float y) {
-    return Parcourt(maille.x, maille.step, [&](float x) {
-      if (!noeuds.Place(x, y)) return false;
-      if (noeuds.X == HORS_CARTE) return true;
-      const PagePoint place = SurPage(carte, noeuds.X, noeuds.Y);
-      eps.Ligne(FormeLibre(place.x) + " " + FormeLibre(place.y) + " m1");
-      return true;
-    });
-  });
-}
-
-/// Lines are dotted while it lives.
-class Pointille {
+/// A grid is being drawn while it lives.
+class GrilleOuverte {
  public:
-  explicit Pointille(Canvas& canvas) : canvas_(canvas) {
-    canvas_.Attributs.drawStyle = DrawStyle::Dotted;
-  }
-  Pointille(const Pointille&) = delete;
-  Pointille& operator=(const Pointille&) = delete;
-  ~Pointille() { canvas_.Attributs.drawStyle = DrawStyle::Solid; }
+  explicit GrilleOuverte(MapSink& sink) : sink_(sink) { sink_.CommenceGrille(); }
+  GrilleOuverte(const GrilleOuverte&) = delete;
+  GrilleOuverte& operator=(const GrilleOuverte&) = delete;
+  ~GrilleOuverte() { sink_.FinitGrille(); }
 
  private:
-  Canvas& canvas_;
+  MapSink& sink_;
 };
 
 float DemandePas(MapContext c) {
@@ -169,17 +132,14 @@ float DemandePas(MapContext c) {
 
 }  // namespace
 
-void DisplayGrid(MapContext c, EpsOutput* eps, bool ask) {
-  MapState& carte = c.carte;
-  if (eps == nullptr && ask) carte.Pas = DemandePas(c);
-  if (!(carte.Pas > 0)) return;
-  const Maille maille = MailleDe(carte);
-  if (eps != nullptr) eps->Ligne("0 sg .1 setlinewidth");
-  const Pointille pointille(c.canvas);
-  Noeuds noeuds(carte);
-  if (eps != nullptr) return MarqueNoeuds(carte, *eps, maille, noeuds);
-  TraceParalleles(c.canvas, maille, noeuds);
-  TraceMeridiens(c.canvas, maille, noeuds);
+void DisplayGrid(MapContext c, MapSink& sink, bool ask) {
+  if (ask && sink.EstEcran()) c.carte.Pas = DemandePas(c);
+  if (!(c.carte.Pas > 0)) return;
+  const Maille maille = MailleDe(c.carte);
+  const GrilleOuverte grille(sink);
+  Noeuds noeuds(c.carte);
+  TraceParalleles(sink, maille, noeuds);
+  if (!sink.MarqueLesNoeuds()) TraceMeridiens(sink, maille, noeuds);
 }
 
 }  // namespace talpena

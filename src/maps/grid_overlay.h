@@ -3,12 +3,13 @@
 #include <string>
 
 #include "maps/map_context.h"
+#include "maps/map_sink.h"
 
 namespace talpena {
 
-/// Draws the grid on the canvas, or its nodes as lines of an EPS file. With `ask` the user gives
-/// the step first.
-void DisplayGrid(MapContext c, EpsOutput* eps, bool ask);
+/// Draws the grid: the parallels, and the meridians where nodes are joined. With `ask` the user
+/// gives the step first, on the screen.
+void DisplayGrid(MapContext c, MapSink& sink, bool ask);
 
 /// Constants of UTM, on the International ellipsoid.
 void InitUtm(MapState& carte);

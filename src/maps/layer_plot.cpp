@@ -36,8 +36,9 @@ bool EstEchec(const MapState& carte, float X, float Y) {
 
 }  // namespace
 
-LayerPlot::LayerPlot(MapState& carte, Canvas& canvas) : carte_(carte), canvas_(canvas) {
-  carte_.polygone.Device(canvas_);
+LayerPlot::LayerPlot(const MapState& carte, CanvasSink& surface)
+    : carte_(carte), canvas_(surface.Canevas()), collecteur_(surface.Collecteur()) {
+  collecteur_.Device(canvas_);
 }
 
 bool LayerPlot::Garde(const LayerRecord& record) const {
@@ -77,9 +78,9 @@ void LayerPlot::Plot(std::int16_t pen, float X, float Y) {
   const bool failed = EstEchec(carte_, X, Y);
   const bool up = pen == -1 || (X_ == 0 && Y_ == 0);
   if (up) {
-    carte_.polygone.DrawTLP();
+    collecteur_.DrawTLP();
   } else if (!failed) {
-    carte_.polygone.Point(X, Y);
+    collecteur_.Point(X, Y);
   }
   if (failed) return;
   X_ = X;

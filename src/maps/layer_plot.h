@@ -3,17 +3,16 @@
 #include <span>
 #include <vector>
 
+#include "maps/canvas_sink.h"
 #include "maps/layer_file.h"
-#include "maps/map_state.h"
-#include "platform/canvas.h"
 
 namespace talpena {
 
 /// Draws one layer. Before its first point there is no previous point, and no kind and style.
 class LayerPlot {
  public:
-  /// Attaches the collector of the map to the canvas; what an earlier layer left in it stays.
-  LayerPlot(MapState& carte, Canvas& canvas);
+  /// Attaches the collector to the canvas; what an earlier layer left in it stays.
+  LayerPlot(const MapState& carte, CanvasSink& surface);
 
   /// True for a record wholly inside the limits of the map. The margin of a degree is of latitude
   /// alone: a line that crosses the eastern or western edge is not drawn.
@@ -27,8 +26,9 @@ class LayerPlot {
   void ChangeAttributs(const LayerRecord& record);
   void Plot(std::int16_t pen, float X, float Y);
 
-  MapState& carte_;
+  const MapState& carte_;
   Canvas& canvas_;
+  Polygon& collecteur_;
   float X_ = 0, Y_ = 0;  ///< the previous point; (0, 0) is none
   bool first_ = true;    ///< there is no last kind and style
   char kind_ = ' ';

@@ -6,12 +6,13 @@
 #include "common/numbers.h"
 #include "common/paths.h"
 #include "common/talpena_error.h"
-#include "maps/free_input.h"
+#include "maps/canvas_sink.h"
 #include "maps/grid_overlay.h"
 #include "maps/hourglass.h"
 #include "maps/plot.h"
 #include "maps/projection.h"
 #include "maps/redraw.h"
+#include "platform/free_input.h"
 
 namespace talpena {
 namespace {
@@ -148,7 +149,8 @@ void ChargeVue(MapContext c) {
   } else if (OuvrePremiereCarte(c)) {
     return;  // with the distribution on it
   }
-  PlotDistri(c, nullptr, 0);
+  ScreenSink ecran(c);
+  PlotDistri(c, ecran);
   c.fenetre.MontreCanevas();
 }
 

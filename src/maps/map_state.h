@@ -8,8 +8,6 @@
 
 namespace talpena {
 
-class EpsOutput;
-
 /// An X and Y that mark a point behind an orthographic globe; bit pattern 7F7FC99E.
 inline constexpr float HORS_CARTE = 3.4E+38F;
 

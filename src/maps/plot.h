@@ -3,12 +3,12 @@
 #include <cstdint>
 
 #include "maps/map_context.h"
+#include "maps/map_sink.h"
 
 namespace talpena {
 
-/// Draws the chosen rows, or all, on the canvas; with `eps` as lines of that file. Mode 1 is
-/// colour, any other grey.
-void PlotDistri(MapContext c, EpsOutput* eps, int mode);
+/// Draws the chosen rows, or all.
+void PlotDistri(MapContext c, MapSink& sink);
 
 /// Shape 1 is a circle of the diameter in user units; no other shape is drawn.
 void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std::uint32_t colour,

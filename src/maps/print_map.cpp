@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 #include <memory>
-#include <utility>
 
+#include "maps/canvas_sink.h"
 #include "maps/plot.h"
 #include "maps/redraw.h"
 
@@ -27,9 +27,9 @@ void Oriente(MapContext c) {
 
 /// What is on show, over the picture. A map that has no place for the distribution says so on the
 /// screen; a page is no place for that.
-void Dessine(MapContext c) {
-  TraceLignes(c);
-  if (c.carte.CodeProjection != 0) PlotDistri(c, nullptr, 0);
+void Dessine(MapContext c, CanvasSink& page) {
+  TraceLignes(c, page);
+  if (c.carte.CodeProjection != 0) PlotDistri(c, page);
 }
 
 }  // namespace
@@ -57,14 +57,12 @@ void PrintMap(MapContext c, Printer& printer) {
   const auto page = printer.CreeCanevas(FinesseImpression(place, width, height));
   page->ChargeImage(c.carte.FichierImage);
   page->ChangeEchelle(c.canvas.Echelle());
-  // The page has a collector of its own: pixels of one surface mean nothing on another.
-  const Polygon ofTheScreen = std::exchange(c.carte.polygone, {});
-  Dessine({c.carte, c.options, *page, c.fenetre, c.state, c.io, c.vue});
-  c.carte.polygone = ofTheScreen;
+  PageSink sink(*page);
+  Dessine(c, sink);
   printer.ImprimePage(*page, place);
 }
 
-void ImprimeCarte(MapContext c) {
+void ImprimeSurPapier(MapContext c) {
   if (SansImage(c.canvas)) return;
   Oriente(c);
   c.io.dialogues.Imprime();

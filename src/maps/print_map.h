@@ -19,7 +19,7 @@ double FinesseImpression(const PagePlace& place, int widthPixels, int heightPixe
 void PrintMap(MapContext c, Printer& printer);
 
 /// Print dialog, PrintMap.
-void ImprimeCarte(MapContext c);
+void ImprimeSurPapier(MapContext c);
 
 /// Print preview.
 void MontreApercu(MapContext c);

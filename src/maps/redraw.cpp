@@ -37,34 +37,36 @@ Panels Position(const MapState& carte, float x, float y) {
   }
 }
 
-void AfficheCouches(MapContext c) {
+void AfficheCouches(MapContext c, CanvasSink& surface) {
   if (c.options.LayerCount() == 0) return;
   const Hourglass hourglass(c.fenetre);
   for (int layer = 1; layer <= c.options.LayerCount(); ++layer) {
-    AfficheTLP(c, c.options.Couche(layer));
+    AfficheTLP(c, surface, c.options.Couche(layer));
   }
 }
 
 }  // namespace
 
-void TraceLignes(MapContext c) {
-  c.canvas.Attributs = {};  // a closed line is not filled as the symbols of the last time were
-  AfficheCouches(c);
-  c.canvas.Attributs = {};  // nor has the grid the colour of the last layer
-  if (c.carte.Grille) DisplayGrid(c, nullptr, false);
+void TraceLignes(MapContext c, CanvasSink& surface) {
+  DrawAttributes& attributs = surface.Canevas().Attributs;
+  attributs = {};  // a closed line is not filled as the symbols of the last time were
+  AfficheCouches(c, surface);
+  attributs = {};  // nor has the grid the colour of the last layer
+  if (c.carte.Grille) DisplayGrid(c, surface, false);
 }
 
 void RedrawMap(MapContext c) {
+  ScreenSink ecran(c);
   c.canvas.Cls();
-  TraceLignes(c);
-  PlotDistri(c, nullptr, 0);
+  TraceLignes(c, ecran);
+  PlotDistri(c, ecran);
   c.fenetre.MontreCanevas();
 }
 
-void AfficheTLP(MapContext c, const std::string& path) {
+void AfficheTLP(MapContext c, CanvasSink& surface, const std::string& path) {
   const std::string found = RendNatif(path);
   if (!c.io.files.Existe(found)) return;
-  LayerPlot plot(c.carte, c.canvas);
+  LayerPlot plot(c.carte, surface);
   LayerFile file(c.io.files.Ouvre(found));
   for (LayerRecord record; file.Suivant(record);) {
     if (!plot.Garde(record)) continue;

@@ -2,18 +2,18 @@
 #pragma once
 #include <string>
 
-#include "maps/map_context.h"
+#include "maps/canvas_sink.h"
 
 namespace talpena {
 
-/// Picture, layers, grid, distribution.
+/// Picture, layers, grid, distribution, on the screen.
 void RedrawMap(MapContext c);
 
 /// What lies between the picture and the rows: layers, and the grid when it is on show.
-void TraceLignes(MapContext c);
+void TraceLignes(MapContext c, CanvasSink& surface);
 
 /// One line layer (.tlp); nothing happens when the file does not exist.
-void AfficheTLP(MapContext c, const std::string& path);
+void AfficheTLP(MapContext c, CanvasSink& surface, const std::string& path);
 
 /// The three panels of the status bar for a position in user units. A position that the projection
 /// cannot invert leaves them empty.

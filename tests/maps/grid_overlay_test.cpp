@@ -14,7 +14,8 @@
 #include "fakes/fake_files.h"
 #include "fakes/fake_platform.h"
 #include "fakes/fake_tables.h"
-#include "maps/eps.h"
+#include "maps/canvas_sink.h"
+#include "maps/eps_sink.h"
 #include "maps/map_world.h"
 #include "maps/some_map.h"
 
@@ -49,18 +50,21 @@ struct Machine : test::FakeServices {
   /// Asks for the step and answers with a text.
   void Demande(const std::string& answer) {
     dialogues.inputs.push_back(answer);
-    DisplayGrid(Contexte(), nullptr, true);
+    ScreenSink ecran(Contexte());
+    DisplayGrid(Contexte(), ecran, true);
   }
   void Trace(float step) {
     carte.Pas = step;
-    DisplayGrid(Contexte(), nullptr, false);
+    ScreenSink ecran(Contexte());
+    DisplayGrid(Contexte(), ecran, false);
   }
   /// Lines of an EPS file.
   Texts TraceEps(float step) {
     carte.Pas = step;
     const auto file = files.Cree("/g.eps");
     EpsOutput eps(*file);
-    DisplayGrid(Contexte(), &eps, true);
+    EpsSink page(carte, eps, 1);
+    DisplayGrid(Contexte(), page, true);
     eps.Vide();
     file->Remplace();
     Texts lines;
@@ -136,7 +140,8 @@ TEST(DisplayGrid, KeepsTheStepForTheNextDrawing) {
   m.Demande("20");
   const Texts first = Tous(m.canvas);
   m.canvas.calls.clear();
-  DisplayGrid(m.Contexte(), nullptr, false);
+  ScreenSink ecran(m.Contexte());
+  DisplayGrid(m.Contexte(), ecran, false);
   EXPECT_EQ(Tous(m.canvas), first);
   EXPECT_EQ(m.dialogues.asked.size(), 1U);
 }

@@ -50,6 +50,10 @@ struct PictureWorld : test::MapWorld {
     options.Raz();
     options.Add(folder / "A.TLP");
   }
+  void Trace() {
+    ScreenSink ecran(context);
+    AfficheTLP(context, ecran, options.Couche(1));
+  }
   QRgb At(double latitude, double longitude) {
     const double ratio = image.Rapport();
     return image.Surface().pixel(static_cast<int>(longitude * 20 * ratio),
@@ -96,12 +100,12 @@ TEST(LayerPicture, AClosedStrokeHasTheFillOfTheCanvas) {
   w.Couche(TeteTlp({.count = 7, .north = 9, .south = 1, .east = 15, .west = 5}) +
            PointTlp(-1, 2, 5) + PointTlp(0, 2, 5) + PointTlp(0, 8, 5) + PointTlp(0, 8, 15) +
            PointTlp(0, 2, 15) + PointTlp(0, 2, 5) + PointTlp(-1, 2, 5));
-  AfficheTLP(w.context, w.options.Couche(1));
+  w.Trace();
   EXPECT_EQ(w.At(5, 10), white);
   EXPECT_EQ(w.At(5, 5), black);
   w.image.Attributs.fillStyle = FillStyle::Solid;
   w.image.Attributs.FillColor = 0x00FF00;
-  AfficheTLP(w.context, w.options.Couche(1));
+  w.Trace();
   EXPECT_EQ(w.At(5, 10), 0xFF00FF00);
 }
 

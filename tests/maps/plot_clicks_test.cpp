@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "common/talpena_error.h"
+#include "maps/canvas_sink.h"
 #include "maps/map_world.h"
 #include "maps/plot.h"
 #include "maps/redraw.h"
@@ -82,7 +83,8 @@ TEST_F(MapClickTest, DrawsTheSymbolWhereARedrawPutsIt) {
   EXPECT_EQ(clicked[0].attributs.ForeColor, 0U);
   w.canvas.calls.clear();
   w.vue.selection.clear();
-  PlotDistri(w.Contexte(), nullptr, 0);
+  ScreenSink ecran(w.Contexte());
+  PlotDistri(w.Contexte(), ecran);
   EXPECT_EQ(w.canvas.calls.at(0).numbers, clicked[0].numbers);
   EXPECT_EQ(w.fenetre.calls, std::vector<std::string>{"MontreCanevas"});
 }

@@ -5,6 +5,7 @@
 
 #include <cmath>
 
+#include "maps/canvas_sink.h"
 #include "maps/map_world.h"
 
 namespace talpena {
@@ -15,7 +16,10 @@ using test::MapWorld;
 
 class PlotDistriTest : public ::testing::Test {
  protected:
-  void Trace() { PlotDistri(w.Contexte(), nullptr, 0); }
+  void Trace() {
+    ScreenSink ecran(w.Contexte());
+    PlotDistri(w.Contexte(), ecran);
+  }
   MapWorld w;
 };
 

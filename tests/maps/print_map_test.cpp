@@ -98,6 +98,24 @@ TEST(PrintMap, LeavesALineThatWaitsOnTheScreenWhereItIs) {
   EXPECT_EQ(std::count(onScreen.begin(), onScreen.end(), "Polyline"), 1);
 }
 
+TEST(PrintMap, APageThatFailsLeavesTheLineThatWaitsOnTheScreen) {
+  struct FailingCanvas final : FakeCanvas {
+    void Circle(double, double, double) override { throw TalpenaError(ErrorNumber::Overflow, "x"); }
+  };
+  PrintWorld w;
+  w.dialogues.imprimante.canevas = [] {
+    auto page = std::make_unique<FailingCanvas>();
+    page->images["map.png"] = {300, 200};
+    return page;
+  };
+  w.carte.polygone.Device(w.canvas);
+  w.carte.polygone.Point(1, 1);
+  w.carte.polygone.Point(500, 500);
+  EXPECT_THROW(PrintMap(w.Contexte(), w.dialogues.imprimante), TalpenaError);
+  w.carte.polygone.DrawTLP();
+  EXPECT_EQ(w.canvas.Noms(), std::vector<std::string>{"Polyline"});
+}
+
 TEST(PrintMap, AMapThatIsNotGeoreferencedPrintsWithoutAMessage) {
   PrintWorld w;
   w.carte.CodeProjection = 0;
@@ -110,27 +128,27 @@ TEST(PrintMap, WithoutAPictureNothingIsPrinted) {
   PrintWorld w;
   w.canvas.pixels = {0, 0};
   PrintMap(w.Contexte(), w.dialogues.imprimante);
-  ImprimeCarte(w.Contexte());
+  ImprimeSurPapier(w.Contexte());
   MontreApercu(w.Contexte());
   EXPECT_TRUE(w.dialogues.imprimante.pages.empty());
 }
 
-TEST(ImprimeCarte, TurnsThePageAsThePictureIs) {
+TEST(ImprimeSurPapier, TurnsThePageAsThePictureIs) {
   PrintWorld w;
-  ImprimeCarte(w.Contexte());
+  ImprimeSurPapier(w.Contexte());
   EXPECT_TRUE(w.dialogues.imprimante.paysage);
   ASSERT_EQ(w.dialogues.imprimante.pages.size(), 1U);
   EXPECT_DOUBLE_EQ(w.dialogues.imprimante.pages[0].width, 780);
   w.canvas.pixels = {200, 300};
-  ImprimeCarte(w.Contexte());
+  ImprimeSurPapier(w.Contexte());
   EXPECT_FALSE(w.dialogues.imprimante.paysage);
 }
 
-TEST(ImprimeCarte, CancelPrintsNothing) {
+TEST(ImprimeSurPapier, CancelPrintsNothing) {
   PrintWorld w;
   w.dialogues.imprimeAnnule = true;
   try {
-    ImprimeCarte(w.Contexte());
+    ImprimeSurPapier(w.Contexte());
     ADD_FAILURE() << "no Cancel";
   } catch (const TalpenaError& e) {
     EXPECT_EQ(e.number(), ErrorNumber::Cancelled);

@@ -32,7 +32,8 @@ struct PlateWorld : MapFilesWorld {
   /// Draws one layer.
   void Trace(const std::string& records, const std::string& path = "/maps/a.tlp") {
     files.Pose(path, EnTeteTlp() + records);
-    AfficheTLP(context, path);
+    ScreenSink ecran(context);
+    AfficheTLP(context, ecran, path);
   }
   const std::vector<CanvasCall>& Traits() const { return canvas.calls; }
 };
@@ -66,8 +67,9 @@ TEST(AfficheTLP, DrawsAStrokeBetweenTwoPens) {
 
 TEST(AfficheTLP, AMissingLayerIsPassedOver) {
   PlateWorld w;
-  AfficheTLP(w.context, "/maps/none.tlp");
-  AfficheTLP(w.context, "");
+  ScreenSink ecran(w.context);
+  AfficheTLP(w.context, ecran, "/maps/none.tlp");
+  AfficheTLP(w.context, ecran, "");
   EXPECT_TRUE(w.canvas.calls.empty());
 }
 
@@ -267,7 +269,8 @@ TEST(AfficheTLP, CutShortAtAnyByteItDrawsWhatIsThere) {
   for (std::size_t length = 0; length <= bytes.size(); ++length) {
     PlateWorld w;
     w.files.Pose("/maps/a.tlp", bytes.substr(0, length));
-    AfficheTLP(w.context, "/maps/a.tlp");
+    ScreenSink ecran(w.context);
+    AfficheTLP(w.context, ecran, "/maps/a.tlp");
     EXPECT_GE(w.Traits().size(), drawn);
     drawn = w.Traits().size();
   }

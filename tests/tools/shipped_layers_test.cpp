@@ -120,9 +120,10 @@ TEST(ShippedLayers, DrawNoStreaksOnAnyMap) {
     canvas.images[test::DansCarto(std::string(row.name) + ".png")] = {1000, 1000};
     test::MapDesk desk(canvas);
     ASSERT_TRUE(desk.Ouvre(row.name));
+    ScreenSink ecran(desk.Contexte());
     for (const char* layer : layers) {
       canvas.calls.clear();
-      AfficheTLP(desk.Contexte(), Chemin(layer));
+      AfficheTLP(desk.Contexte(), ecran, Chemin(layer));
       const std::string name = layer;
       const bool world = name.find("world") != std::string::npos;
       if (name == "coasts_world") {
@@ -139,7 +140,8 @@ TEST(ShippedLayers, CloseNoStrokeThatWouldBeFilled) {
   listed.images[test::DansCarto("france_belgium.png")] = {1054, 960};
   test::MapDesk desk(listed);
   ASSERT_TRUE(desk.Ouvre("france_belgium"));
-  AfficheTLP(desk.Contexte(), Chemin("coasts_detail"));
+  ScreenSink ecran(desk.Contexte());
+  AfficheTLP(desk.Contexte(), ecran, Chemin("coasts_detail"));
   for (const test::CanvasCall& call : listed.calls) {
     if (call.name != "Polygon") continue;
     for (const PixelPoint p : call.points) {

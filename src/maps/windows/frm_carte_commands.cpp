@@ -2,6 +2,7 @@
 #include <QTimer>
 #include <utility>
 
+#include "maps/canvas_sink.h"
 #include "maps/eps.h"
 #include "maps/grid_overlay.h"
 #include "maps/map_files.h"
@@ -46,7 +47,7 @@ void frmCarte::Execute(CarteCommande commande) {
     case CarteCommande::Apercu:
       return Commande([this] { MontreApercu(Contexte()); });
     case CarteCommande::Imprime:
-      return Commande([this] { ImprimeCarte(Contexte()); });
+      return Commande([this] { ImprimeSurPapier(Contexte()); });
     case CarteCommande::Retour:
       return reject();
     case CarteCommande::Redessine:
@@ -54,7 +55,8 @@ void frmCarte::Execute(CarteCommande commande) {
     case CarteCommande::Grille:
       return Commande([this] {
         carte_.Grille = true;
-        DisplayGrid(Contexte(), nullptr, true);
+        ScreenSink ecran(Contexte());
+        DisplayGrid(Contexte(), ecran, true);
       });
     case CarteCommande::Couches:
       return SetOptions(OngletCartes::Tlp);

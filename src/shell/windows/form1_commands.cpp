@@ -11,8 +11,8 @@
 #include <QToolButton>
 
 #include "analysis/windows/frm_options_periodes.h"
-#include "coords/commands/adjust.h"
-#include "coords/commands/fill.h"
+#include "coord_commands/adjust.h"
+#include "coord_commands/fill.h"
 #include "coords/grid_commands.h"
 #include "coords/snap.h"
 #include "coords/windows/ajustement.h"

@@ -1,4 +1,4 @@
-#include "coords/commands/adjust_row.h"
+#include "coord_commands/adjust_row.h"
 
 #include <gtest/gtest.h>
 
@@ -22,11 +22,7 @@ class AdjustRowTest : public ::testing::Test {
  protected:
   AdjustRowTest() {
     state.Catalogue = test::CatalogueDesSources();
-    const char* special[] = {"EUR-M", "NTF", "OGB-M", "IRL", "BEL72", "MER"};
-    for (std::size_t i = 0; i < std::size(special); ++i) {
-      state.Catalogue.DatumsSpeciaux[i + 1] = Datum(special[i]);
-    }
-    state.DatumFichier = state.Catalogue.DatumEur;
+    datumFichier = state.Catalogue.DatumEur;
   }
   std::int16_t Datum(std::string_view code) const { return ChercheDatum(state.Catalogue, code); }
 
@@ -42,7 +38,7 @@ class AdjustRowTest : public ::testing::Test {
   bool Ajuste(std::int16_t mesh, std::int16_t grid) {
     state.MailleChoisie = mesh;
     state.GrilleChoisie = grid;
-    return AjusteSurGrille(state, row);
+    return AjusteSurGrille(state, row, datumFichier);
   }
   /// Where a reference lies, on the file's datum.
   void AttendPoint(std::string_view original, std::string_view datum) {
@@ -50,12 +46,13 @@ class AdjustRowTest : public ::testing::Test {
     std::string code;
     DecodeOriginal(state, original, Datum(datum), latitude, longitude, code);
     ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, Datum(datum),
-                   state.DatumFichier);
+                   datumFichier);
     EXPECT_NEAR(row.latitude, latitude, 1e-12) << original;
     EXPECT_NEAR(row.longitude, longitude, 1e-12) << original;
   }
 
   CoordState state;
+  std::int16_t datumFichier = 0;
   RowPoint row;
 
  private:
@@ -68,9 +65,8 @@ using AjusteSurIfblTest = AdjustRowTest;
 TEST_F(AdjustRowTest, DegreesGoToTheFilesDatumFirst) {
   Lit("DEG 50.5 4.25", "WGS84");
   double latitude = 0, longitude = 0;
-  ConvertitDatum(state.Catalogue, 50.5, 4.25, 0, latitude, longitude, Datum("WGS84"),
-                 state.DatumFichier);
-  EXPECT_TRUE(AjusteEnDegres(state, row, SansMaille, SansMaille));
+  ConvertitDatum(state.Catalogue, 50.5, 4.25, 0, latitude, longitude, Datum("WGS84"), datumFichier);
+  EXPECT_TRUE(AjusteEnDegres(state, row, datumFichier, SansMaille, SansMaille));
   EXPECT_EQ(row.latitude, latitude);
   EXPECT_EQ(row.longitude, longitude);
   EXPECT_NE(row.latitude, 50.5);
@@ -78,14 +74,14 @@ TEST_F(AdjustRowTest, DegreesGoToTheFilesDatumFirst) {
 
 TEST_F(AdjustRowTest, DegreesSnapEachAxisByItself) {
   Lit("DEG 50.6 -0.1");
-  EXPECT_TRUE(AjusteEnDegres(state, row, SansMaille, 0.5));
+  EXPECT_TRUE(AjusteEnDegres(state, row, datumFichier, SansMaille, 0.5));
   EXPECT_EQ(row.latitude, 50.6);
   EXPECT_DOUBLE_EQ(row.longitude, -0.25);
 }
 
 TEST_F(AdjustRowTest, GradesSnapInTheFrameOfParis) {
   Lit("GRP 55.55 2.1");
-  EXPECT_TRUE(AjusteEnGrades(state, row));
+  EXPECT_TRUE(AjusteEnGrades(state, row, datumFichier));
   EXPECT_NEAR(row.latitude, 55.5 * 0.9, 1e-9);
   EXPECT_NEAR(row.longitude, 2 * 0.9 + 2.337222, 1e-9);
 }
@@ -196,14 +192,14 @@ TEST_F(AjusteSurGrilleTest, IsIdempotentAndStaysNear) {
 TEST_F(AjusteSurIfblTest, TakesTheCodeAsItStands) {
   for (const auto& [level, square] : {std::pair{2, "G3"}, {4, "G336"}, {6, "G33643"}}) {
     Lit("IFB G33643", "BEL72");
-    ASSERT_TRUE(AjusteSurIfbl(state, row, level));
+    ASSERT_TRUE(AjusteSurIfbl(state, row, datumFichier, level));
     AttendPoint(std::string("IFB ") + square, "BEL72");
   }
 }
 
 TEST_F(AjusteSurIfblTest, KeepsAShortCode) {
   Lit("IFB G3", "BEL72");
-  ASSERT_TRUE(AjusteSurIfbl(state, row, 6));
+  ASSERT_TRUE(AjusteSurIfbl(state, row, datumFichier, 6));
   AttendPoint("IFB G3", "BEL72");
 }
 
@@ -212,10 +208,10 @@ TEST_F(AjusteSurIfblTest, ProjectsARowOfAnotherNotation) {
   std::string code;
   std::int16_t error = 0;
   LambertVersIfbl(112568, 128963, code, error, 6);
-  ASSERT_TRUE(AjusteSurIfbl(state, row, 6));
+  ASSERT_TRUE(AjusteSurIfbl(state, row, datumFichier, 6));
   AttendPoint("IFB " + code, "BEL72");
   Lit("DEG 50.85 4.35", "WGS84");
-  ASSERT_TRUE(AjusteSurIfbl(state, row, 2));
+  ASSERT_TRUE(AjusteSurIfbl(state, row, datumFichier, 2));
   EXPECT_LT(test::Metres(50.85, 4.35, row.latitude, row.longitude), 19000);
 }
 
@@ -223,14 +219,14 @@ TEST_F(AjusteSurIfblTest, SkipsWhatLiesOutsideTheGrid) {
   for (const char* original :
        {"DEG 40 4", "DEG 50.85 7.9", "LMB 1000 20000", "LMB 325000 100000", "LMB 100000 265000"}) {
     Lit(original, "BEL72");
-    EXPECT_FALSE(AjusteSurIfbl(state, row, 2)) << original;
+    EXPECT_FALSE(AjusteSurIfbl(state, row, datumFichier, 2)) << original;
   }
 }
 
 // South of the grid a code of six characters comes out all the same, and its rectangle is one.
 TEST_F(AjusteSurIfblTest, TakesTheStripSouthOfTheGrid) {
   Lit("LMB 100000 10000", "BEL72");
-  ASSERT_TRUE(AjusteSurIfbl(state, row, 2));
+  ASSERT_TRUE(AjusteSurIfbl(state, row, datumFichier, 2));
   AttendPoint("IFB M3", "BEL72");
 }
 

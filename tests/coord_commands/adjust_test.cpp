@@ -1,9 +1,9 @@
-#include "coords/commands/adjust.h"
+#include "coord_commands/adjust.h"
 
 #include <gtest/gtest.h>
 
-#include "coords/commands/coords_world.h"
 #include "coords/snap.h"
+#include "store/coords_world.h"
 
 namespace talpena {
 namespace {

@@ -1,4 +1,4 @@
-#include "coords/commands/row_walk.h"
+#include "coord_commands/row_walk.h"
 
 #include <algorithm>
 

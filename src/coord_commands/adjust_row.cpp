@@ -1,35 +1,34 @@
-#include "coords/commands/adjust_row.h"
+#include "coord_commands/adjust_row.h"
 
+#include <algorithm>
+
+#include "common/text.h"
 #include "coords/datum.h"
 #include "coords/ifbl.h"
 #include "coords/mgrs.h"
 #include "coords/national_grids.h"
 #include "coords/original.h"
 #include "coords/snap.h"
+#include "coords/systems.h"
 #include "coords/tokens.h"
-
-#include "common/text.h"
 
 namespace talpena {
 namespace {
 
-constexpr std::size_t slotBritish = 3, slotIrish = 4, slotBelge = 5;
-
 /// The grid that was chosen.
 struct Cible {
-  std::string_view code;
+  CoordSystem system;
   std::int16_t datum;
 };
 
-Cible CibleDe(const CoordState& state) {
-  const auto& special = state.Catalogue.DatumsSpeciaux;
+Cible CibleDe(const CoordState& state, std::int16_t datumFichier) {
   switch (state.GrilleChoisie) {
     case AjusteBritish:
-      return {"BNG", special[slotBritish]};
+      return {CoordSystem::Bng, DatumDuSysteme(state, CoordSystem::Bng)};
     case AjusteIrish:
-      return {"ITM", special[slotIrish]};
+      return {CoordSystem::Itm, DatumDuSysteme(state, CoordSystem::Itm)};
     default:
-      return {"MGR", state.DatumFichier};
+      return {CoordSystem::Mgr, datumFichier};
   }
 }
 
@@ -46,7 +45,7 @@ struct Reference {
 
 /// The reference that ORIGINAL holds.
 Reference ReferenceEcrite(const RowPoint& row) {
-  if (row.code == "MGR") {
+  if (row.code == InfoDe(CoordSystem::Mgr).code) {
     std::string_view zone, band, square;
     DecoupeTrois(row.original, zone, band, square);
     return {std::string(zone) + " " + std::string(band), std::string(square)};
@@ -57,10 +56,10 @@ Reference ReferenceEcrite(const RowPoint& row) {
 }
 
 /// The reference of the row's point on UTM, computed on the file's datum.
-Reference ReferenceUtm(CoordState& state, const RowPoint& row) {
+Reference ReferenceUtm(CoordState& state, const RowPoint& row, std::int16_t datumFichier) {
   double latitude = row.latitude, longitude = row.longitude;
-  Deplace(state, latitude, longitude, row.datum, state.DatumFichier);
-  ChoisitEllipsoide(state.Catalogue, state.DatumFichier);
+  Deplace(state, latitude, longitude, row.datum, datumFichier);
+  ChoisitEllipsoide(state.Catalogue, datumFichier);
   const std::string mgrs = MgrsDuPoint(state.Catalogue, latitude, longitude);
   if (EstEchecMgrs(mgrs)) return {};
   return {std::string(Rogne(mgrs.substr(0, 2))) + " " + mgrs.substr(2, 1), mgrs.substr(3)};
@@ -73,7 +72,7 @@ Reference ReferenceUtm(CoordState& state, const RowPoint& row) {
 // AjusteSurGrilleTest.IrishTakesThePointAsDecoded.
 Reference ReferenceNationale(const CoordState& state, const RowPoint& row, const Cible& target) {
   std::string letters, east, north;
-  if (target.code == "BNG") {
+  if (target.system == CoordSystem::Bng) {
     double latitude = row.latitude, longitude = row.longitude;
     Deplace(state, latitude, longitude, row.datum, target.datum);
     LatLonVersGrille(Grille::British, EnRadians(latitude), EnRadians(longitude), letters, east,
@@ -93,40 +92,45 @@ std::string Ecrit(std::string_view code, const Reference& reference) {
 
 }  // namespace
 
-bool AjusteEnDegres(const CoordState& state, RowPoint& row, double meshLat, double meshLon) {
-  Deplace(state, row.latitude, row.longitude, row.datum, state.DatumFichier);
+bool AjusteEnDegres(const CoordState& state, RowPoint& row, std::int16_t datumFichier,
+                    double meshLat, double meshLon) {
+  Deplace(state, row.latitude, row.longitude, row.datum, datumFichier);
   row.latitude = CentreDeMaille(row.latitude, meshLat);
   row.longitude = CentreDeMaille(row.longitude, meshLon);
   return true;
 }
 
-bool AjusteEnGrades(const CoordState& state, RowPoint& row) {
-  Deplace(state, row.latitude, row.longitude, row.datum, state.DatumFichier);
+bool AjusteEnGrades(const CoordState& state, RowPoint& row, std::int16_t datumFichier) {
+  Deplace(state, row.latitude, row.longitude, row.datum, datumFichier);
   CentreEnGrades(row.latitude, row.longitude);
   return true;
 }
 
-bool AjusteSurGrille(CoordState& state, RowPoint& row) {
-  if (state.MailleChoisie == 0) return AjusteEnDegres(state, row, SansMaille, SansMaille);
-  const Cible target = CibleDe(state);
-  const bool written = row.code == target.code && row.datum == target.datum;
-  Reference reference = written                ? ReferenceEcrite(row)
-                        : target.code == "MGR" ? ReferenceUtm(state, row)
-                                               : ReferenceNationale(state, row, target);
+bool AjusteSurGrille(CoordState& state, RowPoint& row, std::int16_t datumFichier) {
+  if (state.MailleChoisie == 0) {
+    return AjusteEnDegres(state, row, datumFichier, SansMaille, SansMaille);
+  }
+  const Cible target = CibleDe(state, datumFichier);
+  const std::string_view targetCode = InfoDe(target.system).code;
+  const bool written = row.code == targetCode && row.datum == target.datum;
+  Reference reference = written ? ReferenceEcrite(row)
+                        : target.system == CoordSystem::Mgr
+                            ? ReferenceUtm(state, row, datumFichier)
+                            : ReferenceNationale(state, row, target);
   if (!AjusteGrille(reference.square, state.MailleChoisie)) return false;
   std::string code;
-  DecodeOriginal(state, Ecrit(target.code, reference), target.datum, row.latitude, row.longitude,
+  DecodeOriginal(state, Ecrit(targetCode, reference), target.datum, row.latitude, row.longitude,
                  code);
   if (row.latitude == EchecCoord || row.longitude == EchecCoord) return false;
-  Deplace(state, row.latitude, row.longitude, target.datum, state.DatumFichier);
+  Deplace(state, row.latitude, row.longitude, target.datum, datumFichier);
   return true;
 }
 
-bool AjusteSurIfbl(const CoordState& state, RowPoint& row, int level) {
-  const std::int16_t belge = state.Catalogue.DatumsSpeciaux[slotBelge];
+bool AjusteSurIfbl(const CoordState& state, RowPoint& row, std::int16_t datumFichier, int level) {
+  const std::int16_t belge = DatumDuSysteme(state, CoordSystem::Ifb);
   std::string square;
   std::int16_t error = 0;
-  if (row.code == "IFB") {
+  if (row.code == InfoDe(CoordSystem::Ifb).code) {
     square = row.original.substr(std::min<std::size_t>(4, row.original.size()));
     std::erase(square, ' ');
   } else {
@@ -142,7 +146,7 @@ bool AjusteSurIfbl(const CoordState& state, RowPoint& row, int level) {
   IfblVersLambert(square, x, y, error);
   if (error != 0 || x < IfblOuest || x > IfblEst || y < IfblSud || y > IfblNord) return false;
   LambertBelgeVersLatLon(x, y, row.latitude, row.longitude);
-  Deplace(state, row.latitude, row.longitude, belge, state.DatumFichier);
+  Deplace(state, row.latitude, row.longitude, belge, datumFichier);
   return true;
 }
 

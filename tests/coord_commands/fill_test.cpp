@@ -1,8 +1,8 @@
-#include "coords/commands/fill.h"
+#include "coord_commands/fill.h"
 
 #include <gtest/gtest.h>
 
-#include "coords/commands/coords_world.h"
+#include "store/coords_world.h"
 
 namespace talpena {
 namespace {

@@ -1,11 +1,11 @@
-#include "coords/commands/adjust.h"
+#include "coord_commands/adjust.h"
 
 #include <functional>
 
 #include "common/talpena_error.h"
 #include "common/text.h"
-#include "coords/commands/adjust_row.h"
-#include "coords/commands/row_walk.h"
+#include "coord_commands/adjust_row.h"
+#include "coord_commands/row_walk.h"
 #include "coords/datum.h"
 #include "coords/original.h"
 #include "coords/snap.h"
@@ -93,11 +93,13 @@ void AjusteTout(CommandContext c, Ajuste adjust) {
 }  // namespace
 
 void AjusteDegres(CommandContext c, double meshLat, double meshLon) {
-  AjusteTout(c, [&](RowPoint& row) { return AjusteEnDegres(c.state, row, meshLat, meshLon); });
+  AjusteTout(c, [&](RowPoint& row) {
+    return AjusteEnDegres(c.state, row, c.state.DatumFichier, meshLat, meshLon);
+  });
 }
 
 void AjusteGrades(CommandContext c) {
-  AjusteTout(c, [&](RowPoint& row) { return AjusteEnGrades(c.state, row); });
+  AjusteTout(c, [&](RowPoint& row) { return AjusteEnGrades(c.state, row, c.state.DatumFichier); });
 }
 
 // The settings keep the choice from one run of the program to the next.
@@ -109,12 +111,13 @@ void AjusteCoor(CommandContext c) {
   if (!c.vue.MontreAjustement()) return;
   c.state.UtmAjust = c.state.MailleChoisie;
   c.state.GridAjust = c.state.GrilleChoisie;
-  AjusteTout(c, [&](RowPoint& row) { return AjusteSurGrille(c.state, row); });
+  AjusteTout(c, [&](RowPoint& row) { return AjusteSurGrille(c.state, row, c.state.DatumFichier); });
 }
 
 void mnuAjustIFBL_Click(CommandContext c, int index) {
   const int level = 2 * (index + 1);
-  AjusteTout(c, [&](RowPoint& row) { return AjusteSurIfbl(c.state, row, level); });
+  AjusteTout(
+      c, [&](RowPoint& row) { return AjusteSurIfbl(c.state, row, c.state.DatumFichier, level); });
 }
 
 void RecalculeSurDatum(CommandContext c) {

@@ -4,7 +4,7 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
-#include "coords/commands/adjust.h"
+#include "coord_commands/adjust.h"
 #include "coords/snap.h"
 #include "coords/tokens.h"
 #include "platform/commands.h"
@@ -32,7 +32,9 @@ void AjusteDegresDemandes(CommandContext c) {
                                      [](double mesh) { return mesh > -90 && mesh < 90; });
   if (!meshLat) return;
   // The upper bound looks at the latitude mesh: a longitude mesh of 200 is taken as long as that
-  // is below 180. The title is the one that users have always seen.
+  // is below 180, and none beside a latitude mesh of 999. The title is the one that users have
+  // always seen. Held by MnuAjustGrid.TakesALongitudeMeshOf200,
+  // MnuAjustGrid.RefusesAnyLongitudeMeshBesideALatitudeOf999 and MnuAjustGrid.AsksForBothMeshes.
   const auto meshLon = DemandeMaille(
       c, {.prompt = Texte(langue, MsgId::MailleLongitudes), .title = "LoadResString(167 + Langue)"},
       [&](double mesh) { return mesh > -180 && *meshLat < 180; });

@@ -1,4 +1,4 @@
-#include "maps/free_input.h"
+#include "platform/free_input.h"
 
 #include <utility>
 

@@ -12,11 +12,6 @@ namespace talpena::test {
 struct CoordsWorld : World {
   CoordsWorld() {
     state.Catalogue = CatalogueDesSources();
-    for (const auto& [slot, code] :
-         {std::pair{1, "EUR-M"}, {2, "NTF"}, {3, "OGB-M"}, {4, "IRL"}, {5, "BEL72"}, {6, "MER"}}) {
-      state.Catalogue.DatumsSpeciaux[static_cast<std::size_t>(slot)] =
-          ChercheDatum(state.Catalogue, code);
-    }
     state.DatumFichierCode = "WGS84";
     state.DatumFichier = state.Catalogue.DatumWgs84;
     vue.grilleVisible = true;

@@ -1,4 +1,4 @@
-#include "coords/commands/fill.h"
+#include "coord_commands/fill.h"
 
 #include <functional>
 #include <string>
@@ -9,7 +9,7 @@
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"
-#include "coords/commands/row_walk.h"
+#include "coord_commands/row_walk.h"
 #include "coords/datum.h"
 #include "coords/dms_text.h"
 #include "coords/forward_text.h"
@@ -76,37 +76,40 @@ std::string TexteGrades(double latitude, double longitude) {
 }
 
 /// The point on the datum of a system.
-std::pair<double, double> SurDatum(const CoordState& state, CoordSystem system, double latitude,
-                                   double longitude) {
-  ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, state.DatumFichier,
+std::pair<double, double> SurDatum(const CoordState& state, CoordSystem system,
+                                   std::int16_t datumFichier, double latitude, double longitude) {
+  ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, datumFichier,
                  DatumDuSysteme(state, system));
   return {latitude, longitude};
 }
 
-std::string TexteLambert(CoordState& state, CoordSystem system, double latitude, double longitude) {
-  const auto [phi, lambda] = SurDatum(state, system, latitude, longitude);
+std::string TexteLambert(CoordState& state, CoordSystem system, std::int16_t datumFichier,
+                         double latitude, double longitude) {
+  const auto [phi, lambda] = SurDatum(state, system, datumFichier, latitude, longitude);
   double x = 0, y = 0;
   MetresDuPoint(state, system, phi, lambda, x, y);
   return Str(Fix(x)) + "," + Str(Fix(y));
 }
 
 /// What MnuRemplirXY writes.
-std::string TexteXY(StoreState& state, int index, double latitude, double longitude) {
+std::string TexteXY(StoreState& state, int index, std::int16_t datumFichier, double latitude,
+                    double longitude) {
   switch (index) {
     case 0:
       return TexteDms(latitude) + state.FreeFieldSeparator + TexteDms(longitude);
     case 1:
       return TexteGrades(latitude, longitude);
     case 2:
-      return TexteLambert(state, CoordSystem::Lmb, latitude, longitude);
+      return TexteLambert(state, CoordSystem::Lmb, datumFichier, latitude, longitude);
     case 3: {
-      const auto [phi, lambda] = SurDatum(state, CoordSystem::Ifb, latitude, longitude);
+      const auto [phi, lambda] =
+          SurDatum(state, CoordSystem::Ifb, datumFichier, latitude, longitude);
       return TexteIfbl(phi, lambda);
     }
     case 4:
-      return TexteLambert(state, CoordSystem::Nma, latitude, longitude);
+      return TexteLambert(state, CoordSystem::Nma, datumFichier, latitude, longitude);
     case 5:
-      return TexteLambert(state, CoordSystem::Sma, latitude, longitude);
+      return TexteLambert(state, CoordSystem::Sma, datumFichier, latitude, longitude);
     default:
       return {};
   }
@@ -129,7 +132,7 @@ void MnuRemplirCoo_Click(CommandContext c, int index) {
 void MnuRemplirXY_Click(CommandContext c, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {
     Remplit(c, ",", [&](double latitude, double longitude) {
-      return TexteXY(c.state, index, latitude, longitude);
+      return TexteXY(c.state, index, c.state.DatumFichier, latitude, longitude);
     });
   });
 }
