@@ -158,6 +158,45 @@ void CompareRecherche(Bare& bare, Database& database) {
   }
 }
 
+/// Values of rows, kept packed enough for a million of them.
+class KeptRows final : public RowSource {
+ public:
+  void Garde(std::span<const Cell> cells) {
+    for (const Cell& cell : cells) values_.push_back(cell.Garde());
+  }
+  bool Suivante(std::span<Cell> cells) override {
+    if (next_ == values_.size()) return false;
+    for (Cell& cell : cells) cell = Cell::Vue(values_[next_++]);
+    return true;
+  }
+
+ private:
+  std::vector<Value> values_;
+  std::size_t next_ = 0;
+};
+
+/// Every second row goes and comes back, through a recordset that lost them and through one that
+/// was opened since.
+void MesureRetour(Database& database, const char* source, bool reopened) {
+  auto rows = database.OpenRecordset(source);
+  std::vector<Bookmark> chosen;
+  for (std::int64_t row = 1; row <= rows->RecordCount(); row += 2) chosen.push_back(row);
+  std::vector<RowPlace> places;
+  KeptRows kept;
+  const double keep = Millisecondes([&] {
+    rows->LitLignes(chosen, [&](Bookmark row, std::span<const Cell> cells) {
+      places.push_back({row, rows->PositionDe(row)});
+      kept.Garde(cells);
+    });
+  });
+  const double remove = Millisecondes([&] { rows->SupprimeLignes(chosen); });
+  if (reopened) rows = database.OpenRecordset(source);
+  const double restore = Millisecondes([&] { rows->RetablitLignes(places, kept); });
+  std::printf("%-34s %8.0f ms, delete %.0f, put back %.0f\n",
+              reopened ? "keep every second row, reopened" : "keep every second row", keep, remove,
+              restore);
+}
+
 void MesureReste(Database& database, std::int64_t count) {
   std::unique_ptr<Recordset> rows;
   const double open = Meilleur([&] {
@@ -206,6 +245,9 @@ int main(int argc, char** argv) {
     CompareParcours(bare, *database);
     CompareTris(bare, *database);
     CompareRecherche(bare, *database);
+    for (const bool reopened : {false, true}) {
+      MesureRetour(*database, "SELECT * FROM TALPENA ORDER BY LATITUDE", reopened);
+    }
     MesureReste(*database, rows);
   }
   clean();
