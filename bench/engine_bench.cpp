@@ -158,6 +158,48 @@ void CompareRecherche(Bare& bare, Database& database) {
   }
 }
 
+/// Values of rows, kept packed enough for a million of them.
+class KeptRows final : public RowSource {
+ public:
+  void Garde(std::span<const Cell> cells) {
+    for (const Cell& cell : cells) values_.push_back(cell.Garde());
+  }
+  bool Suivante(std::span<Cell> cells) override {
+    if (next_ == values_.size()) return false;
+    for (Cell& cell : cells) cell = Cell::Vue(values_[next_++]);
+    return true;
+  }
+
+ private:
+  std::vector<Value> values_;
+  std::size_t next_ = 0;
+};
+
+/// Every second row goes and comes back, through a recordset that lost them and through one that
+/// was opened since.
+void MesureRetour(Database& database, const char* source, bool reopened) {
+  std::vector<Bookmark> chosen;
+  const auto all = database.OpenRecordset("TALPENA");
+  for (; !all->EOF_(); all->MoveNext()) {
+    if (all->GetBookmark() % 2 != 0) chosen.push_back(all->GetBookmark());
+  }
+  auto rows = database.OpenRecordset(source);
+  std::vector<RowPlace> places;
+  KeptRows kept;
+  const double keep = Millisecondes([&] {
+    rows->LitLignes(chosen, [&](Bookmark row, std::span<const Cell> cells) {
+      places.push_back({row, rows->PositionDe(row)});
+      kept.Garde(cells);
+    });
+  });
+  const double remove = Millisecondes([&] { rows->SupprimeLignes(chosen); });
+  if (reopened) rows = database.OpenRecordset(source);
+  const double restore = Millisecondes([&] { rows->RetablitLignes(places, kept); });
+  std::printf("%-34s %8.0f ms, delete %.0f, put back %.0f\n",
+              reopened ? "keep every second row, reopened" : "keep every second row", keep, remove,
+              restore);
+}
+
 void MesureReste(Database& database, std::int64_t count) {
   std::unique_ptr<Recordset> rows;
   const double open = Meilleur([&] {
@@ -207,6 +249,11 @@ int main(int argc, char** argv) {
     CompareTris(bare, *database);
     CompareRecherche(bare, *database);
     MesureReste(*database, rows);
+    Generator generator(rows);
+    database->InsertRows("TALPENA", bench::generatedColumns, generator);
+    for (const bool reopened : {false, true}) {
+      MesureRetour(*database, "SELECT * FROM TALPENA ORDER BY LATITUDE", reopened);
+    }
   }
   clean();
   return 0;

@@ -157,7 +157,7 @@ Times MesureTout(const std::filesystem::path& folder, int rows) {
     StoreState state;
     std::filesystem::remove(database);
     state.document.WorkingDb =
-        platform.engine->CreateDatabase(database, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+        platform.engine->CreateDatabase(database, NewDatabase{});
     CreateTable(*state.document.WorkingDb);
     times.load = Mesure([&] { LitDeg(state, platform.io, view, path, MergeMode::Replace); });
     if (state.document.Data1.recordset().RecordCount() != rows) std::abort();

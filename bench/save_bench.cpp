@@ -176,7 +176,7 @@ double MesureTout(const fs::path& folder, int rows) {
   test::SilentView view;
   StoreState state;
   state.document.WorkingDb =
-      platform.engine->CreateDatabase((folder / "talpena_tmp.mdb").string(), "");
+      platform.engine->CreateDatabase((folder / "talpena_tmp.mdb").string(), NewDatabase{});
   CreateTable(*state.document.WorkingDb);
   LitDeg(state, platform.io, view, path, MergeMode::Replace);
   sqlite3* floor = CreeTablePlancher(folder / "floor.db", *state.document.Data1.Clone());

@@ -61,7 +61,7 @@ void EcritDatums(Database& database, const CatalogueSource& source) {
 }  // namespace
 
 void EcritBaseDatums(TableEngine& engine, const CatalogueSource& source, const std::string& path) {
-  const auto database = engine.CreateDatabase(path, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+  const auto database = engine.CreateDatabase(path, NewDatabase{});
   Transaction transaction(*database);
   EcritEllipsoides(*database, source);
   EcritDatums(*database, source);

@@ -8,9 +8,9 @@
 namespace talpena {
 
 std::span<const StringEntry> BlocDeTextes(std::int16_t langue) {
-  const auto blocks = TousLesBlocs();
-  const auto found = std::ranges::find(blocks, langue, &StringBlock::langue);
-  return found == blocks.end() ? std::span<const StringEntry>{} : found->entries;
+  const auto texts = TousLesBlocs();
+  const auto found = std::ranges::find(texts, langue, &StringBlock::langue);
+  return found == texts.end() ? std::span<const StringEntry>{} : found->entries;
 }
 
 std::string Texte(std::int16_t langue, int base) {

@@ -41,6 +41,7 @@ inline constexpr int SyntaxError = 3075;
 inline constexpr int TableNotFound = 3078;
 inline constexpr int InvalidBookmark = 3159;
 inline constexpr int FieldTooSmall = 3163;
+inline constexpr int NotSupported = 3251;  ///< a format that is only read, a query not known
 inline constexpr int ItemNotFound = 3265;
 inline constexpr int NullNotAllowed = 3314;
 inline constexpr int ZeroLength = 3315;

@@ -43,10 +43,27 @@ struct IndexDef {
   bool primary = false;
 };
 
+/// Bits of a table's attributes. A table with any bit of System is the maker's own.
+namespace TableAttribute {
+inline constexpr std::uint32_t Hidden = 0x00000001;
+inline constexpr std::uint32_t System = 0x80000002;
+}  // namespace TableAttribute
+
 struct TableDef {
   std::string name;
   std::vector<FieldDef> fields;
   std::vector<IndexDef> indexes;
+  std::uint32_t attributes = 0;  ///< as the maker's file has them; 0 for the engine's own tables
+};
+
+/// A query that a maker's file keeps under a name.
+struct QueryDef {
+  static constexpr int Select = 0;
+
+  std::string name;
+  int kind = Select;             ///< as the maker numbers it: Select, or one that changes something
+  std::string sql;               ///< a SELECT of the dialect; empty when its text is not known
+  std::vector<FieldDef> fields;  ///< given by Database::Query only
 };
 
 /// Names a row of a recordset's table for as long as the row lives.
@@ -77,6 +94,17 @@ struct NumberBlock {
   double Valeur(std::size_t row, std::size_t field) const { return values[row * fields + field]; }
 };
 using NumberVisitor = std::function<void(const NumberBlock&)>;
+
+/// One row that LitLignes hands over: `cells` holds one cell per field, texts valid until the next.
+using RowVisitor = std::function<void(Bookmark row, std::span<const Cell> cells)>;
+
+/// A row that was deleted and where it stood: its position among the rows of a recordset, from 0.
+struct RowPlace {
+  Bookmark row = 0;
+  std::int64_t position = -1;  ///< -1 when it was not shown
+};
+
+class RowSource;
 
 /// Which fields and rows a pass goes over.
 struct RowPass {
@@ -112,6 +140,8 @@ class Recordset {
   virtual void SetBookmark(Bookmark) = 0;             ///< InvalidBookmark (3159) if the row is gone
   virtual std::int64_t AbsolutePosition() const = 0;  ///< from 0; -1 off a row
   virtual void SetAbsolutePosition(std::int64_t) = 0;  ///< InvalidArgument (3001) beyond the rows
+  /// Where a row stands, from 0; -1 when it is not shown. The cursor does not move.
+  virtual std::int64_t PositionDe(Bookmark row) const = 0;
 
   /// Value of a field of the current row, or of the row being edited or added. Off a row:
   /// NoCurrentRecord (3021); on a row that was deleted meanwhile: 3167. A text is valid until the
@@ -139,20 +169,33 @@ class Recordset {
   /// commands over many rows use. The rows come in no promised order; those deleted meanwhile are
   /// left out. A refused value, or a failure of `change`, is thrown on: the rows changed before
   /// it stay. The cursor does not move. Returns the number of rows changed.
-  virtual std::int64_t ModifieLignes(const RowPass& pass, RowChange& change);
+  virtual std::int64_t ModifieLignes(const RowPass& pass, RowChange& change) = 0;
   /// Puts the same values into fields of every row that the recordset shows, checked as by Set, and
   /// tells `avance` how far it came, as a pass does. Without rows nothing is checked. A refused
   /// value changes no row. The cursor does not move. Returns the number of rows changed.
   using Progress = std::function<void(std::int64_t done, std::int64_t total)>;
   virtual std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
-                                     const Progress& avance);
+                                     const Progress& avance) = 0;
   /// Deletes the current row; the cursor then stands on no row until it is moved (MoveNext goes
   /// to the row behind the deleted one).
   virtual void Delete() = 0;
   /// Deletes the rows that are named and that the recordset shows; the others are passed over. What
   /// a failure leaves of them is for the caller's transaction to put back. The cursor stands where
   /// it stood, on no row if its own is gone. Returns the number of rows deleted.
-  virtual std::int64_t SupprimeLignes(std::span<const Bookmark> rows);
+  virtual std::int64_t SupprimeLignes(std::span<const Bookmark> rows) = 0;
+
+  /// Hands over the rows that are named and that the recordset shows, each once, in no promised
+  /// order: what is kept of rows before they change or go. `visit` may not change the table; what
+  /// it throws is thrown on. The cursor does not move.
+  virtual void LitLignes(std::span<const Bookmark> rows, const RowVisitor& visit) = 0;
+  /// Puts rows back that were deleted, each under its own bookmark (and so its own number), with
+  /// the values that the source gives for it: one cell per field, row after row as in `places`;
+  /// the cell of the numbered field is not looked at. Where a row was when a recordset that is
+  /// still open lost it, it stands again. In this recordset and its clones a row that they have
+  /// never shown stands at its position, counted among all rows when all are back; not at all
+  /// with -1. A cursor stays on its row. A row that is not gone raises DuplicateKey (3022), a
+  /// bookmark that the table never gave InvalidBookmark (3159); then nothing is put back.
+  virtual void RetablitLignes(std::span<const RowPlace> places, RowSource& values) = 0;
 
   /// First or next row that meets a condition as a user may write it; false, with the position
   /// unchanged, when there is none.
@@ -164,7 +207,7 @@ class Recordset {
   /// field that holds no numbers raises DataConversion (3421). `visit` may read the table, but
   /// not change it; what it throws is thrown on. The cursor does not move.
   virtual void LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
-                          const NumberVisitor& visit);
+                          const NumberVisitor& visit) = 0;
 
   /// An independent cursor over the same rows, sharing their list, standing on the first.
   virtual std::unique_ptr<Recordset> Clone() = 0;
@@ -179,13 +222,29 @@ class RowSource {
   virtual bool Suivante(std::span<Cell> cells) = 0;
 };
 
+/// Told how many rows of a maker's table were taken over, of how many (-1 when that is not known).
+/// What it throws ends the taking over.
+using ImportProgress = std::function<void(std::int64_t done, std::int64_t total)>;
+
 class Database {
  public:
   virtual ~Database() = default;
 
   virtual void CreateTable(const TableDef& table) = 0;  ///< TableExists (3010)
-  virtual std::vector<std::string> TableNames() = 0;
-  virtual TableDef Table(std::string_view name) = 0;  ///< TableNotFound (3078)
+  virtual std::vector<std::string> TableNames() = 0;    ///< of those that can be opened
+  virtual TableDef Table(std::string_view name) = 0;    ///< TableNotFound (3078)
+  /// All tables of the file. Those of the maker's own come last, with their names and attributes
+  /// but without fields: they cannot be opened.
+  virtual std::vector<TableDef> Tables() = 0;
+  /// The saved queries of the file, without their fields.
+  virtual std::vector<QueryDef> Queries() = 0;
+  /// One saved query with its fields, for which it is run; its name may then stand wherever a
+  /// table's may be read. TableNotFound (3078); NotSupported (3251) for one that cannot be run.
+  virtual QueryDef Query(std::string_view name) = 0;
+
+  /// Who is told how far it came when a long table of another maker is taken over (a table is, when
+  /// a statement first names it). A table that was broken off is taken over anew the next time.
+  virtual void SuitImport(ImportProgress progress) = 0;
 
   /// `source` is a table's name or a SELECT of the dialect that docs/table-engine.md describes.
   virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view source) = 0;
@@ -232,20 +291,39 @@ class Transaction {
   Database* database_;
 };
 
+/// What a new database declares of itself: the language that orders its texts, the code page, the
+/// country of its maker. As it stands: the general order, the western code page, any country.
+struct NewDatabase {
+  int langId = 0x0409;
+  int codePage = 1252;
+  int country = 0;
+
+  friend bool operator==(const NewDatabase&, const NewDatabase&) = default;
+};
+
 class TableEngine {
  public:
   virtual ~TableEngine() = default;
 
-  /// A new, empty, throw-away database. `locale` is kept for engines that need it
-  /// (";LANGID=0x0409;CP=1252;COUNTRY=0"). Raises PathFileAccess, FileExists, ...
+  /// A new, empty, throw-away database in the engine's own format, which knows the general order
+  /// only: InvalidArgument (3001) for another. Raises PathFileAccess, FileExists, ...
   virtual std::unique_ptr<Database> CreateDatabase(const std::string& path,
-                                                   std::string_view locale) = 0;
+                                                   const NewDatabase& settings) = 0;
 
   /// An existing database: the engine's own files and, through the readers of foreign formats,
-  /// Access files. `connect` names another maker's format ("dBase IV;"), empty for Access.
-  /// Raises DatabaseNotFound (3024), UnrecognizedFormat (3343).
+  /// other makers' files. `connect` names another maker's format (foreign_format.h), empty for
+  /// Access; for some formats `path` is a folder of tables. Other makers' rows can be read only,
+  /// but where `readOnly` is false and `connect` names a format that is written, tables can be made
+  /// and take rows by InsertRows, once each; then nothing needs to be at `path` yet.
+  /// Raises DatabaseNotFound (3024), UnrecognizedFormat (3343), NotSupported (3251).
   virtual std::unique_ptr<Database> OpenDatabase(const std::string& path, bool readOnly,
                                                  std::string_view connect = {}) = 0;
+
+  /// A new, empty file of another maker's for tables to be made in, as OpenDatabase opens them for
+  /// writing. Raises FileExists (58), NotSupported (3251) for a format that is not written.
+  virtual std::unique_ptr<Database> CreateForeignDatabase(const std::string& path,
+                                                          std::string_view connect,
+                                                          const NewDatabase& settings) = 0;
 };
 
 }  // namespace talpena

@@ -35,7 +35,7 @@ void SupprimeBaseAncienne(Load& l) {
 
 void CreeBase(Load& l) {
   l.c.document().WorkingDb =
-      l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+      l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, NewDatabase{});
 }
 
 void LitReglages(Load& l) {

@@ -21,7 +21,7 @@ using Periods = std::vector<std::optional<int>>;  ///< empty for Null
 class PeriodsTest : public testing::Test {
  protected:
   PeriodsTest() {
-    state.document.WorkingDb = engine_->CreateDatabase(folder_ / "work.mdb", "");
+    state.document.WorkingDb = engine_->CreateDatabase(folder_ / "work.mdb", NewDatabase{});
     CreateTable(*state.document.WorkingDb);
     state.document.RelieSqlCourant();
     observed = test::ObserveLignes(

@@ -11,7 +11,11 @@ namespace talpena::test {
 /// Stands where no table is wanted.
 class NoEngine : public TableEngine {
  public:
-  std::unique_ptr<Database> CreateDatabase(const std::string&, std::string_view) override {
+  std::unique_ptr<Database> CreateDatabase(const std::string&, const NewDatabase&) override {
+    return nullptr;
+  }
+  std::unique_ptr<Database> CreateForeignDatabase(const std::string&, std::string_view,
+                                                  const NewDatabase&) override {
     return nullptr;
   }
   std::unique_ptr<Database> OpenDatabase(const std::string&, bool, std::string_view) override {

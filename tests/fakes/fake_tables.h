@@ -8,6 +8,7 @@
 
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "fakes/refusing_rows.h"
 #include "platform/table_engine.h"
 
 namespace talpena::test {
@@ -26,8 +27,12 @@ class FakeTables : public TableEngine {
   std::vector<std::string> journal;  ///< "Open path" or "OpenReadOnly path", then statements
   int ouverts = 0;                   ///< databases and recordsets open at this moment
 
-  std::unique_ptr<Database> CreateDatabase(const std::string&, std::string_view) override {
+  std::unique_ptr<Database> CreateDatabase(const std::string&, const NewDatabase&) override {
     throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error");
+  }
+  std::unique_ptr<Database> CreateForeignDatabase(const std::string&, std::string_view,
+                                                  const NewDatabase&) override {
+    Refuse();
   }
   std::unique_ptr<Database> OpenDatabase(const std::string& path, bool readOnly,
                                          std::string_view) override {
@@ -53,7 +58,7 @@ class FakeTables : public TableEngine {
     throw TalpenaError(ErrorNumber::ReadOnly, "Database or object is read-only.");
   }
 
-  class Rows final : public Recordset {
+  class Rows final : public RefusingRows {
    public:
     Rows(FakeTables& owner, const FakeAnswer& answer) : ouvert_(owner), answer_(answer) {
       for (const std::string& column : answer.columns) fields_.push_back({.name = column});
@@ -114,6 +119,10 @@ class FakeTables : public TableEngine {
     void CreateTable(const TableDef&) override { Refuse(); }
     std::vector<std::string> TableNames() override { return {}; }
     TableDef Table(std::string_view) override { return {}; }
+    std::vector<TableDef> Tables() override { return {}; }
+    std::vector<QueryDef> Queries() override { return {}; }
+    QueryDef Query(std::string_view) override { return {}; }
+    void SuitImport(ImportProgress) override {}
     std::unique_ptr<Recordset> OpenRecordset(std::string_view source) override {
       ouvert_.owner_.journal.emplace_back(source);
       const auto answer = answers_.find(std::string(source));

@@ -1,6 +1,7 @@
 // A machine that writes down, in one list, everything that starting and stopping does to it.
 #pragma once
 #include <algorithm>
+#include <cstdio>
 #include <deque>
 #include <memory>
 #include <string>
@@ -10,6 +11,7 @@
 #include "fakes/fake_files.h"
 #include "fakes/fake_platform.h"
 #include "fakes/fake_view.h"
+#include "fakes/refusing_rows.h"
 #include "shell/start_stop.h"
 
 namespace talpena::test {
@@ -17,7 +19,7 @@ namespace talpena::test {
 using Journal = std::vector<std::string>;
 
 /// A SELECT that found nothing.
-class NoRows : public Recordset {
+class NoRows : public RefusingRows {
  public:
   const std::vector<FieldDef>& Fields() const override { return fields_; }
   int FieldIndex(std::string_view) const override { return 0; }
@@ -56,6 +58,10 @@ class JournalDatabase : public Database {
   }
   std::vector<std::string> TableNames() override { return {}; }
   TableDef Table(std::string_view) override { return {}; }
+  std::vector<TableDef> Tables() override { return {}; }
+  std::vector<QueryDef> Queries() override { return {}; }
+  QueryDef Query(std::string_view) override { return {}; }
+  void SuitImport(ImportProgress) override {}
   std::unique_ptr<Recordset> OpenRecordset(std::string_view) override {
     return std::make_unique<NoRows>();
   }
@@ -79,8 +85,11 @@ class JournalEngine : public TableEngine {
   std::deque<int> failures;  ///< error numbers that the next calls of CreateDatabase raise
 
   std::unique_ptr<Database> CreateDatabase(const std::string& path,
-                                           std::string_view locale) override {
-    journal_.push_back("CreateDatabase " + path + " " + std::string(locale));
+                                           const NewDatabase& settings) override {
+    char locale[64];
+    std::snprintf(locale, sizeof locale, ";LANGID=0x%04X;CP=%d;COUNTRY=%d", settings.langId,
+                  settings.codePage, settings.country);
+    journal_.push_back("CreateDatabase " + path + " " + locale);
     if (!failures.empty()) {
       const int number = failures.front();
       failures.pop_front();
@@ -91,6 +100,10 @@ class JournalEngine : public TableEngine {
   std::unique_ptr<Database> OpenDatabase(const std::string& path, bool, std::string_view) override {
     journal_.push_back("OpenDatabase " + path);
     return std::make_unique<JournalDatabase>(journal_);
+  }
+  std::unique_ptr<Database> CreateForeignDatabase(const std::string&, std::string_view,
+                                                  const NewDatabase&) override {
+    return nullptr;
   }
 
  private:

@@ -47,7 +47,7 @@ struct Monde : FakeServices {
     state.AppDir = working / "no-program";
     state.WorkingDbPath = working / "talpena_tmp.mdb";
     state.document.WorkingDb =
-        engine->CreateDatabase(state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+        engine->CreateDatabase(state.WorkingDbPath, NewDatabase{});
     CreateTable(*state.document.WorkingDb);
     vue.Suit(state.document);
     Relit();

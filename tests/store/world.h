@@ -35,7 +35,7 @@ struct World : FakeServices {
       state.Catalogue.Datums.push_back(datum);
     }
     state.document.WorkingDb =
-        engine->CreateDatabase(state.WorkingDbPath, ";LANGID=0x0409;CP=1252;COUNTRY=0");
+        engine->CreateDatabase(state.WorkingDbPath, NewDatabase{});
     CreateTable(*state.document.WorkingDb);
     vue.Suit(state.document);
   }

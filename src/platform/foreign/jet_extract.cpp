@@ -78,8 +78,8 @@ MdbHandle* Ouvre(const FichierJet& file) {
   return mdb;
 }
 
-std::span<MdbCatalogEntry*> Catalogue(MdbHandle* mdb) {
-  GPtrArray* entries = mdb_read_catalog(mdb, MDB_TABLE);
+std::span<MdbCatalogEntry*> Catalogue(MdbHandle* mdb, int kind = MDB_TABLE) {
+  GPtrArray* entries = mdb_read_catalog(mdb, kind);
   Exige(entries != nullptr);
   return Elements<MdbCatalogEntry>(entries);
 }
@@ -93,10 +93,16 @@ MdbTableDef* LitTable(MdbCatalogEntry* entry, const LimitesJet& limits) {
   return table;
 }
 
+void EcritNom(const MdbCatalogEntry& entry, Tuyau& out) {
+  EcritNombre(out, static_cast<std::uint32_t>(entry.flags));
+  EcritTexte(out, Nom(entry.object_name));
+}
+
 void EcritTable(const MdbCatalogEntry& entry, const MdbTableDef& table, Tuyau& out) {
   EcritMarque(out, TrameJet::Table);
   EcritNombre(out, static_cast<std::uint32_t>(entry.table_pg));
-  EcritTexte(out, Nom(entry.object_name));
+  EcritNom(entry, out);
+  EcritNombre(out, static_cast<std::uint32_t>(table.num_rows));
   EcritNombre(out, table.num_cols);
   for (const MdbColumn* column : Elements<MdbColumn>(table.columns)) {
     EcritNombre(out, static_cast<std::uint32_t>(column->col_type));
@@ -231,11 +237,17 @@ class Lignes {
 
 void ExtraitTables(const FichierJet& file, const LimitesJet& limits, Tuyau& out) {
   MdbHandle* mdb = Ouvre(file);
-  std::size_t count = 0;
-  for (MdbCatalogEntry* entry : Catalogue(mdb)) {
-    if (mdb_is_user_table(entry) == 0) continue;
-    Exige(++count <= limits.tables);
-    EcritTable(*entry, *LitTable(entry, limits), out);
+  std::size_t tables = 0;
+  std::size_t others = 0;
+  for (MdbCatalogEntry* entry : Catalogue(mdb, MDB_ANY)) {
+    if (mdb_is_user_table(entry) != 0) {
+      Exige(++tables <= limits.tables);
+      EcritTable(*entry, *LitTable(entry, limits), out);
+    } else if (entry->object_type == MDB_TABLE || entry->object_type == MDB_QUERY) {
+      Exige(++others <= limits.autres);
+      EcritMarque(out, entry->object_type == MDB_QUERY ? TrameJet::Requete : TrameJet::Systeme);
+      EcritNom(*entry, out);
+    }
   }
   EcritMarque(out, TrameJet::Fin);
 }

@@ -1,8 +1,10 @@
 // What the child process does: walks an Access file with libmdb and hands its bytes on, as they
 // stand in the file, for the parent to check and decode.
 //
-// The answer to ExtraitTables is, for each user table, 'T', its page, its name and the number of
-// its columns; for each column its type, size (bytes), scale, auto-number flag and name. To
+// The answer to ExtraitTables is, for each user table, 'T', its page, its attributes, its name, the
+// number of its rows and that of its columns; for each column its type, size (bytes), scale,
+// auto-number flag and name. For each system table it is 'S', and for each saved query 'Q', with
+// attributes and name. To
 // ExtraitLignes, for each row, 'R', the length of all that follows, and for each column the
 // length of its value and the value; Null is the length absentJet, a Boolean one byte. Both end
 // with 'F': an answer without it comes from a damaged file. Lengths, pages and counts are 32 bits
@@ -15,7 +17,7 @@
 
 namespace talpena {
 
-enum class TrameJet : char { Table = 'T', Ligne = 'R', Fin = 'F' };
+enum class TrameJet : char { Table = 'T', Systeme = 'S', Requete = 'Q', Ligne = 'R', Fin = 'F' };
 inline constexpr std::uint32_t absentJet = 0xFFFFFFFF;
 
 /// The file, open for reading, and its size when it was checked.

@@ -47,7 +47,19 @@ struct Colonne {
 struct TableJet {
   TableDef definition;
   std::vector<Colonne> colonnes;
-  std::uint32_t page;
+  std::uint32_t page = 0;
+  std::uint32_t lignes = 0;
+};
+
+/// What a file holds.
+struct CatalogueJet {
+  std::vector<TableJet> tables;
+  std::vector<TableDef> systeme;
+  std::vector<QueryDef> requetes;
+
+  bool Depasse(const LimitesJet& limits) const {
+    return tables.size() > limits.tables || systeme.size() + requetes.size() > limits.autres;
+  }
 };
 
 /// The child's answer, every length in it doubted.
@@ -146,21 +158,41 @@ void LitColonne(Reponse& answer, JetVersion version, TableJet& table) {
                                      .autoIncrement = automatic && type == JetType::Long});
 }
 
-std::vector<TableJet> LitTables(const Fichier& file) {
+TableJet LitTable(const Fichier& file, Reponse& answer) {
+  TableJet table;
+  table.page = answer.Nombre();
+  table.definition.attributes = answer.Nombre();
+  table.definition.name = answer.Nom();
+  table.lignes = answer.Nombre();
+  const std::size_t columns = answer.Nombre();
+  if (columns > file.limites.colonnes) EchecFormat(file.path);
+  for (std::size_t i = 0; i < columns; ++i) LitColonne(answer, file.version, table);
+  return table;
+}
+
+CatalogueJet LitCatalogue(const Fichier& file) {
+  constexpr std::uint32_t kind = 0xF0;  // of a query, among its attributes
   Reponse answer(file, [&](Tuyau& out) { ExtraitTables(file.Vue(), file.limites, out); });
-  std::vector<TableJet> tables;
-  for (;;) {
+  CatalogueJet catalogue;
+  while (!catalogue.Depasse(file.limites)) {
     const TrameJet mark = answer.Marque();
-    if (mark == TrameJet::Fin) return tables;
-    if (mark != TrameJet::Table || tables.size() >= file.limites.tables) EchecFormat(file.path);
-    TableJet table;
-    table.page = answer.Nombre();
-    table.definition.name = answer.Nom();
-    const std::size_t columns = answer.Nombre();
-    if (columns > file.limites.colonnes) EchecFormat(file.path);
-    for (std::size_t i = 0; i < columns; ++i) LitColonne(answer, file.version, table);
-    tables.push_back(std::move(table));
+    if (mark == TrameJet::Fin) return catalogue;
+    if (mark == TrameJet::Table) {
+      catalogue.tables.push_back(LitTable(file, answer));
+      continue;
+    }
+    if (mark != TrameJet::Systeme && mark != TrameJet::Requete) break;
+    const std::uint32_t attributes = answer.Nombre();
+    const std::string name = answer.Nom();
+    if (mark == TrameJet::Systeme) {
+      catalogue.systeme.push_back(
+          {.name = name, .fields = {}, .indexes = {}, .attributes = attributes});
+    } else {
+      catalogue.requetes.push_back(
+          {.name = name, .kind = static_cast<int>(attributes & kind), .sql = {}, .fields = {}});
+    }
   }
+  EchecFormat(file.path);
 }
 
 class LignesJet final : public RowSource {
@@ -263,28 +295,39 @@ class LignesJet final : public RowSource {
 class BaseJet final : public ForeignDatabase {
  public:
   explicit BaseJet(Fichier file)
-      : file_(std::make_shared<const Fichier>(std::move(file))), tables_(LitTables(*file_)) {}
+      : file_(std::make_shared<const Fichier>(std::move(file))), catalogue_(LitCatalogue(*file_)) {}
 
   std::vector<TableDef> Tables() override {
     std::vector<TableDef> definitions;
-    for (const TableJet& table : tables_) definitions.push_back(table.definition);
+    for (const TableJet& table : catalogue_.tables) definitions.push_back(table.definition);
     return definitions;
   }
 
+  std::vector<TableDef> SystemTables() override { return catalogue_.systeme; }
+  /// Names and kinds: what they ask for is kept elsewhere in the file.
+  std::vector<QueryDef> Queries() override { return catalogue_.requetes; }
+
   std::unique_ptr<RowSource> Rows(std::string_view table) override {
-    const auto found = std::find_if(tables_.begin(), tables_.end(), [&](const TableJet& t) {
-      return EgalSansCasse(t.definition.name, table);
-    });
-    if (found == tables_.end()) {
-      throw TalpenaError(ErrorNumber::TableNotFound,
-                         "The database engine cannot find the table '" + std::string(table) + "'.");
-    }
-    return std::make_unique<LignesJet>(file_, *found);
+    return std::make_unique<LignesJet>(file_, Trouve(table));
   }
 
+  std::int64_t NombreLignes(std::string_view table) override { return Trouve(table).lignes; }
+
  private:
+  const TableJet& Trouve(std::string_view name) const {
+    const auto& tables = catalogue_.tables;
+    const auto found = std::find_if(tables.begin(), tables.end(), [&](const TableJet& t) {
+      return EgalSansCasse(t.definition.name, name);
+    });
+    if (found == tables.end()) {
+      throw TalpenaError(ErrorNumber::TableNotFound,
+                         "The database engine cannot find the table '" + std::string(name) + "'.");
+    }
+    return *found;
+  }
+
   std::shared_ptr<const Fichier> file_;
-  std::vector<TableJet> tables_;
+  CatalogueJet catalogue_;
 };
 
 /// Not blocking, so that a pipe or a device in a file's place cannot hold the program.
@@ -307,10 +350,7 @@ class FormatJet final : public ForeignFormat {
   }
 
   bool Reconnait(const std::string& path, std::string_view connect) override {
-    if (!connect.empty() && !connect.starts_with(';') &&
-        !EgalSansCasse(connect.substr(0, connect.find(';')), "MS Access")) {
-      return false;
-    }
+    if (!MemeFormat(connect, Connect::Access) && !MemeFormat(connect, "MS Access")) return false;
     const Descripteur fd = OuvreEnLecture(path);
     return fd.Ouvert() && LitVersion(fd).has_value();
   }

@@ -8,10 +8,11 @@
 
 namespace talpena {
 
-/// What a file may be at most. The first four are the format's own bounds or beyond them.
+/// What a file may be at most. The first five are the format's own bounds or beyond them.
 struct LimitesJet {
   std::size_t octetsFichier = std::size_t{2} << 30;
-  std::size_t tables = 32768;
+  std::size_t tables = 32768;                      ///< whose rows can be read
+  std::size_t autres = 32768;                      ///< system tables and saved queries
   std::size_t colonnes = 255;                      ///< of a table; never above 255
   std::size_t lignes = 50'000'000;                 ///< of a table
   std::size_t octetsMemo = std::size_t{64} << 20;  ///< of one long value
@@ -26,7 +27,8 @@ struct LimitesJet {
 /// since a file's own rules bind those who write it. Cells: Boolean -1 and 0; Currency and
 /// decimals as real numbers; Date in days since 1899-12-30; texts and memos as UTF-8; replication
 /// ids as text in braces; OLE and binary columns as bytes. Rows of a table that the file lacks
-/// raise TableNotFound (3078). Linked tables, queries and system tables are left out.
+/// raise TableNotFound (3078). Linked tables are left out; of system tables and saved queries there
+/// are the names, attributes and kinds. Nothing is written.
 std::unique_ptr<ForeignFormat> CreeFormatJet(const LimitesJet& limits = {});
 
 }  // namespace talpena

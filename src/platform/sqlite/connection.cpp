@@ -97,6 +97,12 @@ std::int64_t Connection::LignesChangees() const { return sqlite3_changes64(db_.g
 
 std::int64_t Connection::DerniereCle() const { return sqlite3_last_insert_rowid(db_.get()); }
 
+std::int64_t Connection::DerniereCleDonnee(const TableState& table) {
+  Statement last = Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
+  last.Lie(0, Cell::Of(std::string_view(table.Nom())));
+  return last.Avance() ? last.Entier(0) : 0;
+}
+
 TalpenaError Connection::Erreur(int resultCode) {
   if (pending_) {
     TalpenaError error = *pending_;

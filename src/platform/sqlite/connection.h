@@ -43,6 +43,8 @@ class Connection {
   void Execute(std::string_view sql) { Prepare(sql).Execute(); }
   std::int64_t LignesChangees() const;
   std::int64_t DerniereCle() const;
+  /// The highest key that a table has ever given; 0 for none.
+  std::int64_t DerniereCleDonnee(const TableState& table);
 
   /// The failure of a call: the one that a function or a row source of ours left, else
   /// SQLite's own.
@@ -69,7 +71,6 @@ class Connection {
   void ArreteLecteurs();
 
   const Collation& Ordre() const { return collation_; }
-  Access AccesCourant() const { return access_; }
   /// True while a statement runs that changes rows: functions then fail where a condition just
   /// does not match.
   bool Strict() const { return strict_; }

@@ -88,6 +88,15 @@ TalpenaError ChampFige() { return {EngineError::FieldNotUpdatable, "Field cannot
 
 TalpenaError LigneSupprimee() { return {EngineError::RecordDeleted, "Record is deleted."}; }
 
+TalpenaError RequeteCirculaire(std::string_view query) {
+  return {EngineError::CircularReference,
+          "Circular reference caused by " + EntreApostrophes(query) + "."};
+}
+
+TalpenaError NonPrevu(std::string_view what) {
+  return {ErrorNumber::NotSupported, "Operation is not supported: " + std::string(what) + "."};
+}
+
 TalpenaError ChampIntrouvable() {
   return {ErrorNumber::ItemNotFound, "Item not found in this collection."};
 }

@@ -19,6 +19,7 @@ inline constexpr int FileInUse = 3045;
 inline constexpr int SelectNotExecutable = 3065;
 inline constexpr int UndefinedFunction = 3085;
 inline constexpr int AggregateNotAllowed = 3096;
+inline constexpr int CircularReference = 3102;
 inline constexpr int InvalidStatement = 3129;
 inline constexpr int TextAfterEnd = 3142;
 inline constexpr int FieldNotUpdatable = 3164;
@@ -38,11 +39,13 @@ TalpenaError FichierIntrouvable(std::string_view path);  ///< 3024
 TalpenaError LectureSeule();                             ///< 3027
 TalpenaError PasDeTransaction();                         ///< 3034
 TalpenaError TableIntrouvable(std::string_view table);
-TalpenaError SignetInvalide();    ///< 3159
-TalpenaError TropLong();          ///< 3163
-TalpenaError ChampFige();         ///< 3164
-TalpenaError LigneSupprimee();    ///< 3167
-TalpenaError ChampIntrouvable();  ///< 3265
+TalpenaError RequeteCirculaire(std::string_view query);  ///< 3102
+TalpenaError SignetInvalide();                           ///< 3159
+TalpenaError TropLong();                                 ///< 3163
+TalpenaError ChampFige();                                ///< 3164
+TalpenaError LigneSupprimee();                           ///< 3167
+TalpenaError NonPrevu(std::string_view what);            ///< 3251
+TalpenaError ChampIntrouvable();                         ///< 3265
 TalpenaError NullRefuse(std::string_view table, std::string_view field);
 TalpenaError VideRefuse(std::string_view table, std::string_view field);
 TalpenaError FormatInconnu(std::string_view path);

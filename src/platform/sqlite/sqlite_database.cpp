@@ -99,23 +99,6 @@ bool SqliteDatabase::EstLeNotre() {
                 Litteral(DefinitionTable)) == 1;
 }
 
-std::unique_ptr<SqliteDatabase> SqliteDatabase::Importe(std::unique_ptr<ForeignDatabase> foreign) {
-  auto connection = std::make_shared<Connection>(std::string(), Connection::Mode::Private);
-  std::unique_ptr<SqliteDatabase> database(new SqliteDatabase(std::move(connection), true));
-  for (TableDef& table : foreign->Tables()) {
-    // Only the columns are taken over: nothing is written that an index would have to guard.
-    table.indexes.clear();
-    for (FieldDef& field : table.fields) {
-      field.required = false;
-      field.autoIncrement = false;
-    }
-    database->Declare(std::move(table));
-  }
-  database->foreign_ = std::move(foreign);
-  database->imported_.resize(database->connection_->Tables().size());
-  return database;
-}
-
 void SqliteDatabase::ChargeDefinitions() {
   Statement rows = connection_->Prepare(std::string("SELECT definition FROM ") + DefinitionTable +
                                         " ORDER BY rowid");
@@ -172,36 +155,24 @@ TableDef SqliteDatabase::Table(std::string_view name) {
   return table->Definition();
 }
 
-TableFinder SqliteDatabase::Tables() {
-  return [this](std::string_view name) -> TableState* {
-    TableState* table = connection_->Table(name);
-    if (table != nullptr && foreign_) ImporteTable(*table);
-    return table;
-  };
+std::vector<TableDef> SqliteDatabase::Tables() {
+  std::vector<TableDef> definitions;
+  for (const auto& table : connection_->Tables()) definitions.push_back(table->Definition());
+  return definitions;
+}
+
+QueryDef SqliteDatabase::Query(std::string_view name) { throw TableIntrouvable(name); }
+
+TableState* SqliteDatabase::Trouve(std::string_view name) { return connection_->Table(name); }
+
+TableFinder SqliteDatabase::Chercheur() {
+  return [this](std::string_view name) { return Trouve(name); };
 }
 
 std::shared_ptr<TableState> SqliteDatabase::TrouveTable(std::string_view name) {
-  const TableState* table = Tables()(name);
+  const TableState* table = Trouve(name);
   if (table == nullptr) throw TableIntrouvable(name);
   return connection_->Tables()[static_cast<std::size_t>(table->Numero())];
-}
-
-void SqliteDatabase::ImporteTable(TableState& table) {
-  const auto number = static_cast<std::size_t>(table.Numero());
-  if (imported_[number]) return;
-  connection_->Execute("BEGIN");
-  try {
-    for (const std::string& sql : table.SqlCreation()) connection_->Execute(sql);
-    std::vector<int> fields(table.Definition().fields.size());
-    for (std::size_t i = 0; i < fields.size(); ++i) fields[i] = static_cast<int>(i);
-    const auto rows = foreign_->Rows(table.Nom());
-    Insere(table, fields, *rows, Check::Foreign);
-  } catch (...) {
-    connection_->Execute("ROLLBACK");
-    throw;
-  }
-  connection_->Execute("COMMIT");
-  imported_[number] = true;
 }
 
 std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(std::string_view source) {
@@ -212,7 +183,7 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(std::string_view source
     }
     return OuvreTable(TrouveTable(name), {}, {});
   }
-  const Selection selection = TraduitSelect(source, Tables());
+  const Selection selection = TraduitSelect(source, Chercheur());
   if (selection.table == nullptr) return LitEnMemoire(selection);
   const auto number = static_cast<std::size_t>(selection.table->Numero());
   return OuvreTable(connection_->Tables()[number], selection.condition, selection.order);
@@ -240,7 +211,7 @@ std::unique_ptr<Recordset> SqliteDatabase::LitEnMemoire(const Selection& selecti
 }
 
 std::int64_t SqliteDatabase::Execute(std::string_view statement) {
-  const Change change = TraduitChangement(statement, Tables());
+  const Change change = TraduitChangement(statement, Chercheur());
   ExigeEcriture();
   std::vector<RowKey> deleted;
   const EnEcriture guard(*connection_, change.allRows ? nullptr : &deleted);
@@ -276,27 +247,32 @@ std::int64_t SqliteDatabase::ExecuteChangement(const Change& change) {
   return count;
 }
 
-std::int64_t SqliteDatabase::InsertRows(std::string_view table,
-                                        std::span<const std::string_view> columns,
-                                        RowSource& source) {
-  ExigeEcriture();
-  const auto state = TrouveTable(table);
+std::vector<int> SqliteDatabase::ChampsDe(const TableState& table,
+                                          std::span<const std::string_view> columns) {
   std::vector<int> fields;
   for (const std::string_view column : columns) {
-    const int field = state->Champ(column);
+    const int field = table.Champ(column);
     if (field < 0) throw ChampIntrouvable();
     if (std::find(fields.begin(), fields.end(), field) != fields.end()) throw ArgumentInvalide();
     fields.push_back(field);
   }
   if (fields.empty()) throw ArgumentInvalide();
-  const auto& all = state->Definition().fields;
+  const auto& all = table.Definition().fields;
   for (std::size_t i = 0; i < all.size(); ++i) {
     const bool given = std::find(fields.begin(), fields.end(), static_cast<int>(i)) != fields.end();
     if (all[i].required && !all[i].autoIncrement && !given) {
-      throw NullRefuse(state->Nom(), all[i].name);
+      throw NullRefuse(table.Nom(), all[i].name);
     }
   }
-  return Insere(*state, fields, source, Check::Strict);
+  return fields;
+}
+
+std::int64_t SqliteDatabase::InsertRows(std::string_view table,
+                                        std::span<const std::string_view> columns,
+                                        RowSource& source) {
+  ExigeEcriture();
+  const auto state = TrouveTable(table);
+  return Insere(*state, ChampsDe(*state, columns), source, Check::Strict);
 }
 
 // One INSERT ... SELECT: cheaper than a statement a row. OR FAIL keeps the rows before a key that
@@ -311,11 +287,7 @@ std::int64_t SqliteDatabase::Insere(TableState& table, const std::vector<int>& f
     names += (i == 0 ? "" : ", ") + table.ChampSql(fields[i]);
     cells += (i == 0 ? "" : ", ") + (binary ? "CAST(" + cell + " AS BLOB)" : cell);
   }
-  Statement last = connection_->Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
-  last.Lie(0, Cell::Of(std::string_view(table.Nom())));
-  const std::int64_t given = last.Avance() ? last.Entier(0) : 0;
-  last = Statement();
-
+  const std::int64_t given = connection_->DerniereCleDonnee(table);
   InsertSource rows(table, fields, source, check, std::numeric_limits<RowKey>::max() - given);
   Statement insert = connection_->Prepare("INSERT OR FAIL INTO " + table.NomSql() + " (" + names +
                                           ") SELECT " + cells + " FROM " + SourceTable + "(?1)");

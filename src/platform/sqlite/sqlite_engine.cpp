@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "platform/sqlite/errors.h"
+#include "platform/sqlite/imported_database.h"
 #include "platform/sqlite/sqlite_database.h"
 
 namespace talpena {
@@ -52,11 +53,10 @@ class SqliteEngine final : public TableEngine {
   explicit SqliteEngine(std::vector<std::unique_ptr<ForeignFormat>> formats)
       : formats_(std::move(formats)) {}
 
-  std::unique_ptr<Database> CreateDatabase(const std::string& path, std::string_view) override {
-    VerifieDossier(path);
-    if (path.empty() || Existe(path)) {
-      throw TalpenaError(ErrorNumber::FileExists, "File already exists: '" + path + "'.");
-    }
+  std::unique_ptr<Database> CreateDatabase(const std::string& path,
+                                           const NewDatabase& settings) override {
+    if (settings != NewDatabase{}) throw sqlite::ArgumentInvalide();
+    VerifiePlace(path);
     EnleveJournal(path);
     try {
       return sqlite::SqliteDatabase::Cree(path);
@@ -68,17 +68,44 @@ class SqliteEngine final : public TableEngine {
 
   std::unique_ptr<Database> OpenDatabase(const std::string& path, bool readOnly,
                                          std::string_view connect) override {
+    if (!readOnly && !connect.empty()) {
+      return std::make_unique<sqlite::ImportedDatabase>(FormatEcrit(connect).OuvrePourEcrire(path),
+                                                        true);
+    }
     if (!Existe(path)) throw sqlite::FichierIntrouvable(path);
     if (connect.empty() && EstFichierSqlite(path)) return OuvreLeNotre(path, readOnly);
     for (const auto& format : formats_) {
       if (format->Reconnait(path, connect)) {
-        return sqlite::SqliteDatabase::Importe(format->Ouvre(path));
+        return std::make_unique<sqlite::ImportedDatabase>(format->Ouvre(path), false);
       }
     }
     throw sqlite::FormatInconnu(path);
   }
 
+  std::unique_ptr<Database> CreateForeignDatabase(const std::string& path, std::string_view connect,
+                                                  const NewDatabase& settings) override {
+    ForeignFormat& format = FormatEcrit(connect);
+    VerifiePlace(path);
+    return std::make_unique<sqlite::ImportedDatabase>(format.Cree(path, settings), true);
+  }
+
  private:
+  static void VerifiePlace(const std::string& path) {
+    VerifieDossier(path);
+    if (path.empty() || Existe(path)) {
+      throw TalpenaError(ErrorNumber::FileExists, "File already exists: '" + path + "'.");
+    }
+  }
+
+  ForeignFormat& FormatEcrit(std::string_view connect) {
+    for (const auto& format : formats_) {
+      if (format->EstEcrit(connect)) return *format;
+    }
+    throw sqlite::NonPrevu("tables of the format '" +
+                           std::string(connect.empty() ? "MS Access" : connect) +
+                           "' cannot be written");
+  }
+
   static std::unique_ptr<Database> OuvreLeNotre(const std::string& path, bool readOnly) {
     try {
       return sqlite::SqliteDatabase::Ouvre(path, readOnly);

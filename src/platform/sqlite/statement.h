@@ -37,7 +37,6 @@ class Statement {
   bool EstNull(int column) const {
     return sqlite3_column_type(handle_.get(), column) == SQLITE_NULL;
   }
-  int NombreColonnes() const { return sqlite3_column_count(handle_.get()); }
 
  private:
   struct Finalise {

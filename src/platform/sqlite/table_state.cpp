@@ -162,6 +162,13 @@ void TableState::NoteVidage() {
   PourListes([](RowList& list) { list.SupprimeTout(); });
 }
 
+void TableState::NoteRetablissement(const std::vector<RowKey>& keys) {
+  NoteChangement();
+  PourListes([&keys](RowList& list) {
+    for (const RowKey key : keys) list.Ranime(key);
+  });
+}
+
 void TableState::Inscrit(const std::shared_ptr<RowList>& list, bool inTransaction) {
   std::erase_if(lists_, [](const std::weak_ptr<RowList>& other) { return other.expired(); });
   lists_.push_back(list);

@@ -32,7 +32,6 @@ class TableState {
   const std::string& NomSql() const { return quotedName_; }
   /// The 32-bit key of a row, quoted: the auto-increment field or a column of its own.
   const std::string& CleSql() const { return quotedKey_; }
-  std::string CleNue() const { return key_; }
   int ChampCle() const { return keyField_; }  ///< -1 when the key is no field
   int Champ(std::string_view name) const;     ///< -1 when absent; any letter case
   std::string ChampSql(int field) const { return EntreGuillemets(Def(field).name); }
@@ -51,6 +50,7 @@ class TableState {
   void NoteSuppression(RowKey key);
   void NoteSuppressions(const std::vector<RowKey>& keys);
   void NoteVidage();
+  void NoteRetablissement(const std::vector<RowKey>& keys);
   void Inscrit(const std::shared_ptr<RowList>& list, bool inTransaction);
 
   // The highest key ever given, kept over a rollback.

@@ -426,6 +426,73 @@ TEST_F(JetReaderDamage, RefusesAHeadWithoutABody) {
             ErrorNumber::UnrecognizedFormat);
 }
 
+TEST(JetReader, NamesSystemTablesAndSavedQueries) {
+  NEEDS_SHARED_DATA();
+  struct Query {
+    std::string name;
+    int kind;
+    bool operator==(const Query&) const = default;
+  };
+  // As mdb-tables names them; kinds as Access numbers them.
+  const std::vector<Query> expected = {{"AppendQuery", 0x40},
+                                       {"CrosstabQuery", 0x10},
+                                       {"DataDefinitionQuery", 0x60},
+                                       {"DeleteQuery", 0x20},
+                                       {"MakeTableQuery", 0x50},
+                                       {"PassthroughQuery", 0x70},
+                                       {"SelectQuery", QueryDef::Select},
+                                       {"UnionQuery", 0x80},
+                                       {"UpdateQuery", 0x30}};
+  for (const char* file : {"queryTestV1997.mdb", "queryTestV2003.mdb"}) {
+    SCOPED_TRACE(file);
+    const auto database = CreeFormatJet()->Ouvre((mdbFolder / file).string());
+    std::vector<Query> queries;
+    for (const QueryDef& query : database->Queries()) queries.push_back({query.name, query.kind});
+    std::sort(queries.begin(), queries.end(),
+              [](const Query& a, const Query& b) { return a.name < b.name; });
+    EXPECT_EQ(queries, expected);
+    std::set<std::string> system;
+    for (const TableDef& table : database->SystemTables()) {
+      EXPECT_NE(table.attributes & TableAttribute::System, 0U) << table.name;
+      EXPECT_TRUE(table.fields.empty());
+      system.insert(table.name);
+    }
+    EXPECT_TRUE(system.contains("MSysObjects") && system.contains("MSysQueries"));
+    for (const TableDef& table : database->Tables()) EXPECT_EQ(table.attributes, 0U);
+  }
+}
+
+TEST(JetReader, TellsHowManyRowsThereWillBe) {
+  NEEDS_SHARED_DATA();
+  for (const Content& c : contents) {
+    const auto database = CreeFormatJet()->Ouvre((mdbFolder / c.file).string());
+    EXPECT_EQ(database->NombreLignes(c.table), static_cast<std::int64_t>(c.rows)) << c.file;
+  }
+}
+
+// Nothing pretends to write Access files.
+TEST(JetReader, RefusesToWrite) {
+  NEEDS_SHARED_DATA();
+  const auto format = CreeFormatJet();
+  EXPECT_FALSE(format->EstEcrit(Connect::Access));
+  const auto number = [](const auto& body) {
+    try {
+      body();
+    } catch (const TalpenaError& error) {
+      EXPECT_FALSE(error.description().empty());
+      return error.number();
+    }
+    return 0;
+  };
+  const fs::path path = mdbFolder / "testV1997.mdb";
+  const auto database = format->Ouvre(path.string());
+  EXPECT_EQ(number([&] { format->Cree("/nowhere/x.mdb", {}); }), ErrorNumber::NotSupported);
+  EXPECT_EQ(number([&] { format->OuvrePourEcrire(path.string()); }), ErrorNumber::NotSupported);
+  EXPECT_EQ(number([&] { database->CreeTable({}); }), ErrorNumber::NotSupported);
+  EXPECT_EQ(number([&] { database->InsereLignes("Table1", *database->Rows("Table1")); }),
+            ErrorNumber::NotSupported);
+}
+
 TEST_F(JetReaderDamage, KeepsItsLimits) {
   NEEDS_SHARED_DATA();
   const std::string path = (mdbFolder / "testIndexPropertiesV2000.mdb").string();
@@ -433,6 +500,7 @@ TEST_F(JetReaderDamage, KeepsItsLimits) {
   EXPECT_EQ(NumeroDe(path, {.octetsFichier = 200000}), ErrorNumber::UnrecognizedFormat);
   EXPECT_EQ(NumeroDe(path, {.tables = 5}), ErrorNumber::UnrecognizedFormat);
   EXPECT_EQ(NumeroDe(path, {.tables = 6}), 0);
+  EXPECT_EQ(NumeroDe(path, {.autres = 3}), ErrorNumber::UnrecognizedFormat);
   EXPECT_EQ(NumeroDe(path, {.colonnes = 2}), ErrorNumber::UnrecognizedFormat);
   EXPECT_EQ(NumeroDe(path, {.colonnes = 3}), 0);
   EXPECT_EQ(NumeroDe(path, {.lignes = 10}), ErrorNumber::UnrecognizedFormat);

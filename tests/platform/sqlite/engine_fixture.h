@@ -51,8 +51,7 @@ class ListSource final : public RowSource {
 class EngineTest : public ::testing::Test {
  protected:
   EngineTest() : engine(CreeMoteurSqlite()) {
-    database =
-        engine->CreateDatabase(folder / "talpena_tmp.mdb", ";LANGID=0x0409;CP=1252;COUNTRY=0");
+    database = engine->CreateDatabase(folder / "talpena_tmp.mdb", NewDatabase{});
   }
 
   void CreeTalpena() { database->CreateTable(TalpenaDef()); }

@@ -104,7 +104,7 @@ TEST_F(GarbageTest, GoodConditionsMutated) {
 TEST_F(GarbageTest, StatementsMutated) {
   const std::string good[] = {
       "UPDATE TALPENA SET N2 = N1 + 1, SEX = 'f' WHERE N1 < 3",
-      "INSERT INTO TALPENA (N2, SEX) SELECT N1, SEX FROM TALPENA WHERE N1 = 1",
+      "INSERT INTO TALPENA (N2, SEX, LATITUDE) VALUES (1 + 2, Left('fm', 1), -4.1)",
       "DELETE FROM TALPENA WHERE N2 > 0",
       "INSERT INTO TALPENA (N2) VALUES (5)",
   };

@@ -23,7 +23,7 @@ inline constexpr int period = 0, latitude = 1, n1 = 3, sex = 5, datum = 6, origi
 /// Rows 1 to `rows`: PERIOD 1, LATITUDE 50.1, LONGITUDE 4.5, N1 the row's number.
 struct GridMachine {
   explicit GridMachine(int rows = 5) {
-    state.document.WorkingDb = engine->CreateDatabase(folder / "grid.mdb", "");
+    state.document.WorkingDb = engine->CreateDatabase(folder / "grid.mdb", NewDatabase{});
     CreateTable(*state.document.WorkingDb);
     Ajoute(rows);
   }

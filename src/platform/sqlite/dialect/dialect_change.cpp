@@ -15,13 +15,6 @@ std::string Range(const TableState& table, int field, const Expression& value) {
          std::to_string(table.Numero()) + ", " + std::to_string(field) + ")";
 }
 
-Expression ColonneDeListe(std::size_t place, const FieldDef& field) {
-  Expression e;
-  e.sql = "k" + std::to_string(place);
-  e.kind = GenreDe(field.type);
-  return e;
-}
-
 }  // namespace
 
 Change DialectParser::Changement() {
@@ -35,13 +28,8 @@ Change DialectParser::Changement() {
                      "Invalid SQL statement; expected 'DELETE', 'INSERT', 'SELECT', or 'UPDATE'.");
 }
 
-// DELETE [* | table.*] FROM table [WHERE ...]
+// DELETE FROM table [WHERE ...]
 Change DialectParser::LitDelete() {
-  if (EstToutesColonnes() && !Symbole("*")) {
-    Nom();
-    ExigeSymbole(".");
-    ExigeSymbole("*");
-  }
   ExigeMot("FROM");
   const std::string name = Nom();
   AjouteSource(name, name);
@@ -102,7 +90,7 @@ std::vector<int> DialectParser::LitColonnes(const TableState& table) {
   return columns;
 }
 
-// INSERT INTO table [(columns)] VALUES (...) or SELECT ...
+// INSERT INTO table [(columns)] VALUES (...)
 Change DialectParser::LitInsert() {
   ExigeMot("INTO");
   const std::string name = Nom();
@@ -120,46 +108,18 @@ Change DialectParser::LitInsert() {
   }
   sources_.clear();
 
-  std::vector<Expression> values;
-  std::string from;
-  if (EstMot("SELECT")) {
-    Selection rows = Select();
-    if (rows.fields.size() != columns.size()) Syntaxe();
-    if (rows.table != nullptr) rows.sql = SelectEntier(rows);
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-      values.push_back(ColonneDeListe(i, rows.fields[i]));
-    }
-    from = " FROM (" + rows.sql + ")";
-  } else {
-    ExigeMot("VALUES");
-    values = LitArguments();
-    ExigeFin();
-    if (values.size() != columns.size()) Syntaxe();
-  }
+  ExigeMot("VALUES");
+  const std::vector<Expression> values = LitArguments();
+  ExigeFin();
+  if (values.size() != columns.size()) Syntaxe();
   std::string names;
   std::string stored;
   for (std::size_t i = 0; i < columns.size(); ++i) {
     names += (i == 0 ? "" : ", ") + table.ChampSql(columns[i]);
     stored += (i == 0 ? "" : ", ") + Range(table, columns[i], values[i]);
   }
-  change.sql = "INSERT INTO " + table.NomSql() + " (" + names + ") SELECT " + stored + from;
+  change.sql = "INSERT INTO " + table.NomSql() + " (" + names + ") VALUES (" + stored + ")";
   return change;
-}
-
-// SELECT * of one table, its columns named k0, k1, ...
-std::string DialectParser::SelectEntier(const Selection& rows) {
-  std::string sql = "SELECT ";
-  for (std::size_t i = 0; i < rows.fields.size(); ++i) {
-    sql +=
-        (i == 0 ? "" : ", ") + EntreGuillemets(rows.fields[i].name) + " AS k" + std::to_string(i);
-  }
-  sql += " FROM " + rows.table->NomSql();
-  if (!rows.condition.empty()) sql += " WHERE " + rows.condition;
-  for (std::size_t i = 0; i < rows.order.size(); ++i) {
-    sql += (i == 0 ? " ORDER BY " : ", ") + rows.order[i].sql +
-           (rows.order[i].descending ? " DESC" : "");
-  }
-  return sql;
 }
 
 }  // namespace talpena::sqlite

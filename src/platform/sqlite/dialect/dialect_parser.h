@@ -119,7 +119,6 @@ class DialectParser {
   Change LitUpdate();
   Change LitInsert();
   std::vector<int> LitColonnes(const TableState& table);
-  static std::string SelectEntier(const Selection& rows);
 
   class Profondeur;
 

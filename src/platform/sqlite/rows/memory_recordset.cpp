@@ -1,6 +1,7 @@
 #include "platform/sqlite/rows/memory_recordset.h"
 
 #include <algorithm>
+#include <limits>
 
 #include "common/text.h"
 #include "platform/sqlite/dialect/dialect.h"
@@ -95,6 +96,42 @@ bool MemoryRecordset::Cherche(std::string_view condition, std::int64_t from) {
   if (!statement.Avance()) return false;
   Va(std::max<std::int64_t>(from, 0) + statement.Entier(0));
   return true;
+}
+
+void MemoryRecordset::LitLignes(std::span<const Bookmark> rows, const RowVisitor& visit) {
+  std::vector<Bookmark> chosen(rows.begin(), rows.end());
+  std::sort(chosen.begin(), chosen.end());
+  chosen.erase(std::unique(chosen.begin(), chosen.end()), chosen.end());
+  std::vector<Cell> cells(data_->fields.size());
+  for (const Bookmark row : chosen) {
+    if (PositionDe(row) < 0) continue;
+    data_->rows.Lit(static_cast<std::size_t>(row - 1), cells);
+    visit(row, cells);
+  }
+}
+
+// One row a block: nothing draws from such rows by the thousand.
+void MemoryRecordset::LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
+                                 const NumberVisitor& visit) {
+  std::vector<Cell> cells(data_->fields.size());
+  for (const int field : fields) {
+    if (field < 0 || static_cast<std::size_t>(field) >= cells.size()) throw ChampIntrouvable();
+  }
+  std::vector<double> numbers;
+  const auto count = only == nullptr ? data_->rows.Lignes() : only->size();
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::int64_t position =
+        only == nullptr ? static_cast<std::int64_t>(i) : PositionDe((*only)[i]);
+    if (position < 0) continue;
+    data_->rows.Lit(static_cast<std::size_t>(position), cells);
+    numbers.clear();
+    for (const int field : fields) {
+      const Cell& cell = cells[static_cast<std::size_t>(field)];
+      if (cell.kind == Cell::Kind::Text) throw ConversionImpossible();
+      numbers.push_back(cell.EstNull() ? std::numeric_limits<double>::quiet_NaN() : cell.Nombre());
+    }
+    visit({1, fields.size(), numbers});
+  }
 }
 
 std::unique_ptr<Recordset> MemoryRecordset::Clone() {

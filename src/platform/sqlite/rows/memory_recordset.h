@@ -35,6 +35,9 @@ class MemoryRecordset final : public Recordset {
   void SetBookmark(Bookmark bookmark) override;
   std::int64_t AbsolutePosition() const override { return SurLigne() ? position_ : -1; }
   void SetAbsolutePosition(std::int64_t position) override;
+  std::int64_t PositionDe(Bookmark row) const override {
+    return row >= 1 && row <= Nombre() ? row - 1 : -1;
+  }
 
   Cell Get(int field) override;
   void AddNew() override { Refuse(); }
@@ -44,6 +47,16 @@ class MemoryRecordset final : public Recordset {
   void CancelUpdate() override { Refuse(); }
   Bookmark LastModified() const override { Refuse(); }
   void Delete() override { Refuse(); }
+  std::int64_t ModifieLignes(const RowPass&, RowChange&) override { Refuse(); }
+  std::int64_t RemplitLignes(std::span<const int>, std::span<const Cell>,
+                             const Progress&) override {
+    Refuse();
+  }
+  std::int64_t SupprimeLignes(std::span<const Bookmark>) override { Refuse(); }
+  void RetablitLignes(std::span<const RowPlace>, RowSource&) override { Refuse(); }
+  void LitLignes(std::span<const Bookmark> rows, const RowVisitor& visit) override;
+  void LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
+                  const NumberVisitor& visit) override;
 
   bool FindFirst(std::string_view condition) override { return Cherche(condition, 0); }
   bool FindNext(std::string_view condition) override { return Cherche(condition, position_ + 1); }

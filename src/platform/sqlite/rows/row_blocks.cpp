@@ -4,6 +4,12 @@
 #include <limits>
 
 namespace talpena::sqlite {
+namespace {
+
+/// Neighbouring keys from which on a statement of their own is worth it.
+constexpr std::size_t ShortestRun = 16;
+
+}  // namespace
 
 std::string ConditionSurCles(const std::string& key, Rows rows) {
   return key + (rows == Rows::KeyRange
@@ -18,6 +24,31 @@ bool KeySource::Suivante(std::span<const Cell>& cells) {
   return true;
 }
 
+std::optional<RowKey> CleDe(Bookmark row) {
+  if (row < std::numeric_limits<RowKey>::min() || row > std::numeric_limits<RowKey>::max()) {
+    return std::nullopt;
+  }
+  return static_cast<RowKey>(row);
+}
+
+// Chosen rows mostly stand together, and then their keys do.
+KeyRuns EnSuites(std::span<const RowKey> keys) {
+  KeyRuns result;
+  for (std::size_t first = 0; first < keys.size();) {
+    std::size_t behind = first + 1;
+    while (behind < keys.size() && keys[behind] == keys[behind - 1] + 1) ++behind;
+    if (behind - first < ShortestRun) {
+      result.scattered.insert(result.scattered.end(),
+                              keys.begin() + static_cast<std::ptrdiff_t>(first),
+                              keys.begin() + static_cast<std::ptrdiff_t>(behind));
+    } else {
+      result.runs.emplace_back(keys[first], keys[behind - 1]);
+    }
+    first = behind;
+  }
+  return result;
+}
+
 std::vector<RowKey> ClesDe(const RowList& rows, std::optional<std::span<const Bookmark>> only) {
   std::vector<RowKey> keys;
   if (!only) {
@@ -28,12 +59,9 @@ std::vector<RowKey> ClesDe(const RowList& rows, std::optional<std::span<const Bo
   } else {
     keys.reserve(only->size());
     for (const Bookmark bookmark : *only) {
-      if (bookmark < std::numeric_limits<RowKey>::min() ||
-          bookmark > std::numeric_limits<RowKey>::max()) {
-        continue;
-      }
-      const auto slot = rows.Place(static_cast<RowKey>(bookmark));
-      if (slot && rows.Vivant(*slot)) keys.push_back(static_cast<RowKey>(bookmark));
+      const auto key = CleDe(bookmark);
+      const auto slot = key ? rows.Place(*key) : std::nullopt;
+      if (slot && rows.Vivant(*slot)) keys.push_back(*key);
     }
   }
   if (!std::is_sorted(keys.begin(), keys.end())) std::sort(keys.begin(), keys.end());

@@ -4,6 +4,7 @@
 #include <functional>
 #include <optional>
 #include <span>
+#include <utility>
 #include <vector>
 
 #include "platform/sqlite/rows/row_list.h"
@@ -34,6 +35,16 @@ class KeySource final : public SourceRows {
   std::size_t next_ = 0;
   Cell cell_;
 };
+
+/// The key that a bookmark stands for; empty when it can be none.
+std::optional<RowKey> CleDe(Bookmark row);
+
+/// Rising keys, sorted into runs of neighbours, named by first and last, and single ones.
+struct KeyRuns {
+  std::vector<std::pair<RowKey, RowKey>> runs;
+  std::vector<RowKey> scattered;
+};
+KeyRuns EnSuites(std::span<const RowKey> keys);
 
 /// The keys of a list that are alive and, if `only` is given, named there; rising, each once.
 std::vector<RowKey> ClesDe(const RowList& rows, std::optional<std::span<const Bookmark>> only);

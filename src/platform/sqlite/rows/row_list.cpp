@@ -1,29 +1,22 @@
 #include "platform/sqlite/rows/row_list.h"
 
 #include <algorithm>
-#include <bit>
+#include <utility>
 
 namespace talpena::sqlite {
-namespace {
-
-constexpr std::size_t WordSlots = 64;
-constexpr std::size_t BlockSlots = 4096;
-
-std::size_t NombreDe(std::size_t slots, std::size_t per) { return (slots + per - 1) / per; }
-
-}  // namespace
 
 RowList RowList::Etendue(RowKey first, RowKey last, bool falling) {
   RowList list;
   list.range_ = true;
   list.falling_ = falling;
   list.first_ = falling ? last : first;
-  list.count_ = last < first ? 0 : static_cast<std::size_t>(last - first) + 1;
-  list.rising_ = !falling || list.count_ < 2;
+  const std::size_t count = last < first ? 0 : static_cast<std::size_t>(last - first) + 1;
+  list.marks_ = SlotMarks(count);
+  list.rising_ = !falling || count < 2;
   return list;
 }
 
-RowList::RowList(std::vector<RowKey> keys) : count_(keys.size()), keys_(std::move(keys)) {
+RowList::RowList(std::vector<RowKey> keys) : keys_(std::move(keys)), marks_(keys_.size()) {
   rising_ = std::is_sorted(keys_.begin(), keys_.end());
 }
 
@@ -33,15 +26,10 @@ RowKey RowList::Cle(std::size_t slot) const {
   return falling_ ? first_ - offset : first_ + offset;
 }
 
-bool RowList::Vivant(std::size_t slot) const {
-  if (slot >= count_) return false;
-  return dead_.empty() || ((dead_[slot / WordSlots] >> (slot % WordSlots)) & 1) == 0;
-}
-
 std::optional<std::size_t> RowList::Place(RowKey key) const {
   if (range_) {
     const std::int64_t offset = falling_ ? std::int64_t{first_} - key : std::int64_t{key} - first_;
-    if (offset < 0 || offset >= static_cast<std::int64_t>(count_)) return std::nullopt;
+    if (offset < 0 || offset >= static_cast<std::int64_t>(Slots())) return std::nullopt;
     return static_cast<std::size_t>(offset);
   }
   if (rising_) {
@@ -95,94 +83,20 @@ void RowList::AjouteInverse(RowKey key) {
   inverse_[index] = static_cast<std::uint32_t>(keys_.size());
 }
 
-std::optional<std::size_t> RowList::Suivant(std::size_t from) const {
-  if (from >= count_) return std::nullopt;
-  if (deadCount_ == 0) return from;
-  std::size_t slot = from;
-  while (slot < count_) {
-    const std::size_t block = slot / BlockSlots;
-    if (slot % BlockSlots == 0 && deadPerBlock_[block] == BlockSlots) {
-      slot += BlockSlots;
-      continue;
-    }
-    const std::uint64_t alive = ~dead_[slot / WordSlots] >> (slot % WordSlots);
-    if (alive != 0) {
-      slot += static_cast<std::size_t>(std::countr_zero(alive));
-      return slot < count_ ? std::optional(slot) : std::nullopt;
-    }
-    slot = (slot / WordSlots + 1) * WordSlots;
-  }
-  return std::nullopt;
-}
-
-std::optional<std::size_t> RowList::Precedent(std::size_t from) const {
-  if (count_ == 0) return std::nullopt;
-  std::size_t slot = std::min(from, count_ - 1);
-  if (deadCount_ == 0) return slot;
-  for (;;) {
-    const std::size_t block = slot / BlockSlots;
-    if (slot % BlockSlots == BlockSlots - 1 && deadPerBlock_[block] == BlockSlots) {
-      if (block == 0) return std::nullopt;
-      slot = block * BlockSlots - 1;
-      continue;
-    }
-    const std::size_t bit = slot % WordSlots;
-    const std::uint64_t alive = ~dead_[slot / WordSlots] << (WordSlots - 1 - bit);
-    if (alive != 0) return slot - static_cast<std::size_t>(std::countl_zero(alive));
-    if (slot < WordSlots) return std::nullopt;
-    slot = (slot / WordSlots) * WordSlots - 1;
-  }
-}
-
-std::int64_t RowList::Rang(std::size_t slot) const {
-  if (deadCount_ == 0) return static_cast<std::int64_t>(slot);
-  std::size_t dead = 0;
-  const std::size_t block = slot / BlockSlots;
-  for (std::size_t i = 0; i < block; ++i) dead += deadPerBlock_[i];
-  for (std::size_t word = block * (BlockSlots / WordSlots); word < slot / WordSlots; ++word) {
-    dead += static_cast<std::size_t>(std::popcount(dead_[word]));
-  }
-  if (slot % WordSlots != 0) {
-    const std::uint64_t below = (std::uint64_t{1} << (slot % WordSlots)) - 1;
-    dead += static_cast<std::size_t>(std::popcount(dead_[slot / WordSlots] & below));
-  }
-  return static_cast<std::int64_t>(slot - dead);
-}
-
-std::optional<std::size_t> RowList::SlotDuRang(std::int64_t rank) const {
-  if (rank < 0 || rank >= Vivants()) return std::nullopt;
-  auto left = static_cast<std::size_t>(rank);
-  if (deadCount_ == 0) return left;
-  std::size_t slot = 0;
-  for (std::size_t block = 0;; ++block) {
-    const std::size_t alive = BlockSlots - deadPerBlock_[block];
-    if (left < alive) break;
-    left -= alive;
-    slot += BlockSlots;
-  }
-  for (;; slot += WordSlots) {
-    const auto alive = static_cast<std::size_t>(std::popcount(~dead_[slot / WordSlots]));
-    if (left < alive) break;
-    left -= alive;
-  }
-  std::uint64_t alive = ~dead_[slot / WordSlots];
-  for (; left > 0; --left) alive &= alive - 1;
-  return slot + static_cast<std::size_t>(std::countr_zero(alive));
-}
-
 void RowList::Enumere() {
-  keys_.resize(count_);
-  for (std::size_t slot = 0; slot < count_; ++slot) keys_[slot] = Cle(slot);
+  if (!range_) return;
+  keys_.resize(Slots());
+  for (std::size_t slot = 0; slot < Slots(); ++slot) keys_[slot] = Cle(slot);
   range_ = false;
 }
 
 void RowList::Ajoute(RowKey key) {
   SauveEtat();
-  if (count_ == 0 && range_) {
+  if (Slots() == 0 && range_) {
     first_ = key;
     falling_ = false;
-  } else if (range_ && (falling_ || std::int64_t{key} !=
-                                        std::int64_t{first_} + static_cast<std::int64_t>(count_))) {
+  } else if (range_ && (falling_ || std::int64_t{key} != std::int64_t{first_} +
+                                                             static_cast<std::int64_t>(Slots()))) {
     Enumere();
   }
   if (!range_) {
@@ -190,45 +104,83 @@ void RowList::Ajoute(RowKey key) {
     keys_.push_back(key);
     if (inverseReady_) AjouteInverse(key);
   }
-  ++count_;
-  if (!dead_.empty()) {
-    dead_.resize(NombreDe(count_, WordSlots), 0);
-    deadPerBlock_.resize(NombreDe(count_, BlockSlots), 0);
-  }
+  marks_.Ajoute();
 }
 
 void RowList::SauveEtat() {
-  if (!inTransaction_ || saved_) return;
-  saved_ = Saved{count_, deadCount_, dead_, deadPerBlock_};
-}
-
-void RowList::Tue(std::size_t slot) {
-  if (!Vivant(slot)) return;
-  SauveEtat();
-  if (dead_.empty()) {
-    dead_.assign(NombreDe(count_, WordSlots), 0);
-    deadPerBlock_.assign(NombreDe(count_, BlockSlots), 0);
-  }
-  dead_[slot / WordSlots] |= std::uint64_t{1} << (slot % WordSlots);
-  ++deadPerBlock_[slot / BlockSlots];
-  ++deadCount_;
+  if (inTransaction_ && !saved_) saved_ = marks_;
 }
 
 void RowList::Supprime(RowKey key) {
-  if (const auto slot = Place(key)) Tue(*slot);
+  const auto slot = Place(key);
+  if (!slot || !Vivant(*slot)) return;
+  SauveEtat();
+  marks_.Tue(*slot);
 }
 
 void RowList::SupprimeTout() {
   SauveEtat();
-  dead_.assign(NombreDe(count_, WordSlots), ~std::uint64_t{0});
-  deadPerBlock_.assign(NombreDe(count_, BlockSlots), BlockSlots);
-  if (!deadPerBlock_.empty() && count_ % BlockSlots != 0) {
-    deadPerBlock_.back() = static_cast<std::uint32_t>(count_ % BlockSlots);
+  marks_.TueTout();
+}
+
+bool RowList::Ranime(RowKey key) {
+  const auto slot = Place(key);
+  if (!slot) return false;
+  if (Vivant(*slot)) return true;
+  SauveEtat();
+  marks_.Ranime(*slot);
+  return true;
+}
+
+// The slots that the arrivals go before, as the list is now.
+std::vector<std::size_t> RowList::Emplacements(const std::vector<Arrival>& arrivals) const {
+  std::vector<std::size_t> before;
+  before.reserve(arrivals.size());
+  std::int64_t rank = 0;
+  for (auto slot = Suivant(0); slot && before.size() < arrivals.size(); ++rank) {
+    if (arrivals[before.size()].rank <= rank) {
+      before.push_back(*slot);
+    } else {
+      slot = Suivant(*slot + 1);
+    }
   }
-  if (!dead_.empty() && count_ % WordSlots != 0) {
-    dead_.back() = (std::uint64_t{1} << (count_ % WordSlots)) - 1;
+  before.resize(arrivals.size(), Slots());
+  return before;
+}
+
+// In what a transaction would bring back the arrivals have slots too, dead ones: so the slots of
+// that state and of this one stay the same, and with them the places of cursors.
+void RowList::ElargitEtat(const std::vector<std::size_t>& before) {
+  if (!saved_) return;
+  const auto end = std::lower_bound(before.begin(), before.end(), saved_->Nombre());
+  saved_->Intercale({before.begin(), end}, false);
+}
+
+void RowList::Intercale(std::vector<Arrival> arrivals) {
+  if (arrivals.empty()) return;
+  SauveEtat();
+  Enumere();
+  std::stable_sort(arrivals.begin(), arrivals.end(),
+                   [](const Arrival& a, const Arrival& b) { return a.rank < b.rank; });
+  const std::vector<std::size_t> before = Emplacements(arrivals);
+  std::vector<RowKey> keys;
+  keys.reserve(keys_.size() + arrivals.size());
+  std::size_t from = 0;
+  for (std::size_t i = 0; i < arrivals.size(); from = before[i++]) {
+    keys.insert(keys.end(), keys_.begin() + static_cast<std::ptrdiff_t>(from),
+                keys_.begin() + static_cast<std::ptrdiff_t>(before[i]));
+    keys.push_back(arrivals[i].key);
   }
-  deadCount_ = count_;
+  keys.insert(keys.end(), keys_.begin() + static_cast<std::ptrdiff_t>(from), keys_.end());
+  keys_ = std::move(keys);
+  ElargitEtat(before);
+  marks_.Intercale(before, true);
+  for (std::size_t* cursor : cursors_) {
+    *cursor += static_cast<std::size_t>(std::upper_bound(before.begin(), before.end(), *cursor) -
+                                        before.begin());
+  }
+  rising_ = std::is_sorted(keys_.begin(), keys_.end());
+  inverseReady_ = false;
 }
 
 void RowList::Debut() {
@@ -239,13 +191,10 @@ void RowList::Debut() {
 void RowList::Annule() {
   inTransaction_ = false;
   if (!saved_) return;
-  count_ = saved_->count;
-  deadCount_ = saved_->deadCount;
-  dead_ = std::move(saved_->dead);
-  deadPerBlock_ = std::move(saved_->deadPerBlock);
+  marks_ = std::move(*saved_);
   saved_.reset();
   if (!range_) {
-    keys_.resize(count_);
+    keys_.resize(Slots());
     rising_ = std::is_sorted(keys_.begin(), keys_.end());
   }
   inverseReady_ = false;

@@ -1,11 +1,11 @@
 #include "platform/sqlite/rows/table_recordset.h"
 
 #include <algorithm>
-#include <limits>
 
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/dialect/dialect.h"
 #include "platform/sqlite/errors.h"
+#include "platform/sqlite/rows/row_blocks.h"
 
 namespace talpena::sqlite {
 namespace {
@@ -24,10 +24,14 @@ TableRecordset::TableRecordset(std::shared_ptr<Connection> connection,
       values_(Fields().size()),
       set_(Fields().size()) {
   connection_->Inscrit(this);
+  rows_->Inscrit(&slot_);
   TableRecordset::MoveFirst();
 }
 
-TableRecordset::~TableRecordset() { connection_->Raye(this); }
+TableRecordset::~TableRecordset() {
+  rows_->Raye(&slot_);
+  connection_->Raye(this);
+}
 
 int TableRecordset::FieldIndex(std::string_view name) const {
   const int field = table_->Champ(name);
@@ -75,18 +79,25 @@ Bookmark TableRecordset::GetBookmark() const {
   return rows_->Cle(slot_);
 }
 
+std::optional<std::size_t> TableRecordset::SlotDe(Bookmark row) const {
+  const auto key = CleDe(row);
+  const auto slot = key ? rows_->Place(*key) : std::nullopt;
+  return slot && rows_->Vivant(*slot) ? slot : std::nullopt;
+}
+
 void TableRecordset::SetBookmark(Bookmark bookmark) {
-  if (bookmark < std::numeric_limits<RowKey>::min() ||
-      bookmark > std::numeric_limits<RowKey>::max()) {
-    throw SignetInvalide();
-  }
-  const auto slot = rows_->Place(static_cast<RowKey>(bookmark));
-  if (!slot || !rows_->Vivant(*slot)) throw SignetInvalide();
+  const auto slot = SlotDe(bookmark);
+  if (!slot) throw SignetInvalide();
   VaA(slot, Place::Before);
 }
 
 std::int64_t TableRecordset::AbsolutePosition() const {
   return SurLigne() ? rows_->Rang(slot_) : -1;
+}
+
+std::int64_t TableRecordset::PositionDe(Bookmark row) const {
+  const auto slot = SlotDe(row);
+  return slot ? rows_->Rang(*slot) : -1;
 }
 
 void TableRecordset::SetAbsolutePosition(std::int64_t position) {

@@ -34,6 +34,7 @@ class TableRecordset final : public Recordset, private RunningReader {
   void SetBookmark(Bookmark bookmark) override;
   std::int64_t AbsolutePosition() const override;
   void SetAbsolutePosition(std::int64_t position) override;
+  std::int64_t PositionDe(Bookmark row) const override;
 
   Cell Get(int field) override;
   void LitLigne(std::span<Cell> cells) override;
@@ -50,6 +51,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   std::int64_t SupprimeLignes(std::span<const Bookmark> rows) override;
   void LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
                   const NumberVisitor& visit) override;
+  void LitLignes(std::span<const Bookmark> rows, const RowVisitor& visit) override;
+  void RetablitLignes(std::span<const RowPlace> places, RowSource& values) override;
 
   bool FindFirst(std::string_view condition) override;
   bool FindNext(std::string_view condition) override;
@@ -64,6 +67,7 @@ class TableRecordset final : public Recordset, private RunningReader {
 
   void VaA(std::optional<std::size_t> slot, Place otherwise);
   bool SurLigne() const { return place_ == Place::On && rows_->Vivant(slot_); }
+  std::optional<std::size_t> SlotDe(Bookmark row) const;  ///< of a row that is shown
   RowKey CleCourante() const;  ///< RecordDeleted (3167), NoCurrentRecord (3021)
   void ExigeChamp(int field) const;
   void ExigeEcriture() const;
@@ -82,6 +86,7 @@ class TableRecordset final : public Recordset, private RunningReader {
   void ExecuteSuppression(std::span<const RowKey> keys);
   void VerifieChampsEcrits(std::span<const int> fields) const;
   std::optional<std::pair<std::int64_t, std::int64_t>> EtendueDeToutes();
+  void ReprendLignes(std::span<const RowPlace> places);
 
   std::optional<std::size_t> Cherche(std::string_view condition, std::size_t from);
   std::optional<std::size_t> ChercheEnSuite(const std::string& sql, std::size_t from);

@@ -9,9 +9,6 @@
 namespace talpena::sqlite {
 namespace {
 
-/// Neighbouring keys from which on a statement of their own is worth it.
-constexpr std::size_t ShortestRun = 16;
-
 /// Place of the first value among the parameters: behind those that name the rows.
 constexpr int FirstValue = 3;
 
@@ -81,27 +78,18 @@ void TableRecordset::LitNombres(std::span<const int> fields, const std::vector<B
   only == nullptr ? reader.LitTout(*rows_) : reader.LitNommees(*rows_, *only);
 }
 
-// Chosen rows mostly stand together, and then their keys do: a run of them goes by its ends.
 void TableRecordset::ExecuteSuppression(std::span<const RowKey> keys) {
   const std::string sql = "DELETE FROM " + table_->NomSql() + " WHERE ";
+  const KeyRuns chosen = EnSuites(keys);
   Statement run = connection_->Prepare(sql + ConditionSurCles(table_->CleSql(), Rows::KeyRange));
-  std::vector<RowKey> scattered;
-  for (std::size_t first = 0; first < keys.size();) {
-    std::size_t behind = first + 1;
-    while (behind < keys.size() && keys[behind] == keys[behind - 1] + 1) ++behind;
-    if (behind - first < ShortestRun) {
-      scattered.insert(scattered.end(), keys.begin() + static_cast<std::ptrdiff_t>(first),
-                       keys.begin() + static_cast<std::ptrdiff_t>(behind));
-    } else {
-      run.Lie(1, std::int64_t{keys[first]});
-      run.Lie(2, std::int64_t{keys[behind - 1]});
-      run.Execute();
-    }
-    first = behind;
+  for (const auto& [first, last] : chosen.runs) {
+    run.Lie(1, std::int64_t{first});
+    run.Lie(2, std::int64_t{last});
+    run.Execute();
   }
-  if (scattered.empty()) return;
+  if (chosen.scattered.empty()) return;
   Statement list = connection_->Prepare(sql + ConditionSurCles(table_->CleSql(), Rows::KeyList));
-  KeySource source(scattered);
+  KeySource source(chosen.scattered);
   list.LiePointeur(1, static_cast<SourceRows*>(&source), SourcePointer);
   list.Execute();
 }

@@ -353,12 +353,8 @@ TEST_F(DialectTest, StatementsThatChangeRows) {
   EXPECT_EQ(Lignes("COMMENT = '4.1'"), "1");
   EXPECT_EQ(database->Execute("UPDATE TALPENA SET [DATE] = #1/2/2003# WHERE N1 = 1"), 1);
   EXPECT_EQ(Lignes("DATE = '2003/01/02'"), "1");
-  EXPECT_EQ(database->Execute("DELETE * FROM TALPENA WHERE N1 = 5"), 1);
-  EXPECT_EQ(database->Execute("DELETE TALPENA.* FROM TALPENA WHERE N1 = 4;"), 1);
-  EXPECT_EQ(database->Execute("INSERT INTO TALPENA (N1, LATITUDE) SELECT N1 + 100, LATITUDE FROM "
-                              "TALPENA WHERE N1 < 3"),
-            2);
-  EXPECT_EQ(Lignes("N1 > 100 AND LATITUDE IN (0.1, 4.1)"), "101 102");
+  EXPECT_EQ(database->Execute("DELETE FROM TALPENA WHERE N1 = 5"), 1);
+  EXPECT_EQ(database->Execute("DELETE FROM TALPENA WHERE TALPENA.N1 = 4;"), 1);
   EXPECT_EQ(database->Execute("INSERT INTO TALPENA (Counter, N1) VALUES (50, 50)"), 1);
   EXPECT_EQ(Lignes("Counter = 50"), "50");
 }
@@ -377,7 +373,9 @@ TEST_F(DialectTest, StatementsThatAreRefused) {
         Case{"UPDATE TALPENA SET LATITUDE = Exp(1000)", 6},
         Case{"INSERT INTO TALPENA (N1) VALUES (1, 2)", 3075},
         Case{"INSERT INTO TALPENA (N1, N1) VALUES (1, 2)", 3075},
-        Case{"INSERT INTO TALPENA (Counter) VALUES (1)", 3022},
+        Case{"INSERT INTO TALPENA (Counter) VALUES (1)", 3022}, Case{"DELETE * FROM TALPENA", 3075},
+        Case{"DELETE TALPENA.* FROM TALPENA", 3075},
+        Case{"INSERT INTO TALPENA (N1) SELECT N2 FROM TALPENA", 3075},
         Case{"DELETE FROM TALPENA; DELETE FROM TALPENA", 3142}, Case{"DELETE TALPENA", 3075},
         Case{"UPDATE TALPENA", 3075}}) {
     EXPECT_EQ(FailureOf([&] { database->Execute(c.statement); }).number, c.number) << c.statement;

@@ -5,6 +5,7 @@
 
 #include "common/talpena_error.h"
 #include "platform/sqlite/engine_fixture.h"
+#include "platform/sqlite/rows/plain_rows.h"
 
 namespace talpena {
 namespace {
@@ -45,8 +46,7 @@ class NumberRowsTest : public EngineTest, public ::testing::WithParamInterface<b
         }
       }
     };
-    GetParam() ? rows.LitNombres(fields, only, note)
-               : rows.Recordset::LitNombres(fields, only, note);
+    GetParam() ? rows.LitNombres(fields, only, note) : plain::LitNombres(rows, fields, only, note);
     return all;
   }
   /// The same by the plain loop over a clone.
@@ -162,7 +162,7 @@ TEST_P(NumberRowsTest, ThrowsOnWhatTheVisitorThrowsAndTheCursorStays) {
   };
   EXPECT_EQ(FailureOf([&] {
               GetParam() ? rows->LitNombres(fields, nullptr, stop)
-                         : rows->Recordset::LitNombres(fields, nullptr, stop);
+                         : plain::LitNombres(*rows, fields, nullptr, stop);
             }).number,
             ErrorNumber::DiskFull);
   EXPECT_EQ(rows->AbsolutePosition(), 77);
@@ -179,7 +179,7 @@ TEST_P(NumberRowsTest, MayReadTheTableMeanwhile) {
     EXPECT_EQ(EnBoucle(*rows, fields).size(), 9 * 2 + 11 * 3U);
   };
   GetParam() ? rows->LitNombres(fields, nullptr, look)
-             : rows->Recordset::LitNombres(fields, nullptr, look);
+             : plain::LitNombres(*rows, fields, nullptr, look);
   EXPECT_EQ(seen, 20U);
 }
 

@@ -3,6 +3,7 @@
 
 #include "common/talpena_error.h"
 #include "platform/sqlite/engine_fixture.h"
+#include "platform/sqlite/rows/plain_rows.h"
 
 namespace talpena {
 namespace {
@@ -17,7 +18,7 @@ using Bookmarks = std::vector<Bookmark>;
 class RowBulkTest : public EngineTest, public ::testing::WithParamInterface<bool> {
  protected:
   static std::int64_t Supprime(Recordset& rows, const Bookmarks& chosen) {
-    return GetParam() ? rows.SupprimeLignes(chosen) : rows.Recordset::SupprimeLignes(chosen);
+    return GetParam() ? rows.SupprimeLignes(chosen) : plain::SupprimeLignes(rows, chosen);
   }
   std::int64_t Remplit(Recordset& rows, std::vector<int> fields, std::vector<Cell> values) {
     const auto avance = [this](std::int64_t done, std::int64_t total) {
@@ -25,7 +26,7 @@ class RowBulkTest : public EngineTest, public ::testing::WithParamInterface<bool
       if (meanwhile) meanwhile();
     };
     return GetParam() ? rows.RemplitLignes(fields, values, avance)
-                      : rows.Recordset::RemplitLignes(fields, values, avance);
+                      : plain::RemplitLignes(rows, fields, values, avance);
   }
   static Bookmarks Signets(Bookmark first, Bookmark last) {
     Bookmarks rows(static_cast<std::size_t>(last - first + 1));

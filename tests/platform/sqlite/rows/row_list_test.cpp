@@ -140,6 +140,48 @@ TEST(RowList, ATransactionCanBeTakenBack) {
   }
 }
 
+TEST(RowList, DeadRowsLiveAgainAtTheirSlotsAndOthersAreTakenUp) {
+  std::mt19937 random(23);
+  for (const Start& start : Departs()) {
+    SCOPED_TRACE(start.name);
+    RowList list = Fait(start);
+    Model model{start.keys, std::vector<bool>(start.keys.size(), true)};
+    RowKey next = -1;
+    for (int round = 0; round < 3; ++round) {
+      for (int i = 0; i < 600 && !model.keys.empty(); ++i) {
+        const std::size_t slot = random() % model.keys.size();
+        const bool dies = random() % 2 == 0;
+        dies ? list.Supprime(model.keys[slot]) : static_cast<void>(list.Ranime(model.keys[slot]));
+        model.alive[slot] = !dies;
+      }
+      EXPECT_FALSE(list.Ranime(77777777));
+      std::size_t cursor = model.keys.size() / 2;
+      const RowKey under = model.keys.empty() ? 0 : model.keys[cursor];
+      list.Inscrit(&cursor);
+      std::vector<RowList::Arrival> arrivals;
+      for (int i = 0; i < 40; ++i) {
+        const auto rank = static_cast<std::int64_t>(random() % (model.keys.size() + 50));
+        arrivals.push_back({rank, next--});
+      }
+      std::stable_sort(arrivals.begin(), arrivals.end(),
+                       [](const auto& a, const auto& b) { return a.rank < b.rank; });
+      list.Intercale(arrivals);
+      std::size_t rank = 0;
+      for (const RowList::Arrival& arrival : arrivals) {
+        const std::vector<std::size_t> live = model.Vivants();
+        rank = std::max(rank, static_cast<std::size_t>(arrival.rank));
+        const std::size_t at = rank < live.size() ? live[rank] : model.keys.size();
+        model.keys.insert(model.keys.begin() + static_cast<std::ptrdiff_t>(at), arrival.key);
+        model.alive.insert(model.alive.begin() + static_cast<std::ptrdiff_t>(at), true);
+        ++rank;
+      }
+      Verifie(list, model);
+      if (under != 0) EXPECT_EQ(list.Cle(cursor), under);
+      list.Raye(&cursor);
+    }
+  }
+}
+
 TEST(RowList, ARangeGrowsAtItsEnd) {
   RowList list = RowList::Etendue(5, 7);
   list.Ajoute(8);

@@ -1,11 +1,11 @@
-#include "platform/table_engine.h"
+#include "platform/sqlite/rows/plain_rows.h"
 
 #include <algorithm>
 #include <limits>
 
 #include "common/talpena_error.h"
 
-namespace talpena {
+namespace talpena::plain {
 namespace {
 
 std::vector<Bookmark> LignesDe(Recordset& rows, const RowPass& pass) {
@@ -91,44 +91,43 @@ class Constant final : public RowChange {
 
 }  // namespace
 
-std::int64_t Recordset::RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
-                                      const Progress& avance) {
+std::int64_t RemplitLignes(Recordset& rows, std::span<const int> fields,
+                           std::span<const Cell> values, const Recordset::Progress& avance) {
   Constant change(values, avance);
-  return Recordset::ModifieLignes({.read = {}, .written = {fields.begin(), fields.end()}}, change);
+  return ModifieLignes(rows, {.read = {}, .written = {fields.begin(), fields.end()}}, change);
 }
 
-// Row by row; an engine that can do better does.
-std::int64_t Recordset::ModifieLignes(const RowPass& pass, RowChange& change) {
-  const auto rows = Clone();
-  const std::vector<Bookmark> keys = LignesDe(*rows, pass);
+std::int64_t ModifieLignes(Recordset& rows, const RowPass& pass, RowChange& change) {
+  const auto clone = rows.Clone();
+  const std::vector<Bookmark> keys = LignesDe(*clone, pass);
   const auto total = static_cast<std::int64_t>(keys.size());
   std::int64_t count = 0;
   std::int64_t done = 0;
   for (const Bookmark key : keys) {
-    if (VaALaLigne(*rows, key) && ModifieLigne(*rows, pass, change)) ++count;
+    if (VaALaLigne(*clone, key) && ModifieLigne(*clone, pass, change)) ++count;
     change.Avance(++done, total);
   }
   return count;
 }
 
-void Recordset::LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
-                           const NumberVisitor& visit) {
-  const auto rows = Clone();
+void LitNombres(Recordset& rows, std::span<const int> fields, const std::vector<Bookmark>* only,
+                const NumberVisitor& visit) {
+  const auto clone = rows.Clone();
   Numbers numbers(fields, visit);
   if (only != nullptr) {
     for (const Bookmark row : *only) {
-      if (VaALaLigne(*rows, row)) numbers.Ajoute(*rows);
+      if (VaALaLigne(*clone, row)) numbers.Ajoute(*clone);
     }
   } else {
-    for (rows->MoveFirst(); !rows->EOF_(); rows->MoveNext()) numbers.Ajoute(*rows);
+    for (clone->MoveFirst(); !clone->EOF_(); clone->MoveNext()) numbers.Ajoute(*clone);
   }
   numbers.Rend();
 }
 
-std::int64_t Recordset::SupprimeLignes(std::span<const Bookmark> rows) {
-  const auto clone = Clone();
+std::int64_t SupprimeLignes(Recordset& rows, std::span<const Bookmark> chosen) {
+  const auto clone = rows.Clone();
   std::int64_t count = 0;
-  for (const Bookmark row : rows) {
+  for (const Bookmark row : chosen) {
     if (!VaALaLigne(*clone, row)) continue;
     clone->Delete();
     ++count;
@@ -136,4 +135,4 @@ std::int64_t Recordset::SupprimeLignes(std::span<const Bookmark> rows) {
   return count;
 }
 
-}  // namespace talpena
+}  // namespace talpena::plain
