@@ -21,9 +21,10 @@ OF_THE_RUN = ("TALPENA_", "GTEST_", "QT_", "LC_", "LANG", "TZ", "TMPDIR", "HOME"
 
 
 def count(output, status):
-    """(passed, failed, skipped) from what GoogleTest prints, case after case."""
+    """(passed, failed, skipped) from what GoogleTest prints, case after case. Under some locales it
+    groups the digits of milliseconds."""
     def lines(mark):
-        return len(re.findall(rf"\[{mark}\] .*\(\d+ ms\)$", output, re.MULTILINE))
+        return len(re.findall(rf"\[{mark}\] .*\([\d.,]+ ms\)$", output, re.MULTILINE))
 
     passed, failed, skipped = lines("       OK "), lines("  FAILED  "), lines("  SKIPPED ")
     announced = re.search(r"^\[==========\] Running (\d+) tests? from", output, re.MULTILINE)
@@ -113,7 +114,7 @@ def main():
         print(output)
         print(f"the program ended with {run.returncode}")
     else:
-        for case in re.findall(r"^\[  SKIPPED \] .*\(\d+ ms\)$", output, re.MULTILINE):
+        for case in re.findall(r"^\[  SKIPPED \] .*\([\d.,]+ ms\)$", output, re.MULTILINE):
             print(case)
         if key is not None and passed:
             write(kept, key, line)
