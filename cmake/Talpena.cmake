@@ -61,10 +61,33 @@ function(talpena_test_options name)
   target_link_libraries(${name} PRIVATE talpena_warnings)
 endfunction()
 
-# talpena_test(name SOURCES a_test.cpp ... LINK lib ...): a GoogleTest program whose cases are
-# tests of their own. TALPENA_SOURCE_DIR and TALPENA_SHARED_DATA are defined for it.
+# One run of a test program: all its cases, or those of its shard, in one process. ALWAYS: what it
+# reads is more than scripts/run_cases.py can tell the state of. READS: what it reads beside data/
+# and tests/data/. COST, seconds: the longest start first.
+function(talpena_run entry program)
+  cmake_parse_arguments(ARG "ALWAYS" "COST" "READS;ENVIRONMENT" ${ARGN})
+  set(options)
+  if(ARG_ALWAYS)
+    list(APPEND options --always)
+  endif()
+  foreach(path IN LISTS ARG_READS)
+    list(APPEND options --reads ${path})
+  endforeach()
+  add_test(NAME ${entry}
+    COMMAND ${TALPENA_PYTHON} ${PROJECT_SOURCE_DIR}/scripts/run_cases.py ${options}
+      ${PROJECT_BINARY_DIR}/cases/${entry} $<TARGET_FILE:${program}>)
+  set_tests_properties(${entry} PROPERTIES TIMEOUT 900
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${ARG_ENVIRONMENT}")
+  if(ARG_COST)
+    set_tests_properties(${entry} PROPERTIES COST ${ARG_COST})
+  endif()
+endfunction()
+
+# talpena_test(name SOURCES a_test.cpp ... LINK lib ...): a GoogleTest program. TALPENA_SOURCE_DIR
+# and TALPENA_SHARED_DATA are defined for it. SHARDS: its cases run in so many processes, at once
+# where there are as many processors. The rest as for talpena_run.
 function(talpena_test name)
-  cmake_parse_arguments(ARG "WINDOWS" "" "SOURCES;LINK" ${ARGN})
+  cmake_parse_arguments(ARG "WINDOWS;ALWAYS" "SHARDS;COST" "SOURCES;LINK;READS" ${ARGN})
   if(NOT BUILD_TESTING)
     return()
   endif()
@@ -80,8 +103,19 @@ function(talpena_test name)
     target_link_libraries(${name} PRIVATE GTest::gtest_main)
     target_precompile_headers(${name} REUSE_FROM test_headers)
   endif()
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-    PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+  set(run COST ${ARG_COST} READS ${ARG_READS})
+  if(ARG_ALWAYS)
+    list(APPEND run ALWAYS)
+  endif()
+  if(NOT ARG_SHARDS)
+    talpena_run(${name} ${name} ${run})
+    return()
+  endif()
+  math(EXPR last "${ARG_SHARDS} - 1")
+  foreach(shard RANGE ${last})
+    talpena_run(${name}.${shard} ${name} ${run}
+      ENVIRONMENT "GTEST_TOTAL_SHARDS=${ARG_SHARDS};GTEST_SHARD_INDEX=${shard}")
+  endforeach()
 endfunction()
 
 # talpena_fuzz(name SOURCES a_fuzz.cpp LINK lib ... CORPUS dir): with TALPENA_FUZZ a libFuzzer

@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Runs clang-tidy over every source file of the program, several at a time. A file that was clean
-# is not looked at again until it, a header that it includes, or the checks change.
+# is not looked at again until it, a header that it includes, or the checks change: what was clean is
+# kept beside the compiler cache, by a hash of what the linter read, for every clone.
 # Ends on the line that test.sh counts: PASSED n FAILED n.
 set -uo pipefail
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
@@ -11,7 +12,9 @@ cd "$here" || exit 1
 need_packages $packages_build $packages_test
 
 # The build knows what each file includes, and makes what is generated.
-clean=build/tidy/clean
+clean=${XDG_CACHE_HOME:-$HOME/.cache}/talpena-tidy
+export clean
+find "$clean" -type f -mtime +60 -delete 2>/dev/null # changed long ago, or gone
 mkdir -p "$clean" build/tidy/findings
 if ! { { [ -f build/dev/build.ninja ] || cmake --preset dev >/dev/null; } &&
   cmake --build --preset dev >build/tidy/build.log 2>&1; }; then
@@ -24,7 +27,13 @@ fi
 sed -E 's/ -Winvalid-pch -include [^ ]*cmake_pch\.hxx//' build/dev/compile_commands.json \
   >build/tidy/compile_commands.json
 
-checks=$({ clang-tidy --version; cat .clang-tidy; } | sha256sum | cut -d' ' -f1)
+# What the linter reads beside our files: its checks, the flags, the headers of the packages.
+checks=$({
+  clang-tidy --version
+  cat .clang-tidy
+  sed "s,$here,,g" build/tidy/compile_commands.json | tr ' "' '\n\n' | grep '^-' | sort -u
+  dpkg-query -W 'clang*' 'libstdc++*' 'qt6*' 'libqt6*' 'libsqlite3*' 'libicu*' 'mdbtools*'
+} 2>/dev/null | sha256sum | cut -d' ' -f1)
 
 # "source key" a line: the key changes with the contents of all that the source includes of ours.
 keys() {
@@ -55,7 +64,7 @@ lint() { # source key
   local log=build/tidy/findings/$2
   if clang-tidy -p build/tidy --quiet --warnings-as-errors='*' --extra-arg=-w "$1" \
     >"$log" 2>/dev/null; then
-    touch "build/tidy/clean/$2"
+    touch "$clean/$2"
     rm -f "$log"
   else
     echo "$1"
@@ -66,6 +75,7 @@ export -f lint
 
 keys >build/tidy/keys
 while read -r source key; do
+  touch -c "$clean/$key" # in use
   [ -f "$clean/$key" ] || printf '%s %s\n' "$source" "$key"
 done <build/tidy/keys | xargs -r -P"$(nproc)" -L1 bash -c 'lint "$0" "$1"'
 

@@ -89,9 +89,19 @@ class Program:
         self.keys(*names, pause=0.6)
         time.sleep(1)
 
-    def type(self, text):
+    def type(self, text, pause=0.15):
         xdotool("type", "--delay", "15", text)
-        time.sleep(0.15)
+        time.sleep(pause)
+
+    def enters(self, text):
+        """A text and Return, for the window that has the keys already."""
+        self.type(text, pause=0)
+        self.keys("Return", pause=0)
+
+    def closes(self, title):
+        """Waits until no window of that title is left."""
+        wait_for(f"the end of window {title}", lambda: not xdotool(
+            "search", "--all", "--onlyvisible", "--pid", str(self.process.pid), "--name", title))
 
     def ends(self, seconds=15):
         return self.process.wait(seconds)
@@ -130,8 +140,9 @@ class Scenario:
         first = self.bytes(path)
         again = self.start(path)
         again.activate()
+        before = os.stat(path).st_ino
         again.keys("ctrl+s")
-        time.sleep(1)
+        wait_for("the save", lambda: os.path.exists(path) and os.stat(path).st_ino != before)
         assert self.bytes(path) == first
         again.keys("ctrl+q")
         assert again.ends() == 0

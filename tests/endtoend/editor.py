@@ -1,7 +1,6 @@
 """The record editor and the commands around it, by keyboard; what it shows by accessible names."""
 
 import os
-import time
 
 from driver import accessible, application, descendants, text_of, wait_for, xdotool
 
@@ -39,9 +38,8 @@ def opens_form(program):
 
 def closes_form(program):
     program.keys("Escape")
-    wait_for("the form to close", lambda: not xdotool(
-        "search", "--all", "--onlyvisible", "--pid", str(program.process.pid), "--name", FORM))
-    time.sleep(0.2)
+    program.closes(FORM)
+    program.activate()
 
 
 def form_control(program, name, role=None):
@@ -64,25 +62,18 @@ def saves_file(program, path, condition):
 
 
 def enters_record(program, number, notation):
-    """A new record, from top to bottom as on a label."""
+    """A new record, from top to bottom as on a label. One window hears all these keys, in order:
+    nothing has to be waited for but the empty form."""
     index, boxes = notation[:2]
-    program.keys("ctrl+n")
+    program.keys("ctrl+n", pause=0)
     wait_for("the new row", lambda: text_of(form_control(program, "Period", "text")) == "")
-    program.type("2")
-    program.keys("Return")
-    program.type("19980714")
-    program.keys("Return", "Home", *["Down"] * index, "Return", pause=0.05)
-    for box in boxes:
-        program.type(box)
-        program.keys("Return")
-    program.type(str(number))
-    program.keys("Return")
-    program.type("1")
-    program.keys("Return")
-    program.type("F")
-    program.keys("Return")
-    program.type(f"label {number}")
-    program.keys("ctrl+Return")
+    program.enters("2")
+    program.enters("19980714")
+    program.keys("Home", *["Down"] * index, "Return", pause=0)
+    for text in [*boxes, str(number), "1", "F"]:
+        program.enters(text)
+    program.type(f"label {number}", pause=0)
+    program.keys("ctrl+Return", pause=0)
 
 
 def enters_ten_notations_by_keyboard(s):
@@ -164,9 +155,8 @@ def keeps_what_is_typed_until_it_is_saved_or_dropped(s):
     box = program.window("^Talpena$")
     xdotool("windowactivate", "--sync", box)
     program.keys("alt+y")  # Yes
-    wait_for("the form to close", lambda: not xdotool(
-        "search", "--all", "--onlyvisible", "--pid", str(program.process.pid), "--name", FORM))
-    time.sleep(0.3)
+    program.closes(FORM)
+    program.activate()
     saves_file(program, path, lambda: s.rows(path) != before)
     assert [row[0] for row in s.rows(path)] == ["2", "2"]
     program.keys("ctrl+q")
@@ -198,7 +188,7 @@ def adds_deletes_and_erases_by_keyboard(s):
     program.keys("ctrl+Home", "Right", "Right", "Right")
     program.brings("^Talpena$", "ctrl+shift+Delete")
     program.keys("alt+y")
-    time.sleep(0.3)
+    program.closes("^Talpena$")
     program.activate()
     program.keys("ctrl+Home", "ctrl+d")
     assert accessible(program, "2/2", "label") is not None

@@ -2,10 +2,14 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -38,22 +42,71 @@ class FakePrinter : public Printer {
   }
 };
 
+/// The message boxes shown, in order. A test that looks at them, if only at their number, has seen
+/// all that were shown until then.
+class ShownBoxes {
+ public:
+  using Boxes = std::vector<MessageBox>;
+
+  void Ajoute(const MessageBox& box, bool announced) {
+    boxes_.push_back(box);
+    seen_.push_back(announced);
+  }
+  const Boxes& Vues() const {
+    std::fill(seen_.begin(), seen_.end(), true);
+    return boxes_;
+  }
+  /// The text of the first that nobody looked at.
+  std::optional<std::string> PasVue() const {
+    const auto first = std::find(seen_.begin(), seen_.end(), false);
+    if (first == seen_.end()) return {};
+    return boxes_[static_cast<std::size_t>(first - seen_.begin())].text;
+  }
+
+  std::size_t size() const { return Vues().size(); }
+  bool empty() const { return Vues().empty(); }
+  const MessageBox& operator[](std::size_t i) const { return Vues()[i]; }
+  const MessageBox& at(std::size_t i) const { return Vues().at(i); }
+  const MessageBox& front() const { return Vues().front(); }
+  const MessageBox& back() const { return Vues().back(); }
+  Boxes::const_iterator begin() const { return Vues().begin(); }
+  Boxes::const_iterator end() const { return Vues().end(); }
+  void clear() { boxes_.clear(), seen_.clear(); }
+
+ private:
+  Boxes boxes_;
+  mutable std::vector<bool> seen_;
+};
+
 /// Answers boxes from a script, in order, and records every one. A box that the script did not
-/// expect fails the test and is answered by its first button (Cancel for file dialogs).
+/// expect fails the test and is answered by its first button (Cancel for file and colour dialogs).
+/// So does an answer that nobody asked for, and a box with nothing but OK that the test did not
+/// look at.
 class FakeDialogues : public Dialogues {
  public:
-  std::deque<Answer> answers;           ///< for message boxes with a choice
-  std::deque<std::string> inputs;       ///< for input boxes
-  std::deque<std::string> paths;        ///< for file and folder dialogs; "" is Cancel
-  std::deque<std::uint32_t> colours;    ///< for colour dialogs
-  std::vector<MessageBox> boxes;        ///< message boxes shown
-  std::vector<InputBox> asked;          ///< input boxes shown
-  std::vector<FileDialog> fileDialogs;  ///< open and save dialogs shown
-  bool imprimeAnnule = false;           ///< the print dialog is left by Cancel
+  FakeDialogues() = default;
+  FakeDialogues(const FakeDialogues&) = delete;
+  FakeDialogues& operator=(const FakeDialogues&) = delete;
+  ~FakeDialogues() override {
+    EXPECT_TRUE(answers.empty()) << answers.size() << " scripted answers were not asked for";
+    EXPECT_TRUE(inputs.empty()) << "not asked for: input " << inputs.front();
+    EXPECT_TRUE(paths.empty()) << "not asked for: path " << paths.front();
+    EXPECT_TRUE(colours.empty()) << colours.size() << " scripted colours were not asked for";
+    EXPECT_EQ(boxes.PasVue(), std::nullopt) << "a box that no test looked at";
+  }
+
+  std::deque<Answer> answers;                        ///< for message boxes with a choice
+  std::deque<std::string> inputs;                    ///< for input boxes
+  std::deque<std::string> paths;                     ///< for file and folder dialogs; "" is Cancel
+  std::deque<std::optional<std::uint32_t>> colours;  ///< for colour dialogs; empty is Cancel
+  ShownBoxes boxes;                                  ///< message boxes shown
+  std::vector<InputBox> asked;                       ///< input boxes shown
+  std::vector<FileDialog> fileDialogs;               ///< open and save dialogs shown
+  bool imprimeAnnule = false;                        ///< the print dialog is left by Cancel
   FakePrinter imprimante;
 
   Answer Demande(const MessageBox& box) override {
-    boxes.push_back(box);
+    boxes.Ajoute(box, box.buttons != Buttons::Ok);
     if (box.buttons == Buttons::Ok) return Answer::Ok;
     if (answers.empty()) {
       ADD_FAILURE() << "unexpected question: " << box.text;
@@ -79,10 +132,15 @@ class FakeDialogues : public Dialogues {
     return Chemin({.title = title, .filter = {}, .folder = start});
   }
   std::uint32_t ChoisitCouleur(std::uint32_t) override {
-    if (colours.empty()) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
-    const std::uint32_t colour = colours.front();
-    colours.pop_front();
-    return colour;
+    std::optional<std::uint32_t> colour;
+    if (colours.empty()) {
+      ADD_FAILURE() << "unexpected colour dialog";
+    } else {
+      colour = colours.front();
+      colours.pop_front();
+    }
+    if (!colour) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
+    return *colour;
   }
   Font ChoisitPolice(const Font& start) override { return start; }
   void Imprime() override {

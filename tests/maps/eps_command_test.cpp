@@ -53,12 +53,14 @@ TEST_F(EpsCommandTest, AsksForThePathWithAQuestionBeforeOverwriting) {
   EXPECT_TRUE(asked.confirmReplace);
   EXPECT_NE(Sortie().find("/coul true def"), std::string::npos);
   EXPECT_TRUE(w.settings.written.empty());
+  w.DitCree();
 }
 
 TEST_F(EpsCommandTest, TheModeGoesThroughTheDialog) {
   w.dialogues.paths = {path};
   Imprime(w.Contexte(), 0);
   EXPECT_NE(Sortie().find("/coul false def"), std::string::npos);
+  w.DitCree();
 }
 
 TEST_F(EpsCommandTest, ACancelledDialogEndsInSilence) {
@@ -73,11 +75,13 @@ TEST_F(EpsCommandTest, ReplacesWhatWasThere) {
   EXPECT_EQ(Echec(), 0);
   EXPECT_TRUE(Sortie().starts_with("%!PS\r\n"));
   EXPECT_TRUE(Sortie().ends_with("clear\r\n%%Trailer\r\n"));
+  w.DitCree();
 }
 
 TEST_F(EpsCommandTest, ShowsTheHourglassMeanwhileAndThePointerAfterwards) {
   EXPECT_EQ(Echec(), 0);
   EXPECT_EQ(w.vue.sabliers, (std::vector{true, false}));
+  w.DitCree();
 }
 
 TEST_F(EpsCommandTest, WithoutAPrologueTheFileIsEmpty) {
@@ -142,11 +146,13 @@ TEST_F(EpsCommandTest, ATableWithoutRowsBeepsAndThePageHasTheMapAlone) {
   EXPECT_EQ(w.sound.bips, 2);  // one more for the message
   EXPECT_EQ(Sortie().find(" sc1"), std::string::npos);
   EXPECT_NE(Sortie().find("% the map\r\n/Courier"), std::string::npos);
+  w.DitCree();
 }
 
 TEST_F(EpsCommandTest, TheCanvasIsLeftAlone) {
   EXPECT_EQ(Echec(), 0);
   EXPECT_TRUE(w.canvas.calls.empty());
+  w.DitCree();
 }
 
 }  // namespace

@@ -22,7 +22,13 @@ struct EpsWorld : MapWorld {
   /// Exports and answers the bytes of the file.
   std::string Exporte(int mode = 1, const std::string& path = "/out/map.eps") {
     FaitEPS(Contexte(), path, mode);
+    DitCree(path);
     return files.Contenu(path);
+  }
+  /// The last box told the user of the file.
+  void DitCree(const std::string& path = "/out/map.eps") {
+    ASSERT_FALSE(dialogues.boxes.empty());
+    EXPECT_EQ(dialogues.boxes.back().text, "Fichier " + path + " créé avec succès.");
   }
   /// The same as lines; each has to end with CR LF.
   std::vector<std::string> Lignes(int mode = 1) { return EnLignes(Exporte(mode)); }

@@ -2,6 +2,7 @@
 #include "maps/options_dialog.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 
 #include "common/talpena_error.h"
 #include "fakes/fake_machine.h"
@@ -147,7 +148,7 @@ TEST_F(OptionsDialogTest, MovesTheSelectedLayerByOnePlaceAndNotBeyondTheEnds) {
 
 TEST_F(OptionsDialogTest, TakesTheColourOfTheColourDialog) {
   OptionsCarte dialogue = LitOptions(options, carte);
-  machine.dialogues.colours = {0x00FF00};
+  machine.dialogues.colours = {0x00FF00, std::nullopt};
   ChoisitCouleurSymbole(dialogue, machine.io);
   EXPECT_EQ(dialogue.couleur, 0x00FF00U);
   EXPECT_THROW(ChoisitCouleurSymbole(dialogue, machine.io), TalpenaError);

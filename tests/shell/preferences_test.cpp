@@ -228,6 +228,7 @@ TEST_F(PreferTest, ATextThatIsNoDatumStoresNothing) {
   form.cmbDatumUTM = "";
   EXPECT_FALSE(Ok());
   EXPECT_EQ(focus, PreferencesFocus::cmbDatumUTM);
+  EXPECT_EQ(Boites(), (Lines{"This datum is absent from the available datums!\n\n"}));
   EXPECT_EQ(state.Silence, before);
   EXPECT_TRUE(settings.written.empty());
 }

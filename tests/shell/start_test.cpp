@@ -178,6 +178,8 @@ TEST(ChargeForm1, TheSplashIsGoneBeforeTheFileIsRead) {
   const auto menus = std::find(m.journal.begin(), m.journal.end(), "ActiveMenus");
   ASSERT_NE(menus, m.journal.end());
   EXPECT_LT(splash, menus);
+  ASSERT_EQ(m.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
 }
 
 TEST(LigneDeCommande, IsTakenWhole) {

@@ -426,6 +426,7 @@ TEST_F(LitDegTest, ShowsItsFailuresInAPlainBoxAfterABeep) {
   EXPECT_EQ(world.sound.bips, 1);
   state.Silence = true;
   world.Charge("");
+  EXPECT_EQ(world.dialogues.boxes.size(), 2U);
   EXPECT_EQ(world.sound.bips, 1);
 }
 

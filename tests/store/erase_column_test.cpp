@@ -114,6 +114,8 @@ TEST_F(EraseColumn, SilenceIsKept) {
   Ouvre();
   state.Silence = true;
   Efface(5, 5);
+  EXPECT_EQ(dialogues.boxes.back().text,
+            "Error 3315\nField 'TALPENA.DATUM' cannot be a zero-length string.");
   EXPECT_EQ(sound.bips, 0);
 }
 

@@ -128,6 +128,7 @@ TEST_F(Find, SilenceIsKept) {
   Ouvre();
   state.Silence = true;
   Cherche("Nowhere");
+  EXPECT_EQ(Boites(), std::vector<std::string>{"Nowhere introuvable!"});
   EXPECT_EQ(sound.bips, 0);
 }
 

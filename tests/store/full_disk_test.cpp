@@ -70,7 +70,7 @@ TEST_F(TinyDiskSave, GoesOnOnceTheUserMadeRoom) {
    public:
     explicit RoomMaker(std::string filler) : filler_(std::move(filler)) {}
     Answer Demande(const MessageBox& box) override {
-      boxes.push_back(box);
+      boxes.Ajoute(box, true);
       if (boxes.size() == 2) std::filesystem::remove(filler_);
       return Answer::Yes;
     }

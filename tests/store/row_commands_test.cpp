@@ -174,6 +174,7 @@ TEST_F(DeleteRows, SilenceIsKept) {
   Ouvre();
   state.Silence = true;
   MnuSupprimer_Click(context);
+  EXPECT_EQ(Boites(), std::vector<std::string>{"Select row(s) before"});
   Supprime({1}, Answer::No);
   EXPECT_EQ(sound.bips, 0);
 }

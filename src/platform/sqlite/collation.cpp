@@ -25,12 +25,6 @@ void Exige(UErrorCode status) {
   }
 }
 
-/// One collation element: primary and secondary weight; 0 for "does not count".
-struct Element {
-  std::uint32_t primary = 0;
-  std::uint16_t secondary = 0;
-};
-
 /// A number of `count` digits to the base 128, most significant first, each raised by one so
 /// that no byte is zero.
 void AjouteSansZero(std::uint32_t value, int count, std::string& key) {
@@ -42,6 +36,12 @@ void AjouteSansZero(std::uint32_t value, int count, std::string& key) {
 }  // namespace
 
 struct Collation::Icu {
+  /// One collation element: primary and secondary weight; 0 for "does not count".
+  struct Element {
+    std::uint32_t primary = 0;
+    std::uint16_t secondary = 0;
+  };
+
   struct CloseCollator {
     void operator()(UCollator* p) const { ucol_close(p); }
   };
@@ -197,7 +197,7 @@ void Collation::AjouteCleIcu(std::string_view text, std::string& key) const {
   icu_->Decompose(text);
   std::size_t lastAccent = 0;  // one behind it
   std::vector<std::uint16_t> secondaries;
-  for (const Element& element : icu_->elements) {
+  for (const auto& element : icu_->elements) {
     if (element.primary != 0) AjoutePrimaire(element.primary, key);
     if (element.secondary == 0) continue;
     secondaries.push_back(element.secondary);

@@ -12,12 +12,12 @@
 namespace talpena::sqlite {
 namespace {
 
-struct Range {
+struct NumberRange {
   std::int64_t low;
   std::int64_t high;
 };
 
-Range BornesDe(FieldType type) {
+NumberRange BornesDe(FieldType type) {
   switch (type) {
     case FieldType::Byte:
       return {0, 255};

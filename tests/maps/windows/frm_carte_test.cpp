@@ -117,6 +117,8 @@ TEST(FrmCarte, WithoutAMapOnlyOpeningAndLeavingCanBeChosen) {
   MapMachine m;
   m.dialogues.paths = {""};
   m.Ouvre(m.folder / "gone.dsw");
+  ASSERT_EQ(m.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(m.dialogues.boxes[0].text, "This map is not georeferenced.\rMapping aborted");
   EXPECT_TRUE(m.Controle<QLabel>("lblVide")->isVisible());
   for (const char* key : {"save", "eps", "print", "grid"}) {
     EXPECT_FALSE(m.Controle<QToolButton>(key)->isEnabled()) << key;
@@ -308,6 +310,8 @@ TEST(FrmCarte, AGridOfNoNumberIsOnShowAllTheSame) {
   m.dialogues.paths = {m.folder / "a.eps"};
   m.Entree("mnuEPS_0")->trigger();
   EXPECT_NE(test::LitFichier(m.folder / "a.eps").find("showpage"), std::string::npos);
+  ASSERT_EQ(m.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(m.dialogues.boxes[0].text, "Fichier " + (m.folder / "a.eps") + " créé avec succès.");
 }
 
 TEST(FrmCarte, SavesThePictureAsABitmap) {

@@ -2,6 +2,7 @@
 #include "maps/windows/frm_cartes_options.h"
 
 #include <gtest/gtest.h>
+#include <optional>
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -137,7 +138,7 @@ TEST(FrmCartesOptions, ChoosesTheColourByClickAndSpace) {
   OptionsMachine m;
   m.Ouvre(OngletCartes::Symboles);
   auto* swatch = m.Enfant<QLabel>("lblColor");
-  m.dialogues.colours = {0xFF0000, 0x00FF00};
+  m.dialogues.colours = {0xFF0000, 0x00FF00, std::nullopt};
   QTest::mouseClick(swatch, Qt::LeftButton);
   EXPECT_EQ(swatch->accessibleDescription(), QLatin1String("#0000ff"));
   swatch->setFocus();

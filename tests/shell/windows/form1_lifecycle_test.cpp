@@ -136,6 +136,8 @@ TEST(Form1, TheCloseBoxInsideACommandWaitsToo) {
   m.form->Charge({});
   dialogues.meanwhile = [&] { EXPECT_FALSE(m.form->close()); };
   m.Entree("MnuLang_2")->trigger();
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(dialogues.boxes[0].text, "Feature unavailable in this version");
   EXPECT_TRUE(m.form->isVisible());
   QApplication::processEvents();
   EXPECT_FALSE(m.form->isVisible());
@@ -171,6 +173,8 @@ TEST(Form1, EndsWithoutADatumCatalogue) {
   m.state.AppDir = m.folder.path().string();
   m.dialogues.paths = {""};
   EXPECT_FALSE(m.form->Charge({}));
+  ASSERT_EQ(m.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(m.dialogues.boxes[0].text, "The file DATUM.MDB cannot be found!");
   EXPECT_FALSE(m.form->isVisible());
 }
 

@@ -113,7 +113,6 @@ TEST(Form1Map, TheEntryOtherAsksForAMapAtOnce) {
 
 TEST(Form1Map, TheCloseBoxOfTheMainWindowClosesTheMapFirst) {
   MapForm m;
-  m.dialogues.answers = {Answer::No};
   const DialogDriver driver("frmCarte", [&](QDialog& dialog) {
     m.form->close();
     EXPECT_FALSE(dialog.isVisible());

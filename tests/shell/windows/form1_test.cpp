@@ -1,5 +1,6 @@
 // Form1: its controls, and that each does what its procedure does.
 #include <gtest/gtest.h>
+#include <optional>
 
 #include <QComboBox>
 #include <QDialog>
@@ -379,7 +380,7 @@ TEST(Form1, SpanishStaysUncheckedAndIsRefused) {
 TEST(Form1, TakesTheColoursOfTheDialogs) {
   Form1Machine m;
   m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
-  m.dialogues.colours = {0x112233, 0x445566};
+  m.dialogues.colours = {0x112233, 0x445566, std::nullopt};
   m.Entree("MnuGrille")->trigger();
   m.Entree("MnuTxtGrille")->trigger();
   EXPECT_EQ(m.state.CouleurFondGrille, 0x112233U);

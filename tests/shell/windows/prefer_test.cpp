@@ -180,6 +180,9 @@ TEST_F(PreferWindow, TheWorkingFolderIsChosenInItsDialog) {
   EXPECT_EQ(C<QLineEdit>("txtWorkingDir").text(), "/var/work");
   C<QPushButton>("Command2").click();
   EXPECT_EQ(settings.values["TALPENA/CONFIG/WORKINGDIR"], "/var/work");
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(dialogues.boxes[0].text,
+            "You have to restart Talpena in order to change the temporary working folder");
 }
 
 TEST_F(PreferWindow, TheKeyboardIsEnough) {
