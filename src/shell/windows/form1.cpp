@@ -43,7 +43,7 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
   state_.Data1.Ecoute([self](DataControl::Change change) {
     if (!self || change == DataControl::Change::Values) return;
     self->AffichePosition();
-    self->ActiveEdition();
+    self->ActiveOutils();
     if (change == DataControl::Change::Rows) self->SuitLignes();
   });
 }
@@ -93,22 +93,26 @@ void Form1::DesactiveMenus() {
 }
 
 void Form1::ActiveControles() {
-  ParcourtMenus([this](const MenuEntry& entry) {
+  const MenuState state = Etat();
+  Parcourt(ArbreDesMenus(), [this, &state](const MenuEntry& entry) {
     if (entry.EstSeparateur()) return;
-    actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, fileOpen_));
+    actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, state));
   });
-  cmd[1]->setEnabled(fileOpen_);
-  ActiveEdition();
-  for (const std::size_t i : {4U, 5U}) cmd[i]->setEnabled(fileOpen_);
-  actions_.at("mnuChercher_1")->setEnabled(fileOpen_ && searched_);
-  cmdMap->setEnabled(fileOpen_);
+  ActiveOutils();
   for (QToolButton* button : cmdFirstLast) button->setEnabled(fileOpen_);
 }
 
-/// The record editor needs a row.
-void Form1::ActiveEdition() {
-  cmd[3]->setEnabled(fileOpen_ && state_.Data1.EstLie() &&
-                     state_.Data1.recordset().RecordCount() > 0);
+MenuState Form1::Etat() const {
+  return {
+      .fileOpen = fileOpen_,
+      .hasRow = fileOpen_ && state_.Data1.EstLie() && state_.Data1.recordset().RecordCount() > 0,
+      .searched = searched_};
+}
+
+/// As rows come and go: the record editor needs one.
+void Form1::ActiveOutils() {
+  const MenuState state = Etat();
+  for (const auto& [button, entry] : outils_) button->setEnabled(EstActif(*entry, state));
 }
 
 void Form1::CacheLbl1() { lbl1->hide(); }

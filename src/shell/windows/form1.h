@@ -1,20 +1,21 @@
 // Form1: the main window.
 #pragma once
-#include <QKeySequence>
-#include <QList>
 #include <QMainWindow>
 #include <QPointer>
 #include <array>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/main_window_view.h"
 #include "platform/platform.h"
-#include "shell/menus.h"
 #include "shell/process_state.h"
 #include "shell/shell_view.h"
 #include "shell/start_stop.h"
+#include "shell/windows/menus.h"
 #include "store/file_commands.h"
 
 class QAbstractButton;
@@ -51,6 +52,25 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   /// The splash that FermeSplash closes.
   void ChangeSplash(QWidget* splash) { splash_ = splash; }
   ShellContext Contexte() { return {state_, io_, *this, *this}; }
+  CommandContext Commandes() { return {state_, io_, *this}; }
+
+  /// Runs a command under the common handler, with what is typed in the grid stored before. A
+  /// tick of Timer1 and the close box wait until it has ended. False when it did not end well.
+  bool Commande(const std::function<void()>& body);
+
+  // What rows of the table of commands run.
+  void MnuLang_Click(int index);
+  void MnuPreferences_Click();
+  void MnuSelection_Click();
+  void MnuGrille_Click();
+  void MnuTxtGrille_Click();
+  void MnuDatumFichier_Click();
+  void MnuLmbIfbl_Click();
+  void MnuVisAutre_Click();
+  void MnuAideTexte_Click();
+  void MnuInfo_Click();
+  void MontreEdition();
+  void cmdMap_Click();
 
   // MainWindowView
   void ChangeTitreFenetre(const std::string& title) override;
@@ -109,8 +129,6 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void changeEvent(QEvent* event) override;
 
  private:
-  CommandContext Commandes() { return {state_, io_, *this}; }
-
   void ConstruitMenus();
   void ConstruitMenu(QMenu& menu, std::span<const MenuEntry> entries);
   QAction* ConstruitEntree(const MenuEntry& entry, QWidget& owner);
@@ -122,33 +140,22 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   void ChargeIcones();
   void Relie();
 
-  /// Runs a command under the common handler, with what is typed in the grid stored before. A
-  /// tick of Timer1 and the close box wait until it has ended.
-  template <typename Body>
-  bool Commande(Body body);
   void ApresCommande();
 
-  void ExecuteMenu(const MenuEntry& entry);
-  void cmd_Click(int index);
+  /// The command of an entry, or the one that it repeats.
+  void Execute(const MenuEntry& entry);
+  MenuState Etat() const;
   void cmdFirstLast_Click(int index);
   void CmbTri_Click();
-  void MnuGrille_Click();
-  void MnuTxtGrille_Click();
-  void MnuDatumFichier_Click();
-  void MnuInfo_Click();
-  void MontreEdition();
-  static QList<QKeySequence> TouchesEdition();  ///< keys that open the record editor
   void MontreCarte(bool choisit);
-  static QKeySequence ToucheCarte();  ///< key that opens the map view
   void Timer1_Tick();
   void ActiveControles();
-  void ActiveEdition();
+  void ActiveOutils();
   void AjusteOutils();
   void SouligneLettres();
   void SuitFocus(QWidget* now);
   void QuitteMenus();
   void AffichePosition();
-  void MnuSelection_Click();
   void SuitLignes();
   void AfficheFiltre();
   void AfficheTri();
@@ -174,6 +181,7 @@ class Form1 : public QMainWindow, public MainWindowView, public ShellView {
   QWidget* Picture1 = nullptr;  ///< the strip of tools
   std::array<QToolButton*, 6> cmd{};
   QToolButton* cmdMap = nullptr;
+  std::vector<std::pair<QToolButton*, const MenuEntry*>> outils_;  ///< these seven
   QLabel* LblTri = nullptr;
   QComboBox* CmbTri = nullptr;
   std::array<QRadioButton*, 2> OptTri{};

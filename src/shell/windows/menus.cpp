@@ -1,27 +1,74 @@
-#include "shell/menus.h"
+// The table of commands. Most rows run a procedure of the logic, under the handler of all commands.
+#include "shell/windows/menus.h"
 
 #include <array>
+#include <type_traits>
 
-#include "common/string_table.h"
+#include "common/msg_id.h"
+#include "common/msg_id_menus.h"
+#include "coords/commands/adjust.h"
+#include "coords/commands/fill.h"
+#include "coords/grid_commands.h"
+#include "shell/windows/form1.h"
+#include "store/erase_column.h"
+#include "store/file_commands.h"
+#include "store/find.h"
+#include "store/row_commands.h"
 
 namespace talpena {
 namespace {
 
 constexpr std::string_view separator = "-";
 
+/// Calls a procedure with what it takes: the window itself, the context of the shell's commands or
+/// of the store's, or state and machine; and the index behind these if it wants to know.
+template <auto Procedure>
+void Appelle(Form1& form, int index) {
+  using P = decltype(Procedure);
+  if constexpr (std::is_invocable_v<P, Form1&, int>) {
+    (form.*Procedure)(index);
+  } else if constexpr (std::is_invocable_v<P, Form1&>) {
+    (form.*Procedure)();
+  } else if constexpr (std::is_invocable_v<P, CommandContext, int>) {
+    Procedure(form.Commandes(), index);
+  } else if constexpr (std::is_invocable_v<P, CommandContext>) {
+    Procedure(form.Commandes());
+  } else if constexpr (std::is_invocable_v<P, ShellContext>) {
+    Procedure(form.Contexte());
+  } else {
+    const ShellContext c = form.Contexte();
+    Procedure(c.state, c.io);
+  }
+}
+
+/// A command as nearly all are: one at a time, its failure shown.
+template <auto Procedure>
+void Lance(Form1& form, int index) {
+  form.Commande([&] { Appelle<Procedure>(form, index); });
+}
+
+/// One that sees to that itself.
+template <auto Procedure>
+void Directement(Form1& form, int index) {
+  Appelle<Procedure>(form, index);
+}
+
+/// The entries count from 1, behind their separator.
+void OuvreDernierFichier(CommandContext c, int index) { MnuLastFile_Click(c, index - 1); }
+
 // clang-format off
 constexpr std::array expAscii = {
-    MenuEntry{.control = "MnuExpAsciiMode", .index = 0, .base = 10},
-    MenuEntry{.control = "MnuExpAsciiMode", .index = 1, .base = 11},
-    MenuEntry{.control = "MnuExpAsciiMode", .index = 2, .base = 12},
-    MenuEntry{.control = "MnuExpAsciiMode", .index = 3, .base = 13},
+    MenuEntry{.control = "MnuExpAsciiMode", .index = 0, .base = MsgId::MenuExpFixe},
+    MenuEntry{.control = "MnuExpAsciiMode", .index = 1, .base = MsgId::MenuExpVirgules},
+    MenuEntry{.control = "MnuExpAsciiMode", .index = 2, .base = MsgId::MenuExpTabulations},
+    MenuEntry{.control = "MnuExpAsciiMode", .index = 3, .base = MsgId::MenuExpEspaces},
 };
 constexpr std::array exporter = {
-    MenuEntry{.control = "MnuExpAscii", .base = 9, .children = expAscii},
-    MenuEntry{.control = "MnuExpDB", .index = 0, .base = 14},
-    MenuEntry{.control = "MnuExpDB", .index = 1, .base = 15},
-    MenuEntry{.control = "MnuExpDB", .index = 2, .base = 16},
-    MenuEntry{.control = "MnuExpDB", .index = 3, .base = 17},
+    MenuEntry{.control = "MnuExpAscii", .base = MsgId::MenuExpAscii, .children = expAscii},
+    MenuEntry{.control = "MnuExpDB", .index = 0, .base = MsgId::MenuExpAccess},
+    MenuEntry{.control = "MnuExpDB", .index = 1, .base = MsgId::MenuExpFoxPro},
+    MenuEntry{.control = "MnuExpDB", .index = 2, .base = MsgId::MenuExpDBase},
+    MenuEntry{.control = "MnuExpDB", .index = 3, .base = MsgId::MenuExpParadox},
     MenuEntry{.control = "MnuExpDB", .index = 4, .caption = "Fichier Excel"},
 };
 constexpr std::array importGarmin = {
@@ -35,137 +82,152 @@ constexpr std::array importer = {
               .children = importGarmin},
 };
 constexpr std::array fichier = {
-    MenuEntry{.control = "MnuNouveau", .base = 2, .command = MenuCommand::Nouveau,
-              .shortcut = "Ctrl+N"},
-    MenuEntry{.control = "MnuOuvrir", .base = 3, .command = MenuCommand::Ouvrir,
-              .shortcut = "Ctrl+O"},
-    MenuEntry{.control = "MnuEnregistrer", .base = 4, .command = MenuCommand::Enregistrer,
-              .needsFile = true, .shortcut = "Ctrl+S"},
-    MenuEntry{.control = "MnuEnrSous", .base = 5, .command = MenuCommand::EnrSous,
-              .needsFile = true, .shortcut = "Ctrl+Shift+S"},
-    MenuEntry{.control = "MnuGrouper", .base = 19, .command = MenuCommand::Grouper,
-              .needsFile = true},
+    MenuEntry{.control = "MnuNouveau", .base = MsgId::MenuNouveau, .key = "Ctrl+N",
+              .run = Lance<MnuNouveau_Click>},
+    MenuEntry{.control = "MnuOuvrir", .base = MsgId::MenuOuvrir, .key = "Ctrl+O",
+              .run = Lance<MnuOuvrir_Click>},
+    MenuEntry{.control = "MnuEnregistrer", .base = MsgId::MenuEnregistrer, .key = "Ctrl+S",
+              .condition = MenuCondition::File, .run = Lance<MnuEnregistrer_Click>},
+    MenuEntry{.control = "MnuEnrSous", .base = MsgId::MenuEnrSous, .key = "Ctrl+Shift+S",
+              .condition = MenuCondition::File, .run = Lance<MnuEnrSous_Click>},
+    MenuEntry{.control = "MnuGrouper", .base = MsgId::MenuGrouper, .condition = MenuCondition::File,
+              .run = Lance<MnuGrouper_Click>},
     MenuEntry{.control = "MnuSepar", .index = 0, .caption = separator},
-    MenuEntry{.control = "MnuFusionner", .base = 6, .command = MenuCommand::Fusionner,
-              .needsFile = true},
-    MenuEntry{.control = "MnuImporter", .base = 7, .needsFile = true, .children = importer},
-    MenuEntry{.control = "MnuExporter", .base = 8, .needsFile = true, .children = exporter},
+    MenuEntry{.control = "MnuFusionner", .base = MsgId::MenuFusionner,
+              .condition = MenuCondition::File, .run = Lance<MnuFusionner_Click>},
+    MenuEntry{.control = "MnuImporter", .base = MsgId::MenuImporter,
+              .condition = MenuCondition::File, .children = importer},
+    MenuEntry{.control = "MnuExporter", .base = MsgId::MenuExporter,
+              .condition = MenuCondition::File, .children = exporter},
     MenuEntry{.control = "MnuLastFile", .index = 0, .caption = separator},
-    MenuEntry{.control = "MnuLastFile", .index = 1, .command = MenuCommand::LastFile},
-    MenuEntry{.control = "MnuLastFile", .index = 2, .command = MenuCommand::LastFile},
-    MenuEntry{.control = "MnuLastFile", .index = 3, .command = MenuCommand::LastFile},
-    MenuEntry{.control = "MnuLastFile", .index = 4, .command = MenuCommand::LastFile},
+    MenuEntry{.control = "MnuLastFile", .index = 1, .run = Lance<OuvreDernierFichier>},
+    MenuEntry{.control = "MnuLastFile", .index = 2, .run = Lance<OuvreDernierFichier>},
+    MenuEntry{.control = "MnuLastFile", .index = 3, .run = Lance<OuvreDernierFichier>},
+    MenuEntry{.control = "MnuLastFile", .index = 4, .run = Lance<OuvreDernierFichier>},
     MenuEntry{.control = "MnuSepar", .index = 1, .caption = separator},
-    MenuEntry{.control = "MnuQuitter", .base = 18, .command = MenuCommand::Quitter,
-              .shortcut = "Ctrl+Q"},
+    MenuEntry{.control = "MnuQuitter", .base = MsgId::MenuQuitter, .key = "Ctrl+Q",
+              .run = Lance<MnuQuitter_Click>},
 };
 constexpr std::array remplir = {
-    MenuEntry{.control = "MnuRemplirCoo", .index = 0, .base = 36,
-              .command = MenuCommand::RemplirCoo},
-    MenuEntry{.control = "MnuRemplirCoo", .index = 1, .base = 37,
-              .command = MenuCommand::RemplirCoo},
-    MenuEntry{.control = "MnuRemplirCoo", .index = 2, .base = 38,
-              .command = MenuCommand::RemplirCoo},
-    MenuEntry{.control = "MnuRemplirXY", .index = 0, .base = 44,
-              .command = MenuCommand::RemplirXY},
-    MenuEntry{.control = "MnuRemplirXY", .index = 1, .base = 39,
-              .command = MenuCommand::RemplirXY},
-    MenuEntry{.control = "MnuRemplirXY", .index = 2, .base = 40,
-              .command = MenuCommand::RemplirXY},
+    MenuEntry{.control = "MnuRemplirCoo", .index = 0, .base = MsgId::MenuRemplirUtm,
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirCoo_Click>},
+    MenuEntry{.control = "MnuRemplirCoo", .index = 1, .base = MsgId::MenuRemplirBritannique,
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirCoo_Click>},
+    MenuEntry{.control = "MnuRemplirCoo", .index = 2, .base = MsgId::MenuRemplirIrlandaise,
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirCoo_Click>},
+    MenuEntry{.control = "MnuRemplirXY", .index = 0, .base = MsgId::MenuRemplirDms,
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirXY_Click>},
+    MenuEntry{.control = "MnuRemplirXY", .index = 1, .base = MsgId::MenuRemplirGrades,
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirXY_Click>},
+    MenuEntry{.control = "MnuRemplirXY", .index = 2, .base = MsgId::MenuRemplirLambert72,
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirXY_Click>},
     MenuEntry{.control = "MnuRemplirXY", .index = 3, .caption = "&IFBL",
-              .command = MenuCommand::RemplirXY},
-    MenuEntry{.control = "MnuRemplirXY", .index = 4, .base = 314,
-              .command = MenuCommand::RemplirXY},
-    MenuEntry{.control = "MnuRemplirXY", .index = 5, .base = 315,
-              .command = MenuCommand::RemplirXY},
-    MenuEntry{.control = "MnuRemplirTexte", .base = 41,
-              .command = MenuCommand::RemplirTexte},
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirXY_Click>},
+    MenuEntry{.control = "MnuRemplirXY", .index = 4, .base = MsgId::LambertNordMaroc,
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirXY_Click>},
+    MenuEntry{.control = "MnuRemplirXY", .index = 5, .base = MsgId::LambertSudMaroc,
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirXY_Click>},
+    MenuEntry{.control = "MnuRemplirTexte", .base = MsgId::MenuRemplirTexte,
+              .condition = MenuCondition::Rows, .run = Lance<MnuRemplirTexte_Click>},
 };
 constexpr std::array ajustIfbl = {
     MenuEntry{.control = "mnuAjustIFBL", .index = 0, .caption = "32 x 20 km",
-              .command = MenuCommand::AjustIFBL},
+              .condition = MenuCondition::Rows, .run = Lance<mnuAjustIFBL_Click>},
     MenuEntry{.control = "mnuAjustIFBL", .index = 1, .caption = "4 x 4 km",
-              .command = MenuCommand::AjustIFBL},
+              .condition = MenuCondition::Rows, .run = Lance<mnuAjustIFBL_Click>},
     MenuEntry{.control = "mnuAjustIFBL", .index = 2, .caption = "1 x 1 km",
-              .command = MenuCommand::AjustIFBL},
+              .condition = MenuCondition::Rows, .run = Lance<mnuAjustIFBL_Click>},
 };
 constexpr std::array ajuster = {
     MenuEntry{.control = "mnuAjustGrid", .index = 0,
-              .caption = "&UTM - British Grid - Irish Grid...", .command = MenuCommand::AjustGrid},
+              .caption = "&UTM - British Grid - Irish Grid...", .condition = MenuCondition::Rows,
+              .run = Lance<mnuAjustGrid_Click>},
     MenuEntry{.control = "mnuAjustGrid", .index = 1, .caption = "&Degrés Greenwich...",
-              .command = MenuCommand::AjustGrid},
+              .condition = MenuCondition::Rows, .run = Lance<mnuAjustGrid_Click>},
     MenuEntry{.control = "mnuAjustGrid", .index = 2, .caption = "&Grades Paris",
-              .command = MenuCommand::AjustGrid},
+              .condition = MenuCondition::Rows, .run = Lance<mnuAjustGrid_Click>},
     MenuEntry{.control = "mnuAjustGrid", .index = 3, .caption = "&IFBL", .children = ajustIfbl},
 };
 constexpr std::array edition = {
-    MenuEntry{.control = "mnuChercher", .index = 0, .base = 31,
-              .command = MenuCommand::Chercher, .shortcut = "Ctrl+F"},
-    MenuEntry{.control = "mnuChercher", .index = 1, .base = 46,
-              .command = MenuCommand::Chercher, .shortcut = "F3"},
+    MenuEntry{.control = "mnuChercher", .index = 0, .base = MsgId::MenuChercher, .key = "Ctrl+F",
+              .condition = MenuCondition::Rows, .run = Lance<mnuChercher_Click>},
+    MenuEntry{.control = "mnuChercher", .index = 1, .base = MsgId::MenuSuivant, .key = "F3",
+              .condition = MenuCondition::Search, .run = Lance<mnuChercher_Click>},
     MenuEntry{.control = "MnuSepar", .index = 2, .caption = separator},
-    MenuEntry{.control = "MnuAjoutLigne", .base = 32, .command = MenuCommand::AjoutLigne,
-              .shortcut = "Ctrl+L"},
-    MenuEntry{.control = "mnuDuplic", .base = 45, .command = MenuCommand::Duplic,
-              .shortcut = "Ctrl+D"},
-    MenuEntry{.control = "MnuEraseCol", .base = 33, .command = MenuCommand::EraseCol,
-              .shortcut = "Ctrl+Shift+Del"},
-    MenuEntry{.control = "MnuSupprimer", .base = 34, .command = MenuCommand::Supprimer,
-              .shortcut = "Ctrl+Del"},
+    MenuEntry{.control = "MnuAjoutLigne", .base = MsgId::MenuAjoutLigne, .key = "Ctrl+L",
+              .condition = MenuCondition::Rows, .run = Lance<MnuAjoutLigne_Click>},
+    MenuEntry{.control = "mnuDuplic", .base = MsgId::MenuDupliquer, .key = "Ctrl+D",
+              .condition = MenuCondition::Rows, .run = Lance<mnuDuplic_Click>},
+    MenuEntry{.control = "MnuEraseCol", .base = MsgId::MenuEraseCol, .key = "Ctrl+Shift+Del",
+              .condition = MenuCondition::Rows, .run = Lance<MnuEraseCol_Click>},
+    MenuEntry{.control = "MnuSupprimer", .base = MsgId::MenuSupprimer, .key = "Ctrl+Del",
+              .condition = MenuCondition::Rows, .run = Lance<MnuSupprimer_Click>},
     MenuEntry{.control = "MnuSepar", .index = 3, .caption = separator},
-    MenuEntry{.control = "MnuRemplir", .base = 35, .children = remplir},
-    MenuEntry{.control = "MnuAjuster", .base = 42, .children = ajuster},
+    MenuEntry{.control = "MnuRemplir", .base = MsgId::MenuRemplir, .children = remplir},
+    MenuEntry{.control = "MnuAjuster", .base = MsgId::MenuAjuster, .children = ajuster},
     MenuEntry{.control = "MnuSelection", .caption = "Sélection a&vancée...",
-              .command = MenuCommand::Selection},
+              .condition = MenuCondition::Rows, .run = Lance<&Form1::MnuSelection_Click>},
 };
 constexpr std::array europe = {
-    MenuEntry{.control = "mnuEurope", .index = 0, .base = 52},
-    MenuEntry{.control = "mnuEurope", .index = 1, .base = 53},
-    MenuEntry{.control = "mnuEurope", .index = 2, .base = 54},
-    MenuEntry{.control = "mnuEurope", .index = 3, .base = 55},
-    MenuEntry{.control = "mnuEurope", .index = 4, .base = 56},
-    MenuEntry{.control = "mnuEurope", .index = 5, .base = 57},
-    MenuEntry{.control = "mnuEurope", .index = 6, .base = 58},
-    MenuEntry{.control = "mnuEurope", .index = 7, .base = 59},
+    MenuEntry{.control = "mnuEurope", .index = 0, .base = MsgId::MenuEurope},
+    MenuEntry{.control = "mnuEurope", .index = 1, .base = MsgId::MenuEuropeCentrale},
+    MenuEntry{.control = "mnuEurope", .index = 2, .base = MsgId::MenuGaule},
+    MenuEntry{.control = "mnuEurope", .index = 3, .base = MsgId::MenuBelgique},
+    MenuEntry{.control = "mnuEurope", .index = 4, .base = MsgId::MenuPaysBas},
+    MenuEntry{.control = "mnuEurope", .index = 5, .base = MsgId::MenuIlesBritanniques},
+    MenuEntry{.control = "mnuEurope", .index = 6, .base = MsgId::MenuIberie},
+    MenuEntry{.control = "mnuEurope", .index = 7, .base = MsgId::MenuTurquie},
 };
 constexpr std::array visualiser = {
-    MenuEntry{.control = "MnuVisMonde", .base = 51},
-    MenuEntry{.control = "mnuEurope", .base = 52, .children = europe},
-    MenuEntry{.control = "MnuVisAsiEur", .base = 60},
-    MenuEntry{.control = "MnuVisAfrica", .base = 61},
-    MenuEntry{.control = "MnuVisNamer", .base = 62},
-    MenuEntry{.control = "MnuVisSamer", .base = 63},
-    MenuEntry{.control = "MnuVisAsiocea", .base = 64},
-    MenuEntry{.control = "MnuVisAutre", .base = 65, .command = MenuCommand::VisAutre},
+    MenuEntry{.control = "MnuVisMonde", .base = MsgId::MenuMonde},
+    MenuEntry{.control = "mnuEurope", .base = MsgId::MenuEurope, .children = europe},
+    MenuEntry{.control = "MnuVisAsiEur", .base = MsgId::MenuAsieEurope},
+    MenuEntry{.control = "MnuVisAfrica", .base = MsgId::MenuAfrique},
+    MenuEntry{.control = "MnuVisNamer", .base = MsgId::MenuAmeriqueNord},
+    MenuEntry{.control = "MnuVisSamer", .base = MsgId::MenuAmeriqueSud},
+    MenuEntry{.control = "MnuVisAsiocea", .base = MsgId::MenuAsieOceanie},
+    MenuEntry{.control = "MnuVisAutre", .base = MsgId::MenuAutreCarte,
+              .condition = MenuCondition::Rows, .run = Directement<&Form1::MnuVisAutre_Click>},
 };
 constexpr std::array couleurs = {
-    MenuEntry{.control = "MnuGrille", .base = 73, .command = MenuCommand::Grille},
-    MenuEntry{.control = "MnuTxtGrille", .base = 74, .command = MenuCommand::TxtGrille},
+    MenuEntry{.control = "MnuGrille", .base = MsgId::MenuFondGrille,
+              .run = Lance<&Form1::MnuGrille_Click>},
+    MenuEntry{.control = "MnuTxtGrille", .base = MsgId::MenuTexteGrille,
+              .run = Lance<&Form1::MnuTxtGrille_Click>},
 };
 constexpr std::array langues = {
-    MenuEntry{.control = "MnuLang", .index = 0, .base = 77, .command = MenuCommand::Lang},
-    MenuEntry{.control = "MnuLang", .index = 1, .base = 78, .command = MenuCommand::Lang},
-    MenuEntry{.control = "MnuLang", .index = 2, .base = 79, .command = MenuCommand::Lang},
-    MenuEntry{.control = "MnuLang", .index = 3, .base = 80, .command = MenuCommand::Lang},
-    MenuEntry{.control = "MnuLang", .index = 4, .base = 81, .command = MenuCommand::Lang},
-    MenuEntry{.control = "MnuLang", .index = 5, .base = 82, .command = MenuCommand::Lang},
+    MenuEntry{.control = "MnuLang", .index = 0, .base = MsgId::MenuFrancais,
+              .run = Directement<&Form1::MnuLang_Click>},
+    MenuEntry{.control = "MnuLang", .index = 1, .base = MsgId::MenuAnglais,
+              .run = Directement<&Form1::MnuLang_Click>},
+    MenuEntry{.control = "MnuLang", .index = 2, .base = MsgId::MenuEspagnol,
+              .run = Directement<&Form1::MnuLang_Click>},
+    MenuEntry{.control = "MnuLang", .index = 3, .base = MsgId::MenuAllemand,
+              .run = Directement<&Form1::MnuLang_Click>},
+    MenuEntry{.control = "MnuLang", .index = 4, .base = MsgId::MenuItalien,
+              .run = Directement<&Form1::MnuLang_Click>},
+    MenuEntry{.control = "MnuLang", .index = 5, .base = MsgId::MenuNeerlandais,
+              .run = Directement<&Form1::MnuLang_Click>},
 };
 constexpr std::array outils = {
-    MenuEntry{.control = "MnuDatumFichier", .base = 964, .command = MenuCommand::DatumFichier},
-    MenuEntry{.control = "MnuLmbIfbl", .base = 961, .command = MenuCommand::LmbIfbl},
-    MenuEntry{.control = "MnuIFBLGrid", .base = 962, .command = MenuCommand::IFBLGrid},
-    MenuEntry{.control = "MnuIFBLGridPolygon", .base = 963,
-              .command = MenuCommand::IFBLGridPolygon},
+    MenuEntry{.control = "MnuDatumFichier", .base = MsgId::MenuDatumFichier,
+              .condition = MenuCondition::Rows, .run = Lance<&Form1::MnuDatumFichier_Click>},
+    MenuEntry{.control = "MnuLmbIfbl", .base = MsgId::MenuLmbIfbl,
+              .run = Lance<&Form1::MnuLmbIfbl_Click>},
+    MenuEntry{.control = "MnuIFBLGrid", .base = MsgId::MenuIfblLignes,
+              .run = Lance<CreationIFBLGrid>},
+    MenuEntry{.control = "MnuIFBLGridPolygon", .base = MsgId::MenuIfblCarres,
+              .run = Lance<CreationIFBLGridPolygon>},
 };
 constexpr std::array options = {
-    MenuEntry{.control = "MnuPreferences", .base = 71, .command = MenuCommand::Preferences,
-              .shortcut = "Ctrl+,"},
-    MenuEntry{.control = "MnuOptionsPeriodes", .base = 85,
-              .command = MenuCommand::OptionsPeriodes, .needsFile = true},
-    MenuEntry{.control = "MnuCouleurs", .base = 72, .children = couleurs},
-    MenuEntry{.control = "MnuOptionsCartes", .base = 75},
-    MenuEntry{.control = "MnuLangue", .base = 76, .children = langues},
-    MenuEntry{.control = "MnuOutils", .base = 960, .children = outils},
+    MenuEntry{.control = "MnuPreferences", .base = MsgId::MenuPreferences, .key = "Ctrl+,",
+              .run = Lance<&Form1::MnuPreferences_Click>},
+    MenuEntry{.control = "MnuOptionsPeriodes", .base = MsgId::MenuPeriodes,
+              .condition = MenuCondition::File, .run = Lance<&Form1::MontreOptionsPeriodes>},
+    MenuEntry{.control = "MnuCouleurs", .base = MsgId::MenuCouleurs, .children = couleurs},
+    MenuEntry{.control = "MnuOptionsCartes", .base = MsgId::MenuOptionsCartes},
+    MenuEntry{.control = "MnuLangue", .base = MsgId::MenuLangue, .children = langues},
+    MenuEntry{.control = "MnuOutils", .base = MsgId::MenuOutils, .children = outils},
 };
 constexpr std::array standardisation = {
     MenuEntry{.control = "mnustd", .index = 0, .caption = "Logarithme"},
@@ -180,76 +242,63 @@ constexpr std::array analyse = {
     MenuEntry{.control = "mnuPhenolo", .caption = "P&hénologie"},
 };
 constexpr std::array aide = {
-    MenuEntry{.control = "MnuAideTexte", .base = 90, .command = MenuCommand::AideTexte,
-              .shortcut = "F1"},
-    MenuEntry{.control = "MnuInfo", .base = 91, .command = MenuCommand::Info},
+    MenuEntry{.control = "MnuAideTexte", .base = MsgId::MenuAide, .key = "F1",
+              .run = Directement<&Form1::MnuAideTexte_Click>},
+    MenuEntry{.control = "MnuInfo", .base = MsgId::MenuInfo, .run = Lance<&Form1::MnuInfo_Click>},
 };
 constexpr std::array arbre = {
-    MenuEntry{.control = "mnuFichier", .base = 1, .children = fichier},
-    MenuEntry{.control = "MnuEdition", .base = 30, .needsFile = true, .children = edition},
-    MenuEntry{.control = "MnuVisualiser", .base = 50, .needsFile = true, .children = visualiser},
-    MenuEntry{.control = "mnuOptions", .base = 70, .children = options},
+    MenuEntry{.control = "mnuFichier", .base = MsgId::MenuFichier, .children = fichier},
+    MenuEntry{.control = "MnuEdition", .base = MsgId::MenuEdition, .condition = MenuCondition::File,
+              .children = edition},
+    MenuEntry{.control = "MnuVisualiser", .base = MsgId::MenuVisualiser,
+              .condition = MenuCondition::File, .children = visualiser},
+    MenuEntry{.control = "mnuOptions", .base = MsgId::MenuOptions, .children = options},
     MenuEntry{.control = "mnuAna", .caption = "Anal&yse", .children = analyse},
-    MenuEntry{.control = "mnuGrid", .caption = "Grille", .command = MenuCommand::Grid},
-    MenuEntry{.control = "MnuAide", .base = 90, .children = aide},
+    MenuEntry{.control = "mnuGrid", .caption = "Grille", .run = Lance<mnuGrid_Click>},
+    MenuEntry{.control = "MnuAide", .base = MsgId::MenuAide, .children = aide},
+};
+constexpr std::array outilsForm1 = {
+    MenuEntry{.control = "cmd", .index = 0, .base = MsgId::CmdOuvrir, .icon = "open",
+              .same = "MnuOuvrir"},
+    MenuEntry{.control = "cmd", .index = 1, .base = MsgId::CmdSauver, .icon = "save",
+              .same = "MnuEnregistrer"},
+    MenuEntry{.control = "cmd", .index = 2, .base = MsgId::CmdNouveau, .icon = "new",
+              .same = "MnuNouveau"},
+    MenuEntry{.control = "cmd", .index = 3, .base = MsgId::CmdEdition,
+              .key = "Ctrl+Return; Ctrl+Enter", .icon = "edit", .condition = MenuCondition::Row,
+              .run = Directement<&Form1::MontreEdition>, .help = MsgId::Editer},
+    MenuEntry{.control = "cmd", .index = 4, .base = MsgId::CmdChercher, .icon = "find",
+              .same = "mnuChercher_0"},
+    MenuEntry{.control = "cmd", .index = 5, .base = MsgId::CmdSupprimer, .icon = "delete",
+              .same = "MnuSupprimer"},
+    MenuEntry{.control = "cmdMap", .base = MsgId::Carte, .key = "Ctrl+M", .icon = "map",
+              .condition = MenuCondition::Rows, .run = Directement<&Form1::cmdMap_Click>},
 };
 // clang-format on
-
-void Parcourt(std::span<const MenuEntry> entries,
-              const std::function<void(const MenuEntry&)>& visit) {
-  for (const MenuEntry& entry : entries) {
-    visit(entry);
-    Parcourt(entry.children, visit);
-  }
-}
 
 }  // namespace
 
 std::span<const MenuEntry> ArbreDesMenus() { return arbre; }
 
-std::string NomObjet(const MenuEntry& entry) {
-  std::string name(entry.control);
-  if (entry.index >= 0) name += "_" + std::to_string(entry.index);
-  return name;
-}
+std::span<const MenuEntry> OutilsForm1() { return outilsForm1; }
 
-std::string LibelleMenu(const MenuEntry& entry, std::int16_t langue) {
-  return entry.base == 0 ? std::string(entry.caption) : Texte(langue, entry.base);
-}
-
-namespace {
-
-/// Commands over rows need a file, whatever menu they stand in.
-bool VaSurLesLignes(MenuCommand command) {
-  switch (command) {
-    case MenuCommand::Selection:
-    case MenuCommand::Chercher:
-    case MenuCommand::AjoutLigne:
-    case MenuCommand::Duplic:
-    case MenuCommand::EraseCol:
-    case MenuCommand::Supprimer:
-    case MenuCommand::RemplirCoo:
-    case MenuCommand::RemplirXY:
-    case MenuCommand::RemplirTexte:
-    case MenuCommand::AjustGrid:
-    case MenuCommand::AjustIFBL:
-    case MenuCommand::DatumFichier:
-    case MenuCommand::VisAutre:
-      return true;
-    default:
-      return false;
-  }
-}
-
-}  // namespace
-
-bool EstActif(const MenuEntry& entry, bool fileOpen) {
-  if ((entry.needsFile || VaSurLesLignes(entry.command)) && !fileOpen) return false;
-  return !entry.children.empty() || entry.command != MenuCommand::None;
-}
-
-void ParcourtMenus(const std::function<void(const MenuEntry&)>& visit) {
-  Parcourt(ArbreDesMenus(), visit);
+bool EstActif(const MenuEntry& entry, const MenuState& state) {
+  const auto holds = [&state](MenuCondition condition) {
+    switch (condition) {
+      case MenuCondition::File:
+      case MenuCondition::Rows:
+        return state.fileOpen;
+      case MenuCondition::Row:
+        return state.fileOpen && state.hasRow;
+      case MenuCondition::Search:
+        return state.fileOpen && state.searched;
+      case MenuCondition::Always:
+        break;
+    }
+    return true;
+  };
+  const MenuEntry& runs = RangeeDe(ArbreDesMenus(), entry);
+  return AUneCommande(runs) && holds(runs.condition);
 }
 
 std::string LibelleDernierFichier(int position, std::string_view path) {
