@@ -9,7 +9,7 @@ namespace talpena {
 namespace {
 
 // clang-format off
-constexpr std::array projections = {
+constexpr std::array rangees = {
     MapProjection{1, LambertGeneral, LambertInverse, BoiteDuCoin, ConstantesLambert},
     MapProjection{2, Mercator, MercatorInverse, BoiteDuMeridien},
     MapProjection{3, Stereo, StereoInverse, BoiteDuCoin, CentreStereo},
@@ -29,8 +29,8 @@ constexpr std::array projections = {
 // clang-format on
 
 constexpr bool SuiventLeursCodes() {
-  for (std::size_t i = 0; i < projections.size(); ++i) {
-    if (projections[i].code != static_cast<int>(i) + 1) return false;
+  for (std::size_t i = 0; i < rangees.size(); ++i) {
+    if (rangees[i].code != static_cast<int>(i) + 1) return false;
   }
   return true;
 }
@@ -55,12 +55,12 @@ Fault Applique(ForwardFunction forward, const MapState& carte, float lat, float 
 
 }  // namespace
 
-std::span<const MapProjection> Projections() { return projections; }
+std::span<const MapProjection> Projections() { return rangees; }
 
 const MapProjection* ProjectionDe(const MapState& carte) {
   const int code = carte.CodeProjection;
-  return code >= 1 && code <= static_cast<int>(projections.size())
-             ? &projections[static_cast<std::size_t>(code) - 1]
+  return code >= 1 && code <= static_cast<int>(rangees.size())
+             ? &rangees[static_cast<std::size_t>(code) - 1]
              : nullptr;
 }
 

@@ -36,7 +36,7 @@ void Directement(frmCarte& form, int) {
 void ExporteEps(MapContext c, int index) { Imprime(c, index == 0 ? 1 : 0); }
 
 // clang-format off
-constexpr std::array fichier = {
+constexpr std::array menuFichier = {
     CarteEntree{.control = "mnuFichier", .index = 0, .base = MsgId::CarteOuvrir, .key = "Ctrl+O",
                 .icon = "open", .run = Directement<&frmCarte::OuvreCarte>},
     CarteEntree{.control = "mnuFichier", .index = 1, .base = MsgId::CarteSauveImage,
@@ -53,39 +53,40 @@ constexpr std::array fichier = {
     CarteEntree{.control = "mnuFichier", .index = 6, .base = MsgId::CarteRetour, .key = "Ctrl+M",
                 .icon = "table", .run = Directement<&frmCarte::reject>},
 };
-constexpr std::array affichage = {
+constexpr std::array menuAffichage = {
     CarteEntree{.control = "mnuAffichage", .index = 0, .base = MsgId::CarteRedessine, .key = "F5",
                 .condition = CarteCondition::Picture, .run = Lance<RedrawMap>},
     CarteEntree{.control = "mnuAffichage", .index = 1, .base = MsgId::CarteTraceMaille,
                 .key = "Ctrl+G", .icon = "grid", .condition = CarteCondition::Picture,
                 .run = Directement<&frmCarte::MontreMaille>},
 };
-constexpr std::array options = {
+constexpr std::array menuOptions = {
     CarteEntree{.control = "mnuOptions", .index = 0, .base = MsgId::CarteCouches, .key = "Ctrl+L",
                 .run = Directement<&frmCarte::ChoisitCouches>},
     CarteEntree{.control = "mnuOptions", .index = 1, .base = MsgId::CarteSymboles, .key = "Ctrl+,",
                 .icon = "properties", .run = Directement<&frmCarte::ChoisitSymboles>},
 };
-constexpr std::array eps = {
+constexpr std::array menuEps = {
     CarteEntree{.control = "mnuEPS", .index = 0, .caption = "&Couleur", .key = "Ctrl+E",
                 .condition = CarteCondition::Georeference, .run = Lance<ExporteEps>},
     CarteEntree{.control = "mnuEPS", .index = 1, .caption = "&Noir et blanc",
                 .key = "Ctrl+Shift+E", .condition = CarteCondition::Georeference,
                 .run = Lance<ExporteEps>},
 };
-constexpr std::array cache = {
+constexpr std::array menuCache = {
     CarteEntree{.control = "mnuCache", .index = 0, .base = MsgId::CarteRedessine,
                 .same = "mnuAffichage_0"},
     CarteEntree{.control = "mnuCache", .index = 1, .base = MsgId::CarteChoisitOptions,
                 .icon = "properties", .same = "mnuOptions_1"},
 };
 constexpr std::array menusCarte = {
-    CarteEntree{.control = "mnuFichier", .base = MsgId::MenuFichier, .children = fichier},
-    CarteEntree{.control = "mnuAffichage", .base = MsgId::MenuVisualiser, .children = affichage},
-    CarteEntree{.control = "mnuOptions", .base = MsgId::MenuOptions, .children = options},
+    CarteEntree{.control = "mnuFichier", .base = MsgId::MenuFichier, .children = menuFichier},
+    CarteEntree{.control = "mnuAffichage", .base = MsgId::MenuVisualiser,
+                .children = menuAffichage},
+    CarteEntree{.control = "mnuOptions", .base = MsgId::MenuOptions, .children = menuOptions},
     CarteEntree{.control = "mnuEPS", .caption = "E&PS",
-                .condition = CarteCondition::Georeference, .children = eps},
-    CarteEntree{.control = "mnuCache", .base = MsgId::MenuOptions, .children = cache},
+                .condition = CarteCondition::Georeference, .children = menuEps},
+    CarteEntree{.control = "mnuCache", .base = MsgId::MenuOptions, .children = menuCache},
 };
 constexpr std::array outilsCarte = {
     CarteEntree{.control = "open", .base = MsgId::CmdOuvrir, .icon = "open",

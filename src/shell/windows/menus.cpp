@@ -18,7 +18,7 @@
 namespace talpena {
 namespace {
 
-constexpr std::string_view separator = "-";
+constexpr std::string_view menuSeparator = "-";
 
 /// Calls a procedure with what it takes: the window itself, the context of the shell's commands or
 /// of the store's, or state and machine; and the index behind these if it wants to know.
@@ -57,31 +57,31 @@ void Directement(Form1& form, int index) {
 void OuvreDernierFichier(CommandContext c, int index) { MnuLastFile_Click(c, index - 1); }
 
 // clang-format off
-constexpr std::array expAscii = {
+constexpr std::array menuExpAscii = {
     MenuEntry{.control = "MnuExpAsciiMode", .index = 0, .base = MsgId::MenuExpFixe},
     MenuEntry{.control = "MnuExpAsciiMode", .index = 1, .base = MsgId::MenuExpVirgules},
     MenuEntry{.control = "MnuExpAsciiMode", .index = 2, .base = MsgId::MenuExpTabulations},
     MenuEntry{.control = "MnuExpAsciiMode", .index = 3, .base = MsgId::MenuExpEspaces},
 };
-constexpr std::array exporter = {
-    MenuEntry{.control = "MnuExpAscii", .base = MsgId::MenuExpAscii, .children = expAscii},
+constexpr std::array menuExporter = {
+    MenuEntry{.control = "MnuExpAscii", .base = MsgId::MenuExpAscii, .children = menuExpAscii},
     MenuEntry{.control = "MnuExpDB", .index = 0, .base = MsgId::MenuExpAccess},
     MenuEntry{.control = "MnuExpDB", .index = 1, .base = MsgId::MenuExpFoxPro},
     MenuEntry{.control = "MnuExpDB", .index = 2, .base = MsgId::MenuExpDBase},
     MenuEntry{.control = "MnuExpDB", .index = 3, .base = MsgId::MenuExpParadox},
     MenuEntry{.control = "MnuExpDB", .index = 4, .caption = "Fichier Excel"},
 };
-constexpr std::array importGarmin = {
+constexpr std::array menuImportGarmin = {
     MenuEntry{.control = "mnuImportGarmin", .index = 0, .caption = "&Waypoints"},
     MenuEntry{.control = "mnuImportGarmin", .index = 1, .caption = "&Tracks"},
 };
-constexpr std::array importer = {
+constexpr std::array menuImporter = {
     MenuEntry{.control = "mnuImport", .index = 0, .caption = "Fichier &Ascii"},
     MenuEntry{.control = "mnuImport", .index = 1, .caption = "Garmin &PCX5 2.07"},
     MenuEntry{.control = "mnuImport", .index = 2, .caption = "&Garmin Mapsource 4",
-              .children = importGarmin},
+              .children = menuImportGarmin},
 };
-constexpr std::array fichier = {
+constexpr std::array menuFichier = {
     MenuEntry{.control = "MnuNouveau", .base = MsgId::MenuNouveau, .key = "Ctrl+N",
               .run = Lance<MnuNouveau_Click>},
     MenuEntry{.control = "MnuOuvrir", .base = MsgId::MenuOuvrir, .key = "Ctrl+O",
@@ -92,23 +92,23 @@ constexpr std::array fichier = {
               .condition = MenuCondition::File, .run = Lance<MnuEnrSous_Click>},
     MenuEntry{.control = "MnuGrouper", .base = MsgId::MenuGrouper, .condition = MenuCondition::File,
               .run = Lance<MnuGrouper_Click>},
-    MenuEntry{.control = "MnuSepar", .index = 0, .caption = separator},
+    MenuEntry{.control = "MnuSepar", .index = 0, .caption = menuSeparator},
     MenuEntry{.control = "MnuFusionner", .base = MsgId::MenuFusionner,
               .condition = MenuCondition::File, .run = Lance<MnuFusionner_Click>},
     MenuEntry{.control = "MnuImporter", .base = MsgId::MenuImporter,
-              .condition = MenuCondition::File, .children = importer},
+              .condition = MenuCondition::File, .children = menuImporter},
     MenuEntry{.control = "MnuExporter", .base = MsgId::MenuExporter,
-              .condition = MenuCondition::File, .children = exporter},
-    MenuEntry{.control = "MnuLastFile", .index = 0, .caption = separator},
+              .condition = MenuCondition::File, .children = menuExporter},
+    MenuEntry{.control = "MnuLastFile", .index = 0, .caption = menuSeparator},
     MenuEntry{.control = "MnuLastFile", .index = 1, .run = Lance<OuvreDernierFichier>},
     MenuEntry{.control = "MnuLastFile", .index = 2, .run = Lance<OuvreDernierFichier>},
     MenuEntry{.control = "MnuLastFile", .index = 3, .run = Lance<OuvreDernierFichier>},
     MenuEntry{.control = "MnuLastFile", .index = 4, .run = Lance<OuvreDernierFichier>},
-    MenuEntry{.control = "MnuSepar", .index = 1, .caption = separator},
+    MenuEntry{.control = "MnuSepar", .index = 1, .caption = menuSeparator},
     MenuEntry{.control = "MnuQuitter", .base = MsgId::MenuQuitter, .key = "Ctrl+Q",
               .run = Lance<MnuQuitter_Click>},
 };
-constexpr std::array remplir = {
+constexpr std::array menuRemplir = {
     MenuEntry{.control = "MnuRemplirCoo", .index = 0, .base = MsgId::MenuRemplirUtm,
               .condition = MenuCondition::Rows, .run = Lance<MnuRemplirCoo_Click>},
     MenuEntry{.control = "MnuRemplirCoo", .index = 1, .base = MsgId::MenuRemplirBritannique,
@@ -130,7 +130,7 @@ constexpr std::array remplir = {
     MenuEntry{.control = "MnuRemplirTexte", .base = MsgId::MenuRemplirTexte,
               .condition = MenuCondition::Rows, .run = Lance<MnuRemplirTexte_Click>},
 };
-constexpr std::array ajustIfbl = {
+constexpr std::array menuAjustIfbl = {
     MenuEntry{.control = "mnuAjustIFBL", .index = 0, .caption = "32 x 20 km",
               .condition = MenuCondition::Rows, .run = Lance<mnuAjustIFBL_Click>},
     MenuEntry{.control = "mnuAjustIFBL", .index = 1, .caption = "4 x 4 km",
@@ -138,7 +138,7 @@ constexpr std::array ajustIfbl = {
     MenuEntry{.control = "mnuAjustIFBL", .index = 2, .caption = "1 x 1 km",
               .condition = MenuCondition::Rows, .run = Lance<mnuAjustIFBL_Click>},
 };
-constexpr std::array ajuster = {
+constexpr std::array menuAjuster = {
     MenuEntry{.control = "mnuAjustGrid", .index = 0,
               .caption = "&UTM - British Grid - Irish Grid...", .condition = MenuCondition::Rows,
               .run = Lance<mnuAjustGrid_Click>},
@@ -146,14 +146,14 @@ constexpr std::array ajuster = {
               .condition = MenuCondition::Rows, .run = Lance<mnuAjustGrid_Click>},
     MenuEntry{.control = "mnuAjustGrid", .index = 2, .caption = "&Grades Paris",
               .condition = MenuCondition::Rows, .run = Lance<mnuAjustGrid_Click>},
-    MenuEntry{.control = "mnuAjustGrid", .index = 3, .caption = "&IFBL", .children = ajustIfbl},
+    MenuEntry{.control = "mnuAjustGrid", .index = 3, .caption = "&IFBL", .children = menuAjustIfbl},
 };
-constexpr std::array edition = {
+constexpr std::array menuEdition = {
     MenuEntry{.control = "mnuChercher", .index = 0, .base = MsgId::MenuChercher, .key = "Ctrl+F",
               .condition = MenuCondition::Rows, .run = Lance<mnuChercher_Click>},
     MenuEntry{.control = "mnuChercher", .index = 1, .base = MsgId::MenuSuivant, .key = "F3",
               .condition = MenuCondition::Search, .run = Lance<mnuChercher_Click>},
-    MenuEntry{.control = "MnuSepar", .index = 2, .caption = separator},
+    MenuEntry{.control = "MnuSepar", .index = 2, .caption = menuSeparator},
     MenuEntry{.control = "MnuAjoutLigne", .base = MsgId::MenuAjoutLigne, .key = "Ctrl+L",
               .condition = MenuCondition::Rows, .run = Lance<MnuAjoutLigne_Click>},
     MenuEntry{.control = "mnuDuplic", .base = MsgId::MenuDupliquer, .key = "Ctrl+D",
@@ -162,13 +162,13 @@ constexpr std::array edition = {
               .condition = MenuCondition::Rows, .run = Lance<MnuEraseCol_Click>},
     MenuEntry{.control = "MnuSupprimer", .base = MsgId::MenuSupprimer, .key = "Ctrl+Del",
               .condition = MenuCondition::Rows, .run = Lance<MnuSupprimer_Click>},
-    MenuEntry{.control = "MnuSepar", .index = 3, .caption = separator},
-    MenuEntry{.control = "MnuRemplir", .base = MsgId::MenuRemplir, .children = remplir},
-    MenuEntry{.control = "MnuAjuster", .base = MsgId::MenuAjuster, .children = ajuster},
+    MenuEntry{.control = "MnuSepar", .index = 3, .caption = menuSeparator},
+    MenuEntry{.control = "MnuRemplir", .base = MsgId::MenuRemplir, .children = menuRemplir},
+    MenuEntry{.control = "MnuAjuster", .base = MsgId::MenuAjuster, .children = menuAjuster},
     MenuEntry{.control = "MnuSelection", .caption = "Sélection a&vancée...",
               .condition = MenuCondition::Rows, .run = Lance<&Form1::MnuSelection_Click>},
 };
-constexpr std::array europe = {
+constexpr std::array menuEurope = {
     MenuEntry{.control = "mnuEurope", .index = 0, .base = MsgId::MenuEurope},
     MenuEntry{.control = "mnuEurope", .index = 1, .base = MsgId::MenuEuropeCentrale},
     MenuEntry{.control = "mnuEurope", .index = 2, .base = MsgId::MenuGaule},
@@ -178,9 +178,9 @@ constexpr std::array europe = {
     MenuEntry{.control = "mnuEurope", .index = 6, .base = MsgId::MenuIberie},
     MenuEntry{.control = "mnuEurope", .index = 7, .base = MsgId::MenuTurquie},
 };
-constexpr std::array visualiser = {
+constexpr std::array menuVisualiser = {
     MenuEntry{.control = "MnuVisMonde", .base = MsgId::MenuMonde},
-    MenuEntry{.control = "mnuEurope", .base = MsgId::MenuEurope, .children = europe},
+    MenuEntry{.control = "mnuEurope", .base = MsgId::MenuEurope, .children = menuEurope},
     MenuEntry{.control = "MnuVisAsiEur", .base = MsgId::MenuAsieEurope},
     MenuEntry{.control = "MnuVisAfrica", .base = MsgId::MenuAfrique},
     MenuEntry{.control = "MnuVisNamer", .base = MsgId::MenuAmeriqueNord},
@@ -189,13 +189,13 @@ constexpr std::array visualiser = {
     MenuEntry{.control = "MnuVisAutre", .base = MsgId::MenuAutreCarte,
               .condition = MenuCondition::Rows, .run = Directement<&Form1::MnuVisAutre_Click>},
 };
-constexpr std::array couleurs = {
+constexpr std::array menuCouleurs = {
     MenuEntry{.control = "MnuGrille", .base = MsgId::MenuFondGrille,
               .run = Lance<&Form1::MnuGrille_Click>},
     MenuEntry{.control = "MnuTxtGrille", .base = MsgId::MenuTexteGrille,
               .run = Lance<&Form1::MnuTxtGrille_Click>},
 };
-constexpr std::array langues = {
+constexpr std::array menuLangues = {
     MenuEntry{.control = "MnuLang", .index = 0, .base = MsgId::MenuFrancais,
               .run = Directement<&Form1::MnuLang_Click>},
     MenuEntry{.control = "MnuLang", .index = 1, .base = MsgId::MenuAnglais,
@@ -209,7 +209,7 @@ constexpr std::array langues = {
     MenuEntry{.control = "MnuLang", .index = 5, .base = MsgId::MenuNeerlandais,
               .run = Directement<&Form1::MnuLang_Click>},
 };
-constexpr std::array outils = {
+constexpr std::array menuOutils = {
     MenuEntry{.control = "MnuDatumFichier", .base = MsgId::MenuDatumFichier,
               .condition = MenuCondition::Rows, .run = Lance<&Form1::MnuDatumFichier_Click>},
     MenuEntry{.control = "MnuLmbIfbl", .base = MsgId::MenuLmbIfbl,
@@ -219,43 +219,43 @@ constexpr std::array outils = {
     MenuEntry{.control = "MnuIFBLGridPolygon", .base = MsgId::MenuIfblCarres,
               .run = Lance<CreationIFBLGridPolygon>},
 };
-constexpr std::array options = {
+constexpr std::array menuOptions = {
     MenuEntry{.control = "MnuPreferences", .base = MsgId::MenuPreferences, .key = "Ctrl+,",
               .run = Lance<&Form1::MnuPreferences_Click>},
     MenuEntry{.control = "MnuOptionsPeriodes", .base = MsgId::MenuPeriodes,
               .condition = MenuCondition::File, .run = Lance<&Form1::MontreOptionsPeriodes>},
-    MenuEntry{.control = "MnuCouleurs", .base = MsgId::MenuCouleurs, .children = couleurs},
+    MenuEntry{.control = "MnuCouleurs", .base = MsgId::MenuCouleurs, .children = menuCouleurs},
     MenuEntry{.control = "MnuOptionsCartes", .base = MsgId::MenuOptionsCartes},
-    MenuEntry{.control = "MnuLangue", .base = MsgId::MenuLangue, .children = langues},
-    MenuEntry{.control = "MnuOutils", .base = MsgId::MenuOutils, .children = outils},
+    MenuEntry{.control = "MnuLangue", .base = MsgId::MenuLangue, .children = menuLangues},
+    MenuEntry{.control = "MnuOutils", .base = MsgId::MenuOutils, .children = menuOutils},
 };
-constexpr std::array standardisation = {
+constexpr std::array menuStandardisation = {
     MenuEntry{.control = "mnustd", .index = 0, .caption = "Logarithme"},
     MenuEntry{.control = "mnustd", .index = 1, .caption = "Valeurs normales réduites"},
 };
-constexpr std::array analyse = {
+constexpr std::array menuAnalyse = {
     MenuEntry{.control = "MnuParametres", .caption = "Paramètres statistiques"},
     MenuEntry{.control = "mnuStandardisation", .caption = "Standardisation des valeurs",
-              .children = standardisation},
+              .children = menuStandardisation},
     MenuEntry{.control = "mnuAnalyse", .index = 0, .caption = "Graphique Chiffre1/OGU"},
     MenuEntry{.control = "mnuAnalyse", .index = 1, .caption = "Graphique Chiffre2/OGU"},
     MenuEntry{.control = "mnuPhenolo", .caption = "P&hénologie"},
 };
-constexpr std::array aide = {
+constexpr std::array menuAide = {
     MenuEntry{.control = "MnuAideTexte", .base = MsgId::MenuAide, .key = "F1",
               .run = Directement<&Form1::MnuAideTexte_Click>},
     MenuEntry{.control = "MnuInfo", .base = MsgId::MenuInfo, .run = Lance<&Form1::MnuInfo_Click>},
 };
-constexpr std::array arbre = {
-    MenuEntry{.control = "mnuFichier", .base = MsgId::MenuFichier, .children = fichier},
+constexpr std::array arbreDesMenus = {
+    MenuEntry{.control = "mnuFichier", .base = MsgId::MenuFichier, .children = menuFichier},
     MenuEntry{.control = "MnuEdition", .base = MsgId::MenuEdition, .condition = MenuCondition::File,
-              .children = edition},
+              .children = menuEdition},
     MenuEntry{.control = "MnuVisualiser", .base = MsgId::MenuVisualiser,
-              .condition = MenuCondition::File, .children = visualiser},
-    MenuEntry{.control = "mnuOptions", .base = MsgId::MenuOptions, .children = options},
-    MenuEntry{.control = "mnuAna", .caption = "Anal&yse", .children = analyse},
+              .condition = MenuCondition::File, .children = menuVisualiser},
+    MenuEntry{.control = "mnuOptions", .base = MsgId::MenuOptions, .children = menuOptions},
+    MenuEntry{.control = "mnuAna", .caption = "Anal&yse", .children = menuAnalyse},
     MenuEntry{.control = "mnuGrid", .caption = "Grille", .run = Lance<mnuGrid_Click>},
-    MenuEntry{.control = "MnuAide", .base = MsgId::MenuAide, .children = aide},
+    MenuEntry{.control = "MnuAide", .base = MsgId::MenuAide, .children = menuAide},
 };
 constexpr std::array outilsForm1 = {
     MenuEntry{.control = "cmd", .index = 0, .base = MsgId::CmdOuvrir, .icon = "open",
@@ -278,7 +278,7 @@ constexpr std::array outilsForm1 = {
 
 }  // namespace
 
-std::span<const MenuEntry> ArbreDesMenus() { return arbre; }
+std::span<const MenuEntry> ArbreDesMenus() { return arbreDesMenus; }
 
 std::span<const MenuEntry> OutilsForm1() { return outilsForm1; }
 
