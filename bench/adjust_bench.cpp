@@ -8,8 +8,8 @@
 
 #include "bare_table.h"
 
-#include "coords/commands/adjust.h"
-#include "coords/commands/fill.h"
+#include "coord_commands/adjust.h"
+#include "coord_commands/fill.h"
 #include "coords/original_maker.h"
 #include "coords/snap.h"
 #include "fakes/silent_platform.h"
@@ -155,6 +155,8 @@ int main(int argc, char** argv) {
     StoreState state;
     state.Silence = true;
     test::PoseCatalogue(state);
+    state.DatumFichierCode = "EUR-M";
+    state.DatumFichier = state.Catalogue.DatumEur;
     state.WorkingDb = machine.engine->CreateDatabase(ourFile, {});
     CreateTable(state);
     MixedRows source(state, rows);

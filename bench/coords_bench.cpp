@@ -79,7 +79,7 @@ std::string ProjectionOf(CoordSystem system) {
 std::string PipelineOf(const CoordState& state, const Sample& sample) {
   const std::string projection = ProjectionOf(sample.system);
   return "+proj=pipeline" + (projection.empty() ? "" : " +step +inv " + projection) +
-         ShiftPipeline(state.Catalogue, sample.datum, state.DatumFichier);
+         ShiftPipeline(state.Catalogue, sample.datum, state.Catalogue.DatumEur);
 }
 
 /// What PROJ is given for a point: metres, or radians.
@@ -105,7 +105,7 @@ double Ours(CoordState& state, const Sample& sample, double& sum) {
       double latitude = 0, longitude = 0;
       DecodeOriginal(state, original, sample.datum, latitude, longitude, code);
       ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, sample.datum,
-                     state.DatumFichier);
+                     state.Catalogue.DatumEur);
       sum += latitude + longitude;
     }
   });

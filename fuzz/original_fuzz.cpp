@@ -9,13 +9,15 @@
 #include "check.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
-#include "coords/commands/adjust_row.h"
+#include "coord_commands/adjust_row.h"
 #include "coords/datum.h"
 #include "coords/original.h"
 
 using namespace talpena;
 
 namespace {
+
+constexpr std::int16_t datumFichier = 2;
 
 /// Five datums on three ellipsoids; one of them has no MGRS.
 CoordState Etat() {
@@ -32,7 +34,6 @@ CoordState Etat() {
   c.DatumWgs84 = 1;
   c.DatumEur = 2;
   c.DatumsSpeciaux = {0, 2, 2, 3, 4, 5, 2};
-  state.DatumFichier = 2;
   return state;
 }
 
@@ -41,8 +42,9 @@ void VerifieLigne(CoordState& state, const RowPoint& read, int choice) {
   state.MailleChoisie = static_cast<std::int16_t>(choice % 8);
   state.GrilleChoisie = static_cast<std::int16_t>(1 + choice / 8 % 3);
   try {
-    const bool kept = choice % 2 == 0 ? AjusteSurGrille(state, row)
-                                      : AjusteSurIfbl(state, row, 2 * (1 + choice % 3));
+    const bool kept = choice % 2 == 0
+                          ? AjusteSurGrille(state, row, datumFichier)
+                          : AjusteSurIfbl(state, row, datumFichier, 2 * (1 + choice % 3));
     fuzz::Verifie(!kept || (std::isfinite(row.latitude) && std::isfinite(row.longitude)));
   } catch (const TalpenaError& error) {
     fuzz::Verifie(error.number() == ErrorNumber::InvalidCall ||

@@ -1,6 +1,7 @@
 // Assembling ORIGINAL: one place for import and the record editor.
-#include <initializer_list>
+#include <array>
 #include <string>
+#include <vector>
 
 #include "common/numbers.h"
 #include "common/text.h"
@@ -15,10 +16,6 @@ constexpr std::string_view longitudeMask = "+000.00000;-000.00000";
 /// "mgr" of a system.
 std::string CodeMinuscule(CoordSystem system) { return Minuscules(InfoDe(system).code); }
 
-std::string Joint(CoordSystem system, std::initializer_list<std::string_view> texts) {
-  return AssembleTextes(system, {texts.begin(), texts.size()});
-}
-
 }  // namespace
 
 std::string AssembleTextes(CoordSystem system, std::span<const std::string_view> texts) {
@@ -28,7 +25,7 @@ std::string AssembleTextes(CoordSystem system, std::span<const std::string_view>
 }
 
 std::string AssembleNombres(CoordSystem system, std::span<const double> numbers) {
-  const bool angles = InfoDe(system).notation == Notation::TwoAngles;
+  const bool angles = InfoDe(system).content == Content::Angles;
   std::string original = CodeMinuscule(system);
   for (std::size_t i = 0; i < numbers.size(); ++i) {
     const std::string_view mask = i == 0 ? latitudeMask : longitudeMask;
@@ -38,17 +35,19 @@ std::string AssembleNombres(CoordSystem system, std::span<const double> numbers)
 }
 
 std::string AssembleReference(CoordSystem system, std::string_view reference) {
-  const Notation notation = InfoDe(system).notation;
-  if (notation == Notation::Square) return Joint(system, {reference});
+  const ReferenceCut& cut = InfoDe(system).cut;
+  if (cut.atLeast == 0) return AssembleTextes(system, std::array{reference});
   const std::string text = Majuscules(reference);
-  const std::string_view whole = text;
-  const bool mgrs = notation == Notation::Mgrs;
-  if (CompteCaracteres(whole) < (mgrs ? 5U : 4U)) return {};
-  const std::string_view head = PremiersCaracteres(whole, 2);
-  const std::string_view rest = whole.substr(head.size());
-  if (!mgrs) return Joint(system, {head, rest});
-  const std::string_view band = PremiersCaracteres(rest, 1);
-  return Joint(system, {head, band, rest.substr(band.size())});
+  std::string_view rest = text;
+  if (CompteCaracteres(rest) < cut.atLeast) return {};
+  std::vector<std::string_view> tokens;
+  for (const std::size_t length : cut.heads) {
+    if (length == 0) continue;
+    tokens.push_back(PremiersCaracteres(rest, length));
+    rest.remove_prefix(tokens.back().size());
+  }
+  tokens.push_back(rest);
+  return AssembleTextes(system, tokens);
 }
 
 }  // namespace talpena

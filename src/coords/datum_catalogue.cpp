@@ -11,16 +11,13 @@
 #include "common/text.h"
 #include "coords/datum.h"
 #include "coords/faults.h"
+#include "coords/special_datums.h"
 #include "platform/commands.h"
 
 namespace talpena {
 namespace {
 
 constexpr std::size_t LongueurCode = 5;
-
-/// The codes of DatumsSpeciaux, slots 1 to 6.
-constexpr std::array<std::string_view, 6> codesSpeciaux{"EUR-M", "NTF",   "OGB-M",
-                                                        "IRL",   "BEL72", "MER"};
 
 template <typename Element>
 const Element& Choisit(const std::vector<Element>& all, std::int16_t index) {
@@ -51,9 +48,9 @@ std::string Ajuste(std::string_view text, std::size_t length) {
 void NoteCodeSpecial(DatumCatalogue& catalogue, std::string_view code, std::int16_t index) {
   const std::string upper = Majuscules(Rogne(code));
   if (upper == "WGS84") catalogue.DatumWgs84 = index;
-  if (upper == "EUR-M") catalogue.DatumEur = index;
-  for (std::size_t i = 0; i < codesSpeciaux.size(); ++i) {
-    if (upper == codesSpeciaux[i]) catalogue.DatumsSpeciaux[i + 1] = index;
+  if (upper == CodeSpecial(SystemDatum::EurM)) catalogue.DatumEur = index;
+  for (std::size_t slot = 1; slot < CodesSpeciaux.size(); ++slot) {
+    if (upper == CodesSpeciaux[slot]) catalogue.DatumsSpeciaux[slot] = index;
   }
 }
 

@@ -8,6 +8,7 @@
 #include "common/paths.h"
 #include "coords/datum.h"
 #include "coords/mif_files.h"
+#include "coords/special_datums.h"
 #include "platform/commands.h"
 
 namespace talpena {
@@ -26,9 +27,9 @@ std::int16_t DatumPresent(const CoordState& state, Platform& io, std::string_vie
 }
 
 std::optional<IfblDatums> TrouveDatums(const CoordState& state, Platform& io) {
-  const std::int16_t bel72 = DatumPresent(state, io, "BEL72");
+  const std::int16_t bel72 = DatumPresent(state, io, CodeSpecial(SystemDatum::Bel72));
   if (bel72 == 0) return std::nullopt;
-  const std::int16_t eurM = DatumPresent(state, io, "EUR-M");
+  const std::int16_t eurM = DatumPresent(state, io, CodeSpecial(SystemDatum::EurM));
   if (eurM == 0) return std::nullopt;
   return IfblDatums{state.Catalogue, bel72, eurM};
 }

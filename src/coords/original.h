@@ -10,9 +10,6 @@
 
 namespace talpena {
 
-/// Latitude and longitude of an ORIGINAL that cannot be read. Callers test for exactly this.
-inline constexpr double EchecCoord = 999;
-
 /// Latitude and longitude that an ORIGINAL names, decimal degrees on the datum given: the caller
 /// moves them to another with ConvertitDatum. Sets the current ellipsoid. Any text ends with
 /// finite numbers or with EchecCoord in both, never with a failure raised. In DEG, DMS and GRP a

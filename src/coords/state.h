@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "coords/lambert.h"
+#include "coords/special_datums.h"
 #include "coords/utm.h"
 #include "platform/settings_state.h"
 
@@ -40,8 +41,8 @@ struct DatumCatalogue {
   std::vector<EllipsoidRecord> Ellipsoides;  ///< likewise
   std::int16_t DatumWgs84 = 0;
   std::int16_t DatumEur = 0;  ///< "EUR-M"
-  /// Indices of "EUR-M", "NTF", "OGB-M", "IRL", "BEL72", "MER" in slots 1 to 6; slot 0 unused.
-  std::array<std::int16_t, 7> DatumsSpeciaux{};
+  /// Indices of the datums of CodesSpeciaux in slots 1 to 6, 0 when absent; slot 0 unused.
+  std::array<std::int16_t, CodesSpeciaux.size()> DatumsSpeciaux{};
 
   // The current ellipsoid, set by ChoisitEllipsoide and valid until its next call.
   double DemiGrandAxe = 0;   ///< semi-major axis, metres

@@ -7,12 +7,12 @@
 #include "common/paths.h"
 #include "common/talpena_error.h"
 #include "maps/canvas_sink.h"
-#include "maps/free_input.h"
 #include "maps/grid_overlay.h"
 #include "maps/hourglass.h"
 #include "maps/plot.h"
 #include "maps/projection.h"
 #include "maps/redraw.h"
+#include "platform/free_input.h"
 
 namespace talpena {
 namespace {

@@ -7,7 +7,7 @@
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"
-#include "coords/commands/adjust.h"
+#include "coord_commands/adjust.h"
 #include "coords/datum.h"
 #include "coords/systems.h"
 #include "platform/commands.h"

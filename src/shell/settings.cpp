@@ -10,6 +10,7 @@
 #include "common/string_table.h"
 #include "common/text.h"
 #include "coords/datum.h"
+#include "coords/systems.h"
 #include "platform/commands.h"
 
 namespace talpena {
@@ -183,20 +184,9 @@ void ControleLangue(ProcessState& state, Platform& io) {
 
 void ForceEllipsoide(SettingsState& s) {
   if (s.EllipsoideReglage == 0) s.EllipsoideReglage = 15;
-  switch (s.InputMode) {
-    case 5:
-      s.EllipsoideReglage = 1;
-      break;
-    case 6:
-      s.EllipsoideReglage = 2;
-      break;
-    case 7:
-    case 8:
-      s.EllipsoideReglage = 15;
-      break;
-    default:
-      break;
-  }
+  if (s.InputMode < 0 || s.InputMode >= CoordSystemCount) return;
+  const std::int16_t forced = InfoDe(static_cast<CoordSystem>(s.InputMode)).ellipsoid;
+  if (forced != 0) s.EllipsoideReglage = forced;
 }
 
 /// A default datum: one that the catalogue lacks gives way to "EUR-M".

@@ -7,6 +7,7 @@
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "coords/systems.h"
 #include "store/cp1252_decode.h"
 
 namespace talpena {
@@ -26,12 +27,6 @@ constexpr std::array<CodePair, 11> oldEllipsoids = {{
     {"AUSTR", "AUG"},   {"BESSE", "TOY-M"}, {"CLA66", "NAS-C"}, {"CLA80", "NTF"},
     {"EVERE", "IND-B"}, {"EVEMO", "KEA"},   {"WGS72", "WGS72"},
 }};
-
-/// Coordinate systems that stand on one datum only, by the first letters of ORIGINAL.
-constexpr std::array<CodePair, 7> systemDatums = {{
-    {"UTM", "EUR-M"}, {"MGR", "EUR-M"}, {"GRP", "NTF"},   {"BNG", "OGB-M"},
-    {"ITM", "IRL"},   {"LMB", "BEL72"}, {"IFB", "BEL72"},
-}};
 // clang-format on
 
 /// `width` bytes from a column counted from 1, fewer when the line ends before.
@@ -40,13 +35,8 @@ std::string_view Colonnes(std::string_view line, std::size_t column,
   return column > line.size() ? std::string_view{} : line.substr(column - 1, width);
 }
 
+/// In upper case, for letters of the ASCII alphabet, which no other letter becomes.
 constexpr char Majuscule(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; }
-
-/// Compares with letters of the ASCII alphabet, which no other letter becomes in upper case.
-bool EgalEnMajuscules(std::string_view text, std::string_view upper) {
-  return std::equal(text.begin(), text.end(), upper.begin(), upper.end(),
-                    [](char a, char b) { return Majuscule(a) == b; });
-}
 
 bool ContientFinDu(std::string_view line) {
   constexpr std::string_view words = "FIN DU";
@@ -61,13 +51,14 @@ std::string_view DatumDeCode(std::string_view code) {
   return code;
 }
 
-/// Datum of the coordinate system in which ORIGINAL is written; empty when it may be any.
+/// Datum that goes with the system in which ORIGINAL is written, by its first letters; empty when
+/// it may be any.
 std::string_view DatumDeSysteme(std::string_view original) {
-  const std::string_view prefix = original.substr(0, 3);
-  for (const CodePair& pair : systemDatums) {
-    if (EgalEnMajuscules(prefix, pair.found)) return pair.datum;
-  }
-  return {};
+  std::array<char, 3> code{};
+  const std::string_view prefix = original.substr(0, code.size());
+  std::transform(prefix.begin(), prefix.end(), code.begin(), Majuscule);
+  const auto system = SystemeDe({code.data(), prefix.size()});
+  return system ? CodeSpecial(InfoDe(*system).datums.file) : std::string_view();
 }
 
 /// A coordinate field as one word: points for commas, no blanks of any kind that Val skips.
@@ -135,7 +126,7 @@ void DegRowReader::LitOrigine(std::string_view line) {
 }
 
 void DegRowReader::LitPoint(std::string_view line) {
-  row_.datum = "EUR-M";
+  row_.datum = CodeSpecial(SystemDatum::EurM);
   const std::string point = "deg " + MotDeCoordonnee(Colonnes(line, 3, 9)) + " " +
                             MotDeCoordonnee(Colonnes(line, 12, 10));
   DecodeCp1252(point, row_.original);

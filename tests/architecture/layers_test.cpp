@@ -18,9 +18,9 @@ namespace fs = std::filesystem;
 const fs::path source = fs::path(TALPENA_SOURCE_DIR) / "src";
 
 /// Layers from the lowest up; a folder may include itself and what stands before it.
-const std::vector<std::string> layers = {"common",          "platform", "coords",      "store",
-                                         "coords/commands", "maps",     "interchange", "gazetteer",
-                                         "analysis",        "shell"};
+const std::vector<std::string> layers = {"common",         "platform", "coords",      "store",
+                                         "coord_commands", "maps",     "interchange", "gazetteer",
+                                         "analysis",       "shell"};
 
 /// Folders that lie beside one another: none of them may include another.
 const std::vector<std::string> siblings = {"maps", "interchange", "gazetteer", "analysis"};
@@ -48,11 +48,8 @@ std::vector<Include> Includes() {
   return all;
 }
 
-/// The layer that a file lies in. The commands over coordinates are one of their own.
-std::string Top(const std::string& path) {
-  const std::string commands = "coords/commands";
-  return path.starts_with(commands + "/") ? commands : path.substr(0, path.find('/'));
-}
+/// The layer that a file lies in.
+std::string Top(const std::string& path) { return path.substr(0, path.find('/')); }
 
 bool InWindows(const std::string& file) { return file.find("/windows/") != std::string::npos; }
 
@@ -88,6 +85,14 @@ TEST(Layers, LogicSeesNoWindows) {
   for (const Include& i : Includes()) {
     if (InWindows(i.file)) continue;
     EXPECT_FALSE(InWindows(i.target)) << i.file << " includes " << i.target;
+  }
+}
+
+TEST(Layers, TheDialectKnowsNoRecordsets) {
+  for (const Include& i : Includes()) {
+    if (!i.file.starts_with("platform/sqlite/dialect/")) continue;
+    EXPECT_FALSE(i.target.starts_with("platform/sqlite/rows/"))
+        << i.file << " includes " << i.target;
   }
 }
 

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <set>
 
 #include "common/text.h"
 #include "coords/original.h"
@@ -11,33 +10,6 @@ namespace talpena {
 namespace {
 
 using S = CoordSystem;
-
-TEST(CoordSystems, AreSixteenInTheOrderOfTheSelectors) {
-  const char* codes[] = {"DEG", "DMS", "UTM", "MGR", "GRP", "BNG", "ITM", "LMB",
-                         "IFB", "LF1", "LF2", "LF3", "LF4", "LFE", "NMA", "SMA"};
-  static_assert(std::size(codes) == CoordSystemCount);
-  for (int i = 0; i < CoordSystemCount; ++i) {
-    EXPECT_EQ(InfoDe(static_cast<S>(i)).code, codes[i]);
-    EXPECT_EQ(SystemeDe(codes[i]), static_cast<S>(i));
-  }
-}
-
-TEST(CoordSystems, AreNamedExactly) {
-  for (const char* code : {"deg", "Deg", "DEG ", "XYZ", "", "DE"}) {
-    EXPECT_FALSE(SystemeDe(code).has_value()) << code;
-  }
-}
-
-TEST(CoordSystems, NameTheirDatum) {
-  CoordState state;
-  state.DatumSpherique = 3;
-  state.DatumUtm = 4;
-  state.Catalogue.DatumsSpeciaux = {0, 11, 12, 13, 14, 15, 16};
-  const std::int16_t datums[] = {3, 3, 4, 4, 12, 13, 14, 15, 15, 12, 12, 12, 12, 12, 16, 16};
-  for (int i = 0; i < CoordSystemCount; ++i) {
-    EXPECT_EQ(DatumDuSysteme(state, static_cast<S>(i)), datums[i]) << i;
-  }
-}
 
 TEST(Assemble, JoinsTheTextsOfAForm) {
   EXPECT_EQ(AssembleTextes(S::Utm, std::array<std::string_view, 3>{"31", "616000", "5564000"}),

@@ -9,8 +9,12 @@ namespace talpena::test {
 namespace {
 
 struct ReferenceDuPointTest : ::testing::Test {
-  ReferenceDuPointTest() { PoseCatalogue(state); }
+  ReferenceDuPointTest() {
+    PoseCatalogue(state);
+    datumFichier = state.Catalogue.DatumEur;
+  }
   CoordState state;
+  std::int16_t datumFichier = 0;
 
   /// What the point of an ORIGINAL is in its own system.
   std::string Retour(CoordSystem system, const std::string& original) {
@@ -19,13 +23,13 @@ struct ReferenceDuPointTest : ::testing::Test {
     const std::int16_t datum = DatumDuSysteme(state, system);
     DecodeOriginal(state, original, datum, latitude, longitude, code);
     ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, datum,
-                   state.DatumFichier);
-    return ReferenceDuPoint(state, system, latitude, longitude);
+                   datumFichier);
+    return ReferenceDuPoint(state, system, datumFichier, latitude, longitude);
   }
 };
 
 TEST_F(ReferenceDuPointTest, GivesBackWhatTheSystemsWrite) {
-  state.DatumFichier = state.Catalogue.DatumWgs84;
+  datumFichier = state.Catalogue.DatumWgs84;
   for (const auto& [system, original] : {
            std::pair{CoordSystem::Grp, "GRP +54.39450 +001.32130"},
            {CoordSystem::Lmb, "LMB 112568 128963"},
@@ -50,15 +54,16 @@ TEST_F(ReferenceDuPointTest, WritesNationalReferencesInThreeParts) {
 }
 
 TEST_F(ReferenceDuPointTest, IsEmptyWhereThereIsNone) {
-  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Deg, 50, 4), "");
-  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Mgr, 50, 4), "");
-  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Bng, 50, 40), "");
-  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Itm, -33, 18), "");
-  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Ifb, 43, 4), "");
-  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Ifb, 49.3, 4.5), "") << "a code of no square";
-  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Lmb, 5000, 4), "");
+  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Deg, datumFichier, 50, 4), "");
+  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Mgr, datumFichier, 50, 4), "");
+  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Bng, datumFichier, 50, 40), "");
+  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Itm, datumFichier, -33, 18), "");
+  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Ifb, datumFichier, 43, 4), "");
+  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Ifb, datumFichier, 49.3, 4.5), "")
+      << "a code of no square";
+  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Lmb, datumFichier, 5000, 4), "");
   state.Catalogue.DatumsSpeciaux[5] = 0;
-  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Lmb, 50, 4), "");
+  EXPECT_EQ(ReferenceDuPoint(state, CoordSystem::Lmb, datumFichier, 50, 4), "");
 }
 
 TEST(NommeCarreIfbl, KnowsTheCodesOfSquares) {

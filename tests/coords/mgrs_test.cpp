@@ -318,12 +318,12 @@ TEST(UtmVersMgrs, KeepsTheEastLimitOf31VInItsSquare) {
 }
 
 TEST(UtmVersMgrs, AnswersEveryFaultWithOneText) {
-  const double infinity = std::numeric_limits<double>::infinity();
-  for (const double odd : {std::nan(""), infinity, -infinity, 1e300, -1e300, 1e12, -1e9}) {
+  constexpr double endless = std::numeric_limits<double>::infinity();
+  for (const double odd : {std::nan(""), endless, -endless, 1e300, -1e300, 1e12, -1e9}) {
     EXPECT_EQ(DeUtm(45, 31, odd, 412345), "   UTM ERROR") << odd;
     EXPECT_EQ(DeUtm(45, 31, 4983000, odd), "   UTM ERROR") << odd;
   }
-  for (const double latitude : {std::nan(""), infinity, -1e9}) {
+  for (const double latitude : {std::nan(""), endless, -1e9}) {
     EXPECT_EQ(DeUtm(latitude, 31, 4983000, 412345), "   UTM ERROR") << latitude;
   }
   EXPECT_EQ(DeUtm(45, 31, 4983000, 3000000), "   UTM ERROR");  // no letter so far east

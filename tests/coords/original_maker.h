@@ -19,15 +19,9 @@
 
 namespace talpena::test {
 
-/// A state with the shipped catalogue and the datums that the systems imply.
+/// A state with the shipped catalogue; the default datums are WGS84.
 inline void PoseCatalogue(CoordState& state) {
   state.Catalogue = CatalogueDesSources();
-  const char* special[] = {"EUR-M", "NTF", "OGB-M", "IRL", "BEL72", "MER"};
-  for (std::size_t i = 0; i < std::size(special); ++i) {
-    state.Catalogue.DatumsSpeciaux[i + 1] = ChercheDatum(state.Catalogue, special[i]);
-  }
-  state.DatumFichierCode = "EUR-M";
-  state.DatumFichier = state.Catalogue.DatumEur;
   state.DatumUtm = state.DatumSpherique = state.Catalogue.DatumWgs84;
 }
 

@@ -35,6 +35,9 @@ inline DatumCatalogue CatalogueDesSources() {
   }
   catalogue.DatumWgs84 = ChercheDatum(catalogue, "WGS84");
   catalogue.DatumEur = ChercheDatum(catalogue, "EUR-M");
+  for (std::size_t slot = 1; slot < CodesSpeciaux.size(); ++slot) {
+    catalogue.DatumsSpeciaux[slot] = ChercheDatum(catalogue, CodesSpeciaux[slot]);
+  }
   return catalogue;
 }
 

@@ -17,12 +17,12 @@ namespace {
 using test::Point;
 using test::PointsAuHasard;
 
-struct Ellipsoid {
+struct OracleEllipsoid {
   const char* name;
   double a, inverseF;
 };
 
-constexpr Ellipsoid ellipsoids[] = {
+constexpr OracleEllipsoid oracleEllipsoids[] = {
     {"WGS 84", 6378137, 298.257223563},
     {"International 1924", 6378388, 297},
     {"Clarke 1866", 6378206.4, 294.9786982139058},
@@ -34,7 +34,7 @@ constexpr Ellipsoid ellipsoids[] = {
 /// PROJ's sixty zones of one hemisphere.
 class Zones {
  public:
-  Zones(const Ellipsoid& e, bool south) {
+  Zones(const OracleEllipsoid& e, bool south) {
     for (int zone = 1; zone <= 60; ++zone) {
       oracles_.push_back(std::make_unique<test::ProjOracle>(
           "+proj=utm +zone=" + std::to_string(zone) + (south ? " +south" : "") + " +a=" + Str(e.a) +
@@ -56,7 +56,8 @@ struct Departure {
 
 /// @param zoneOf  zone that a point is taken in, from its longitude in degrees
 template <typename ZoneOf>
-Departure Mesure(const Ellipsoid& e, const std::vector<Point>& points, bool south, ZoneOf zoneOf) {
+Departure Mesure(const OracleEllipsoid& e, const std::vector<Point>& points, bool south,
+                 ZoneOf zoneOf) {
   const Zones zones(e, south);
   EXPECT_TRUE(zones[1].Valide());
   const UtmSeries series(e.a, 1 / e.inverseF);
@@ -83,7 +84,7 @@ int OwnZone(double longitude) { return static_cast<int>(std::floor(longitude / 6
 // The series end with the eighth power of the distance from the central meridian: what they
 // leave up to three degrees from it is 3 micrometres.
 TEST(UtmOracle, LiesWithinAHundredthOfAMillimetreOfProj) {
-  for (const Ellipsoid& e : ellipsoids) {
+  for (const OracleEllipsoid& e : oracleEllipsoids) {
     for (const bool south : {false, true}) {
       const auto points =
           south ? PointsAuHasard(-80, 0, -180, 180) : PointsAuHasard(0, 84, -180, 180);
@@ -97,14 +98,14 @@ TEST(UtmOracle, LiesWithinAHundredthOfAMillimetreOfProj) {
 // The fields of Norway and Svalbard reach six degrees from their meridians.
 TEST(UtmOracle, LiesWithinAMillimetreOfProjInTheWideFields) {
   const Departure norway =
-      Mesure(ellipsoids[1], PointsAuHasard(56, 64, 3, 12), false, [](double) { return 32; });
+      Mesure(oracleEllipsoids[1], PointsAuHasard(56, 64, 3, 12), false, [](double) { return 32; });
   EXPECT_LT(norway.forward, 1e-3);
   EXPECT_LT(norway.inverse, 1e-3);
   const auto zoneOfSvalbard = [](double longitude) {
     return 31 + 2 * static_cast<int>((longitude + 3) / 12);
   };
   const Departure svalbard =
-      Mesure(ellipsoids[1], PointsAuHasard(72, 84, 0, 42), false, zoneOfSvalbard);
+      Mesure(oracleEllipsoids[1], PointsAuHasard(72, 84, 0, 42), false, zoneOfSvalbard);
   EXPECT_LT(svalbard.forward, 1e-3);
   EXPECT_LT(svalbard.inverse, 1e-3);
 }
@@ -112,7 +113,7 @@ TEST(UtmOracle, LiesWithinAMillimetreOfProjInTheWideFields) {
 // A point may be given in the zone beside its own, up to nine degrees from the meridian: there
 // the end of the series shows, and no more may be expected of it.
 TEST(UtmOracle, LiesWithinTwoCentimetresOfProjInTheNextZone) {
-  const Departure d = Mesure(ellipsoids[1], PointsAuHasard(-80, 0, -174, 174), true,
+  const Departure d = Mesure(oracleEllipsoids[1], PointsAuHasard(-80, 0, -174, 174), true,
                              [](double longitude) { return std::min(60, OwnZone(longitude) + 1); });
   EXPECT_LT(d.forward, 0.02);
   EXPECT_LT(d.inverse, 0.02);

@@ -60,8 +60,8 @@ TEST(MapAngles, ADJLZ0EndsForEveryNumber) {
     SCOPED_TRACE(lon);
     EXPECT_LE(std::abs(ADJLZ0(lon)), 3.1415927F + 0.01F);
   }
-  constexpr float infinite = std::numeric_limits<float>::infinity();
-  for (const float lon : {infinite, -infinite, std::nanf("")}) {
+  constexpr float endless = std::numeric_limits<float>::infinity();
+  for (const float lon : {endless, -endless, std::nanf("")}) {
     EXPECT_THROW(ADJLZ0(lon), TalpenaError);
   }
 }

@@ -13,7 +13,6 @@
 #include <utility>
 #include <vector>
 
-#include "coords/commands/coords_world.h"
 #include "fakes/silent_map_window.h"
 #include "maps/eps.h"
 #include "maps/grid_overlay.h"
@@ -22,6 +21,7 @@
 #include "maps/redraw.h"
 #include "platform/os/file_system.h"
 #include "platform/qt/qt_canvas.h"
+#include "store/coords_world.h"
 
 namespace talpena {
 namespace {

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "coords/commands/coords_world.h"
+#include "store/coords_world.h"
 #include "store/filter.h"
 
 namespace talpena::test {

@@ -253,7 +253,7 @@ TEST_F(Settings, WithoutACdDriveTheGazetteerIsLookedForOnDriveD) {
 struct EllipsoidCase { const char* stored; const char* inputMode; int expected; };
 constexpr EllipsoidCase ellipsoidCases[] = {
     {"0", "3", 15}, {"4", "3", 4}, {"4", "5", 1}, {"4", "6", 2}, {"4", "7", 15}, {"4", "8", 15},
-    {"4", "4", 4}, {"4", "9", 4}, {"0", "5", 1}, {"0", "0", 15},
+    {"4", "4", 4}, {"4", "9", 4}, {"0", "5", 1}, {"0", "0", 15}, {"4", "-1", 4}, {"4", "16", 4},
 };
 // clang-format on
 

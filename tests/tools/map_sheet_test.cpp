@@ -12,7 +12,7 @@
 namespace talpena {
 namespace {
 
-Ring Rectangle(double west, double south, double east, double north) {
+Ring Degres(double west, double south, double east, double north) {
   return {{west, south}, {east, south}, {east, north}, {west, north}};
 }
 
@@ -24,20 +24,20 @@ MapRow Monde(int code, float meridian) {
 
 TEST(MapSheet, CutsAtTheMeridianOppositeTheMiddle) {
   const MapSheet sheet(Monde(5, 150));  // cut at 30 W
-  const Surface placed = sheet.PlaceSurface({Rectangle(-40, -10, -10, 10)});
+  const Surface placed = sheet.PlaceSurface({Degres(-40, -10, -10, 10)});
   ASSERT_EQ(placed.size(), 2U);
   const double halfTurn = sheet.Cadre().right;
   for (const Ring& ring : placed) {
     const Frame frame = CadreDe(ring);
     EXPECT_LT(frame.right - frame.left, halfTurn / 5) << "a streak across the map";
   }
-  EXPECT_NEAR(Aire(placed), Aire(sheet.PlaceSurface({Rectangle(100, -10, 130, 10)})), 10);
+  EXPECT_NEAR(Aire(placed), Aire(sheet.PlaceSurface({Degres(100, -10, 130, 10)})), 10);
 }
 
 TEST(MapSheet, JoinsWhatTheDataCutAt180Degrees) {
   const MapSheet sheet(Monde(5, 150));
   const Surface placed =
-      sheet.PlaceSurface({Rectangle(170, -10, 180, 10), Rectangle(-180, -10, -170, 10)});
+      sheet.PlaceSurface({Degres(170, -10, 180, 10), Degres(-180, -10, -170, 10)});
   ASSERT_EQ(placed.size(), 2U);
   EXPECT_NEAR(CadreDe(placed[0]).right, CadreDe(placed[1]).left, 0.01);
 }
@@ -53,7 +53,7 @@ TEST(MapSheet, CutsLinesThere) {
 }
 
 TEST(MapSheet, KeepsHoles) {
-  const Surface land{Rectangle(0, 30, 40, 60), Rectangle(15, 40, 25, 50)};
+  const Surface land{Degres(0, 30, 40, 60), Degres(15, 40, 25, 50)};
   for (const char* name : {"europe", "globe", "world_sinusoidal", "mediterranean", "north_pole"}) {
     for (const MapRow& row : Catalogue()) {
       if (std::string(row.name) != name) continue;
@@ -67,7 +67,7 @@ TEST(MapSheet, KeepsHoles) {
 }
 
 TEST(MapSheet, KeepsEverythingInsideItsBox) {
-  const Surface earth{Rectangle(-180, -90, 180, 90)};
+  const Surface earth{Degres(-180, -90, 180, 90)};
   for (const MapRow& row : Catalogue()) {
     const MapSheet sheet(row);
     const Frame box = sheet.Cadre();

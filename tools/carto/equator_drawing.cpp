@@ -6,9 +6,9 @@
 namespace talpena {
 namespace {
 
-constexpr double halfBand = 0.02;   ///< of the radius
-constexpr double halfTick = 0.035;  ///< of the radius
-constexpr double step = 0.05;       ///< degrees along the equator
+constexpr double halfBand = 0.02;     ///< of the radius
+constexpr double halfTick = 0.035;    ///< of the radius
+constexpr double stepDegrees = 0.05;  ///< degrees along the equator
 
 Ring Rectangle(double left, double right, double halfHeight) {
   return {{left, -halfHeight}, {right, -halfHeight}, {right, halfHeight}, {left, halfHeight}};
@@ -28,7 +28,7 @@ std::vector<Frame> Troncons(const MapSheet& sheet, const Surface& surface) {
   std::vector<Frame> stretches;
   const double meridian = sheet.Description().meridian;
   bool open = false;
-  for (double dl = -90; dl <= 90; dl += step) {
+  for (double dl = -90; dl <= 90; dl += stepDegrees) {
     const bool inside = EstDedans(surface, {meridian + dl, 0});
     const double x = sheet.Projette({meridian + dl, 0}).x;
     if (inside && !open) stretches.push_back({x, 0, x, 0});

@@ -9,7 +9,7 @@ namespace talpena {
 namespace {
 
 constexpr double radians = std::numbers::pi / 180;
-constexpr double stepDegrees = 1;  ///< edges are straight in longitude and latitude only
+constexpr double edgeStepDegrees = 1;  ///< edges are straight in longitude and latitude only
 
 double Azimut(double east, double north) { return std::atan2(east, north); }
 
@@ -59,7 +59,7 @@ void Horizon::AjouteArc(Ring& ring, double from, double to) const {
 }
 
 Ring Horizon::RogneAnneau(const Ring& ring) const {
-  const Line dense = Densifie(Ferme(ring), stepDegrees);
+  const Line dense = Densifie(Ferme(ring), edgeStepDegrees);
   Ring kept;
   bool seen = false;
   double turned = 0;
@@ -95,7 +95,7 @@ Surface Horizon::Rogne(const Surface& surface) const {
 }
 
 std::vector<Line> Horizon::RogneLigne(const Line& line) const {
-  const Line dense = Densifie(line, stepDegrees);
+  const Line dense = Densifie(line, edgeStepDegrees);
   std::vector<Line> parts;
   bool shows = false;
   View last;

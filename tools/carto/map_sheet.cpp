@@ -11,7 +11,7 @@
 namespace talpena {
 namespace {
 
-constexpr double stepDegrees = 1;  ///< longest straight piece of what is curved on the map
+constexpr double curveStepDegrees = 1;  ///< longest straight piece of what is curved on the map
 constexpr double stereographicRadius = 130;
 constexpr double hemisphere = 90;
 constexpr double shortOfEquator = 89.9999;  ///< a polar globe hides what lies beyond the equator
@@ -79,10 +79,10 @@ Frame MapSheet::Cadre() const {
 }
 
 PlanePoint MapSheet::Projette(PlanePoint lonLat) const {
-  constexpr double radians = std::numbers::pi / 180;
+  constexpr double perDegree = std::numbers::pi / 180;
   float X = 0, Y = 0;
-  Project(state_, static_cast<float>(lonLat.y * radians), static_cast<float>(lonLat.x * radians), X,
-          Y);
+  Project(state_, static_cast<float>(lonLat.y * perDegree),
+          static_cast<float>(lonLat.x * perDegree), X, Y);
   if (X == HORS_CARTE || Y == HORS_CARTE)
     throw std::runtime_error(std::string(row_.name) + ": a point behind the globe was kept");
   return {X, Y};
@@ -101,7 +101,7 @@ Surface MapSheet::CoupeEnLongitudes(const Surface& lonLat) const {
     for (const double turn : {-360.0, 0.0, 360.0}) {
       Ring part = RogneAnneau(Decale(ring, turn), window_);
       if (part.empty()) continue;
-      part = Densifie(Ferme(part), stepDegrees);
+      part = Densifie(Ferme(part), curveStepDegrees);
       part.pop_back();
       kept.push_back(std::move(part));
     }
@@ -113,7 +113,7 @@ std::vector<Line> MapSheet::CoupeEnLongitudes(const Line& lonLat) const {
   std::vector<Line> kept;
   for (const double turn : {-360.0, 0.0, 360.0}) {
     for (const Line& part : RogneLigne(Decale(lonLat, turn), window_))
-      kept.push_back(Densifie(part, stepDegrees));
+      kept.push_back(Densifie(part, curveStepDegrees));
   }
   return kept;
 }
@@ -139,7 +139,8 @@ std::vector<Line> MapSheet::PlaceLignes(const std::vector<Line>& lonLat) const {
 }
 
 Line MapSheet::Bord() const {
-  return Projete(horizon_ ? Ferme(horizon_->Bord()) : Densifie(Ferme(Coins(window_)), stepDegrees));
+  return Projete(horizon_ ? Ferme(horizon_->Bord())
+                          : Densifie(Ferme(Coins(window_)), curveStepDegrees));
 }
 
 Surface MapSheet::Terre() const {

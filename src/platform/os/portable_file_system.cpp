@@ -15,12 +15,12 @@ namespace fs = std::filesystem;
 
 fs::path EnChemin(const std::string& path) { return {std::u8string(path.begin(), path.end())}; }
 
-struct Refusal {
+struct StreamRefusal {
   int number;
   const char* text;
 };
 
-Refusal Traduit(const std::error_code& error, const fs::path& path) {
+StreamRefusal Traduit(const std::error_code& error, const fs::path& path) {
   std::error_code ignored;
   const fs::path folder = path.parent_path();
   if (error == std::errc::no_such_file_or_directory) {
@@ -39,7 +39,7 @@ Refusal Traduit(const std::error_code& error, const fs::path& path) {
 }
 
 [[noreturn]] void Lance(const std::error_code& error, const std::string& path) {
-  const Refusal refusal = Traduit(error, EnChemin(path));
+  const StreamRefusal refusal = Traduit(error, EnChemin(path));
   throw TalpenaError(refusal.number, refusal.text + path);
 }
 
@@ -79,7 +79,7 @@ class PortableInput final : public InputFile {
   std::int64_t size_ = 0;
 };
 
-std::string NomTemporaire() {
+std::string NomAuHasard() {
   std::random_device random;
   return ".talpena-" + std::to_string(random()) + std::to_string(random()) + ".tmp";
 }
@@ -101,7 +101,7 @@ class PortableOutput final : public OutputFile {
       if ((former.permissions() & writable) == fs::perms::none) LanceOuverture(path);
       permissions_ = former.permissions();
     }
-    temporary_ = target_.parent_path() / NomTemporaire();
+    temporary_ = target_.parent_path() / NomAuHasard();
     stream_.open(temporary_, std::ios::binary | std::ios::trunc);
     if (!stream_) LanceOuverture(path);
   }

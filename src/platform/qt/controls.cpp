@@ -21,4 +21,10 @@ QToolButton* Outil(QWidget* parent, const QString& name) {
   return button;
 }
 
+QFont EnGras(const QFont& font) {
+  QFont bold = font;
+  bold.setBold(true);
+  return bold;
+}
+
 }  // namespace talpena

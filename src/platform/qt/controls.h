@@ -1,5 +1,6 @@
 // What the windows of every layer build their controls with.
 #pragma once
+#include <QFont>
 #include <QString>
 #include <cstddef>
 #include <string_view>
@@ -23,5 +24,7 @@ QString NomIndexe(std::string_view control, std::size_t index);
 
 /// A flat button with icon and caption side by side, which the keys reach.
 QToolButton* Outil(QWidget* parent, const QString& name);
+
+QFont EnGras(const QFont& font);
 
 }  // namespace talpena

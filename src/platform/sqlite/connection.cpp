@@ -6,9 +6,9 @@
 #include <array>
 
 #include "common/text.h"
-#include "platform/sqlite/functions.h"
-#include "platform/sqlite/row_update.h"
-#include "platform/sqlite/source_table.h"
+#include "platform/sqlite/dialect/functions.h"
+#include "platform/sqlite/rows/row_update.h"
+#include "platform/sqlite/rows/source_table.h"
 #include "platform/sqlite/table_state.h"
 
 namespace talpena::sqlite {

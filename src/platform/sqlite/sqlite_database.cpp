@@ -5,12 +5,12 @@
 
 #include "common/text.h"
 #include "platform/sqlite/errors.h"
-#include "platform/sqlite/insert_source.h"
-#include "platform/sqlite/memory_recordset.h"
-#include "platform/sqlite/record_sorter.h"
-#include "platform/sqlite/row_list.h"
+#include "platform/sqlite/rows/insert_source.h"
+#include "platform/sqlite/rows/memory_recordset.h"
+#include "platform/sqlite/rows/record_sorter.h"
+#include "platform/sqlite/rows/row_list.h"
+#include "platform/sqlite/rows/table_recordset.h"
 #include "platform/sqlite/savepoint.h"
-#include "platform/sqlite/table_recordset.h"
 
 namespace talpena::sqlite {
 namespace {

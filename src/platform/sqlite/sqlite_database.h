@@ -7,7 +7,7 @@
 #include "platform/foreign_format.h"
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/connection.h"
-#include "platform/sqlite/dialect.h"
+#include "platform/sqlite/dialect/dialect.h"
 #include "platform/table_engine.h"
 
 namespace talpena::sqlite {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "platform/sqlite/row_list.h"
+#include "platform/sqlite/rows/row_list.h"
 #include "platform/table_engine.h"
 
 namespace talpena::sqlite {

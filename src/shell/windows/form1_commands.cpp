@@ -11,7 +11,7 @@
 #include <QToolButton>
 
 #include "analysis/windows/frm_options_periodes.h"
-#include "coords/commands/adjust.h"
+#include "coord_commands/adjust.h"
 #include "coords/snap.h"
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"

@@ -26,7 +26,7 @@ using namespace Qt::StringLiterals;
 namespace talpena {
 namespace {
 
-constexpr int margin = 8;
+constexpr int helpMargin = 8;
 constexpr QSize firstSize(1120, 740);
 
 const QKeySequence keyBack(Qt::ALT | Qt::Key_Left), keyForward(Qt::ALT | Qt::Key_Right),
@@ -48,7 +48,7 @@ void frmAide::ConstruitOutils() {
     cmdTrouve[i]->setToolButtonStyle(Qt::ToolButtonIconOnly);
   }
   auto* row = new QHBoxLayout(tools_);
-  row->setContentsMargins(margin, margin / 2, margin, margin / 2);
+  row->setContentsMargins(helpMargin, helpMargin / 2, helpMargin, helpMargin / 2);
   row->setSpacing(2);
   for (QToolButton* button : {cmdRetour, cmdSuite, cmdSommaire, cmdImprimer})
     row->addWidget(button);
@@ -77,7 +77,7 @@ void frmAide::ConstruitRecherche() {
   lblRien->setTextFormat(Qt::PlainText);
   lblRien->setWordWrap(true);
   lblRien->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
-  lblRien->setContentsMargins(margin, 3 * margin, margin, margin);
+  lblRien->setContentsMargins(helpMargin, 3 * helpMargin, helpMargin, helpMargin);
   pages_ = new QStackedWidget(this);
   for (QWidget* page : std::initializer_list<QWidget*>{treeSommaire, lstTrouve, lblRien}) {
     pages_->addWidget(page);
@@ -87,15 +87,15 @@ void frmAide::ConstruitRecherche() {
 void frmAide::Dispose() {
   auto* left = new QWidget(this);
   auto* side = new QGridLayout(left);
-  side->setContentsMargins(margin, 0, 0, margin);
-  side->setSpacing(margin);
+  side->setContentsMargins(helpMargin, 0, 0, helpMargin);
+  side->setSpacing(helpMargin);
   side->addWidget(lblRecherche, 0, 0);
   side->addWidget(txtRecherche, 0, 1);
   side->addWidget(pages_, 1, 0, 1, 2);
   side->setRowStretch(1, 1);
   auto* right = new QWidget(this);
   auto* frame = new QVBoxLayout(right);
-  frame->setContentsMargins(0, 0, margin, margin);
+  frame->setContentsMargins(0, 0, helpMargin, helpMargin);
   frame->addWidget(page_);
   columns_ = Nomme(new QSplitter(this), "columns");
   columns_->setChildrenCollapsible(false);

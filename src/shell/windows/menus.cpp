@@ -6,8 +6,8 @@
 
 #include "common/msg_id.h"
 #include "common/msg_id_menus.h"
-#include "coords/commands/adjust.h"
-#include "coords/commands/fill.h"
+#include "coord_commands/adjust.h"
+#include "coord_commands/fill.h"
 #include "coords/grid_commands.h"
 #include "shell/windows/form1.h"
 #include "store/erase_column.h"

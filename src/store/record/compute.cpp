@@ -1,15 +1,13 @@
 #include "store/record/compute.h"
 
-#include <algorithm>
 #include <optional>
+#include <span>
 
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"
 #include "coords/datum.h"
-#include "coords/ifbl.h"
-#include "coords/national_grids.h"
 #include "coords/original.h"
 #include "platform/commands.h"
 #include "store/record/input_boxes.h"
@@ -23,26 +21,11 @@ struct Point {
   double longitude = 0;
 };
 
-constexpr std::size_t squareLetters = 2, mostDigits = 10;
-
-/// An even number of digits, as many as a reference can have.
-bool SontChiffresDeGrille(std::string_view digits) {
-  return !digits.empty() && digits.size() <= mostDigits && digits.size() % 2 == 0 &&
-         std::all_of(digits.begin(), digits.end(), [](char c) { return c >= '0' && c <= '9'; });
-}
-
 /// False for boxes that the arithmetic would take for some other place without a word.
 bool NommeUnePlace(const RecordScreen& ecran) {
-  switch (InfoDe(ecran.system).notation) {
-    case Notation::Letters: {
-      const Grille grid = ecran.system == CoordSystem::Bng ? Grille::British : Grille::Irish;
-      return EstCarreNational(grid, ecran.EditBox[1]) && SontChiffresDeGrille(ecran.EditBox[2]);
-    }
-    case Notation::Square:
-      return NommeCarreIfbl(ecran.EditBox[2]);
-    default:
-      return true;
-  }
+  const CoordSystemInfo& info = InfoDe(ecran.system);
+  return info.form.nommeUnePlace == nullptr ||
+         info.form.nommeUnePlace(std::span(ecran.EditBox).last(info.tokens));
 }
 
 /// The point on the file's datum. Empty when the boxes name none; `failure` then takes the text
@@ -50,8 +33,8 @@ bool NommeUnePlace(const RecordScreen& ecran) {
 std::optional<Point> PointDesBoites(CoordState& state, const RecordScreen& ecran,
                                     std::string& failure) {
   const std::string original = Majuscules(OriginalDesBoites(ecran));
-  if (ecran.system == CoordSystem::Mgr) {
-    failure = Rogne(EchecMgrs(state, original, ecran.datum));
+  if (const auto refus = InfoDe(ecran.system).form.refus) {
+    failure = Rogne(refus(state, original, ecran.datum));
     if (!failure.empty()) return std::nullopt;
   }
   if (!NommeUnePlace(ecran)) return std::nullopt;
@@ -76,8 +59,11 @@ std::optional<Point> PointSansFaute(CoordState& state, const RecordScreen& ecran
 
 /// Tells of digits that no reference has.
 bool RefuseChiffres(CommandContext c, RecordScreen& ecran) {
+  constexpr std::size_t squareLetters = 2;
   const std::size_t size = CompteCaracteres(ecran.EditBox[2]);
-  if (ecran.system != CoordSystem::Mgr || size <= squareLetters || size % 2 == 0) return false;
+  if (!InfoDe(ecran.system).form.chiffresPairs || size <= squareLetters || size % 2 == 0) {
+    return false;
+  }
   Bip(c.state, c.io);
   c.io.dialogues.Demande(
       {.text = Texte(c.state.Langue, MsgId::UtmInvalide), .icon = Icon::Exclamation});

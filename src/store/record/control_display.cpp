@@ -71,7 +71,8 @@ void AfficheControle(CommandContext c, RecordScreen& ecran) {
   if (!latitude || !longitude) return;
   Essaie([&] { ecran.ValeurDMS = TexteDmsSigne(*latitude) + "\n" + TexteDmsSigne(*longitude); });
   Essaie([&] { AfficheUtm(c.state, ecran, *latitude, *longitude); });
-  ecran.ValeurLibre = ReferenceDuPoint(c.state, ecran.system, *latitude, *longitude);
+  ecran.ValeurLibre =
+      ReferenceDuPoint(c.state, ecran.system, c.state.DatumFichier, *latitude, *longitude);
 }
 
 }  // namespace talpena

@@ -24,27 +24,11 @@ const std::string& Boite(const RecordScreen& ecran, int box) {
 }  // namespace
 
 std::span<const int> BoitesDe(CoordSystem system) {
-  const std::span<const int> all(allBoxes);
-  switch (InfoDe(system).notation) {
-    case Notation::ZoneMetres:
-    case Notation::Mgrs:
-      return all;
-    case Notation::Square:
-      return all.last(1);
-    default:
-      return all.last(2);
-  }
+  return std::span<const int>(allBoxes).last(InfoDe(system).tokens);
 }
 
 bool EstNumeriqueSysteme(CoordSystem system) {
-  switch (InfoDe(system).notation) {
-    case Notation::TwoAngles:
-    case Notation::ZoneMetres:
-    case Notation::Metres:
-      return true;
-    default:
-      return false;
-  }
+  return InfoDe(system).content != Content::Reference;
 }
 
 std::string TexteDeBoite(CoordSystem system, std::string_view typed) {
@@ -60,18 +44,17 @@ void NettoieBoites(RecordScreen& ecran) {
 
 void RemplitBoites(RecordScreen& ecran, std::string_view original) {
   std::string_view first, second, third;
-  switch (InfoDe(ecran.system).notation) {
-    case Notation::Square: {
+  switch (InfoDe(ecran.system).tokens) {
+    case 1: {
       const std::string code = Remplace(original, " ", "");
       if (code.size() > codeSize) ecran.EditBox[2] = code.substr(codeSize);
       return;
     }
-    case Notation::ZoneMetres:
-    case Notation::Mgrs:
-      DecoupeTrois(original, first, second, third);
+    case 2:
+      DecoupeDeux(original, second, third);
       break;
     default:
-      DecoupeDeux(original, second, third);
+      DecoupeTrois(original, first, second, third);
   }
   ecran.EditBox = {std::string(first), std::string(second), std::string(third)};
 }

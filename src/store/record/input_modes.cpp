@@ -1,7 +1,5 @@
 #include "store/record/input_modes.h"
 
-#include <array>
-
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "common/text.h"
@@ -14,53 +12,14 @@
 namespace talpena {
 namespace {
 
-/// Codes of DatumsSpeciaux, for a catalogue that lacks one.
-constexpr std::array<std::string_view, 7> specialCodes{"",    "EUR-M", "NTF", "OGB-M",
-                                                       "IRL", "BEL72", "MER"};
-
-/// What stands beside the boxes of a system: an id of the string table, or a text as it is.
-struct Example {
-  int id = 0;
-  std::string_view text = {};
-};
-using Examples = std::array<Example, 3>;
-
-constexpr Examples metres{{{}, {0, "x (mètres)"}, {0, "y (mètres)"}}};
-
-Examples ExemplesDe(CoordSystem system) {
-  using namespace MsgId;
-  switch (system) {
-    case CoordSystem::Deg:
-      return {{{}, {0, "+52.98555"}, {0, "-003.56963"}}};
-    case CoordSystem::Dms:
-      return {{{}, {ExempleDmsLatitude}, {ExempleDmsLongitude}}};
-    case CoordSystem::Utm:
-      return {{{ExempleFuseau}, {ExempleEst}, {ExempleNord}}};
-    case CoordSystem::Mgr:
-      return {{{ExempleFuseau}, {ExempleZone}, {ExempleMgrs}}};
-    case CoordSystem::Grp:
-      return {{{}, {0, "+48.9552"}, {0, "+003.5423"}}};
-    case CoordSystem::Bng:
-      return {{{}, {0, "SM"}, {0, "2354"}}};
-    case CoordSystem::Itm:
-      return {{{}, {0, "IL"}, {0, "2354"}}};
-    case CoordSystem::Lmb:
-      return {{{}, {0, "112568"}, {0, "128963"}}};
-    case CoordSystem::Ifb:
-      return {{{}, {}, {0, "G3 or G336 or G33643"}}};
-    default:
-      return metres;
-  }
-}
-
 std::string TexteExemple(std::int16_t langue, const Example& example) {
   return example.id != 0 ? Texte(langue, example.id) : std::string(example.text);
 }
 
 /// Texts that were typed for one system mean the same in the other.
 bool MemeSens(CoordSystem a, CoordSystem b) {
-  return a == b ||
-         (InfoDe(a).notation == Notation::Metres && InfoDe(b).notation == Notation::Metres);
+  const auto plane = [](CoordSystem system) { return InfoDe(system).plane.versMetres != nullptr; };
+  return a == b || (plane(a) && plane(b));
 }
 
 bool SertUtm(const StoreState& state, std::int16_t datum) {
@@ -81,9 +40,9 @@ CoordSystem SystemeCourant(const StoreState& state) {
   return known ? static_cast<CoordSystem>(state.InputMode) : CoordSystem::Mgr;
 }
 
-bool ForceDatum(CoordSystem system) { return InfoDe(system).datumSlot > 0; }
+bool ForceDatum(CoordSystem system) { return EstSpecial(InfoDe(system).datums.system); }
 
-bool EstUtm(CoordSystem system) { return system == CoordSystem::Utm || system == CoordSystem::Mgr; }
+bool EstUtm(CoordSystem system) { return InfoDe(system).datums.system == SystemDatum::Utm; }
 
 void PrendDatum(const StoreState& state, RecordScreen& ecran, std::int16_t datum) {
   ecran.datum = datum;
@@ -91,12 +50,10 @@ void PrendDatum(const StoreState& state, RecordScreen& ecran, std::int16_t datum
 }
 
 std::vector<std::string> NomsDesSystemes(std::int16_t langue) {
-  constexpr int first = 8;  // systems up to LMB have their ids in one run, the others in another
   std::vector<std::string> names;
   names.reserve(CoordSystemCount);
   for (int i = 0; i < CoordSystemCount; ++i) {
-    names.push_back(
-        Texte(langue, i < first ? MsgId::PremierSysteme + i : MsgId::IfblBelgique + i - first));
+    names.push_back(Texte(langue, InfoDe(static_cast<CoordSystem>(i)).caption));
   }
   return names;
 }
@@ -107,14 +64,14 @@ void AdapteInputbox(StoreState& state, RecordScreen& ecran) {
   ecran.lblSysteme = Minuscules(info.code);
   ecran.layout = {};
   ecran.layout.datumFixed = ForceDatum(ecran.system);
-  const Examples examples = ExemplesDe(ecran.system);
+  std::size_t token = 0;
   for (const int box : BoitesDe(ecran.system)) {
-    const auto i = static_cast<std::size_t>(box);
-    ecran.layout.boxes[i] = {true, TexteExemple(state.Langue, examples[i])};
+    const Example& example = info.form.examples[token++];
+    ecran.layout.boxes[static_cast<std::size_t>(box)] = {true, TexteExemple(state.Langue, example)};
   }
   ecran.valeurLibreVisible = ecran.layout.datumFixed;
   if (!ecran.layout.datumFixed) return;
-  ecran.lblDatum = specialCodes[static_cast<std::size_t>(info.datumSlot)];
+  ecran.lblDatum = CodeSpecial(info.datums.system);
   PrendDatum(state, ecran, DatumDuSysteme(state, ecran.system));
 }
 

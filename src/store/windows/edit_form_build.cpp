@@ -57,12 +57,6 @@ class Remarque final : public QPlainTextEdit {
   }
 };
 
-QFont EnGras(const QFont& font) {
-  QFont bold = font;
-  bold.setBold(true);
-  return bold;
-}
-
 }  // namespace
 
 QLabel* EditForm::Etiquette(QWidget* parent, const char* name) {

@@ -10,6 +10,7 @@
 
 #include "common/numbers.h"
 #include "platform/commands.h"
+#include "platform/qt/controls.h"
 #include "platform/qt/window_place.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
@@ -40,12 +41,6 @@ enum : int {
   RowLabelLibre,
   RowLibre
 };
-
-QFont EnGras(const QFont& font) {
-  QFont bold = font;
-  bold.setBold(true);
-  return bold;
-}
 
 }  // namespace
 

@@ -13,10 +13,10 @@
 #include <string>
 #include <vector>
 
-#include "coords/commands/coords_world.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/map_view.h"
 #include "platform/os/file_system.h"
+#include "store/coords_world.h"
 
 namespace talpena::test {
 

@@ -290,23 +290,23 @@ TEST(QtCanvas, ALineCoversWhatItsAreaCovers) {
 }
 
 TEST(QtCanvas, TheVisiblePartOfAHugeLineIsRight) {
-  constexpr double huge = 3.4028234e38;
+  constexpr double beyond = 3.4028234e38;
   Drawing d;
-  d.canvas.Line(10, 40, huge, 40);
+  d.canvas.Line(10, 40, beyond, 40);
   for (int x = 10; x < width; ++x) EXPECT_EQ(d.At(x, height - 40), black) << x;
   EXPECT_EQ(d.At(8, height - 40), white);
   d.canvas.Cls();
-  d.canvas.Line(10, 10, huge, huge);  // along the diagonal
+  d.canvas.Line(10, 10, beyond, beyond);  // along the diagonal
   for (int i = 11; i < height; ++i) EXPECT_EQ(d.At(i, height - i), black) << i;
   d.canvas.Cls();
-  d.canvas.Line(-huge, 30, huge, 30);
+  d.canvas.Line(-beyond, 30, beyond, 30);
   for (int x = 0; x < width; ++x) EXPECT_EQ(d.At(x, height - 30), black) << x;
   d.canvas.Cls();
   d.canvas.Polyline(std::vector<PixelPoint>{{INT32_MIN, 50}, {INT32_MAX, 50}});
   for (int x = 0; x < width; ++x) EXPECT_EQ(d.At(x, 50), black) << x;
   d.canvas.Cls();
-  d.canvas.Line(-huge, -huge, -huge, huge);
-  d.canvas.Line(huge, 3, huge, 5);
+  d.canvas.Line(-beyond, -beyond, -beyond, beyond);
+  d.canvas.Line(beyond, 3, beyond, 5);
   EXPECT_EQ(d.Marked(), 0);
 }
 

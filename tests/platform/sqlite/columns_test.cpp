@@ -2,7 +2,7 @@
 #include <cmath>
 #include <limits>
 
-#include "engine_fixture.h"
+#include "platform/sqlite/engine_fixture.h"
 
 namespace talpena::enginetest {
 namespace {

@@ -6,8 +6,8 @@
 
 #include <fstream>
 
-#include "engine_fixture.h"
 #include "fakes/file_limit.h"
+#include "platform/sqlite/engine_fixture.h"
 
 namespace talpena::enginetest {
 namespace {

@@ -1,7 +1,7 @@
 // Conditions by chance: whatever a user types ends in rows or in a TalpenaError.
 #include <random>
 
-#include "engine_fixture.h"
+#include "platform/sqlite/engine_fixture.h"
 
 namespace talpena::enginetest {
 namespace {

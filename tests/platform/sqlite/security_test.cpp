@@ -1,8 +1,8 @@
 // A user's condition reads, and does nothing else.
 #include <fstream>
 
-#include "engine_fixture.h"
 #include "platform/sqlite/connection.h"
+#include "platform/sqlite/engine_fixture.h"
 
 namespace talpena::enginetest {
 namespace {

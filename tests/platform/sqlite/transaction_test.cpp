@@ -1,5 +1,5 @@
 // One level of transaction, and what cursors see of it.
-#include "engine_fixture.h"
+#include "platform/sqlite/engine_fixture.h"
 
 namespace talpena::enginetest {
 namespace {

@@ -14,7 +14,7 @@
 namespace talpena {
 namespace {
 
-constexpr std::array<std::int16_t, 5> languages = {0, 1000, 3000, 4000, 5000};
+constexpr std::array<std::int16_t, 5> menuLanguages = {0, 1000, 3000, 4000, 5000};
 
 std::string Dessine(std::span<const MenuEntry> entries, std::int16_t langue,
                     const std::string& indent = {}) {
@@ -43,13 +43,13 @@ TEST(Menus, StandAsTheyAreGivenInEnglish) {
 }
 
 TEST(Menus, HaveACaptionInEveryLanguage) {
-  for (const std::int16_t langue : languages) {
+  for (const std::int16_t langue : menuLanguages) {
     EXPECT_NO_THROW(Dessine(ArbreDesMenus(), langue)) << langue;
   }
 }
 
 TEST(Menus, KeepFixedCaptionsInEveryLanguage) {
-  for (const std::int16_t langue : languages) {
+  for (const std::int16_t langue : menuLanguages) {
     EXPECT_EQ(Libelle(*Cherche("MnuSelection"), langue), "Sélection a&vancée...");
     EXPECT_EQ(Libelle(*Cherche("mnuGrid"), langue), "Grille");
     EXPECT_EQ(Libelle(*Cherche("MnuExpDB_4"), langue), "Fichier Excel");
@@ -178,7 +178,7 @@ void VerifieLettres(std::span<const MenuEntry> entries, std::int16_t langue) {
 }
 
 TEST(Menus, TranslatedMnemonicsDoNotCollideWithinAMenu) {
-  for (const std::int16_t langue : languages) {
+  for (const std::int16_t langue : menuLanguages) {
     if (langue != 1000) VerifieLettres(ArbreDesMenus(), langue);
   }
 }

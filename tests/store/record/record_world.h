@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "common/string_table.h"
-#include "coords/commands/coords_world.h"
+#include "store/coords_world.h"
 #include "store/record/record_editor.h"
 
 namespace talpena::test {

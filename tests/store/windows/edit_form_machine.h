@@ -13,7 +13,7 @@
 #include <string>
 #include <vector>
 
-#include "coords/commands/coords_world.h"
+#include "store/coords_world.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
 #include "store/windows/free_fields_grid.h"

@@ -12,7 +12,7 @@ namespace {
 
 using test::ShownGrid;
 
-constexpr int n1 = 3, sex = 5, datum = 6;
+using namespace test::column;
 using Numbers = std::vector<std::int64_t>;
 
 /// N1 of the chosen rows, in the order in which they were chosen.

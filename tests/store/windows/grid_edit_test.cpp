@@ -10,8 +10,7 @@ namespace {
 
 using test::ShownGrid;
 
-constexpr int period = 0, latitude = 1, n1 = 3, sex = 5, datum = 6, original = 7, date = 8,
-              comment = 9;
+using namespace test::column;
 
 TEST(GridEdit, AChangedCellIsStoredAndMarksTheFileModified) {
   ShownGrid g;

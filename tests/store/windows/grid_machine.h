@@ -14,6 +14,12 @@
 
 namespace talpena::test {
 
+/// Columns of the grid.
+namespace column {
+inline constexpr int period = 0, latitude = 1, n1 = 3, sex = 5, datum = 6, original = 7, date = 8,
+                     comment = 9;
+}
+
 /// Rows 1 to `rows`: PERIOD 1, LATITUDE 50.1, LONGITUDE 4.5, N1 the row's number.
 struct GridMachine {
   explicit GridMachine(int rows = 5) {

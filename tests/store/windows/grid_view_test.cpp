@@ -15,7 +15,7 @@ namespace {
 using test::GridMachine;
 using test::ShownGrid;
 
-constexpr int n1 = 3, comment = 9;
+using namespace test::column;
 
 TEST(Grid, IsEmptyUntilTheDataControlIsBound) {
   GridMachine m;

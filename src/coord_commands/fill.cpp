@@ -1,0 +1,149 @@
+#include "coord_commands/fill.h"
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "common/msg_id.h"
+#include "common/numbers.h"
+#include "common/string_table.h"
+#include "common/text.h"
+#include "coord_commands/row_walk.h"
+#include "coords/datum.h"
+#include "coords/dms_text.h"
+#include "coords/forward_text.h"
+#include "coords/lambert.h"
+#include "coords/original.h"
+#include "platform/commands.h"
+#include "store/table.h"
+
+namespace talpena {
+namespace {
+
+/// The new text for a point on the file's datum, decimal degrees.
+using TexteDuPoint = std::function<std::string(double latitude, double longitude)>;
+
+/// Puts a text behind each row's COMMENT.
+class RemplitLignes final : public RowWalk {
+ public:
+  RemplitLignes(MainWindowView& vue, std::string joiner, TexteDuPoint text)
+      : RowWalk(vue), joiner_(std::move(joiner)), text_(std::move(text)) {}
+
+  static RowPass Passe() {
+    return {{Column::LATITUDE, Column::LONGITUDE, Column::COMMENT}, {Column::COMMENT}};
+  }
+
+  bool Modifie(Bookmark, std::span<const Cell> given, std::span<Cell> changed) override {
+    if (given[0].EstNull() || given[1].EstNull()) return false;
+    const std::string text = text_(given[0].real, given[1].real);
+    const std::string_view added = Rogne(text);
+    if (added.empty()) return false;
+    comment_ = given[2].text;  // "" for Null
+    if (!comment_.empty()) comment_ += joiner_;
+    comment_ += added;
+    changed[0] = Cell::Of(std::string_view(comment_));
+    return true;
+  }
+
+ private:
+  std::string joiner_;
+  TexteDuPoint text_;
+  std::string comment_;
+};
+
+void Remplit(CommandContext c, std::string joiner, TexteDuPoint text) {
+  RemplitLignes rows(c.vue, std::move(joiner), std::move(text));
+  const std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
+  RowPass pass = RemplitLignes::Passe();
+  if (!chosen.empty()) pass.only = &chosen;
+  ParcourtLignes(c, pass, rows);
+}
+
+bool ConfirmeMgrs(CommandContext c) {
+  Bip(c.state, c.io);
+  return c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::RemplitUtm) + "\r" +
+                                         Texte(c.state.Langue, MsgId::CalculSelonEllipsoide),
+                                 .icon = Icon::Exclamation,
+                                 .buttons = Buttons::OkCancel}) == Answer::Ok;
+}
+
+/// Grades in single precision: Str then gives the few digits that they are known by.
+std::string TexteGrades(double latitude, double longitude) {
+  double g = 0, h = 0;
+  LatLonVersGradesParis(latitude, longitude, g, h);
+  return Str(EnSimple(g)) + "," + Str(EnSimple(h));
+}
+
+/// The point on the datum of a system.
+std::pair<double, double> SurDatum(const CoordState& state, CoordSystem system,
+                                   std::int16_t datumFichier, double latitude, double longitude) {
+  ConvertitDatum(state.Catalogue, latitude, longitude, 0, latitude, longitude, datumFichier,
+                 DatumDuSysteme(state, system));
+  return {latitude, longitude};
+}
+
+std::string TexteLambert(CoordState& state, CoordSystem system, std::int16_t datumFichier,
+                         double latitude, double longitude) {
+  const auto [phi, lambda] = SurDatum(state, system, datumFichier, latitude, longitude);
+  double x = 0, y = 0;
+  MetresDuPoint(state, system, phi, lambda, x, y);
+  return Str(Fix(x)) + "," + Str(Fix(y));
+}
+
+/// What MnuRemplirXY writes.
+std::string TexteXY(StoreState& state, int index, std::int16_t datumFichier, double latitude,
+                    double longitude) {
+  switch (index) {
+    case 0:
+      return TexteDms(latitude) + state.FreeFieldSeparator + TexteDms(longitude);
+    case 1:
+      return TexteGrades(latitude, longitude);
+    case 2:
+      return TexteLambert(state, CoordSystem::Lmb, datumFichier, latitude, longitude);
+    case 3: {
+      const auto [phi, lambda] =
+          SurDatum(state, CoordSystem::Ifb, datumFichier, latitude, longitude);
+      return TexteIfbl(phi, lambda);
+    }
+    case 4:
+      return TexteLambert(state, CoordSystem::Nma, datumFichier, latitude, longitude);
+    case 5:
+      return TexteLambert(state, CoordSystem::Sma, datumFichier, latitude, longitude);
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+void MnuRemplirCoo_Click(CommandContext c, int index) {
+  ExecuteCommande(c.state, c.io, {}, [&] {
+    if (index == 0 && !ConfirmeMgrs(c)) return;
+    ChoisitEllipsoide(c.state.Catalogue, c.state.DatumFichier);
+    Remplit(c, " ", [&](double latitude, double longitude) {
+      if (index == 0) return MgrsDuPoint(c.state.Catalogue, latitude, longitude);
+      const Grille grid = index == 1 ? Grille::British : Grille::Irish;
+      return TexteGrille(grid, latitude, longitude);
+    });
+  });
+}
+
+void MnuRemplirXY_Click(CommandContext c, int index) {
+  ExecuteCommande(c.state, c.io, {}, [&] {
+    Remplit(c, ",", [&](double latitude, double longitude) {
+      return TexteXY(c.state, index, c.state.DatumFichier, latitude, longitude);
+    });
+  });
+}
+
+void MnuRemplirTexte_Click(CommandContext c) {
+  ExecuteCommande(c.state, c.io, {}, [&] {
+    std::string answer =
+        c.io.dialogues.Saisie({.prompt = Texte(c.state.Langue, MsgId::TexteAInserer)});
+    if (answer.empty()) return;
+    Remplit(c, c.state.FreeFieldSeparator, [&](double, double) { return answer; });
+  });
+}
+
+}  // namespace talpena

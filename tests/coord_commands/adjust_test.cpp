@@ -1,0 +1,270 @@
+#include "coord_commands/adjust.h"
+
+#include <gtest/gtest.h>
+
+#include "coords/snap.h"
+#include "store/coords_world.h"
+
+namespace talpena {
+namespace {
+
+using test::CoordsWorld;
+using test::Lines;
+
+TEST(AjusteDegres, RecomputesFromOriginal) {
+  CoordsWorld w;
+  w.Montre({{"WGS84", "deg +50.50000 +004.25000"}, {"WGS84", " utm 31 500000 5000000 "}});
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"50.5 4.25", "45.15348 3"}));
+  EXPECT_TRUE(w.state.FichierModifie);
+}
+
+TEST(AjusteDegres, MovesToTheDatumOfTheFile) {
+  CoordsWorld w;
+  w.state.DatumFichier = w.state.Catalogue.DatumEur;
+  w.Montre({{"WGS84", "deg 50.5 4.25"}});
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129"}));
+}
+
+TEST(AjusteDegres, SnapsToTheMeshes) {
+  CoordsWorld w;
+  w.Montre({{"WGS84", "deg -0.1 0.1"}, {"WGS84", "deg 0.1 -0.1"}});
+  AjusteDegres(w.Contexte(), 0.5, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"-0.25 0.1", "0.25 -0.1"}));
+}
+
+TEST(AjusteDegres, KeepsRowsWithoutOriginalAndThoseItCannotRead) {
+  CoordsWorld w;
+  w.Montre({{"WGS84", ""},
+            {"WGS84", "xyz 1 2"},
+            {"WGS84", "utm 31 0 5500000"},
+            {"WGS84", "lmb 0 128963"}});
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"1 2", "1 2", "1 2", "1 2"}));
+  EXPECT_FALSE(w.state.FichierModifie);
+}
+
+TEST(AjusteDegres, ReadsABlankDatumAsWgs84) {
+  CoordsWorld w;
+  w.state.DatumFichier = w.state.Catalogue.DatumEur;
+  w.Montre({{"", "deg 50.5 4.25"}, {"     ", "deg 50.5 4.25"}, {"wgs84", "deg 50.5 4.25"}});
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129", "50.50085 4.25129", "50.50085 4.25129"}));
+}
+
+TEST(AjusteDegres, TellsUnknownDatumsOnce) {
+  CoordsWorld w;
+  w.Montre(
+      {{"QQQ", "deg 50.5 4.25"}, {"qqq", "deg 1.5 1"}, {"ZZZ", "deg 1.5 1"}, {"WGS84", "deg 7 8"}});
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"1 2", "1 2", "1 2", "7 8"}));
+  EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\n\nQQQ, ZZZ"}));
+}
+
+TEST(AjusteDegres, TellsThatTheFilesDatumIsUnknown) {
+  CoordsWorld w;
+  w.state.DatumFichier = 0;
+  w.state.DatumFichierCode = "NONE";
+  w.Montre({{"WGS84", "deg 50.5 4.25"}});
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"1 2"}));
+  EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\n\nNONE"}));
+}
+
+// A latitude of 50412 degrees has no radius of curvature.
+TEST(AjusteDegres, EndsAtAFaultAndNamesTheRow) {
+  CoordsWorld w;
+  w.state.DatumFichier = w.state.Catalogue.DatumEur;
+  w.state.Silence = false;
+  w.Montre({{"EUR-M", "deg 5 6"}, {"WGS84", "deg 50412 3921"}, {"EUR-M", "deg 7 8"}});
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"5 6", "1 2", "1 2"}));
+  EXPECT_EQ(w.Boites(), (Lines{"DEG 50412 3921\n\nError 5\nInvalid procedure call or argument"}));
+  EXPECT_TRUE(w.state.FichierModifie);
+  EXPECT_FALSE(w.vue.grilleGelee);
+  EXPECT_FALSE(w.vue.sablier);
+  EXPECT_FALSE(w.vue.barre);
+  EXPECT_EQ(w.sound.bips, 1);
+}
+
+TEST(AjusteDegres, WalksTheRowsThatTheGridShows) {
+  CoordsWorld w;
+  w.state.SqlCourant = "SELECT * FROM TALPENA WHERE LATITUDE > 10 ORDER BY LATITUDE DESC";
+  w.Montre({{"WGS84", "deg 50 4", "1"}, {"WGS84", "deg 51 4", "20"}, {"WGS84", "deg 52 4", "30"}});
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"1 2", "51 4", "52 4"}));
+}
+
+TEST(AjusteDegres, ShowsProgressAndBeeps) {
+  CoordsWorld w;
+  w.state.Silence = false;
+  w.Montre({{"WGS84", "deg 50 4"}});
+  int shown = 0;
+  w.state.Data1.Ecoute([&](DataControl::Change change) {
+    if (change == DataControl::Change::Values) ++shown;
+  });
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.vue.progression, (std::vector<int>{100, 0}));
+  EXPECT_EQ(w.sound.bips, 1);
+  EXPECT_EQ(shown, 1);
+}
+
+TEST(AjusteDegres, DoesNothingWithoutAnOpenTable) {
+  CoordsWorld w;
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_TRUE(w.vue.progression.empty());
+}
+
+TEST(AjusteDegres, StoresFiveDecimals) {
+  CoordsWorld w;
+  w.Montre({{"WGS84", "deg 50.123456 4.0000078"}});
+  AjusteDegres(w.Contexte(), SansMaille, SansMaille);
+  EXPECT_EQ(w.Points(), (Lines{"50.12346 4.00001"}));
+}
+
+TEST(AjusteGrades, SnapsRows) {
+  CoordsWorld w;
+  w.state.DatumFichier = ChercheDatum(w.state.Catalogue, "NTF");
+  w.Montre({{"NTF", "grp +55.55000 +002.10000"}});
+  mnuAjustGrid_Click(w.Contexte(), 2);
+  EXPECT_EQ(w.Points(), (Lines{"49.95 4.13722"}));
+}
+
+TEST(AjusteCoor, EndsOnCancel) {
+  CoordsWorld w;
+  w.vue.ajustement = false;
+  w.Montre({{"WGS84", "deg 50 4"}});
+  mnuAjustGrid_Click(w.Contexte(), 0);
+  EXPECT_EQ(w.Points(), (Lines{"1 2"}));
+}
+
+TEST(AjusteCoor, SnapsToTheMeshOfTheDialog) {
+  CoordsWorld w;
+  w.state.UtmAjust = 4;
+  w.Montre({{"WGS84", "mgr 31 U ES12346789"}, {"WGS84", "utm 31 512345 5667890"}});
+  mnuAjustGrid_Click(w.Contexte(), 0);
+  const Lines points = w.Points();
+  EXPECT_EQ(points[0], points[1]);
+  EXPECT_EQ(points[0].substr(0, 4), "51.1");
+}
+
+TEST(AjusteCoor, OpensOnTheSettingsAndKeepsTheChoice) {
+  CoordsWorld w;
+  struct Choosing : test::FakeView {
+    explicit Choosing(StoreState& s) : state(s) {}
+    bool MontreAjustement() override {
+      opened = {state.MailleChoisie, state.GrilleChoisie};
+      state.MailleChoisie = 7;
+      state.GrilleChoisie = 2;
+      return true;
+    }
+    StoreState& state;
+    std::pair<int, int> opened;
+  } vue(w.state);
+  w.state.UtmAjust = 3;
+  AjusteCoor({w.state, w.io, vue});
+  EXPECT_EQ(vue.opened, (std::pair{3, 1}));  // a grid of 0 is none: UTM
+  EXPECT_EQ(w.state.UtmAjust, 7);
+  EXPECT_EQ(w.state.GridAjust, 2);
+  AjusteCoor({w.state, w.io, vue});
+  EXPECT_EQ(vue.opened, (std::pair{7, 2}));
+}
+
+TEST(MnuAjustGrid, AsksForBothMeshes) {
+  CoordsWorld w;
+  w.dialogues.inputs = {"-0,5", "999"};
+  w.Montre({{"WGS84", "deg -0.1 0.1"}});
+  mnuAjustGrid_Click(w.Contexte(), 1);
+  EXPECT_EQ(w.Points(), (Lines{"-0.25 0.1"}));
+  ASSERT_EQ(w.dialogues.asked.size(), 2U);
+  EXPECT_EQ(w.dialogues.asked[0].prompt,
+            "Adjust LATITUDES each ... (in decimal degrees Greenwich)");
+  EXPECT_EQ(w.dialogues.asked[0].title, "Adjusting to decimal degrees Greenwich ");
+  EXPECT_EQ(w.dialogues.asked[1].prompt,
+            "Adjust LONGITUDES each ... (in decimal degrees Greenwich)");
+  EXPECT_EQ(w.dialogues.asked[1].title, "LoadResString(167 + Langue)");
+}
+
+TEST(MnuAjustGrid, IsCancelledByZero) {
+  for (const auto& inputs : {std::deque<std::string>{"0"}, {""}, {"abc"}, {"1", "0"}, {"1", ""}}) {
+    CoordsWorld w;
+    w.dialogues.inputs = inputs;
+    w.Montre({{"WGS84", "deg 50 4"}});
+    mnuAjustGrid_Click(w.Contexte(), 1);
+    EXPECT_EQ(w.Points(), (Lines{"1 2"}));
+    EXPECT_TRUE(w.dialogues.inputs.empty());
+  }
+}
+
+TEST(MnuAjustGrid, AsksAgainOutsideTheBounds) {
+  CoordsWorld w;
+  w.state.Silence = false;
+  w.dialogues.inputs = {"90", "100", "-91", "1", "2"};
+  w.Montre({{"WGS84", "deg 50.2 4.2"}});
+  mnuAjustGrid_Click(w.Contexte(), 1);
+  EXPECT_EQ(w.Points(), (Lines{"50.5 5"}));
+  EXPECT_EQ(w.sound.bips, 4);  // three refusals and the end
+}
+
+// The longitude's upper bound looks at the latitude's mesh.
+TEST(MnuAjustGrid, TakesALongitudeMeshOf200) {
+  CoordsWorld w;
+  w.dialogues.inputs = {"1", "200"};
+  w.Montre({{"WGS84", "deg 50.2 4.2"}});
+  mnuAjustGrid_Click(w.Contexte(), 1);
+  EXPECT_EQ(w.Points(), (Lines{"50.5 100"}));
+}
+
+TEST(MnuAjustGrid, RefusesAnyLongitudeMeshBesideALatitudeOf999) {
+  CoordsWorld w;
+  w.dialogues.inputs = {"999", "1", "2", "999"};
+  w.Montre({{"WGS84", "deg 50.2 4.2"}});
+  mnuAjustGrid_Click(w.Contexte(), 1);
+  EXPECT_EQ(w.Points(), (Lines{"50.2 4.2"}));
+  EXPECT_TRUE(w.dialogues.inputs.empty());
+}
+
+TEST(MnuAjustIfbl, SnapsToTheSquares) {
+  for (const auto& [index, expected] : {std::pair{0, 2}, {1, 4}, {2, 6}}) {
+    CoordsWorld w;
+    w.state.DatumFichier = ChercheDatum(w.state.Catalogue, "BEL72");
+    w.Montre(
+        {{"BEL72", "ifb G33643"},
+         {"BEL72", std::string("ifb G33643").substr(0, 4 + static_cast<std::size_t>(expected))}});
+    mnuAjustIFBL_Click(w.Contexte(), index);
+    EXPECT_EQ(w.Points()[0], w.Points()[1]);
+    EXPECT_NE(w.Points()[0], "1 2");
+  }
+}
+
+TEST(ChangeDatumFichier, RecomputesAllRows) {
+  CoordsWorld w;
+  w.Montre({{"WGS84", "deg 50.5 4.25"}});
+  ChangeDatumFichier(w.Contexte(), "EUR-M");
+  EXPECT_EQ(w.Points(), (Lines{"50.50085 4.25129"}));
+  EXPECT_EQ(w.state.DatumFichierCode, "EUR-M");
+  EXPECT_EQ(w.vue.panneauDatum, "EUR-M");
+  EXPECT_TRUE(w.state.FichierModifie);
+  ChangeDatumFichier(w.Contexte(), "WGS84");
+  EXPECT_EQ(w.Points(), (Lines{"50.5 4.25"}));
+}
+
+TEST(ChangeDatumFichier, RefusesAnUnknownCode) {
+  CoordsWorld w;
+  w.Montre({{"WGS84", "deg 50.5 4.25"}});
+  ChangeDatumFichier(w.Contexte(), "QQQ");
+  EXPECT_EQ(w.state.DatumFichierCode, "WGS84");
+  EXPECT_EQ(w.Boites(), (Lines{"This datum is absent from the available datums!\n\nQQQ"}));
+}
+
+TEST(ChangeDatumFichier, LeavesTheRowsWhileNoGridIsShown) {
+  CoordsWorld w;
+  w.Montre({{"WGS84", "deg 50.5 4.25"}});
+  w.vue.grilleVisible = false;
+  ChangeDatumFichier(w.Contexte(), "EUR-M");
+  EXPECT_EQ(w.Points(), (Lines{"1 2"}));
+}
+
+}  // namespace
+}  // namespace talpena
