@@ -10,6 +10,7 @@
 
 #include "common/numbers.h"
 #include "coords/proj_oracle.h"
+#include "maps/map_projection.h"
 #include "maps/some_map.h"
 #include "measure.h"
 
@@ -87,7 +88,7 @@ double Projs(PJ* operation, const Sample& sample, double& sum) {
 int main(int argc, char** argv) {
   const int count = argc > 1 ? std::atoi(argv[1]) : 1000000;
   double sum = 0;
-  for (int code = 1; code <= 13; ++code) {
+  for (int code = 1; code <= static_cast<int>(Projections().size()); ++code) {
     const MapState carte = test::CarteDe(code);
     const Sample sample = PointsOf(code, count);
     PJ* operation = proj_create(nullptr, ProjectionOf(code).c_str());

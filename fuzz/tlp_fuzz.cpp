@@ -5,6 +5,7 @@
 
 #include "check.h"
 #include "fakes/memory_input.h"
+#include "maps/canvas_sink.h"
 #include "maps/layer_plot.h"
 #include "maps/projection.h"
 
@@ -57,7 +58,8 @@ MapState Carte(int code) {
 void Dessine(std::string_view bytes, int code, std::size_t block) {
   MapState carte = Carte(code);
   CountingCanvas canvas;
-  LayerPlot plot(carte, canvas);
+  CanvasSink surface(canvas, carte.polygone);
+  LayerPlot plot(carte, surface);
   LayerFile file(std::make_unique<test::MemoryInput>(bytes, block));
   std::size_t records = 0, points = 0;
   for (LayerRecord record; file.Suivant(record);) {

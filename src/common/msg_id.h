@@ -1,4 +1,4 @@
-// Base ids of the string table that the code names. Menu captions are listed with their menus.
+// Base ids of the string table that the code names; those of the menus are in msg_id_menus.h.
 #pragma once
 
 namespace talpena::MsgId {
@@ -120,7 +120,7 @@ inline constexpr int IfblHorsLimites = 957;  // "There is no IFBL code here: x g
 inline constexpr int MetresAttendus = 958;   // "x and y are plain numbers, in metres."
 inline constexpr int IfblSansCarre = 959;    // "No square of the IFBL grid has this code."
 
-// Map view. Captions of its menus are listed there.
+// Map view.
 inline constexpr int CarteOuvrir = 410;      // "&Open map..."
 inline constexpr int CarteOptions = 420;     // "Options"
 inline constexpr int CarteImprimer = 421;    // "Print"

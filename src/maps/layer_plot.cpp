@@ -3,6 +3,7 @@
 #include <cmath>
 #include <limits>
 
+#include "maps/map_projection.h"
 #include "maps/projection.h"
 
 namespace talpena {
@@ -28,10 +29,10 @@ DrawStyle Style(int style) {
 /// What is no number stays none, for the projection to refuse.
 float EnRadians(float degrees) { return std::isfinite(degrees) ? radian(degrees) : degrees; }
 
-/// Orthographic maps give HORS_CARTE twice to a point behind the globe, all others to one that
-/// their arithmetic cannot take.
 bool EstEchec(const MapState& carte, float X, float Y) {
-  return X == HORS_CARTE && Y == HORS_CARTE && carte.CodeProjection < 10;
+  if (X != HORS_CARTE || Y != HORS_CARTE) return false;
+  const MapProjection* projection = ProjectionDe(carte);
+  return projection != nullptr && projection->lointain == FarPoint::Failed;
 }
 
 }  // namespace

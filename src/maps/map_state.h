@@ -38,7 +38,7 @@ struct MapState {
   std::string DossierCarte;         ///< folder of the map file, separator behind it; "" without one
   std::string FichierPS;            ///< PostScript drawing of the map
   std::string FichierImage;         ///< picture of the canvas
-  std::int16_t CodeProjection = 0;  ///< 0: not georeferenced; 1 to 13
+  std::int16_t CodeProjection = 0;  ///< 0: not georeferenced; else of Projections()
   float ParallelePrincipal = 0;     ///< codes 9 and 13
   float LatNord = 0, LatSud = 0, LonEst = 0, LonOuest = 0;
   float Parallele1 = 0, Parallele2 = 0;  ///< code 1

@@ -7,6 +7,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "coords/faults.h"
+#include "maps/map_projection.h"
 #include "maps/plot.h"
 #include "maps/projection.h"
 #include "platform/commands.h"
@@ -19,9 +20,7 @@ namespace {
 
 constexpr std::uint32_t White = 0xFFFFFF;
 
-bool EstGeoreferencee(const MapState& carte) {
-  return carte.CodeProjection >= 1 && carte.CodeProjection <= 13;
-}
+bool EstGeoreferencee(const MapState& carte) { return ProjectionDe(carte) != nullptr; }
 
 void MontrePositionTitre(MapContext c, float x, float y) {
   c.fenetre.ChangeTitre(FormeLibre(x) + FormeLibre(y));

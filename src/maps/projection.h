@@ -1,4 +1,4 @@
-// The thirteen projections of the vector maps, on the International ellipsoid. Every parameter,
+// The projections of the vector maps, on the International ellipsoid. Every parameter,
 // result and named intermediate is stored in 32 bits; functions are evaluated in double.
 #pragma once
 #include <cstddef>
@@ -24,9 +24,9 @@ void InitProjection(MapState& carte);
 /// width, the height and the larger of them, from its extents.
 void InitBoite(MapState& carte);
 
-/// Latitude and longitude in radians to kilometres. With a code outside 1 to 13 X and Y stay as
-/// they are. A result that is no number, or beyond the range of a float, raises Overflow (6) or
-/// DivisionByZero (11).
+/// Latitude and longitude in radians to kilometres. With a code that is none of Projections() X and
+/// Y stay as they are. A result that is no number, or beyond the range of a float, raises Overflow
+/// (6) or DivisionByZero (11).
 void Project(const MapState& carte, float lat, float lon, float& X, float& Y);
 
 /// The same for many points, results equal to those of Project: also where it writes one of them
@@ -34,8 +34,9 @@ void Project(const MapState& carte, float lat, float lon, float& X, float& Y);
 void ProjectPoints(const MapState& carte, std::span<const float> lat, std::span<const float> lon,
                    std::span<float> X, std::span<float> Y);
 
-/// Kilometres to latitude and longitude in radians. With a code outside 1 to 13 nothing is written.
-/// Faults of the arithmetic are raised as by Project; it ends for every X and Y.
+/// Kilometres to latitude and longitude in radians. With a code that is none of Projections()
+/// nothing is written. Faults of the arithmetic are raised as by Project; it ends for every X and
+/// Y.
 void ProjectionInverse(const MapState& carte, float X, float Y, float& lat, float& lon);
 
 /// A longitude, degrees, moved by the shift of the map file. No drawing goes through it.

@@ -1,4 +1,4 @@
-// The forward functions behind Project, one for each row of its table. They answer with the fault
+// The forward functions behind Project, by the rows of Projections(). They answer with the fault
 // of their arithmetic instead of raising it, since one point of a million may fail.
 #pragma once
 #include <cmath>

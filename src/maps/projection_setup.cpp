@@ -3,6 +3,7 @@
 
 #include "common/numbers.h"
 #include "maps/figure.h"
+#include "maps/map_projection.h"
 #include "maps/projection.h"
 
 namespace talpena {
@@ -37,29 +38,12 @@ Reperes ReperesDuPole(float rim, float lon0, double bottom) {
           {rim, EnSimple(lon0 + (Figure::Pi - bottom))}};
 }
 
-Reperes ReperesDe(const MapState& carte, const Limites& l) {
-  const float lon0 = carte.MeridienCentral;
-  switch (carte.CodeProjection) {
-    case 1:
-    case 3:
-      return {{l.S, l.W}, {l.S, lon0}, {l.S, l.E}, {l.N, l.E}};
-    case 4: {
-      const float m = RangeeLaPlusLarge(l);
-      return {{m, l.W}, {l.S, lon0}, {m, l.E}, {l.N, lon0}};
-    }
-    case 11:
-      return ReperesDuPole(l.S, lon0, 0);
-    case 12:
-      return ReperesDuPole(l.N, lon0, Figure::Pi);
-    default:
-      return {{l.S, l.W}, {l.S, lon0}, {l.S, l.E}, {l.N, lon0}};
-  }
+Limites LimitesDe(const MapState& carte) {
+  return {radian(carte.LatNord), radian(carte.LatSud), radian(carte.LonEst),
+          radian(carte.LonOuest)};
 }
 
-void BoiteDesReperes(MapState& carte) {
-  const Limites limites{radian(carte.LatNord), radian(carte.LatSud), radian(carte.LonEst),
-                        radian(carte.LonOuest)};
-  const Reperes r = ReperesDe(carte, limites);
+void BoiteDesReperes(MapState& carte, const Reperes& r) {
   float X = 0, Y = 0;
   Project(carte, r.gauche.lat, r.gauche.lon, X, Y);
   carte.XGauche = X;
@@ -69,12 +53,6 @@ void BoiteDesReperes(MapState& carte) {
   carte.XDroite = X;
   Project(carte, r.haut.lat, r.haut.lon, X, Y);
   carte.YHaut = Y;
-}
-
-void BoiteDuGlobe(MapState& carte) {
-  constexpr auto rayon = static_cast<float>(Figure::A / 1000);
-  carte.XGauche = carte.YBas = -rayon;
-  carte.XDroite = carte.YHaut = rayon;
 }
 
 float Etendue(float from, float to) { return EnSimple(std::abs(static_cast<double>(to) - from)); }
@@ -93,33 +71,64 @@ void InitFacteurs(MapState& carte) {
   carte.k6 = EnSimple(Figure::A * std::cos(0.8813913));
 }
 
+void ConstantesLambert(MapState& carte) {
+  DefConstantes(carte, carte.Parallele1, carte.Parallele2);
+}
+
+// Half the difference of the limits, not their mean: maps are made for that centre.
+// Held by ProjectionOracle.KeepsTheStereographicCentreFromTheMean.
+void CentreStereo(MapState& carte) {
+  StereoInit(carte, radian(EnSimple((static_cast<double>(carte.LatNord) - carte.LatSud) / 2)));
+}
+
+void FacteurBSAM9(MapState& carte) {
+  carte.k9 = EnSimple(std::cos(static_cast<double>(radian(carte.ParallelePrincipal))));
+}
+
+void CentreOrtho(MapState& carte) { OrthoInit(carte, radian(carte.ParallelePrincipal)); }
+
+void BoiteDuMeridien(MapState& carte) {
+  const Limites l = LimitesDe(carte);
+  const float lon0 = carte.MeridienCentral;
+  BoiteDesReperes(carte, {{l.S, l.W}, {l.S, lon0}, {l.S, l.E}, {l.N, lon0}});
+}
+
+void BoiteDuCoin(MapState& carte) {
+  const Limites l = LimitesDe(carte);
+  BoiteDesReperes(carte, {{l.S, l.W}, {l.S, carte.MeridienCentral}, {l.S, l.E}, {l.N, l.E}});
+}
+
+void BoiteSinusoidale(MapState& carte) {
+  const Limites l = LimitesDe(carte);
+  const float m = RangeeLaPlusLarge(l), lon0 = carte.MeridienCentral;
+  BoiteDesReperes(carte, {{m, l.W}, {l.S, lon0}, {m, l.E}, {l.N, lon0}});
+}
+
+void BoiteDuPoleNord(MapState& carte) {
+  BoiteDesReperes(carte, ReperesDuPole(LimitesDe(carte).S, carte.MeridienCentral, 0));
+}
+
+void BoiteDuPoleSud(MapState& carte) {
+  BoiteDesReperes(carte, ReperesDuPole(LimitesDe(carte).N, carte.MeridienCentral, Figure::Pi));
+}
+
+void BoiteDuGlobe(MapState& carte) {
+  constexpr auto rayon = static_cast<float>(Figure::A / 1000);
+  carte.XGauche = carte.YBas = -rayon;
+  carte.XDroite = carte.YHaut = rayon;
+}
+
 void InitProjection(MapState& carte) {
-  switch (carte.CodeProjection) {
-    case 1:
-      return DefConstantes(carte, carte.Parallele1, carte.Parallele2);
-    case 3:  // half the difference of the limits, not their mean: maps are made for that centre
-      return StereoInit(carte,
-                        radian(EnSimple((static_cast<double>(carte.LatNord) - carte.LatSud) / 2)));
-    case 9:
-      carte.k9 = EnSimple(std::cos(static_cast<double>(radian(carte.ParallelePrincipal))));
-      return;
-    case 13:
-      return OrthoInit(carte, radian(carte.ParallelePrincipal));
-    default:
-      return;  // the orthographic codes 10 to 12 keep the centre that stands
-  }
+  const MapProjection* projection = ProjectionDe(carte);
+  if (projection != nullptr && projection->constantes != nullptr) projection->constantes(carte);
 }
 
 void InitBoite(MapState& carte) {
-  const int code = carte.CodeProjection;
-  if (code == 0)
+  if (carte.CodeProjection == 0)
     return PoseEtendues(carte, Etendue(carte.Gauche, carte.Droite), Etendue(carte.Bas, carte.Haut));
   carte.MeridienCentral = radian(carte.MeridienCentralDeg);
-  if (code == 10 || code == 13) {
-    BoiteDuGlobe(carte);
-  } else if (code >= 1 && code <= 13) {
-    BoiteDesReperes(carte);
-  }
+  const MapProjection* projection = ProjectionDe(carte);
+  if (projection != nullptr) projection->boite(carte);
   PoseEtendues(carte, Etendue(carte.XGauche, carte.XDroite), Etendue(carte.YBas, carte.YHaut));
 }
 

@@ -1,5 +1,6 @@
 #include "store/table.h"
 
+#include "common/msg_id.h"
 #include "common/string_table.h"
 
 namespace talpena {
@@ -23,8 +24,10 @@ void CreateTable(Database& database) {
 
 std::array<std::string, Column::GridCount> TitresColonnes(const SettingsState& state) {
   const auto texte = [&state](int id) { return Texte(state.Langue, id); };
-  return {texte(130), texte(131), texte(132), state.LabelNumeric1, state.LabelNumeric2,
-          "Sex",      texte(135), texte(136), texte(137),          texte(138)};
+  return {texte(MsgId::NumeroPeriode), texte(MsgId::Latitude),        texte(MsgId::Longitude),
+          state.LabelNumeric1,         state.LabelNumeric2,           "Sex",
+          texte(MsgId::Datum),         texte(MsgId::CoordOriginales), texte(MsgId::Date),
+          texte(MsgId::Commentaires)};
 }
 
 }  // namespace talpena

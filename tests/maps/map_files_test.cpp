@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "maps/map_files_world.h"
+#include "maps/map_projection.h"
 #include "platform/os/file_system.h"
 
 namespace talpena {
@@ -83,7 +84,8 @@ TEST(ChargeCarte, SetsTheConstantsTheBoxAndTheScale) {
 }
 
 TEST(ChargeCarte, EachCodeGetsTheConstantsOfItsOwn) {
-  for (int code = 1; code <= 13; ++code) {
+  for (const MapProjection& projection : Projections()) {
+    const int code = projection.code;
     SCOPED_TRACE(code);
     const char* limits = code == 12 ? "-20 -60" : "60 20";  // of the south pole
     const LoadedWorld w("t\ne\np.png\n" + std::to_string(code) + " 30 name," + limits +

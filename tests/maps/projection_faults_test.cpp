@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "common/talpena_error.h"
+#include "maps/map_projection.h"
 #include "maps/some_map.h"
 
 namespace talpena {
@@ -83,7 +84,8 @@ TEST(ProjectionFaults, RaiseOverflowWhereAFloatEnds) {
 }
 
 TEST(ProjectionFaults, RaiseWhatIsNoNumberInEveryCode) {
-  for (int code = 1; code <= 13; ++code) {
+  for (const MapProjection& projection : Projections()) {
+    const int code = projection.code;
     SCOPED_TRACE(code);
     const MapState carte = CarteDe(code);
     float a = 1, b = 2;
@@ -127,7 +129,8 @@ TEST(ProjectionFaults, EndForEveryPosition) {
                                -1,    1.5707964F, -1.5707964F, 3.15F,    6378,
                                -6379, 12756.776F, -1e5F,       1e10F,    -1e20F,
                                1e30F, 3e38F,      -3e38F,      infinite, notANumber};
-  for (int code = 1; code <= 13; ++code) {
+  for (const MapProjection& projection : Projections()) {
+    const int code = projection.code;
     SCOPED_TRACE(code);
     const MapState carte = CarteDe(code);
     for (const float u : odd) {

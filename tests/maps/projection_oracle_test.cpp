@@ -9,6 +9,7 @@
 
 #include "common/numbers.h"
 #include "coords/proj_oracle.h"
+#include "maps/map_projection.h"
 #include "maps/some_map.h"
 
 namespace talpena {
@@ -95,6 +96,15 @@ double Ecart(LatLon a, double lat, double lon) {
 ProjOracle Oracle(const OracleCase& c, const MapState& carte) {
   return ProjOracle(c.proj + Figure(c) + " +lon_0=" + Str(Degres(carte.MeridienCentral)) +
                     " +over");
+}
+
+TEST(ProjectionOracle, HasACaseForEveryProjection) {
+  std::vector<int> codes{10};  // which is no projection of the earth: see AgreesToTheEastInCode10
+  for (const OracleCase& c : Cases()) codes.push_back(c.code);
+  for (const MapProjection& projection : Projections()) {
+    EXPECT_NE(std::find(codes.begin(), codes.end(), projection.code), codes.end())
+        << projection.code;
+  }
 }
 
 TEST(ProjectionOracle, AgreesForward) {

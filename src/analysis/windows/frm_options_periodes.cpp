@@ -12,16 +12,13 @@
 #include <QStackedLayout>
 #include <QVBoxLayout>
 
+#include "common/msg_id.h"
 #include "common/string_table.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"
 
 namespace talpena {
 namespace {
-
-// Captions of the window, in the string table.
-constexpr int CaptionOk = 100, CaptionAnnuler = 101, CaptionTitre = 123, CaptionOption0 = 124,
-              CaptionPivot1 = 127, CaptionPivot21 = 128, CaptionPivot22 = 129;
 
 /// The hourglass while all rows are gone through; a box that asks lays it aside.
 class Sablier {
@@ -115,16 +112,18 @@ void frmOptionsPeriodes::AppliqueLangue() {
     widget->setText(letters.Marque(text));
     return QString::fromStdString(SansMnemonique(text));
   };
-  setWindowTitle(QString::fromStdString(SansMnemonique(Texte(state_.Langue, CaptionTitre))));
+  setWindowTitle(
+      QString::fromStdString(SansMnemonique(Texte(state_.Langue, MsgId::PeriodesFenetre))));
   FramePivot->setAccessibleName(windowTitle());
   for (std::size_t i = 0; i < OptionPivot.size(); ++i) {
-    OptionPivot[i]->setAccessibleName(pose(OptionPivot[i], CaptionOption0 + static_cast<int>(i)));
+    OptionPivot[i]->setAccessibleName(
+        pose(OptionPivot[i], MsgId::UnePeriode + static_cast<int>(i)));
   }
-  TxtPivot1->setAccessibleName(pose(lblPivot1, CaptionPivot1));
-  TxtPivot21->setAccessibleName(pose(lblPivot21, CaptionPivot21));
-  TxtPivot22->setAccessibleName(pose(lblPivot22, CaptionPivot22));
-  Command1[0]->setAccessibleName(pose(Command1[0], CaptionOk));
-  Command1[1]->setAccessibleName(pose(Command1[1], CaptionAnnuler));
+  TxtPivot1->setAccessibleName(pose(lblPivot1, MsgId::LibelleAnneeCharniere));
+  TxtPivot21->setAccessibleName(pose(lblPivot21, MsgId::LibellePremiereAnnee));
+  TxtPivot22->setAccessibleName(pose(lblPivot22, MsgId::LibelleSecondeAnnee));
+  Command1[0]->setAccessibleName(pose(Command1[0], MsgId::PeriodesOk));
+  Command1[1]->setAccessibleName(pose(Command1[1], MsgId::PeriodesAnnuler));
 }
 
 void frmOptionsPeriodes::changeEvent(QEvent* event) {

@@ -132,28 +132,12 @@ void frmCarte::AppliqueTitre() {
 }
 
 void frmCarte::ActiveControles() {
-  const bool map = !canevas_.TailleImage().isEmpty();
-  const auto possible = [&](CarteCommande commande) {
-    switch (commande) {
-      case CarteCommande::SauveImage:
-      case CarteCommande::Apercu:
-      case CarteCommande::Imprime:
-      case CarteCommande::Redessine:
-      case CarteCommande::Grille:
-        return map;
-      case CarteCommande::EpsCouleur:
-      case CarteCommande::EpsNoir:
-      case CarteCommande::MenuEps:
-        return map && eps_;
-      default:
-        return true;
-    }
-  };
-  for (const auto& [action, entry] : entrees_) action->setEnabled(possible(entry->commande));
-  menus_.at("mnuEPS")->setEnabled(possible(CarteCommande::MenuEps));
-  for (std::size_t i = 0; i < outils_.size(); ++i) {
-    outils_[i]->setEnabled(possible(carteOutils[i].commande));
+  const CarteEtat etat{.picture = !canevas_.TailleImage().isEmpty(), .georeference = eps_};
+  for (const CarteEntree& menu : MenusCarte()) {
+    menus_.at(NomObjet(menu))->setEnabled(EstActif(menu, etat));
   }
+  for (const auto& [action, entry] : entrees_) action->setEnabled(EstActif(*entry, etat));
+  for (const auto& [button, entry] : outils_) button->setEnabled(EstActif(*entry, etat));
 }
 
 MapFrame frmCarte::Cadre() const {
@@ -224,7 +208,7 @@ void frmCarte::MontreCroix(QPoint pixel) {
 // In a window too narrow for their captions the tool buttons show their icons alone.
 void frmCarte::AjusteOutils() {
   const auto montre = [this](Qt::ToolButtonStyle style) {
-    for (QToolButton* button : outils_) button->setToolButtonStyle(style);
+    for (const auto& [button, entry] : outils_) button->setToolButtonStyle(style);
   };
   montre(Qt::ToolButtonTextBesideIcon);
   if (Toolbar1->layout()->minimumSize().width() > width()) montre(Qt::ToolButtonIconOnly);
@@ -244,7 +228,7 @@ void frmCarte::SuitEcran() {
   const double ratio = devicePixelRatioF();
   if (ratio == canevas_.Rapport()) return;
   canevas_.ChangeRapport(ratio);
-  if (!canevas_.TailleImage().isEmpty()) Execute(CarteCommande::Redessine);
+  if (!canevas_.TailleImage().isEmpty()) Commande([this] { RedrawMap(Contexte()); });
 }
 
 void frmCarte::changeEvent(QEvent* event) {

@@ -3,8 +3,10 @@
 #include <QDialog>
 #include <QPointF>
 #include <array>
+#include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "maps/map_context.h"
@@ -47,6 +49,18 @@ class frmCarte : public QDialog, public MapWindow {
   /// Captions in the current language.
   void AppliqueLangue();
 
+  MapContext Contexte() {
+    return {carte_, options_, canevas_, *this, state_, io_, contexte_.vue, contexte_.attente};
+  }
+  /// One command at a time, under the common handler; a dialog of it may be up while keys come in.
+  void Commande(const std::function<void()>& body);
+
+  // What rows of the table of commands run.
+  void OuvreCarte();
+  void MontreMaille();  ///< asks for its step
+  void ChoisitCouches();
+  void ChoisitSymboles();
+
   // MapWindow
   void ActiveEps(bool enabled) override;
   void AjusteMap() override;
@@ -64,13 +78,9 @@ class frmCarte : public QDialog, public MapWindow {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  MapContext Contexte() {
-    return {carte_, options_, canevas_, *this, state_, io_, contexte_.vue, contexte_.attente};
-  }
-
   // frm_carte_build.cpp: the controls, and where they stand.
   void ConstruitMenus();
-  void ConstruitMenu(const CarteMenu& menu);
+  void ConstruitMenu(const CarteEntree& menu);
   void ConstruitOutils();
   void ConstruitCentre();
   void ConstruitBarreEtat();
@@ -78,10 +88,8 @@ class frmCarte : public QDialog, public MapWindow {
   void Relie();
   void ChargeIcones();
 
-  template <typename Body>
-  void Commande(Body body);
-  void Execute(CarteCommande commande);
-  void OuvreCarte();
+  /// The command of an entry, or the one that it repeats.
+  void Execute(const CarteEntree& entry);
   void SetOptions(OngletCartes onglet);
   void picCarte_MouseDown(Qt::MouseButton button, QPointF pixel);
   void SuitPosition();
@@ -116,7 +124,7 @@ class frmCarte : public QDialog, public MapWindow {
   std::vector<std::pair<QAction*, const CarteEntree*>> entrees_;
   QMenuBar* barreMenus_ = nullptr;
   QWidget* Toolbar1 = nullptr;
-  std::array<QToolButton*, carteOutils.size()> outils_{};
+  std::vector<std::pair<QToolButton*, const CarteEntree*>> outils_;
   QWidget* centre_ = nullptr;  ///< picture and bars, or the hint
   QStackedLayout* pages_ = nullptr;
   QWidget* cadre_ = nullptr;  ///< picture and bars

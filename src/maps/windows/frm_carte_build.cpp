@@ -1,5 +1,4 @@
 // The controls of frmCarte, where they stand, and their captions.
-#include <QAction>
 #include <QEvent>
 #include <QGridLayout>
 #include <QLabel>
@@ -11,12 +10,12 @@
 #include <QTimer>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/map_view.h"
+#include "platform/qt/command_actions.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 
@@ -25,49 +24,26 @@ namespace {
 
 constexpr int margin = 8;
 
-QKeySequence Touche(std::string_view keys) {
-  return QKeySequence(EnQt(keys), QKeySequence::PortableText);
-}
-
-/// The key that does what a button does; Escape closes.
-QKeySequence ToucheDe(const CarteOutil& outil) {
-  if (outil.key == "stop") return QKeySequence(Qt::Key_Escape);
-  const auto entry =
-      std::find_if(carteEntrees.begin(), carteEntrees.end(), [&](const CarteEntree& e) {
-        return e.commande == outil.commande && !e.EstTrait() && !e.touche.empty();
-      });
-  return entry == carteEntrees.end() ? QKeySequence() : Touche(entry->touche);
-}
-
-std::string Legende(std::int16_t langue, int base, std::string_view fixed) {
-  return base == 0 ? std::string(fixed) : Texte(langue, base);
-}
-
 }  // namespace
 
-void frmCarte::ConstruitMenu(const CarteMenu& menu) {
-  auto* built = Nomme(new QMenu(this), EnQt(menu.control));
-  for (const CarteEntree& entry : carteEntrees) {
-    if (entry.menu != menu.control) continue;
-    auto* action =
-        Nomme(new QAction(built), NomIndexe(entry.menu, static_cast<std::size_t>(entry.index)));
-    action->setMenuRole(QAction::NoRole);
-    action->setSeparator(entry.EstTrait());
-    action->setShortcut(Touche(entry.touche));
+void frmCarte::ConstruitMenu(const CarteEntree& menu) {
+  auto* built = Nomme(new QMenu(this), QString::fromStdString(NomObjet(menu)));
+  for (const CarteEntree& entry : menu.children) {
+    QAction* action = NouvelleAction(entry, built);
     built->addAction(action);
-    if (entry.EstTrait()) continue;
+    if (entry.EstSeparateur()) continue;
     addAction(action);  // its key holds in the whole window, whatever menu it stands in
     entrees_.emplace_back(action, &entry);
-    connect(action, &QAction::triggered, this, [this, &entry] { Execute(entry.commande); });
+    connect(action, &QAction::triggered, this, [this, &entry] { Execute(entry); });
   }
-  menus_[std::string(menu.control)] = built;
+  menus_[NomObjet(menu)] = built;
 }
 
 void frmCarte::ConstruitMenus() {
   barreMenus_ = Nomme(new QMenuBar(this), QStringLiteral("menuBar"));
-  for (const CarteMenu& menu : carteMenus) {
+  for (const CarteEntree& menu : MenusCarte()) {
     ConstruitMenu(menu);
-    if (menu.control != "mnuCache") barreMenus_->addMenu(menus_.at(std::string(menu.control)));
+    if (menu.control != "mnuCache") barreMenus_->addMenu(menus_.at(NomObjet(menu)));
   }
 }
 
@@ -78,18 +54,18 @@ void frmCarte::ConstruitOutils() {
   row->setSizeConstraint(QLayout::SetNoConstraint);
   row->setContentsMargins(margin, margin / 2, margin, margin / 2);
   row->setSpacing(2);
-  for (std::size_t i = 0; i < outils_.size(); ++i) {
-    const CarteOutil& outil = carteOutils[i];
-    auto* button = Outil(Toolbar1, EnQt(outil.key));
-    if (outil.key == "distri") row->addStretch(1);
+  for (const CarteEntree& outil : OutilsCarte()) {
+    auto* button = Outil(Toolbar1, EnQt(outil.control));
+    if (outil.control == "distri") row->addStretch(1);
     row->addWidget(button);
-    outils_[i] = button;
-    if (outil.commande == CarteCommande::MenuEps) {
-      button->setMenu(menus_.at("mnuEPS"));
+    outils_.emplace_back(button, &outil);
+    const auto menu = menus_.find(std::string(outil.same));
+    if (menu != menus_.end()) {
+      button->setMenu(menu->second);
       button->setPopupMode(QToolButton::InstantPopup);
       row->addSpacing(margin);  // its arrow stands at its edge
     } else {
-      connect(button, &QToolButton::clicked, this, [this, &outil] { Execute(outil.commande); });
+      connect(button, &QToolButton::clicked, this, [this, &outil] { Execute(outil); });
     }
   }
 }
@@ -141,7 +117,7 @@ void frmCarte::Dispose() {
   column->addWidget(centre_, 1);
   column->addWidget(StatusBar1);
   QWidget* before = picCarte;
-  for (QWidget* next : outils_) {
+  for (const auto& [next, outil] : outils_) {
     setTabOrder(before, next);
     before = next;
   }
@@ -161,7 +137,7 @@ void frmCarte::Relie() {
       picCarte->Deplace({-HScroll1->value(), -VScroll1->value()});
     });
   }
-  connect(lblVide, &QLabel::linkActivated, this, [this] { Execute(CarteCommande::Ouvre); });
+  connect(lblVide, &QLabel::linkActivated, this, &frmCarte::OuvreCarte);
   suivi_ = new QTimer(this);
   suivi_->setSingleShot(true);
   suivi_->setInterval(0);
@@ -175,33 +151,28 @@ void frmCarte::Relie() {
 }
 
 void frmCarte::ChargeIcones() {
-  for (std::size_t i = 0; i < outils_.size(); ++i) {
-    outils_[i]->setIcon(Icone(EnQt(carteOutils[i].icone), palette()));
-  }
+  for (const auto& [button, outil] : outils_) button->setIcon(Icone(EnQt(outil->icon), palette()));
   for (const auto& [action, entry] : entrees_) {
-    if (!entry->icone.empty()) action->setIcon(Icone(EnQt(entry->icone), palette()));
+    if (!entry->icon.empty()) action->setIcon(Icone(EnQt(entry->icon), palette()));
   }
   setWindowIcon(Icone(QStringLiteral("talpena"), palette()));
 }
 
 void frmCarte::AppliqueLangue() {
-  const auto texte = [this](int base, std::string_view fixed = {}) {
-    return EnQt(Legende(state_.Langue, base, fixed));
+  const auto texte = [this](const CarteEntree& entry) {
+    return QString::fromStdString(Libelle(entry, state_.Langue));
   };
-  const auto nom = [this](int base, std::string_view fixed = {}) {
-    return EnQt(SansMnemonique(Legende(state_.Langue, base, fixed)));
+  const auto nom = [this](int base) {
+    return QString::fromStdString(SansMnemonique(Texte(state_.Langue, base)));
   };
-  for (const CarteMenu& menu : carteMenus) {
-    menus_.at(std::string(menu.control))->setTitle(texte(menu.base, menu.caption));
-  }
-  for (const auto& [action, entry] : entrees_) action->setText(texte(entry->base, entry->caption));
-  for (std::size_t i = 0; i < outils_.size(); ++i) {
-    const CarteOutil& outil = carteOutils[i];
-    const QString help = nom(outil.aide).remove(QStringLiteral("..."));
-    const QString keys = ToucheDe(outil).toString(QKeySequence::NativeText);
-    outils_[i]->setText(texte(outil.base, outil.caption));
-    outils_[i]->setAccessibleName(help);
-    outils_[i]->setToolTip(keys.isEmpty() ? help : QStringLiteral("%1 (%2)").arg(help, keys));
+  for (const CarteEntree& menu : MenusCarte()) menus_.at(NomObjet(menu))->setTitle(texte(menu));
+  for (const auto& [action, entry] : entrees_) action->setText(texte(*entry));
+  for (const auto& [button, outil] : outils_) {
+    const QString help = nom(outil->help).remove(QStringLiteral("..."));
+    const QString keys = TexteTouche(RangeeDe(MenusCarte(), *outil).key);
+    button->setText(texte(*outil));
+    button->setAccessibleName(help);
+    button->setToolTip(keys.isEmpty() ? help : QStringLiteral("%1 (%2)").arg(help, keys));
   }
   picCarte->setAccessibleName(nom(MsgId::Carte));
   picCarte->setAccessibleDescription(nom(MsgId::CarteTouches));

@@ -3,11 +3,9 @@
 #include <utility>
 
 #include "maps/canvas_sink.h"
-#include "maps/eps.h"
 #include "maps/grid_overlay.h"
 #include "maps/map_files.h"
 #include "maps/plot.h"
-#include "maps/print_map.h"
 #include "maps/redraw.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/frm_cartes_options.h"
@@ -16,9 +14,7 @@
 
 namespace talpena {
 
-/// One command at a time; a dialog of it may be up while keys come in.
-template <typename Body>
-void frmCarte::Commande(Body body) {
+void frmCarte::Commande(const std::function<void()>& body) {
   if (std::exchange(enCours_, true)) return;
   ExecuteCommande(state_, io_, {}, body);
   enCours_ = false;
@@ -33,43 +29,26 @@ void frmCarte::Charge() {
 
 void frmCarte::Montre(bool choisit) {
   Charge();
-  if (choisit) QTimer::singleShot(0, this, [this] { Execute(CarteCommande::Ouvre); });
+  if (choisit) QTimer::singleShot(0, this, &frmCarte::OuvreCarte);
   exec();
 }
 
-void frmCarte::Execute(CarteCommande commande) {
-  switch (commande) {
-    case CarteCommande::Ouvre:
-      return OuvreCarte();
-    case CarteCommande::SauveImage:
-      return Commande([this] { talpena::SauveImage(Contexte()); });
-    case CarteCommande::Apercu:
-      return Commande([this] { MontreApercu(Contexte()); });
-    case CarteCommande::Imprime:
-      return Commande([this] { ImprimeSurPapier(Contexte()); });
-    case CarteCommande::Retour:
-      return reject();
-    case CarteCommande::Redessine:
-      return Commande([this] { RedrawMap(Contexte()); });
-    case CarteCommande::Grille:
-      return Commande([this] {
-        carte_.Grille = true;
-        ScreenSink ecran(Contexte());
-        DisplayGrid(Contexte(), ecran, true);
-      });
-    case CarteCommande::Couches:
-      return SetOptions(OngletCartes::Tlp);
-    case CarteCommande::Symboles:
-      return SetOptions(OngletCartes::Symboles);
-    case CarteCommande::EpsCouleur:
-    case CarteCommande::EpsNoir:
-      return Commande([this, mode = commande == CarteCommande::EpsCouleur ? 1 : 0] {
-        talpena::Imprime(Contexte(), mode);
-      });
-    case CarteCommande::MenuEps:
-      return;
-  }
+void frmCarte::Execute(const CarteEntree& entry) {
+  const CarteEntree& runs = RangeeDe(MenusCarte(), entry);
+  if (runs.run != nullptr) runs.run(*this, runs.index);
 }
+
+void frmCarte::MontreMaille() {
+  Commande([this] {
+    carte_.Grille = true;
+    ScreenSink ecran(Contexte());
+    DisplayGrid(Contexte(), ecran, true);
+  });
+}
+
+void frmCarte::ChoisitCouches() { SetOptions(OngletCartes::Tlp); }
+
+void frmCarte::ChoisitSymboles() { SetOptions(OngletCartes::Symboles); }
 
 void frmCarte::OuvreCarte() {
   titrePris_ = false;

@@ -54,7 +54,7 @@ void Form1::SuitDocument(Changes changes) {
   MontreAffichage(changes);
   if (changes.Touche(Aspect::Rows) || changes.Touche(Aspect::Position)) {
     AffichePosition();
-    ActiveEdition();
+    ActiveOutils();
   }
   if (changes.Touche(Aspect::Rows)) SuitLignes();
 }
@@ -97,22 +97,26 @@ void Form1::AjusteGrille() {
 }
 
 void Form1::ActiveControles() {
-  ParcourtMenus([this](const MenuEntry& entry) {
+  const MenuState state = Etat();
+  Parcourt(ArbreDesMenus(), [this, &state](const MenuEntry& entry) {
     if (entry.EstSeparateur()) return;
-    actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, FichierOuvert()));
+    actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, state));
   });
-  cmd[1]->setEnabled(FichierOuvert());
-  ActiveEdition();
-  for (const std::size_t i : {4U, 5U}) cmd[i]->setEnabled(FichierOuvert());
-  actions_.at("mnuChercher_1")->setEnabled(FichierOuvert() && state_.RechercheAboutie);
-  cmdMap->setEnabled(FichierOuvert());
+  ActiveOutils();
   for (QToolButton* button : cmdFirstLast) button->setEnabled(FichierOuvert());
 }
 
-/// The record editor needs a row.
-void Form1::ActiveEdition() {
-  cmd[3]->setEnabled(FichierOuvert() && state_.document.Data1.EstLie() &&
-                     state_.document.Data1.recordset().RecordCount() > 0);
+MenuState Form1::Etat() const {
+  return {
+      .fileOpen = FichierOuvert(),
+      .hasRow = FichierOuvert() && state_.document.Data1.EstLie() && state_.document.Data1.recordset().RecordCount() > 0,
+      .searched = state_.RechercheAboutie};
+}
+
+/// As rows come and go: the record editor needs one.
+void Form1::ActiveOutils() {
+  const MenuState state = Etat();
+  for (const auto& [button, entry] : outils_) button->setEnabled(EstActif(*entry, state));
 }
 
 void Form1::PlaceFocusGrille() { TDBGrid1->setFocus(); }

@@ -1,20 +1,21 @@
 // Form1: the main window.
 #pragma once
-#include <QKeySequence>
-#include <QList>
 #include <QMainWindow>
 #include <QPointer>
 #include <array>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "coord_commands/adjust.h"
 #include "platform/platform.h"
-#include "shell/menus.h"
 #include "shell/process_state.h"
 #include "shell/shell_view.h"
 #include "shell/start_stop.h"
+#include "shell/windows/menus.h"
 #include "store/file_commands.h"
 
 class QAbstractButton;
@@ -56,6 +57,25 @@ class Form1 : public QMainWindow,
   /// The splash that FermeSplash closes.
   void ChangeSplash(QWidget* splash) { splash_ = splash; }
   ShellContext Contexte() { return {state_, io_, *this, *this, *this, *this}; }
+  CommandContext Commandes() { return Contexte().Commandes(); }
+
+  /// Runs a command under the common handler, with what is typed in the grid stored before. A
+  /// tick of Timer1 and the close box wait until it has ended. False when it did not end well.
+  bool Commande(const std::function<void()>& body);
+
+  // What rows of the table of commands run.
+  void MnuLang_Click(int index);
+  void MnuPreferences_Click();
+  void MnuSelection_Click();
+  void MnuGrille_Click();
+  void MnuTxtGrille_Click();
+  void MnuDatumFichier_Click();
+  void MnuLmbIfbl_Click();
+  void MnuVisAutre_Click();
+  void MnuAideTexte_Click();
+  void MnuInfo_Click();
+  void MontreEdition();
+  void cmdMap_Click();
 
   // MainWindowView
   std::vector<Bookmark> LignesSelectionnees() override;
@@ -116,24 +136,14 @@ class Form1 : public QMainWindow,
   void ChargeIcones();
   void Relie();
 
-  /// Runs a command under the common handler, with what is typed in the grid stored before. A
-  /// tick of Timer1 and the close box wait until it has ended.
-  template <typename Body>
-  bool Commande(Body body);
   void ApresCommande();
 
-  void ExecuteMenu(const MenuEntry& entry);
-  void cmd_Click(int index);
+  /// The command of an entry, or the one that it repeats.
+  void Execute(const MenuEntry& entry);
+  MenuState Etat() const;
   void cmdFirstLast_Click(int index);
   void CmbTri_Click();
-  void MnuGrille_Click();
-  void MnuTxtGrille_Click();
-  void MnuDatumFichier_Click();
-  void MnuInfo_Click();
-  void MontreEdition();
-  static QList<QKeySequence> TouchesEdition();  ///< keys that open the record editor
   void MontreCarte(bool choisit);
-  static QKeySequence ToucheCarte();  ///< key that opens the map view
   void Timer1_Tick();
   void SuitDocument(Changes changes);
   void MontreEntete();
@@ -142,16 +152,14 @@ class Form1 : public QMainWindow,
   void AffichePanneauDatum();
   void ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text);
   bool FichierOuvert() const { return state_.document.Montre().menus; }
-  CommandContext Commandes() { return Contexte().Commandes(); }
   void AfficheDerniersFichiers();
   void ActiveControles();
-  void ActiveEdition();
+  void ActiveOutils();
   void AjusteOutils();
   void SouligneLettres();
   void SuitFocus(QWidget* now);
   void QuitteMenus();
   void AffichePosition();
-  void MnuSelection_Click();
   void SuitLignes();
   void AfficheFiltre();
   void AfficheTri();
@@ -175,6 +183,7 @@ class Form1 : public QMainWindow,
   QWidget* Picture1 = nullptr;  ///< the strip of tools
   std::array<QToolButton*, 6> cmd{};
   QToolButton* cmdMap = nullptr;
+  std::vector<std::pair<QToolButton*, const MenuEntry*>> outils_;  ///< these seven
   QLabel* LblTri = nullptr;
   QComboBox* CmbTri = nullptr;
   std::array<QRadioButton*, 2> OptTri{};

@@ -1,5 +1,4 @@
 // The controls of Form1 and where they stand.
-#include <QAction>
 #include <QActionGroup>
 #include <QApplication>
 #include <QButtonGroup>
@@ -15,6 +14,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "platform/qt/command_actions.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 #include "shell/windows/form1.h"
@@ -35,14 +35,9 @@ QFrame* Trait(QWidget* parent) {
 }  // namespace
 
 QAction* Form1::ConstruitEntree(const MenuEntry& entry, QWidget& owner) {
-  auto* action = Nomme(new QAction(&owner), QString::fromStdString(NomObjet(entry)));
-  action->setSeparator(entry.EstSeparateur());
-  action->setMenuRole(QAction::NoRole);
-  action->setShortcut(QKeySequence(
-      QString::fromUtf8(entry.shortcut.data(), static_cast<int>(entry.shortcut.size())),
-      QKeySequence::PortableText));
-  action->setEnabled(EstActif(entry, false));
-  connect(action, &QAction::triggered, this, [this, &entry] { ExecuteMenu(entry); });
+  QAction* action = NouvelleAction(entry, &owner);
+  action->setEnabled(EstActif(entry, {}));
+  connect(action, &QAction::triggered, this, [this, &entry] { Execute(entry); });
   actions_[NomObjet(entry)] = action;
   return action;
 }
@@ -115,6 +110,10 @@ void Form1::ConstruitPicture1() {
   row->addWidget(Trait(Picture1));
   cmdMap = Outil(Picture1, QStringLiteral("cmdMap"));
   row->addWidget(cmdMap);
+  for (const MenuEntry& entry : OutilsForm1()) {
+    const QString name = QString::fromStdString(NomObjet(entry));
+    outils_.emplace_back(Picture1->findChild<QToolButton*>(name), &entry);
+  }
   row->addStretch(1);
 
   LblTri = Nomme(new QLabel(Picture1), QStringLiteral("LblTri"));
@@ -219,12 +218,8 @@ void Form1::OrdonneTabulation() {
 }
 
 void Form1::ChargeIcones() {
-  constexpr std::array names = {"open", "save", "new", "edit", "find", "delete"};
   const QPalette& colours = palette();
-  for (std::size_t i = 0; i < cmd.size(); ++i) {
-    cmd[i]->setIcon(Icone(QLatin1String(names[i]), colours));
-  }
-  cmdMap->setIcon(Icone(QStringLiteral("map"), colours));
+  for (const auto& [button, entry] : outils_) button->setIcon(Icone(EnQt(entry->icon), colours));
   cmdFirstLast[0]->setIcon(Icone(QStringLiteral("first"), colours));
   cmdFirstLast[1]->setIcon(Icone(QStringLiteral("last"), colours));
   setWindowIcon(Icone(QStringLiteral("talpena"), colours));

@@ -12,8 +12,6 @@
 
 #include "analysis/windows/frm_options_periodes.h"
 #include "coord_commands/adjust.h"
-#include "coord_commands/fill.h"
-#include "coords/grid_commands.h"
 #include "coords/snap.h"
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
@@ -21,13 +19,12 @@
 #include "maps/windows/frm_carte.h"
 #include "platform/commands.h"
 #include "platform/qt/colours.h"
+#include "platform/qt/command_actions.h"
 #include "shell/windows/form1.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/help_desk.h"
 #include "shell/windows/prefer.h"
 #include "store/edition.h"
-#include "store/erase_column.h"
-#include "store/find.h"
 #include "store/row_commands.h"
 #include "store/sort.h"
 #include "store/windows/edit_form.h"
@@ -53,8 +50,7 @@ class Running {
 
 }  // namespace
 
-template <typename Body>
-bool Form1::Commande(Body body) {
+bool Form1::Commande(const std::function<void()>& body) {
   if (running_ > 0 || !TDBGrid1->ValideEdition()) return false;
   bool done = false;
   {
@@ -82,8 +78,12 @@ void Form1::ApresCommande() {
 }
 
 void Form1::Relie() {
-  for (std::size_t i = 0; i < cmd.size(); ++i) {
-    connect(cmd[i], &QToolButton::clicked, this, [this, i] { cmd_Click(static_cast<int>(i)); });
+  for (const auto& [button, entry] : outils_) {
+    const auto runs = [this, entry = entry] { Execute(*entry); };
+    connect(button, &QToolButton::clicked, this, runs);
+    for (const QKeySequence& keys : Touches(entry->key)) {
+      connect(new QShortcut(keys, this), &QShortcut::activated, this, runs);
+    }
   }
   for (std::size_t i = 0; i < cmdFirstLast.size(); ++i) {
     connect(cmdFirstLast[i], &QToolButton::clicked, this,
@@ -95,15 +95,11 @@ void Form1::Relie() {
   ChangeTexte(*Commentaire_, &DistributionHeader::Commentaire);
   connect(qApp, &QApplication::focusChanged, this,
           [this](QWidget*, QWidget* now) { SuitFocus(now); });
-  connect(lbl1, &QLabel::linkActivated, this,
-          [this](const QString& link) { cmd_Click(link == QLatin1String("new") ? 2 : 0); });
+  connect(lbl1, &QLabel::linkActivated, this, [this](const QString& link) {
+    Execute(
+        RangeeNommee(ArbreDesMenus(), link == QLatin1String("new") ? "MnuNouveau" : "MnuOuvrir"));
+  });
   connect(TDBGrid1, &QTableView::doubleClicked, this, &Form1::MontreEdition);
-  for (const QKeySequence& keys : TouchesEdition()) {
-    connect(new QShortcut(keys, this), &QShortcut::activated, this, &Form1::MontreEdition);
-  }
-  connect(cmdMap, &QToolButton::clicked, this, [this] { MontreCarte(false); });
-  connect(new QShortcut(ToucheCarte(), this), &QShortcut::activated, this,
-          [this] { MontreCarte(false); });
   Timer1 = new QTimer(this);
   Timer1->setObjectName(QStringLiteral("Timer1"));
   Timer1->setInterval(tickMs);
@@ -129,96 +125,23 @@ bool Form1::Charge(const std::string& commandLine) {
   return !ended_;
 }
 
-void Form1::ExecuteMenu(const MenuEntry& entry) {
-  if (entry.command == MenuCommand::Lang) {
-    Commande([&] { MnuLang_Click(Contexte(), entry.index); });
-    actions_.at("MnuLang_" + std::to_string(state_.Langue / 1000))->setChecked(true);
-    return;
-  }
-  if (entry.command == MenuCommand::AideTexte) {
-    // At any time: what is typed in the grid may stay as it is.
-    ExecuteCommande(state_, io_, {}, [this] { aide_->MnuAideTexte_Click(); });
-    return;
-  }
-  if (entry.command == MenuCommand::VisAutre) return MontreCarte(true);
-  Commande([&] {
-    switch (entry.command) {
-      case MenuCommand::Nouveau:
-        return MnuNouveau_Click(Commandes());
-      case MenuCommand::Ouvrir:
-        return MnuOuvrir_Click(Commandes());
-      case MenuCommand::Enregistrer:
-        return MnuEnregistrer_Click(Commandes());
-      case MenuCommand::EnrSous:
-        return MnuEnrSous_Click(Commandes());
-      case MenuCommand::Grouper:
-        return MnuGrouper_Click(Commandes());
-      case MenuCommand::Fusionner:
-        return MnuFusionner_Click(Commandes());
-      case MenuCommand::LastFile:
-        return MnuLastFile_Click(Commandes(), entry.index - 1);
-      case MenuCommand::Quitter:
-        return MnuQuitter_Click(Contexte());
-      case MenuCommand::Preferences:
-        return static_cast<void>(Prefer(Commandes(), this).exec());
-      case MenuCommand::OptionsPeriodes:
-        return MontreOptionsPeriodes();
-      case MenuCommand::Chercher:
-        return mnuChercher_Click(Commandes(), entry.index);
-      case MenuCommand::AjoutLigne:
-        return MnuAjoutLigne_Click(Commandes());
-      case MenuCommand::Duplic:
-        return mnuDuplic_Click(Commandes());
-      case MenuCommand::EraseCol:
-        return MnuEraseCol_Click(Commandes());
-      case MenuCommand::Supprimer:
-        return MnuSupprimer_Click(Commandes());
-      case MenuCommand::Selection:
-        return MnuSelection_Click();
-      case MenuCommand::RemplirCoo:
-        return MnuRemplirCoo_Click(Commandes(), entry.index);
-      case MenuCommand::RemplirXY:
-        return MnuRemplirXY_Click(Commandes(), entry.index);
-      case MenuCommand::RemplirTexte:
-        return MnuRemplirTexte_Click(Commandes());
-      case MenuCommand::AjustGrid:
-        return mnuAjustGrid_Click(Commandes(), *this, entry.index);
-      case MenuCommand::AjustIFBL:
-        return mnuAjustIFBL_Click(Commandes(), entry.index);
-      case MenuCommand::DatumFichier:
-        return MnuDatumFichier_Click();
-      case MenuCommand::LmbIfbl:
-        return static_cast<void>(frmLmbIfbl(state_, this).exec());
-      case MenuCommand::IFBLGrid:
-        return CreationIFBLGrid(state_, io_);
-      case MenuCommand::IFBLGridPolygon:
-        return CreationIFBLGridPolygon(state_, io_);
-      case MenuCommand::Grid:
-        return mnuGrid_Click(state_, io_);
-      case MenuCommand::Grille:
-        return MnuGrille_Click();
-      case MenuCommand::TxtGrille:
-        return MnuTxtGrille_Click();
-      case MenuCommand::Info:
-        return MnuInfo_Click();
-      case MenuCommand::AideTexte:
-      case MenuCommand::VisAutre:
-      case MenuCommand::Lang:
-      case MenuCommand::None:
-        return;
-    }
-  });
+void Form1::Execute(const MenuEntry& entry) {
+  const MenuEntry& runs = RangeeDe(ArbreDesMenus(), entry);
+  if (runs.run != nullptr) runs.run(*this, runs.index);
 }
 
-void Form1::cmd_Click(int index) {
-  if (index == 3) return MontreEdition();
-  Commande([&] {
-    if (index == 0) MnuOuvrir_Click(Commandes());
-    if (index == 1) MnuEnregistrer_Click(Commandes());
-    if (index == 2) MnuNouveau_Click(Commandes());
-    if (index == 4) mnuChercher_Click(Commandes(), 0);
-    if (index == 5) MnuSupprimer_Click(Commandes());
-  });
+void Form1::MnuLang_Click(int index) {
+  Commande([&] { talpena::MnuLang_Click(Contexte(), index); });
+  actions_.at("MnuLang_" + std::to_string(state_.Langue / 1000))->setChecked(true);
+}
+
+void Form1::MnuPreferences_Click() { Prefer(Commandes(), this).exec(); }
+
+void Form1::MnuLmbIfbl_Click() { frmLmbIfbl(state_, this).exec(); }
+
+/// At any time: what is typed in the grid may stay as it is.
+void Form1::MnuAideTexte_Click() {
+  ExecuteCommande(state_, io_, {}, [this] { aide_->MnuAideTexte_Click(); });
 }
 
 void Form1::cmdFirstLast_Click(int index) {
@@ -253,10 +176,6 @@ void Form1::MnuTxtGrille_Click() {
 
 void Form1::MnuInfo_Click() { frmEastern(state_, this).exec(); }
 
-QList<QKeySequence> Form1::TouchesEdition() {
-  return {QKeySequence(QStringLiteral("Ctrl+Return")), QKeySequence(QStringLiteral("Ctrl+Enter"))};
-}
-
 /// The record editor on the current row. It is no command itself, since it may stay open all day:
 /// ticks of Timer1 save the file meanwhile.
 void Form1::MontreEdition() {
@@ -270,8 +189,6 @@ void Form1::MontreEdition() {
   ApresCommande();
 }
 
-QKeySequence Form1::ToucheCarte() { return QKeySequence(QStringLiteral("Ctrl+M")); }
-
 /// The map view. As the record editor it is no command itself.
 void Form1::MontreCarte(bool choisit) {
   if (running_ > 0 || frmCarte_ != nullptr || !cmdMap->isEnabled()) return;
@@ -283,6 +200,10 @@ void Form1::MontreCarte(bool choisit) {
   PlaceFocusGrille();
   ApresCommande();
 }
+
+void Form1::MnuVisAutre_Click() { MontreCarte(true); }
+
+void Form1::cmdMap_Click() { MontreCarte(false); }
 
 void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, this).exec(); }
 

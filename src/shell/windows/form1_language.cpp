@@ -12,6 +12,7 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "platform/qt/command_actions.h"
 #include "platform/qt/mnemonics.h"
 #include "shell/windows/form1.h"
 #include "store/windows/tdb_grid.h"
@@ -19,7 +20,9 @@
 namespace talpena {
 namespace {
 
-constexpr std::array captionsTri = {182, 183, 184, 185, 186, 187, 188, 137};
+constexpr std::array captionsTri = {
+    MsgId::Periode, MsgId::ExportLatitude, MsgId::ExportLongitude,       MsgId::Nombre1,
+    MsgId::Nombre2, MsgId::Ellipsoide,     MsgId::ExportCoordOriginales, MsgId::Date};
 
 /// Has every window that is up speak the current language, and what it owns with it: the toolkit
 /// hands the event on to the windows and controls below.
@@ -32,8 +35,7 @@ void ChangeLangueDesFenetres() {
 }
 
 /// A caption, and behind it the key that does the same.
-QString AvecTouche(const QString& caption, const QKeySequence& keys) {
-  const QString key = keys.toString(QKeySequence::NativeText);
+QString AvecTouche(const QString& caption, const QString& key) {
   return key.isEmpty() ? caption : QStringLiteral("%1 (%2)").arg(caption, key);
 }
 
@@ -41,9 +43,9 @@ QString AvecTouche(const QString& caption, const QKeySequence& keys) {
 
 void Form1::AppliqueLangue() {
   const auto texte = [this](int id) { return QString::fromStdString(Texte(state_.Langue, id)); };
-  ParcourtMenus([this](const MenuEntry& entry) {
-    if (entry.EstSeparateur() || entry.command == MenuCommand::LastFile) return;
-    const QString caption = QString::fromStdString(LibelleMenu(entry, state_.Langue));
+  Parcourt(ArbreDesMenus(), [this](const MenuEntry& entry) {
+    if (entry.EstSeparateur() || SansLibelle(entry)) return;
+    const QString caption = QString::fromStdString(Libelle(entry, state_.Langue));
     const auto menu = menus_.find(NomObjet(entry));
     if (menu != menus_.end()) {
       menu->second->setTitle(caption);
@@ -53,22 +55,16 @@ void Form1::AppliqueLangue() {
   });
   actions_.at("MnuLang_" + std::to_string(state_.Langue / 1000))->setChecked(true);
 
-  const std::array<const char*, 3> sameCommand = {"MnuOuvrir", "MnuEnregistrer", "MnuNouveau"};
-  for (std::size_t i = 0; i < cmd.size(); ++i) {
-    const QString caption = texte(MsgId::CmdOuvrir + static_cast<int>(i));
-    cmd[i]->setText(caption);
-    cmd[i]->setAccessibleName(caption);
-    cmd[i]->setToolTip(i < sameCommand.size()
-                           ? AvecTouche(caption, actions_.at(sameCommand[i])->shortcut())
-                           : caption);
+  for (const auto& [button, entry] : outils_) {
+    const QString caption = QString::fromStdString(Libelle(*entry, state_.Langue));
+    const QString help =
+        entry->help == 0
+            ? caption
+            : QString::fromStdString(SansMnemonique(Texte(state_.Langue, entry->help)));
+    button->setText(caption);
+    button->setAccessibleName(caption);
+    button->setToolTip(AvecTouche(help, TexteTouche(RangeeDe(ArbreDesMenus(), *entry).key)));
   }
-  const std::string edit = SansMnemonique(Texte(state_.Langue, MsgId::Editer));
-  cmd[3]->setToolTip(AvecTouche(QString::fromStdString(edit), TouchesEdition().first()));
-  cmd[4]->setToolTip(AvecTouche(cmd[4]->text(), actions_.at("mnuChercher_0")->shortcut()));
-  cmd[5]->setToolTip(AvecTouche(cmd[5]->text(), actions_.at("MnuSupprimer")->shortcut()));
-  cmdMap->setText(texte(MsgId::Carte));
-  cmdMap->setAccessibleName(texte(MsgId::Carte));
-  cmdMap->setToolTip(AvecTouche(cmdMap->text(), ToucheCarte()));
   for (std::size_t i = 0; i < cmdFirstLast.size(); ++i) {
     const QString caption = texte(MsgId::PremiereLigne + static_cast<int>(i));
     cmdFirstLast[i]->setToolTip(caption);
@@ -97,7 +93,7 @@ void Form1::AppliqueLangue() {
 /// The captions beside the menus, with letters that no menu has.
 void Form1::SouligneLettres() {
   Mnemonics letters;
-  for (const MenuEntry& entry : ArbreDesMenus()) letters.Marque(LibelleMenu(entry, state_.Langue));
+  for (const MenuEntry& entry : ArbreDesMenus()) letters.Marque(Libelle(entry, state_.Langue));
   const auto marque = [&](int id) { return letters.Marque(Texte(state_.Langue, id)); };
   LblTri->setText(marque(MsgId::Tri));
   for (std::size_t i = 0; i < OptTri.size(); ++i) {

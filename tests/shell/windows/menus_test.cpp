@@ -9,19 +9,19 @@
 
 #include "common/string_table.h"
 #include "common/talpena_error.h"
-#include "shell/menus.h"
+#include "shell/windows/menus.h"
 
 namespace talpena {
 namespace {
 
-constexpr std::array<std::int16_t, 5> languages = {0, 1000, 3000, 4000, 5000};
+constexpr std::array<std::int16_t, 5> menuLanguages = {0, 1000, 3000, 4000, 5000};
 
 std::string Dessine(std::span<const MenuEntry> entries, std::int16_t langue,
                     const std::string& indent = {}) {
   std::string out;
   for (const MenuEntry& entry : entries) {
-    if (entry.command == MenuCommand::LastFile) continue;
-    out += indent + NomObjet(entry) + " " + LibelleMenu(entry, langue) + "\n";
+    if (SansLibelle(entry)) continue;
+    out += indent + NomObjet(entry) + " " + Libelle(entry, langue) + "\n";
     out += Dessine(entry.children, langue, indent + "  ");
   }
   return out;
@@ -29,7 +29,7 @@ std::string Dessine(std::span<const MenuEntry> entries, std::int16_t langue,
 
 const MenuEntry* Cherche(const std::string& name) {
   const MenuEntry* found = nullptr;
-  ParcourtMenus([&](const MenuEntry& entry) {
+  Parcourt(ArbreDesMenus(), [&](const MenuEntry& entry) {
     if (NomObjet(entry) == name) found = &entry;
   });
   return found;
@@ -43,22 +43,22 @@ TEST(Menus, StandAsTheyAreGivenInEnglish) {
 }
 
 TEST(Menus, HaveACaptionInEveryLanguage) {
-  for (const std::int16_t langue : languages) {
+  for (const std::int16_t langue : menuLanguages) {
     EXPECT_NO_THROW(Dessine(ArbreDesMenus(), langue)) << langue;
   }
 }
 
 TEST(Menus, KeepFixedCaptionsInEveryLanguage) {
-  for (const std::int16_t langue : languages) {
-    EXPECT_EQ(LibelleMenu(*Cherche("MnuSelection"), langue), "Sélection a&vancée...");
-    EXPECT_EQ(LibelleMenu(*Cherche("mnuGrid"), langue), "Grille");
-    EXPECT_EQ(LibelleMenu(*Cherche("MnuExpDB_4"), langue), "Fichier Excel");
+  for (const std::int16_t langue : menuLanguages) {
+    EXPECT_EQ(Libelle(*Cherche("MnuSelection"), langue), "Sélection a&vancée...");
+    EXPECT_EQ(Libelle(*Cherche("mnuGrid"), langue), "Grille");
+    EXPECT_EQ(Libelle(*Cherche("MnuExpDB_4"), langue), "Fichier Excel");
   }
 }
 
 TEST(Menus, BearEachNameOnce) {
   std::set<std::string> names;
-  ParcourtMenus([&](const MenuEntry& entry) {
+  Parcourt(ArbreDesMenus(), [&](const MenuEntry& entry) {
     EXPECT_TRUE(names.insert(NomObjet(entry)).second) << NomObjet(entry);
   });
   EXPECT_GT(names.size(), 90U);
@@ -66,17 +66,17 @@ TEST(Menus, BearEachNameOnce) {
 
 TEST(Menus, GiveNoKeyTwice) {
   std::set<std::string_view> keys;
-  ParcourtMenus([&](const MenuEntry& entry) {
-    if (!entry.shortcut.empty()) {
-      EXPECT_TRUE(keys.insert(entry.shortcut).second) << entry.shortcut;
+  Parcourt(ArbreDesMenus(), [&](const MenuEntry& entry) {
+    if (!entry.key.empty()) {
+      EXPECT_TRUE(keys.insert(entry.key).second) << entry.key;
     }
   });
 }
 
 TEST(Menus, NineEntriesNeedAFile) {
   std::set<std::string> names;
-  ParcourtMenus([&](const MenuEntry& entry) {
-    if (entry.needsFile) names.insert(NomObjet(entry));
+  Parcourt(ArbreDesMenus(), [&](const MenuEntry& entry) {
+    if (entry.condition == MenuCondition::File) names.insert(NomObjet(entry));
   });
   EXPECT_EQ(names, (std::set<std::string>{"MnuEnregistrer", "MnuEnrSous", "MnuFusionner",
                                           "MnuGrouper", "MnuExporter", "MnuImporter", "MnuEdition",
@@ -86,8 +86,9 @@ TEST(Menus, NineEntriesNeedAFile) {
 /// Entries that can be chosen, menus left out.
 std::set<std::string> Actifs(bool fileOpen) {
   std::set<std::string> names;
-  ParcourtMenus([&](const MenuEntry& entry) {
-    if (entry.children.empty() && !entry.EstSeparateur() && EstActif(entry, fileOpen)) {
+  Parcourt(ArbreDesMenus(), [&](const MenuEntry& entry) {
+    if (entry.children.empty() && !entry.EstSeparateur() &&
+        EstActif(entry, {fileOpen, true, true})) {
       names.insert(NomObjet(entry));
     }
   });
@@ -119,9 +120,42 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
 
 TEST(Menus, MenusThatNeedAFileOpenWithIt) {
   for (const char* name : {"MnuEdition", "MnuVisualiser", "MnuImporter", "MnuExporter"}) {
-    EXPECT_FALSE(EstActif(*Cherche(name), false)) << name;
-    EXPECT_TRUE(EstActif(*Cherche(name), true)) << name;
+    EXPECT_FALSE(EstActif(*Cherche(name), {})) << name;
+    EXPECT_TRUE(EstActif(*Cherche(name), {.fileOpen = true})) << name;
   }
+}
+
+TEST(Menus, ToolButtonsRepeatRowsThatAreThere) {
+  std::set<std::string> repeated;
+  for (const MenuEntry& tool : OutilsForm1()) {
+    if (!tool.same.empty()) repeated.insert(NomObjet(RangeeDe(ArbreDesMenus(), tool)));
+    EXPECT_EQ(tool.same.empty(), tool.run != nullptr) << NomObjet(tool);
+  }
+  EXPECT_EQ(repeated, (std::set<std::string>{"MnuOuvrir", "MnuEnregistrer", "MnuNouveau",
+                                             "mnuChercher_0", "MnuSupprimer"}));
+}
+
+TEST(Menus, ToolButtonsNeedWhatTheirCommandNeeds) {
+  const auto actifs = [](const MenuState& state) {
+    std::string names;
+    for (const MenuEntry& tool : OutilsForm1()) {
+      if (EstActif(tool, state)) names += NomObjet(tool) + " ";
+    }
+    return names;
+  };
+  EXPECT_EQ(actifs({}), "cmd_0 cmd_2 ");
+  EXPECT_EQ(actifs({.fileOpen = true}), "cmd_0 cmd_1 cmd_2 cmd_4 cmd_5 cmdMap ");
+  EXPECT_EQ(actifs({.fileOpen = true, .hasRow = true}),
+            "cmd_0 cmd_1 cmd_2 cmd_3 cmd_4 cmd_5 cmdMap ");
+}
+
+TEST(Menus, TheNextHitNeedsASearch) {
+  EXPECT_FALSE(EstActif(*Cherche("mnuChercher_1"), {.fileOpen = true}));
+  EXPECT_TRUE(EstActif(*Cherche("mnuChercher_1"), {.fileOpen = true, .searched = true}));
+}
+
+TEST(Menus, ANameThatNoRowHasIsAFault) {
+  EXPECT_THROW(RangeeNommee(ArbreDesMenus(), "MnuNothing"), TalpenaError);
 }
 
 TEST(Menus, NumberTheRecentFiles) {
@@ -133,8 +167,8 @@ TEST(Menus, NumberTheRecentFiles) {
 void VerifieLettres(std::span<const MenuEntry> entries, std::int16_t langue) {
   std::set<char> letters;
   for (const MenuEntry& entry : entries) {
-    if (entry.command == MenuCommand::LastFile || entry.base == 0) continue;
-    const std::string caption = LibelleMenu(entry, langue);
+    if (entry.base == 0) continue;
+    const std::string caption = Libelle(entry, langue);
     const std::size_t mark = caption.find('&');
     if (mark == std::string::npos || mark + 1 >= caption.size()) continue;
     const char letter = static_cast<char>(std::tolower(caption[mark + 1]));
@@ -144,7 +178,7 @@ void VerifieLettres(std::span<const MenuEntry> entries, std::int16_t langue) {
 }
 
 TEST(Menus, TranslatedMnemonicsDoNotCollideWithinAMenu) {
-  for (const std::int16_t langue : languages) {
+  for (const std::int16_t langue : menuLanguages) {
     if (langue != 1000) VerifieLettres(ArbreDesMenus(), langue);
   }
 }
