@@ -200,16 +200,15 @@ TEST_F(MakerTest, ConnectStringsAreComparedUpToTheirSemicolon) {
 }
 
 TEST_F(MakerTest, TablesAreListedWithTheirAttributes) {
-  const auto database = Ouvre();
+  const auto opened = Ouvre();
   std::vector<std::pair<std::string, std::uint32_t>> listed;
-  for (const TableDef& table : database->Tables())
-    listed.emplace_back(table.name, table.attributes);
+  for (const TableDef& table : opened->Tables()) listed.emplace_back(table.name, table.attributes);
   EXPECT_EQ(listed, (std::vector<std::pair<std::string, std::uint32_t>>{
                         {"Place", 1}, {"Country", 0}, {"MSysObjects", 0x80000002}}));
-  EXPECT_EQ(database->TableNames(), (Strings{"Place", "Country"}));
-  EXPECT_EQ(FailureOf([&] { database->OpenRecordset("MSysObjects"); }).number,
+  EXPECT_EQ(opened->TableNames(), (Strings{"Place", "Country"}));
+  EXPECT_EQ(FailureOf([&] { opened->OpenRecordset("MSysObjects"); }).number,
             ErrorNumber::TableNotFound);
-  EXPECT_EQ(database->Table("country").fields.size(), 2U);
+  EXPECT_EQ(opened->Table("country").fields.size(), 2U);
   EXPECT_EQ(drawer.journal, Strings{}) << "nothing is read for a list";
 }
 
@@ -222,24 +221,24 @@ TEST_F(MakerTest, ASavedQueryIsReadLikeATable) {
       {.name = "Belgian", .sql = "SELECT * FROM Towns WHERE Lat > 50", .fields = {}},
       {.name = "All", .sql = "SELECT * FROM Place", .fields = {}},
       {.name = "Append", .kind = 0x40, .sql = {}, .fields = {}}};
-  const auto database = Ouvre();
-  EXPECT_EQ(database->Queries().size(), 4U);
-  EXPECT_EQ(Colonne(*database->OpenRecordset(
+  const auto opened = Ouvre();
+  EXPECT_EQ(opened->Queries().size(), 4U);
+  EXPECT_EQ(Colonne(*opened->OpenRecordset(
                         "SELECT * FROM Belgian WHERE [Name] LIKE '*' ORDER BY [Name];"),
                     "Name"),
             (Strings{"MONS", "NAMUR"}));
-  const QueryDef towns = database->Query("TOWNS");
+  const QueryDef towns = opened->Query("TOWNS");
   ASSERT_EQ(towns.fields.size(), 3U);
   EXPECT_EQ(towns.name, "Towns");
   EXPECT_EQ(towns.fields[1].name, "Lat");
   EXPECT_EQ(towns.fields[1].type, FieldType::Double);
   EXPECT_EQ(towns.fields[2].name, "Name_2") << "two columns of one name";
-  EXPECT_EQ(Colonne(*database->OpenRecordset("Towns"), "Name_2"),
+  EXPECT_EQ(Colonne(*opened->OpenRecordset("Towns"), "Name_2"),
             (Strings{"Belgium", "France", "Belgium"}));
-  EXPECT_EQ(database->OpenRecordset("[All]")->RecordCount(), 3);
-  EXPECT_EQ(database->TableNames(), (Strings{"Place", "Country"}));
-  EXPECT_EQ(database->Tables().size(), 3U);
-  EXPECT_EQ(FailureOf([&] { database->Table("Towns"); }).number, ErrorNumber::TableNotFound);
+  EXPECT_EQ(opened->OpenRecordset("[All]")->RecordCount(), 3);
+  EXPECT_EQ(opened->TableNames(), (Strings{"Place", "Country"}));
+  EXPECT_EQ(opened->Tables().size(), 3U);
+  EXPECT_EQ(FailureOf([&] { opened->Table("Towns"); }).number, ErrorNumber::TableNotFound);
 }
 
 TEST_F(MakerTest, AQueryThatCannotBeRunEndsInItsMessage) {
@@ -247,82 +246,82 @@ TEST_F(MakerTest, AQueryThatCannotBeRunEndsInItsMessage) {
                     {.name = "Self", .sql = "SELECT * FROM Other", .fields = {}},
                     {.name = "Other", .sql = "SELECT * FROM Self", .fields = {}},
                     {.name = "Wrong", .sql = "SELECT Nothing FROM Place", .fields = {}}};
-  const auto database = Ouvre();
-  const Failure unknown = FailureOf([&] { database->OpenRecordset("SELECT * FROM Unknown"); });
+  const auto opened = Ouvre();
+  const Failure unknown = FailureOf([&] { opened->OpenRecordset("SELECT * FROM Unknown"); });
   EXPECT_EQ(unknown.number, ErrorNumber::NotSupported);
   EXPECT_EQ(unknown.description,
             "Operation is not supported: the saved query 'Unknown' cannot be run.");
   for (int i = 0; i < 2; ++i) {
-    EXPECT_EQ(FailureOf([&] { database->Query("Self"); }).number, 3102);
-    EXPECT_EQ(FailureOf([&] { database->Query("Wrong"); }).number, ErrorNumber::TooFewParameters);
+    EXPECT_EQ(FailureOf([&] { opened->Query("Self"); }).number, 3102);
+    EXPECT_EQ(FailureOf([&] { opened->Query("Wrong"); }).number, ErrorNumber::TooFewParameters);
   }
-  EXPECT_EQ(FailureOf([&] { database->Query("None"); }).number, ErrorNumber::TableNotFound);
-  EXPECT_EQ(database->OpenRecordset("Place")->RecordCount(), 3);
+  EXPECT_EQ(FailureOf([&] { opened->Query("None"); }).number, ErrorNumber::TableNotFound);
+  EXPECT_EQ(opened->OpenRecordset("Place")->RecordCount(), 3);
 }
 
 TEST_F(MakerTest, ALongTableTellsHowFarItCameAndCanBeBrokenOff) {
   Rows& rows = drawer.rows["Country"];
   for (int i = 3; i <= 10000; ++i) rows.push_back({i % 1000, "x"});
-  const auto database = Ouvre();
+  const auto opened = Ouvre();
   std::vector<std::pair<std::int64_t, std::int64_t>> progress;
-  database->SuitImport([&](std::int64_t done, std::int64_t total) {
+  opened->SuitImport([&](std::int64_t done, std::int64_t total) {
     progress.emplace_back(done, total);
     if (progress.size() == 2) throw TalpenaError(ErrorNumber::Cancelled, "");
   });
-  EXPECT_EQ(FailureOf([&] { database->OpenRecordset("Country"); }).number, ErrorNumber::Cancelled);
+  EXPECT_EQ(FailureOf([&] { opened->OpenRecordset("Country"); }).number, ErrorNumber::Cancelled);
   EXPECT_EQ(progress,
             (std::vector<std::pair<std::int64_t, std::int64_t>>{{4096, 10000}, {8192, 10000}}));
-  EXPECT_EQ(database->OpenRecordset("Country")->RecordCount(), 10000) << "taken over anew";
+  EXPECT_EQ(opened->OpenRecordset("Country")->RecordCount(), 10000) << "taken over anew";
   EXPECT_EQ(progress.back(), (std::pair<std::int64_t, std::int64_t>(10000, 10000)));
   EXPECT_EQ(drawer.journal, (Strings{"Rows Country", "Rows Country"}));
 }
 
 TEST_F(MakerTest, ATableIsMadeAndTakesRows) {
-  const auto database = Ouvre(false);
-  database->CreateTable(Exportee());
+  const auto opened = Ouvre(false);
+  opened->CreateTable(Exportee());
   const std::string_view columns[] = {"Memo", "Period"};
   ListSource source({{std::string("title / comment"), std::int64_t{1}}, {Value(), std::string()}});
-  EXPECT_EQ(database->InsertRows("DEG", columns, source), 2);
+  EXPECT_EQ(opened->InsertRows("DEG", columns, source), 2);
   EXPECT_EQ(drawer.rows["deg"], (Rows{{Value(), std::string("1"), std::string("title / comment")},
                                       {Value(), std::string(), Value()}}));
-  EXPECT_EQ(Colonne(*database->OpenRecordset("deg"), "Period"), (Strings{"1", ""})) << "read back";
+  EXPECT_EQ(Colonne(*opened->OpenRecordset("deg"), "Period"), (Strings{"1", ""})) << "read back";
   EXPECT_EQ(drawer.journal,
             (Strings{"OuvrePourEcrire " + folder.path().string(), "CreeTable deg", "Rows deg"}));
 }
 
 TEST_F(MakerTest, ARefusedRowKeepsThoseBeforeIt) {
-  const auto database = Ouvre(false);
-  database->CreateTable(Exportee());
+  const auto opened = Ouvre(false);
+  opened->CreateTable(Exportee());
   const std::string_view columns[] = {"Period"};
   ListSource source({{std::string("1")}, {std::string("12")}, {std::string("3")}});
-  EXPECT_EQ(FailureOf([&] { database->InsertRows("deg", columns, source); }).number,
+  EXPECT_EQ(FailureOf([&] { opened->InsertRows("deg", columns, source); }).number,
             ErrorNumber::FieldTooSmall);
   EXPECT_EQ(drawer.rows["deg"].size(), 1U);
 }
 
 TEST_F(MakerTest, WhatAMakersFileCannotTakeIsRefused) {
-  const auto database = Ouvre(false);
+  const auto opened = Ouvre(false);
   const std::string_view name[] = {"Name"};
   ListSource source({{std::string("x")}});
-  EXPECT_EQ(FailureOf([&] { database->InsertRows("Place", name, source); }).number,
+  EXPECT_EQ(FailureOf([&] { opened->InsertRows("Place", name, source); }).number,
             ErrorNumber::NotSupported)
       << "a table that was there";
-  EXPECT_EQ(FailureOf([&] { database->InsertRows("None", name, source); }).number,
+  EXPECT_EQ(FailureOf([&] { opened->InsertRows("None", name, source); }).number,
             ErrorNumber::TableNotFound);
-  EXPECT_EQ(FailureOf([&] { database->BeginTrans(); }).number, ErrorNumber::NotSupported);
+  EXPECT_EQ(FailureOf([&] { opened->BeginTrans(); }).number, ErrorNumber::NotSupported);
   TableDef again = Exportee();
   again.name = "place";
-  EXPECT_EQ(FailureOf([&] { database->CreateTable(again); }).number, ErrorNumber::TableExists);
-  database->CreateTable(Exportee());
-  EXPECT_EQ(FailureOf([&] { database->Execute("DELETE FROM deg"); }).number, ErrorNumber::ReadOnly);
+  EXPECT_EQ(FailureOf([&] { opened->CreateTable(again); }).number, ErrorNumber::TableExists);
+  opened->CreateTable(Exportee());
+  EXPECT_EQ(FailureOf([&] { opened->Execute("DELETE FROM deg"); }).number, ErrorNumber::ReadOnly);
   const std::string_view unknown[] = {"Nothing"};
-  EXPECT_EQ(FailureOf([&] { database->InsertRows("deg", unknown, source); }).number,
+  EXPECT_EQ(FailureOf([&] { opened->InsertRows("deg", unknown, source); }).number,
             ErrorNumber::ItemNotFound);
   const std::string_view period[] = {"Period"};
   ListSource one({{std::string("1")}});
-  EXPECT_EQ(database->InsertRows("deg", period, one), 1);
-  EXPECT_EQ(database->OpenRecordset("deg")->RecordCount(), 1);
-  EXPECT_EQ(FailureOf([&] { database->InsertRows("deg", period, source); }).number,
+  EXPECT_EQ(opened->InsertRows("deg", period, one), 1);
+  EXPECT_EQ(opened->OpenRecordset("deg")->RecordCount(), 1);
+  EXPECT_EQ(FailureOf([&] { opened->InsertRows("deg", period, source); }).number,
             ErrorNumber::NotSupported)
       << "a second time";
   const auto reading = Ouvre();
@@ -333,8 +332,8 @@ TEST_F(MakerTest, WhatAMakersFileCannotTakeIsRefused) {
 
 TEST_F(MakerTest, ANewFileIsMadeOfAFormatThatIsWritten) {
   const std::string path = folder / "new.dbf";
-  const auto database = makers->CreateForeignDatabase(path, Connect::DBase4, NewDatabase{});
-  database->CreateTable(Exportee());
+  const auto opened = makers->CreateForeignDatabase(path, Connect::DBase4, NewDatabase{});
+  opened->CreateTable(Exportee());
   EXPECT_EQ(drawer.journal, (Strings{"Cree 1252", "CreeTable deg"}));
   test::EcritFichier(path, "");
   EXPECT_EQ(FailureOf([&] { makers->CreateForeignDatabase(path, Connect::DBase4, {}); }).number,

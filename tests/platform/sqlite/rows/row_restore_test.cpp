@@ -237,10 +237,11 @@ TEST_F(RowRestoreTest, ARollbackTakesThemOutAgain) {
 }
 
 TEST_F(RowRestoreTest, ATableWithoutNumbersHasBookmarksToo) {
-  database->CreateTable(
-      {.name = "T",
-       .fields = {
-           {"A", FieldType::Text, 5, true}, {"B", FieldType::Binary}, {"C", FieldType::Date}}});
+  database->CreateTable({.name = "T",
+                         .fields = {{"A", FieldType::Text, 5, true},
+                                    {"B", FieldType::Binary},
+                                    {"C", FieldType::Date}},
+                         .indexes = {}});
   const std::string bytes("\0\xFF x", 4);
   ListSource source({{std::string("a"), bytes, 1.5}, {std::string(), Value(), Value()}});
   const std::string_view columns[] = {"A", "B", "C"};
