@@ -45,13 +45,16 @@ TEST_F(FileCommands, CancelInTheSaveQuestionOfOpenStops) {
 
 // Merge
 
-TEST_F(FileCommands, MergeAddsRowsAndKeepsTheName) {
+TEST_F(FileCommands, AMergeThatEndsInTheHeaderKeepsTheName) {
   OuvreA(2);
   PoseFichier(folder / "b.deg", 3);
-  // A merge of files without free fields runs into the end of its header: these have one.
+  // A merge reads free fields behind the header; without any it runs into the end.
   dialogues.paths = {folder / "b.deg"};
   MnuFusionner_Click(context);
   EXPECT_EQ(dialogues.fileDialogs.at(0).filter, "Distribution (*.deg)|*.deg");
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(dialogues.boxes[0].text,
+            "Input past end of file: the file ends behind line 11, in its header.");
   EXPECT_EQ(state.NomFichier, path);
   EXPECT_TRUE(vue.menusActifs);
 }
