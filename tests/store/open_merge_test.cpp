@@ -1,5 +1,6 @@
 // Open, and Merge, which opens a second file.
 #include "store/file_commands_fixture.h"
+#include "store/free_fields.h"
 
 namespace talpena::test {
 namespace {
@@ -45,15 +46,42 @@ TEST_F(FileCommands, CancelInTheSaveQuestionOfOpenStops) {
 
 // Merge
 
-TEST_F(FileCommands, MergeAddsRowsAndKeepsTheName) {
+TEST_F(FileCommands, AMergeThatEndsInTheHeaderKeepsTheName) {
   OuvreA(2);
   PoseFichier(folder / "b.deg", 3);
-  // A merge of files without free fields runs into the end of its header: these have one.
+  // A merge reads free fields behind the header; without any it runs into the end.
   dialogues.paths = {folder / "b.deg"};
   MnuFusionner_Click(context);
   EXPECT_EQ(dialogues.fileDialogs.at(0).filter, "Distribution (*.deg)|*.deg");
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(dialogues.boxes[0].text,
+            "Input past end of file: the file ends behind line 11, in its header.");
   EXPECT_EQ(state.document.Fichier.NomFichier, path);
   EXPECT_TRUE(vue.menusActifs);
+}
+
+TEST_F(FileCommands, AMergeOfAFileWithFreeFieldsAddsItsRowsAndKeepsTheName) {
+  const auto definit = [](Document& document) {
+    CommenceChampsLibres(*Entete(document).operator->(), "/");
+    AjouteTexteChampsLibres(*Entete(document).operator->(), "STAT.TOPO,Toponyme,50");
+    AjouteChampLibre(*Entete(document).operator->(), "STAT.TOPO,Toponyme,50");
+    CompteChampsLibres(*Entete(document).operator->());
+  };
+  OuvreA(2);
+  definit(state.document);
+  Monde other;
+  definit(other.state.document);
+  Entete(other.state.document)->BoxTitre = "Other";
+  for (int i = 0; i < 3; ++i) other.Ajoute({.period = 1, .latitude = i, .longitude = i});
+  EcritDeg(other.context, folder / "b.deg", WriteMode::Rows);
+
+  dialogues.paths = {folder / "b.deg"};
+  MnuFusionner_Click(context);
+  EXPECT_TRUE(dialogues.boxes.empty());
+  EXPECT_EQ(NombreLignes(), 5);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
+  EXPECT_EQ(state.document.Entete().TitreFichier, "Other");
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(FileCommands, MergeAsksNothingBefore) {

@@ -147,6 +147,9 @@ TEST_F(SaveFailure, AFileThatIsItsOwnBackupStays) {
   dialogues.answers = {Answer::No};
   Ecrit();
   EXPECT_EQ(LitFichier(path), "whole");
+  ASSERT_FALSE(dialogues.boxes.empty());
+  EXPECT_EQ(dialogues.boxes.back().text,
+            "Error 58\nFile already exists: " + bak + "\nThe former file stands unchanged.");
 }
 
 TEST_F(SaveFailure, TheBackupStandsBesideTheFile) {

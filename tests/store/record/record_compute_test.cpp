@@ -132,6 +132,7 @@ TEST_F(QuitteEditBoxTest, RefusesAnOddNumberOfMgrsDigits) {
   EXPECT_EQ(ecran.ChampLatitude, "+1");
   state.Silence = true;
   QuitteEditBox(Contexte(), ecran, 0);
+  EXPECT_EQ(Boites(), (Lines{"Invalid UTM"}));
   EXPECT_EQ(sound.bips, 1);
 }
 

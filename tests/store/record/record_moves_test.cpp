@@ -171,6 +171,7 @@ TEST_F(RecordMovesTest, OkSavesAndIsDisabledUntilTheNextChange) {
   ecran.ChampPeriode = "9";
   ecran.modifie = ecran.ButOk = true;
   ButOk_Click(Contexte(), ecran);
+  EXPECT_EQ(Boites().size(), 1U);
   EXPECT_TRUE(ecran.ButOk);
 }
 

@@ -230,6 +230,7 @@ TEST_F(SauveEcranTest, BeepsUnlessSilent) {
   state.Silence = false;
   EXPECT_FALSE(ChangeEtSauve());
   EXPECT_EQ(sound.bips, 1);
+  EXPECT_EQ(Boites().size(), 2U);
 }
 
 TEST_F(SauveEcranTest, RefusesAnOddMgrsReferenceThatWasNotLeft) {

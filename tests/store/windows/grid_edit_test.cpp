@@ -155,6 +155,7 @@ TEST(GridEdit, ARefusalIsSilentToTheEarWithTheSettingSilence) {
   ShownGrid g;
   g.state.Silence = true;
   g.Tape(2, period, "99999");
+  EXPECT_EQ(g.machine.dialogues.boxes.size(), 1U);
   EXPECT_EQ(g.machine.sound.bips, 0);
 }
 
