@@ -95,7 +95,7 @@ std::string_view Colonne(sqlite3_stmt* row, int column) {
 }
 
 /// The floor: a row selected, its coordinates decoded and moved, two columns updated by key.
-void RecalculeNu(bench::BareTable& bare, CoordState& state) {
+void RecalculeNu(bench::BareTable& bare, StoreState& state) {
   bare.Execute("BEGIN");
   sqlite3_stmt* row = bare.Prepare("SELECT Counter, DATUM, ORIGINAL FROM TALPENA");
   sqlite3_stmt* update =
@@ -122,14 +122,14 @@ void RecalculeNu(bench::BareTable& bare, CoordState& state) {
   bare.Execute("COMMIT");
 }
 
-void Compare(CommandContext c, double floor) {
+void Compare(CommandContext c, AdjustDialogs& dialogues, double floor) {
   const auto time = [&](const char* task, double bound, const std::function<void()>& body) {
     Rapporte(task, Millisecondes(body), floor, bound);
   };
   time("AjusteDegres(999, 999)", 0.8, [&] { AjusteDegres(c, SansMaille, SansMaille); });
   time("AjusteDegres(0.1, 0.1)", 1.2, [&] { AjusteDegres(c, 0.1, 0.1); });
   time("AjusteGrades", 1.2, [&] { AjusteGrades(c); });
-  time("AjusteCoor, 10 km UTM", 1.2, [&] { AjusteCoor(c); });
+  time("AjusteCoor, 10 km UTM", 1.2, [&] { AjusteCoor(c, dialogues); });
   time("mnuAjustIFBL, 4 km", 1.2, [&] { mnuAjustIFBL_Click(c, 1); });
   time("AjusteDegres, sorted rows", 1.2, [&] {
     c.state.document.Data1.RecordSource = "SELECT * FROM TALPENA ORDER BY ORIGINAL";
@@ -170,7 +170,7 @@ int main(int argc, char** argv) {
     RemplitNu(bare, state, rows);
     const double floor = Millisecondes([&] { RecalculeNu(bare, state); });
     std::printf("bare loop over %ld rows: %.0f ms\n", static_cast<long>(rows), floor);
-    Compare({state, machine.io, view}, floor);
+    Compare(view.Contexte(state, machine.io), view, floor);
     std::printf("peak memory %ld MB\n", bench::MemoireMaximale());
     state.document.Data1 = DataControl();
     state.document.WorkingDb.reset();

@@ -156,10 +156,10 @@ Times MesureTout(const std::filesystem::path& folder, int rows) {
     test::SilentView view;
     StoreState state;
     std::filesystem::remove(database);
-    state.document.WorkingDb =
-        platform.engine->CreateDatabase(database, NewDatabase{});
+    state.document.WorkingDb = platform.engine->CreateDatabase(database, NewDatabase{});
     CreateTable(*state.document.WorkingDb);
-    times.load = Mesure([&] { LitDeg(state, platform.io, view, path, MergeMode::Replace); });
+    times.load =
+        Mesure([&] { LitDeg(view.Contexte(state, platform.io), path, MergeMode::Replace); });
     if (state.document.Data1.recordset().RecordCount() != rows) std::abort();
     state.document.Data1 = DataControl();
   }

@@ -178,7 +178,7 @@ double MesureTout(const fs::path& folder, int rows) {
   state.document.WorkingDb =
       platform.engine->CreateDatabase((folder / "talpena_tmp.mdb").string(), NewDatabase{});
   CreateTable(*state.document.WorkingDb);
-  LitDeg(state, platform.io, view, path, MergeMode::Replace);
+  LitDeg(view.Contexte(state, platform.io), path, MergeMode::Replace);
   sqlite3* floor = CreeTablePlancher(folder / "floor.db", *state.document.Data1.Clone());
 
   double program = 1e9;
@@ -187,8 +187,9 @@ double MesureTout(const fs::path& folder, int rows) {
   for (int run = 0; run < runs; ++run) {
     bare = std::min(bare, Secondes([&] { EcritPlancher(floor, folder / "floor.deg", false); }));
     synced = std::min(synced, Secondes([&] { EcritPlancher(floor, folder / "floor.deg", true); }));
-    program = std::min(
-        program, Secondes([&] { EcritDeg(state, platform.io, view, path, WriteMode::Rows); }));
+    program = std::min(program, Secondes([&] {
+                         EcritDeg(view.Contexte(state, platform.io), path, WriteMode::Rows);
+                       }));
   }
   sqlite3_close(floor);
   std::printf("%8d rows  (c) bare loop     %7.3f s, synced %.3f s\n", rows, bare, synced);

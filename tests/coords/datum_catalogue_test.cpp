@@ -185,6 +185,7 @@ TEST_F(ChargeDatumsTest, GivesUpOnAnEmptyName) {
   files_ = {};
   Platform io{tables_, files_, settings_, noName, clock_, environment_, sound_};
   EXPECT_THROW(ChargeDatums(state_, io), CatalogueRefused);
+  EXPECT_EQ(noName.boxes.back().text, "The file DATUM.MDB cannot be found!");
   EXPECT_TRUE(settings_.written.empty());
 }
 

@@ -15,15 +15,15 @@
 namespace talpena {
 namespace {
 
-/// A fresh machine with the catalogue loaded; the user picks the folder "/maps".
+/// A fresh machine with the catalogue loaded.
 struct World : test::FakeMachine {
   CoordState state;
   test::FakeView vue;
 
-  World() {
-    state.Catalogue = test::CatalogueDesSources();
-    dialogues.paths = {"/maps"};
-  }
+  World() { state.Catalogue = test::CatalogueDesSources(); }
+
+  /// The user picks the folder "/maps".
+  void ChoisitDossier() { dialogues.paths = {"/maps"}; }
 
   /// Takes a datum out of the catalogue.
   void Efface(const std::string& code) {
@@ -42,6 +42,7 @@ std::size_t Lignes(const std::string& bytes) {
 
 TEST(GridCommands, GridMenuWritesIfblPrnAndSaysTermine) {
   World w;
+  w.ChoisitDossier();
   mnuGrid_Click(w.state, w.io);
   EXPECT_EQ(Lignes(w.files.Contenu("/maps/IFBL.PRN")), 2644U);
   EXPECT_EQ(w.dialogues.boxes.size(), 1U);
@@ -52,6 +53,7 @@ TEST(GridCommands, GridMenuWritesIfblPrnAndSaysTermine) {
 
 TEST(GridCommands, MeshCommandWritesIfblPrnAndSaysTraitementTermine) {
   World w;
+  w.ChoisitDossier();
   CreationIFBLGrid(w.state, w.io);
   EXPECT_EQ(Lignes(w.files.Contenu("/maps/ifbl.prn")), 41746U);
   EXPECT_EQ(w.DernierMessage(), "traitement terminé");
@@ -59,6 +61,7 @@ TEST(GridCommands, MeshCommandWritesIfblPrnAndSaysTraitementTermine) {
 
 TEST(GridCommands, PolygonCommandWritesThreePairs) {
   World w;
+  w.ChoisitDossier();
   CreationIFBLGridPolygon(w.state, w.io);
   EXPECT_EQ(Lignes(w.files.Contenu("/maps/ifbl01x01.mif")), 7U + 3 * 77361);
   EXPECT_EQ(Lignes(w.files.Contenu("/maps/ifbl01x01.mid")), 77361U);
@@ -71,6 +74,7 @@ TEST(GridCommands, PolygonCommandWritesThreePairs) {
 
 TEST(GridCommands, KeepQuietUnderSilence) {
   World w;
+  w.ChoisitDossier();
   w.state.Silence = true;
   mnuGrid_Click(w.state, w.io);
   EXPECT_EQ(w.DernierMessage(), "Terminé");
@@ -104,6 +108,7 @@ TEST(GridCommands, LeaveTheFormerFileWhenTheDiskIsFull) {
   for (const FolderCommand& c : FolderCommands) {
     SCOPED_TRACE(c.name);
     World w;
+    w.ChoisitDossier();
     w.files.Pose(c.file, "former");
     w.files.ecritureJusqua = 10000;
     try {
@@ -119,6 +124,7 @@ TEST(GridCommands, LeaveTheFormerFileWhenTheDiskIsFull) {
 
 TEST(GridCommands, PlaceNoPairWhenALaterOneFails) {
   World w;
+  w.ChoisitDossier();
   w.files.refus["/maps/ifbl32x20.mid"] = ErrorNumber::PermissionDenied;
   EXPECT_THROW(CreationIFBLGridPolygon(w.state, w.io), TalpenaError);
   EXPECT_EQ(w.files.Contenu("/maps/ifbl01x01.mif"), "");
@@ -136,7 +142,7 @@ TEST(GridCommands, ReportADatumThatTheCatalogueLacks) {
       EXPECT_EQ(w.DernierMessage(),
                 std::string("This datum is absent from the available datums!\n\n") + code);
       EXPECT_TRUE(w.files.journal.empty());
-      EXPECT_EQ(w.dialogues.paths.size(), 1U) << "no folder was asked for";
+      EXPECT_TRUE(w.dialogues.fileDialogs.empty()) << "no folder was asked for";
     }
   }
 }

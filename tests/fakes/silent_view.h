@@ -3,9 +3,7 @@
 #include <string>
 
 #include "coord_commands/adjust.h"
-#include "platform/main_window_view.h"
-#include "platform/wait_view.h"
-#include "store/store_port.h"
+#include "store/command_context.h"
 
 namespace talpena::test {
 
@@ -13,6 +11,10 @@ class SilentView : public MainWindowView, public WaitView, public StorePort, pub
  public:
   int progressions = 0;  ///< how often the progress bar was moved
   int tours = 0;         ///< how often the message loop ran
+
+  CommandContext Contexte(StoreState& state, Platform& io) {
+    return {state, io, *this, *this, *this};
+  }
 
   void AfficheMessage(const std::string&) override {}
   void FermeMessage() override {}

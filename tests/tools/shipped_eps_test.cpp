@@ -65,6 +65,7 @@ TEST_P(ShippedEps, PrintsEveryMapWithDistributionAndGrid) {
     desk.carte.Grille = true;
     for (const int mode : {1, 0}) {
       FaitEPS(desk.Contexte(), path, mode);
+      EXPECT_EQ(desk.dialogues.boxes.back().text, "Fichier " + path + " créé avec succès.");
       const std::string eps = test::LitFichier(path);
       EXPECT_EQ(eps.find(mode == 1 ? " 0 s1" : " sc1\r"), std::string::npos);
       const test::Interpreted page = test::ExigeImprimable(eps);
