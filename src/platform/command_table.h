@@ -54,12 +54,18 @@ void Parcourt(std::span<const Row> rows, const Visit& visit) {
   }
 }
 
+/// Whether a row bears an object name.
+template <typename Row>
+bool SeNomme(const Row& row, std::string_view name) {
+  return name.starts_with(row.control) && NomObjet(row) == name;
+}
+
 /// The row of an object name; InvalidCall (5) when there is none.
 template <typename Row>
 const Row& RangeeNommee(std::span<const Row> rows, std::string_view name) {
   const Row* found = nullptr;
   Parcourt(rows, [&](const Row& row) {
-    if (NomObjet(row) == name) found = &row;
+    if (found == nullptr && SeNomme(row, name)) found = &row;
   });
   if (found == nullptr) throw TalpenaError(ErrorNumber::InvalidCall, std::string(name));
   return *found;

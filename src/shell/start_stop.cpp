@@ -34,8 +34,7 @@ void SupprimeBaseAncienne(Load& l) {
 }
 
 void CreeBase(Load& l) {
-  l.c.document().WorkingDb =
-      l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, NewDatabase{});
+  l.c.document().WorkingDb = l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, NewDatabase{});
 }
 
 void LitReglages(Load& l) {

@@ -46,8 +46,7 @@ struct Monde : FakeServices {
   Monde() {
     state.AppDir = working / "no-program";
     state.WorkingDbPath = working / "talpena_tmp.mdb";
-    state.document.WorkingDb =
-        engine->CreateDatabase(state.WorkingDbPath, NewDatabase{});
+    state.document.WorkingDb = engine->CreateDatabase(state.WorkingDbPath, NewDatabase{});
     CreateTable(*state.document.WorkingDb);
     vue.Suit(state.document);
     Relit();

@@ -34,8 +34,7 @@ struct World : FakeServices {
       datum.code = code;
       state.Catalogue.Datums.push_back(datum);
     }
-    state.document.WorkingDb =
-        engine->CreateDatabase(state.WorkingDbPath, NewDatabase{});
+    state.document.WorkingDb = engine->CreateDatabase(state.WorkingDbPath, NewDatabase{});
     CreateTable(*state.document.WorkingDb);
     vue.Suit(state.document);
   }

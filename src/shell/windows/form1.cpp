@@ -97,7 +97,7 @@ void Form1::AjusteGrille() {
 }
 
 void Form1::ActiveControles() {
-  const MenuState state = Etat();
+  const MenuState state = etat_ = Etat();
   Parcourt(ArbreDesMenus(), [this, &state](const MenuEntry& entry) {
     if (entry.EstSeparateur()) return;
     actions_.at(NomObjet(entry))->setEnabled(EstActif(entry, state));
@@ -107,10 +107,10 @@ void Form1::ActiveControles() {
 }
 
 MenuState Form1::Etat() const {
-  return {
-      .fileOpen = FichierOuvert(),
-      .hasRow = FichierOuvert() && state_.document.Data1.EstLie() && state_.document.Data1.recordset().RecordCount() > 0,
-      .searched = state_.RechercheAboutie};
+  return {.fileOpen = FichierOuvert(),
+          .hasRow = FichierOuvert() && state_.document.Data1.EstLie() &&
+                    state_.document.Data1.recordset().RecordCount() > 0,
+          .searched = state_.RechercheAboutie};
 }
 
 /// As rows come and go: the record editor needs one.
@@ -158,7 +158,7 @@ void Form1::AffichePosition() {
 }
 
 void Form1::AfficheDerniersFichiers() {
-  const std::array<std::string, 4>& paths = state_.LastFiles;
+  const std::array<std::string, 4>& paths = derniersFichiers_ = state_.LastFiles;
   bool any = false;
   for (std::size_t i = 0; i < paths.size(); ++i) {
     QAction* entry = actions_.at("MnuLastFile_" + std::to_string(i + 1));

@@ -167,6 +167,8 @@ class Form1 : public QMainWindow,
   ProcessState& state_;
   Platform& io_;
   QWidget* splash_ = nullptr;
+  MenuState etat_;                                 ///< what the menus show
+  std::array<std::string, 4> derniersFichiers_{};  ///< so does this
   bool hourglass_ = false;
   bool ended_ = false;
   int running_ = 0;          ///< commands under way

@@ -65,8 +65,8 @@ bool Form1::Commande(const std::function<void()>& body) {
 }
 
 void Form1::ApresCommande() {
-  AfficheDerniersFichiers();
-  ActiveControles();
+  if (derniersFichiers_ != state_.LastFiles) AfficheDerniersFichiers();
+  if (etat_ != Etat()) ActiveControles();
   if (tickWaits_) {
     tickWaits_ = false;
     QTimer::singleShot(0, this, &Form1::Timer1_Tick);

@@ -33,6 +33,7 @@ struct MenuState {
   bool fileOpen = false;
   bool hasRow = false;
   bool searched = false;
+  bool operator==(const MenuState&) const = default;
 };
 
 /// An entry whose caption is none of the table's: a recent file.
