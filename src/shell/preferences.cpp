@@ -138,7 +138,7 @@ PreferencesOutcome Valide(CommandContext c, PreferencesForm& form) {
   PrendReglages(c.state, form);
   PrendDatums(c, *datums, form.lblDatumOrig);
   // Not only behind a change of datum: OK has always computed the rows that are shown anew.
-  // Held by Prefer.OkComputesTheRowsAnewAlsoOnTheSameDatum.
+  // Held by PreferTest.OkComputesTheRowsAnewAlsoOnTheSameDatum.
   if (montree) RecalculeSurDatum(c);
   return {.ferme = true};
 }

@@ -34,7 +34,9 @@ class Load {
     if (merge_) {
       const std::string refusal = FusionRefusee();
       if (!refusal.empty()) {
-        PrendEntete();  // a refused merge leaves FreeFieldText empty, as it always did
+        // A refused merge leaves FreeFieldText empty, as it always did.
+        // Held by LitDegTest.RefusesAMergeOfAnotherDatum.
+        PrendEntete();
         return Refuse(refusal);
       }
     }
