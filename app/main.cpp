@@ -14,7 +14,6 @@
 #include "shell/start_stop.h"
 #include "shell/windows/application.h"
 #include "shell/windows/form1.h"
-#include "shell/windows/pictures.h"
 #include "shell/windows/start.h"
 
 namespace {
@@ -55,10 +54,6 @@ int main(int argc, char** argv) {
   Platform io{*engine, *files, settings, dialogues, clock, environment, sound};
   application.ChangePlatform(&io);
 
-  const QString pictures = qEnvironmentVariable("TALPENA_PICTURES");
-  std::unique_ptr<QObject> boxes;
-  if (!pictures.isEmpty()) boxes = FermeBoites(pictures);
-
   SingleInstance instance;
   if (!EstSeuleInstance([&instance] { return instance.Acquiert(); }, dialogues)) return 0;
   ProcessState state;
@@ -72,8 +67,5 @@ int main(int argc, char** argv) {
   form.ChangeSplash(&splash);
   QObject::connect(&form, &Form1::Fini, &application, [] { QCoreApplication::exit(0); });
   if (!form.Charge(commandLine)) return 0;
-
-  boxes.reset();
-  if (!pictures.isEmpty()) return PrendImages(form, pictures) ? 0 : 1;
   return Application::exec();
 }

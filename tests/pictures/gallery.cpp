@@ -1,4 +1,4 @@
-#include "shell/windows/gallery.h"
+#include "pictures/gallery.h"
 
 #include <array>
 
