@@ -1,9 +1,10 @@
 // Builds the state, the platform and the main window, and nothing else.
-#include <QByteArray>
-#include <array>
 #include <csignal>
 #include <memory>
 #include <span>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/foreign/jet_reader.h"
 #include "platform/os/file_system.h"
