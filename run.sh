@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds the program and starts it: ./run.sh [file.deg]
-# Without a display the same program runs under a virtual X server and leaves pictures of its
-# windows in build/pictures.
+# Without a display a program of the tests shows the same windows under a virtual X server and
+# leaves pictures of them in build/pictures.
 set -euo pipefail
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")" && pwd)
 . "$here/scripts/packages.sh"
@@ -28,7 +28,7 @@ need_packages $packages_pictures
 pictures=$here/build/pictures
 rm -rf "$pictures"
 mkdir -p "$pictures"
-TALPENA_PICTURES=$pictures QT_QPA_PLATFORM=xcb \
-  xvfb-run -a -s "-screen 0 1600x1000x24" build/bin/talpena "$file"
+QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1600x1000x24" \
+  build/release/tools/take_pictures "$pictures" "$file"
 echo "No display: pictures of the windows are in $pictures"
 ls "$pictures"

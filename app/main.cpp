@@ -1,9 +1,10 @@
 // Builds the state, the platform and the main window, and nothing else.
-#include <QByteArray>
-#include <array>
 #include <csignal>
 #include <memory>
 #include <span>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "platform/foreign/jet_reader.h"
 #include "platform/os/file_system.h"
@@ -14,7 +15,6 @@
 #include "shell/start_stop.h"
 #include "shell/windows/application.h"
 #include "shell/windows/form1.h"
-#include "shell/windows/pictures.h"
 #include "shell/windows/start.h"
 
 namespace {
@@ -55,10 +55,6 @@ int main(int argc, char** argv) {
   Platform io{*engine, *files, settings, dialogues, clock, environment, sound};
   application.ChangePlatform(&io);
 
-  const QString pictures = qEnvironmentVariable("TALPENA_PICTURES");
-  std::unique_ptr<QObject> boxes;
-  if (!pictures.isEmpty()) boxes = FermeBoites(pictures);
-
   SingleInstance instance;
   if (!EstSeuleInstance([&instance] { return instance.Acquiert(); }, dialogues)) return 0;
   ProcessState state;
@@ -72,8 +68,5 @@ int main(int argc, char** argv) {
   form.ChangeSplash(&splash);
   QObject::connect(&form, &Form1::Fini, &application, [] { QCoreApplication::exit(0); });
   if (!form.Charge(commandLine)) return 0;
-
-  boxes.reset();
-  if (!pictures.isEmpty()) return PrendImages(form, pictures) ? 0 : 1;
   return Application::exec();
 }

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Takes the pictures of the user guide from the running program: every window that a page of
+# Takes the pictures of the user guide from the program's windows: every one that a page of
 # data/help shows, in each language of the guide, light, on the sample file.
 #   scripts/help_pictures.sh [PRESET]     PRESET of the build to run, release when not given
 # Pictures that no page shows are not kept in data/help/pictures.
@@ -13,7 +13,7 @@ limit=153600 # bytes; a guide is to be opened at once
 
 preset=${1:-release}
 [ -f "build/$preset/build.ninja" ] || cmake --preset "$preset" >/dev/null
-cmake --build --preset "$preset" --target talpena small_png
+cmake --build --preset "$preset" --target take_pictures small_png
 bin=$here/build/$preset/bin
 [ "$preset" = release ] && bin=$here/build/bin
 
@@ -23,9 +23,9 @@ taken=$(mktemp -d)
 home=${TMPDIR:-/tmp}/guide
 mkdir "$home"
 trap 'rm -rf "$taken" "$home"' EXIT
-HOME=$home XDG_CONFIG_HOME=$home XDG_CACHE_HOME=$home TALPENA_PICTURES=$taken \
+HOME=$home XDG_CONFIG_HOME=$home XDG_CACHE_HOME=$home \
   QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x800x24" \
-  "$bin/talpena" "$bin/samples/talpa_sample.deg"
+  "build/$preset/tools/take_pictures" "$taken" "$bin/samples/talpa_sample.deg"
 
 missing=0
 for language in fr en; do
@@ -36,7 +36,7 @@ for language in fr en; do
   for name in $names; do
     picture=$taken/${name}_$language.png
     if [ ! -f "$picture" ]; then
-      echo "the program took no picture \"$name\" in $language" >&2
+      echo "there is no picture \"$name\" in $language" >&2
       missing=1
       continue
     fi

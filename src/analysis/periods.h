@@ -1,6 +1,5 @@
 // Number of periods and their pivot years.
 #pragma once
-#include <cstdint>
 #include <string>
 
 #include "platform/platform.h"

@@ -6,7 +6,6 @@
 #include <limits>
 
 #include "common/talpena_error.h"
-#include "common/text.h"
 
 namespace talpena {
 namespace {

@@ -2,7 +2,6 @@
 // on the datum of the file, `datumFichier`, an index in the catalogue.
 #pragma once
 #include <cstdint>
-#include <string>
 #include <string_view>
 
 #include "coords/state.h"

@@ -2,6 +2,7 @@
 
 #include "common/text.h"
 #include "coords/datum.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/edition.h"
 

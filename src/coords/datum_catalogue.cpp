@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <memory>
-#include <optional>
 #include <string>
 
 #include "common/msg_id.h"

@@ -2,7 +2,6 @@
 #include <cmath>
 
 #include "common/numbers.h"
-#include "coords/faults.h"
 #include "maps/figure.h"
 #include "maps/projection.h"
 #include "maps/projection_forward.h"

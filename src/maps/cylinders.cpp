@@ -4,7 +4,6 @@
 #include "common/numbers.h"
 #include "coords/faults.h"
 #include "maps/figure.h"
-#include "maps/projection.h"
 #include "maps/projection_forward.h"
 #include "maps/projection_inverse.h"
 

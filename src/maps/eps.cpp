@@ -6,6 +6,7 @@
 #include "maps/eps_sink.h"
 #include "maps/grid_overlay.h"
 #include "maps/plot.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 
 namespace talpena {

@@ -1,5 +1,4 @@
 // Accented letters as PostScript reads them from a string.
-#include <array>
 #include <string_view>
 
 #include "common/text.h"

@@ -1,6 +1,5 @@
 // What the commands of the map view work with.
 #pragma once
-#include <cstdint>
 #include <string>
 
 #include "maps/map_option.h"

@@ -1,7 +1,6 @@
 #include "maps/map_files.h"
 
 #include <cmath>
-#include <utility>
 
 #include "common/numbers.h"
 #include "common/paths.h"
@@ -11,6 +10,7 @@
 #include "maps/plot.h"
 #include "maps/projection.h"
 #include "maps/redraw.h"
+#include "platform/busy.h"
 #include "platform/free_input.h"
 
 namespace talpena {

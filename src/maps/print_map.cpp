@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <memory>
 
 #include "maps/canvas_sink.h"
 #include "maps/plot.h"

@@ -10,6 +10,7 @@
 #include "maps/layer_plot.h"
 #include "maps/plot.h"
 #include "maps/projection.h"
+#include "platform/busy.h"
 
 namespace talpena {
 namespace {

@@ -2,7 +2,6 @@
 #pragma once
 #include "platform/dialogues.h"
 #include "platform/files.h"
-#include "platform/main_window_view.h"
 #include "platform/settings_store.h"
 #include "platform/system.h"
 #include "platform/table_engine.h"

@@ -1,7 +1,6 @@
 #include "shell/preferences.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "common/msg_id.h"
 #include "common/numbers.h"

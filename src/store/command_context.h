@@ -1,8 +1,8 @@
 // What the commands of the main window work with.
 #pragma once
-#include "platform/busy.h"
 #include "platform/main_window_view.h"
 #include "platform/platform.h"
+#include "platform/wait_view.h"
 #include "store/state.h"
 #include "store/store_port.h"
 

@@ -4,7 +4,6 @@
 #include <utility>
 
 #include "common/talpena_error.h"
-#include "common/text.h"
 #include "store/deg_header.h"
 #include "store/deg_line_writer.h"
 #include "store/period_line.h"

@@ -2,7 +2,6 @@
 // or told anything here; the commands that load and save do that.
 #pragma once
 #include <cstdint>
-#include <functional>
 #include <memory>
 #include <optional>
 #include <string>

@@ -1,7 +1,5 @@
 #include "store/deg_header.h"
 
-#include <array>
-
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"

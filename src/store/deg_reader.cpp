@@ -8,7 +8,7 @@
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"
-#include "common/text.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/deg_file.h"
 #include "store/deg_header.h"

@@ -2,6 +2,7 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "platform/busy.h"
 #include "store/deg_file.h"
 #include "store/deg_row_writer.h"
 #include "store/save_file.h"

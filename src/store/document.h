@@ -2,7 +2,6 @@
 // came from, and what differs from that file. Whoever shows any of it observes the document;
 // whoever changes rows or header does so by an Edition.
 #pragma once
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>

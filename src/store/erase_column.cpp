@@ -6,6 +6,7 @@
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "common/text.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/edition.h"
 #include "store/table.h"

@@ -4,6 +4,7 @@
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 
 namespace talpena {

@@ -6,6 +6,7 @@
 #include "common/paths.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "store/deg_lines.h"
 
 namespace talpena {
 namespace {

@@ -6,7 +6,6 @@
 
 #include "platform/platform.h"
 #include "platform/settings_state.h"
-#include "store/deg_lines.h"
 #include "store/distribution_header.h"
 
 namespace talpena {

@@ -5,7 +5,6 @@
 #include "store/edition.h"
 #include "store/file_commands.h"
 #include "store/free_fields.h"
-#include "store/table.h"
 
 namespace talpena {
 namespace {

@@ -3,6 +3,7 @@
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/duplicate_row.h"
 #include "store/edition.h"

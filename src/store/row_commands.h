@@ -1,6 +1,5 @@
 // Commands over single rows of the grid: go to one, add, duplicate, delete.
 #pragma once
-#include <cstdint>
 
 #include "store/command_context.h"
 

@@ -1,7 +1,6 @@
 // The table TALPENA that holds the rows of the open distribution.
 #pragma once
 #include <array>
-#include <cstdint>
 #include <string>
 
 #include "platform/settings_state.h"

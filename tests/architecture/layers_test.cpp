@@ -3,19 +3,17 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
-#include <fstream>
-#include <map>
 #include <regex>
 #include <string>
 #include <vector>
 
+#include "architecture/sources.h"
+
 namespace talpena {
 namespace {
 
-namespace fs = std::filesystem;
-
-const fs::path source = fs::path(TALPENA_SOURCE_DIR) / "src";
+using test::Fichiers;
+using test::Lignes;
 
 /// Layers from the lowest up; a folder may include itself and what stands before it.
 const std::vector<std::string> layers = {"common",         "platform", "coords",      "store",
@@ -34,15 +32,11 @@ struct Include {
 std::vector<Include> Includes() {
   std::vector<Include> all;
   const std::regex pattern(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
-  for (const auto& entry : fs::recursive_directory_iterator(source)) {
-    const std::string extension = entry.path().extension().string();
-    if (extension != ".h" && extension != ".cpp") continue;
-    std::ifstream in(entry.path());
-    for (std::string line; std::getline(in, line);) {
+  for (const std::string& file : Fichiers()) {
+    for (const std::string& line : Lignes(file)) {
       std::smatch match;
       if (!std::regex_search(line, match, pattern)) continue;
-      all.push_back(
-          {fs::relative(entry.path(), source).generic_string(), match[2], match[1] == "<"});
+      all.push_back({file, match[2], match[1] == "<"});
     }
   }
   return all;
@@ -125,14 +119,7 @@ TEST(Layers, EachLibraryIsKnownInOneFolder) {
 }
 
 TEST(Layers, NoFileGrowsPastWhatOneCanHoldInTheHead) {
-  for (const auto& entry : fs::recursive_directory_iterator(source)) {
-    const std::string extension = entry.path().extension().string();
-    if (extension != ".h" && extension != ".cpp") continue;
-    std::ifstream in(entry.path());
-    int lines = 0;
-    for (std::string line; std::getline(in, line);) ++lines;
-    EXPECT_LE(lines, 500) << entry.path();
-  }
+  for (const std::string& file : Fichiers()) EXPECT_LE(Lignes(file).size(), 500U) << file;
 }
 
 }  // namespace

@@ -71,8 +71,7 @@ def starts_through_a_link_and_takes_blanks(s):
 
 def takes_pictures(s):
     pictures = os.path.join(s.folder, "pictures")
-    os.environ["TALPENA_PICTURES"] = pictures
-    program = s.start(s.file([1, 2, 3]))
+    program = s.start(pictures, s.file([1, 2, 3]), binary=os.environ["TALPENA_TAKE_PICTURES"])
     assert program.ends(60) == 0
     names = set(os.listdir(pictures))
     for window in ["main", "about", "periods", "datum"]:

@@ -77,12 +77,6 @@ void frmCarte::PlaceFenetre() {
   move(place.topLeft());
 }
 
-bool frmCarte::ConnaitUneCarte() const {
-  const std::string first =
-      AvecSeparateur(state_.AppDir) + "carto" + SeparateurChemin() + "world.dsw";
-  return TrouveChemin(io_.settings.Lit(application, section, "LastMap", first)).has_value();
-}
-
 void frmCarte::done(int result) {
   if (enCours_) return;
   if (chargee_) {

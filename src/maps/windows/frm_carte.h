@@ -39,8 +39,6 @@ class frmCarte : public QDialog, public MapWindow {
   explicit frmCarte(CommandContext contexte, QWidget* parent = nullptr);
   ~frmCarte() override;
 
-  /// Whether the last map is there, or the first; else Charge asks for one.
-  bool ConnaitUneCarte() const;
   /// The last map, or the one that the user opens when there is none, and the distribution.
   void Charge();
   /// Charge, and the window until it is closed. With `choisit` the open dialog comes up at once.

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstring>
-#include <optional>
 #include <span>
 #include <stdexcept>
 #include <string>

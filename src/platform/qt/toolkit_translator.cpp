@@ -1,7 +1,6 @@
 #include "platform/qt/toolkit_translator.h"
 
 #include <QLibraryInfo>
-#include <tuple>
 
 namespace talpena {
 namespace {

@@ -3,9 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
-#include <array>
 
-#include "common/text.h"
 #include "platform/sqlite/dialect/functions.h"
 #include "platform/sqlite/rows/row_update.h"
 #include "platform/sqlite/rows/source_table.h"

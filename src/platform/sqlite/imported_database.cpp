@@ -4,7 +4,6 @@
 #include <numeric>
 #include <utility>
 
-#include "common/text.h"
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/errors.h"
 #include "platform/sqlite/savepoint.h"

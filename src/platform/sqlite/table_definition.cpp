@@ -1,10 +1,9 @@
 // Definitions of tables as text: one line for the table, one per field and index, the parts of
 // a line between tabs.
-#include <array>
 #include <charconv>
 
+#include "common/talpena_error.h"
 #include "common/text.h"
-#include "platform/sqlite/errors.h"
 #include "platform/sqlite/table_state.h"
 
 namespace talpena::sqlite {

@@ -16,7 +16,8 @@
 #include "platform/qt/window_place.h"
 #include "shell/windows/frm_message.h"
 #include "shell/windows/help_desk.h"
-#include "store/windows/grid_cells.h"
+#include "store/cell_text.h"
+#include "store/windows/grid_colours.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {
@@ -180,7 +181,7 @@ ScreenSize Form1::TailleEcran() const {
   return {EnTwips(size.width()), EnTwips(size.height())};
 }
 
-void Form1::FondGrilleSysteme() { TDBGrid1->ChangeFond(0x8000000F); }
+void Form1::FondGrilleSysteme() { TDBGrid1->ChangeFond(SystemColour::ButtonFace); }
 
 void Form1::AppliqueReglages() {
   const QRect stored(EnPixels(state_.GrilleGauche), EnPixels(state_.GrilleHaut),

@@ -16,7 +16,6 @@
 #include "shell/shell_view.h"
 #include "shell/start_stop.h"
 #include "shell/windows/menus.h"
-#include "store/file_commands.h"
 
 class QAbstractButton;
 class QComboBox;

@@ -25,6 +25,7 @@
 #include "shell/windows/help_desk.h"
 #include "shell/windows/prefer.h"
 #include "store/edition.h"
+#include "store/file_commands.h"
 #include "store/row_commands.h"
 #include "store/sort.h"
 #include "store/windows/edit_form.h"

@@ -13,7 +13,6 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
-#include "common/text.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/mnemonics.h"

@@ -1,7 +1,5 @@
 #include "store/record/date_mask.h"
 
-#include <algorithm>
-
 #include "common/numbers.h"
 #include "common/text.h"
 

@@ -1,6 +1,5 @@
 // Which coordinate system the form is in, and which datum goes with it.
 #pragma once
-#include <string>
 
 #include "store/record/record_screen.h"
 #include "store/state.h"

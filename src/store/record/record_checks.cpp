@@ -1,5 +1,4 @@
 // What keeps the form from being saved, and what the user should see before he saves it.
-#include <array>
 #include <cmath>
 #include <limits>
 #include <string_view>

@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"
+#include "store/cell_text.h"
 #include "store/edition.h"
 
 namespace talpena {

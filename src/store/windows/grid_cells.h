@@ -7,7 +7,6 @@
 
 #include "common/talpena_error.h"
 #include "platform/table_engine.h"
-#include "store/cell_text.h"
 #include "store/document.h"
 
 namespace talpena {

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <limits>
 
+#include "store/cell_text.h"
 #include "store/windows/grid_cells.h"
 
 namespace talpena {

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "common/talpena_error.h"
 #include "store/state.h"
 #include "store/table.h"
 

@@ -8,8 +8,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "common/msg_id.h"
-#include "common/string_table.h"
 #include "platform/commands.h"
 #include "platform/qt/colours.h"
 #include "store/windows/grid_colours.h"

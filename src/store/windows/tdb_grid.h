@@ -6,6 +6,7 @@
 #include <optional>
 #include <vector>
 
+#include "platform/main_window_view.h"
 #include "platform/platform.h"
 #include "store/state.h"
 #include "store/table.h"

@@ -7,8 +7,8 @@
 #include <QPushButton>
 
 #include "fakes/cut_texts.h"
+#include "pictures/gallery.h"
 #include "shell/windows/form1_machine.h"
-#include "shell/windows/gallery.h"
 
 namespace talpena::test {
 namespace {

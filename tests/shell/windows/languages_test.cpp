@@ -14,9 +14,9 @@
 #include <QTimer>
 #include <map>
 
+#include "pictures/gallery.h"
 #include "platform/qt/qt_dialogues.h"
 #include "shell/windows/form1_machine.h"
-#include "shell/windows/gallery.h"
 
 namespace talpena::test {
 namespace {

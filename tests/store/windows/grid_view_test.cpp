@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "platform/qt/colours.h"
+#include "store/cell_text.h"
 #include "store/sort.h"
 #include "store/windows/grid_cells.h"
 #include "store/windows/grid_colours.h"

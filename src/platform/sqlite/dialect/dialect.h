@@ -1,7 +1,6 @@
 // The engine's SQL dialect in terms of SQLite's. docs/table-engine.md describes it.
 #pragma once
 #include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -5,11 +5,11 @@
 #include <limits>
 
 #include "common/numbers.h"
+#include "common/talpena_error.h"
 #include "common/text.h"
 #include "platform/sqlite/collation.h"
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/dialect/dialect_parser.h"
-#include "platform/sqlite/errors.h"
 
 namespace talpena::sqlite {
 namespace {

@@ -1,6 +1,5 @@
 // The rows of an InsertRows on their way through the columns' checks.
 #pragma once
-#include <limits>
 #include <string>
 #include <vector>
 

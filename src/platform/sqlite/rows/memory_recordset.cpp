@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <limits>
 
-#include "common/text.h"
 #include "platform/sqlite/dialect/dialect.h"
 #include "platform/sqlite/errors.h"
 #include "platform/sqlite/rows/source_table.h"

@@ -1,7 +1,6 @@
 // Rows kept in memory, packed.
 #pragma once
 #include <cstdint>
-#include <memory>
 #include <span>
 #include <string>
 #include <vector>

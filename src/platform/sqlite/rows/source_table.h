@@ -2,7 +2,6 @@
 // runs over them.
 #pragma once
 #include <exception>
-#include <functional>
 #include <span>
 
 #include "platform/value.h"

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "platform/sqlite/columns.h"
 #include "platform/sqlite/dialect/dialect.h"
 #include "platform/sqlite/errors.h"
 #include "platform/sqlite/rows/row_blocks.h"

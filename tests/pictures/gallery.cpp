@@ -1,4 +1,4 @@
-#include "shell/windows/gallery.h"
+#include "pictures/gallery.h"
 
 #include <array>
 
@@ -36,15 +36,17 @@ std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
 }
 
 /// With the last map or, before the first, with that of the sample's region; as it is without one
-/// where no map ships.
+/// where no map ships, for which it would ask.
 std::unique_ptr<QWidget> CreeCarte(const GalleryContext& c) {
-  const std::string region =
-      AvecSeparateur(AvecSeparateur(c.state.AppDir) + "carto") + "western_europe.dsw";
-  if (c.io.settings.Lit("TALPENA", "Carto", "LastMap", "").empty() && c.io.files.Existe(region)) {
+  const std::string carto = AvecSeparateur(AvecSeparateur(c.state.AppDir) + "carto");
+  const std::string region = carto + "western_europe.dsw";
+  const auto derniere = [&](const std::string& first) {
+    return c.io.settings.Lit("TALPENA", "Carto", "LastMap", first);
+  };
+  if (derniere("").empty() && c.io.files.Existe(region))
     c.io.settings.Ecrit("TALPENA", "Carto", "LastMap", region);
-  }
   auto view = std::make_unique<frmCarte>(c.Commandes());
-  if (view->ConnaitUneCarte()) view->Charge();
+  if (TrouveChemin(derniere(carto + "world.dsw"))) view->Charge();
   return view;
 }
 

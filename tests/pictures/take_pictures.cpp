@@ -1,19 +1,33 @@
-#include "shell/windows/pictures.h"
-
-#include <QApplication>
+// Pictures of every window of the program, for machines without a display:
+//   take_pictures FOLDER [FILE.deg]
+// starts as the program does, with its data and on the file named, and leaves a PNG picture of each
+// window in FOLDER, in each language, in light and in dark: main_en.png, main_en_dark.png, ... A
+// box that comes up meanwhile is pictured (box_1.png, ...) and closed, so that nobody has to answer
+// it.
 #include <QDir>
 #include <QPalette>
 #include <QPixmap>
-#include <QStyle>
-#include <QStyleFactory>
 #include <QTimer>
 #include <QWidget>
 #include <array>
+#include <cstdio>
 #include <memory>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
 
+#include "pictures/gallery.h"
+#include "platform/foreign/jet_reader.h"
+#include "platform/os/file_system.h"
+#include "platform/qt/qt_dialogues.h"
+#include "platform/qt/qt_system.h"
+#include "platform/qt/single_instance.h"
+#include "platform/sqlite/sqlite_engine.h"
 #include "shell/start_stop.h"
+#include "shell/windows/application.h"
 #include "shell/windows/form1.h"
-#include "shell/windows/gallery.h"
+#include "shell/windows/start.h"
 
 namespace talpena {
 namespace {
@@ -75,8 +89,7 @@ void PrendToutes(Photographer& photographer, Form1& form, const GalleryContext& 
   }
 }
 
-}  // namespace
-
+/// False when a picture could not be written.
 bool PrendImages(Form1& form, const QString& folder) {
   QDir().mkpath(folder);
   Photographer photographer(folder);
@@ -92,6 +105,7 @@ bool PrendImages(Form1& form, const QString& folder) {
   return photographer.Reussi();
 }
 
+/// For as long as it is kept, every box that comes up is pictured and closed.
 std::unique_ptr<QObject> FermeBoites(const QString& folder) {
   auto watch = std::make_unique<QTimer>();
   const auto count = std::make_shared<int>(0);
@@ -106,4 +120,55 @@ std::unique_ptr<QObject> FermeBoites(const QString& folder) {
   return watch;
 }
 
+/// Starts the program on a file and takes the pictures: the exit status.
+int Execute(Application& application, const QString& folder, const std::string& commandLine) {
+  std::vector<std::unique_ptr<ForeignFormat>> formats;
+  formats.push_back(CreeFormatJet());
+  const auto engine = CreeMoteurSqlite(std::move(formats));
+  const auto files = CreeSystemeDeFichiers();
+  QtSettingsStore settings;
+  QtDialogues dialogues;
+  QtClock clock;
+  QtEnvironment environment;
+  QtSound sound;
+  Platform io{*engine, *files, settings, dialogues, clock, environment, sound};
+  application.ChangePlatform(&io);
+
+  // The working database of a program that runs is not to be deleted.
+  SingleInstance instance;
+  if (!instance.Acquiert()) {
+    std::fprintf(stderr, "the program runs: no pictures are taken\n");
+    return 1;
+  }
+  auto boxes = FermeBoites(folder);
+  ProcessState state;
+  Start splash(state);
+  splash.Montre();
+
+  state.AppDir = TALPENA_RUNTIME_DIR;
+  Form1 form(state, io);
+  dialogues.SuitLangue(state.Langue);
+  dialogues.ChangeParent(&form);
+  form.ChangeSplash(&splash);
+  if (!form.Charge(commandLine)) return 1;
+  boxes.reset();
+  return PrendImages(form, folder) ? 0 : 1;
+}
+
+}  // namespace
 }  // namespace talpena
+
+int main(int argc, char** argv) {
+  using namespace talpena;
+  const std::span<const char* const> arguments(argv, static_cast<std::size_t>(argc));
+  if (arguments.size() < 2) {
+    std::fprintf(stderr, "usage: take_pictures FOLDER [FILE.deg]\n");
+    return 2;
+  }
+  int toolkitArguments = 1;
+  Application application(toolkitArguments, argv);
+  QCoreApplication::setApplicationName(QStringLiteral("Talpena"));
+  QGuiApplication::setDesktopFileName(QStringLiteral("talpena"));
+  return Execute(application, QString::fromLocal8Bit(arguments[1]),
+                 LigneDeCommande(arguments.subspan(1)));
+}
