@@ -101,10 +101,13 @@ void PrendDatum(const DatumCatalogue& catalogue, std::int16_t datum, std::string
 /// That of the rows: a change of the open file while they are on show.
 void PrendDatumFichier(CommandContext c, std::int16_t datum) {
   Document& document = c.document();
-  if (datum == 0 || datum == document.Entete().DatumFichier) return;
+  if (datum == 0) return;
   const std::string code(Rogne(c.state.Catalogue.Datum(datum).code));
   if (!document.Montre().grille) return document.PrendDatumParDefaut(code, datum);
+  const DistributionHeader& now = document.Entete();
+  if (code == now.DatumFichierCode && datum == now.DatumFichier) return;
   Edition change(document, "Preferences");
+  if (datum == now.DatumFichier) change.LaisseNonModifie();  // its code in other blanks
   change.Entete().DatumFichierCode = code;
   change.Entete().DatumFichier = datum;
   change.Valide();

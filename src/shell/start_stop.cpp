@@ -50,7 +50,8 @@ void AppliqueLangue(ShellContext c) {
 void OuvreFichierNomme(Load& l) {
   if (l.commandLine.empty()) return;
   l.c.document().Fichier.NomFichier = l.commandLine;
-  LitDeg(l.c.Commandes(), l.commandLine, MergeMode::Replace);
+  const LoadOutcome outcome = LitDeg(l.c.Commandes(), l.commandLine, MergeMode::Replace);
+  if (outcome == LoadOutcome::NotOpened) l.c.document().Fichier.LecturePartielle = true;
   l.c.document().ActiveMenus();
 }
 

@@ -36,7 +36,7 @@ class Load {
       if (!refusal.empty()) {
         // A refused merge leaves FreeFieldText empty, as it always did.
         // Held by LitDegTest.RefusesAMergeOfAnotherDatum.
-        PrendEntete();
+        MetEntete();
         return Refuse(refusal);
       }
     }
@@ -67,7 +67,7 @@ class Load {
       }
     };
     essaie([this] {
-      if (rowsChanged_ && !merge_ && !enteteEnPlace_) PrendEntete();
+      if (rowsChanged_ && !merge_ && !enteteEnPlace_) MetEntete();
     });
     essaie([this] {
       if (rowsChanged_) Ouvert().RelieSqlCourant();
@@ -76,6 +76,8 @@ class Load {
       if (busy_) busy_->FermeFenetres();
     });
   }
+
+  bool ALaisseLesLignes() const { return !rowsChanged_; }
 
  private:
   Document& Ouvert() { return c_.document(); }
@@ -103,12 +105,11 @@ class Load {
   }
 
   void OuvreFichier() {
-    if (!merge_) {
-      Ouvert().Fichier.EmpreinteFichier.reset();
-      Ouvert().Fichier.LecturePartielle = true;
-    }
     empreinte_ = c_.io.files.Empreinte(fileName_);
     file_ = c_.io.files.Ouvre(fileName_);
+    if (merge_) return;
+    Ouvert().Fichier.EmpreinteFichier.reset();
+    Ouvert().Fichier.LecturePartielle = true;
   }
 
   void VideTable() {
@@ -147,16 +148,18 @@ class Load {
     if (answer == Answer::Yes) LitStandardHdr(entete_, c_.io.files, path);
   }
 
-  /// What was read of the header becomes that of the document.
+  /// The header was read: it becomes that of the document, which a merge modifies.
   void PrendEntete() {
+    if (!merge_) Ouvert().OublieModifications();
+    MetEntete(merge_);
+  }
+
+  /// What was read of the header becomes that of the document, without a word of modifications.
+  void MetEntete(bool modifie = false) {
     enteteEnPlace_ = true;
     Edition edition(Ouvert(), NomEdition());
     edition.Entete() = entete_;
-    if (!rowsChanged_ && !reader_) edition.LaisseNonModifie();  // a refused merge
-    if (!merge_) {
-      edition.LaisseNonModifie();
-      Ouvert().OublieModifications();
-    }
+    if (!modifie) edition.LaisseNonModifie();
     edition.Valide();
   }
 
@@ -211,7 +214,7 @@ LoadOutcome LitDeg(CommandContext c, const std::string& fileName, MergeMode merg
     load.Abandonne();
     Bip(c.state, c.io);
     c.io.dialogues.Demande({.text = description});
-    return LoadOutcome::Failed;
+    return load.ALaisseLesLignes() ? LoadOutcome::NotOpened : LoadOutcome::Failed;
   };
   try {
     return load.Execute();

@@ -12,8 +12,9 @@ enum class MergeMode { Replace = 0, Merge = 1 };
 /// What became of a load.
 enum class LoadOutcome {
   Loaded,
-  Refused,  ///< the file is not there, or does not go with the open one: the rows are as before
-  Failed,   ///< the file or a row of it could not be read: the table holds the rows before it
+  Refused,    ///< the file is not there, or does not go with the open one: the rows are as before
+  NotOpened,  ///< it could not be opened, or merged: the rows are as before
+  Failed,     ///< the file or a row of it could not be read: the table holds the rows before it
 };
 
 /// Loads a .deg file of either form into the table and takes over its datum, free-field layout,

@@ -41,9 +41,15 @@ void Document::MontreLignes(const RowsShown& rows) {
 
 void Document::Relie(const RowsShown& rows) {
   Data1.Lie(Base());
-  shown_ = rows;
-  Data1.RecordSource = rows.Source();
-  Data1.Refresh();
+  const RowsShown before = std::exchange(shown_, rows);
+  const std::string source = std::exchange(Data1.RecordSource, rows.Source());
+  try {
+    Data1.Refresh();
+  } catch (...) {
+    shown_ = before;
+    Data1.RecordSource = source;
+    throw;
+  }
 }
 
 void Document::ChangeTitreFenetre(const std::string& title) {

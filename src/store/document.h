@@ -91,7 +91,7 @@ class Document {
   /// Binds the data control to other rows of the table; the current row stays it when it is among
   /// them. When the engine refuses them, nothing has changed and the failure is thrown.
   void MontreLignes(const RowsShown& rows);
-  /// The same, from the first row. When the engine refuses them the rows before stay on show.
+  /// The same, from the first row.
   void Relie(const RowsShown& rows);
   /// Relie in the order of SqlCourant.
   void RelieSqlCourant() { Relie(RowsShown::Dans(order_)); }

@@ -11,7 +11,10 @@ namespace {
 /// A transaction that ends with what was done in it, whatever becomes of the rest.
 class KeptTransaction {
  public:
-  explicit KeptTransaction(Database& database) : database_(database) { database_.BeginTrans(); }
+  explicit KeptTransaction(Database& database) : database_(database) {
+    if (database_.EnTransaction()) database_.CommitTrans();  // one that failed to end
+    database_.BeginTrans();
+  }
   KeptTransaction(const KeptTransaction&) = delete;
   KeptTransaction& operator=(const KeptTransaction&) = delete;
   ~KeptTransaction() {
@@ -22,8 +25,8 @@ class KeptTransaction {
     }
   }
   void Valide() {
-    open_ = false;
     database_.CommitTrans();
+    open_ = false;
   }
 
  private:
@@ -74,18 +77,20 @@ void Edition::Valide() {
   Termine();
 }
 
-/// What was on show may have been told of meanwhile: values are read again.
+/// Rows and header are as before. The grid may have been painted meanwhile: it reads again.
 void Edition::Annule() {
   ended_ = true;
   cursor_.reset();
   transaction_.reset();
   document_.header_ = std::move(*headerBefore_);
-  if (!changes_.Aucun()) document_.Signale(changes_);
+  const bool rows = changes_.Touche(Aspect::Rows) || changes_.Touche(Aspect::Values);
+  if (rows) document_.Signale(Aspect::Values);
 }
 
 void Edition::Termine() {
   ended_ = true;
   cursor_.reset();
+  if (goTo_) goTo_(document_.Data1.recordset());
   if (modified_ && marks_ && !std::exchange(document_.modified_, true))
     changes_ |= Aspect::Modified;
   if (!changes_.Aucun()) document_.Signale(changes_);
@@ -175,18 +180,19 @@ DistributionHeader& Edition::Entete() {
 }
 
 void Edition::VaA(Bookmark row) {
-  document_.Data1.recordset().SetBookmark(row);
+  goTo_ = [row](Recordset& rows) { rows.SetBookmark(row); };
   changes_ |= Aspect::Position;
 }
 
 void Edition::VaAPosition(std::int64_t position) {
-  Recordset& rows = document_.Data1.recordset();
-  const std::int64_t last = rows.RecordCount() - 1;
-  if (last < 0) {
-    rows.MoveFirst();
-  } else {
-    rows.SetAbsolutePosition(std::clamp<std::int64_t>(position, 0, last));
-  }
+  goTo_ = [position](Recordset& rows) {
+    const std::int64_t last = rows.RecordCount() - 1;
+    if (last < 0) {
+      rows.MoveFirst();
+    } else {
+      rows.SetAbsolutePosition(std::clamp<std::int64_t>(position, 0, last));
+    }
+  };
   changes_ |= Aspect::Position;
 }
 

@@ -51,6 +51,7 @@ class Edition {
 
   DistributionHeader& Entete();  ///< to be changed
 
+  // When it ends:
   /// The row becomes the current one.
   void VaA(Bookmark row);
   /// The current row is the one at a position, or the last where fewer are left.
@@ -76,6 +77,7 @@ class Edition {
   std::optional<DistributionHeader> headerBefore_;
   std::unique_ptr<Recordset> cursor_;
   Changes changes_;
+  std::function<void(Recordset&)> goTo_;  ///< the current row, once the rest stands
   bool marks_ = true;
   bool modified_ = false;
   bool ended_ = false;

@@ -83,11 +83,19 @@ void EcritSurPlace(CommandContext c) {
   EcritLignes(c, path, missing ? CheminBak(path) : "");
 }
 
-/// Makes a path that is about to be read the open file.
-void ChangeNomFichier(FileOnDisk& fichier, const std::string& path) {
-  fichier.NomFichier = path;
-  fichier.EmpreinteFichier.reset();
-  fichier.LignesHorsFichier = false;
+/// The file whose rows are on show, while another one is about to be read.
+struct OpenFile {
+  FileOnDisk fichier;
+  std::string titreFenetre;
+};
+
+/// Makes a path that is about to be read the open file; gives the one before it.
+OpenFile ChangeNomFichier(Document& document, const std::string& path) {
+  OpenFile before{document.Fichier, document.Montre().titreFenetre};
+  document.Fichier.NomFichier = path;
+  document.Fichier.EmpreinteFichier.reset();
+  document.Fichier.LignesHorsFichier = false;
+  return before;
 }
 
 void EnregistreSous(CommandContext c) {
@@ -142,8 +150,13 @@ void Enregistre(CommandContext c) {
   if (!c.io.files.Existe(path)) c.document().Fichier.FichierIncomplet = path;
 }
 
-void Charge(CommandContext c, const std::string& path, MergeMode mode) {
-  LitDeg(c, path, mode);
+/// Reads the file in place of `before`, whose rows stay, with their name, where it cannot be
+/// opened.
+void Charge(CommandContext c, const std::string& path, const OpenFile& before) {
+  if (LitDeg(c, path, MergeMode::Replace) == LoadOutcome::NotOpened) {
+    c.document().Fichier = before.fichier;
+    c.document().ChangeTitreFenetre(before.titreFenetre);
+  }
   c.document().ActiveMenus();
 }
 
@@ -182,9 +195,9 @@ void MnuOuvrir_Click(CommandContext c) {
     const std::string path =
         c.io.dialogues.OuvreFichier({.filter = std::string(openFilter), .folder = folder});
     if (path.empty()) return;
-    ChangeNomFichier(c.document().Fichier, path);
+    const OpenFile before = ChangeNomFichier(c.document(), path);
     c.io.settings.Ecrit("TALPENA", "Paths", "LastDeg", DossierDe(path));
-    Charge(c, path, MergeMode::Replace);
+    Charge(c, path, before);
     c.document().CacheLbl1();
   });
 }
@@ -207,7 +220,9 @@ void MnuEnrSous_Click(CommandContext c) {
 void MnuFusionner_Click(CommandContext c) {
   Commande(c, [&] {
     const std::string path = c.io.dialogues.OuvreFichier({.filter = std::string(openFilter)});
-    if (!path.empty()) Charge(c, path, MergeMode::Merge);
+    if (path.empty()) return;
+    LitDeg(c, path, MergeMode::Merge);
+    c.document().ActiveMenus();
   });
 }
 
@@ -235,9 +250,9 @@ void MnuLastFile_Click(CommandContext c, int index) {
     const std::string caption = CheminDeLegende(LegendeDernierFichier(index, entry));
     if (caption.empty()) return;
     const std::string path = TrouveChemin(caption).value_or(caption);
-    ChangeNomFichier(c.document().Fichier, path);
+    const OpenFile before = ChangeNomFichier(c.document(), path);
     c.document().ChangeTitreFenetre("Talpena - " + path);
-    Charge(c, path, MergeMode::Replace);
+    Charge(c, path, before);
   });
 }
 

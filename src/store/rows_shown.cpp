@@ -58,6 +58,8 @@ RowsShown RowsShown::Groupables() { return RowsShown(Kind::Groupable); }
 
 std::optional<RowOrder> RowsShown::Ordre() const {
   if (kind_ == Kind::Groupable) return std::nullopt;
+  // A condition may bring an order of its own.
+  if (condition_.find(" ORDER BY ") != std::string::npos) return std::nullopt;
   return order_;
 }
 

@@ -309,6 +309,18 @@ TEST_F(PreferTest, OkOnRowsThatAreRightLeavesTheFileUnmodified) {
   EXPECT_FALSE(state.document.FichierModifie());
 }
 
+TEST_F(PreferTest, OkTakesTheBlanksOffTheCodeOfTheSameDatum) {
+  Montre({{"NTF", "deg +50.00000 +004.00000", "50", "4"}});
+  state.document.AjusteGrille();
+  Entete(state.document)->DatumFichierCode = "NTF  ";
+  Entete(state.document)->DatumFichier = ChercheDatum(state.Catalogue, "NTF");
+  form = RempliPrefer(state, io);
+  EXPECT_TRUE(Ok());
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "NTF");
+  EXPECT_EQ(settings.values.at("TLP/DATUM/DESTCODE"), "NTF");
+  EXPECT_FALSE(state.document.FichierModifie());
+}
+
 TEST_F(PreferTest, RowsThatAFilterHidesAreComputedToo) {
   MontreLignes();
   state.document.MontreLignes(RowsShown::Filtrees("ORIGINAL LIKE 'deg +40*'"));

@@ -353,6 +353,16 @@ TEST_F(LitDegTest, KeepsTheDatumWhenAMergeFailsInTheHeader) {
 
 // ---- failures
 
+TEST_F(LitDegTest, AHeaderThatBreaksOffKeepsTheModifiedMark) {
+  world.Charge(EnTete2() + Rangee("1"));
+  test::MarqueModifie(state.document);
+  world.Charge("<TALPENA 2.0>\r\nNTF\r\n");
+  EXPECT_EQ(world.Boites().size(), 1U);
+  EXPECT_TRUE(state.document.FichierModifie());
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "NTF");
+  EXPECT_TRUE(world.Lignes().empty());
+}
+
 TEST_F(LitDegTest, SaysThatThereIsNoFile) {
   world.Charge(EnTete2() + Rangee("1"));
   test::Entete(state.document)->FreeFieldText = "kept";

@@ -214,8 +214,8 @@ TEST_F(EditionTest, ThePositionStaysWithinTheRowsThatAreLeft) {
   EXPECT_EQ(va(1), 1);
   EXPECT_EQ(va(7), 2);
   EXPECT_EQ(va(-1), 0);
-  Edition(state.document, "all").SupprimeLignes(
-      std::vector<Bookmark>{Ligne(1), Ligne(2), Ligne(3)});
+  Edition(state.document, "all")
+      .SupprimeLignes(std::vector<Bookmark>{Ligne(1), Ligne(2), Ligne(3)});
   EXPECT_EQ(va(1), -1);
 }
 
@@ -235,6 +235,29 @@ TEST_F(EditionTest, RowsThatTheEngineRefusesLeaveThoseOnShow) {
   EXPECT_THROW(state.document.MontreLignes(RowsShown::Filtrees("N1 >")), TalpenaError);
   EXPECT_EQ(state.document.LignesMontrees(), RowsShown::Filtrees("N1 > 1"));
   EXPECT_EQ(N1(), (Numbers{2, 3}));
+}
+
+TEST_F(EditionTest, RowsBoundAnewThatTheEngineRefusesLeaveThoseOnShowToo) {
+  Ouvre(3);
+  state.document.MontreLignes(RowsShown::Filtrees("N1 > 1"));
+  EXPECT_THROW(state.document.Relie(RowsShown::Filtrees("N1 >")), TalpenaError);
+  EXPECT_TRUE(state.document.FiltreActif());
+  EXPECT_EQ(state.document.Data1.RecordSource, "SELECT * FROM TALPENA WHERE N1 > 1");
+}
+
+TEST_F(EditionTest, TheCurrentRowMovesOnlyOnceTheRestStands) {
+  Ouvre(3);
+  Va(2);
+  {
+    Edition edition(state.document, "given up", Edition::Etendue::Entiere);
+    const std::array rows = {Ligne(1)};
+    edition.SupprimeLignes(rows);
+    edition.VaAPosition(0);
+    EXPECT_EQ(Ici(), 3);
+  }
+  EXPECT_EQ(Ici(), 3);
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_FALSE(told[0].Touche(Aspect::Rows)) << "those chosen in the grid stay chosen";
 }
 
 TEST_F(EditionTest, TheModifiedMarkIsToldWhenItChanges) {

@@ -44,6 +44,40 @@ TEST_F(FileCommands, CancelInTheSaveQuestionOfOpenStops) {
   EXPECT_TRUE(dialogues.fileDialogs.empty());
 }
 
+TEST_F(FileCommands, AFileThatCannotBeOpenedLeavesTheOpenOneWithItsName) {
+  OuvreA(2);
+  const std::string title = vue.titre;
+  class Locked final : public FileSystem {
+   public:
+    Locked(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
+    bool Existe(const std::string& p) override { return files_.Existe(p); }
+    std::unique_ptr<InputFile> Ouvre(const std::string& p) override {
+      if (p == path_) throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: " + p);
+      return files_.Ouvre(p);
+    }
+    std::unique_ptr<OutputFile> Cree(const std::string& p) override { return files_.Cree(p); }
+    void Supprime(const std::string& p) override { files_.Supprime(p); }
+    void Renomme(const std::string& a, const std::string& b) override { files_.Renomme(a, b); }
+    std::optional<FileStamp> Empreinte(const std::string& p) override {
+      return files_.Empreinte(p);
+    }
+
+   private:
+    FileSystem& files_;
+    std::string path_;
+  } locked(*files, folder / "b.deg");
+  PoseFichier(folder / "b.deg", 3);
+  Platform other{*engine, locked, settings, dialogues, clock, environment, sound};
+  dialogues.paths = {folder / "b.deg"};
+  MnuOuvrir_Click({state, other, vue, vue, vue});
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(NombreLignes(), 2);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
+  EXPECT_FALSE(state.document.Fichier.LecturePartielle);
+  EXPECT_EQ(vue.titre, title);
+  EXPECT_TRUE(vue.menusActifs);
+}
+
 // Merge
 
 TEST_F(FileCommands, AMergeThatEndsInTheHeaderKeepsTheName) {

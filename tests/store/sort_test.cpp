@@ -121,6 +121,10 @@ TEST(RowsShown, AreInFileOrderForTheTableAndAFilter) {
   }
 }
 
+TEST(RowsShown, HaveNoneOfTheListsOrdersWhereTheConditionBringsItsOwn) {
+  EXPECT_FALSE(RowsShown::Filtrees("N1 > 1 ORDER BY [N2]").Ordre());
+}
+
 TEST(RowsShown, HaveNoneOfTheListsOrdersForAGroupedSave) {
   EXPECT_EQ(RowsShown::Groupables().Source(),
             "SELECT * FROM TALPENA ORDER BY [PERIOD], [LATITUDE], [LONGITUDE]");

@@ -11,6 +11,7 @@ namespace talpena {
 
 /// The keys of a row; the first is the one that is told.
 inline QList<QKeySequence> Touches(std::string_view keys) {
+  if (keys.empty()) return {};
   return QKeySequence::listFromString(EnQt(keys), QKeySequence::PortableText);
 }
 

@@ -64,9 +64,8 @@ void Form1::SuitDocument(Changes changes) {
 void Form1::MontreEntete() {
   const DistributionHeader& entete = state_.document.Entete();
   const auto montre = [](QLineEdit& box, const std::string& text) {
-    const QString shown = QString::fromStdString(text);
-    if (box.text() == shown) return;
-    box.setText(shown);
+    if (box.text().toStdString() == text) return;
+    box.setText(QString::fromStdString(text));
     box.setCursorPosition(0);
   };
   montre(*BoxTitre_, entete.BoxTitre);
@@ -81,6 +80,10 @@ void Form1::AffichePanneauDatum() {
 void Form1::MontreAffichage(Changes changes) {
   const Display& display = state_.document.Montre();
   if (changes.Touche(Aspect::TitleLines)) {
+    for (QLineEdit* box : {BoxTitre_, Commentaire_}) {
+      box->setText(box->text());  // nothing of the file before comes back by an undo
+      box->setCursorPosition(0);
+    }
     for (QWidget* widget :
          std::initializer_list<QWidget*>{BoxTitre_, LabelTitre, LabelCommentaire, Commentaire_}) {
       widget->setVisible(display.titres);

@@ -18,6 +18,7 @@
 #include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 #include "shell/windows/form1.h"
+#include "store/deg_lines.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {
@@ -145,6 +146,9 @@ void Form1::ConstruitTitres() {
   BoxTitre_ = Nomme(new QLineEdit(parent), QStringLiteral("BoxTitre"));
   LabelCommentaire = Nomme(new QLabel(parent), QStringLiteral("LabelCommentaire"));
   Commentaire_ = Nomme(new QLineEdit(parent), QStringLiteral("Commentaire"));
+  for (QLineEdit* box : {BoxTitre_, Commentaire_}) {
+    box->setMaxLength(static_cast<int>(MaxHeaderLine));  // as long as a file can have them
+  }
   LabelTitre->setBuddy(BoxTitre_);
   LabelCommentaire->setBuddy(Commentaire_);
   for (QWidget* widget :

@@ -110,11 +110,17 @@ void Form1::Relie() {
 
 /// What is typed into a box is the document's at once.
 void Form1::ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text) {
-  connect(&box, &QLineEdit::textEdited, this, [this, text](const QString& typed) {
+  const auto prend = [this, text](const QString& shown, bool typed) {
+    const std::string now = shown.toStdString();
+    if (!typed && state_.document.Entete().*text == now) return;
     Edition edition(state_.document, "Title");
-    edition.Entete().*text = typed.toStdString();
+    if (!typed) edition.LaisseNonModifie();
+    edition.Entete().*text = now;
     edition.Valide();
-  });
+  };
+  connect(&box, &QLineEdit::textEdited, this, [prend](const QString& t) { prend(t, true); });
+  // What an aid for the disabled puts there is not typed, and is saved all the same.
+  connect(&box, &QLineEdit::textChanged, this, [prend](const QString& t) { prend(t, false); });
 }
 
 bool Form1::Charge(const std::string& commandLine) {

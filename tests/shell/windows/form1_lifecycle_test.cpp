@@ -8,6 +8,7 @@
 #include "fakes/document_states.h"
 #include "form1_machine.h"
 #include "shell/windows/start.h"
+#include "store/deg_reader.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {
@@ -186,6 +187,50 @@ TEST(Start, TellsASecondInstance) {
   ASSERT_EQ(dialogues.boxes.size(), 1U);
   EXPECT_EQ(dialogues.boxes[0].text, "TLP is already running!");
   EXPECT_EQ(dialogues.boxes[0].icon, Icon::Stop);
+}
+
+// ---- title and comment are the document's
+
+TEST(Form1, WhatAnAidPutsIntoTheTitleIsSavedThoughNobodyTyped) {
+  Form1Machine m;
+  ASSERT_TRUE(m.form->Charge(m.Fichier(Form1Machine::Lignes(2))));
+  m.Controle<QLineEdit>("BoxTitre")->setText(QStringLiteral("Dictated"));
+  EXPECT_EQ(m.state.document.Entete().BoxTitre, "Dictated");
+  EXPECT_FALSE(m.state.document.FichierModifie());
+}
+
+TEST(Form1, TypingIntoTheMiddleOfTheTitleLeavesTheCursorThere) {
+  Form1Machine m;
+  ASSERT_TRUE(m.form->Charge(m.Fichier(Form1Machine::Lignes(2))));
+  auto* box = m.Controle<QLineEdit>("BoxTitre");
+  box->setCursorPosition(2);
+  QTest::keyClicks(box, "ab");
+  EXPECT_EQ(box->text(), "Moables");
+  EXPECT_EQ(box->cursorPosition(), 4);
+  EXPECT_EQ(m.state.document.Entete().BoxTitre, "Moables");
+  EXPECT_TRUE(m.state.document.FichierModifie());
+}
+
+TEST(Form1, AnUndoInTheTitleBringsNothingOfTheFileBefore) {
+  Form1Machine m;
+  const std::string path = m.Fichier(Form1Machine::Lignes(2));
+  ASSERT_TRUE(m.form->Charge(path));
+  auto* box = m.Controle<QLineEdit>("BoxTitre");
+  QTest::keyClicks(box, "x");
+  QTest::keyClick(box, Qt::Key_Backspace);
+  ASSERT_EQ(box->text(), "Moles");
+  LitDeg(m.form->Contexte().Commandes(), path, MergeMode::Replace);
+  EXPECT_EQ(box->text(), "Moles");
+  EXPECT_FALSE(box->isUndoAvailable());
+}
+
+TEST(Form1, ATitleAsLongAsAFileCanHaveIsKeptWhole) {
+  Form1Machine m;
+  ASSERT_TRUE(m.form->Charge(m.Fichier(Form1Machine::Lignes(2))));
+  const std::string title(100000, 't');
+  Edition(m.state.document, "a test").Entete().BoxTitre = title;
+  EXPECT_EQ(m.Controle<QLineEdit>("BoxTitre")->text().size(), 100000);
+  EXPECT_EQ(m.state.document.Entete().BoxTitre, title);
 }
 
 }  // namespace
