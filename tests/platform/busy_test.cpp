@@ -39,8 +39,8 @@ TEST(Busy, PutsBackWhatItWasAskedForAndNothingElse) {
     Busy busy(view);
     busy.GrilleGelee().Message("wait").Barre();
   }
-  EXPECT_EQ(view.calls, (Calls{"hourglass", "frozen", "message wait", "bar", "no bar",
-                               "no message", "pointer", "thawed"}));
+  EXPECT_EQ(view.calls, (Calls{"hourglass", "frozen", "message wait", "bar", "no bar", "no message",
+                               "pointer", "thawed"}));
 }
 
 TEST(Busy, PutsEverythingBackBehindAFailure) {
