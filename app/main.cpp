@@ -3,15 +3,9 @@
 #include <memory>
 #include <span>
 #include <string>
-#include <utility>
-#include <vector>
 
-#include "platform/foreign/jet_reader.h"
-#include "platform/os/file_system.h"
-#include "platform/qt/qt_dialogues.h"
-#include "platform/qt/qt_system.h"
+#include "machine.h"
 #include "platform/qt/single_instance.h"
-#include "platform/sqlite/sqlite_engine.h"
 #include "shell/start_stop.h"
 #include "shell/windows/application.h"
 #include "shell/windows/form1.h"
@@ -43,28 +37,20 @@ int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("Talpena"));
   QGuiApplication::setDesktopFileName(QStringLiteral("talpena"));
 
-  std::vector<std::unique_ptr<ForeignFormat>> formats;
-  formats.push_back(CreeFormatJet());
-  const auto engine = CreeMoteurSqlite(std::move(formats));
-  const auto files = CreeSystemeDeFichiers();
-  QtSettingsStore settings;
-  QtDialogues dialogues;
-  QtClock clock;
-  QtEnvironment environment;
-  QtSound sound;
-  Platform io{*engine, *files, settings, dialogues, clock, environment, sound};
+  Machine machine;
+  Platform& io = machine.io;
   application.ChangePlatform(&io);
 
   SingleInstance instance;
-  if (!EstSeuleInstance([&instance] { return instance.Acquiert(); }, dialogues)) return 0;
+  if (!EstSeuleInstance([&instance] { return instance.Acquiert(); }, machine.dialogues)) return 0;
   ProcessState state;
   Start splash(state);
   splash.Montre();
 
   state.AppDir = DossierDuProgramme();
   Form1 form(state, io);
-  dialogues.SuitLangue(state.Langue);
-  dialogues.ChangeParent(&form);
+  machine.dialogues.SuitLangue(state.Langue);
+  machine.dialogues.ChangeParent(&form);
   form.ChangeSplash(&splash);
   QObject::connect(&form, &Form1::Fini, &application, [] { QCoreApplication::exit(0); });
   if (!form.Charge(commandLine)) return 0;

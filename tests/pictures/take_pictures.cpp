@@ -17,13 +17,9 @@
 #include <utility>
 #include <vector>
 
+#include "machine.h"
 #include "pictures/gallery.h"
-#include "platform/foreign/jet_reader.h"
-#include "platform/os/file_system.h"
-#include "platform/qt/qt_dialogues.h"
-#include "platform/qt/qt_system.h"
 #include "platform/qt/single_instance.h"
-#include "platform/sqlite/sqlite_engine.h"
 #include "shell/start_stop.h"
 #include "shell/windows/application.h"
 #include "shell/windows/form1.h"
@@ -122,16 +118,8 @@ std::unique_ptr<QObject> FermeBoites(const QString& folder) {
 
 /// Starts the program on a file and takes the pictures: the exit status.
 int Execute(Application& application, const QString& folder, const std::string& commandLine) {
-  std::vector<std::unique_ptr<ForeignFormat>> formats;
-  formats.push_back(CreeFormatJet());
-  const auto engine = CreeMoteurSqlite(std::move(formats));
-  const auto files = CreeSystemeDeFichiers();
-  QtSettingsStore settings;
-  QtDialogues dialogues;
-  QtClock clock;
-  QtEnvironment environment;
-  QtSound sound;
-  Platform io{*engine, *files, settings, dialogues, clock, environment, sound};
+  Machine machine;
+  Platform& io = machine.io;
   application.ChangePlatform(&io);
 
   // The working database of a program that runs is not to be deleted.
@@ -147,8 +135,8 @@ int Execute(Application& application, const QString& folder, const std::string& 
 
   state.AppDir = TALPENA_RUNTIME_DIR;
   Form1 form(state, io);
-  dialogues.SuitLangue(state.Langue);
-  dialogues.ChangeParent(&form);
+  machine.dialogues.SuitLangue(state.Langue);
+  machine.dialogues.ChangeParent(&form);
   form.ChangeSplash(&splash);
   if (!form.Charge(commandLine)) return 1;
   boxes.reset();
