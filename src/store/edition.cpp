@@ -90,10 +90,19 @@ void Edition::Annule() {
 void Edition::Termine() {
   ended_ = true;
   cursor_.reset();
-  if (goTo_) goTo_(document_.Data1.recordset());
-  if (modified_ && marks_ && !std::exchange(document_.modified_, true))
+  if (modified_ && marks_ && !std::exchange(document_.modified_, true)) {
     changes_ |= Aspect::Modified;
-  if (!changes_.Aucun()) document_.Signale(changes_);
+  }
+  const auto dit = [this] {
+    if (!changes_.Aucun()) document_.Signale(changes_);
+  };
+  try {
+    if (goTo_) goTo_(document_.Data1.recordset());
+  } catch (...) {  // what was changed is told all the same
+    dit();
+    throw;
+  }
+  dit();
 }
 
 Bookmark Edition::AjouteLigne(const Remplissage& remplit) {
