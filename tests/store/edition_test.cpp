@@ -31,9 +31,9 @@ class EditionTest : public GridCommands {
 };
 
 Changes Ensemble(std::initializer_list<Aspect> aspects) {
-  Changes changes;
-  for (const Aspect aspect : aspects) changes |= aspect;
-  return changes;
+  Changes together;
+  for (const Aspect aspect : aspects) together |= aspect;
+  return together;
 }
 
 TEST_F(EditionTest, TellsOnceOfAllThatItChanged) {
