@@ -17,7 +17,7 @@ class EditionTest : public GridCommands {
   void Ouvre(int rows = 5) {
     GridCommands::Ouvre(rows);
     state.document.OublieModifications();
-    all = state.document.Observe([this](Changes changes) { told.push_back(changes); });
+    all = state.document.Observe([this](Changes some) { told.push_back(some); });
   }
   Bookmark Ligne(std::int64_t n1) {
     const auto rows = state.document.Data1.Clone();

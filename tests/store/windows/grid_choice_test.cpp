@@ -3,6 +3,7 @@
 
 #include <QElapsedTimer>
 
+#include "store/edition.h"
 #include "store/row_commands.h"
 #include "store/sort.h"
 #include "store/windows/grid_machine.h"

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "store/edition.h"
 #include "store/windows/grid_machine.h"
 
 namespace talpena {
