@@ -12,7 +12,7 @@ namespace talpena {
 /// How a format is asked for. Regard is paid neither to letter case nor to what stands behind the
 /// first semicolon.
 namespace Connect {
-inline constexpr std::string_view Access = "";
+inline constexpr std::string_view Access;                     ///< ""
 inline constexpr std::string_view DBase4 = "dBase IV;";       ///< a folder of tables
 inline constexpr std::string_view FoxPro25 = "FoxPro 2.5;";   ///< a folder
 inline constexpr std::string_view Paradox3 = "Paradox 3.X;";  ///< a folder
