@@ -296,6 +296,17 @@ inline constexpr int TexteTropLong = 915;  // "This column takes at most %1 char
 inline constexpr int TexteVide = 916;      // "This column cannot be empty text."
 inline constexpr int FormeDate = 929;      // "The date is written year/month/day, for example ..."
 
+// Rows that a command over coordinates leaves as they are.
+inline constexpr int LignesSansPlace = 440;  // "Rows whose coordinates name no place: %1. ..."
+inline constexpr int LigneFautive = 441;     // "Row %1: %2 (%3)"
+inline constexpr int LigneNonMontree = 442;  // "Row not shown: %2 (%3)"
+inline constexpr int FauteLatitude = 443;    // "the latitude %1° lies beyond 90°"
+inline constexpr int FauteLongitude = 444;   // "the longitude %1° lies beyond 180°"
+inline constexpr int FauteMinutes = 445;     // "minutes or seconds of 60 and more"
+inline constexpr int FauteCarre = 446;       // "no square has these letters and digits"
+inline constexpr int FauteNombres = 447;    // "these numbers lie outside of what the system covers"
+inline constexpr int FauteSansPlace = 448;  // "there is no such place on the datum or grid ..."
+
 // Buttons of message boxes.
 inline constexpr int BoutonOui = 917;  // "Yes"
 inline constexpr int BoutonNon = 918;  // "No"
