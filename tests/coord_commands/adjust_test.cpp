@@ -13,7 +13,7 @@ using test::Lines;
 
 std::string faulty(const std::string& count) {
   return "Rows whose coordinates name no place: " + count +
-         ". They keep their point and are now chosen in the table, so that they can be put right."
+         ". They keep their point and are now selected in the table, so that they can be put right."
          "\n";
 }
 
