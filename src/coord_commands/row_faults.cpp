@@ -8,6 +8,7 @@
 #include <tuple>
 #include <unordered_map>
 
+#include "common/grouped_number.h"
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
@@ -80,13 +81,24 @@ std::string Raison(std::int16_t langue, const FauteDeLigne& fault) {
   return Remplace(text, "%1", StrSimple(static_cast<float>(fault.degres)));
 }
 
+/// The first of them becomes the current row, so that the grid shows it, and all are chosen.
+void MontreDansLaGrille(CommandContext c, const Placee& first, const std::vector<Bookmark>& all) {
+  DataControl& data = c.document().Data1;
+  if (first.position >= 0) {
+    data.recordset().SetBookmark(first.row);
+    data.SignalePosition();
+  }
+  c.vue.ChoisitLignes(all);
+}
+
 /// "Row 2: deg 5041.234 3.9 (the latitude 5041.234° lies beyond 90°)".
 std::string LigneDeFaute(std::int16_t langue, const Placee& placed, const std::string& original) {
   std::string line =
       Texte(langue, placed.position < 0 ? MsgId::LigneNonMontree : MsgId::LigneFautive);
   line = Remplace(line, "%1", Str(placed.position + 1));
   line = Remplace(line, "%3", Raison(langue, placed.fault));
-  return Remplace(line, "%2", original.empty() ? "-" : original);
+  const std::string_view shown = Rogne(original);
+  return Remplace(line, "%2", shown.empty() ? "-" : shown);
 }
 
 }  // namespace
@@ -123,10 +135,11 @@ void LignesFautives::Dit(CommandContext c) const {
   const auto originals = Originaux(c.document(), first);
   std::vector<Bookmark> all;
   for (const auto& [row, fault] : rows_) all.push_back(row);
-  c.vue.ChoisitLignes(all);
+  MontreDansLaGrille(c, first.front(), all);
 
   const auto count = static_cast<std::int64_t>(rows_.size());
-  std::string text = Remplace(Texte(langue, MsgId::LignesSansPlace), "%1", Str(count)) + "\n";
+  std::string text =
+      Remplace(Texte(langue, MsgId::LignesSansPlace), "%1", NombreGroupe(langue, count)) + "\n";
   for (const Placee& placed : first) {
     text += "\n" + LigneDeFaute(langue, placed, originals.at(placed.row));
   }

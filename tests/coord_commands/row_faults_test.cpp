@@ -45,6 +45,7 @@ TEST(LignesFautives, SayWhatIsWrong) {
        "these numbers lie outside of what the system covers"},
       {"Lambert", "BEL72", "lmb 1E300 1E300",
        "these numbers lie outside of what the system covers"},
+      {"blanks around it", "WGS84", " deg 95 4  ", "the latitude 95° lies beyond 90°"},
       {"digits", "OGB-M", "bng SU 9E999", "no square has these letters and digits"},
   };
   for (const auto& c : cases) {
@@ -56,7 +57,8 @@ TEST(LignesFautives, SayWhatIsWrong) {
       EXPECT_EQ(w.Points(), (Lines{"50 32.1"}));
       continue;
     }
-    EXPECT_EQ(Dites(w), (Lines{"Row 1: " + std::string(c.original) + " (" + c.reason + ")"}));
+    EXPECT_EQ(Dites(w),
+              (Lines{"Row 1: " + std::string(Rogne(c.original)) + " (" + c.reason + ")"}));
     EXPECT_EQ(w.Points(), (Lines{"1 2"}));
   }
 }
@@ -99,6 +101,7 @@ TEST(LignesFautives, TellTheFirstTenInTheOrderOfTheGrid) {
   EXPECT_EQ(lines[9], "Row 10: deg 106 4 (the latitude 106° lies beyond 90°)");
   EXPECT_EQ(lines[10], "...");
   EXPECT_EQ(w.vue.selection.size(), 14U);
+  EXPECT_EQ(w.state.document.Data1.recordset().GetBookmark(), 15) << "the first of them is in view";
   EXPECT_EQ(w.Points()[3], "50 4");
 }
 
