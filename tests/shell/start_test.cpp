@@ -119,7 +119,7 @@ TEST(ChargeForm1, AnErrorEndsTheLoadInSilenceWhereItStands) {
 
 TEST(ChargeForm1, AnErrorKeepsWhatWasDoneBefore) {
   StartMachine m;
-  m.engine.failures = {ErrorNumber::PathFileAccess};
+  m.engine.failures = {ErrorNumber::PathFileAccess, ErrorNumber::PathFileAccess};
   m.Charge();
   EXPECT_EQ(m.state.WorkingDbPath, "/tmp/talpena_tmp.mdb");
   EXPECT_EQ(m.state.document.WorkingDb, nullptr);
