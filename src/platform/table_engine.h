@@ -227,8 +227,8 @@ class RowSource {
 using ImportProgress = std::function<void(std::int64_t done, std::int64_t total)>;
 
 /// Called at least every 50 ms while a file of another maker's is read, so that windows are painted
-/// and the user can end it. What it throws ends the reading.
-using ForeignWait = std::function<void()>;
+/// and the user can end it: false does so, with the failure Cancelled.
+using ForeignWait = std::function<bool()>;
 
 class Database {
  public:

@@ -163,6 +163,10 @@ std::string LigneDeCommande(std::span<const char* const> arguments) {
 
 std::optional<TalpenaError> ChargeForm1(ShellContext c, const std::string& commandLine) {
   Load load{c, commandLine};
+  c.io.engine.SuitAttente([&attente = c.attente] {
+    attente.TraiteMessages();
+    return true;
+  });
   try {
     for (const Step step : steps) Execute(step, load);
   } catch (const CatalogueRefused&) {

@@ -150,6 +150,15 @@ TEST(ChargeForm1, Error3028WithNothingToDeleteEndsTheLoad) {
   EXPECT_TRUE(m.dialogues.boxes.empty());
 }
 
+TEST(ChargeForm1, TheWindowIsPaintedWhileAnotherMakersFileIsRead) {
+  StartMachine m;
+  m.Charge();
+  m.journal.clear();
+  ASSERT_TRUE(m.engine.attente);
+  EXPECT_TRUE(m.engine.attente());
+  EXPECT_EQ(m.journal, Journal{"TraiteMessages"});
+}
+
 TEST(ChargeForm1, EndsTheProcessWithoutADatumCatalogue) {
   StartMachine m;
   m.files.FakeFiles::Supprime("/opt/talpena/DATUM.MDB");

@@ -172,7 +172,7 @@ bool ProcessusIsole::Lit(char* buffer, std::size_t count) {
 void ProcessusIsole::Respire() {
   const Heure now = Clock::now();
   if (!attente_ || now - respire_ < pas) return;
-  attente_();
+  if (!attente_()) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
   respire_ = Clock::now();
 }
 

@@ -57,9 +57,9 @@ struct LimitesProcessus {
 class ProcessusIsole {
  public:
   using Travail = std::function<void(Tuyau&)>;
-  /// Called at least every 50 ms while Lit waits, and now and then while bytes come.
-  /// What it throws leaves Lit.
-  using Attente = std::function<void()>;
+  /// Called at least every 50 ms while Lit waits, and as often while bytes come. False leaves Lit
+  /// with the failure Cancelled.
+  using Attente = std::function<bool()>;
 
   /// Raises DeviceFault (57) when the system has no process left.
   ProcessusIsole(const Travail& travail, const LimitesProcessus& limites, Attente attente = {});
