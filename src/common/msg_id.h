@@ -275,6 +275,11 @@ inline constexpr int GeoOuvrir = 797;          // "&Open"
 inline constexpr int DatumMdbAbsent = 800;  // "The file DATUM.MDB cannot be found!"
 inline constexpr int OuEstDatumMdb = 801;   // "Where is DATUM.MDB?"
 
+// Working folder.
+inline constexpr int DossierRefuse = 820;    // "The working folder cannot be used ..."
+inline constexpr int DossierRemplace = 821;  // "The rows of this run are kept in %2, because ..."
+inline constexpr int SansDossier = 822;      // "Talpena cannot start: no folder takes ..."
+
 // Saving, opening, status.
 inline constexpr int FichierChange = 901;    // "The file has been changed by another program ..."
 inline constexpr int CaractereAbsent = 902;  // "Row %1: the character %2 is not in code page 1252."

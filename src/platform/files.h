@@ -54,6 +54,9 @@ class FileSystem {
     return Cree(path);
   }
   virtual void Supprime(const std::string& path) = 0;
+  /// True when nothing is there, or an ordinary file of this user's own that no program holds
+  /// locked: what may be deleted without asking whose it is. A link, a pipe and a folder never are.
+  virtual bool EstLibre(const std::string& path) { return !Empreinte(path) || Existe(path); }
   /// Refuses (58) when the target exists. On a symbolic link the contents move; the link stays
   /// and names a file that Cree will make anew.
   virtual void Renomme(const std::string& from, const std::string& to) = 0;

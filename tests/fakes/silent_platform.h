@@ -53,6 +53,7 @@ class NoEnvironment : public Environment {
  public:
   std::string Variable(std::string_view) override { return {}; }
   std::string DossierTemporaire() override { return {}; }
+  std::string DossierPrive() override { return {}; }
   std::string LecteurCD() override { return "D:\\"; }
   bool ChangeDossier(const std::string&) override { return true; }
 };

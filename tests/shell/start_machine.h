@@ -83,6 +83,9 @@ class JournalEngine : public TableEngine {
  public:
   explicit JournalEngine(Journal& journal) : journal_(journal) {}
   std::deque<int> failures;  ///< error numbers that the next calls of CreateDatabase raise
+  ForeignWait attente;
+
+  void SuitAttente(const ForeignWait& wait) override { attente = wait; }
 
   std::unique_ptr<Database> CreateDatabase(const std::string& path,
                                            const NewDatabase& settings) override {

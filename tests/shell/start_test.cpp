@@ -119,7 +119,7 @@ TEST(ChargeForm1, AnErrorEndsTheLoadInSilenceWhereItStands) {
 
 TEST(ChargeForm1, AnErrorKeepsWhatWasDoneBefore) {
   StartMachine m;
-  m.engine.failures = {ErrorNumber::PathFileAccess};
+  m.engine.failures = {ErrorNumber::PathFileAccess, ErrorNumber::PathFileAccess};
   m.Charge();
   EXPECT_EQ(m.state.WorkingDbPath, "/tmp/talpena_tmp.mdb");
   EXPECT_EQ(m.state.document.WorkingDb, nullptr);
@@ -148,6 +148,15 @@ TEST(ChargeForm1, Error3028WithNothingToDeleteEndsTheLoad) {
   m.Charge();
   EXPECT_FALSE(m.AFait("MontreFenetre"));
   EXPECT_TRUE(m.dialogues.boxes.empty());
+}
+
+TEST(ChargeForm1, TheWindowIsPaintedWhileAnotherMakersFileIsRead) {
+  StartMachine m;
+  m.Charge();
+  m.journal.clear();
+  ASSERT_TRUE(m.engine.attente);
+  EXPECT_TRUE(m.engine.attente());
+  EXPECT_EQ(m.journal, Journal{"TraiteMessages"});
 }
 
 TEST(ChargeForm1, EndsTheProcessWithoutADatumCatalogue) {

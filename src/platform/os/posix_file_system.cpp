@@ -12,6 +12,7 @@
 #include "platform/os/file_system.h"
 #include "platform/os/posix_error.h"
 #include "platform/os/posix_output.h"
+#include "platform/os/posix_owner.h"
 #include "platform/os/posix_paths.h"
 
 namespace talpena {
@@ -116,6 +117,11 @@ class PosixFileSystem final : public FileSystem {
     }
     if (unlink(path.c_str()) != 0) LanceErreurFichier(errno, path);
     SynchroniseDossier(path);
+  }
+
+  bool EstLibre(const std::string& path) override {
+    VerifieChemin(path);
+    return EstLibrePosix(path);
   }
 
   void Renomme(const std::string& from, const std::string& to) override {

@@ -32,6 +32,8 @@ std::string QtEnvironment::DossierTemporaire() {
   return DossierPrive();
 }
 
+std::string QtEnvironment::DossierPrive() { return talpena::DossierPrive(); }
+
 std::string QtEnvironment::LecteurCD() {
 #ifdef Q_OS_WIN
   char roots[512] = {};

@@ -15,6 +15,7 @@ class QtEnvironment : public Environment {
  public:
   std::string Variable(std::string_view name) override;
   std::string DossierTemporaire() override;
+  std::string DossierPrive() override;
   std::string LecteurCD() override;
   bool ChangeDossier(const std::string& folder) override;
 };
