@@ -7,8 +7,8 @@
 #include "common/string_table.h"
 #include "coords/datum.h"
 #include "platform/commands.h"
-#include "store/deg_reader.h"
 #include "store/file_commands.h"
+#include "store/open_file.h"
 #include "store/table.h"
 
 namespace talpena {
@@ -49,10 +49,7 @@ void AppliqueLangue(ShellContext c) {
 
 void OuvreFichierNomme(Load& l) {
   if (l.commandLine.empty()) return;
-  l.c.document().Fichier.NomFichier = l.commandLine;
-  const LoadOutcome outcome = LitDeg(l.c.Commandes(), l.commandLine, MergeMode::Replace);
-  if (outcome == LoadOutcome::NotOpened) l.c.document().Fichier.LecturePartielle = true;
-  l.c.document().ActiveMenus();
+  OuvreDeg(l.c.Commandes(), l.commandLine);
 }
 
 /// One statement of the load: what the handler executes again after failure 3028.

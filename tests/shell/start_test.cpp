@@ -164,7 +164,8 @@ TEST(ChargeForm1, EndsTheProcessWithoutADatumCatalogue) {
 TEST(ChargeForm1, AMissingFileOfTheCommandLineLeavesTheMenusEnabled) {
   StartMachine m;
   m.Charge("/data/missing.deg");
-  EXPECT_EQ(m.state.document.Fichier.NomFichier, "/data/missing.deg");
+  EXPECT_EQ(m.state.document.Fichier.NomFichier, "");
+  EXPECT_EQ(m.state.document.Montre().titreFenetre, "Talpena");
   ASSERT_EQ(m.dialogues.boxes.size(), 1U);
   EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
   EXPECT_EQ(m.dialogues.boxes[0].icon, Icon::Stop);
@@ -196,7 +197,7 @@ TEST(LigneDeCommande, QuotesReachTheReaderAsTheyStand) {
   StartMachine m;
   m.files.Pose("/data/my moles.deg", "there");
   m.Charge(LigneDeCommande(quoted));
-  EXPECT_EQ(m.state.document.Fichier.NomFichier, "\"/data/my moles.deg\"");
+  EXPECT_EQ(m.state.document.Fichier.NomFichier, "");
   ASSERT_EQ(m.dialogues.boxes.size(), 1U);
   EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
 }

@@ -34,6 +34,7 @@ void Form1::AfficheFiltre() {
     text = AvecNombres(state_.Langue, Texte(state_.Langue, MsgId::FiltreRetire),
                        CompteLignes(state_.document));
   }
+  if (const std::string& avis = state_.document.Montre().avis; !avis.empty()) text = avis;
   panels_[1]->setText(QString::fromStdString(text));
   panels_[1]->setToolTip(
       filtered_ ? QString::fromStdString(Texte(state_.Langue, MsgId::FiltreEtSauvegarde))
