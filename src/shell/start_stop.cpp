@@ -47,6 +47,14 @@ void AppliqueLangue(ShellContext c) {
   c.state.FichierAide = CheminAide(c.state);
 }
 
+/// What a killed save left beside the files that were worked on last.
+void SupprimeRestes(Load& l) {
+  const std::string folder = l.c.io.settings.Lit("TALPENA", "Paths", "LastDeg", {});
+  for (const std::string& path : {folder, l.c.state.LastFiles[0]}) {
+    if (!path.empty()) l.c.io.files.SupprimeRestes(path);
+  }
+}
+
 void OuvreFichierNomme(Load& l) {
   if (l.commandLine.empty()) return;
   OuvreDeg(l.c.Commandes(), l.commandLine);
@@ -56,7 +64,7 @@ void OuvreFichierNomme(Load& l) {
 using Step = void (*)(Load&);
 
 // clang-format off
-constexpr std::array<Step, 23> steps = {
+constexpr std::array<Step, 24> steps = {
     [](Load& l) { l.c.attente.ChangeSablier(true); },
     [](Load& l) { l.c.shell.DesactiveMenus(); },
     [](Load& l) { l.c.state.DossierCartes = l.c.state.AppDir; },
@@ -77,6 +85,7 @@ constexpr std::array<Step, 23> steps = {
     [](Load& l) { l.c.document().ChangeOrdre({}); },
     [](Load& l) { l.c.shell.ColoreFenetres(); },
     [](Load& l) { l.c.shell.FermeSplash(); },
+    SupprimeRestes,
     OuvreFichierNomme,
     [](Load& l) { l.c.attente.ChangeSablier(false); },
     [](Load& l) { l.c.attente.TraiteMessages(); },

@@ -7,6 +7,7 @@ import subprocess
 import sys
 
 import editor
+import kills
 import maps
 import start_stop
 import table
@@ -14,7 +15,7 @@ from driver import Scenario, wait_for, xdotool
 
 SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
-SCENARIOS = start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
+SCENARIOS = start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS + kills.SCENARIOS
 
 
 def inside(binary, name):

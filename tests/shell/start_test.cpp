@@ -172,6 +172,14 @@ TEST(ChargeForm1, AMissingFileOfTheCommandLineLeavesTheMenusEnabled) {
   EXPECT_TRUE(m.vue.menusActifs);
 }
 
+TEST(ChargeForm1, ClearsLeftOversAwayWhereFilesWereOpenLast) {
+  StartMachine m;
+  m.settings.values[FakeSettings::Cle("TALPENA", "Paths", "LastDeg")] = "/data/moles/";
+  m.settings.values[FakeSettings::Cle("TALPENA", "Files", "LastFile1")] = "/data/b.deg";
+  m.Charge({});
+  EXPECT_EQ(m.files.nettoyes, (std::vector<std::string>{"/data/moles/", "/data/b.deg"}));
+}
+
 TEST(ChargeForm1, TheSplashIsGoneBeforeTheFileIsRead) {
   StartMachine m;
   m.Charge("/data/missing.deg");

@@ -1,4 +1,6 @@
 // Open, and Merge, which opens a second file.
+#include <sys/stat.h>
+
 #include <filesystem>
 
 #include "platform/os/left_overs.h"
@@ -159,6 +161,21 @@ TEST_F(GoneFile, IsOpenedFromWhatAKilledProgramWroteOfIt) {
   EXPECT_EQ(dialogues.boxes.size(), 1U);
   MnuEnregistrer_Click(context);
   EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.deg", "b.deg"}));
+}
+
+TEST_F(GoneFile, APipeInItsPlaceIsAnErrorAndNoWait) {
+  std::filesystem::remove(path);
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  Ouvre();
+  EXPECT_EQ(Boites(), std::vector<std::string>{"Path/File access error: " + path +
+                                               ", it is not an ordinary file"});
+  EXPECT_EQ(NombreLignes(), 2);
+  Modifie();
+  state.document.Fichier.EmpreinteFichier.reset();
+  dialogues.answers = {Answer::No};
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(dialogues.boxes.size(), 2U);
+  EXPECT_TRUE(std::filesystem::is_fifo(path));
 }
 
 TEST_F(GoneFile, LeavesNoTraceWhereItStandsAgain) {
