@@ -312,7 +312,7 @@ inline constexpr int AncienFichierGarde = 863;  // "The former file is now %1"
 inline constexpr int BakReste = 864;      // "Beside it stands its state before the last save ..."
 inline constexpr int NouveauReste = 865;  // "Beside it stands what was last saved of it, ..."
 inline constexpr int EcritReste = 866;    // "Beside it stands what could be written of it ..."
-inline constexpr int RetireRecent = 867;  // "%1 Remove it from the list of recent files?"
+inline constexpr int RetireRecent = 867;  // "Remove it from the list of recent files?"
 
 // Accessible names, tool tips.
 inline constexpr int TableDonnees = 921;   // "Table of records"

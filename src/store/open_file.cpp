@@ -4,7 +4,6 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
-#include "common/text.h"
 #include "platform/commands.h"
 #include "store/deg_reader.h"
 #include "store/edition.h"
@@ -58,7 +57,7 @@ std::optional<Remains> ChercheRestes(CommandContext c, const std::string& path) 
 
 bool DemandeSiAbsent(CommandContext c, int question, const std::string& named) {
   Bip(c.state, c.io);
-  const std::string text = Remplace(Texte(c.state.Langue, question), "%1", named);
+  const std::string text = Texte(c.state.Langue, question) + "\n" + named;
   return c.io.dialogues.Demande({.text = "File not found\n\n" + text,
                                  .icon = Icon::Stop,
                                  .buttons = Buttons::YesNo}) == Answer::Yes;

@@ -114,9 +114,10 @@ TEST_F(GoneFile, IsOpenedFromItsBackup) {
   Perd();
   dialogues.answers = {Answer::Yes};
   Ouvre();
-  EXPECT_EQ(Boites(), std::vector<std::string>{
-                          "File not found\n\nBeside it stands its state before the last save: " +
-                          bak + "\nOpen that?"});
+  EXPECT_EQ(
+      Boites(),
+      std::vector<std::string>{
+          "File not found\n\nBeside it stands its state before the last save. Open that?\n" + bak});
   EXPECT_EQ(NombreLignes(), 2);
   EXPECT_EQ(state.document.Fichier.NomFichier, path);
   EXPECT_EQ(vue.titre, "Talpena - " + path);
@@ -143,8 +144,8 @@ TEST_F(GoneFile, IsOpenedFromAWholeTextRatherThanFromTheBackup) {
   Ouvre();
   EXPECT_EQ(NombreLignes(), 3);
   EXPECT_EQ(dialogues.boxes[0].text,
-            "File not found\n\nBeside it stands what was last saved of it, complete: " + reste +
-                "\nOpen that?");
+            "File not found\n\nBeside it stands what was last saved of it, complete. Open that?\n" +
+                reste);
   MnuEnregistrer_Click(context);
   EXPECT_EQ(Lignes(LitFichier(path)).size(), 11U);
   EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));

@@ -40,8 +40,8 @@ TEST_F(FileCommands, ARecentFileThatIsGoneLeavesTheOpenOneWithItsName) {
   EXPECT_EQ(vue.titre, title);
   EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_EQ(NombreLignes(), 3);
-  EXPECT_EQ(Boites().back(), "File not found\n\n" + folder / "gone.deg" +
-                                 "\nRemove it from the list of recent files?");
+  EXPECT_EQ(Boites().back(),
+            "File not found\n\nRemove it from the list of recent files?\n" + folder / "gone.deg");
   EXPECT_EQ(dialogues.boxes.back().icon, Icon::Stop);
   EXPECT_EQ(state.LastFiles[1], folder / "gone.deg");
   // The save question of the next command writes them where they came from.
