@@ -320,6 +320,16 @@ inline constexpr int BoutonOk = 919;   // "OK"
 inline constexpr int FichierPartiel = 930;      // "Only part of this file could be read. ..."
 inline constexpr int AncienFichierReste = 920;  // "The former file stands unchanged."
 
+// Files that are changed, protected or gone.
+inline constexpr int FichierGarde = 860;        // "A copy of the file as it is now will stay ..."
+inline constexpr int FichierProtege = 861;      // "The file is write-protected. Replace it ..."
+inline constexpr int AutoSaveAttend = 862;      // "The automatic save waits: Save has a ..."
+inline constexpr int AncienFichierGarde = 863;  // "The former file is now %1"
+inline constexpr int BakReste = 864;      // "Beside it stands its state before the last save ..."
+inline constexpr int NouveauReste = 865;  // "Beside it stands what was last saved of it, ..."
+inline constexpr int EcritReste = 866;    // "Beside it stands what could be written of it ..."
+inline constexpr int RetireRecent = 867;  // "Remove it from the list of recent files?"
+
 // Accessible names, tool tips.
 inline constexpr int TableDonnees = 921;   // "Table of records"
 inline constexpr int OrdreTri = 922;       // "Sort order"

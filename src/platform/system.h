@@ -11,11 +11,18 @@ struct CalendarDate {
   int day = 0;
 };
 
+struct DayTime {
+  int hour = 0;
+  int minute = 0;
+  int second = 0;
+};
+
 class Clock {
  public:
   virtual ~Clock() = default;
   virtual int AnneeCourante() = 0;          ///< current year of the local calendar
   virtual CalendarDate DateCourante() = 0;  ///< today in it
+  virtual DayTime HeureCourante() = 0;      ///< local time
 };
 
 class Environment {

@@ -190,7 +190,9 @@ class FakeClock : public Clock {
  public:
   int annee = 2011, mois = 7, jour = 4;
   int AnneeCourante() override { return annee; }
+  DayTime heure{8, 30, 0};
   CalendarDate DateCourante() override { return {annee, mois, jour}; }
+  DayTime HeureCourante() override { return heure; }
 };
 
 class FakeEnvironment : public Environment {

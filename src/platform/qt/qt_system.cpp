@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QDate>
 #include <QDir>
+#include <QTime>
 
 #include "common/paths.h"
 #include "platform/qt/private_folder.h"
@@ -19,6 +20,11 @@ int QtClock::AnneeCourante() { return QDate::currentDate().year(); }
 CalendarDate QtClock::DateCourante() {
   const QDate today = QDate::currentDate();
   return {today.year(), today.month(), today.day()};
+}
+
+DayTime QtClock::HeureCourante() {
+  const QTime now = QTime::currentTime();
+  return {now.hour(), now.minute(), now.second()};
 }
 
 std::string QtEnvironment::Variable(std::string_view name) {

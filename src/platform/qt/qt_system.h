@@ -9,6 +9,7 @@ class QtClock : public Clock {
  public:
   int AnneeCourante() override;
   CalendarDate DateCourante() override;
+  DayTime HeureCourante() override;
 };
 
 class QtEnvironment : public Environment {

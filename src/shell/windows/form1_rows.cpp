@@ -35,7 +35,10 @@ void Form1::AfficheFiltre() {
                        CompteLignes(state_.document));
   }
   std::string tip = filtered_ ? Texte(state_.Langue, MsgId::FiltreEtSauvegarde) : std::string();
-  if (text.empty()) {
+  if (const std::string& avis = state_.document.Montre().avis; !avis.empty()) {
+    text = avis;
+    tip.clear();
+  } else if (text.empty()) {
     text = TexteDossierRefuse(state_);
     tip = DetailDossierRefuse(state_);
   }
