@@ -1,5 +1,4 @@
 // The controls of the record editor and what they are tied to.
-#include <QComboBox>
 #include <QFontDatabase>
 #include <QFrame>
 #include <QGridLayout>
@@ -18,6 +17,7 @@
 #include "store/windows/edit_form.h"
 #include "store/windows/free_fields_grid.h"
 #include "store/windows/hint_label.h"
+#include "store/windows/typed_list.h"
 
 using namespace Qt::StringLiterals;
 
@@ -121,12 +121,10 @@ void EditForm::ConstruitChamps(QWidget* parent) {
 void EditForm::ConstruitCoordonnees(QWidget* parent) {
   LabelOriginales = Etiquette(parent, "LabelOriginales");
   LabelSysteme = Etiquette(parent, "LabelSysteme");
-  cmbSystem = new QComboBox(parent);
+  cmbSystem = new TypedList(parent);
   cmbSystem->setObjectName("cmbSystem");
   cmbSystem->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   cmbSystem->setMaxVisibleItems(16);
-  cmbSystem->setFocusPolicy(Qt::StrongFocus);
-  cmbSystem->installEventFilter(this);
   lblSysteme = Etiquette(parent, "lblSysteme");
   for (std::size_t i = 0; i < EditBox.size(); ++i) {
     LabelBox[i] = new QLabel(parent);
@@ -241,7 +239,7 @@ void EditForm::Relie() {
   connect(Grid, &FreeFieldsGrid::Abandonne, this, &EditForm::Grid_Abandonne);
   connect(Grid, &FreeFieldsGrid::Quitte, this, &EditForm::Avance);
   connect(ChampLibre, &QPlainTextEdit::textChanged, this, &EditForm::Marque);
-  connect(cmbSystem, &QComboBox::activated, this, &EditForm::cmbSystem_Click);
+  connect(cmbSystem, &TypedList::activated, this, &EditForm::cmbSystem_Click);
 }
 
 /// A button, and a key that does the same.

@@ -1,5 +1,4 @@
 // Where the controls of the record editor stand, and where it stands itself.
-#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -16,6 +15,7 @@
 #include "store/windows/edit_form.h"
 #include "store/windows/free_fields_grid.h"
 #include "store/windows/hint_label.h"
+#include "store/windows/typed_list.h"
 
 namespace talpena {
 namespace {

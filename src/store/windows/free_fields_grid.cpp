@@ -169,9 +169,16 @@ void FreeFieldsGrid::PlaceEditeur() {
   if (EnEdition()) txtEdit->setGeometry(visualRect(Fgi(edited_)).adjusted(0, 0, -1, -1));
 }
 
-void FreeFieldsGrid::Deplace(int rows) {
+/// False when there is no such row.
+bool FreeFieldsGrid::Deplace(int rows) {
   const int row = currentIndex().row() + rows;
-  if (row >= 0 && row < model_->rowCount()) setCurrentIndex(Fgi(row));
+  if (row < 0 || row >= model_->rowCount()) return false;
+  setCurrentIndex(Fgi(row));
+  return true;
+}
+
+bool FreeFieldsGrid::focusNextPrevChild(bool next) {
+  return Deplace(next ? 1 : -1) || QTableView::focusNextPrevChild(next);
 }
 
 /// True when the arrow still has text to go over.
@@ -211,10 +218,12 @@ bool FreeFieldsGrid::EditKeyCode(const QKeyEvent& key) {
     case Qt::Key_Right:
       return !TraverseTexte(key) && store(key.key() == Qt::Key_Left ? -1 : 1);
     case Qt::Key_Tab:
-    case Qt::Key_Backtab:
+    case Qt::Key_Backtab: {
+      const bool forward = key.key() == Qt::Key_Tab;
       Valide();
-      Q_EMIT Quitte(key.key() == Qt::Key_Tab);
+      if (!Deplace(forward ? 1 : -1)) Q_EMIT Quitte(forward);
       return true;
+    }
     default:
       return false;
   }

@@ -1,6 +1,7 @@
 #include "store/windows/hint_label.h"
 
 #include <QAccessible>
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
@@ -20,10 +21,16 @@ HintLabel::HintLabel(QWidget* parent) : QLabel(parent) {
   setContentsMargins(IconSize() + gap, 0, 0, 0);
 }
 
+void HintLabel::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange) setContentsMargins(IconSize() + gap, 0, 0, 0);
+}
+
 void HintLabel::Montre(const QString& hint) {
   if (hint == text()) return;
   setText(hint);
   setToolTip(hint);
+  update();  // the sign too, which stands beside the room of the text
   if (hint.isEmpty()) return;
   QAccessibleEvent announced(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&announced);

@@ -20,6 +20,7 @@ class HintLabel : public QLabel {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   int IconSize() const { return fontMetrics().height(); }
