@@ -40,6 +40,7 @@ class frmDatum : public QDialog {
  private:
   void ConstruitListe();
   void RempliListe();
+  void AligneDecalages();
   void ElargitColonnes();
   void Dispose();
   void Relie();

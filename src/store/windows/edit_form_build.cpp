@@ -6,12 +6,11 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 
 #include "platform/qt/controls.h"
+#include "platform/qt/scrolled.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
@@ -23,23 +22,6 @@ using namespace Qt::StringLiterals;
 
 namespace talpena {
 namespace {
-
-/// Fields that scroll when the screen has no room for them; as large as they like otherwise.
-class Defilement final : public QScrollArea {
- public:
-  explicit Defilement(QWidget* parent) : QScrollArea(parent) {
-    setFrameShape(NoFrame);
-    setWidgetResizable(true);
-    setFocusPolicy(Qt::NoFocus);
-  }
-  QSize sizeHint() const override { return widget()->sizeHint(); }
-  QSize minimumSizeHint() const override {
-    const QSize content = widget()->minimumSizeHint();
-    const int bar = verticalScrollBar()->sizeHint().width();
-    return {std::min(content.width() + bar, fontMetrics().averageCharWidth() * 100),
-            std::min(content.height(), fontMetrics().lineSpacing() * 12)};
-  }
-};
 
 /// A remark has a few lines.
 class Remarque final : public QPlainTextEdit {
@@ -74,7 +56,7 @@ QLineEdit* EditForm::Ligne(QWidget* parent, const char* name, int characters) {
 }
 
 void EditForm::Construit() {
-  defilement_ = new Defilement(this);
+  defilement_ = new Scrolled(this);
   defilement_->setObjectName("Defilement");
   auto* content = new QWidget;
   ConstruitChamps(content);

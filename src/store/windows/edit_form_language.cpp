@@ -8,6 +8,7 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "common/text.h"
 #include "coords/systems.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"
@@ -96,7 +97,8 @@ void EditForm::NommeChamps(Mnemonics& letters) {
     std::string caption;
   };
   const auto texte = [this](int id) { return Texte(state_.Langue, id); };
-  const auto nombre = [](std::string caption) {
+  const auto nombre = [](const std::string& stored) {
+    std::string caption(Rogne(stored));
     for (std::size_t at = 0; (at = caption.find('&', at)) != std::string::npos; at += 2) {
       caption.insert(at, 1, '&');  // an ampersand of the user's
     }

@@ -73,7 +73,9 @@ class FreeFieldsModel final : public QAbstractTableModel {
     const bool label = at.column() == labelColumn;
     if (role == Qt::DisplayRole || (role == Qt::ToolTipRole && label)) {
       const auto row = static_cast<std::size_t>(at.row());
-      return QString::fromStdString(label ? labels_[row] : texts_[row]);
+      // Definitions often have a blank behind the comma.
+      return label ? QString::fromStdString(labels_[row]).trimmed()
+                   : QString::fromStdString(texts_[row]);
     }
     // The labels stand back from the values.
     if (role == Qt::BackgroundRole && label) return QApplication::palette().alternateBase();

@@ -15,6 +15,9 @@ class HintLabel : public QLabel {
 
   void Montre(const QString& hint);
 
+  /// The colour of a hint in a window of that palette.
+  static QColor Couleur(const QPalette& palette);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 

@@ -82,6 +82,24 @@ TEST_F(FrmDatum, HasTheSevenColumns) {
   EXPECT_EQ(list_->columnWidth(3), 122);
 }
 
+TEST_F(FrmDatum, TitleAndHeadingsFollowTheLanguage) {
+  EXPECT_EQ(form_->windowTitle(), "Datum");
+  const std::pair<int, std::array<const char*, 5>> cases[] = {
+      {0, {"Datum", "Code", "Nom", "Utilisation", "Ellipsoïde"}},
+      {3000, {"Kartendatum", "Code", "Name", "Verwendung", "Ellipsoid"}},
+      {4000, {"Datum", "Codice", "Nome", "Impiego", "Ellissoide"}},
+      {5000, {"Kaartdatum", "Code", "Naam", "Gebruik", "Ellipsoïde"}}};
+  for (const auto& [langue, texts] : cases) {
+    SCOPED_TRACE(langue);
+    state_.Langue = static_cast<std::int16_t>(langue);
+    form_->AppliqueLangue();
+    EXPECT_EQ(form_->windowTitle(), texts[0]) << "the geodetic word, where Datum means a date";
+    for (int i = 0; i < 4; ++i) {
+      EXPECT_EQ(list_->headerItem()->text(i), texts[static_cast<std::size_t>(i) + 1]);
+    }
+  }
+}
+
 TEST_F(FrmDatum, ShowsEveryDatumInTheOrderOfTheCatalogue) {
   const auto rows = RempliListesDatums(state_.Catalogue);
   ASSERT_EQ(list_->topLevelItemCount(), 250);

@@ -7,7 +7,9 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "fakes/dark_palette.h"
 #include "fakes/dialog_driver.h"
+#include "platform/qt/contrast.h"
 #include "store/windows/edit_form_machine.h"
 #include "store/windows/hint_label.h"
 
@@ -157,6 +159,14 @@ class PaintedPart final : public QObject {
     return false;
   }
 };
+
+TEST(EditForm, AHintIsLegibleInLightAndInDark) {
+  for (const QPalette& palette :
+       {QApplication::palette(), test::PaletteSombre(), QPalette(QColor(0x70, 0x70, 0x70))}) {
+    EXPECT_GE(Contraste(HintLabel::Couleur(palette), palette.color(QPalette::Window)),
+              ContrasteLisible);
+  }
+}
 
 TEST(EditForm, TheSignOfAHintComesAndGoesWithItsText) {
   FormMachine m;

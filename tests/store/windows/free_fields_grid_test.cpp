@@ -138,6 +138,15 @@ TEST(FreeFieldsGrid, ArrowsInsideTheTextMoveTheCursor) {
   EXPECT_EQ(g.grid->Textes()[1], "new");
 }
 
+TEST(FreeFieldsGrid, ShowsLabelsWithoutTheBlanksBeforeThem) {
+  FormMachine m({Rangee()}, {"Toponym", " Altitude ", "  Source"});
+  m.Ouvre();
+  const auto* grid = m.Controle<FreeFieldsGrid>("Grid");
+  EXPECT_EQ(grid->model()->index(1, 0).data().toString(), "Altitude");
+  EXPECT_EQ(grid->model()->index(2, 0).data().toString(), "Source");
+  EXPECT_EQ(m.state.document.Entete().FreeFieldDefs[1].Label, " Altitude ") << "the file's stays";
+}
+
 TEST(FreeFieldsGrid, ASelectionIsLeftBeforeTheCell) {
   GridForm g;
   FormMachine::Touche(Qt::Key_F2);
