@@ -113,18 +113,24 @@ void frmDatum::RempliListe() {
   }
   ListView1->addTopLevelItems(items);
   if (!items.isEmpty()) ListView1->setCurrentItem(items.front());
-  AligneDecalages();
 }
 
-/// The shifts stand point under point.
-void frmDatum::AligneDecalages() {
-  for (int i = columnFirstShift; i < columns; ++i) {
-    int decimals = 0;
-    for (int row = 0; row < ListView1->topLevelItemCount(); ++row) {
-      decimals = std::max(decimals, NombreDeDecimales(ListView1->topLevelItem(row)->text(i)));
-    }
-    ListView1->setItemDelegateForColumn(i, new DecimalDelegate(decimals, this));
+/// The shifts of a column stand point under point. Width that they take so.
+int frmDatum::AligneDecalages(int column) {
+  int decimals = 0;
+  for (int row = 0; row < ListView1->topLevelItemCount(); ++row) {
+    decimals = std::max(decimals, NombreDeDecimales(ListView1->topLevelItem(row)->text(column)));
   }
+  ListView1->setItemDelegateForColumn(column, new DecimalDelegate(decimals, this));
+  int width = 0;
+  for (int row = 0; row < ListView1->topLevelItemCount(); ++row) {
+    QStyleOptionViewItem cell;
+    cell.widget = ListView1;
+    cell.fontMetrics = ListView1->fontMetrics();
+    cell.text = AvecPlaceDesDecimales(ListView1->topLevelItem(row)->text(column), decimals);
+    width = std::max(width, LargeurVoulue(cell));
+  }
+  return width;
 }
 
 /// The widths of the table of columns, and more where a number or a heading would be cut.
@@ -136,6 +142,7 @@ void frmDatum::ElargitColonnes() {
       ListView1->resizeColumnToContents(i);
       width = std::max(width, header->sectionSize(i));
     }
+    if (i >= columnFirstShift) width = std::max(width, AligneDecalages(i));
     header->resizeSection(i, width);
   }
 }

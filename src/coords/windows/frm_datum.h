@@ -40,7 +40,7 @@ class frmDatum : public QDialog {
  private:
   void ConstruitListe();
   void RempliListe();
-  void AligneDecalages();
+  int AligneDecalages(int column);
   void ElargitColonnes();
   void Dispose();
   void Relie();

@@ -23,13 +23,18 @@ QString AvecPlaceDesDecimales(const QString& number, int decimals) {
   return padded + QString(missing, digitBlank);
 }
 
-void AligneDecimales(QStyleOptionViewItem& cell, int decimals) {
-  const QString padded = AvecPlaceDesDecimales(cell.text, decimals);
+int LargeurVoulue(const QStyleOptionViewItem& cell) {
   const QStyle* style = cell.widget != nullptr ? cell.widget->style() : QApplication::style();
   const int margin = style->pixelMetric(QStyle::PM_FocusFrameHMargin, &cell, cell.widget) + 1;
-  if (cell.fontMetrics.horizontalAdvance(padded) + 2 * margin <= cell.rect.width()) {
-    cell.text = padded;
-  }
+  constexpr int rounding = 2;
+  return cell.fontMetrics.horizontalAdvance(cell.text) + 2 * margin + rounding;
+}
+
+void AligneDecimales(QStyleOptionViewItem& cell, int decimals) {
+  const QString number = cell.text;
+  cell.text = AvecPlaceDesDecimales(number, decimals);
+  // A cell that is only measured has no place yet.
+  if (!cell.rect.isEmpty() && LargeurVoulue(cell) > cell.rect.width()) cell.text = number;
 }
 
 void DecimalDelegate::initStyleOption(QStyleOptionViewItem* option,

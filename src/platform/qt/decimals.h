@@ -11,8 +11,11 @@ int NombreDeDecimales(const QString& number);
 /// point and digits of most fonts have blanks of their widths.
 QString AvecPlaceDesDecimales(const QString& number, int decimals);
 
-/// The same for a cell that is about to be painted, where it is wide enough for all decimals.
+/// The same for a cell that is about to be painted or measured, unless it is too narrow for it.
 void AligneDecimales(QStyleOptionViewItem& cell, int decimals);
+
+/// Width that a cell needs for its text; in a narrower one the style cuts it.
+int LargeurVoulue(const QStyleOptionViewItem& cell);
 
 /// Paints the numbers of a column point under point.
 class DecimalDelegate final : public QStyledItemDelegate {

@@ -3,6 +3,8 @@
 #include <QScrollBar>
 #include <algorithm>
 
+#include "platform/qt/window_place.h"
+
 namespace talpena {
 
 Scrolled::Scrolled(QWidget* parent) : QScrollArea(parent) {
@@ -13,6 +15,12 @@ Scrolled::Scrolled(QWidget* parent) : QScrollArea(parent) {
 
 QSize Scrolled::sizeHint() const {
   return widget() != nullptr ? widget()->sizeHint() : QScrollArea::sizeHint();
+}
+
+QSize Scrolled::TailleDeFenetre(QSize wanted) const {
+  const bool cut = TailleVisible(wanted, screen()).height() < wanted.height();
+  if (cut) wanted.rwidth() += verticalScrollBar()->sizeHint().width();
+  return TailleVisible(wanted, screen());
 }
 
 QSize Scrolled::minimumSizeHint() const {

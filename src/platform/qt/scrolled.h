@@ -10,6 +10,10 @@ class Scrolled : public QScrollArea {
  public:
   explicit Scrolled(QWidget* parent = nullptr);
 
+  /// The size of a window around it that likes `wanted`, on its screen: where that is too low, as
+  /// much wider as the bar that comes up takes.
+  QSize TailleDeFenetre(QSize wanted) const;
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 };

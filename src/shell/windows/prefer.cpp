@@ -23,7 +23,6 @@
 #include "coords/windows/frm_datum.h"
 #include "platform/qt/mnemonics.h"
 #include "platform/qt/scrolled.h"
-#include "platform/qt/window_place.h"
 #include "store/record/record_editor.h"
 
 namespace talpena {
@@ -83,7 +82,7 @@ Prefer::Prefer(CommandContext contexte, QWidget* parent)
   Montre(RempliPrefer(state_, io_));
   StatutAutoSave();
   Relie();
-  resize(TailleVisible(sizeHint(), screen()));
+  resize(defilement_->TailleDeFenetre(sizeHint()));
   Combo2->setFocus();
 }
 
@@ -169,15 +168,15 @@ void Prefer::Dispose() {
   lblAutoSave->setBuddy(txtSaveInterval);
   lblWorkingDir->setBuddy(txtWorkingDir);
 
-  auto* scrolled = Cree<Scrolled>(this, "Defilement");
+  defilement_ = Cree<Scrolled>(this, "Defilement");
   auto* content = new QWidget;
   auto* frames = new QVBoxLayout(content);
   frames->setContentsMargins(0, 0, 0, 0);
   for (QGroupBox* frame : Frame) frames->addWidget(frame);
   frames->addStretch(1);
-  scrolled->setWidget(content);
+  defilement_->setWidget(content);
   auto* layout = new QVBoxLayout(this);
-  layout->addWidget(scrolled, 1);
+  layout->addWidget(defilement_, 1);
   auto* buttons = new QDialogButtonBox(this);
   buttons->addButton(Command1, QDialogButtonBox::AcceptRole);
   buttons->addButton(Command2, QDialogButtonBox::RejectRole);

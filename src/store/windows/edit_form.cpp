@@ -6,12 +6,12 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QTextDocument>
 #include <algorithm>
 #include <utility>
 
 #include "platform/commands.h"
+#include "platform/qt/scrolled.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/free_fields_grid.h"

@@ -16,7 +16,6 @@ class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
-class QScrollArea;
 
 namespace talpena {
 
@@ -24,6 +23,7 @@ class DateEdit;
 class FreeFieldsGrid;
 class HintLabel;
 class Mnemonics;
+class Scrolled;
 class TypedList;
 
 /// Modal window over the row on which Data1 stands; it stays open from row to row. What the keys
@@ -145,7 +145,7 @@ class EditForm : public QDialog {
   bool commence_ = false;             ///< the record on show was begun
 
   std::array<Champ, 6> champs_{};
-  QScrollArea* defilement_ = nullptr;
+  Scrolled* defilement_ = nullptr;
 
   QLabel* LabelPeriode;
   QLineEdit* ChampPeriode;

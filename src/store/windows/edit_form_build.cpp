@@ -27,7 +27,7 @@ namespace {
 class Remarque final : public QPlainTextEdit {
  public:
   using QPlainTextEdit::QPlainTextEdit;
-  QSize sizeHint() const override { return {QPlainTextEdit::sizeHint().width(), Hauteur(5)}; }
+  QSize sizeHint() const override { return {QPlainTextEdit::sizeHint().width(), Hauteur(4)}; }
   QSize minimumSizeHint() const override {
     return {QPlainTextEdit::minimumSizeHint().width(), Hauteur(2)};
   }

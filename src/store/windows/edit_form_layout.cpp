@@ -5,11 +5,11 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
 
 #include "common/numbers.h"
 #include "platform/commands.h"
 #include "platform/qt/controls.h"
+#include "platform/qt/scrolled.h"
 #include "platform/qt/window_place.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
@@ -159,7 +159,7 @@ void EditForm::PlaceFenetre() {
   for (QWidget* filled : std::initializer_list<QWidget*>{FrameControle, defilement_}) {
     filled->updateGeometry();  // with the texts of the row
   }
-  const QSize wanted = sizeHint();
+  const QSize wanted = defilement_->TailleDeFenetre(sizeHint());
   const int height = stored("Height"), width = stored("Width");
   QRect place(QPoint(),
               QSize(width > 0 ? width : wanted.width(), height > 0 ? height : wanted.height()));

@@ -18,6 +18,7 @@ namespace {
 constexpr int labelColumn = 0, valueColumn = 1;
 constexpr float labelWidthTwips = 2000;
 constexpr int cellMargins = 16;
+constexpr int cellPadding = 8;  ///< above and below a text together
 
 /// Paints the current value as the chosen one while it has the keys.
 class ValueDelegate final : public QStyledItemDelegate {
@@ -103,7 +104,7 @@ FreeFieldsGrid::FreeFieldsGrid(QWidget* parent)
   horizontalHeader()->hide();
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cellPadding);
   txtEdit->setObjectName(u"txtEdit"_s);
   txtEdit->setFocusPolicy(Qt::ClickFocus);
   txtEdit->setAutoFillBackground(true);
@@ -337,7 +338,7 @@ void FreeFieldsGrid::scrollContentsBy(int dx, int dy) {
 void FreeFieldsGrid::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() != QEvent::FontChange) return;
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cellPadding);
   MesureEtiquettes();
   DisposeColonnes();
 }

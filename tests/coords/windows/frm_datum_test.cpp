@@ -7,11 +7,13 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTreeWidget>
+#include <algorithm>
 #include <set>
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "coords/test_catalogue.h"
+#include "platform/qt/decimals.h"
 
 namespace talpena {
 namespace {
@@ -116,6 +118,24 @@ TEST_F(FrmDatum, CutsNoNumberAndNoCode) {
     for (int i = 0; i < list_->topLevelItemCount(); ++i) {
       const QString text = list_->topLevelItem(i)->text(column);
       EXPECT_LE(list_->fontMetrics().horizontalAdvance(text), list_->columnWidth(column)) << column;
+    }
+  }
+}
+
+TEST_F(FrmDatum, TheShiftsHaveRoomToStandPointUnderPoint) {
+  for (const int column : {4, 5, 6}) {
+    int decimals = 0;
+    for (const QString& text : Colonne(column)) {
+      decimals = std::max(decimals, NombreDeDecimales(text));
+    }
+    for (const QString& text : Colonne(column)) {
+      QStyleOptionViewItem cell;
+      cell.widget = list_;
+      cell.fontMetrics = list_->fontMetrics();
+      cell.rect = QRect(0, 0, list_->columnWidth(column), 20);
+      cell.text = text;
+      AligneDecimales(cell, decimals);
+      EXPECT_EQ(cell.text, AvecPlaceDesDecimales(text, decimals));
     }
   }
 }

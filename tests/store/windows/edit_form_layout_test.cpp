@@ -217,6 +217,29 @@ TEST(EditForm, AnUnknownDatumIsToldOnce) {
   EXPECT_TRUE(m.dialogues.boxes.empty());
 }
 
+// What a screen of 1280 x 720 has beside the title, as it is and with everything half as large
+// again.
+TEST(EditForm, KeepsItsButtonsInSightOnSmallScreens) {
+  for (const QSize room : {QSize(1280, 690), QSize(853, 450)}) {
+    for (const int langue : {0, 1000, 3000, 4000, 5000}) {
+      SCOPED_TRACE(std::to_string(langue) + ", width " + std::to_string(room.width()));
+      FormMachine m({Rangee()}, std::vector<std::string>(11, "Label"));
+      m.state.Langue = static_cast<std::int16_t>(langue);
+      EditForm& form = m.Ouvre();
+      EXPECT_LE(form.minimumSizeHint().width(), room.width());
+      EXPECT_LE(form.minimumSizeHint().height(), room.height());
+      form.resize(room);
+      FormMachine::Traite();
+      for (const QPushButton* button : {m.Bouton("ButOk"), m.Bouton("ButNew"), m.Bouton("ButDupl"),
+                                        m.Bouton("ButEsc"), m.Bouton("cmdNavig_0")}) {
+        EXPECT_TRUE(form.rect().contains(button->geometry())) << button->objectName().toStdString();
+      }
+      const auto* area = m.Controle<QScrollArea>("Defilement");
+      EXPECT_LE(area->widget()->width(), area->viewport()->width()) << "no scrolling sideways";
+    }
+  }
+}
+
 TEST(EditForm, FitsASmallScreenAndScrolls) {
   FormMachine m;
   EditForm& form = m.Ouvre();
