@@ -154,6 +154,9 @@ EditForm::Valeur EditForm::ConstruitValeur(const char* name, const QString& capt
   valeur.caption->setContentsMargins(0, std::max(lower, 0), fontMetrics().averageCharWidth(), 0);
   valeur.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
   valeur.value->setTextFormat(Qt::PlainText);
+  valeur.value->setText(u"0"_s);
+  valeur.value->setMinimumHeight(valeur.value->sizeHint().height());  // while it is empty, too
+  valeur.value->clear();
   grid.addWidget(valeur.caption, row, 0, Qt::AlignTop);
   grid.addWidget(valeur.value, row, 1, Qt::AlignTop);
   return valeur;
