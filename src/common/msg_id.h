@@ -271,6 +271,16 @@ inline constexpr int GeoAnnuler = 795;         // "&Escape"
 inline constexpr int GeoSauver = 796;          // "&Save"
 inline constexpr int GeoOuvrir = 797;          // "&Open"
 
+// List of datums.
+inline constexpr int DatumCode = 965;   // "Code"
+inline constexpr int DatumNom = 966;    // "Name"
+inline constexpr int DatumUsage = 967;  // "Usage"
+
+// Folders for grid files.
+inline constexpr int DossierGrille = 969;   // "Folder for IFBL.PRN, the lines of the IFBL grid"
+inline constexpr int DossierMailles = 977;  // "Folder for ifbl.prn, the IFBL grid lines of 4 ..."
+inline constexpr int DossierCarres = 978;   // "Folder for the IFBL squares (ifbl01x01, ..."
+
 // Datum database.
 inline constexpr int DatumMdbAbsent = 800;  // "The file DATUM.MDB cannot be found!"
 inline constexpr int OuEstDatumMdb = 801;   // "Where is DATUM.MDB?"

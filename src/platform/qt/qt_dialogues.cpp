@@ -16,6 +16,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <QTreeView>
 #include <exception>
@@ -82,6 +83,29 @@ QMessageBox::Icon EnIcone(Icon icon) {
       break;
   }
   return QMessageBox::NoIcon;
+}
+
+/// The sign of a box grows with its text.
+void AgranditIcone(QMessageBox& box) {
+  constexpr std::pair<QMessageBox::Icon, QStyle::StandardPixmap> signs[] = {
+      {QMessageBox::Information, QStyle::SP_MessageBoxInformation},
+      {QMessageBox::Question, QStyle::SP_MessageBoxQuestion},
+      {QMessageBox::Warning, QStyle::SP_MessageBoxWarning},
+      {QMessageBox::Critical, QStyle::SP_MessageBoxCritical}};
+  // The toolkit's own label: a sign of the program's would take the meaning from the box.
+  auto* label = box.findChild<QLabel*>(u"qt_msgboxex_icon_label"_s);
+  const int normal = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+  const int side = CoteIcone(box.fontMetrics(), normal);
+  if (label == nullptr || side == normal) return;
+  const qreal ratio = box.devicePixelRatioF();
+  for (const auto& [icon, sign] : signs) {
+    if (box.icon() != icon) continue;
+    const QIcon picture = box.style()->standardIcon(sign, nullptr, &box);
+    QPixmap larger = picture.pixmap(QSize(side, side), ratio);
+    larger = larger.scaledToWidth(qRound(side * ratio), Qt::SmoothTransformation);
+    larger.setDevicePixelRatio(ratio);
+    label->setPixmap(larger);
+  }
 }
 
 struct ButtonSet {
@@ -230,6 +254,7 @@ Answer QtDialogues::Demande(const MessageBox& box) {
   window.setText(EnLignes(box.text));
   window.setDefaultButton(box.defaultButton ? EnBouton(*box.defaultButton) : buttons.first);
   window.setEscapeButton(buttons.closing);
+  AgranditIcone(window);
   const Legendes captions(window, [&] {
     Mnemonics letters;
     for (const auto& [answer, button] : answers) {
