@@ -234,6 +234,7 @@ inline constexpr int SauveAvantFermer = 814;   // "Save before closing?"
 inline constexpr int Sauvegarde = 720;   // "Saving..."
 inline constexpr int Ouverture = 721;    // "Opening..."
 inline constexpr int Suppression = 722;  // "Supressing row(s)..."
+inline constexpr int Patientez = 740;    // "Please wait..."
 
 // Main window.
 inline constexpr int Distribution = 120;  // "Distribution"
