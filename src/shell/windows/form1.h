@@ -152,6 +152,7 @@ class Form1 : public QMainWindow,
   void AffichePosition();
   void SuitLignes();
   void AfficheFiltre();
+  void OffreFinsLf();
   void AfficheTri();
 
   ProcessState& state_;

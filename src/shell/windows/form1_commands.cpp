@@ -102,6 +102,8 @@ void Form1::Relie() {
     Execute(
         RangeeNommee(ArbreDesMenus(), link == QLatin1String("new") ? "MnuNouveau" : "MnuOuvrir"));
   });
+  connect(panels_[1], &QLabel::linkActivated, this,
+          [this] { Commande([this] { RouvreEnLf(Commandes()); }); });
   connect(TDBGrid1, &QTableView::doubleClicked, this, &Form1::MontreEdition);
   Timer1 = new QTimer(this);
   Timer1->setObjectName(QStringLiteral("Timer1"));

@@ -35,10 +35,26 @@ void Form1::AfficheFiltre() {
     text = AvecNombres(state_.Langue, Texte(state_.Langue, MsgId::FiltreRetire),
                        CompteLignes(state_.document));
   }
-  panels_[1]->setText(QString::fromStdString(text));
+  if (text.empty() && state_.document.Fichier.FinsLf) {
+    OffreFinsLf();
+  } else {
+    panels_[1]->setTextFormat(Qt::PlainText);
+    panels_[1]->setText(QString::fromStdString(text));
+  }
   panels_[1]->setToolTip(
       filtered_ ? QString::fromStdString(Texte(state_.Langue, MsgId::FiltreEtSauvegarde))
                 : QString());
+}
+
+/// A file whose rows made one row: it can be opened by its LFs, with the pointer or by Tab and
+/// Enter.
+void Form1::OffreFinsLf() {
+  const auto texte = [this](int id) {
+    return QString::fromStdString(Texte(state_.Langue, id)).toHtmlEscaped();
+  };
+  panels_[1]->setTextFormat(Qt::RichText);
+  panels_[1]->setText(QStringLiteral("%1 <a href=\"lf\">%2</a>")
+                          .arg(texte(MsgId::LignesEnUne), texte(MsgId::OuvreAvecLf)));
 }
 
 /// The sort controls show the order that the rows have, whoever bound them.
