@@ -120,6 +120,7 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(780, 797);  // gazetteer
   covered(800, 808);  // datums
   covered(810, 814);  // preferences
+  covered(820, 822);  // working folder
   covered(870, 882);  // user guide
   covered(901, 919);  // saving, status, grid
   covered(920, 930);  // names, about, saving

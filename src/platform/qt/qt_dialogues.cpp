@@ -30,6 +30,7 @@
 #include "platform/qt/colours.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/file_filter.h"
+#include "platform/qt/file_icons.h"
 #include "platform/qt/mnemonics.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/toolkit_translator.h"
@@ -200,8 +201,9 @@ void ElargitColonnes(QFileDialog& dialog) {
   list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-void PrepareFichiers(QFileDialog& dialog, const FileDialog& wanted) {
+void PrepareFichiers(QFileDialog& dialog, FileIcons& icons, const FileDialog& wanted) {
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setIconProvider(&icons);
   dialog.setFileMode(QFileDialog::AnyFile);
   if (!wanted.title.empty()) dialog.setWindowTitle(EnQt(wanted.title));
   QStringList names;
@@ -282,27 +284,30 @@ std::string QtDialogues::Saisie(const InputBox& box) {
 }
 
 std::string QtDialogues::OuvreFichier(const FileDialog& dialog) {
+  FileIcons icons;  // outlives the window
   QFileDialog window(Parent());
   window.setObjectName(u"OpenDialog"_s);
   window.setAcceptMode(QFileDialog::AcceptOpen);
-  PrepareFichiers(window, dialog);
+  PrepareFichiers(window, icons, dialog);
   return CheminChoisi(window);
 }
 
 std::string QtDialogues::EnregistreFichier(const FileDialog& dialog) {
+  FileIcons icons;  // outlives the window
   QFileDialog window(Parent());
   window.setObjectName(u"SaveDialog"_s);
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setOption(QFileDialog::DontConfirmOverwrite, !dialog.confirmReplace);
-  PrepareFichiers(window, dialog);
+  PrepareFichiers(window, icons, dialog);
   SuitSuffixe(window, dialog.filter);
   return CheminChoisi(window);
 }
 
 std::string QtDialogues::ChoisitDossier(const std::string& title, const std::string& start) {
+  FileIcons icons;  // outlives the window
   QFileDialog window(Parent());
   window.setObjectName(u"FolderDialog"_s);
-  PrepareFichiers(window, {.title = title, .filter = {}, .folder = start});
+  PrepareFichiers(window, icons, {.title = title, .filter = {}, .folder = start});
   window.setFileMode(QFileDialog::Directory);
   window.setOption(QFileDialog::ShowDirsOnly);
   return CheminChoisi(window);

@@ -90,6 +90,7 @@ void Form1::MontreAffichage(Changes changes) {
     }
   }
   if (changes.Touche(Aspect::Grid)) AjusteGrille();
+  if (changes.Touche(Aspect::Notice)) AfficheFiltre();
   if (changes.Touche(Aspect::Words)) lbl1->setVisible(display.lbl1);
   if (changes.Touche(Aspect::Menus)) ActiveControles();
 }

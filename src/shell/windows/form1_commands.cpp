@@ -127,7 +127,9 @@ void Form1::ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text) {
 bool Form1::Charge(const std::string& commandLine) {
   {
     const Running running(running_);
-    ChargeForm1(Contexte(), commandLine);
+    const auto failure = ChargeForm1(Contexte(), commandLine);
+    if (failure) DitArretDeCharge(Contexte(), *failure);
+    if (failure && !isVisible()) FermeSplash(), Termine();  // nothing else is on the screen
   }
   ApresCommande();
   return !ended_;
