@@ -8,8 +8,8 @@
 #include "common/text.h"
 #include "coords/datum.h"
 #include "platform/commands.h"
-#include "store/deg_reader.h"
 #include "store/file_commands.h"
+#include "store/open_file.h"
 #include "store/table.h"
 
 namespace talpena {
@@ -41,7 +41,9 @@ void SupprimeBaseAncienne(Load& l) {
 }
 
 void CreeBase(Load& l) {
-  l.c.document().WorkingDb = l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, NewDatabase{});
+  auto& database = l.c.document().WorkingDb;
+  database = l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, NewDatabase{});
+  database->SuitTravail([&attente = l.c.attente] { return attente.Bat(); });
 }
 
 void CreeTable(Load& l) { CreateTable(l.c.document().Base()); }
@@ -56,12 +58,17 @@ void AppliqueLangue(ShellContext c) {
   c.state.FichierAide = CheminAide(c.state);
 }
 
+/// What a killed save left beside the files that were worked on last.
+void SupprimeRestes(Load& l) {
+  const std::string folder = l.c.io.settings.Lit("TALPENA", "Paths", "LastDeg", {});
+  for (const std::string& path : {folder, l.c.state.LastFiles[0]}) {
+    if (!path.empty()) l.c.io.files.SupprimeRestes(path);
+  }
+}
+
 void OuvreFichierNomme(Load& l) {
   if (l.commandLine.empty()) return;
-  l.c.document().Fichier.NomFichier = l.commandLine;
-  const LoadOutcome outcome = LitDeg(l.c.Commandes(), l.commandLine, MergeMode::Replace);
-  if (outcome == LoadOutcome::NotOpened) l.c.document().Fichier.LecturePartielle = true;
-  l.c.document().ActiveMenus();
+  OuvreDeg(l.c.Commandes(), l.commandLine);
 }
 
 /// One statement of the load: what the handler executes again after failure 3028.
@@ -116,7 +123,7 @@ void OuvreBase(Load& l) {
 }
 
 // clang-format off
-constexpr std::array<Step, 21> steps = {
+constexpr std::array<Step, 22> steps = {
     [](Load& l) { l.c.attente.ChangeSablier(true); },
     [](Load& l) { l.c.shell.DesactiveMenus(); },
     [](Load& l) { l.c.state.DossierCartes = l.c.state.AppDir; },
@@ -135,6 +142,7 @@ constexpr std::array<Step, 21> steps = {
     [](Load& l) { l.c.document().ChangeOrdre({}); },
     [](Load& l) { l.c.shell.ColoreFenetres(); },
     [](Load& l) { l.c.shell.FermeSplash(); },
+    SupprimeRestes,
     OuvreFichierNomme,
     [](Load& l) { l.c.attente.ChangeSablier(false); },
     [](Load& l) { l.c.attente.TraiteMessages(); },

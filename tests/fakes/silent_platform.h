@@ -47,6 +47,7 @@ class StandingClock : public Clock {
  public:
   int AnneeCourante() override { return 2011; }
   CalendarDate DateCourante() override { return {2011, 7, 4}; }
+  DayTime HeureCourante() override { return {}; }
 };
 
 class NoEnvironment : public Environment {

@@ -144,6 +144,8 @@ class JournalFiles : public FakeFiles {
     steps_.push_back("Supprime " + path);
     FakeFiles::Supprime(path);
   }
+  std::vector<std::string> nettoyes;  ///< paths beside which left-overs were cleared away
+  void SupprimeRestes(const std::string& path) noexcept override { nettoyes.push_back(path); }
 
  private:
   Journal& steps_;

@@ -173,11 +173,20 @@ TEST(ChargeForm1, EndsTheProcessWithoutADatumCatalogue) {
 TEST(ChargeForm1, AMissingFileOfTheCommandLineLeavesTheMenusEnabled) {
   StartMachine m;
   m.Charge("/data/missing.deg");
-  EXPECT_EQ(m.state.document.Fichier.NomFichier, "/data/missing.deg");
+  EXPECT_EQ(m.state.document.Fichier.NomFichier, "");
+  EXPECT_EQ(m.state.document.Montre().titreFenetre, "Talpena");
   ASSERT_EQ(m.dialogues.boxes.size(), 1U);
   EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
   EXPECT_EQ(m.dialogues.boxes[0].icon, Icon::Stop);
   EXPECT_TRUE(m.vue.menusActifs);
+}
+
+TEST(ChargeForm1, ClearsLeftOversAwayWhereFilesWereOpenLast) {
+  StartMachine m;
+  m.settings.values[FakeSettings::Cle("TALPENA", "Paths", "LastDeg")] = "/data/moles/";
+  m.settings.values[FakeSettings::Cle("TALPENA", "Files", "LastFile1")] = "/data/b.deg";
+  m.Charge({});
+  EXPECT_EQ(m.files.nettoyes, (std::vector<std::string>{"/data/moles/", "/data/b.deg"}));
 }
 
 TEST(ChargeForm1, TheSplashIsGoneBeforeTheFileIsRead) {
@@ -205,7 +214,7 @@ TEST(LigneDeCommande, QuotesReachTheReaderAsTheyStand) {
   StartMachine m;
   m.files.Pose("/data/my moles.deg", "there");
   m.Charge(LigneDeCommande(quoted));
-  EXPECT_EQ(m.state.document.Fichier.NomFichier, "\"/data/my moles.deg\"");
+  EXPECT_EQ(m.state.document.Fichier.NomFichier, "");
   ASSERT_EQ(m.dialogues.boxes.size(), 1U);
   EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
 }

@@ -17,9 +17,11 @@
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
 #include "maps/windows/frm_carte.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 #include "platform/qt/colours.h"
 #include "platform/qt/command_actions.h"
+#include "shell/windows/attente.h"
 #include "shell/windows/form1.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/help_desk.h"
@@ -29,6 +31,7 @@
 #include "store/row_commands.h"
 #include "store/sort.h"
 #include "store/windows/edit_form.h"
+#include "store/windows/grid_colours.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {
@@ -100,6 +103,8 @@ void Form1::Relie() {
     Execute(
         RangeeNommee(ArbreDesMenus(), link == QLatin1String("new") ? "MnuNouveau" : "MnuOuvrir"));
   });
+  connect(panels_[1], &QLabel::linkActivated, this,
+          [this] { Commande([this] { RouvreEnLf(Commandes()); }); });
   connect(TDBGrid1, &QTableView::doubleClicked, this, &Form1::MontreEdition);
   Timer1 = new QTimer(this);
   Timer1->setObjectName(QStringLiteral("Timer1"));
@@ -121,6 +126,20 @@ void Form1::ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text) {
   connect(&box, &QLineEdit::textEdited, this, [prend](const QString& t) { prend(t, true); });
   // What an aid for the disabled puts there is not typed, and is saved all the same.
   connect(&box, &QLineEdit::textChanged, this, [prend](const QString& t) { prend(t, false); });
+}
+
+/// While it paints, no command runs and no row is read: a statement may be under way.
+void Form1::ConstruitAttente() {
+  attente_ = new Attente(state_, *this, *ProgressBar1);
+  attente_->Fige = [this](bool painting) {
+    running_ += painting ? 1 : -1;
+    TDBGrid1->Fige(painting);
+  };
+  attente_->Gele = [this](bool frozen) { TDBGrid1->setUpdatesEnabled(!frozen); };
+  connect(attente_, &Attente::Fini, this, [this] {
+    TDBGrid1->RelitManquants();
+    if (running_ == 0) ApresCommande();
+  });
 }
 
 bool Form1::Charge(const std::string& commandLine) {
@@ -160,7 +179,12 @@ void Form1::cmdFirstLast_Click(int index) {
 void Form1::CmbTri_Click() {
   const int index = CmbTri->currentIndex();
   const bool descending = OptTri[1]->isChecked();
-  if (Commande([&] { ChangeTri(state_.document, index, descending); })) {
+  const bool sorted = Commande([&] {
+    Busy busy(*attente_);
+    busy.Annulable();
+    ChangeTri(state_.document, index, descending);
+  });
+  if (sorted) {
     sortIndex_ = index;
     sortDescending_ = descending;
     return;
@@ -171,17 +195,20 @@ void Form1::CmbTri_Click() {
   OptTri[sortDescending_ ? 1 : 0]->setChecked(true);
 }
 
-void Form1::MnuGrille_Click() {
-  const QColor now = EnQColor(state_.CouleurFondGrille, QApplication::palette());
-  state_.CouleurFondGrille = io_.dialogues.ChoisitCouleur(EnCouleur(now));
+// The colour that is shown may be another one than that of the settings, which stays unless the
+// user chooses a new one.
+void Form1::ChangeCouleur(std::uint32_t& stored, QColor GridColours::*shown) {
+  const GridColours colours =
+      CouleursDeGrille(state_, state_.CouleurFondGrille, QApplication::palette());
+  const std::uint32_t now = EnCouleur(colours.*shown);
+  const std::uint32_t chosen = io_.dialogues.ChoisitCouleur(now);
+  if (chosen != now) stored = chosen;
   TDBGrid1->AppliqueCouleurs();
 }
 
-void Form1::MnuTxtGrille_Click() {
-  const QColor now = TDBGrid1->palette().color(QPalette::Text);
-  state_.CouleurTexteGrille = io_.dialogues.ChoisitCouleur(EnCouleur(now));
-  TDBGrid1->AppliqueCouleurs();
-}
+void Form1::MnuGrille_Click() { ChangeCouleur(state_.CouleurFondGrille, &GridColours::background); }
+
+void Form1::MnuTxtGrille_Click() { ChangeCouleur(state_.CouleurTexteGrille, &GridColours::text); }
 
 void Form1::MnuInfo_Click() { frmEastern(state_, this).exec(); }
 
@@ -214,7 +241,7 @@ void Form1::MnuVisAutre_Click() { MontreCarte(true); }
 
 void Form1::cmdMap_Click() { MontreCarte(false); }
 
-void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, this).exec(); }
+void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, *attente_, this).exec(); }
 
 void Form1::MnuDatumFichier_Click() {
   frmDatum chooser(state_, this);
@@ -234,8 +261,6 @@ std::optional<ColumnRange> Form1::ColonnesSelectionnees() { return TDBGrid1->Col
 void Form1::SelectionneColonnes(ColumnRange columns) { TDBGrid1->SelectionneColonnes(columns); }
 
 int Form1::ColonneCourante() { return TDBGrid1->ColonneCourante(); }
-
-void Form1::GeleGrille(bool frozen) { TDBGrid1->setUpdatesEnabled(!frozen); }
 
 void Form1::RecalculeCoordonnees() { AjusteDegres(Commandes(), SansMaille, SansMaille); }
 
