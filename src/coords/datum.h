@@ -18,14 +18,15 @@ inline constexpr double Pi10 = 3.1415926535;
 constexpr double EnRadians(double degrees) { return degrees * (Pi10 / 180); }
 constexpr double EnDegres(double radians) { return radians * (180 / Pi10); }
 
-/// Thrown by ChargeDatums when the user gave no catalogue: the process has to end.
+/// Thrown by ChargeDatums when the user gave no catalogue, or gave up its reading: the process has
+/// to end.
 struct CatalogueRefused {};
 
 /// Reads DATUM.MDB, named by setting "TLP"/"Datum"/"DB" (default: the program's folder), into
 /// the catalogue, which is emptied first. A missing file is asked for (message 800) and its path
-/// kept in the setting; Cancel throws CatalogueRefused. Any other failure is shown and leaves
-/// what was read: a number that is Null (94), no number (13) or too large for its field (6), and
-/// whatever the table engine raises.
+/// kept in the setting; Cancel throws CatalogueRefused, while the file is read too. Any other
+/// failure is shown and leaves what was read: a number that is Null (94), no number (13) or too
+/// large for its field (6), and whatever the table engine raises.
 void ChargeDatums(CoordState& state, Platform& io);
 
 /// Index of the first datum with a code, compared trimmed and as it is written; 0 when the

@@ -115,6 +115,18 @@ std::string DemandeCatalogue(CoordState& state, Platform& io) {
   return path;
 }
 
+/// The program cannot work without the catalogue: who gives up its reading refuses it.
+void LitCatalogue(Platform& io, const std::string& path, DatumCatalogue& catalogue) {
+  try {
+    const auto database = io.engine.OpenDatabase(path, true);
+    LitDatums(*database, catalogue);
+    LitEllipsoides(*database, catalogue);
+  } catch (const TalpenaError& e) {
+    if (e.number() == ErrorNumber::Cancelled) throw CatalogueRefused{};
+    throw;
+  }
+}
+
 }  // namespace
 
 const DatumRecord& DatumCatalogue::Datum(std::int16_t index) const {
@@ -131,9 +143,7 @@ void ChargeDatums(CoordState& state, Platform& io) {
     const std::string standard = state.AppDir + SeparateurChemin() + "DATUM.MDB";
     std::string path = RendNatif(io.settings.Lit("TLP", "Datum", "DB", standard));
     if (!io.files.Existe(path)) path = DemandeCatalogue(state, io);
-    const auto database = io.engine.OpenDatabase(path, true);
-    LitDatums(*database, state.Catalogue);
-    LitEllipsoides(*database, state.Catalogue);
+    LitCatalogue(io, path, state.Catalogue);
   });
 }
 

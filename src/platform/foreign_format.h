@@ -58,7 +58,7 @@ class ForeignFormat {
 
   /// Who is called while files are read, those that are open already too. A format whose files
   /// are read in no time calls nobody.
-  virtual void SuitAttente(const ForeignWait&) {}
+  virtual void SuitAttente(const WorkBeat&) {}
 
   /// True when the file's head (or the connect string) is this format's.
   virtual bool Reconnait(const std::string& path, std::string_view connect) = 0;

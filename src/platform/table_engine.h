@@ -231,10 +231,6 @@ using WorkBeat = std::function<bool()>;
 /// What it throws ends the taking over.
 using ImportProgress = std::function<void(std::int64_t done, std::int64_t total)>;
 
-/// Called at least every 50 ms while a file of another maker's is read, so that windows are painted
-/// and the user can end it: false does so, with the failure Cancelled.
-using ForeignWait = std::function<bool()>;
-
 class Database {
  public:
   virtual ~Database() = default;
@@ -317,8 +313,9 @@ class TableEngine {
  public:
   virtual ~TableEngine() = default;
 
-  /// Who is called while other makers' files are read, from opening them to their last row.
-  virtual void SuitAttente(const ForeignWait&) {}
+  /// Who is called, at least every 50 ms, while other makers' files are read, from opening them to
+  /// their last row.
+  virtual void SuitAttente(const WorkBeat&) {}
 
   /// A new, empty, throw-away database in the engine's own format, which knows the general order
   /// only: InvalidArgument (3001) for another. Nobody but the user can read the file, and no link

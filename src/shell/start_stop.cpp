@@ -48,6 +48,26 @@ void CreeBase(Load& l) {
 
 void CreeTable(Load& l) { CreateTable(l.c.document().Base()); }
 
+/// Work that the user may give up while this lives.
+class Abandonnable {
+ public:
+  explicit Abandonnable(WaitView& attente) : attente_(attente) {
+    attente_.PermetAnnulation(Annulation::Instruction);
+  }
+  Abandonnable(const Abandonnable&) = delete;
+  Abandonnable& operator=(const Abandonnable&) = delete;
+  ~Abandonnable() { attente_.PermetAnnulation(Annulation::Aucune); }
+
+ private:
+  WaitView& attente_;
+};
+
+// The catalogue may be an Access file of the user's own, and damaged.
+void LitDatums(Load& l) {
+  const Abandonnable reading(l.c.attente);
+  ChargeDatums(l.c.state, l.c.io);
+}
+
 void LitReglages(Load& l) {
   ChargeReglages(l.c.state, l.c.io, l.c.shell.TailleEcran());
   l.c.shell.AppliqueReglages();
@@ -130,7 +150,7 @@ constexpr std::array<Step, 22> steps = {
     ChoisitWorkingDir,
     OuvreBase,
     [](Load& l) { l.c.shell.FondGrilleSysteme(); },
-    [](Load& l) { ChargeDatums(l.c.state, l.c.io); },
+    LitDatums,
     LitReglages,
     [](Load& l) { AppliqueLangue(l.c); },
     [](Load& l) { l.c.shell.InitFenetres(); },
@@ -171,10 +191,7 @@ std::string LigneDeCommande(std::span<const char* const> arguments) {
 
 std::optional<TalpenaError> ChargeForm1(ShellContext c, const std::string& commandLine) {
   Load load{c, commandLine};
-  c.io.engine.SuitAttente([&attente = c.attente] {
-    attente.TraiteMessages();
-    return true;
-  });
+  c.io.engine.SuitAttente([&attente = c.attente] { return attente.Bat(); });
   try {
     for (const Step step : steps) Execute(step, load);
   } catch (const CatalogueRefused&) {

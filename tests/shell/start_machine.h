@@ -83,9 +83,9 @@ class JournalEngine : public TableEngine {
  public:
   explicit JournalEngine(Journal& journal) : journal_(journal) {}
   std::deque<int> failures;  ///< error numbers that the next calls of CreateDatabase raise
-  ForeignWait attente;
+  WorkBeat attente;
 
-  void SuitAttente(const ForeignWait& wait) override { attente = wait; }
+  void SuitAttente(const WorkBeat& wait) override { attente = wait; }
 
   std::unique_ptr<Database> CreateDatabase(const std::string& path,
                                            const NewDatabase& settings) override {
@@ -102,6 +102,7 @@ class JournalEngine : public TableEngine {
   }
   std::unique_ptr<Database> OpenDatabase(const std::string& path, bool, std::string_view) override {
     journal_.push_back("OpenDatabase " + path);
+    if (attente && !attente()) throw TalpenaError(ErrorNumber::Cancelled, "given up");
     return std::make_unique<JournalDatabase>(journal_);
   }
   std::unique_ptr<Database> CreateForeignDatabase(const std::string&, std::string_view,

@@ -150,13 +150,22 @@ TEST(ChargeForm1, Error3028WithNothingToDeleteEndsTheLoad) {
   EXPECT_TRUE(m.dialogues.boxes.empty());
 }
 
-TEST(ChargeForm1, TheWindowIsPaintedWhileAnotherMakersFileIsRead) {
+TEST(ChargeForm1, TheCatalogueCanBeGivenUpAndTheProcessEnds) {
+  StartMachine m;
+  m.vue.abandonDans = 1;
+  m.Charge("/data/a.deg");
+  EXPECT_TRUE(m.shell.termine);
+  EXPECT_FALSE(m.AFait("MontreFenetre"));
+  EXPECT_TRUE(m.dialogues.boxes.empty());
+}
+
+TEST(ChargeForm1, NothingElseOfTheStartCanBeGivenUp) {
   StartMachine m;
   m.Charge();
-  m.journal.clear();
+  EXPECT_EQ(m.vue.annulable, Annulation::Aucune);
+  m.vue.abandonDans = 1;
   ASSERT_TRUE(m.engine.attente);
   EXPECT_TRUE(m.engine.attente());
-  EXPECT_EQ(m.journal, Journal{"TraiteMessages"});
 }
 
 TEST(ChargeForm1, EndsTheProcessWithoutADatumCatalogue) {

@@ -36,7 +36,7 @@ struct Fichier {
   std::size_t taille = 0;
   JetVersion version = JetVersion::Jet4;
   LimitesJet limites;
-  std::shared_ptr<const ForeignWait> attente;  ///< who waits for what is read
+  std::shared_ptr<const WorkBeat> attente;  ///< who waits for what is read
 
   FichierJet Vue() const { return {fd.Numero(), taille}; }
 };
@@ -364,7 +364,7 @@ class FormatJet final : public ForeignFormat {
     limites_.colonnes = std::min(limites_.colonnes, LimitesJet{}.colonnes);
   }
 
-  void SuitAttente(const ForeignWait& attente) override { *attente_ = attente; }
+  void SuitAttente(const WorkBeat& attente) override { *attente_ = attente; }
 
   bool Reconnait(const std::string& path, std::string_view connect) override {
     if (!MemeFormat(connect, Connect::Access) && !MemeFormat(connect, "MS Access")) return false;
@@ -401,7 +401,7 @@ class FormatJet final : public ForeignFormat {
   }
 
   LimitesJet limites_;
-  std::shared_ptr<ForeignWait> attente_ = std::make_shared<ForeignWait>();
+  std::shared_ptr<WorkBeat> attente_ = std::make_shared<WorkBeat>();
 };
 
 }  // namespace

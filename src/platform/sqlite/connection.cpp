@@ -107,7 +107,7 @@ std::int64_t Connection::DerniereCle() const { return sqlite3_last_insert_rowid(
 
 std::int64_t Connection::DerniereCleDonnee(const TableState& table) {
   Statement last = Prepare("SELECT seq FROM sqlite_sequence WHERE name = ?1");
-  last.Lie(0, Cell::Of(std::string_view(table.Nom())));
+  last.Lie(0, Cell::Of(std::string_view(table.NomInterne())));
   return last.Avance() ? last.Entier(0) : 0;
 }
 
@@ -168,7 +168,7 @@ void Connection::VerifieTransaction() {
 // Keys once given are not given again, though the rows that had them are gone.
 void Connection::RetientCle(const TableState& table) {
   if (table.CleMax() == 0) return;
-  const Cell name = Cell::Of(std::string_view(table.Nom()));
+  const Cell name = Cell::Of(std::string_view(table.NomInterne()));
   auto update = Prepare("UPDATE sqlite_sequence SET seq = max(seq, ?1) WHERE name = ?2");
   update.Lie(0, table.CleMax());
   update.Lie(1, name);

@@ -164,6 +164,7 @@ TableState* ImportedDatabase::Trouve(std::string_view name) {
 
 void ImportedDatabase::Importe(TableState& table) {
   if (ContenuDe(table).here) return;
+  if (table.Definition().fields.empty()) throw TableIntrouvable(table.Nom());
   const auto rows = foreign_->Rows(table.Nom());
   Remplit(table, *rows, foreign_->NombreLignes(table.Nom()));
   ContenuDe(table).here = true;

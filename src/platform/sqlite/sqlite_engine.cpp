@@ -73,7 +73,7 @@ class SqliteEngine final : public TableEngine {
   explicit SqliteEngine(std::vector<std::unique_ptr<ForeignFormat>> formats)
       : formats_(std::move(formats)) {}
 
-  void SuitAttente(const ForeignWait& attente) override {
+  void SuitAttente(const WorkBeat& attente) override {
     for (const auto& format : formats_) format->SuitAttente(attente);
   }
 

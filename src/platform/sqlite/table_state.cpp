@@ -33,6 +33,8 @@ std::string TypeSql(Storage storage) {
   return "BLOB";
 }
 
+bool EstNomDeSqlite(std::string_view name) { return MemeNom(name.substr(0, 7), "sqlite_"); }
+
 }  // namespace
 
 bool MemeNom(std::string_view a, std::string_view b) {
@@ -75,7 +77,8 @@ Storage StockageDe(FieldType type) {
 TableState::TableState(int number, TableDef definition)
     : number_(number),
       definition_(std::move(definition)),
-      quotedName_(EntreGuillemets(definition_.name)) {
+      innerName_((EstNomDeSqlite(definition_.name) ? "#" : "") + definition_.name),
+      quotedName_(EntreGuillemets(innerName_)) {
   const auto& fields = definition_.fields;
   const auto key = std::find_if(fields.begin(), fields.end(),
                                 [](const FieldDef& field) { return field.autoIncrement; });

@@ -30,6 +30,8 @@ class TableState {
   const TableDef& Definition() const { return definition_; }
   const std::string& Nom() const { return definition_.name; }
   const std::string& NomSql() const { return quotedName_; }
+  /// The name that the table bears in SQLite, where "sqlite_" is no beginning for a user's.
+  const std::string& NomInterne() const { return innerName_; }
   /// The 32-bit key of a row, quoted: the auto-increment field or a column of its own.
   const std::string& CleSql() const { return quotedKey_; }
   int ChampCle() const { return keyField_; }  ///< -1 when the key is no field
@@ -67,6 +69,7 @@ class TableState {
 
   int number_;
   TableDef definition_;
+  std::string innerName_;
   std::string quotedName_;
   std::string key_;
   std::string quotedKey_;

@@ -47,6 +47,7 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
 Form1::~Form1() {
   disconnect(qApp, nullptr, this, nullptr);
   if (state_.document.WorkingDb) state_.document.WorkingDb->SuitTravail({});
+  io_.engine.SuitAttente({});
 }
 
 ShellContext Form1::Contexte() { return {state_, io_, *this, *attente_, *this, *this}; }

@@ -190,6 +190,48 @@ class MakerTest : public EngineTest {
   std::unique_ptr<TableEngine> makers;
 };
 
+// Names are the maker's affair, and those of damaged files are anybody's.
+TEST_F(MakerTest, AnyNameCanBeThatOfATableOrAColumn) {
+  const char* names[] = {"select",
+                         "a\"b",
+                         "it's",
+                         "x;--",
+                         "sqlite_master",
+                         "SQLITE_x",
+                         "Größe",
+                         "a b",
+                         ")",
+                         "#",
+                         "rowid",
+                         "talpena_tables",
+                         "\x01\x7F",
+                         "%",
+                         "sqlite_sequence",
+                         "c0",
+                         "INTEGER PRIMARY KEY"};
+  drawer.tables.clear();
+  for (const char* name : names) {
+    drawer.tables.push_back(
+        {.name = name, .fields = {{name, FieldType::Long}}, .indexes = {}, .attributes = 0});
+    drawer.rows[name] = {{1}, {2}};
+  }
+  const auto opened = Ouvre();
+  for (const char* name : names) {
+    SCOPED_TRACE(name);
+    const std::string bracketed = "[" + std::string(name) + "]";
+    const auto rows = opened->OpenRecordset(bracketed);
+    EXPECT_EQ(rows->RecordCount(), 2);
+    EXPECT_EQ(Colonne(*rows, name), (Strings{"1", "2"}));
+    EXPECT_EQ(opened->OpenRecordset("SELECT * FROM " + bracketed)->RecordCount(), 2);
+  }
+}
+
+TEST_F(MakerTest, ATableWithoutColumnsHasNoRowsToGive) {
+  drawer.tables.push_back({.name = "Empty", .fields = {}, .indexes = {}, .attributes = 0});
+  drawer.rows["Empty"] = {};
+  EXPECT_EQ(FailureOf([&] { Ouvre()->OpenRecordset("Empty"); }).number, ErrorNumber::TableNotFound);
+}
+
 TEST_F(MakerTest, ConnectStringsAreComparedUpToTheirSemicolon) {
   EXPECT_TRUE(MemeFormat(Connect::DBase4, "dBASE IV;"));
   EXPECT_TRUE(MemeFormat("Paradox 4.x;", Connect::Paradox4));

@@ -1,6 +1,7 @@
 // Commands in turn, the automatic save, the close box, and the window's place.
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QTimer>
 #include <QToolButton>
@@ -231,6 +232,37 @@ TEST(Form1, ATitleAsLongAsAFileCanHaveIsKeptWhole) {
   Edition(m.state.document, "a test").Entete().BoxTitre = title;
   EXPECT_EQ(m.Controle<QLineEdit>("BoxTitre")->text().size(), 100000);
   EXPECT_EQ(m.state.document.Entete().BoxTitre, title);
+}
+
+TEST(Form1, SaysThatAnotherWorkingFolderIsUsed) {
+  Form1Machine m;
+  m.environment.variables["TEMP"] = m.folder / "none";
+  m.environment.prive = m.folder.path().string();
+  EXPECT_TRUE(m.form->Charge({}));
+  const auto* panel = m.Controle<QLabel>("StatusBar1_Panel_2");
+  const QString note = "The working folder cannot be used; a private one takes its place for now";
+  EXPECT_EQ(panel->text(), note);
+  EXPECT_TRUE(panel->toolTip().contains(QString::fromStdString(m.folder / "none")));
+  EXPECT_TRUE(panel->toolTip().contains(QString::fromStdString(m.state.WorkingDir)));
+  LitDeg(m.form->Commandes(), m.Fichier(Form1Machine::Lignes(2)), MergeMode::Replace);
+  EXPECT_EQ(panel->text(), note) << "while a file is open too";
+  m.Entree("MnuLang_0")->trigger();
+  EXPECT_TRUE(panel->text().startsWith("Le dossier de travail"));
+  EXPECT_EQ(m.settings.values.count("TALPENA/CONFIG/WORKINGDIR"), 0U);
+}
+
+TEST(Form1, WithoutAnyWorkingFolderItSaysWhyAndEnds) {
+  Form1Machine m;
+  m.environment.variables["TEMP"] = m.folder / "none";
+  m.environment.prive.clear();
+  bool ended = false;
+  QObject::connect(m.form.get(), &Form1::Fini, [&] { ended = true; });
+  EXPECT_FALSE(m.form->Charge({}));
+  EXPECT_TRUE(ended);
+  EXPECT_FALSE(m.form->isVisible());
+  ASSERT_EQ(m.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(m.dialogues.boxes[0].text.rfind("Talpena cannot start, because no folder", 0), 0U);
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr) << "no hourglass is left";
 }
 
 }  // namespace
