@@ -234,6 +234,10 @@ inline constexpr int SauveAvantFermer = 814;   // "Save before closing?"
 inline constexpr int Sauvegarde = 720;   // "Saving..."
 inline constexpr int Ouverture = 721;    // "Opening..."
 inline constexpr int Suppression = 722;  // "Supressing row(s)..."
+inline constexpr int Patientez = 740;    // "Please wait..."
+inline constexpr int AjouteTant = 741;   // "Add %1 empty lines?"
+inline constexpr int SansPlace = 742;    // "%1 lines do not fit here; there is room for %2 at most."
+inline constexpr int Ajout = 743;        // "Adding lines..."
 
 // Main window.
 inline constexpr int Distribution = 120;  // "Distribution"

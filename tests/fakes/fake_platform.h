@@ -197,8 +197,11 @@ class FakeEnvironment : public Environment {
  public:
   std::map<std::string, std::string> variables;
   std::string cd = "D:\\";
-  std::vector<std::string> dossiers;  ///< folders the process changed to
-  bool changePossible = true;         ///< false: those folders do not exist
+  std::vector<std::string> dossiers;           ///< folders the process changed to
+  bool changePossible = true;                  ///< false: those folders do not exist
+  std::optional<std::int64_t> memoire, place;  ///< bytes that are free
+  std::optional<std::int64_t> MemoireLibre() override { return memoire; }
+  std::optional<std::int64_t> PlaceLibre(const std::string&) override { return place; }
   std::string Variable(std::string_view name) override { return variables[std::string(name)]; }
   std::string DossierTemporaire() override { return variables["TEMP"]; }
   std::string LecteurCD() override { return cd; }

@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "coord_commands/adjust.h"
@@ -27,6 +28,8 @@ class FakeView : public MainWindowView, public WaitView, public StorePort, publi
   std::optional<ColumnRange> colonnes;  ///< columns chosen in the grid
   int colonneCourante = 0;
   bool grilleGelee = false;
+  bool annulable = false;      ///< the user may give up
+  bool abandon = false;        ///< and does
   std::vector<bool> sabliers;  ///< every hourglass and every pointer, in order
 
   /// From now on it shows the document, as the main window does.
@@ -50,6 +53,8 @@ class FakeView : public MainWindowView, public WaitView, public StorePort, publi
   void MontreProgression(double p) override { progression.push_back(static_cast<int>(p)); }
   void TraiteMessages() override { Note("TraiteMessages"); }
   void GeleGrille(bool frozen) override { grilleGelee = frozen; }
+  bool Bat() override { return !(annulable && std::exchange(abandon, false)); }
+  void PermetAnnulation(bool allowed) override { annulable = allowed; }
 
   void MontreOptionsPeriodes() override { ++periodes, Note("MontreOptionsPeriodes"); }
   void RecalculeCoordonnees() override { Note("RecalculeCoordonnees"); }

@@ -8,6 +8,7 @@
 #include "analysis/windows/selection_form.h"
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "shell/windows/attente.h"
 #include "shell/windows/form1.h"
 #include "store/filter.h"
 
@@ -15,7 +16,7 @@ namespace talpena {
 
 void Form1::MnuSelection_Click() {
   actions_.at("MnuSelection")->setChecked(filtered_);  // the click itself turned it over
-  Selection(state_, io_, this).exec();
+  Selection(state_, io_, *attente_, this).exec();
 }
 
 /// Rows came or went, or other ones are shown.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
 #include "store/cell_text.h"
 #include "store/windows/grid_cells.h"
@@ -24,7 +25,10 @@ constexpr int longText = 30;  ///< characters from which a cell tells its whole 
 }  // namespace
 
 GridModel::GridModel(StoreState& state, QObject* parent)
-    : QAbstractTableModel(parent), settings_(state), document_(state.document) {}
+    : QAbstractTableModel(parent),
+      settings_(state),
+      document_(state.document),
+      read_(RememberedRows) {}
 
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : count_; }
 
@@ -40,6 +44,18 @@ void GridModel::PlaceSur(int row) const {
 }
 
 std::string GridModel::Texte(int row, int gridColumn) const {
+  ReadCell& cell = read_[static_cast<std::size_t>(row % RememberedRows)].at(
+      static_cast<std::size_t>(gridColumn));
+  if (!fixed_) {
+    cell = {row, LitTexte(row, gridColumn)};
+  } else if (cell.row != row) {
+    lacking_ = true;
+    return {};
+  }
+  return cell.text;
+}
+
+std::string GridModel::LitTexte(int row, int gridColumn) const {
   const int field = gridColumn + Column::FirstInGrid;
   try {
     PlaceSur(row);
@@ -105,8 +121,14 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
   }
 }
 
+void GridModel::RelitManquants() {
+  if (!std::exchange(lacking_, false) || count_ == 0) return;
+  Q_EMIT dataChanged(index(0, 0), index(count_ - 1, Column::GridCount - 1), {Qt::DisplayRole});
+}
+
 void GridModel::Recharge() {
   beginResetModel();
+  read_.assign(RememberedRows, {});
   rows_ = document_.Data1.EstLie() ? document_.Data1.Clone() : nullptr;
   placedOn_ = -1;
   const std::int64_t count = rows_ ? rows_->RecordCount() : 0;

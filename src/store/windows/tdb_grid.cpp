@@ -141,6 +141,10 @@ void TDBGrid::InitTDBgrid() {
   AppliqueLargeurs();
 }
 
+void TDBGrid::Fige(bool fixed) { model_->Fige(fixed); }
+
+void TDBGrid::RelitManquants() { model_->RelitManquants(); }
+
 void TDBGrid::AppliqueCouleurs() { ChangeFond(state_.CouleurFondGrille); }
 
 void TDBGrid::ChangeFond(std::uint32_t stored) {
