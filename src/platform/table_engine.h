@@ -180,6 +180,9 @@ class Recordset {
   /// value changes no row. The cursor does not move. Returns the number of rows changed.
   virtual std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
                                      const Progress& avance) = 0;
+  /// The same for one field of the rows in which it holds `before`, as `=` compares it.
+  virtual std::int64_t RemplaceValeur(int field, const Cell& before, const Cell& value,
+                                      const Progress& avance) = 0;
   /// Deletes the current row; the cursor then stands on no row until it is moved (MoveNext goes
   /// to the row behind the deleted one).
   virtual void Delete() = 0;

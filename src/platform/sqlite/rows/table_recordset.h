@@ -50,6 +50,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   void Delete() override;
   std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
                              const Progress& avance) override;
+  std::int64_t RemplaceValeur(int field, const Cell& before, const Cell& value,
+                              const Progress& avance) override;
   std::int64_t SupprimeLignes(std::span<const Bookmark> rows) override;
   void LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
                   const NumberVisitor& visit) override;
@@ -88,6 +90,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   void Insere();
   void Modifie();
   void ExecuteSuppression(std::span<const RowKey> keys);
+  std::int64_t Remplit(std::span<const int> fields, std::span<const Cell> values,
+                       const Cell* before, const Progress& avance);
   void VerifieChampsEcrits(std::span<const int> fields) const;
   std::optional<std::pair<std::int64_t, std::int64_t>> EtendueDeToutes();
   void ReprendLignes(std::span<const RowPlace> places);
