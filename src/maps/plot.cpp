@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "maps/projection.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/table.h"
 
@@ -34,6 +35,7 @@ struct Points {
 
 void Trace(MapContext c, MapSink& sink) {
   const std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
+  const Busy busy(c.attente);
   Points points;
   c.state.document.Data1.recordset().LitNombres(std::array{Column::LATITUDE, Column::LONGITUDE},
                                                 chosen.empty() ? nullptr : &chosen,

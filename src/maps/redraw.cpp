@@ -56,6 +56,7 @@ void TraceLignes(MapContext c, CanvasSink& surface) {
 }
 
 void RedrawMap(MapContext c) {
+  const Busy busy(c.attente);
   ScreenSink ecran(c);
   c.canvas.Cls();
   TraceLignes(c, ecran);
@@ -72,6 +73,7 @@ void AfficheTLP(MapContext c, CanvasSink& surface, const std::string& path) {
     if (!plot.Garde(record)) continue;
     for (auto points = file.Points(); !points.empty(); points = file.Points()) {
       plot.Trace(record, points);
+      c.attente.Bat();
     }
   }
 }

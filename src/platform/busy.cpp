@@ -2,13 +2,18 @@
 
 #include <utility>
 
+#include "common/talpena_error.h"
+
 namespace talpena {
 
-Busy::Busy(WaitView& attente) : attente_(attente) { attente_.ChangeSablier(true); }
+Busy::Busy(WaitView& attente) : attente_(attente) {
+  if (attente_.works_++ == 0) attente_.ChangeSablier(true);
+}
 
 Busy::~Busy() {
   FermeFenetres();
-  attente_.ChangeSablier(false);
+  if (cancelable_) attente_.PermetAnnulation(Annulation::Aucune);
+  if (--attente_.works_ == 0) attente_.ChangeSablier(false);
   if (frozen_) attente_.GeleGrille(false);
 }
 
@@ -27,6 +32,12 @@ Busy& Busy::Barre() {
 Busy& Busy::GrilleGelee() {
   frozen_ = true;
   attente_.GeleGrille(true);
+  return *this;
+}
+
+Busy& Busy::Annulable(Annulation where) {
+  cancelable_ = true;
+  attente_.PermetAnnulation(where);
   return *this;
 }
 
@@ -50,6 +61,11 @@ void Busy::Avance(std::int64_t done, std::int64_t total) {
 void Busy::Respire() {
   attente_.ChangeSablier(true);
   attente_.TraiteMessages();
+}
+
+void Busy::Bat() {
+  if (!attente_.Bat() || attente_.EstAbandonne())
+    throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
 }
 
 }  // namespace talpena

@@ -1,5 +1,7 @@
 // Clock, environment and sound of the machine.
 #pragma once
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -37,6 +39,11 @@ class Environment {
   /// Root of the first CD drive, "D:\" when there is none.
   virtual std::string LecteurCD() = 0;
   virtual bool ChangeDossier(const std::string& folder) = 0;  ///< false when it cannot
+  // Bytes that are free; empty when the machine does not tell.
+  virtual std::optional<std::int64_t> MemoireLibre() { return std::nullopt; }
+  virtual std::optional<std::int64_t> PlaceLibre([[maybe_unused]] const std::string& folder) {
+    return std::nullopt;
+  }
 };
 
 class Sound {

@@ -222,6 +222,11 @@ class RowSource {
   virtual bool Suivante(std::span<Cell> cells) = 0;
 };
 
+/// The beat of long work, called many times a second from inside a statement. It must not come back
+/// to the database. False ends the statement with the failure Cancelled, and with it the
+/// transaction that it changed rows in.
+using WorkBeat = std::function<bool()>;
+
 /// Told how many rows of a maker's table were taken over, of how many (-1 when that is not known).
 /// What it throws ends the taking over.
 using ImportProgress = std::function<void(std::int64_t done, std::int64_t total)>;
@@ -249,6 +254,9 @@ class Database {
   /// Who is told how far it came when a long table of another maker is taken over (a table is, when
   /// a statement first names it). A table that was broken off is taken over anew the next time.
   virtual void SuitImport(ImportProgress progress) = 0;
+
+  /// Who is told while statements of this database are at work; nobody by an empty function.
+  virtual void SuitTravail(WorkBeat beat) { static_cast<void>(beat); }
 
   /// `source` is a table's name or a SELECT of the dialect that docs/table-engine.md describes.
   virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view source) = 0;

@@ -41,7 +41,9 @@ void SupprimeBaseAncienne(Load& l) {
 }
 
 void CreeBase(Load& l) {
-  l.c.document().WorkingDb = l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, NewDatabase{});
+  auto& database = l.c.document().WorkingDb;
+  database = l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, NewDatabase{});
+  database->SuitTravail([&attente = l.c.attente] { return attente.Bat(); });
 }
 
 void CreeTable(Load& l) { CreateTable(l.c.document().Base()); }

@@ -31,9 +31,9 @@ void EcritDeg(CommandContext c, const std::string& fileName, WriteMode mode, con
   SaveFile file(document.Fichier, c.state, c.io, fileName, plan);
   SaveQuestions sink(c.state, c.io, c.attente, file);
   try {
+    Busy busy(c.attente);
     const std::unique_ptr<Recordset> rows = PrendLignes(document, sink, mode);
     if (!rows) return;
-    Busy busy(c.attente);
     sink.Tente([&] { busy.Message(Texte(c.state.Langue, MsgId::Sauvegarde) + "\n" + fileName); });
     sink.TenteJusquaReussite([&] { file.Ouvre(); });
     EcritEnTete(document.Entete(), c.io.clock.AnneeCourante(), sink);

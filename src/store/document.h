@@ -55,6 +55,7 @@ struct FileOnDisk {
   /// Path that a save of this process left cut short or missing; its .BAK is the last whole state.
   std::string FichierIncomplet;
   bool LignesHorsFichier = false;  ///< the last save left out rows that a filter hid
+  bool FinsLf = false;             ///< its lines seem to end in LF alone: they make one row
   bool LecturePartielle = false;   ///< reading NomFichier failed: the table holds only part of it
 };
 

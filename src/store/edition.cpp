@@ -119,13 +119,15 @@ Bookmark Edition::AjouteLigne(const Remplissage& remplit) {
   return rows.LastModified();
 }
 
-Bookmark Edition::AjouteLignesVides(std::int64_t count) {
+Bookmark Edition::AjouteLignesVides(std::int64_t count, const Recordset::Progress& avance) {
+  constexpr std::int64_t step = 1000;
   std::optional<Transaction> own;
   if (!transaction_) own.emplace(document_.Base());
   Recordset& rows = Curseur();
   for (std::int64_t i = 0; i < count; ++i) {
     rows.AddNew();
     rows.Update();
+    if (avance && (i + 1) % step == 0) avance(i + 1, count);
   }
   if (own) own->Valide();
   if (count > 0) Note(Aspect::Rows);

@@ -35,8 +35,9 @@ class Edition {
   // on. An added row stands at the end of the rows on show, whatever their order and condition.
 
   Bookmark AjouteLigne(const Remplissage& remplit = {});
-  /// Empty rows, in one transaction. The bookmark of the last.
-  Bookmark AjouteLignesVides(std::int64_t count);
+  /// Empty rows, in one transaction; `avance` is told now and then how far it came. The bookmark of
+  /// the last.
+  Bookmark AjouteLignesVides(std::int64_t count, const Recordset::Progress& avance = {});
   /// The row on which a cursor stands.
   void ModifieLigne(Recordset& rows, const Remplissage& remplit);
   std::int64_t ModifieLignes(const RowPass& pass, RowChange& change);

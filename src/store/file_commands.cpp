@@ -172,6 +172,15 @@ void MnuOuvrir_Click(CommandContext c) {
   });
 }
 
+void RouvreEnLf(CommandContext c) {
+  Commande(c, [&] {
+    if (!c.document().Fichier.FinsLf || CheckSauvegarde(c)) return;
+    const std::string path = c.document().Fichier.NomFichier;
+    LitDeg(c, path, MergeMode::Replace, DegLines::LineEnd::CrOrLf);
+    c.document().ActiveMenus();
+  });
+}
+
 void MnuEnregistrer_Click(CommandContext c) {
   Commande(c, [&] {
     if (!c.document().Fichier.NomFichier.empty()) {

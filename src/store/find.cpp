@@ -27,7 +27,8 @@ template <typename Find>
 void Trouve(CommandContext c, const std::string& x, Find find) {
   bool found = false;
   if (c.document().Data1.EstLie()) {
-    const Busy busy(c.attente);
+    Busy busy(c.attente);
+    busy.Annulable();
     found = find(c.document().Data1.recordset());
   }
   if (found) {

@@ -5,6 +5,8 @@
 #include "store/edition.h"
 #include "store/file_commands.h"
 #include "store/free_fields.h"
+#include "store/row_commands.h"
+#include "store/row_room.h"
 
 namespace talpena {
 namespace {
@@ -50,9 +52,10 @@ void ChoisitChampsLibres(CommandContext c, DistributionHeader& entete) {
 }
 
 /// Empty rows, and the last of them becomes the current one.
-void AjouteLignesVides(Document& document, Edition& edition, std::int32_t lines) {
+void PoseLignesVides(CommandContext c, Edition& edition, std::int32_t lines) {
+  Document& document = c.document();
   document.Relie(RowsShown::Table());
-  edition.AjouteLignesVides(lines);
+  AjouteLignesVides(c, edition, lines);
   document.Data1.Refresh();
   document.Data1.recordset().MoveLast();
   document.Data1.SignalePosition();
@@ -76,7 +79,7 @@ class NewInProgress {
 
 void CreationNouveau(CommandContext c, std::int32_t lines) {
   if (lines <= 0) lines = DemandeNombreLignes(c);
-  if (lines == 0) return;
+  if (lines == 0 || !AccepteLignesVides(c, lines, 0)) return;
   if (CheckSauvegarde(c)) return;
   Document& document = c.document();
   document.OublieModifications();
@@ -90,7 +93,7 @@ void CreationNouveau(CommandContext c, std::int32_t lines) {
     edition.VideTable();
     document.AjusteGrille();
     ChoisitChampsLibres(c, edition.Entete());
-    AjouteLignesVides(document, edition, lines);
+    PoseLignesVides(c, edition, lines);
     edition.Entete().BoxTitre.clear();
     edition.Valide();
   }

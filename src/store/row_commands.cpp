@@ -7,6 +7,8 @@
 #include "platform/commands.h"
 #include "store/duplicate_row.h"
 #include "store/edition.h"
+#include "store/filter.h"
+#include "store/row_room.h"
 
 namespace talpena {
 namespace {
@@ -23,12 +25,10 @@ void AjouteLignes(CommandContext c) {
       c.io.dialogues.Saisie({.prompt = Texte(c.state.Langue, MsgId::LignesAAjouter), .text = "1"});
   const std::int32_t count = Arrondi32(Val(answer));
   if (count <= 0) return;
+  if (!AccepteLignesVides(c, count, CompteLignes(c.document()).toutes)) return;
   LieTable(c.document());
   Edition edition(c.document(), "Add lines");
-  const Bookmark last = [&] {
-    const Busy busy(c.attente);
-    return edition.AjouteLignesVides(count);
-  }();
+  const Bookmark last = AjouteLignesVides(c, edition, count);
   MontreLigneAjoutee(c, edition, last);
 }
 
@@ -74,6 +74,16 @@ void LieTable(Document& document) {
   if (document.Data1.EstLie()) return;
   document.RelieSqlCourant();
   document.AjusteGrille();
+}
+
+Bookmark AjouteLignesVides(CommandContext c, Edition& edition, std::int64_t count) {
+  Busy busy(c.attente);
+  busy.Annulable();
+  if (count > BeaucoupDeLignes) busy.Message(Texte(c.state.Langue, MsgId::Ajout)).Barre();
+  return edition.AjouteLignesVides(count, [&](std::int64_t done, std::int64_t total) {
+    if (total > BeaucoupDeLignes) busy.Avance(done, total);
+    busy.Bat();
+  });
 }
 
 void cmdFirstLast_Click(CommandContext c, int index) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "store/command_context.h"
+#include "store/edition.h"
 
 namespace talpena {
 
@@ -20,6 +21,10 @@ void mnuDuplic_Click(CommandContext c);
 /// Deletes the rows chosen in the grid, once the user has agreed. The position stays, or becomes
 /// that of the last row where fewer are left.
 void MnuSupprimer_Click(CommandContext c);
+
+/// Empty rows under the hourglass; many of them with a bar. The user may give up: then no row was
+/// added. The bookmark of the last.
+Bookmark AjouteLignesVides(CommandContext c, Edition& edition, std::int64_t count);
 
 /// Binds the table when no file has bound it yet: rows are about to be added.
 void LieTable(Document& document);

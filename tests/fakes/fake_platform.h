@@ -202,6 +202,9 @@ class FakeEnvironment : public Environment {
   std::vector<std::string> dossiers;               ///< folders the process changed to
   bool changePossible = true;                      ///< false: those folders do not exist
   std::string prive = "/home/ann/.cache/Talpena";  ///< "": it cannot be made
+  std::optional<std::int64_t> memoire, place;      ///< bytes that are free
+  std::optional<std::int64_t> MemoireLibre() override { return memoire; }
+  std::optional<std::int64_t> PlaceLibre(const std::string&) override { return place; }
   std::string Variable(std::string_view name) override { return variables[std::string(name)]; }
   std::string DossierTemporaire() override { return variables["TEMP"]; }
   std::string DossierPrive() override {

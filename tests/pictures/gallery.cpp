@@ -23,9 +23,15 @@ namespace talpena {
 namespace {
 
 std::unique_ptr<QWidget> CreeAttente(const GalleryContext& c) {
-  auto message = std::make_unique<frmMessage>();
+  auto message = std::make_unique<frmMessage>(c.state);
   message->Affiche(QString::fromStdString(Texte(c.state.Langue, MsgId::Ouverture) + " " +
                                           c.state.document.Fichier.NomFichier));
+  return message;
+}
+
+std::unique_ptr<QWidget> CreeAttenteAnnulable(const GalleryContext& c) {
+  auto message = std::make_unique<frmMessage>(c.state, nullptr, frmMessage::Bouton::Annuler);
+  message->Affiche(QString::fromStdString(Texte(c.state.Langue, MsgId::Patientez)));
   return message;
 }
 
@@ -73,10 +79,11 @@ constexpr std::array windows = {
     GalleryWindow{"map", CreeCarte},
     GalleryWindow{"map-options", CreeOptionsCarte},
     GalleryWindow{"message", CreeAttente},
-    GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io); }},
+    GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io, c.attente); }},
     GalleryWindow{"preferences", [](Context c) -> Window { return std::make_unique<Prefer>(c.Commandes()); }},
     GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.Commandes()); }},
-    GalleryWindow{"selection", [](Context c) -> Window { return std::make_unique<Selection>(c.state, c.io); }},
+    GalleryWindow{"selection", [](Context c) -> Window { return std::make_unique<Selection>(c.state, c.io, c.attente); }},
+    GalleryWindow{"wait-cancel", CreeAttenteAnnulable},
     GalleryWindow{"splash",  [](Context c) -> Window { return std::make_unique<Start>(c.state); }},
 };
 // clang-format on

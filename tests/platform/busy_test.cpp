@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "common/numbers.h"
+#include "common/talpena_error.h"
 
 namespace talpena {
 namespace {
@@ -23,6 +24,11 @@ class ListedView : public WaitView {
   }
   void TraiteMessages() override { calls.emplace_back("painted"); }
   void GeleGrille(bool on) override { calls.emplace_back(on ? "frozen" : "thawed"); }
+  bool EstAbandonne() override { return cancelled; }
+  void PermetAnnulation(Annulation where) override {
+    calls.emplace_back(where == Annulation::Aucune ? "for good" : "cancelable");
+  }
+  bool cancelled = false;
 };
 
 using Calls = std::vector<std::string>;
@@ -77,6 +83,28 @@ TEST(Busy, MovesTheBarAtEachPercentAndPaintsAtEachTenth) {
   EXPECT_EQ(view.calls[view.calls.size() - 2], "100");
   busy.FermeFenetres();
   EXPECT_EQ(view.calls[view.calls.size() - 2], "0") << "the bar is empty when it comes again";
+}
+
+TEST(Busy, WithinAnotherLeavesItsHourglass) {
+  ListedView view;
+  {
+    const Busy outer(view);
+    { const Busy inner(view); }
+    EXPECT_EQ(view.calls, (Calls{"hourglass"}));
+  }
+  EXPECT_EQ(view.calls, (Calls{"hourglass", "pointer"}));
+}
+
+TEST(Busy, LetsTheUserGiveUpForAsLongAsItLives) {
+  ListedView view;
+  {
+    Busy busy(view);
+    busy.Annulable();
+    EXPECT_NO_THROW(busy.Bat());
+    view.cancelled = true;
+    EXPECT_THROW(busy.Bat(), TalpenaError);
+  }
+  EXPECT_EQ(view.calls, (Calls{"hourglass", "cancelable", "for good", "pointer"}));
 }
 
 TEST(Busy, NothingToDoIsDone) {

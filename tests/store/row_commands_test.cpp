@@ -84,6 +84,58 @@ TEST_F(AddLines, AreSeenThroughAFilterThatTheyDoNotMeet) {
   EXPECT_EQ(Lignes().size(), 7U);
 }
 
+TEST_F(AddLines, AboveAHundredThousandTheirNumberIsAskedFor) {
+  Ouvre();
+  dialogues.answers = {Answer::No};
+  Ajoute("100001");
+  EXPECT_EQ(Boites(), (Strings{"Add 100,001 empty lines?"}));
+  EXPECT_EQ(Rows().RecordCount(), 5);
+  EXPECT_FALSE(state.document.FichierModifie());
+}
+
+TEST_F(AddLines, ManyHaveABarAndAreAddedAllTheSame) {
+  Ouvre();
+  dialogues.answers = {Answer::Yes};
+  Ajoute("100001");
+  EXPECT_EQ(Rows().RecordCount(), 100006);
+  EXPECT_EQ(Rows().AbsolutePosition(), 100005);
+  EXPECT_GT(vue.progression.size(), 90U);
+  EXPECT_FALSE(vue.barre);
+}
+
+TEST_F(AddLines, MoreThanTheWindowCanShowAreRefusedBeforeAnythingIsDone) {
+  Ouvre();
+  Ajoute("99999999");
+  EXPECT_EQ(Boites(),
+            (Strings{"99,999,999 lines do not fit here; there is room for 49,999,995 at most."}));
+  EXPECT_EQ(Rows().RecordCount(), 5);
+}
+
+TEST_F(AddLines, MoreThanMemoryOrDiskHoldAreRefusedBeforeAnythingIsDone) {
+  Ouvre();
+  environment.memoire = 64 * 900;
+  Ajoute("1000");
+  environment.place = 64 * 10;
+  Ajoute("11");
+  EXPECT_EQ(Boites(), (Strings{"1,000 lines do not fit here; there is room for 900 at most.",
+                               "11 lines do not fit here; there is room for 10 at most."}));
+  Ajoute("10");
+  EXPECT_EQ(Rows().RecordCount(), 15);
+}
+
+TEST_F(AddLines, ThatAreGivenUpLeaveTheTableAsItWas) {
+  Ouvre();
+  NoteChangements();
+  state.document.WorkingDb->SuitTravail([this] { return vue.Bat(); });
+  vue.abandonDans = 3;
+  Ajoute("50000");
+  EXPECT_EQ(N1(), (Numbers{1, 2, 3, 4, 5}));
+  EXPECT_FALSE(state.document.FichierModifie());
+  EXPECT_TRUE(dialogues.boxes.empty());
+  EXPECT_TRUE(changes.empty());
+  EXPECT_FALSE(state.document.WorkingDb->EnTransaction());
+}
+
 TEST_F(AddLines, ANumberTooLargeIsShown) {
   Ouvre();
   Ajoute("1E20");

@@ -14,25 +14,12 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "platform/busy.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"
 
 namespace talpena {
 namespace {
-
-/// The hourglass while all rows are gone through; a box that asks lays it aside.
-class Sablier {
- public:
-  Sablier() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  Sablier(const Sablier&) = delete;
-  Sablier& operator=(const Sablier&) = delete;
-  ~Sablier() { QApplication::restoreOverrideCursor(); }
-};
-
-PeriodsOutcome ValideSousSablier(StoreState& state, Platform& io, PeriodsForm& form) {
-  const Sablier sablier;
-  return ValidePeriodes(state, io, form);
-}
 
 /// One page of FramePivot: labels with their boxes.
 QWidget* Page(QWidget* parent, std::initializer_list<std::pair<QLabel*, QLineEdit*>> rows) {
@@ -47,8 +34,9 @@ QWidget* Page(QWidget* parent, std::initializer_list<std::pair<QLabel*, QLineEdi
 
 }  // namespace
 
-frmOptionsPeriodes::frmOptionsPeriodes(StoreState& state, Platform& io, QWidget* parent)
-    : QDialog(parent), state_(state), io_(io) {
+frmOptionsPeriodes::frmOptionsPeriodes(StoreState& state, Platform& io, WaitView& attente,
+                                       QWidget* parent)
+    : QDialog(parent), state_(state), io_(io), attente_(attente) {
   setObjectName("frmOptionsPeriodes");
   for (std::size_t i = 0; i < OptionPivot.size(); ++i) {
     OptionPivot[i] = Nomme(new QRadioButton(this), QString("OptionPivot_%1").arg(i));
@@ -143,13 +131,19 @@ void frmOptionsPeriodes::Command1_Click(int index) {
     return;
   }
   PeriodsForm form = Lit();
-  const PeriodsOutcome outcome = ValideSousSablier(state_, io_, form);
+  const PeriodsOutcome outcome = Valide(form);
   if (outcome.ferme) {
     accept();
     return;
   }
   Montre(form);
   PlaceFocus(outcome.focus);
+}
+
+/// All rows may be gone through; a box that asks lays the hourglass aside.
+PeriodsOutcome frmOptionsPeriodes::Valide(PeriodsForm& form) {
+  const Busy busy(attente_);
+  return ValidePeriodes(state_, io_, form);
 }
 
 void frmOptionsPeriodes::Montre(const PeriodsForm& form) {

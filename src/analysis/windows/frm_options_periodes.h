@@ -5,6 +5,7 @@
 
 #include "analysis/periods.h"
 #include "platform/platform.h"
+#include "platform/wait_view.h"
 #include "store/state.h"
 
 class QFrame;
@@ -21,7 +22,7 @@ class frmOptionsPeriodes : public QDialog {
   Q_OBJECT
 
  public:
-  frmOptionsPeriodes(StoreState& state, Platform& io, QWidget* parent = nullptr);
+  frmOptionsPeriodes(StoreState& state, Platform& io, WaitView& attente, QWidget* parent = nullptr);
 
   /// Captions in the current language.
   void AppliqueLangue();
@@ -38,11 +39,13 @@ class frmOptionsPeriodes : public QDialog {
   void Command1_Click(int index);
 
   void Montre(const PeriodsForm& form);
+  PeriodsOutcome Valide(PeriodsForm& form);
   PeriodsForm Lit() const;
   void PlaceFocus(PeriodsFocus focus);
 
   StoreState& state_;
   Platform& io_;
+  WaitView& attente_;
 
   std::array<QRadioButton*, 3> OptionPivot;
   QFrame* FramePivot;

@@ -14,6 +14,7 @@
 #include "analysis/windows/condition_edit.h"
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 #include "platform/qt/mnemonics.h"
 
@@ -44,8 +45,8 @@ Widget* Cree(QWidget* parent, const QString& name) {
 
 }  // namespace
 
-Selection::Selection(StoreState& state, Platform& io, QWidget* parent)
-    : QDialog(parent), state_(state), io_(io) {
+Selection::Selection(StoreState& state, Platform& io, WaitView& attente, QWidget* parent)
+    : QDialog(parent), state_(state), io_(io), attente_(attente) {
   setObjectName("Selection");
   setModal(true);
   Construit();
@@ -164,7 +165,11 @@ void Selection::CmdSelect_Click(int index) {
   if (index == 1) return reject();
   const SelectionForm form{OptSelect[1]->isChecked() ? 1 : 0, TxtSelect->text().toStdString()};
   bool done = false;
-  ExecuteCommande(state_, io_, {}, [&] { done = ValideSelection(state_, io_, form); });
+  ExecuteCommande(state_, io_, {}, [&] {
+    Busy busy(attente_);
+    busy.Annulable();
+    done = ValideSelection(state_, io_, form);
+  });
   if (done) {
     if (form.OptSelect == 1)
       ExecuteCommande(state_, io_, {}, [&] { RetientCondition(io_.settings, form.TxtSelect); });

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "analysis/selection.h"
+#include "platform/wait_view.h"
 
 class QLabel;
 class QLineEdit;
@@ -21,7 +22,7 @@ class Selection : public QDialog {
   Q_OBJECT
 
  public:
-  Selection(StoreState& state, Platform& io, QWidget* parent = nullptr);
+  Selection(StoreState& state, Platform& io, WaitView& attente, QWidget* parent = nullptr);
 
   /// Captions in the current language; what was typed stays.
   void AppliqueLangue();
@@ -40,6 +41,7 @@ class Selection : public QDialog {
 
   StoreState& state_;
   Platform& io_;
+  WaitView& attente_;
 
   std::array<QRadioButton*, 2> OptSelect{};
   ConditionEdit* condition_ = nullptr;

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QDate>
 #include <QDir>
+#include <QFile>
+#include <QStorageInfo>
 #include <QTime>
 
 #include "common/paths.h"
@@ -53,6 +55,22 @@ std::string QtEnvironment::LecteurCD() {
 
 bool QtEnvironment::ChangeDossier(const std::string& folder) {
   return QDir::setCurrent(QString::fromStdString(RendNatif(folder)));
+}
+
+// What the kernel could free at once counts as free: it tells that number in one place only.
+std::optional<std::int64_t> QtEnvironment::MemoireLibre() {
+  QFile file(QStringLiteral("/proc/meminfo"));
+  if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+  for (const QByteArray& line : file.readAll().split('\n')) {
+    if (!line.startsWith("MemAvailable:")) continue;
+    return line.simplified().split(' ').value(1).toLongLong() * 1024;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::int64_t> QtEnvironment::PlaceLibre(const std::string& folder) {
+  const QStorageInfo disk(QString::fromStdString(RendNatif(folder)));
+  return disk.isValid() ? std::optional<std::int64_t>(disk.bytesAvailable()) : std::nullopt;
 }
 
 void QtSound::Bip() { QApplication::beep(); }

@@ -19,6 +19,8 @@ class QtEnvironment : public Environment {
   std::string DossierPrive() override;
   std::string LecteurCD() override;
   bool ChangeDossier(const std::string& folder) override;
+  std::optional<std::int64_t> MemoireLibre() override;
+  std::optional<std::int64_t> PlaceLibre(const std::string& folder) override;
 };
 
 class QtSound : public Sound {

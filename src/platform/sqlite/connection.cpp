@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/sqlite/dialect/functions.h"
 #include "platform/sqlite/private_file.h"
@@ -16,6 +17,10 @@ namespace {
 std::string_view Vue(const void* data, int size) {
   return {static_cast<const char*>(data), static_cast<std::size_t>(size)};
 }
+
+/// Instructions of a statement from beat to beat: few, since one of them may be a whole match of a
+/// pattern, and many enough for the beats to cost nothing.
+constexpr int InstructionsParBattement = 200;
 
 bool EstInterne(const char* table) {
   return table != nullptr && std::string_view(table).starts_with("sqlite_");
@@ -113,6 +118,19 @@ TalpenaError Connection::Erreur(int resultCode) {
     return error;
   }
   return ErreurSqlite(db_.get(), resultCode);
+}
+
+void Connection::SuitTravail(std::function<bool()> beat) {
+  beat_ = std::move(beat);
+  sqlite3_progress_handler(db_.get(), InstructionsParBattement, beat_ ? Bat : nullptr, this);
+}
+
+int Connection::Bat(void* self) {
+  try {
+    return static_cast<Connection*>(self)->beat_() ? 0 : 1;
+  } catch (...) {  // nothing may be thrown through the library
+    return 0;
+  }
 }
 
 void Connection::Debut() {

@@ -1,6 +1,7 @@
 // One SQLite connection with the engine's comparison, functions and guards.
 #pragma once
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -57,6 +58,9 @@ class Connection {
   [[noreturn]] void Echoue(int resultCode) { throw Erreur(resultCode); }
   void LaisseErreur(const TalpenaError& error) { pending_.emplace(error); }
 
+  /// Who is told while statements are at work, of any kind; what it throws is not passed on.
+  void SuitTravail(std::function<bool()> beat);
+
   // One level of transaction.
   void Debut();
   void Valide();
@@ -93,6 +97,7 @@ class Connection {
   void RetientCle(const TableState& table);
   static int Autorise(void* self, int action, const char* a, const char* b, const char* database,
                       const char* trigger);
+  static int Bat(void* self);
   static int Compare(void* self, int sizeA, const void* a, int sizeB, const void* b);
   static void Note(void* self, int operation, const char* database, const char* table,
                    sqlite3_int64 key);
@@ -103,6 +108,7 @@ class Connection {
   std::vector<std::shared_ptr<TableState>> tables_;
   std::vector<RunningReader*> readers_;
   std::vector<std::int32_t>* deleted_ = nullptr;
+  std::function<bool()> beat_;
   Access access_ = Access::Engine;
   bool writes_ = false;
   bool strict_ = false;

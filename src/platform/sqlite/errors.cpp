@@ -15,6 +15,7 @@ struct ResultCode {
 
 // clang-format off
 constexpr ResultCode resultCodes[] = {
+    {SQLITE_INTERRUPT, ErrorNumber::Cancelled,         "Cancel was selected."},
     {SQLITE_FULL,     ErrorNumber::DiskFull,           "Disk full."},
     {SQLITE_IOERR,    ErrorNumber::DeviceFault,        "Device I/O error: the database file cannot be read or written."},
     {SQLITE_READONLY, ErrorNumber::ReadOnly,           "Cannot update. Database or object is read-only."},

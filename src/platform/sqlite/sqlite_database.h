@@ -2,6 +2,7 @@
 #pragma once
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/sqlite/columns.h"
@@ -25,6 +26,7 @@ class SqliteDatabase : public Database {
   std::vector<QueryDef> Queries() override { return {}; }
   QueryDef Query(std::string_view name) override;
   void SuitImport(ImportProgress) override {}  // the rows are here
+  void SuitTravail(WorkBeat beat) override { connection_->SuitTravail(std::move(beat)); }
   std::unique_ptr<Recordset> OpenRecordset(std::string_view source) override;
   std::int64_t Execute(std::string_view statement) override;
   std::int64_t InsertRows(std::string_view table, std::span<const std::string_view> columns,

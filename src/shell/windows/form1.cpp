@@ -6,7 +6,6 @@
 #include <QLayout>
 #include <QLineEdit>
 #include <QPointer>
-#include <QProgressBar>
 #include <QRadioButton>
 #include <QScreen>
 #include <QStackedLayout>
@@ -15,7 +14,7 @@
 
 #include "platform/qt/colours.h"
 #include "platform/qt/window_place.h"
-#include "shell/windows/frm_message.h"
+#include "shell/windows/attente.h"
 #include "shell/windows/help_desk.h"
 #include "store/cell_text.h"
 #include "store/windows/tdb_grid.h"
@@ -36,15 +35,21 @@ Form1::Form1(ProcessState& state, Platform& io, QWidget* parent)
   ConstruitBarreEtat();
   OrdonneTabulation();
   ChargeIcones();
-  frmMessage_ = new frmMessage(this);
+  ConstruitAttente();
   aide_ = std::make_unique<HelpDesk>(state_, io_);
   ActiveControles();
   Relie();
   observed_ = state_.document.Observe([this](Changes changes) { SuitDocument(changes); });
 }
 
-// The base class moves the focus while it goes: nobody is to be told any more.
-Form1::~Form1() { disconnect(qApp, nullptr, this, nullptr); }
+// The base class moves the focus while it goes: nobody is to be told any more. The working database
+// outlives the window that shows it at work.
+Form1::~Form1() {
+  disconnect(qApp, nullptr, this, nullptr);
+  if (state_.document.WorkingDb) state_.document.WorkingDb->SuitTravail({});
+}
+
+ShellContext Form1::Contexte() { return {state_, io_, *this, *attente_, *this, *this}; }
 
 void Form1::SuitDocument(Changes changes) {
   const Document& document = state_.document;
@@ -125,38 +130,6 @@ void Form1::ActiveOutils() {
 }
 
 void Form1::PlaceFocusGrille() { TDBGrid1->setFocus(); }
-
-void Form1::AfficheMessage(const std::string& text) {
-  frmMessage_->Affiche(QString::fromStdString(text));
-  TraiteMessages();
-}
-
-void Form1::FermeMessage() { frmMessage_->hide(); }
-
-void Form1::ChangeSablier(bool hourglass) {
-  if (hourglass == hourglass_) return;
-  hourglass_ = hourglass;
-  if (hourglass) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-  } else {
-    QApplication::restoreOverrideCursor();
-  }
-}
-
-void Form1::MontreBarre(bool visible) {
-  ProgressBar1->setValue(0);
-  ProgressBar1->setVisible(visible);
-}
-
-void Form1::MontreProgression(double percent) {
-  ProgressBar1->setValue(static_cast<int>(std::clamp(percent, 0.0, 100.0)));
-  ProgressBar1->repaint();
-}
-
-// Keys and clicks wait until the command has ended: it has the rows to itself.
-void Form1::TraiteMessages() {
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-}
 
 void Form1::AffichePosition() {
   panels_[0]->setText(QString::fromStdString(TextePosition(state_.document.Data1)));

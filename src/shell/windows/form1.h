@@ -32,17 +32,16 @@ class QToolButton;
 
 namespace talpena {
 
+class Attente;
 class EditForm;
 class HelpDesk;
 class TDBGrid;
 class frmCarte;
-class frmMessage;
 
 /// Menu bar, tool buttons, title lines, the grid and the status bar. What its controls do are
 /// procedures of the logic; every one of them runs inside Commande.
 class Form1 : public QMainWindow,
               public MainWindowView,
-              public WaitView,
               public StorePort,
               public AdjustDialogs,
               public ShellView {
@@ -57,7 +56,7 @@ class Form1 : public QMainWindow,
   bool Charge(const std::string& commandLine);
   /// The splash that FermeSplash closes.
   void ChangeSplash(QWidget* splash) { splash_ = splash; }
-  ShellContext Contexte() { return {state_, io_, *this, *this, *this, *this}; }
+  ShellContext Contexte();
   CommandContext Commandes() { return Contexte().Commandes(); }
 
   /// Runs a command under the common handler, with what is typed in the grid stored before. A
@@ -85,15 +84,6 @@ class Form1 : public QMainWindow,
   void SelectionneColonnes(ColumnRange columns) override;
   int ColonneCourante() override;
   void PlaceFocusGrille() override;
-
-  // WaitView
-  void AfficheMessage(const std::string& text) override;
-  void FermeMessage() override;
-  void ChangeSablier(bool hourglass) override;
-  void MontreBarre(bool visible) override;
-  void MontreProgression(double percent) override;
-  void TraiteMessages() override;
-  void GeleGrille(bool frozen) override;
 
   // StorePort
   void MontreOptionsPeriodes() override;
@@ -133,6 +123,7 @@ class Form1 : public QMainWindow,
   void ConstruitTitres();
   void ConstruitCentre();
   void ConstruitBarreEtat();
+  void ConstruitAttente();
   void OrdonneTabulation();
   void ChargeIcones();
   void Relie();
@@ -164,6 +155,7 @@ class Form1 : public QMainWindow,
   void AffichePosition();
   void SuitLignes();
   void AfficheFiltre();
+  void OffreFinsLf();
   void AfficheTri();
 
   ProcessState& state_;
@@ -171,7 +163,6 @@ class Form1 : public QMainWindow,
   QWidget* splash_ = nullptr;
   MenuState etat_;                                 ///< what the menus show
   std::array<std::string, 4> derniersFichiers_{};  ///< so does this
-  bool hourglass_ = false;
   bool ended_ = false;
   int running_ = 0;          ///< commands under way
   bool tickWaits_ = false;   ///< a tick fell inside a command
@@ -202,7 +193,7 @@ class Form1 : public QMainWindow,
   std::array<QLabel*, 3> panels_{};
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
-  frmMessage* frmMessage_ = nullptr;
+  Attente* attente_ = nullptr;
   EditForm* editForm_ = nullptr;    ///< while it is open
   frmCarte* frmCarte_ = nullptr;    ///< as is this
   std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide

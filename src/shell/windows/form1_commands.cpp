@@ -17,9 +17,11 @@
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
 #include "maps/windows/frm_carte.h"
+#include "platform/busy.h"
 #include "platform/commands.h"
 #include "platform/qt/colours.h"
 #include "platform/qt/command_actions.h"
+#include "shell/windows/attente.h"
 #include "shell/windows/form1.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/help_desk.h"
@@ -101,6 +103,8 @@ void Form1::Relie() {
     Execute(
         RangeeNommee(ArbreDesMenus(), link == QLatin1String("new") ? "MnuNouveau" : "MnuOuvrir"));
   });
+  connect(panels_[1], &QLabel::linkActivated, this,
+          [this] { Commande([this] { RouvreEnLf(Commandes()); }); });
   connect(TDBGrid1, &QTableView::doubleClicked, this, &Form1::MontreEdition);
   Timer1 = new QTimer(this);
   Timer1->setObjectName(QStringLiteral("Timer1"));
@@ -122,6 +126,20 @@ void Form1::ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text) {
   connect(&box, &QLineEdit::textEdited, this, [prend](const QString& t) { prend(t, true); });
   // What an aid for the disabled puts there is not typed, and is saved all the same.
   connect(&box, &QLineEdit::textChanged, this, [prend](const QString& t) { prend(t, false); });
+}
+
+/// While it paints, no command runs and no row is read: a statement may be under way.
+void Form1::ConstruitAttente() {
+  attente_ = new Attente(state_, *this, *ProgressBar1);
+  attente_->Fige = [this](bool painting) {
+    running_ += painting ? 1 : -1;
+    TDBGrid1->Fige(painting);
+  };
+  attente_->Gele = [this](bool frozen) { TDBGrid1->setUpdatesEnabled(!frozen); };
+  connect(attente_, &Attente::Fini, this, [this] {
+    TDBGrid1->RelitManquants();
+    if (running_ == 0) ApresCommande();
+  });
 }
 
 bool Form1::Charge(const std::string& commandLine) {
@@ -161,7 +179,12 @@ void Form1::cmdFirstLast_Click(int index) {
 void Form1::CmbTri_Click() {
   const int index = CmbTri->currentIndex();
   const bool descending = OptTri[1]->isChecked();
-  if (Commande([&] { ChangeTri(state_.document, index, descending); })) {
+  const bool sorted = Commande([&] {
+    Busy busy(*attente_);
+    busy.Annulable();
+    ChangeTri(state_.document, index, descending);
+  });
+  if (sorted) {
     sortIndex_ = index;
     sortDescending_ = descending;
     return;
@@ -218,7 +241,7 @@ void Form1::MnuVisAutre_Click() { MontreCarte(true); }
 
 void Form1::cmdMap_Click() { MontreCarte(false); }
 
-void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, this).exec(); }
+void Form1::MontreOptionsPeriodes() { frmOptionsPeriodes(state_, io_, *attente_, this).exec(); }
 
 void Form1::MnuDatumFichier_Click() {
   frmDatum chooser(state_, this);
@@ -238,8 +261,6 @@ std::optional<ColumnRange> Form1::ColonnesSelectionnees() { return TDBGrid1->Col
 void Form1::SelectionneColonnes(ColumnRange columns) { TDBGrid1->SelectionneColonnes(columns); }
 
 int Form1::ColonneCourante() { return TDBGrid1->ColonneCourante(); }
-
-void Form1::GeleGrille(bool frozen) { TDBGrid1->setUpdatesEnabled(!frozen); }
 
 void Form1::RecalculeCoordonnees() { AjusteDegres(Commandes(), SansMaille, SansMaille); }
 

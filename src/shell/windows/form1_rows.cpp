@@ -8,6 +8,7 @@
 #include "analysis/windows/selection_form.h"
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "shell/windows/attente.h"
 #include "shell/windows/form1.h"
 #include "store/filter.h"
 
@@ -15,7 +16,7 @@ namespace talpena {
 
 void Form1::MnuSelection_Click() {
   actions_.at("MnuSelection")->setChecked(filtered_);  // the click itself turned it over
-  Selection(state_, io_, this).exec();
+  Selection(state_, io_, *attente_, this).exec();
 }
 
 /// Rows came or went, or other ones are shown.
@@ -38,12 +39,27 @@ void Form1::AfficheFiltre() {
   if (const std::string& avis = state_.document.Montre().avis; !avis.empty()) {
     text = avis;
     tip.clear();
+  } else if (text.empty() && state_.document.Fichier.FinsLf) {
+    return OffreFinsLf();
   } else if (text.empty()) {
     text = TexteDossierRefuse(state_);
     tip = DetailDossierRefuse(state_);
   }
+  panels_[1]->setTextFormat(Qt::PlainText);
   panels_[1]->setText(QString::fromStdString(text));
   panels_[1]->setToolTip(QString::fromStdString(tip));
+}
+
+/// A file whose rows made one row: it can be opened by its LFs, with the pointer or by Tab and
+/// Enter.
+void Form1::OffreFinsLf() {
+  const auto texte = [this](int id) {
+    return QString::fromStdString(Texte(state_.Langue, id)).toHtmlEscaped();
+  };
+  panels_[1]->setTextFormat(Qt::RichText);
+  panels_[1]->setText(QStringLiteral("%1 <a href=\"lf\">%2</a>")
+                          .arg(texte(MsgId::LignesEnUne), texte(MsgId::OuvreAvecLf)));
+  panels_[1]->setToolTip({});
 }
 
 /// The sort controls show the order that the rows have, whoever bound them.

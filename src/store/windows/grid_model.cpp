@@ -3,7 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <string_view>
+#include <utility>
 
+#include "common/text.h"
 #include "store/cell_text.h"
 #include "store/windows/grid_cells.h"
 
@@ -19,12 +22,22 @@ QString SurUneLigne(QString text) {
       .replace(QLatin1Char('\r'), lineBreakMark);
 }
 
-constexpr int longText = 30;  ///< characters from which a cell tells its whole text in a tool tip
+constexpr int longText = 30;  ///< characters from which a cell tells its text in a tool tip too
+constexpr std::size_t longestShown = 1000;  ///< characters; who edits the cell has them all
+
+QString Montrable(std::string_view text) {
+  const std::string_view shown = PremiersCaracteres(text, longestShown);
+  const QString begin = QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()));
+  return shown.size() < text.size() ? begin + QChar(0x2026) : begin;
+}
 
 }  // namespace
 
 GridModel::GridModel(StoreState& state, QObject* parent)
-    : QAbstractTableModel(parent), settings_(state), document_(state.document) {}
+    : QAbstractTableModel(parent),
+      settings_(state),
+      document_(state.document),
+      read_(RememberedRows) {}
 
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : count_; }
 
@@ -49,16 +62,28 @@ std::string GridModel::Texte(int row, int gridColumn) const {
   }
 }
 
+QString GridModel::TexteMontre(int row, int gridColumn) const {
+  ReadCell& cell = read_[static_cast<std::size_t>(row % RememberedRows)].at(
+      static_cast<std::size_t>(gridColumn));
+  if (!fixed_) {
+    cell = {row, Montrable(Texte(row, gridColumn))};
+  } else if (cell.row != row) {
+    lacking_ = true;
+    return {};
+  }
+  return cell.text;
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !rows_) return {};
   const int column = index.column();
   switch (role) {
     case Qt::DisplayRole:
-      return SurUneLigne(QString::fromStdString(Texte(index.row(), column)));
+      return SurUneLigne(TexteMontre(index.row(), column));
     case Qt::EditRole:
       return QString::fromStdString(Texte(index.row(), column));
     case Qt::ToolTipRole: {
-      const QString text = QString::fromStdString(Texte(index.row(), column));
+      const QString text = TexteMontre(index.row(), column);
       return text.size() >= longText ? QVariant(text) : QVariant();
     }
     case Qt::TextAlignmentRole: {
@@ -105,8 +130,14 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
   }
 }
 
+void GridModel::RelitManquants() {
+  if (!std::exchange(lacking_, false) || count_ == 0) return;
+  Q_EMIT dataChanged(index(0, 0), index(count_ - 1, Column::GridCount - 1), {Qt::DisplayRole});
+}
+
 void GridModel::Recharge() {
   beginResetModel();
+  read_.assign(RememberedRows, {});
   rows_ = document_.Data1.EstLie() ? document_.Data1.Clone() : nullptr;
   placedOn_ = -1;
   const std::int64_t count = rows_ ? rows_->RecordCount() : 0;

@@ -31,6 +31,11 @@ class GridModel : public QAbstractTableModel {
   const std::optional<std::string>& Refus() const { return refus_; }
   void OublieRefus() { refus_.reset(); }
 
+  /// While it is fixed, rows are not read: what was shown last stands in for them, and cells that
+  /// were not are empty until RelitManquants.
+  void Fige(bool fixed) { fixed_ = fixed; }
+  void RelitManquants();
+
   void Recharge();           ///< the data control has other rows
   void RafraichitValeurs();  ///< the same rows with other values
   void ChangeTitres(const std::array<std::string, Column::GridCount>& titles);
@@ -41,7 +46,17 @@ class GridModel : public QAbstractTableModel {
   std::vector<int> LignesDe(const std::vector<Bookmark>& bookmarks) const;
 
  private:
+  /// What a cell showed last.
+  struct ReadCell {
+    int row = -1;
+    QString text;
+  };
+  /// More rows than a screen has; each has its place by its number.
+  static constexpr int RememberedRows = 256;
+
   std::string Texte(int row, int gridColumn) const;
+  /// As much of it as a cell shows.
+  QString TexteMontre(int row, int gridColumn) const;
   void PlaceSur(int row) const;
 
   const SettingsState& settings_;
@@ -49,6 +64,9 @@ class GridModel : public QAbstractTableModel {
   std::unique_ptr<Recordset> rows_;
   mutable int placedOn_ = -1;  ///< row on which rows_ stands
   int count_ = 0;
+  bool fixed_ = false;
+  mutable bool lacking_ = false;  ///< a cell was asked for while fixed and not known
+  mutable std::vector<std::array<ReadCell, Column::GridCount>> read_;
   std::array<QString, Column::GridCount> titles_;
   std::optional<std::string> refus_;
 };

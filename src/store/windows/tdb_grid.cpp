@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "platform/commands.h"
 #include "platform/qt/decimals.h"
@@ -39,6 +41,16 @@ int HauteurTitre(const QFontMetrics& metrics, const QString& heading, int width)
 class GridDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
+
+  // A line of the toolkit's own cuts longer texts, and would store them cut.
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const override {
+    QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (auto* line = qobject_cast<QLineEdit*>(editor)) {
+      line->setMaxLength(std::numeric_limits<int>::max());
+    }
+    return editor;
+  }
 
   // Another window, a menu or a box over the editor is no end of the edit.
   bool eventFilter(QObject* editor, QEvent* event) override {
@@ -140,6 +152,10 @@ void TDBGrid::InitTDBgrid() {
   model_->ChangeTitres(TitresColonnes(state_));
   AppliqueLargeurs();
 }
+
+void TDBGrid::Fige(bool fixed) { model_->Fige(fixed); }
+
+void TDBGrid::RelitManquants() { model_->RelitManquants(); }
 
 void TDBGrid::AppliqueCouleurs() { ChangeFond(state_.CouleurFondGrille); }
 

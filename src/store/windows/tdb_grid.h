@@ -53,6 +53,11 @@ class TDBGrid : public QTableView {
   void AppliqueLargeurs();                ///< column widths from the settings
   void ReleveLargeurs();                  ///< those that the user changed, into the settings
 
+  /// While it is fixed, its picture stays and no row is read for it; at the end of the work
+  /// RelitManquants reads what the picture lacks.
+  void Fige(bool fixed);
+  void RelitManquants();
+
   /// Stores what is being typed. False when the table refused it: the user was told why, the
   /// cell stays in edit.
   bool ValideEdition();

@@ -14,6 +14,7 @@
 #include "common/string_table.h"
 #include "fakes/document_states.h"
 #include "fakes/fake_machine.h"
+#include "fakes/silent_view.h"
 
 namespace talpena {
 namespace {
@@ -22,7 +23,7 @@ class FrmOptionsPeriodes : public testing::Test {
  protected:
   /// The window, shown, over the state as it stands.
   frmOptionsPeriodes& Ouvre() {
-    window = std::make_unique<frmOptionsPeriodes>(state, machine.io);
+    window = std::make_unique<frmOptionsPeriodes>(state, machine.io, view);
     window->show();
     window->activateWindow();
     return *window;
@@ -47,6 +48,7 @@ class FrmOptionsPeriodes : public testing::Test {
   }
 
   test::FakeMachine machine;
+  test::SilentView view;
   StoreState state;
   std::unique_ptr<frmOptionsPeriodes> window;
 };

@@ -29,7 +29,7 @@ class SelectionWindow : public testing::Test, protected World {
     state.document.RelieSqlCourant();
   }
   void Ouvre() {
-    window = std::make_unique<Selection>(state, io);
+    window = std::make_unique<Selection>(state, io, vue);
     window->show();
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));

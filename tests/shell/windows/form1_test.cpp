@@ -8,7 +8,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QStatusBar>
@@ -406,31 +405,6 @@ TEST(Form1, ToolsShowTheirIconsAloneInANarrowWindow) {
   QApplication::processEvents();
   EXPECT_EQ(open->toolButtonStyle(), Qt::ToolButtonIconOnly);
   EXPECT_LE(m.Controle<QWidget>("cmdFirstLast_1")->geometry().right(), m.form->width());
-}
-
-TEST(Form1, ProgressIsClampedToWholePercents) {
-  Form1Machine m;
-  const auto* bar = m.Controle<QProgressBar>("ProgressBar1");
-  for (const auto& [percent, shown] :
-       {std::pair{-5.0, 0}, {49.9, 49}, {100.0, 100}, {250.0, 100}}) {
-    m.form->MontreProgression(percent);
-    EXPECT_EQ(bar->value(), shown) << percent;
-  }
-}
-
-TEST(Form1, TheWaitWindowGrowsWithItsText) {
-  Form1Machine m;
-  m.form->Charge({});
-  m.form->AfficheMessage("Opening...");
-  auto* window = m.Controle<QWidget>("frmMessage");
-  EXPECT_TRUE(window->isVisible());
-  EXPECT_FALSE(window->isModal());
-  const int small = window->height();
-  m.form->AfficheMessage("Opening...\r\n" + std::string(400, 'x') + "\r\n\r\n\r\n\r\nend");
-  QApplication::processEvents();
-  EXPECT_GT(window->height(), small);
-  m.form->FermeMessage();
-  EXPECT_FALSE(window->isVisible());
 }
 
 }  // namespace
