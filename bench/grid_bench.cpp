@@ -10,11 +10,13 @@
 #include <numeric>
 #include <string>
 
+#include "analysis/periods.h"
 #include "bare_table.h"
 #include "fakes/silent_platform.h"
 #include "fakes/silent_view.h"
 #include "generated_rows.h"
 #include "measure.h"
+#include "store/edition.h"
 #include "store/erase_column.h"
 #include "store/find.h"
 #include "store/row_commands.h"
@@ -39,7 +41,7 @@ class Agreeing final : public test::NoDialogues {
     if (box.buttons == Buttons::Ok && !box.text.ends_with("introuvable!")) {
       return NoDialogues::Demande(box);
     }
-    return box.buttons == Buttons::Ok ? Answer::Ok : Answer::Yes;
+    return box.buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
   }
   std::string Saisie(const InputBox&) override { return typed; }
 };
@@ -198,6 +200,37 @@ void CompareEffacement(Opened& ours, bench::BareTable& bare) {
   ours.Ordonne(ours.state.document.SqlCourant());
 }
 
+/// A change of the number of periods, in a table whose rows have three in turn.
+void ComparePeriodes(Opened& ours, bench::BareTable& bare) {
+  struct Change {
+    const char* task;
+    int before;
+    int after;
+    const char* sql;
+  };
+  for (const Change& c :
+       {Change{"three periods to one", 2, 0, "UPDATE TALPENA SET PERIOD = 1"},
+        Change{"three periods to two", 2, 1, "UPDATE TALPENA SET PERIOD = 2 WHERE PERIOD = 3"},
+        Change{"two periods to one", 1, 0, "UPDATE TALPENA SET PERIOD = 1"}}) {
+    const std::string spread =
+        "UPDATE TALPENA SET PERIOD = 1 + Counter % " + std::to_string(c.before + 1);
+    double time = 1e9, floor = 1e9;
+    for (int run = 0; run < 3; ++run) {
+      bare.Execute(spread.c_str());
+      floor = std::min(floor, Millisecondes([&] { bare.Execute(c.sql); }));
+      ours.state.document.WorkingDb->Execute("UPDATE TALPENA SET PERIOD = 1 + Counter Mod " +
+                                             std::to_string(c.before + 1));
+      {
+        Edition edition(ours.state.document, "Periods");
+        edition.Entete().NbPivots = static_cast<std::int16_t>(c.before);
+      }
+      PeriodsForm form{.OptionPivot = c.after, .TxtPivot1 = "1950"};
+      time = std::min(time, Millisecondes([&] { ValidePeriodes(ours.state, ours.io, form); }));
+    }
+    Rapporte(c.task, time, floor, 1.2);
+  }
+}
+
 void RapporteEcart(const char* task, double ours, double floor, double bound) {
   std::printf("%-34s %8.1f ms  floor %8.1f ms  more  %5.1f ms  (at most %.0f)%s\n", task, ours,
               floor, ours - floor, bound, ours - floor <= bound ? "" : "  TOO SLOW");
@@ -283,6 +316,7 @@ int main(int argc, char** argv) {
     bench::InsereNu(bare, rows);
     Opened ours(ourFile, rows);
     CompareRecherche(ours, bare);
+    ComparePeriodes(ours, bare);
     CompareChoix(ours);
     CompareAjout(ours, bare);
     CompareSuppression(ours, bare, "delete 100,000 neighbours", 1, 1);

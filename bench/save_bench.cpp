@@ -23,6 +23,7 @@
 #include "generated_file.h"
 #include "store/deg_reader.h"
 #include "store/deg_writer.h"
+#include "store/sort.h"
 #include "store/table.h"
 
 namespace {
@@ -168,6 +169,27 @@ double PicMemoireMo() {
   return static_cast<double>(usage.ru_maxrss) / 1024;
 }
 
+/// The same rows in the order of ORIGINAL, and grouped, beside the rows as they lie, by turns.
+void CompareOrdres(StoreState& state, CommandContext c, const std::string& path, int rows) {
+  constexpr int byOriginal = 7;
+  constexpr int turns = 3;
+  double plain = 1e9, sorted = 1e9, grouped = 1e9;
+  const auto ecrit = [&](double& best, WriteMode mode) {
+    best = std::min(best, Secondes([&] { EcritDeg(c, path, mode); }));
+  };
+  for (int turn = 0; turn < turns; ++turn) {
+    ChangeTri(state.document, 0, false);
+    ecrit(plain, WriteMode::Rows);
+    ChangeTri(state.document, byOriginal, false);
+    ecrit(sorted, WriteMode::Rows);
+    ecrit(grouped, WriteMode::Grouped);
+  }
+  std::printf("%8d rows  sorted by ORIGINAL / plain = %.2f   (at most 1.5)\n", rows,
+              sorted / plain);
+  std::printf("%8d rows  group and save / plain = %.2f   (at most 2.0)   peak memory %.0f MB\n",
+              rows, grouped / plain, PicMemoireMo());
+}
+
 double MesureTout(const fs::path& folder, int rows) {
   constexpr int headerLines = 20;
   const std::string path = (folder / "a.deg").string();
@@ -199,6 +221,7 @@ double MesureTout(const fs::path& folder, int rows) {
               rows, program / bare, program / synced);
   Exige(PresqueEgal(SansEnTete(Lit(path), headerLines), Lit(folder / "floor.deg")),
         "the two files differ");
+  CompareOrdres(state, view.Contexte(state, platform.io), path, rows);
   return program;
 }
 

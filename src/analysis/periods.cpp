@@ -95,21 +95,6 @@ bool TableVide(Document& document) {
   return !document.Data1.EstLie() || document.Data1.recordset().RecordCount() == 0;
 }
 
-/// Rows of one period get another one.
-class RemplaceValeur final : public RowChange {
- public:
-  RemplaceValeur(std::int64_t old, std::int64_t value) : old_(old), value_(value) {}
-  bool Modifie(Bookmark, std::span<const Cell> given, std::span<Cell> changed) override {
-    if (given[0].EstNull() || given[0].integer != old_) return false;
-    changed[0] = Cell::Of(value_);
-    return true;
-  }
-
- private:
-  std::int64_t old_;
-  std::int64_t value_;
-};
-
 bool MetTout1(Edition& edition) {
   const std::array fields = {Column::PERIOD};
   const std::array values = {Cell::Of(std::int64_t{1})};
@@ -117,8 +102,8 @@ bool MetTout1(Edition& edition) {
 }
 
 bool Remplace3par2(Edition& edition) {
-  RemplaceValeur change(3, 2);
-  return edition.ModifieLignes({{Column::PERIOD}, {Column::PERIOD}}, change) > 0;
+  return edition.RemplaceValeur(Column::PERIOD, Cell::Of(std::int64_t{3}),
+                                Cell::Of(std::int64_t{2}), {}) > 0;
 }
 
 /// How a change of mode cleans PERIOD, and what the user is asked before.

@@ -140,6 +140,11 @@ class Recordset {
   virtual void SetBookmark(Bookmark) = 0;             ///< InvalidBookmark (3159) if the row is gone
   virtual std::int64_t AbsolutePosition() const = 0;  ///< from 0; -1 off a row
   virtual void SetAbsolutePosition(std::int64_t) = 0;  ///< InvalidArgument (3001) beyond the rows
+  /// Called before a walk over all rows, from the first to the last, that changes none: those of a
+  /// sorted recordset may then be read together beforehand. `avance` is told how far that came.
+  /// Nothing else differs, and a failure is left to the row that it concerns.
+  using Progress = std::function<void(std::int64_t done, std::int64_t total)>;
+  virtual void AnnonceParcours(const Progress& avance) { static_cast<void>(avance); }
   /// Where a row stands, from 0; -1 when it is not shown. The cursor does not move.
   virtual std::int64_t PositionDe(Bookmark row) const = 0;
 
@@ -173,9 +178,11 @@ class Recordset {
   /// Puts the same values into fields of every row that the recordset shows, checked as by Set, and
   /// tells `avance` how far it came, as a pass does. Without rows nothing is checked. A refused
   /// value changes no row. The cursor does not move. Returns the number of rows changed.
-  using Progress = std::function<void(std::int64_t done, std::int64_t total)>;
   virtual std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
                                      const Progress& avance) = 0;
+  /// The same for one field of the rows in which it holds `before`, as `=` compares it.
+  virtual std::int64_t RemplaceValeur(int field, const Cell& before, const Cell& value,
+                                      const Progress& avance) = 0;
   /// Deletes the current row; the cursor then stands on no row until it is moved (MoveNext goes
   /// to the row behind the deleted one).
   virtual void Delete() = 0;

@@ -4,6 +4,7 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <span>
 #include <string_view>
 
 #include "common/grouped_number.h"
@@ -30,6 +31,20 @@ bool CommenceSansCr(FileSystem& files, const std::string& path) {
   const std::string_view text(start.data(), size);
   return text.find('\n') != std::string_view::npos && text.find('\r') == std::string_view::npos;
 }
+
+/// Rows that are shown while the others are read: more than a window has.
+constexpr int PremieresLignes = 200;
+
+/// Up to so many rows of another source.
+class Premieres final : public RowSource {
+ public:
+  Premieres(RowSource& rows, int count) : rows_(rows), left_(count) {}
+  bool Suivante(std::span<Cell> cells) override { return left_-- > 0 && rows_.Suivante(cells); }
+
+ private:
+  RowSource& rows_;
+  int left_;
+};
 
 /// One run of LitDeg: Execute, and Abandonne when it threw.
 class Load {
@@ -222,7 +237,7 @@ class Load {
     Ouvert().Fichier.FinsLf = reader_ ? reader_->FinsLf() : CommenceSansCr(c_.io.files, fileName_);
   }
 
-  /// Says of a refused row on which line it stands.
+  /// The first rows are on show while the others are read.
   void Insere(DegFileRows& rows) {
     Edition edition(Ouvert(), NomEdition());
     edition.LaisseNonModifie();
@@ -236,13 +251,35 @@ class Load {
     };
     rows.SurAvance = [&](int percent) { busy_->Montre(percent); };
     busy_->Annulable(Annulation::Boucle);
+    if (MontrePremieres()) {
+      Premieres first(rows, PremieresLignes);
+      if (Insere(edition, rows, first) == PremieresLignes) {
+        Ouvert().RelieSqlCourant();
+        busy_->Respire();
+        Insere(edition, rows, rows);
+      }
+    } else {
+      Insere(edition, rows, rows);
+    }
+    edition.Valide();
+  }
+
+  /// In the order of the file the first rows stay where they are when the others come. The
+  /// end of a filter is told once, when all are there.
+  bool MontrePremieres() {
+    const RowOrder& order = Ouvert().Ordre();
+    return !merge_ && order.index == 0 && order.direction != Direction::Descending &&
+           !Ouvert().FiltreActif();
+  }
+
+  /// Says of a refused row on which line it stands.
+  static std::int64_t Insere(Edition& edition, const DegFileRows& rows, RowSource& source) {
     try {
-      edition.InsereLignes(DegFileRows::Columns, rows);
+      return edition.InsereLignes(DegFileRows::Columns, source);
     } catch (const TalpenaError& e) {
       if (rows.LigneEnMain() == 0) throw;
       throw TalpenaError(e.number(), "Line " + Str(rows.LigneEnMain()) + ": " + e.description());
     }
-    edition.Valide();
   }
 
   CommandContext c_;

@@ -76,6 +76,7 @@ void DegRowWriter::ParcourtLignes(Row&& row) {
   total_ = rows_.RecordCount();
   std::int64_t number = 0;
   sink_.TenteJusquaReussite([&] { rows_.MoveFirst(); });
+  rows_.AnnonceParcours({});
   while (!rows_.EOF_()) {
     ++number;
     sink_.Tente([&] {

@@ -50,6 +50,10 @@ class Witness final : public RowChange {
   bool& changed_;
 };
 
+Recordset::Progress OuRien(const Recordset::Progress& avance) {
+  return avance ? avance : [](std::int64_t, std::int64_t) {};
+}
+
 }  // namespace
 
 Edition::Edition(Document& document, std::string name, Etendue etendue)
@@ -159,8 +163,14 @@ std::int64_t Edition::ModifieLignes(const RowPass& pass, RowChange& change) {
 
 std::int64_t Edition::RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
                                     const Recordset::Progress& avance) {
-  const std::int64_t count = Curseur().RemplitLignes(
-      fields, values, avance ? avance : [](std::int64_t, std::int64_t) {});
+  const std::int64_t count = Curseur().RemplitLignes(fields, values, OuRien(avance));
+  if (count > 0) Note(Aspect::Values);
+  return count;
+}
+
+std::int64_t Edition::RemplaceValeur(int field, const Cell& before, const Cell& value,
+                                     const Recordset::Progress& avance) {
+  const std::int64_t count = Curseur().RemplaceValeur(field, before, value, OuRien(avance));
   if (count > 0) Note(Aspect::Values);
   return count;
 }

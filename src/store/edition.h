@@ -43,6 +43,8 @@ class Edition {
   std::int64_t ModifieLignes(const RowPass& pass, RowChange& change);
   std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
                              const Recordset::Progress& avance);
+  std::int64_t RemplaceValeur(int field, const Cell& before, const Cell& value,
+                              const Recordset::Progress& avance);
   std::int64_t SupprimeLignes(std::span<const Bookmark> rows);
 
   // The whole table, beside the cursors: who calls these binds the data control anew.

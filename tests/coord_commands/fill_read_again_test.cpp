@@ -4,6 +4,7 @@
 
 #include <random>
 
+#include "common/text.h"
 #include "coord_commands/fill.h"
 #include "coords/original.h"
 #include "coords/original_maker.h"

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "common/text.h"
 #include "store/coords_world.h"
 
 namespace talpena {

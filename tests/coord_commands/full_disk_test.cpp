@@ -1,6 +1,8 @@
 // A change of datum while the disk of the working database fills.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "coord_commands/adjust.h"
 #include "fakes/tiny_disk.h"
 #include "store/coords_world.h"

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
+#include "common/text.h"
 #include "coord_commands/adjust.h"
 #include "coord_commands/fill.h"
 #include "coords/snap.h"

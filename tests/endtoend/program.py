@@ -5,6 +5,7 @@ import os
 import shutil
 import subprocess
 import sys
+import tempfile
 
 import editor
 import faults
@@ -12,11 +13,13 @@ import kills
 import maps
 import start_stop
 import table
+import waits
 from driver import Scenario, wait_for, xdotool
 
 SKIPPED = 77
-NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session", "strace"]
-SCENARIOS = start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS + kills.SCENARIOS + faults.SCENARIOS
+NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
+SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
+             + waits.SCENARIOS + kills.SCENARIOS + faults.SCENARIOS)
 
 
 def inside(binary, name):
@@ -37,7 +40,9 @@ def main():
     if "TALPENA_INSIDE_X" in os.environ:
         inside(os.path.abspath(os.path.join(bin_dir, "talpena")), name)
         return 0
-    missing = [tool for tool in NEEDED if shutil.which(tool) is None]
+    failing = name in [f.__name__ for f in faults.SCENARIOS]
+    missing = [tool for tool in NEEDED + (["strace"] if failing else [])
+               if shutil.which(tool) is None]
     try:
         import pyatspi  # noqa: F401
     except ImportError:
@@ -45,12 +50,13 @@ def main():
     if missing:
         print("skipped, missing:", *missing)
         return SKIPPED
-    environment = dict(os.environ, TALPENA_INSIDE_X="1")
-    environment.pop("WAYLAND_DISPLAY", None)
-    return subprocess.run(
-        ["xvfb-run", "-a", "-s", "-screen 0 1400x900x24", "dbus-run-session", "--",
-         sys.executable, os.path.abspath(__file__), bin_dir, name],
-        env=environment, check=False).returncode
+    with tempfile.TemporaryDirectory(prefix="talpena-screen-") as screen:
+        environment = dict(os.environ, TALPENA_INSIDE_X="1", TALPENA_FRAMEBUFFER=screen)
+        environment.pop("WAYLAND_DISPLAY", None)
+        return subprocess.run(
+            ["xvfb-run", "-a", "-s", f"-screen 0 1400x900x24 -fbdir {screen}",
+             "dbus-run-session", "--", sys.executable, os.path.abspath(__file__), bin_dir, name],
+            env=environment, check=False).returncode
 
 
 if __name__ == "__main__":

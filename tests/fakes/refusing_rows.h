@@ -14,6 +14,7 @@ class RefusingRows : public Recordset {
                              const Progress&) override {
     Refuse();
   }
+  std::int64_t RemplaceValeur(int, const Cell&, const Cell&, const Progress&) override { Refuse(); }
   std::int64_t SupprimeLignes(std::span<const Bookmark>) override { Refuse(); }
   void LitLignes(std::span<const Bookmark>, const RowVisitor&) override { Refuse(); }
   void RetablitLignes(std::span<const RowPlace>, RowSource&) override { Refuse(); }

@@ -220,6 +220,63 @@ TEST_F(LitDegTest, TellsWhoShowsTheRows) {
   EXPECT_EQ(refreshed, 3) << "the next one empties it first";
 }
 
+/// How many rows the data control has each time that who shows them is told.
+class LitDegFirstRowsTest : public LitDegTest {
+ protected:
+  static std::string Lignes(int count) {
+    std::string rows;
+    for (int i = 1; i <= count; ++i) rows += Rangee(std::to_string(i));
+    return rows;
+  }
+  std::vector<std::int64_t> shown;
+  Subscription observed = test::ObserveLignes(state.document, [this](DataControl::Change change) {
+    if (change != DataControl::Change::Rows) return;
+    shown.push_back(state.document.Data1.recordset().RecordCount());
+  });
+};
+
+TEST_F(LitDegFirstRowsTest, TheFirstRowsAreOnShowWhileTheOthersAreRead) {
+  world.Charge(EnTete2() + Lignes(1000));
+  EXPECT_EQ(shown, (std::vector<std::int64_t>{200, 1000}));
+  EXPECT_EQ(Rang("TraiteMessages") >= 0, true) << "they are painted";
+  EXPECT_EQ(LignesLiees().size(), 1000U);
+  EXPECT_EQ(LignesLiees(), world.Lignes());
+  EXPECT_FALSE(state.document.FichierModifie());
+  ExpectFerme();
+}
+
+TEST_F(LitDegFirstRowsTest, AFileOfAsManyRowsIsReadToItsEnd) {
+  for (const int count : {199, 200, 201}) {
+    world.Charge(EnTete2() + Lignes(count));
+    EXPECT_EQ(LignesLiees().size(), static_cast<std::size_t>(count));
+    EXPECT_EQ(LignesLiees(), world.Lignes());
+    EXPECT_EQ(world.Boites(), Texts{});
+  }
+}
+
+TEST_F(LitDegFirstRowsTest, AFaultFarBehindThemEndsAsOneAmongThem) {
+  for (const int before : {150, 200, 700}) {
+    SCOPED_TRACE(before);
+    world.Charge(EnTete2() + Lignes(before) + "1K    1E39\r\n" + Lignes(300));
+    EXPECT_EQ(world.Boites(), Texts{"Line " + std::to_string(before + 9) + ": Overflow"});
+    EXPECT_EQ(LignesLiees().size(), static_cast<std::size_t>(before));
+    EXPECT_EQ(LignesLiees(), world.Lignes());
+    EXPECT_TRUE(state.document.Fichier.LecturePartielle);
+    EXPECT_FALSE(state.document.FichierModifie());
+    ExpectFerme();
+  }
+}
+
+TEST_F(LitDegFirstRowsTest, RowsThatAreSortedOrAddedAreShownAtTheEnd) {
+  world.Charge(EnTete2("WGS84", oneField) + Lignes(400));
+  shown.clear();
+  world.Charge(EnTete2("WGS84", oneField) + Lignes(300), MergeMode::Merge);
+  EXPECT_EQ(shown, (std::vector<std::int64_t>{700}));
+  state.document.ChangeOrdre({7, Direction::Ascending});
+  world.Charge(EnTete2() + Lignes(300));
+  EXPECT_EQ(shown, (std::vector<std::int64_t>{700, 0, 300}));
+}
+
 // ---- free fields for a form 1 file
 
 TEST_F(LitDegTest, OffersStandardFieldsToAForm1File) {

@@ -167,16 +167,18 @@ int Collation::Compare(std::string_view a, std::string_view b) const {
 
 void Collation::AjouteCle(std::string_view text, std::string& key) const {
   const std::size_t start = key.size();
-  key.reserve(start + text.size());
+  key.resize(start + text.size());
+  char* to = key.data() + start;
   for (const char c : text) {
     if ((c & 0x80) != 0) {
       key.resize(start);
       AjouteCleIcu(text, key);
       return;
     }
-    const unsigned char weight = Poids(c);
-    if (weight != 0) key.push_back(static_cast<char>(weight));
+    *to = static_cast<char>(Poids(c));
+    to += *to != 0 ? 1 : 0;
   }
+  key.resize(static_cast<std::size_t>(to - key.data()));
 }
 
 // The weight of an ASCII primary is one even byte; any other takes the odd byte below the next

@@ -125,6 +125,14 @@ void Connection::SuitTravail(std::function<bool()> beat) {
   sqlite3_progress_handler(db_.get(), InstructionsParBattement, beat_ ? Bat : nullptr, this);
 }
 
+void Connection::Travaille(std::size_t steps) {
+  constexpr std::size_t stepsPerBeat = std::size_t{1} << 16;
+  steps_ += steps;
+  if (steps_ < stepsPerBeat || !beat_) return;
+  steps_ = 0;
+  if (Bat(this) != 0) throw ErreurSqlite(nullptr, SQLITE_INTERRUPT);
+}
+
 int Connection::Bat(void* self) {
   try {
     return static_cast<Connection*>(self)->beat_() ? 0 : 1;

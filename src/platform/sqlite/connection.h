@@ -60,6 +60,9 @@ class Connection {
 
   /// Who is told while statements are at work, of any kind; what it throws is not passed on.
   void SuitTravail(std::function<bool()> beat);
+  /// A function of ours had so many steps to do within one instruction: beats where they become
+  /// many. Throws Cancelled when the user gave up.
+  void Travaille(std::size_t steps);
 
   // One level of transaction.
   void Debut();
@@ -109,6 +112,7 @@ class Connection {
   std::vector<RunningReader*> readers_;
   std::vector<std::int32_t>* deleted_ = nullptr;
   std::function<bool()> beat_;
+  std::size_t steps_ = 0;  ///< since the last beat
   Access access_ = Access::Engine;
   bool writes_ = false;
   bool strict_ = false;

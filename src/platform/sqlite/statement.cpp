@@ -65,15 +65,21 @@ std::string_view Statement::Texte(int column) const {
                          : std::string_view("");
 }
 
+// The value is asked for once: each call that names a column looks it up anew.
 Cell Statement::Cellule(int column) const {
-  switch (sqlite3_column_type(handle_.get(), column)) {
+  sqlite3_value* const value = sqlite3_column_value(handle_.get(), column);
+  switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
-      return Cell::Of(Entier(column));
+      return Cell::Of(std::int64_t{sqlite3_value_int64(value)});
     case SQLITE_FLOAT:
-      return Cell::Of(Reel(column));
+      return Cell::Of(sqlite3_value_double(value));
     case SQLITE_TEXT:
-    case SQLITE_BLOB:
-      return Cell::Of(Texte(column));
+    case SQLITE_BLOB: {
+      const auto* data = static_cast<const char*>(sqlite3_value_blob(value));
+      const int size = sqlite3_value_bytes(value);
+      return Cell::Of(data != nullptr ? std::string_view(data, static_cast<std::size_t>(size))
+                                      : std::string_view(""));
+    }
     default:
       return Cell::Null();
   }

@@ -117,7 +117,7 @@ void Attente::Termine() {
 }
 
 void Attente::MontreBarre(bool visible) {
-  ProgressBar1.setRange(0, 100);
+  Mesure();
   ProgressBar1.setValue(0);
   ProgressBar1.setVisible(visible);
   shown_ = 0;
@@ -131,14 +131,23 @@ void Attente::MontreProgression(double percent) {
   lastTenthMs_ = whole - shown_ == 10 ? now - shownAt_ : 0;
   shown_ = whole;
   shownAt_ = now;
-  ProgressBar1.setRange(0, 100);
+  Mesure();
   ProgressBar1.setValue(whole);
   ProgressBar1.repaint();
 }
 
-/// Between two tenths the bar goes on as fast as it went, up to short of the next.
+/// From now on the bar tells how far the work is.
+void Attente::Mesure() {
+  roams_ = false;
+  ProgressBar1.setTextVisible(true);
+}
+
+/// How far the work is nobody may know: the bar moves all the same. Between two tenths
+/// it goes on as fast as it went, up to short of the next.
 void Attente::AvanceBarre() {
-  if (lastTenthMs_ == 0 || ProgressBar1.maximum() == 0) return;
+  constexpr qint64 roundMs = 2000;
+  if (roams_) ProgressBar1.setValue(static_cast<int>(depuis_.elapsed() % roundMs * 100 / roundMs));
+  if (lastTenthMs_ == 0 || roams_) return;
   const qint64 since = depuis_.elapsed() - shownAt_;
   const auto further = static_cast<int>(std::min<qint64>(9, 10 * since / lastTenthMs_));
   ProgressBar1.setValue(std::min(99, shown_ + further));
@@ -178,8 +187,9 @@ void Attente::Peint() {
 /// What work that lasts shows though the command did not ask for it.
 void Attente::MontreFenetre() {
   if (!ProgressBar1.isVisible()) {
-    ProgressBar1.setRange(0, 0);  // how far the work is nobody knows: it moves all the same
-    ProgressBar1.show();
+    MontreBarre(true);
+    roams_ = true;
+    ProgressBar1.setTextVisible(false);
   }
   if (frmMessage_->isVisible() || SeLaisseAnnuler()) return;
   Place(*frmMessage_);

@@ -60,6 +60,7 @@ class Attente : public QObject, public WaitView {
   void MontreAnnulation();
   void CacheAnnulation();
   bool SeLaisseAnnuler() const;
+  void Mesure();
   void AvanceBarre();
   void Place(frmMessage& window);
   std::string Texte() const;
@@ -74,6 +75,7 @@ class Attente : public QObject, public WaitView {
   qint64 prochain_ = 0;                  ///< painting
   std::string texte_;                    ///< of the command; empty when it gave none
   bool hourglass_ = false;
+  bool roams_ = false;  ///< the bar moves, but does not tell how far the work is
   bool painting_ = false;
   Annulation annulation_ = Annulation::Aucune;
   bool cancelled_ = false;

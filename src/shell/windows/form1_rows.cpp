@@ -46,6 +46,7 @@ void Form1::AfficheFiltre() {
     tip = DetailDossierRefuse(state_);
   }
   panels_[1]->setTextFormat(Qt::PlainText);
+  panels_[1]->setTextInteractionFlags(Qt::NoTextInteraction);
   panels_[1]->setText(QString::fromStdString(text));
   panels_[1]->setToolTip(QString::fromStdString(tip));
 }
@@ -57,6 +58,8 @@ void Form1::OffreFinsLf() {
     return QString::fromStdString(Texte(state_.Langue, id)).toHtmlEscaped();
   };
   panels_[1]->setTextFormat(Qt::RichText);
+  panels_[1]->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+  panels_[1]->setAccessibleName(texte(MsgId::LignesEnUne));
   panels_[1]->setText(QStringLiteral("%1 <a href=\"lf\">%2</a>")
                           .arg(texte(MsgId::LignesEnUne), texte(MsgId::OuvreAvecLf)));
   panels_[1]->setToolTip({});

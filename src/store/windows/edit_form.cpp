@@ -283,6 +283,7 @@ void EditForm::NoteDebut() {
   if (begun == recordFields.end()) return;
   commence_ = true;
   debut_ = *begun;
+  debutRang_ = Grid->currentIndex().row();
 }
 
 RecordField EditForm::PremiereBoite() const {
@@ -302,6 +303,9 @@ void EditForm::PlaceAuDebut() {
     case RecordField::EditBox1:
     case RecordField::EditBox2:
       return PlaceFocus(PremiereBoite());
+    case RecordField::Grid:
+      Grid->setCurrentIndex(Grid->model()->index(debutRang_, 1));
+      return PlaceFocus(field);
     default:
       return PlaceFocus(field);
   }

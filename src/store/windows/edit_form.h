@@ -142,6 +142,7 @@ class EditForm : public QDialog {
   std::bitset<16> quittes_;           ///< fields that the user has left, by RecordField
   QWidget* avise_ = nullptr;          ///< field whose fault is told
   std::optional<RecordField> debut_;  ///< where a record was begun last
+  int debutRang_ = 0;                 ///< there, in Grid
   bool commence_ = false;             ///< the record on show was begun
 
   std::array<Champ, 6> champs_{};

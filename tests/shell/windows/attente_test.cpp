@@ -47,7 +47,12 @@ TEST(Attente, WorkThatLastsShowsItsWindowAndBarWithinATenthOfASecond) {
   m.Travaille(100);
   EXPECT_TRUE(m.Message().isVisible());
   EXPECT_TRUE(m.Barre().isVisible());
-  EXPECT_EQ(m.Barre().maximum(), 0) << "it moves though nobody knows how far the work is";
+  const int before = m.Barre().value();
+  m.Travaille(150);
+  EXPECT_NE(m.Barre().value(), before) << "it moves though nobody knows how far the work is";
+  EXPECT_FALSE(m.Barre().isTextVisible());
+  m.Vue().MontreProgression(50);
+  EXPECT_TRUE(m.Barre().isTextVisible());
 }
 
 TEST(Attente, NothingOfItIsLeftBehindTheWork) {

@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
+#include <algorithm>
 
 #include "form1_machine.h"
 #include "store/windows/tdb_grid.h"
@@ -95,6 +96,21 @@ TEST(Form1Grid, CommandsChooseRowsByTheirNames) {
   m.dialogues.answers = {Answer::Yes};
   QTest::mouseClick(m.Controle<QToolButton>("cmd_5"), Qt::LeftButton);
   EXPECT_EQ(m.N1(), "1 3 5");
+}
+
+TEST(Form1Grid, RowsOfLfAloneAreOpenedLineByLineFromTheStatusBar) {
+  Form1Machine m;
+  std::string rows = Form1Machine::Lignes(3);
+  rows.erase(std::remove(rows.begin(), rows.end(), '\r'), rows.end());
+  m.form->Charge(m.Fichier(rows));
+  auto* panel = m.Controle<QLabel>("StatusBar1_Panel_2");
+  EXPECT_TRUE(panel->text().contains("The lines of this file end in LF alone"));
+  EXPECT_EQ(panel->focusPolicy(), Qt::StrongFocus) << "Tab goes to the link";
+  EXPECT_EQ(m.state.document.Data1.recordset().RecordCount(), 1);
+  Q_EMIT panel->linkActivated("lf");
+  EXPECT_EQ(m.state.document.Data1.recordset().RecordCount(), 3);
+  EXPECT_EQ(panel->text(), "");
+  EXPECT_EQ(panel->focusPolicy(), Qt::NoFocus);
 }
 
 TEST(Form1Grid, WithoutAFileTheButtonsAreOff) {

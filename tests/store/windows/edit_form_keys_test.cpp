@@ -81,6 +81,20 @@ TEST(EditForm, TheNextRowGetsTheKeysWhereTheLastOneWasBegun) {
   }
 }
 
+TEST(EditForm, TheNextRowGetsTheKeysInTheFreeFieldInWhichTheLastOneWasBegun) {
+  FormMachine m;
+  m.Ouvre();
+  m.PlaceFocus("Grid");
+  for (const char* text : {"Wood", "Smith"}) {
+    FormMachine::Tape(text);
+    FormMachine::Touche(Qt::Key_Tab);
+  }
+  EXPECT_EQ(FormMachine::Focus(), "ChampLibre");
+  FormMachine::Touche(Qt::Key_PageDown);
+  EXPECT_EQ(FormMachine::Focus(), "Grid");
+  EXPECT_EQ(m.Controle<FreeFieldsGrid>("Grid")->currentIndex().row(), 0);
+}
+
 TEST(EditForm, TheNextRowNeverHasTheKeysInItsRemark) {
   FormMachine m;
   m.Ouvre();

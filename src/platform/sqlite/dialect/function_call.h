@@ -27,6 +27,15 @@ class FunctionCall {
   sqlite3_value* Valeur(int i) const { return values_[i]; }
   sqlite3_context* Contexte() const { return context_; }
 
+  /// Characters of all texts, more or less: what most functions have to go through.
+  std::size_t Longueur() const {
+    std::size_t bytes = 0;
+    for (int i = 0; i < count_; ++i) {
+      if (EstTexte(i)) bytes += static_cast<std::size_t>(sqlite3_value_bytes(values_[i]));
+    }
+    return bytes;
+  }
+
   void RendNull() { sqlite3_result_null(context_); }
   void Rend(std::int64_t value) { sqlite3_result_int64(context_, value); }
   void Rend(double value);  ///< not a number and infinite: as Echoue
@@ -50,6 +59,7 @@ void Enregistre(Connection& connection, const char* name, int argumentCount) {
   const auto wrapper = [](sqlite3_context* context, int count, sqlite3_value** values) {
     FunctionCall call(context, count, values);
     try {
+      call.Base().Travaille(call.Longueur());
       body(call);
     } catch (const TalpenaError& error) {
       call.Base().LaisseErreur(error);

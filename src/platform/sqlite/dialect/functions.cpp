@@ -19,7 +19,8 @@ void Like(FunctionCall& call) {
     fresh = std::make_unique<LikePattern>(call.Texte(0), call.Base().Ordre());
     pattern = fresh.get();
   }
-  call.Rend(std::int64_t{pattern->Correspond(call.Texte(1)) ? 1 : 0});
+  const auto travaille = [&call](std::size_t steps) { call.Base().Travaille(steps); };
+  call.Rend(std::int64_t{pattern->Correspond(call.Texte(1), travaille) ? 1 : 0});
   if (fresh) {
     sqlite3_set_auxdata(call.Contexte(), 0, fresh.release(),
                         [](void* kept) { delete static_cast<LikePattern*>(kept); });

@@ -27,8 +27,16 @@ bool LitCompte(FunctionCall& call, int i, double low, std::size_t& count) {
 
 template <std::string (*convert)(std::string_view)>
 void Casse(FunctionCall& call) {
+  constexpr std::size_t piece = std::size_t{1} << 16;
   if (call.UnNull()) return call.RendNull();
-  call.Rend(std::string_view(convert(call.Texte(0))));
+  std::string converted;
+  for (std::string_view left = call.Texte(0); !left.empty();) {
+    const std::string_view part = PremiersCaracteres(left, piece);
+    converted += convert(part);
+    left.remove_prefix(part.size());
+    call.Base().Travaille(piece);
+  }
+  call.Rend(std::string_view(converted));
 }
 
 template <std::string_view (*trim)(std::string_view)>
@@ -73,6 +81,22 @@ std::u32string SansCasse(std::string_view text) {
   return points;
 }
 
+/// Place of the first `search` from a place on; npos when there is none. Long texts full of
+/// beginnings of each other take their time, which is told of.
+std::size_t Place(Connection& connection, const std::u32string& text, const std::u32string& search,
+                  std::size_t from) {
+  constexpr std::size_t most = std::size_t{1} << 20;
+  const std::size_t starts = std::max<std::size_t>(most / (search.size() + 1), 1);
+  for (std::size_t at = from; at + search.size() <= text.size(); at += starts) {
+    const std::u32string_view part(text.data() + at,
+                                   std::min(starts + search.size() - 1, text.size() - at));
+    const std::size_t found = part.find(search);
+    if (found != std::u32string_view::npos) return at + found;
+    connection.Travaille(most);
+  }
+  return std::u32string::npos;
+}
+
 // InStr(text, search) or InStr(start, text, search): from 1, 0 when absent.
 void Cherche(FunctionCall& call) {
   if (call.UnNull()) return call.RendNull();
@@ -83,7 +107,7 @@ void Cherche(FunctionCall& call) {
   const std::u32string search = SansCasse(call.Texte(first + 1));
   const std::size_t found = start > text.size() + (search.empty() ? 0 : 1)
                                 ? std::u32string::npos
-                                : text.find(search, start - 1);
+                                : Place(call.Base(), text, search, start - 1);
   call.Rend(found == std::u32string::npos ? std::int64_t{0} : static_cast<std::int64_t>(found) + 1);
 }
 

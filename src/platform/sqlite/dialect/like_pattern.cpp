@@ -21,6 +21,26 @@ constexpr std::array<char, 256> MinusculesAscii() {
 
 constexpr std::array<char, 256> lower = MinusculesAscii();
 
+/// Steps that looking into a list or range counts for: texts are compared there.
+constexpr std::size_t setSteps = 32;
+
+/// Counts the steps of one match, and tells of them now and then.
+class Steps {
+ public:
+  explicit Steps(const LikePattern::Work& tell) : tell_(tell) {}
+  void Fait(std::size_t steps) {
+    constexpr std::size_t block = std::size_t{1} << 16;
+    done_ += steps;
+    if (done_ < block) return;
+    if (tell_) tell_(done_);
+    done_ = 0;
+  }
+
+ private:
+  const LikePattern::Work& tell_;
+  std::size_t done_ = 0;
+};
+
 char Minuscule(char c) { return lower[static_cast<unsigned char>(c)]; }
 
 }  // namespace
@@ -99,8 +119,9 @@ void LikePattern::Accelere() {
 }
 
 // A character beyond ASCII is found among its like only: plain texts are done with at once.
-bool LikePattern::ContientPoints(std::string_view text) const {
+bool LikePattern::ContientPoints(std::string_view text, const Work& travaille) const {
   if (EstAscii(text)) return false;
+  Steps steps(travaille);
   for (std::size_t start = 0; start < text.size();) {
     std::size_t at = start;
     std::size_t i = 0;
@@ -109,13 +130,15 @@ bool LikePattern::ContientPoints(std::string_view text) const {
       ++i;
     }
     if (i == containedPoints_.size()) return true;
+    steps.Fait(i + 1);
     LitPoint(text, start);
   }
   return false;
 }
 
 // Steps from one place of the first character to the next, in either case.
-bool LikePattern::ContientAscii(std::string_view text) const {
+bool LikePattern::ContientAscii(std::string_view text, const Work& travaille) const {
+  Steps steps(travaille);
   const std::size_t length = contained_.size();
   if (text.size() < length) return false;
   const char* const end = text.data() + (text.size() - length) + 1;
@@ -133,6 +156,7 @@ bool LikePattern::ContientAscii(std::string_view text) const {
     std::size_t i = 1;
     while (i < length && Minuscule(p[i]) == contained_[i]) ++i;
     if (i == length) return true;
+    steps.Fait(i);
     if (p == nextLow) {
       nextLow = find(p + 1, low);
     } else {
@@ -142,15 +166,17 @@ bool LikePattern::ContientAscii(std::string_view text) const {
 }
 
 // One star at a time is enough: what an earlier star could take, a later one can take as well.
-bool LikePattern::Correspond(std::string_view text) const {
-  if (!contained_.empty()) return ContientAscii(text);
-  if (!containedPoints_.empty()) return ContientPoints(text);
+bool LikePattern::Correspond(std::string_view text, const Work& travaille) const {
+  if (!contained_.empty()) return ContientAscii(text, travaille);
+  if (!containedPoints_.empty()) return ContientPoints(text, travaille);
   constexpr std::size_t none = static_cast<std::size_t>(-1);
   std::size_t at = 0;
   std::size_t step = 0;
   std::size_t starStep = none;
   std::size_t starText = 0;
+  Steps steps(travaille);
   while (at < text.size()) {
+    steps.Fait(step < steps_.size() && steps_[step].kind == Kind::Set ? setSteps : 1);
     if (step < steps_.size() && steps_[step].kind == Kind::Any) {
       starStep = ++step;
       starText = at;

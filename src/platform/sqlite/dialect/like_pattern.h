@@ -1,6 +1,7 @@
 // LIKE as users of the engine write it: * any text, ? one character, # one digit, [a-z] one of
 // a list or range, [!a-z] one outside it. Without regard to case; accents count.
 #pragma once
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -15,7 +16,9 @@ class LikePattern {
   LikePattern(std::string_view pattern, const Collation& collation);
 
   /// At most (length of text) x (length of pattern) steps, whatever the pattern.
-  bool Correspond(std::string_view text) const;
+  /// `travaille` is told now and then how many steps were done; what it throws is thrown on.
+  using Work = std::function<void(std::size_t steps)>;
+  bool Correspond(std::string_view text, const Work& travaille = {}) const;
 
  private:
   enum class Kind : unsigned char { Literal, Any, One, Digit, Set };
@@ -34,8 +37,8 @@ class LikePattern {
 
   void LitEnsemble(std::u32string_view pattern, std::size_t& at);
   void Accelere();
-  bool ContientAscii(std::string_view text) const;
-  bool ContientPoints(std::string_view text) const;
+  bool ContientAscii(std::string_view text, const Work& travaille) const;
+  bool ContientPoints(std::string_view text, const Work& travaille) const;
   bool Accepte(const Step& step, char32_t c) const;
   bool DansEnsemble(const Step& step, char32_t c) const;
 

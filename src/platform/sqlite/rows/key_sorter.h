@@ -6,12 +6,14 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/sqlite/rows/known_rests.h"
 #include "platform/sqlite/rows/row_list.h"
 
 namespace talpena::sqlite {
 
 /// Rows with keys that compare byte by byte. No key may be the beginning of another. Of each key
-/// as many bytes are kept as the number of rows leaves room for.
+/// as many bytes are kept as the number of rows leaves room for; where many are the same, all of
+/// them.
 class KeySorter {
  public:
   /// @param rows  how many to expect, more or less
@@ -32,7 +34,7 @@ class KeySorter {
 
   /// Sorts, and gives its memory back.
   Result Trie();
-  /// Bytes of a key that are kept.
+  /// Bytes that are kept of every key.
   std::size_t Gardes() const { return PartSize + longestRest_; }
 
  private:
@@ -44,13 +46,20 @@ class KeySorter {
     RowKey row;
   };
 
+  std::uint32_t Garde(std::string_view rest);
+  std::uint32_t Depose(std::string_view rest, std::uint16_t flag);
   void OuvreBloc(std::size_t need);
   static std::uint64_t Part(std::string_view bytes);
-  std::string_view Reste(const Entry& entry, bool& cut) const;
+  std::string_view Reste(std::uint32_t offset, bool& cut) const;
   void TriePartie(std::span<Entry> entries, std::size_t depth);
+  static void TrieParChiffres(std::span<Entry> entries);
+  bool Egales(std::span<const Entry> entries) const;
   void Departage(std::span<Entry> entries, std::size_t depth);
 
+  std::size_t expected_;  ///< rows
   std::size_t longestRest_;
+  std::size_t kept_ = 0;  ///< bytes of rests
+  KnownRests repeats_;
   std::vector<Entry> entries_;
   std::vector<std::unique_ptr<char[]>> blocks_;
   std::size_t blockSize_ = 0;  ///< of the last block

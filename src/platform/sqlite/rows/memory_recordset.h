@@ -52,6 +52,7 @@ class MemoryRecordset final : public Recordset {
                              const Progress&) override {
     Refuse();
   }
+  std::int64_t RemplaceValeur(int, const Cell&, const Cell&, const Progress&) override { Refuse(); }
   std::int64_t SupprimeLignes(std::span<const Bookmark>) override { Refuse(); }
   void RetablitLignes(std::span<const RowPlace>, RowSource&) override { Refuse(); }
   void LitLignes(std::span<const Bookmark> rows, const RowVisitor& visit) override;

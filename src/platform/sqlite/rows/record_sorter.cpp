@@ -1,6 +1,7 @@
 #include "platform/sqlite/rows/record_sorter.h"
 
 #include <algorithm>
+#include <array>
 #include <bit>
 
 #include "platform/sqlite/rows/key_sorter.h"
@@ -95,9 +96,9 @@ class RecordSorter {
   }
 
   /// A number of 32 bits that orders as the column's value does.
-  static std::uint32_t Ordonne(const Statement& rows, bool single) {
-    if (!single) return static_cast<std::uint32_t>(rows.Entier(1)) ^ 0x80000000u;
-    const float value = static_cast<float>(rows.Reel(1)) + 0.0f;  // -0 becomes 0
+  static std::uint32_t Ordonne(const Statement& rows, int column, bool single) {
+    if (!single) return static_cast<std::uint32_t>(rows.Entier(column)) ^ 0x80000000u;
+    const float value = static_cast<float>(rows.Reel(column)) + 0.0f;  // -0 becomes 0
     const auto bits = std::bit_cast<std::uint32_t>(value);
     return (bits & 0x80000000u) != 0 ? ~bits : bits | 0x80000000u;
   }
@@ -117,7 +118,7 @@ class RecordSorter {
         nulls.push_back(key);
         continue;
       }
-      const std::uint32_t number = Ordonne(rows, single);
+      const std::uint32_t number = Ordonne(rows, 1, single);
       sorter.Ajoute(term.descending ? ~number : number, key);
     }
     rows = Statement();
@@ -130,11 +131,14 @@ class RecordSorter {
     return RowList(std::move(keys));
   }
 
-  // Null below every value; numbers as eight bytes, texts by their comparison's key.
+  // Null below every value; numbers as four or eight bytes, texts by their comparison's key.
   void AjouteCle(const Statement& rows, int column, const OrderTerm& term, std::string& key) const {
     const std::size_t start = key.size();
-    const Storage storage = StockageDe(table_.Def(term.field).type);
-    if (rows.EstNull(column)) {
+    const FieldType type = table_.Def(term.field).type;
+    const Storage storage = StockageDe(type);
+    if (storage == Storage::Integer || type == FieldType::Single) {
+      AjouteNombre32(rows, column, type == FieldType::Single, key);
+    } else if (rows.EstNull(column)) {
       key.push_back('\1');
     } else {
       key.push_back('\2');
@@ -151,10 +155,23 @@ class RecordSorter {
     for (std::size_t i = start; i < key.size(); ++i) key[i] = static_cast<char>(~key[i]);
   }
 
+  // A whole number may be the lowest of 32 bits, a single never has that pattern.
+  static void AjouteNombre32(const Statement& rows, int column, bool single, std::string& key) {
+    const bool null = rows.EstNull(column);
+    if (!single) key.push_back(null ? '\1' : '\2');
+    AjouteBits(null ? 0 : Ordonne(rows, column, single), key);
+  }
+
+  template <typename Bits>
+  static void AjouteBits(Bits bits, std::string& key) {
+    std::array<char, sizeof bits> bytes;
+    for (std::size_t i = bytes.size(); i-- > 0; bits >>= 8) bytes[i] = static_cast<char>(bits);
+    key.append(bytes.data(), bytes.size());
+  }
+
   static void AjouteNombre(double value, std::string& key) {
-    auto bits = std::bit_cast<std::uint64_t>(value + 0.0);
-    bits = (bits >> 63) != 0 ? ~bits : bits | (std::uint64_t{1} << 63);
-    for (int shift = 56; shift >= 0; shift -= 8) key.push_back(static_cast<char>(bits >> shift));
+    const auto bits = std::bit_cast<std::uint64_t>(value + 0.0);
+    AjouteBits((bits >> 63) != 0 ? ~bits : bits | (std::uint64_t{1} << 63), key);
   }
 
   // A zero byte is doubled with a mark, so that two zeros end the bytes.
@@ -232,7 +249,7 @@ class RecordSorter {
   // The group goes first, so that rows stay within theirs.
   static std::string NumeroDeGroupe(std::uint32_t group) {
     std::string bytes;
-    for (int shift = 24; shift >= 0; shift -= 8) bytes.push_back(static_cast<char>(group >> shift));
+    AjouteBits(group, bytes);
     return bytes;
   }
 

@@ -9,8 +9,7 @@
 
 namespace talpena::sqlite {
 
-/// Rows of cells, written once: a number takes 2 to 9 bytes, a text its length and 5, and each
-/// row 8 bytes more.
+/// Rows of cells, written once and packed; each row takes 8 bytes more.
 class RowArena {
  public:
   explicit RowArena(std::size_t columns) : columns_(columns) {}
@@ -22,8 +21,6 @@ class RowArena {
   void Lit(std::size_t row, std::span<Cell> cells) const;
 
  private:
-  void AjouteEntier(std::int64_t value);
-
   std::size_t columns_;
   std::string bytes_;
   std::vector<std::uint64_t> starts_;

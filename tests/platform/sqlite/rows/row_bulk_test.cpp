@@ -206,5 +206,64 @@ TEST_P(RowBulkTest, ReadOnlyRowsStay) {
   EXPECT_EQ(Colonne("TALPENA", "N1"), (Strings{"1", "2"}));
 }
 
+/// What a table holds behind one value was put for another, in the order of its keys.
+class ReplacedValuesTest : public EngineTest {
+ protected:
+  Strings Apres(const char* source, const char* field, const Cell& before, const Cell& value,
+                bool byEngine) {
+    database->Execute("UPDATE TALPENA SET PERIOD = Counter Mod 4, SEX = 'F', N1 = Counter Mod 3");
+    database->Execute("UPDATE TALPENA SET PERIOD = Null, SEX = '' WHERE Counter Mod 5 = 0");
+    const auto rows = database->OpenRecordset(source);
+    const int index = rows->FieldIndex(field);
+    std::int64_t told = 0;
+    const auto avance = [&](std::int64_t done, std::int64_t total) {
+      EXPECT_LE(told, done);
+      EXPECT_LE(done, total);
+      told = done;
+    };
+    const std::int64_t count = byEngine ? rows->RemplaceValeur(index, before, value, avance)
+                                        : plain::RemplaceValeur(*rows, index, before, value);
+    Strings table = Colonne("TALPENA", field);
+    table.push_back(std::to_string(count) + " changed");
+    return table;
+  }
+};
+
+TEST_F(ReplacedValuesTest, AreThoseOfTheRowsOnShowThatHeldTheOther) {
+  CreeTalpena();
+  AjouteLignes(9000);
+  database->Execute("DELETE FROM TALPENA WHERE Counter Mod 7 = 0");
+  const auto number = [](std::int64_t value) { return Cell::Of(value); };
+  for (const char* source : {"TALPENA", "SELECT * FROM TALPENA ORDER BY N2 DESC",
+                             "SELECT * FROM TALPENA WHERE N1 = 1"}) {
+    SCOPED_TRACE(source);
+    EXPECT_EQ(Apres(source, "PERIOD", number(3), number(2), true),
+              Apres(source, "PERIOD", number(3), number(2), false));
+    EXPECT_EQ(Apres(source, "N1", number(1), Cell::Null(), true),
+              Apres(source, "N1", number(1), Cell::Null(), false));
+    EXPECT_EQ(Apres(source, "SEX", Cell::Of(std::string_view("F")), Cell::Of(std::string_view("M")),
+                    true),
+              Apres(source, "SEX", Cell::Of(std::string_view("F")), Cell::Of(std::string_view("M")),
+                    false));
+  }
+}
+
+TEST_F(ReplacedValuesTest, AreRefusedAsAnyOther) {
+  CreeTalpena();
+  AjouteLignes(3);
+  const auto rows = database->OpenRecordset("TALPENA");
+  const auto replace = [&](int field, std::int64_t value) {
+    return FailureOf([&] {
+             rows->RemplaceValeur(field, Cell::Of(std::int64_t{1}), Cell::Of(value),
+                                  [](std::int64_t, std::int64_t) {});
+           })
+        .number;
+  };
+  EXPECT_EQ(replace(rows->FieldIndex("PERIOD"), 70000), ErrorNumber::Overflow);
+  EXPECT_EQ(replace(99, 1), ErrorNumber::ItemNotFound);
+  EXPECT_NE(replace(0, 1), 0);
+  EXPECT_EQ(Colonne("TALPENA", "N1"), (Strings{"1", "2", "3"}));
+}
+
 }  // namespace
 }  // namespace talpena

@@ -146,6 +146,54 @@ TEST(KeySorter, TellsWhichRowsItCouldNotDecide) {
   EXPECT_EQ(result.undecided[0].last, 3u);
 }
 
+/// Keys with a common head, ends that repeat or not, and zeros behind, so that none begins another.
+std::vector<std::pair<std::string, sqlite::RowKey>> ClesAuHasard(std::mt19937& random,
+                                                                 unsigned distinct, int count) {
+  std::vector<std::pair<std::string, sqlite::RowKey>> keys;
+  for (sqlite::RowKey row = 0; row < count; ++row) {
+    const unsigned number = random() % distinct;
+    std::string key = number % 3 == 0 ? "Locality " : "Loc";
+    key += std::to_string(number % 997);
+    key.append(number % 90, static_cast<char>('a' + number % 2));
+    key += std::to_string(number) + '\0';
+    keys.emplace_back(std::move(key), row % 2 == 0 ? row : 2 * count - row);
+  }
+  return keys;
+}
+
+// What is undecided is undecided among the right rows; all else stands as the library sorts it.
+TEST(KeySorter, SortsAsTheLibraryDoes) {
+  std::mt19937 random(17);
+  for (const std::size_t announced : {std::size_t{1}, std::size_t{20000}, std::size_t{1} << 20}) {
+    for (const unsigned distinct : {1u, 50u, 3000u, 4000000000u}) {
+      SCOPED_TRACE(testing::Message() << announced << " announced, " << distinct << " distinct");
+      auto keys = ClesAuHasard(random, distinct, 20000);
+      sqlite::KeySorter sorter(announced);
+      for (const auto& [key, row] : keys) sorter.Ajoute(key, row);
+      std::sort(keys.begin(), keys.end());
+      auto result = sorter.Trie();
+      const auto at = [&](std::size_t i) {
+        return result.rows.begin() + static_cast<std::ptrdiff_t>(i);
+      };
+      for (const auto& [first, last] : result.undecided) {
+        EXPECT_TRUE(std::is_sorted(at(first), at(last)));
+        std::vector<sqlite::RowKey> expected;
+        for (std::size_t i = first; i < last; ++i) {
+          EXPECT_EQ(
+              keys[i].first.compare(0, sorter.Gardes(), keys[first].first, 0, sorter.Gardes()), 0);
+          expected.push_back(keys[i].second);
+        }
+        std::sort(expected.begin(), expected.end());
+        ASSERT_TRUE(std::equal(expected.begin(), expected.end(), at(first), at(last)));
+        std::transform(keys.begin() + static_cast<std::ptrdiff_t>(first),
+                       keys.begin() + static_cast<std::ptrdiff_t>(last), at(first),
+                       [](const auto& key) { return key.second; });
+      }
+      for (std::size_t i = 0; i < keys.size(); ++i) ASSERT_EQ(result.rows[i], keys[i].second) << i;
+    }
+  }
+}
+
 TEST(NumberSorter, SortsAsTheLibraryDoes) {
   std::mt19937 random(9);
   for (const std::uint32_t range : {1u, 5u, 3000u, 4000000000u}) {
