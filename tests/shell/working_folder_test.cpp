@@ -34,7 +34,9 @@ constexpr const char* base = "talpena_tmp.mdb";
 class SansDroits {
  public:
   SansDroits() : former_(geteuid()) {
-    if (former_ == 0) EXPECT_EQ(seteuid(nobody), 0);
+    if (former_ == 0) {
+      EXPECT_EQ(seteuid(nobody), 0);
+    }
   }
   SansDroits(const SansDroits&) = delete;
   SansDroits& operator=(const SansDroits&) = delete;
@@ -111,7 +113,9 @@ struct Endroit {
     for (const std::string& path : {here(), prive()}) Donne(path);
   }
   static void Donne(const std::string& path) {
-    if (geteuid() == 0) EXPECT_EQ(lchown(path.c_str(), nobody, nobody), 0);
+    if (geteuid() == 0) {
+      EXPECT_EQ(lchown(path.c_str(), nobody, nobody), 0);
+    }
   }
   std::string here() const { return root / "temp"; }
   std::string prive() const { return root / "private"; }

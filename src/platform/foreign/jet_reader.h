@@ -16,7 +16,7 @@ struct LimitesJet {
   std::size_t colonnes = 255;                      ///< of a table; never above 255
   std::size_t lignes = 50'000'000;                 ///< of a table
   std::size_t octetsMemo = std::size_t{64} << 20;  ///< of one long value
-  LimitesProcessus processus;                      ///< that reads the file
+  LimitesProcessus processus{};                    ///< that reads the file
 };
 
 /// Access 97 to 2003. The file is opened once, for reading, and read in a process of its own:

@@ -9,6 +9,7 @@
 #include <random>
 
 #include "platform/sqlite/engine_fixture.h"
+#include "platform/sqlite/private_file.h"
 #include "platform/sqlite/rows/packed_cells.h"
 
 namespace talpena {
@@ -159,9 +160,13 @@ TEST_F(RowsAheadTest, AWalkOverManyRowsTellsHowFarReadingThemCame) {
 class RowsAheadDirectTest : public ::testing::Test {
  protected:
   RowsAheadDirectTest()
-      : connection_(folder_ / "rows.db", sqlite::Connection::Mode::Create),
+      : connection_(Nouveau(folder_ / "rows.db"), sqlite::Connection::Mode::Fresh),
         table_(0, test::TalpenaDef()) {
     for (const std::string& sql : table_.SqlCreation()) connection_.Execute(sql);
+  }
+  static std::string Nouveau(const std::string& path) {
+    sqlite::CreeFichierPrive(path);
+    return path;
   }
   void Remplit(int count, int size) {
     connection_.Execute(
