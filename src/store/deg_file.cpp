@@ -11,15 +11,28 @@
 namespace talpena {
 namespace {
 
-/// A text in code page 1252; characters that it lacks are doubted, and "?" stands for them.
+/// A line's text in code page 1252; characters that it lacks are doubted, and "?" stands for them.
 std::string Encode(const std::string& what, const std::string& text, DegSink& sink) {
   std::string bytes;
-  const std::string absent = AjouteCp1252(bytes, text);
+  std::string kept;
+  const std::string absent = AjouteCp1252(bytes, LigneSansSaut(text, kept));
   if (!absent.empty()) {
     sink.Doute(TalpenaError(ErrorNumber::NotInCodePage,
                             what + ": the character " + absent + " is not in code page 1252."));
   }
   return bytes;
+}
+
+/// Separator and definitions: what parts them stays, and no other break.
+std::string LignesDeChamps(const std::string& text, DegSink& sink) {
+  std::string bytes;
+  for (std::size_t start = 0;;) {
+    const std::size_t end = text.find("\r\n", start);
+    bytes += Encode("Free fields", text.substr(start, end - start), sink);
+    if (end == std::string::npos) return bytes;
+    bytes += "\r\n";
+    start = end + 2;
+  }
 }
 
 void LitToutesLesLignes(DegFileRows& rows, DegContents& contents) {
@@ -90,7 +103,7 @@ void EcritEnTete(const DistributionHeader& entete, int anneeCourante, DegSink& s
   };
   ligne("<TALPENA 2.0>");
   ligne(Encode("Datum", entete.DatumFichierCode, sink));
-  if (!entete.FreeFieldText.empty()) ligne(Encode("Free fields", entete.FreeFieldText, sink));
+  if (!entete.FreeFieldText.empty()) ligne(LignesDeChamps(entete.FreeFieldText, sink));
   ligne("<END>");
   ligne(entete.BoxTitre.empty() ? "   " : Encode("Title", entete.BoxTitre, sink));
   const std::string comment = Encode("Comment", entete.Commentaire, sink);

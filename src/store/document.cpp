@@ -75,6 +75,7 @@ void Document::Affiche(bool Display::*part, bool shown, Aspect aspect) {
 void Document::PrendDatumParDefaut(const std::string& code, std::int16_t index) {
   header_.DatumFichierCode = code;
   header_.DatumFichier = index;
+  Signale(Aspect::Header);
 }
 
 void Document::ChangeModifie(bool modified) {

@@ -58,6 +58,26 @@ void AjouteLignesVides(Document& document, Edition& edition, std::int32_t lines)
   document.Data1.SignalePosition();
 }
 
+/// Nothing of the file before: its name, how it looked on the disk, its place in the title bar, the
+/// order that its rows were sorted in.
+void OublieFichier(Document& document) {
+  document.OublieModifications();
+  document.Fichier.NomFichier.clear();
+  document.Fichier.EmpreinteFichier.reset();
+  document.Fichier.LignesHorsFichier = false;
+  document.Fichier.LecturePartielle = false;
+  document.ChangeTitreFenetre(std::string(TitreSansFichier));
+  document.ChangeOrdre({});
+}
+
+/// Where the typing begins.
+void PremiereCellule(CommandContext c) {
+  DataControl& data = c.document().Data1;
+  data.recordset().MoveFirst();
+  data.SignalePosition();
+  c.vue.PlaceFocusColonne(0);
+}
+
 /// NouveauEnCours while the periods dialog is shown.
 class NewInProgress {
  public:
@@ -79,11 +99,7 @@ void CreationNouveau(CommandContext c, std::int32_t lines) {
   if (lines == 0) return;
   if (CheckSauvegarde(c)) return;
   Document& document = c.document();
-  document.OublieModifications();
-  document.Fichier.NomFichier.clear();
-  document.Fichier.EmpreinteFichier.reset();
-  document.Fichier.LignesHorsFichier = false;
-  document.Fichier.LecturePartielle = false;
+  OublieFichier(document);
   {
     Edition edition(document, "New");
     edition.LaisseNonModifie();
@@ -92,6 +108,7 @@ void CreationNouveau(CommandContext c, std::int32_t lines) {
     ChoisitChampsLibres(c, edition.Entete());
     AjouteLignesVides(document, edition, lines);
     edition.Entete().BoxTitre.clear();
+    edition.Entete().Commentaire.clear();
     edition.Valide();
   }
   document.MontreTitres();
@@ -100,6 +117,7 @@ void CreationNouveau(CommandContext c, std::int32_t lines) {
     c.port.MontreOptionsPeriodes();
   }
   document.ActiveMenus();
+  PremiereCellule(c);
 }
 
 }  // namespace talpena

@@ -296,7 +296,7 @@ class SortOverFiles : public GridCommands {
   }
 };
 
-TEST_F(SortOverFiles, OutlastsOpenAndMergeWhileNewShowsTheTable) {
+TEST_F(SortOverFiles, OutlastsOpenAndMergeAndEndsWithNew) {
   ChangeTri(state.document, 4, true);
   Charge(Fichier(1, 3));
   EXPECT_EQ(N1(), (Numbers{3, 2, 1}));
@@ -306,9 +306,9 @@ TEST_F(SortOverFiles, OutlastsOpenAndMergeWhileNewShowsTheTable) {
   dialogues.inputs = {"2"};
   MnuNouveau_Click(context);
   EXPECT_EQ(state.document.Data1.RecordSource, "TALPENA");
-  EXPECT_EQ(state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY  [N1] DESC");
+  EXPECT_EQ(state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY Counter");
   Charge(Fichier(7, 8));
-  EXPECT_EQ(N1(), (Numbers{8, 7})) << "and is back with the next file";
+  EXPECT_EQ(N1(), (Numbers{7, 8})) << "a new file has ended the order of the one before";
 }
 
 }  // namespace

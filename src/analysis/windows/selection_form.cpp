@@ -14,6 +14,7 @@
 #include "common/string_table.h"
 #include "platform/commands.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/one_line.h"
 
 namespace talpena {
 namespace {
@@ -62,6 +63,7 @@ void Selection::Construit() {
     OptSelect[i] = Cree<QRadioButton>(this, QString("OptSelect_%1").arg(i));
   }
   TxtSelect = Cree<QLineEdit>(this, "TxtSelect");
+  GardeUneLigne(*TxtSelect);
   lblColonnes = Cree<QLabel>(this, "lblColonnes");
   lblNoms = Cree<QLabel>(this, "lblNoms");
   lblNoms->setText(Affiche(ColonnesDeSelection));

@@ -19,6 +19,7 @@
 #include "common/text.h"
 #include "coords/ifbl.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/one_line.h"
 
 namespace talpena {
 namespace {
@@ -45,6 +46,7 @@ void Ajoute(QFormLayout* form, QLabel*& label, QLineEdit*& box, const QString& b
   label->setObjectName(labelName);
   box = new QLineEdit(form->parentWidget());
   box->setObjectName(boxName);
+  GardeUneLigne(*box);
   label->setBuddy(box);
   form->addRow(label, box);
 }

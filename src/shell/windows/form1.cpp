@@ -125,6 +125,11 @@ void Form1::ActiveOutils() {
 
 void Form1::PlaceFocusGrille() { TDBGrid1->setFocus(); }
 
+void Form1::PlaceFocusColonne(int column) {
+  TDBGrid1->PlaceColonne(column);
+  TDBGrid1->setFocus();
+}
+
 void Form1::AfficheMessage(const std::string& text) {
   frmMessage_->Affiche(QString::fromStdString(text));
   TraiteMessages();

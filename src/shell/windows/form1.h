@@ -83,6 +83,7 @@ class Form1 : public QMainWindow,
   void SelectionneColonnes(ColumnRange columns) override;
   int ColonneCourante() override;
   void PlaceFocusGrille() override;
+  void PlaceFocusColonne(int column) override;
 
   // WaitView
   void AfficheMessage(const std::string& text) override;

@@ -1,0 +1,54 @@
+// New in the main window, and what the window shows before there is a file.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "fakes/dialog_driver.h"
+#include "form1_machine.h"
+#include "store/windows/tdb_grid.h"
+
+namespace talpena::test {
+namespace {
+
+class Form1New : public testing::Test, protected Form1Machine {
+ protected:
+  void Nouveau() {
+    dialogues.inputs = {"3"};
+    dialogues.answers.push_back(Answer::Yes);  // the free fields of standard.hdr
+    const DialogDriver driver("frmOptionsPeriodes", [](QDialog& dialog) { dialog.reject(); });
+    Entree("MnuNouveau")->trigger();
+  }
+};
+
+TEST_F(Form1New, TheEmptyWindowShowsTheDatumOfTheFile) {
+  form->Charge("");
+  EXPECT_EQ(Controle<QLabel>("StatusBar1_Panel_3")->text().toStdString(),
+            state.document.Entete().DatumFichierCode);
+}
+
+TEST_F(Form1New, ShowsNothingOfTheFileBefore) {
+  form->Charge(Fichier(Lignes(12)));
+  Controle<QComboBox>("CmbTri")->setCurrentIndex(4);
+  Nouveau();
+  EXPECT_EQ(form->windowTitle(), "Talpena");
+  EXPECT_EQ(Controle<QLineEdit>("BoxTitre")->text(), "");
+  EXPECT_EQ(Controle<QLineEdit>("Commentaire")->text(), "");
+  EXPECT_EQ(Controle<QComboBox>("CmbTri")->currentIndex(), 0);
+  EXPECT_EQ(Controle<QLabel>("StatusBar1_Panel_1")->text(), "1/3");
+  EXPECT_EQ(Controle<QLabel>("StatusBar1_Panel_3")->text(), "WGS84") << "the datum stays";
+}
+
+TEST_F(Form1New, TypingBeginsInTheFirstCell) {
+  form->Charge(Fichier(Lignes(12)));
+  auto* grid = Controle<TDBGrid>("TDBGrid1");
+  grid->setCurrentIndex(grid->model()->index(5, 7));
+  Controle<QLineEdit>("BoxTitre")->setFocus();
+  Nouveau();
+  EXPECT_EQ(grid->currentIndex(), grid->model()->index(0, 0));
+  EXPECT_EQ(form->focusWidget(), grid);
+}
+
+}  // namespace
+}  // namespace talpena::test
