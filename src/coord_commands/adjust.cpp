@@ -89,7 +89,7 @@ void AjusteTout(CommandContext c, const std::string& name, Ajuste adjust) {
     ParcourtLignes(c, name, AjusteLignes::Passe(), rows);
   } catch (const TalpenaError& error) {
     Bip(c.state, c.io);
-    AfficheErreur(c.io, error.number(), error.description(), rows.DernierOriginal());
+    AfficheErreur(c.state, c.io, error, rows.DernierOriginal());
   }
   const std::string unknown = Jointes(rows.DatumsInconnus());
   if (!unknown.empty()) DitDatumAbsent(c.state, c.io, unknown);

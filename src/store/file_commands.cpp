@@ -119,8 +119,9 @@ bool MemeFichier(FileSystem& files, const std::string& a, const std::string& b) 
   return a == b || (stamp && stamp == files.Empreinte(b));
 }
 
-[[noreturn]] void LanceEchecRenomme(CommandContext c, int number, const std::string& what) {
-  throw TalpenaError(number, what + "\n" + Texte(c.state.Langue, MsgId::SauveSousMarche));
+/// What is about a path, with the way round it below.
+[[noreturn]] void LanceEchecRenomme(int number, const std::string& what, const std::string& path) {
+  throw TalpenaError(number, what + path, {.about = {path}, .hint = MsgId::SauveSousMarche});
 }
 
 /// Moves the open file to its backup. What would make the rename fail is raised before anything
@@ -128,13 +129,13 @@ bool MemeFichier(FileSystem& files, const std::string& a, const std::string& b) 
 void GardeBak(CommandContext c, const std::string& backup) {
   const std::string& path = c.document().Fichier.NomFichier;
   if (path.find('.') < DossierDe(path).size()) {
-    LanceEchecRenomme(c, ErrorNumber::PathFileAccess, "Path/File access error: " + backup);
+    LanceEchecRenomme(ErrorNumber::PathFileAccess, "Path/File access error: ", backup);
   }
   if (!c.io.files.Existe(path)) {
-    LanceEchecRenomme(c, ErrorNumber::FileNotFound, "File not found: " + path);
+    LanceEchecRenomme(ErrorNumber::FileNotFound, "File not found: ", path);
   }
   if (MemeFichier(c.io.files, path, backup)) {
-    LanceEchecRenomme(c, ErrorNumber::FileExists, "File already exists: " + backup);
+    LanceEchecRenomme(ErrorNumber::FileExists, "File already exists: ", backup);
   }
   if (c.io.files.Existe(backup)) c.io.files.Supprime(backup);
   c.io.files.Renomme(path, backup);

@@ -33,6 +33,18 @@ void PrendChampsInternes(DistributionHeader& entete) {
   CompteChampsLibres(entete);
 }
 
+/// No rows, no title, no comment; so nothing of the file before is on show while questions are
+/// asked.
+void VideDocument(Document& document) {
+  Edition edition(document, "New");
+  edition.LaisseNonModifie();
+  edition.VideTable();
+  edition.Entete().BoxTitre.clear();
+  edition.Entete().Commentaire.clear();
+  edition.Valide();
+  document.Relie(RowsShown::Table());
+}
+
 void ChoisitChampsLibres(CommandContext c, DistributionHeader& entete) {
   entete.FreeFieldText.clear();
   entete.FreeFieldDefs.clear();
@@ -51,15 +63,14 @@ void ChoisitChampsLibres(CommandContext c, DistributionHeader& entete) {
 
 /// Empty rows, and the last of them becomes the current one.
 void AjouteLignesVides(Document& document, Edition& edition, std::int32_t lines) {
-  document.Relie(RowsShown::Table());
   edition.AjouteLignesVides(lines);
   document.Data1.Refresh();
   document.Data1.recordset().MoveLast();
   document.Data1.SignalePosition();
 }
 
-/// Nothing of the file before: its name, how it looked on the disk, its place in the title bar, the
-/// order that its rows were sorted in.
+/// Nothing of the file before is kept: its name, how it looked on the disk, its place in the title
+/// bar, the order that its rows were sorted in.
 void OublieFichier(Document& document) {
   document.OublieModifications();
   document.Fichier.NomFichier.clear();
@@ -100,15 +111,13 @@ void CreationNouveau(CommandContext c, std::int32_t lines) {
   if (CheckSauvegarde(c)) return;
   Document& document = c.document();
   OublieFichier(document);
+  VideDocument(document);
+  document.AjusteGrille();
   {
     Edition edition(document, "New");
     edition.LaisseNonModifie();
-    edition.VideTable();
-    document.AjusteGrille();
     ChoisitChampsLibres(c, edition.Entete());
     AjouteLignesVides(document, edition, lines);
-    edition.Entete().BoxTitre.clear();
-    edition.Entete().Commentaire.clear();
     edition.Valide();
   }
   document.MontreTitres();

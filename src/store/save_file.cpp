@@ -1,5 +1,6 @@
 #include "store/save_file.h"
 
+#include "common/error_words.h"
 #include "common/msg_id.h"
 #include "common/paths.h"
 #include "common/string_table.h"
@@ -25,7 +26,8 @@ void SaveFile::Tronque() {
   } catch (const TalpenaError& failure) {
     Bip(state_, io_);
     AfficheErreur(io_, failure.number(),
-                  failure.description() + "\n" + Texte(state_.Langue, MsgId::AncienFichierReste));
+                  DescriptionErreur(state_.Langue, failure) + "\n" +
+                      Texte(state_.Langue, MsgId::AncienFichierReste));
   }
   file_.reset();
   if (!io_.files.Existe(path_)) fichier_.FichierIncomplet = path_;
@@ -48,7 +50,8 @@ void SaveFile::GardeAncien() {
   const std::string backup = CheminSecours(path_);
   const auto former = io_.files.Empreinte(path_);
   if (backup == path_ || former == io_.files.Empreinte(backup)) {
-    throw TalpenaError(ErrorNumber::FileExists, "File already exists: " + backup);
+    throw TalpenaError(ErrorNumber::FileExists, "File already exists: " + backup,
+                       {.about = {backup}});
   }
   if (io_.files.Existe(backup)) io_.files.Supprime(backup);
   io_.files.Renomme(path_, backup);

@@ -80,7 +80,8 @@ TEST(AjusteDegres, EndsAtAFaultAndNamesTheRow) {
   w.Montre({{"EUR-M", "deg 5 6"}, {"WGS84", "deg 50412 3921"}, {"EUR-M", "deg 7 8"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
   EXPECT_EQ(w.Points(), (Lines{"5 6", "1 2", "1 2"}));
-  EXPECT_EQ(w.Boites(), (Lines{"DEG 50412 3921\n\nError 5\nInvalid procedure call or argument"}));
+  EXPECT_EQ(w.Boites(), (Lines{"DEG 50412 3921\n\nError 5\nNothing can be computed from this "
+                               "value; check the numbers and the coordinates."}));
   EXPECT_TRUE(w.state.document.FichierModifie());
   EXPECT_FALSE(w.vue.grilleGelee);
   EXPECT_FALSE(w.vue.sablier);

@@ -88,7 +88,7 @@ TEST_F(NewCommand, StartsAFileWithoutAName) {
   EXPECT_TRUE(state.document.Data1.recordset().Get(Column::LATITUDE).EstNull());
   EXPECT_EQ(vue.calls,
             (std::vector<std::string>{
-                "ChangeTitreFenetre Talpena", "AjusteGrille", "ChangeBoxTitre", "ChangeCommentaire",
+                "ChangeTitreFenetre Talpena", "ChangeBoxTitre", "ChangeCommentaire", "AjusteGrille",
                 "MontreTitres", "MontreOptionsPeriodes", "ActiveMenus", "PlaceFocusColonne 0"}));
 }
 
@@ -157,6 +157,31 @@ TEST_F(WithStandardHdr, YesTakesItsFields) {
   EXPECT_EQ(state.document.Entete().FreeFieldText, "|\r\nA,Alpha,1\r\nB,Beta,22,more");
   EXPECT_EQ(state.document.Entete().FreeFieldCount, 2);
   EXPECT_EQ(state.document.Entete().FreeFieldDefs.at(1).Width, 22);
+}
+
+TEST_F(WithStandardHdr, NothingOfTheFileBeforeIsOnShowDuringItsQuestions) {
+  OuvreA(2);
+  Modifie();
+  Entete(state.document)->BoxTitre = "old";
+  Entete(state.document)->Commentaire = "source of the old file";
+  class Watcher : public FakeDialogues {
+   public:
+    Monde* monde = nullptr;
+    Answer Demande(const MessageBox& box) override {
+      const Answer answer = FakeDialogues::Demande(box);
+      if (box.text == "Save file ?") return answer;
+      EXPECT_EQ(monde->NombreLignes(), 0);
+      EXPECT_EQ(monde->vue.boxTitre + monde->vue.commentaire, "");
+      EXPECT_EQ(monde->vue.titre, "Talpena");
+      return answer;
+    }
+  } watcher;
+  watcher.monde = this;
+  watcher.answers = {Answer::No, Answer::Yes};
+  Platform asked{*engine, *files, settings, watcher, clock, environment, sound};
+  CreationNouveau({state, asked, vue, vue, vue}, 3);
+  EXPECT_EQ(watcher.boxes.size(), 2U);
+  EXPECT_EQ(NombreLignes(), 3);
 }
 
 /// The one beside the program.

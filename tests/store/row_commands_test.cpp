@@ -87,7 +87,7 @@ TEST_F(AddLines, AreSeenThroughAFilterThatTheyDoNotMeet) {
 TEST_F(AddLines, ANumberTooLargeIsShown) {
   Ouvre();
   Ajoute("1E20");
-  EXPECT_EQ(Boites(), (Strings{"Error 6\nOverflow"}));
+  EXPECT_EQ(Boites(), (Strings{"Error 6\nA number is too large for its place; correct it."}));
   EXPECT_EQ(N1().size(), 5U);
   EXPECT_FALSE(state.document.FichierModifie());
 }
@@ -144,7 +144,8 @@ TEST_F(Duplicate, WorksInASortedAndFilteredGrid) {
 TEST_F(Duplicate, AnEmptyTableHasNoRowForIt) {
   Ouvre(0);
   mnuDuplic_Click(context);
-  EXPECT_EQ(Boites(), (Strings{"Error 3021\nNo current record."}));
+  EXPECT_EQ(Boites(),
+            (Strings{"Error 3021\nThere is no row to work on; add a row or choose one first."}));
   EXPECT_FALSE(state.document.FichierModifie());
 }
 

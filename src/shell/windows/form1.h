@@ -150,6 +150,7 @@ class Form1 : public QMainWindow,
   void MontreAffichage(Changes changes);
   void AjusteGrille();
   void AffichePanneauDatum();
+  void DitSansLigne();
   void ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text);
   bool FichierOuvert() const { return state_.document.Montre().menus; }
   void AfficheDerniersFichiers();

@@ -11,6 +11,8 @@
 #include <QToolButton>
 
 #include "analysis/windows/frm_options_periodes.h"
+#include "common/msg_id_errors.h"
+#include "common/string_table.h"
 #include "coord_commands/adjust.h"
 #include "coords/snap.h"
 #include "coords/windows/ajustement.h"
@@ -183,11 +185,19 @@ void Form1::MnuTxtGrille_Click() {
 
 void Form1::MnuInfo_Click() { frmEastern(state_, this).exec(); }
 
+/// A key asked for the record editor, which has no row.
+void Form1::DitSansLigne() {
+  if (!FichierOuvert()) return;  // the window itself says so
+  Bip(state_, io_);
+  io_.dialogues.Demande(
+      {.text = Texte(state_.Langue, MsgId::EchecSansLigne), .icon = Icon::Information});
+}
+
 /// The record editor on the current row. It is no command itself, since it may stay open all day:
 /// ticks of Timer1 save the file meanwhile.
 void Form1::MontreEdition() {
   if (running_ > 0 || editForm_ != nullptr || !TDBGrid1->ValideEdition()) return;
-  if (!cmd[3]->isEnabled()) return;
+  if (!cmd[3]->isEnabled()) return DitSansLigne();
   EditForm form(Commandes(), this);
   editForm_ = &form;
   form.exec();

@@ -1,4 +1,5 @@
 // The record editor writes its row.
+#include "common/error_words.h"
 #include "common/line_breaks.h"
 #include "common/msg_id.h"
 #include "common/numbers.h"
@@ -147,7 +148,7 @@ void SauveEcran(CommandContext c, RecordScreen& ecran, bool& failed) {
   } catch (const TalpenaError& error) {
     failed = true;
     if (at) ecran.focus = at;
-    Dit(c, "Erreur pendant la sauvegarde.\r\n" + error.description());
+    Dit(c, "Erreur pendant la sauvegarde.\r\n" + DescriptionErreur(c.state.Langue, error));
   }
 }
 

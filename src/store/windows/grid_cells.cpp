@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "common/error_words.h"
 #include "common/line_breaks.h"
 #include "common/msg_id.h"
 #include "common/numbers.h"
@@ -87,7 +88,7 @@ std::string RaisonDuRefus(std::int16_t langue, const FieldDef& field, const Talp
     case ErrorNumber::ZeroLength:
       return Texte(langue, MsgId::TexteVide);
     default:
-      return refus.description();
+      return DescriptionErreur(langue, refus);
   }
 }
 

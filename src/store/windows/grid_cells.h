@@ -22,8 +22,7 @@ bool EstColonneNumerique(const FieldDef& field);
 void EcritCellule(Document& document, Recordset& rows, std::int64_t position, int field,
                   std::string_view typed);
 
-/// Why the table refused a value, in the user's language; the engine's own description where
-/// there is no better text.
+/// Why the table refused a value, in the user's language.
 std::string RaisonDuRefus(std::int16_t langue, const FieldDef& field, const TalpenaError& refus);
 
 }  // namespace talpena

@@ -50,5 +50,29 @@ TEST_F(Form1New, TypingBeginsInTheFirstCell) {
   EXPECT_EQ(form->focusWidget(), grid);
 }
 
+TEST_F(Form1New, WithoutRowsTheKeysOfARowSayWhyNot) {
+  form->Charge(Fichier(""));
+  form->activateWindow();
+  auto* grid = Controle<TDBGrid>("TDBGrid1");
+  grid->setFocus();
+  for (const Qt::Key key : {Qt::Key_Home, Qt::Key_End}) {
+    QTest::keyClick(grid, key, Qt::ControlModifier);
+  }
+  EXPECT_TRUE(dialogues.boxes.empty());
+  form->MontreEdition();
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(dialogues.boxes[0].text, "There is no row to work on; add a row or choose one first.");
+  Entree("mnuDuplic")->trigger();
+  ASSERT_EQ(dialogues.boxes.size(), 2U);
+  EXPECT_EQ(dialogues.boxes[1].text,
+            "Error 3021\nThere is no row to work on; add a row or choose one first.");
+}
+
+TEST_F(Form1New, TheEmptyWindowSaysItselfThatThereIsNoFile) {
+  form->Charge("");
+  form->MontreEdition();
+  EXPECT_TRUE(dialogues.boxes.empty());
+}
+
 }  // namespace
 }  // namespace talpena::test
