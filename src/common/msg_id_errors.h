@@ -44,6 +44,7 @@ inline constexpr int EchecTexteVide = 356;     // "The column %1 cannot be empti
 inline constexpr int EchecFormat = 357;        // "This file is no database that can be read, ..."
 inline constexpr int EchecComplexe = 358;      // "The condition is too long; make it shorter."
 inline constexpr int EchecInterne = 380;       // "The program has made a mistake; ..."
+inline constexpr int EchecSansFichier = 381;   // "No file is open; open one or begin a new one."
 
 // Failures in words of their own.
 inline constexpr int EchecDeLigne = 359;       // "Line %1 of the file: %2"

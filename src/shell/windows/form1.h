@@ -121,6 +121,8 @@ class Form1 : public QMainWindow,
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -151,6 +153,7 @@ class Form1 : public QMainWindow,
   void AjusteGrille();
   void AffichePanneauDatum();
   void DitSansLigne();
+  bool VaParTouche(const QKeyEvent& event);
   void ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text);
   bool FichierOuvert() const { return state_.document.Montre().menus; }
   void AfficheDerniersFichiers();

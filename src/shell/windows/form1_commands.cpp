@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -92,6 +93,7 @@ void Form1::Relie() {
     connect(cmdFirstLast[i], &QToolButton::clicked, this,
             [this, i] { cmdFirstLast_Click(static_cast<int>(i)); });
   }
+  CmbTri->installEventFilter(this);
   connect(CmbTri, &QComboBox::currentIndexChanged, this, &Form1::CmbTri_Click);
   connect(OptTri[1], &QRadioButton::toggled, this, &Form1::CmbTri_Click);
   ChangeTexte(*BoxTitre_, &DistributionHeader::BoxTitre);
@@ -185,12 +187,37 @@ void Form1::MnuTxtGrille_Click() {
 
 void Form1::MnuInfo_Click() { frmEastern(state_, this).exec(); }
 
-/// A key asked for the record editor, which has no row.
+/// A key asked for a row, and there is none.
 void Form1::DitSansLigne() {
-  if (!FichierOuvert()) return;  // the window itself says so
+  const int text = FichierOuvert() ? MsgId::EchecSansLigne : MsgId::EchecSansFichier;
   Bip(state_, io_);
-  io_.dialogues.Demande(
-      {.text = Texte(state_.Langue, MsgId::EchecSansLigne), .icon = Icon::Information});
+  io_.dialogues.Demande({.text = Texte(state_.Langue, text), .icon = Icon::Information});
+}
+
+/// Ctrl+Home and Ctrl+End where no control has a use of its own for them.
+bool Form1::VaParTouche(const QKeyEvent& event) {
+  const bool first = event.key() == Qt::Key_Home;
+  if (event.modifiers() != Qt::ControlModifier) return false;
+  if (!first && event.key() != Qt::Key_End) return false;
+  if (running_ > 0) return true;
+  if (!Etat().hasRow) {
+    DitSansLigne();
+    return true;
+  }
+  cmdFirstLast_Click(first ? 0 : 1);
+  PlaceFocusGrille();
+  return true;
+}
+
+void Form1::keyPressEvent(QKeyEvent* event) {
+  if (!VaParTouche(*event)) QMainWindow::keyPressEvent(event);
+}
+
+/// The sort list would take these keys for its own first and last entry.
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+  const bool key = watched == CmbTri && event->type() == QEvent::KeyPress;
+  if (key && VaParTouche(*static_cast<QKeyEvent*>(event))) return true;
+  return QMainWindow::eventFilter(watched, event);
 }
 
 /// The record editor on the current row. It is no command itself, since it may stay open all day:

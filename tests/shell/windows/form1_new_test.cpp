@@ -55,23 +55,46 @@ TEST_F(Form1New, WithoutRowsTheKeysOfARowSayWhyNot) {
   form->activateWindow();
   auto* grid = Controle<TDBGrid>("TDBGrid1");
   grid->setFocus();
+  const std::string why = "There is no row to work on; add a row or choose one first.";
   for (const Qt::Key key : {Qt::Key_Home, Qt::Key_End}) {
     QTest::keyClick(grid, key, Qt::ControlModifier);
+    ASSERT_EQ(dialogues.boxes.size(), 1U);
+    EXPECT_EQ(dialogues.boxes[0].text, why);
+    dialogues.boxes.clear();
   }
-  EXPECT_TRUE(dialogues.boxes.empty());
   form->MontreEdition();
   ASSERT_EQ(dialogues.boxes.size(), 1U);
-  EXPECT_EQ(dialogues.boxes[0].text, "There is no row to work on; add a row or choose one first.");
+  EXPECT_EQ(dialogues.boxes[0].text, why);
   Entree("mnuDuplic")->trigger();
   ASSERT_EQ(dialogues.boxes.size(), 2U);
-  EXPECT_EQ(dialogues.boxes[1].text,
-            "Error 3021\nThere is no row to work on; add a row or choose one first.");
+  EXPECT_EQ(dialogues.boxes[1].text, "Error 3021\n" + why);
 }
 
-TEST_F(Form1New, TheEmptyWindowSaysItselfThatThereIsNoFile) {
+TEST_F(Form1New, InTheEmptyWindowTheKeysOfARowSayThatThereIsNoFile) {
   form->Charge("");
+  auto* list = Controle<QComboBox>("CmbTri");
+  list->setCurrentIndex(4);
+  for (QWidget* focus : {static_cast<QWidget*>(list), Controle<QWidget>("lbl1")}) {
+    QTest::keyClick(focus, Qt::Key_Home, Qt::ControlModifier);
+    ASSERT_EQ(dialogues.boxes.size(), 1U);
+    EXPECT_EQ(dialogues.boxes[0].text, "No file is open; open one or begin a new one.");
+    dialogues.boxes.clear();
+  }
+  EXPECT_EQ(list->currentIndex(), 4) << "the order is not touched";
   form->MontreEdition();
-  EXPECT_TRUE(dialogues.boxes.empty());
+  EXPECT_EQ(dialogues.boxes.size(), 1U);
+}
+
+TEST_F(Form1New, CtrlHomeInTheSortListGoesToTheFirstRow) {
+  form->Charge(Fichier(Lignes(12)));
+  auto* grid = Controle<TDBGrid>("TDBGrid1");
+  grid->setCurrentIndex(grid->model()->index(5, 7));
+  auto* list = Controle<QComboBox>("CmbTri");
+  QTest::keyClick(list, Qt::Key_End, Qt::ControlModifier);
+  EXPECT_EQ(grid->currentIndex(), grid->model()->index(11, 7));
+  QTest::keyClick(list, Qt::Key_Home, Qt::ControlModifier);
+  EXPECT_EQ(grid->currentIndex(), grid->model()->index(0, 7));
+  EXPECT_EQ(list->currentIndex(), 0);
 }
 
 }  // namespace

@@ -44,6 +44,7 @@ TEST(GridEdit, PastedLineBreaksAreLfInACommentAndBlanksElsewhere) {
     QApplication::clipboard()->setText(text);
     g.Editeur()->paste();
     QTest::keyClick(g.Editeur(), Qt::Key_Return);
+    ShownGrid::Traite();
     return g.Texte(0, column);
   };
   EXPECT_EQ(paste(comment, "one\rtwo\r\nthree\nfour"), "one\ntwo\nthree\nfour");
