@@ -31,7 +31,7 @@ class Load {
 
   LoadOutcome Execute() {
     if (!c_.io.files.Existe(fileName_)) return Refuse("File not found");
-    entete_ = Ouvert().Entete();
+    avant_ = entete_ = Ouvert().Entete();
     entete_.FreeFieldText.clear();
     if (merge_) {
       const std::string refusal = FusionRefusee();
@@ -69,7 +69,8 @@ class Load {
       }
     };
     essaie([this] {
-      if (rowsChanged_ && !merge_ && !enteteEnPlace_) MetEntete();
+      const bool shown = enteteEnPlace_ || (rowsChanged_ && !merge_);
+      if (shown && !lignesCommencees_) RemetChamps();
     });
     essaie([this] {
       if (rowsChanged_) Ouvert().RelieSqlCourant();
@@ -155,6 +156,15 @@ class Load {
     if (answer == Answer::Yes) LitStandardHdr(entete_, c_.io.files, path);
   }
 
+  /// A file that was refused before its rows leaves no fields to the next one, which may have none
+  /// of its own: those of the file before are in force again.
+  void RemetChamps() {
+    entete_.FreeFieldSeparator = avant_.FreeFieldSeparator;
+    entete_.FreeFieldDefs = avant_.FreeFieldDefs;
+    entete_.FreeFieldCount = avant_.FreeFieldCount;
+    MetEntete();
+  }
+
   /// The header was read: it becomes that of the document, which a merge modifies.
   void PrendEntete() {
     if (!merge_) Ouvert().OublieModifications();
@@ -175,6 +185,7 @@ class Load {
     busy_->Montre(0);
     rowsChanged_ = true;
     DegFileRows rows = reader_->Lignes(entete_);
+    lignesCommencees_ = true;
     Insere(rows);
     if (rows.DernierPourcent() != 100) busy_->Montre(100);
     reader_.reset();
@@ -209,13 +220,15 @@ class Load {
   const std::string& fileName_;
   const bool merge_;
   DistributionHeader entete_;
+  DistributionHeader avant_;  ///< the header before
   std::optional<Busy> busy_;
   std::unique_ptr<InputFile> file_;
   std::optional<DegFileReader> reader_;
   std::optional<FileStamp> empreinte_;
-  bool ancienne_ = false;       ///< a file of form 1
-  bool enteteEnPlace_ = false;  ///< the document has what was read of the header
-  bool rowsChanged_ = false;    ///< the table is no longer what the grid shows
+  bool ancienne_ = false;          ///< a file of form 1
+  bool enteteEnPlace_ = false;     ///< the document has what was read of the header
+  bool lignesCommencees_ = false;  ///< there is a reader of rows
+  bool rowsChanged_ = false;       ///< the table is no longer what the grid shows
 };
 
 }  // namespace

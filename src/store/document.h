@@ -28,7 +28,8 @@ enum class Aspect : unsigned {
   Menus = 64,
   TitleLines = 128,
   Grid = 256,
-  Words = 512  ///< of an empty window
+  Words = 512,  ///< of an empty window
+  Notice = 1024
 };
 
 /// Several at once.
@@ -68,6 +69,7 @@ struct Display {
   bool titres = false;  ///< title and comment
   bool grille = false;
   bool lbl1 = true;  ///< the words of an empty window
+  std::string avis;  ///< what the status bar says of the file until that is over; "" for nothing
 };
 
 class Document {
@@ -109,7 +111,7 @@ class Document {
   FileOnDisk Fichier;
   bool FichierModifie() const { return modified_; }
   /// What the table holds stands in a file, or may be lost.
-  void OublieModifications() { ChangeModifie(false); }
+  void OublieModifications();
 
   bool NouveauEnCours = false;  ///< only while New shows the periods dialog
 
@@ -121,6 +123,7 @@ class Document {
   void MontreTitres();  ///< shows BoxTitre, LabelTitre, LabelCommentaire and Commentaire
   void AjusteGrille();  ///< shows the grid
   void CacheLbl1();
+  void ChangeAvis(const std::string& text);  ///< OublieModifications takes it away
 
  private:
   friend class Edition;

@@ -22,7 +22,7 @@ TEST(DescriptionErreur, IsTheWordsOfTheNumber) {
   EXPECT_EQ(DescriptionErreur(english, error),
             "There is no row to work on; add a row or choose one first.");
   EXPECT_EQ(DescriptionErreur(french, error),
-            "Il n'y a pas de ligne à traiter\u00A0; ajoutez ou choisissez d'abord une ligne.");
+            "Il n’y a pas de ligne à traiter\u00A0; ajoutez ou choisissez d’abord une ligne.");
 }
 
 TEST(DescriptionErreur, NamesWhatTheFailureIsAbout) {

@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QDate>
 #include <QDir>
+#include <QTime>
 
 #include "common/paths.h"
 #include "platform/qt/private_folder.h"
@@ -21,6 +22,11 @@ CalendarDate QtClock::DateCourante() {
   return {today.year(), today.month(), today.day()};
 }
 
+DayTime QtClock::HeureCourante() {
+  const QTime now = QTime::currentTime();
+  return {now.hour(), now.minute(), now.second()};
+}
+
 std::string QtEnvironment::Variable(std::string_view name) {
   return qEnvironmentVariable(std::string(name).c_str()).toStdString();
 }
@@ -31,6 +37,8 @@ std::string QtEnvironment::DossierTemporaire() {
   }
   return DossierPrive();
 }
+
+std::string QtEnvironment::DossierPrive() { return talpena::DossierPrive(); }
 
 std::string QtEnvironment::LecteurCD() {
 #ifdef Q_OS_WIN

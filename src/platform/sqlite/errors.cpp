@@ -36,6 +36,12 @@ TalpenaError AppelInvalide() { return {ErrorNumber::InvalidCall, "Invalid proced
 
 TalpenaError Debordement() { return {ErrorNumber::Overflow, "Overflow"}; }
 
+TalpenaError AccesRefuse(std::string_view path) {
+  return {ErrorNumber::PathFileAccess,
+          "Path/File access error: " + EntreApostrophes(path) + ".",
+          {.about = {std::string(path)}}};
+}
+
 TalpenaError ArgumentInvalide() { return {ErrorNumber::InvalidArgument, "Invalid argument."}; }
 
 TalpenaError TableExiste(std::string_view table) {

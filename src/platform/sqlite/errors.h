@@ -9,9 +9,10 @@ struct sqlite3;
 
 namespace talpena::sqlite {
 
-TalpenaError AppelInvalide();     ///< 5
-TalpenaError Debordement();       ///< 6
-TalpenaError ArgumentInvalide();  ///< 3001
+TalpenaError AppelInvalide();                     ///< 5
+TalpenaError Debordement();                       ///< 6
+TalpenaError AccesRefuse(std::string_view path);  ///< 75
+TalpenaError ArgumentInvalide();                  ///< 3001
 TalpenaError TableExiste(std::string_view table);
 TalpenaError SansEdition();                              ///< 3020
 TalpenaError PasDeLigne();                               ///< 3021

@@ -9,18 +9,19 @@
 namespace talpena {
 
 /// No exception may travel through Qt's event loop: what no command caught is shown in the common
-/// box here, and the program goes on.
+/// box here, and the program goes on. It paints in the desktop's colours, made legible.
 class Application : public QApplication {
   Q_OBJECT
 
  public:
-  using QApplication::QApplication;
+  Application(int& argc, char** argv);
   /// Where failures are shown, and in whose language.
   void ChangePlatform(Platform* io, const SharedState* state) {
     io_ = io;
     state_ = state;
   }
   bool notify(QObject* receiver, QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void Montre(const TalpenaError& failure);

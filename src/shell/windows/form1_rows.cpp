@@ -34,10 +34,16 @@ void Form1::AfficheFiltre() {
     text = AvecNombres(state_.Langue, Texte(state_.Langue, MsgId::FiltreRetire),
                        CompteLignes(state_.document));
   }
+  std::string tip = filtered_ ? Texte(state_.Langue, MsgId::FiltreEtSauvegarde) : std::string();
+  if (const std::string& avis = state_.document.Montre().avis; !avis.empty()) {
+    text = avis;
+    tip.clear();
+  } else if (text.empty()) {
+    text = TexteDossierRefuse(state_);
+    tip = DetailDossierRefuse(state_);
+  }
   panels_[1]->setText(QString::fromStdString(text));
-  panels_[1]->setToolTip(
-      filtered_ ? QString::fromStdString(Texte(state_.Langue, MsgId::FiltreEtSauvegarde))
-                : QString());
+  panels_[1]->setToolTip(QString::fromStdString(tip));
 }
 
 /// The sort controls show the order that the rows have, whoever bound them.

@@ -124,7 +124,7 @@ void GridModel::RafraichitValeurs() {
 
 void GridModel::ChangeTitres(const std::array<std::string, Column::GridCount>& titles) {
   std::transform(titles.begin(), titles.end(), titles_.begin(),
-                 [](const std::string& t) { return QString::fromStdString(t); });
+                 [](const std::string& t) { return QString::fromStdString(t).trimmed(); });
   Q_EMIT headerDataChanged(Qt::Horizontal, 0, Column::GridCount - 1);
 }
 

@@ -9,7 +9,7 @@
 #include <cmath>
 
 #include "platform/commands.h"
-#include "platform/qt/colours.h"
+#include "platform/qt/decimals.h"
 #include "store/windows/grid_colours.h"
 #include "store/windows/grid_model.h"
 
@@ -23,6 +23,10 @@ constexpr std::array<const char*, Column::GridCount> typicalTexts = {
     "00",         "-00.00000", "-000.00000", "00000",
     "00000",      "MM",        "NAS-C",      "deg +00.00000 +000.00000",
     "0000/00/00", ""};
+
+constexpr int columnLatitude = Column::LATITUDE - Column::FirstInGrid;
+constexpr int columnLongitude = Column::LONGITUDE - Column::FirstInGrid;
+constexpr int pointDecimals = 5;  ///< as files keep them
 
 /// Left and right of a text, pixels.
 constexpr int cellMargins = 14;
@@ -63,6 +67,9 @@ class GridDelegate : public QStyledItemDelegate {
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
+    if (index.column() == columnLatitude || index.column() == columnLongitude) {
+      AligneDecimales(*option, pointDecimals);
+    }
     const auto* view = qobject_cast<const QTableView*>(option->widget);
     if (view == nullptr || index.row() != view->currentIndex().row()) return;
     // The current row is tinted, so that it is found again on a wide screen.
@@ -71,13 +78,6 @@ class GridDelegate : public QStyledItemDelegate {
     option->backgroundBrush = tint;
   }
 };
-
-QColor EnQt(Rgb c) { return {c.red, c.green, c.blue}; }
-
-Rgb DeQt(const QColor& c) {
-  return {static_cast<std::uint8_t>(c.red()), static_cast<std::uint8_t>(c.green()),
-          static_cast<std::uint8_t>(c.blue())};
-}
 
 }  // namespace
 
@@ -145,15 +145,10 @@ void TDBGrid::AppliqueCouleurs() { ChangeFond(state_.CouleurFondGrille); }
 
 void TDBGrid::ChangeFond(std::uint32_t stored) {
   background_ = stored;
-  const QPalette desktop = QApplication::palette();
-  const QColor background = EnQColor(stored, desktop);
-  QColor text = EnQColor(state_.CouleurTexteGrille, desktop);
-  if (EstCouleurSysteme(state_.CouleurTexteGrille)) {
-    text = EnQt(TexteLisible(DeQt(background), DeQt(text)));
-  }
+  const GridColours shown = CouleursDeGrille(state_, stored, QApplication::palette());
   QPalette colours = palette();
-  colours.setColor(QPalette::Base, background);
-  colours.setColor(QPalette::Text, text);
+  colours.setColor(QPalette::Base, shown.background);
+  colours.setColor(QPalette::Text, shown.text);
   setPalette(colours);
 }
 
@@ -264,7 +259,7 @@ void TDBGrid::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange) {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   }
-  if (event->type() == QEvent::ApplicationPaletteChange) ChangeFond(background_);
+  if (event->type() == QEvent::PaletteChange) ChangeFond(background_);
 }
 
 }  // namespace talpena
