@@ -39,11 +39,11 @@ int main(int argc, char** argv) {
 
   Machine machine;
   Platform& io = machine.io;
-  application.ChangePlatform(&io);
+  ProcessState state;
+  application.ChangePlatform(&io, &state);
 
   SingleInstance instance;
   if (!EstSeuleInstance([&instance] { return instance.Acquiert(); }, machine.dialogues)) return 0;
-  ProcessState state;
   Start splash(state);
   splash.Montre();
 

@@ -107,7 +107,7 @@ bool Ajuste(CommandContext c, AjustePoint adjust, Walk walk) {
     walk(rows);
   } catch (const TalpenaError& error) {
     Bip(c.state, c.io);
-    AfficheErreur(c.io, error.number(), error.description());
+    AfficheErreur(c.state, c.io, error);
     return false;
   }
   DitReste(c, rows);

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
@@ -30,7 +31,8 @@ void EpsOutput::Ligne(std::string_view utf8) {
   const auto bytes = Utf8VersCp1252(utf8, &missing);
   if (!bytes) {
     throw TalpenaError(ErrorNumber::NotInCodePage,
-                       "The character " + missing + " is not in code page 1252.");
+                       "The character " + missing + " is not in code page 1252.",
+                       {.text = MsgId::TexteSansCaractere, .about = {missing}});
   }
   LigneBrute(*bytes);
 }

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/paths.h"
 #include "common/talpena_error.h"
@@ -120,7 +121,8 @@ void InitParam(MapContext c) {
   const double bottom = georeferenced ? carte.YBas : carte.Bas;
   const UserScale scale{left, top, right - left, bottom - top};
   if (scale.width == 0 || scale.height == 0 || !std::isfinite(scale.width + scale.height)) {
-    throw TalpenaError(ErrorNumber::InvalidCall, "A map without width or height has no scale");
+    throw TalpenaError(ErrorNumber::InvalidCall, "A map without width or height has no scale",
+                       {.text = MsgId::CarteSansEchelle});
   }
   c.canvas.ChangeEchelle(scale);
 }

@@ -1,5 +1,6 @@
 #include "platform/commands.h"
 
+#include "common/error_words.h"
 #include "common/numbers.h"
 
 namespace talpena {
@@ -14,6 +15,11 @@ void AfficheErreur(Platform& io, int number, const std::string& description,
   if (!context.empty()) text = std::string(context) + "\n\n";
   text += "Error " + Str(std::int64_t{number}) + "\n" + description;
   io.dialogues.Demande({.text = text, .icon = Icon::Exclamation});
+}
+
+void AfficheErreur(const SharedState& state, Platform& io, const TalpenaError& error,
+                   std::string_view context) {
+  AfficheErreur(io, error.number(), DescriptionErreur(state.Langue, error), context);
 }
 
 }  // namespace talpena

@@ -18,6 +18,10 @@ void Bip(const SharedState& state, Platform& io);
 void AfficheErreur(Platform& io, int number, const std::string& description,
                    std::string_view context = {});
 
+/// The same in the words of the interface's language.
+void AfficheErreur(const SharedState& state, Platform& io, const TalpenaError& error,
+                   std::string_view context = {});
+
 /// Runs a command's body: a cancelled dialog ends it silently, any other failure beeps and is
 /// shown. What the body leaves open is put back by its own destructors.
 template <typename Body>
@@ -28,7 +32,7 @@ void ExecuteCommande(const SharedState& state, Platform& io, std::string_view co
   } catch (const TalpenaError& e) {
     if (e.number() == ErrorNumber::Cancelled) return;
     Bip(state, io);
-    AfficheErreur(io, e.number(), e.description(), context);
+    AfficheErreur(state, io, e, context);
   }
 }
 

@@ -102,7 +102,8 @@ double FreeInput::Nombre() {
   FermeElement();
   if (text.empty()) return 0;
   if (!EstNumerique(text)) {
-    throw TalpenaError(ErrorNumber::TypeMismatch, "Type mismatch: " + Cp1252VersUtf8(text));
+    throw TalpenaError(ErrorNumber::TypeMismatch, "Type mismatch: " + Cp1252VersUtf8(text),
+                       {.about = {Cp1252VersUtf8(text)}});
   }
   return Val(text);
 }

@@ -29,6 +29,8 @@ class MainWindowView {
   virtual void SelectionneColonnes(ColumnRange columns) = 0;
   virtual int ColonneCourante() = 0;  ///< of the grid's cursor; 0 when it stands nowhere
   virtual void PlaceFocusGrille() = 0;
+  /// The same, with the grid's cursor in this column of the current row.
+  virtual void PlaceFocusColonne(int column) = 0;
 };
 
 }  // namespace talpena

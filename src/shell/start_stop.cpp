@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "common/error_words.h"
 #include "common/msg_id.h"
 #include "common/paths.h"
 #include "common/string_table.h"
@@ -35,7 +36,8 @@ void ChoisitWorkingDir(Load& l) {
 void SupprimeBaseAncienne(Load& l) {
   const std::string& path = l.c.state.WorkingDbPath;
   if (!l.c.io.files.EstLibre(path)) {
-    throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: " + path);
+    throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: " + path,
+                       {.about = {path}});
   }
   if (l.c.io.files.Existe(path)) l.c.io.files.Supprime(path);
 }
@@ -207,11 +209,13 @@ std::optional<TalpenaError> ChargeForm1(ShellContext c, const std::string& comma
 void DitArretDeCharge(ShellContext c, const TalpenaError& failure) {
   c.attente.ChangeSablier(false);
   std::string context;
+  std::int16_t langue = c.state.Langue;
   if (c.document().WorkingDb == nullptr) {  // the settings were not read as yet
-    context = Texte(LangueReglee(c.io.settings), MsgId::SansDossier);
+    langue = LangueReglee(c.io.settings);
+    context = Texte(langue, MsgId::SansDossier);
   }
   Bip(c.state, c.io);
-  AfficheErreur(c.io, failure.number(), failure.description(), context);
+  AfficheErreur(c.io, failure.number(), DescriptionErreur(langue, failure), context);
 }
 
 std::string TexteDossierRefuse(const ProcessState& state) {

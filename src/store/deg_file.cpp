@@ -3,6 +3,7 @@
 #include <array>
 #include <utility>
 
+#include "common/msg_id_errors.h"
 #include "common/talpena_error.h"
 #include "store/deg_header.h"
 #include "store/deg_line_writer.h"
@@ -11,15 +12,30 @@
 namespace talpena {
 namespace {
 
-/// A text in code page 1252; characters that it lacks are doubted, and "?" stands for them.
-std::string Encode(const std::string& what, const std::string& text, DegSink& sink) {
+/// A line's text in code page 1252; characters that it lacks are doubted, and "?" stands for them.
+/// What is doubted is said by the text `words`.
+std::string Encode(int words, const std::string& text, DegSink& sink) {
   std::string bytes;
-  const std::string absent = AjouteCp1252(bytes, text);
+  std::string kept;
+  const std::string absent = AjouteCp1252(bytes, LigneSansSaut(text, kept));
   if (!absent.empty()) {
     sink.Doute(TalpenaError(ErrorNumber::NotInCodePage,
-                            what + ": the character " + absent + " is not in code page 1252."));
+                            "Header: the character " + absent + " is not in code page 1252.",
+                            {.text = words, .about = {absent}}));
   }
   return bytes;
+}
+
+/// Separator and definitions: what parts them stays, and no other break.
+std::string LignesDeChamps(const std::string& text, DegSink& sink) {
+  std::string bytes;
+  for (std::size_t start = 0;;) {
+    const std::size_t end = text.find("\r\n", start);
+    bytes += Encode(MsgId::ChampsSansCaractere, text.substr(start, end - start), sink);
+    if (end == std::string::npos) return bytes;
+    bytes += "\r\n";
+    start = end + 2;
+  }
 }
 
 void LitToutesLesLignes(DegFileRows& rows, DegContents& contents) {
@@ -89,11 +105,11 @@ void EcritEnTete(const DistributionHeader& entete, int anneeCourante, DegSink& s
     sink.Tente([&] { sink.Ecrit(std::string(bytes) + "\r\n"); });
   };
   ligne("<TALPENA 2.0>");
-  ligne(Encode("Datum", entete.DatumFichierCode, sink));
-  if (!entete.FreeFieldText.empty()) ligne(Encode("Free fields", entete.FreeFieldText, sink));
+  ligne(Encode(MsgId::TexteSansCaractere, entete.DatumFichierCode, sink));
+  if (!entete.FreeFieldText.empty()) ligne(LignesDeChamps(entete.FreeFieldText, sink));
   ligne("<END>");
-  ligne(entete.BoxTitre.empty() ? "   " : Encode("Title", entete.BoxTitre, sink));
-  const std::string comment = Encode("Comment", entete.Commentaire, sink);
+  ligne(entete.BoxTitre.empty() ? "   " : Encode(MsgId::TitreSansCaractere, entete.BoxTitre, sink));
+  const std::string comment = Encode(MsgId::CommentaireSansCaractere, entete.Commentaire, sink);
   ligne(comment);
   if (const auto periods =
           LignePeriodes(entete.NbPivots, entete.Pivot1, entete.Pivot2, anneeCourante)) {

@@ -1,5 +1,6 @@
 #include "store/deg_header.h"
 
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
@@ -26,7 +27,7 @@ void AjouteDefinition(DistributionHeader& entete, const std::string& line, std::
     AjouteTexteChampsLibres(entete, line);
     AjouteChampLibre(entete, line);
   } catch (const TalpenaError& e) {
-    throw TalpenaError(e.number(), "Line " + Str(number) + ": " + e.description());
+    throw e.SurLigne(number);
   }
 }
 
@@ -84,9 +85,10 @@ std::string RefusDeFusion(const DistributionHeader& entete, DegLines& lines) {
     if (Rogne(line).empty()) continue;
     const std::vector<std::string> items = Decoupe(line, ',');
     if (items.size() < comparedItems) {
-      throw TalpenaError(
-          ErrorNumber::SubscriptOutOfRange,
-          "Line " + Str(lines.Numero()) + ": a field definition has fewer than three items.");
+      throw TalpenaError(ErrorNumber::SubscriptOutOfRange,
+                         "a field definition has fewer than three items.",
+                         {.text = MsgId::DefinitionIncomplete, .about = {line}})
+          .SurLigne(lines.Numero());
     }
     if (!MemeDefinition(entete, index++, items)) {
       return "Field definition not compatible with current file!\r\n" + items[0] + "," + items[1] +

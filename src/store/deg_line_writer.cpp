@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "common/line_breaks.h"
 #include "common/numbers.h"
 #include "common/text.h"
 
@@ -93,7 +94,19 @@ std::string CaracteresAbsents(std::string_view utf8) {
   return absent;
 }
 
+/// The last guard of the file's lines: CR ends one wherever it stands. What was read from a file
+/// has none.
+std::string_view SansRetour(std::string_view comment, std::string& kept) {
+  if (comment.find('\r') == std::string_view::npos) return comment;
+  return kept = AvecSautsLf(comment);
+}
+
 }  // namespace
+
+std::string_view LigneSansSaut(std::string_view text, std::string& kept) {
+  if (text.find_first_of("\r\n") == std::string_view::npos) return text;
+  return kept = SurUneLigne(text);
+}
 
 std::string AjouteCp1252(std::string& bytes, std::string_view utf8, std::size_t width) {
   const std::size_t before = bytes.size();
@@ -112,7 +125,9 @@ std::string AjouteCp1252(std::string& bytes, std::string_view utf8, std::size_t 
 }
 
 void EcritLigne(std::string& bytes, const DegLine& line, std::vector<LackingCharacters>& lacking) {
+  std::string kept;
   const auto texte = [&](std::string_view column, std::string_view text, std::size_t width) {
+    text = width > 0 ? LigneSansSaut(text, kept) : SansRetour(text, kept);
     std::string absent = AjouteCp1252(bytes, text, width);
     if (!absent.empty()) lacking.push_back({column, std::move(absent)});
   };

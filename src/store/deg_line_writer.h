@@ -35,9 +35,14 @@ inline constexpr std::string_view LigneStatistiques =
     "OCC3=000001 CAR3=000001";
 
 /// Adds a row line and its line end. A text shorter than its columns is padded behind; one that
-/// is longer, or a number too large for its columns, shifts what follows. A character that the
+/// is longer, or a number too large for its columns, shifts what follows. No CR of a value comes
+/// into the line, and no LF but those of the comment. A character that the
 /// code page lacks becomes "?" and is listed in `lacking`.
 void EcritLigne(std::string& bytes, const DegLine& line, std::vector<LackingCharacters>& lacking);
+
+/// A text as the columns and lines of one line hold it: with blanks for its CR and LF, in `kept`;
+/// one without any comes back itself.
+std::string_view LigneSansSaut(std::string_view text, std::string& kept);
 
 /// Adds a text in code page 1252, padded with blanks to `width` bytes; the characters that the
 /// code page lacks become "?" and come back as LackingCharacters lists them, "" for none.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 
@@ -10,8 +11,6 @@ namespace talpena {
 namespace {
 
 constexpr std::int64_t blockSize = 256 << 10;
-constexpr std::string_view lfHint =
-    " The lines of this file end in LF alone; those of a .deg file end in CR LF.";
 
 /// No more than the file and its end need.
 std::size_t TailleDeBloc(const InputFile& file) {
@@ -45,11 +44,13 @@ bool DegLines::Lit(std::string_view& line) {
 std::string_view DegLines::LitObligatoire() {
   std::string_view line;
   if (Lit(line)) return line;
-  std::string description = "Input past end of file: ";
-  description += number_ == 0 ? "the file is empty."
-                              : "the file ends behind line " + Str(number_) + ", in its header.";
-  if (lfOnly_ && number_ == 1) description += lfHint;
-  throw TalpenaError(ErrorNumber::InputPastEnd, description);
+  const int hint = lfOnly_ && number_ == 1 ? MsgId::LignesLf : 0;
+  const std::string description = "Input past end of file: behind line " + Str(number_);
+  if (number_ == 0) {
+    throw TalpenaError(ErrorNumber::InputPastEnd, description, {.text = MsgId::FichierVide});
+  }
+  throw TalpenaError(ErrorNumber::InputPastEnd, description,
+                     {.text = MsgId::FichierSansEnTete, .about = {Str(number_)}, .hint = hint});
 }
 
 /// Length of the line that starts at first_; false when the file ends before the line does.
@@ -96,12 +97,13 @@ void DegLines::FaitPlace() {
 }
 
 void DegLines::RefuseLongueur() {
-  std::string description = "Line " + Str(number_ + 1) + " is longer than " +
-                            Str(static_cast<std::int64_t>(limit_ >> 20)) +
-                            " MB: this is not a distribution file.";
+  const std::string line = Str(number_ + 1);
+  const std::string megabytes = Str(static_cast<std::int64_t>(limit_ >> 20));
   lfOnly_ = Contient(buffer_.data() + first_, last_ - first_, '\n');
-  if (lfOnly_ && number_ == 0) description += lfHint;
-  throw TalpenaError(ErrorNumber::Overflow, description);
+  throw TalpenaError(ErrorNumber::Overflow, "Line " + line + " is longer than " + megabytes + " MB",
+                     {.text = MsgId::LigneTropLongue,
+                      .about = {line, megabytes},
+                      .hint = lfOnly_ && number_ == 0 ? MsgId::LignesLf : 0});
 }
 
 }  // namespace talpena

@@ -7,8 +7,10 @@
 #include <span>
 #include <string_view>
 
+#include "common/error_words.h"
 #include "common/grouped_number.h"
 #include "common/msg_id.h"
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"
@@ -161,6 +163,11 @@ class Load {
     Edition edition(Ouvert(), NomEdition());
     edition.LaisseNonModifie();
     edition.VideTable();
+    // Those of the file before are not to be seen, or saved, with what can be read of this one.
+    for (DistributionHeader* entete : {&edition.Entete(), &entete_}) {
+      entete->BoxTitre.clear();
+      entete->Commentaire.clear();
+    }
     edition.Valide();
     if (Ouvert().Data1.EstLie()) Ouvert().Data1.Refresh();
   }
@@ -277,8 +284,13 @@ class Load {
     try {
       return edition.InsereLignes(DegFileRows::Columns, source);
     } catch (const TalpenaError& e) {
-      if (rows.LigneEnMain() == 0) throw;
-      throw TalpenaError(e.number(), "Line " + Str(rows.LigneEnMain()) + ": " + e.description());
+      const std::int64_t line = rows.LigneEnMain();
+      if (line == 0) throw;
+      // The texts of a row that no line has given yet are empty.
+      const bool cut = e.number() == ErrorNumber::ZeroLength;
+      throw cut ? TalpenaError(e.number(), e.SurLigne(line).description(),
+                               {.text = MsgId::LigneTropCourte, .about = {Str(line)}})
+                : e.SurLigne(line);
     }
   }
 
@@ -313,9 +325,11 @@ LoadOutcome LitDeg(CommandContext c, const std::string& fileName, MergeMode merg
   try {
     return load.Execute();
   } catch (const TalpenaError& e) {
-    return echoue(e.number() == ErrorNumber::Cancelled ? load.TexteAbandon() : e.description());
+    return echoue(e.number() == ErrorNumber::Cancelled ? load.TexteAbandon()
+                                                       : DescriptionErreur(c.state.Langue, e));
   } catch (const std::bad_alloc&) {
-    return echoue("Out of memory");
+    const TalpenaError failure(ErrorNumber::OutOfMemory, "Out of memory");
+    return echoue(DescriptionErreur(c.state.Langue, failure));
   }
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "common/field_number.h"
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
@@ -87,7 +88,8 @@ DegRowReader::DegRowReader(std::string separator, std::size_t freeFields)
     : separator_(std::move(separator)), freeFields_(separator_.empty() ? 0 : freeFields) {
   if (freeFields_ > 0 && separator_.size() > maxSeparatorBytes / freeFields_) {
     throw TalpenaError(ErrorNumber::Overflow,
-                       "The separator of the free fields is too long for so many fields.");
+                       "The separator of the free fields is too long for so many fields.",
+                       {.text = MsgId::SeparateurTropLong});
   }
   for (std::size_t i = 0; i < freeFields_; ++i) padding_ += separator_;
 }

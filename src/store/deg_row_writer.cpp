@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "common/msg_id.h"
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
-#include "common/string_table.h"
 #include "common/text.h"
 
 namespace talpena {
@@ -102,7 +102,8 @@ void DegRowWriter::LitPoint(const Cells& cells, std::int64_t row, float& latitud
       return;
     }
     sink_.Doute(TalpenaError(ErrorNumber::InvalidNull,
-                             "Invalid use of Null: row " + Str(row) + " has no " + name));
+                             "Invalid use of Null: row " + Str(row) + " has no " + name,
+                             {.text = MsgId::LigneSansValeur, .about = {Str(row), name}}));
   };
   lit(Column::LATITUDE, "LATITUDE", latitude);
   lit(Column::LONGITUDE, "LONGITUDE", longitude);
@@ -168,10 +169,9 @@ void DegRowWriter::Ecrit(const DegLine& line, std::int64_t row) {
   for (const LackingCharacters& lack : lacking_) {
     sink_.Tente([&] {
       const std::string place = Str(row) + ", " + std::string(lack.column);
-      throw TalpenaError(
-          ErrorNumber::NotInCodePage,
-          Remplace(Remplace(Texte(settings_.Langue, MsgId::CaractereAbsent), "%1", place), "%2",
-                   lack.characters));
+      throw TalpenaError(ErrorNumber::NotInCodePage,
+                         "Row " + place + ": not in code page 1252: " + lack.characters,
+                         {.text = MsgId::CaractereAbsent, .about = {place, lack.characters}});
     });
   }
   sink_.Tente([&] { sink_.Ecrit(bytes_); });

@@ -82,8 +82,10 @@ void Document::Affiche(bool Display::*part, bool shown, Aspect aspect) {
 }
 
 void Document::PrendDatumParDefaut(const std::string& code, std::int16_t index) {
+  const bool other = header_.DatumFichierCode != code;
   header_.DatumFichierCode = code;
   header_.DatumFichier = index;
+  if (other) Signale(Aspect::Header);
 }
 
 void Document::ChangeModifie(bool modified) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "common/subscription.h"
 #include "platform/files.h"
@@ -59,9 +60,12 @@ struct FileOnDisk {
   bool LecturePartielle = false;   ///< reading NomFichier failed: the table holds only part of it
 };
 
+/// The title bar while the rows have no file.
+inline constexpr std::string_view TitreSansFichier = "Talpena";
+
 /// What the main window shows of the document.
 struct Display {
-  std::string titreFenetre = "Talpena";
+  std::string titreFenetre{TitreSansFichier};
   bool menus = false;   ///< the nine entries that need a file can be chosen
   bool titres = false;  ///< title and comment
   bool grille = false;
@@ -101,7 +105,7 @@ class Document {
 
   // The header.
   const DistributionHeader& Entete() const { return header_; }
-  /// The datum that rows will be on, as long as none are on show: nobody is told of it.
+  /// The datum that rows will be on, as long as none are on show.
   void PrendDatumParDefaut(const std::string& code, std::int16_t index);
 
   // The file.

@@ -79,21 +79,22 @@ void EnregistreSous(CommandContext c) {
   c.document().ChangeTitreFenetre("Talpena - " + path);
 }
 
-[[noreturn]] void LanceEchecRenomme(CommandContext c, int number, const std::string& what) {
-  throw TalpenaError(number, what + "\n" + Texte(c.state.Langue, MsgId::SauveSousMarche));
+/// What is about a path, with the way round it below.
+[[noreturn]] void LanceEchecRenomme(int number, const std::string& what, const std::string& path) {
+  throw TalpenaError(number, what + path, {.about = {path}, .hint = MsgId::SauveSousMarche});
 }
 
 /// Raises what will keep the open file from becoming its backup, before anything is written.
 void VerifieBak(CommandContext c, const std::string& backup) {
   const std::string& path = c.document().Fichier.NomFichier;
   if (path.find('.') < DossierDe(path).size()) {
-    LanceEchecRenomme(c, ErrorNumber::PathFileAccess, "Path/File access error: " + backup);
+    LanceEchecRenomme(ErrorNumber::PathFileAccess, "Path/File access error: ", backup);
   }
   if (!c.io.files.Existe(path)) {
-    LanceEchecRenomme(c, ErrorNumber::FileNotFound, "File not found: " + path);
+    LanceEchecRenomme(ErrorNumber::FileNotFound, "File not found: ", path);
   }
   if (c.io.files.MemeFichier(path, backup)) {
-    LanceEchecRenomme(c, ErrorNumber::FileExists, "File already exists: " + backup);
+    LanceEchecRenomme(ErrorNumber::FileExists, "File already exists: ", backup);
   }
   c.io.files.VerifieGarde(path, backup);
 }

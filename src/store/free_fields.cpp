@@ -2,6 +2,7 @@
 
 #include <limits>
 
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/paths.h"
 #include "common/talpena_error.h"
@@ -42,7 +43,8 @@ void CommenceChampsLibres(DistributionHeader& entete, std::string_view separator
 
 void AjouteTexteChampsLibres(DistributionHeader& entete, std::string_view line) {
   if (entete.FreeFieldText.size() + line.size() + 2 > MaxFreeFieldText) {
-    throw TalpenaError(ErrorNumber::Overflow, "The field definitions are longer than 16 MB.");
+    throw TalpenaError(ErrorNumber::Overflow, "The field definitions are longer than 16 MB.",
+                       {.text = MsgId::ChampsTropLongs});
   }
   entete.FreeFieldText += "\r\n";
   entete.FreeFieldText += line;
@@ -54,10 +56,13 @@ void AjouteChampLibre(DistributionHeader& entete, std::string_view line) {
     throw TalpenaError(ErrorNumber::SubscriptOutOfRange,
                        "A field definition needs a code, a label and a width, with commas "
                        "between them: \"" +
-                           std::string(PremiersCaracteres(line, 80)) + "\"");
+                           std::string(PremiersCaracteres(line, 80)) + "\"",
+                       {.text = MsgId::DefinitionIncomplete,
+                        .about = {std::string(PremiersCaracteres(line, 80))}});
   }
   if (entete.FreeFieldDefs.size() >= maxFields) {
-    throw TalpenaError(ErrorNumber::Overflow, "A file may define 32767 free fields at most.");
+    throw TalpenaError(ErrorNumber::Overflow, "A file may define 32767 free fields at most.",
+                       {.text = MsgId::TropDeChamps});
   }
   entete.FreeFieldDefs.push_back(
       {.Label = items[1], .Code = items[0], .Width = Arrondi16(Val(items[2]))});

@@ -35,6 +35,18 @@ void PrendChampsInternes(DistributionHeader& entete) {
   CompteChampsLibres(entete);
 }
 
+/// No rows, no title, no comment; so nothing of the file before is on show while questions are
+/// asked.
+void VideDocument(Document& document) {
+  Edition edition(document, "New");
+  edition.LaisseNonModifie();
+  edition.VideTable();
+  edition.Entete().BoxTitre.clear();
+  edition.Entete().Commentaire.clear();
+  edition.Valide();
+  document.Relie(RowsShown::Table());
+}
+
 void ChoisitChampsLibres(CommandContext c, DistributionHeader& entete) {
   entete.FreeFieldText.clear();
   entete.FreeFieldDefs.clear();
@@ -54,11 +66,30 @@ void ChoisitChampsLibres(CommandContext c, DistributionHeader& entete) {
 /// Empty rows, and the last of them becomes the current one.
 void PoseLignesVides(CommandContext c, Edition& edition, std::int32_t lines) {
   Document& document = c.document();
-  document.Relie(RowsShown::Table());
   AjouteLignesVides(c, edition, lines);
   document.Data1.Refresh();
   document.Data1.recordset().MoveLast();
   document.Data1.SignalePosition();
+}
+
+/// Nothing of the file before is kept: its name, how it looked on the disk, its place in the title
+/// bar, the order that its rows were sorted in.
+void OublieFichier(Document& document) {
+  document.OublieModifications();
+  document.Fichier.NomFichier.clear();
+  document.Fichier.EmpreinteFichier.reset();
+  document.Fichier.LignesHorsFichier = false;
+  document.Fichier.LecturePartielle = false;
+  document.ChangeTitreFenetre(std::string(TitreSansFichier));
+  document.ChangeOrdre({});
+}
+
+/// Where the typing begins.
+void PremiereCellule(CommandContext c) {
+  DataControl& data = c.document().Data1;
+  data.recordset().MoveFirst();
+  data.SignalePosition();
+  c.vue.PlaceFocusColonne(0);
 }
 
 /// NouveauEnCours while the periods dialog is shown.
@@ -82,19 +113,14 @@ void CreationNouveau(CommandContext c, std::int32_t lines) {
   if (lines == 0 || !AccepteLignesVides(c, lines, 0)) return;
   if (CheckSauvegarde(c)) return;
   Document& document = c.document();
-  document.OublieModifications();
-  document.Fichier.NomFichier.clear();
-  document.Fichier.EmpreinteFichier.reset();
-  document.Fichier.LignesHorsFichier = false;
-  document.Fichier.LecturePartielle = false;
+  OublieFichier(document);
+  VideDocument(document);
+  document.AjusteGrille();
   {
     Edition edition(document, "New");
     edition.LaisseNonModifie();
-    edition.VideTable();
-    document.AjusteGrille();
     ChoisitChampsLibres(c, edition.Entete());
     PoseLignesVides(c, edition, lines);
-    edition.Entete().BoxTitre.clear();
     edition.Valide();
   }
   document.MontreTitres();
@@ -103,6 +129,7 @@ void CreationNouveau(CommandContext c, std::int32_t lines) {
     c.port.MontreOptionsPeriodes();
   }
   document.ActiveMenus();
+  PremiereCellule(c);
 }
 
 }  // namespace talpena

@@ -1,5 +1,6 @@
 #include "store/save_file.h"
 
+#include "common/error_words.h"
 #include "common/msg_id.h"
 #include "common/paths.h"
 #include "common/string_table.h"
@@ -35,7 +36,7 @@ void SaveFile::Tronque() {
     if (file_) PlaceTronque();
   } catch (const TalpenaError& failure) {
     Bip(state_, io_);
-    AfficheErreur(io_, failure.number(), failure.description() + DitAncien());
+    AfficheErreur(io_, failure.number(), DescriptionErreur(state_.Langue, failure) + DitAncien());
   }
   file_.reset();
   if (!io_.files.Existe(path_)) fichier_.FichierIncomplet = path_;
@@ -45,7 +46,8 @@ void SaveFile::PlaceTronque() {
   file_->Coupe("\r\n");
   if (AncienEntier()) {
     if (io_.files.MemeFichier(path_, Garde())) {
-      throw TalpenaError(ErrorNumber::FileExists, "File already exists: " + Garde());
+      throw TalpenaError(ErrorNumber::FileExists, "File already exists: " + Garde(),
+                         {.about = {Garde()}});
     }
     io_.files.VerifieGarde(path_, Garde());
     file_->RemplaceEnGardant(Garde());

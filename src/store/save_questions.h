@@ -2,6 +2,7 @@
 #pragma once
 #include <string_view>
 
+#include "common/error_words.h"
 #include "platform/commands.h"
 #include "platform/wait_view.h"
 #include "store/deg_sink.h"
@@ -24,7 +25,7 @@ class SaveQuestions final : public DegSink {
   void Doute(const TalpenaError& doubt) override {
     Bip(state_, io_);
     const std::string text =
-        "Erreur pendant la sauvegarde\n" + doubt.description() + "\nContinuer?";
+        "Erreur pendant la sauvegarde\n" + DescriptionErreur(state_.Langue, doubt) + "\nContinuer?";
     const Answer answer = io_.dialogues.Demande({.text = text, .buttons = Buttons::YesNo});
     if (answer != Answer::Yes) throw SauvegardeRefusee{};
   }

@@ -304,7 +304,7 @@ TEST_F(PeriodsTest, AYearBeyondItsRangeIsShownAndNothingChanges) {
     const PeriodsOutcome outcome = Ok(form);
     EXPECT_FALSE(outcome.ferme);
     EXPECT_EQ(outcome.focus, focus);
-    EXPECT_EQ(Boite().text, "Error 6\nOverflow");
+    EXPECT_EQ(Boite().text, "Error 6\nA number is too large for its place; correct it.");
     EXPECT_EQ(Table(), (Periods{1, 3}));
     EXPECT_EQ(Layout(), (Modes{2, 1950, 1980}));
     EXPECT_FALSE(state.document.FichierModifie());

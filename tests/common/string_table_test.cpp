@@ -110,6 +110,7 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(262, 264);  // preferences
   covered(267, 268);  // preferences
   covered(300, 315);  // text import
+  covered(320, 381);  // failures
   covered(410, 428);  // map view
   covered(430, 439);  // map options
   covered(690, 698);  // text import

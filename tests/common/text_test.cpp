@@ -45,14 +45,14 @@ TEST(CodePage, BringsRandomBytesBack) {
   }
 }
 
-struct MissingCase {
+struct MissingCharacter {
   const char* text;
   const char* missing;
   const char* withMarks;
 };
 
 TEST(CodePage, NamesTheFirstCharacterThatItLacks) {
-  constexpr MissingCase cases[] = {
+  constexpr MissingCharacter cases[] = {
       {"Bombus \u0431\u0432", "\u0431", "Bombus ??"},  // Cyrillic
       {"Lovi\u010D", "\u010D", "Lovi?"},               // c with caron
       {"\u20AC\u4E2D", "\u4E2D", "\x80?"},             // behind one that it has
@@ -64,7 +64,7 @@ TEST(CodePage, NamesTheFirstCharacterThatItLacks) {
       {"\xED\xA0\x80", "\xED", "???"},                 // half a pair
       {"\xF4\x90\x80\x80", "\xF4", "????"},            // beyond the last character
   };
-  for (const MissingCase& c : cases) {
+  for (const MissingCharacter& c : cases) {
     SCOPED_TRACE(c.withMarks);
     std::string missing = "untouched";
     EXPECT_EQ(Utf8VersCp1252(c.text, &missing), std::nullopt);

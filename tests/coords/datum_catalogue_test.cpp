@@ -192,7 +192,7 @@ TEST_F(ChargeDatumsTest, GivesUpOnAnEmptyName) {
 TEST_F(ChargeDatumsTest, ShowsTheEnginesFailure) {
   tables_.bases.clear();
   ChargeDatums(state_, io_);
-  EXPECT_EQ(Boite(), "Error 3343\nUnrecognized database format '" + standard_ + "'.");
+  EXPECT_EQ(Boite(), "Error 3343\nThis file is no database that can be read, or it is damaged.");
   EXPECT_EQ(dialogues_.boxes[0].icon, Icon::Exclamation);
   EXPECT_TRUE(state_.Catalogue.Datums.empty());
 }
@@ -208,7 +208,8 @@ TEST_F(ChargeDatumsTest, ShowsAMissingTableAndKeepsTheDatums) {
 TEST_F(ChargeDatumsTest, ShowsAMissingColumn) {
   tables_.bases[standard_][datumStatement].columns[0] = "other";
   ChargeDatums(state_, io_);
-  EXPECT_EQ(Boite(), "Error 3265\nItem not found in this collection.");
+  EXPECT_EQ(Boite(),
+            "Error 3265\nA column is missing in this table; the file is another one, or damaged.");
 }
 
 struct NumberCase {
@@ -219,11 +220,12 @@ struct NumberCase {
 
 TEST_F(ChargeDatumsTest, RefusesWhatIsNoNumberOfItsField) {
   const NumberCase cases[] = {
-      {"Null", Value(), "Error 94\nInvalid use of Null"},
-      {"text", "abc", "Error 13\nType mismatch"},
-      {"empty text", "", "Error 13\nType mismatch"},
-      {"more than 16 bits", std::int64_t{32768}, "Error 6\nOverflow"},
-      {"far more", 1e300, "Error 6\nOverflow"},
+      {"Null", Value(), "Error 94\nA value is missing; fill it in."},
+      {"text", "abc", "Error 13\nA text stands where a number or a date belongs; correct it."},
+      {"empty text", "", "Error 13\nA text stands where a number or a date belongs; correct it."},
+      {"more than 16 bits", std::int64_t{32768},
+       "Error 6\nA number is too large for its place; correct it."},
+      {"far more", 1e300, "Error 6\nA number is too large for its place; correct it."},
   };
   for (const NumberCase& c : cases) {
     SCOPED_TRACE(c.name);

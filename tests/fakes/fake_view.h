@@ -74,6 +74,9 @@ class FakeView : public MainWindowView, public WaitView, public StorePort, publi
   }
   int ColonneCourante() override { return colonneCourante; }
   void PlaceFocusGrille() override { Note("PlaceFocusGrille"); }
+  void PlaceFocusColonne(int column) override {
+    Note("PlaceFocusColonne", std::to_string(colonneCourante = column));
+  }
 
  private:
   void Note(const std::string& name, const std::string& text = {}) {

@@ -32,6 +32,7 @@ class SilentView : public MainWindowView, public WaitView, public StorePort, pub
   void SelectionneColonnes(ColumnRange) override {}
   int ColonneCourante() override { return 0; }
   void PlaceFocusGrille() override {}
+  void PlaceFocusColonne(int) override {}
 };
 
 }  // namespace talpena::test

@@ -135,7 +135,8 @@ TEST_F(EpsCommandTest, TheCommandShowsAFailureInTheCommonBox) {
   w.files.Supprime("/carto/proltlp.ps");
   w.dialogues.paths = {path};
   Imprime(w.Contexte(), 1);
-  EXPECT_EQ(w.Boites(), Strings{"Error 53\nFile not found: /carto/proltlp.ps"});
+  EXPECT_EQ(w.Boites(), Strings{"Error 53\nThis file cannot be found; look whether it was moved or "
+                                "renamed.\n/carto/proltlp.ps"});
 }
 
 TEST_F(EpsCommandTest, ATableWithoutRowsBeepsAndThePageHasTheMapAlone) {

@@ -104,7 +104,8 @@ std::unique_ptr<QObject> FermeBoites(const QString& folder) {
 int Execute(Application& application, const QString& folder, const std::string& commandLine) {
   Machine machine;
   Platform& io = machine.io;
-  application.ChangePlatform(&io);
+  ProcessState state;
+  application.ChangePlatform(&io, &state);
 
   // The working database of a program that runs is not to be deleted.
   SingleInstance instance;
@@ -113,7 +114,6 @@ int Execute(Application& application, const QString& folder, const std::string& 
     return 1;
   }
   auto boxes = FermeBoites(folder);
-  ProcessState state;
   Start splash(state);
   splash.Montre();
 

@@ -12,6 +12,9 @@
 namespace talpena::test {
 namespace {
 
+constexpr const char* refusedStore =
+    "Error 75\nThis file or folder cannot be used here or under this name; choose another one.";
+
 class PreferTest : public testing::Test, protected CoordsWorld {
  protected:
   PreferTest() {
@@ -171,7 +174,7 @@ TEST_F(PreferTest, AnotherDatumWithoutAFileIsStoredWithoutAQuestion) {
   EXPECT_EQ(state.document.Entete().DatumFichier, ChercheDatum(state.Catalogue, "NTF"));
   EXPECT_EQ(settings.values["TLP/DATUM/DESTCODE"], "NTF");
   EXPECT_TRUE(dialogues.boxes.empty());
-  EXPECT_TRUE(vue.calls.empty()) << "no rows, nothing to compute";
+  EXPECT_EQ(vue.calls, Lines{"AffichePanneauDatum NTF"}) << "no rows, nothing to compute";
   EXPECT_FALSE(state.document.FichierModifie());
 }
 
@@ -210,7 +213,7 @@ TEST_F(PreferTest, AStoreThatRefusesIsToldOfOnceAndTheSessionGoesOn) {
   form.cmbDatum = Entree("NTF");
   form.OptSilence = true;
   EXPECT_TRUE(ValidePrefer({state, other, vue, vue, vue}, form).ferme);
-  EXPECT_EQ(Boites(), (Lines{"Error 75\nread-only"}));
+  EXPECT_EQ(Boites(), (Lines{refusedStore}));
   EXPECT_TRUE(state.Silence);
   EXPECT_EQ(state.document.Entete().DatumFichierCode, "NTF");
 }
@@ -392,7 +395,7 @@ TEST_F(PreferTest, AFolderThatCannotBeStoredIsNotShown) {
   form.txtWorkingDir = "/tmp";
   dialogues.paths = {"/var/work"};
   ChoisitWorkingDir(state, other, form);
-  EXPECT_EQ(Boites(), (Lines{"Error 75\nread-only"}));
+  EXPECT_EQ(Boites(), (Lines{refusedStore}));
   EXPECT_EQ(form.txtWorkingDir, "/tmp");
 }
 

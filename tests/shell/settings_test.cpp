@@ -270,21 +270,24 @@ TEST_F(Settings, TheEllipsoidIsForcedByTheInputMode) {
 // ---- Texts that a key cannot take
 
 // clang-format off
+constexpr const char* badText =
+    "Error 13\nA text stands where a number or a date belongs; correct it.";
+constexpr const char* tooLarge = "Error 6\nA number is too large for its place; correct it.";
 struct RefusedCase { const char* section; const char* key; const char* text; const char* error; };
 constexpr RefusedCase refusedCases[] = {
-    {"Settings", "UtmAjust",     "abc",         "Error 13\nType mismatch"},
-    {"Settings", "UtmAjust",     "",            "Error 13\nType mismatch"},
-    {"Settings", "UtmAjust",     "12 sheep",    "Error 13\nType mismatch"},
-    {"Settings", "UtmAjust",     "32768",       "Error 6\nOverflow"},
-    {"Settings", "UtmAjust",     "-32769",      "Error 6\nOverflow"},
-    {"Settings", "UtmAjust",     "1e999",       "Error 6\nOverflow"},
-    {"Settings", "Silence",      "loud",        "Error 13\nType mismatch"},
-    {"Settings", "AutoSave",     "99999",       "Error 6\nOverflow"},
-    {"Symbols",  "StrokeColor",  "2147483648",  "Error 6\nOverflow"},
-    {"Symbols",  "StrokeColor",  "red",         "Error 13\nType mismatch"},
-    {"Grid",     "Top",          "1e39",        "Error 6\nOverflow"},
-    {"Grid",     "ColWidth4",    "wide",        "Error 13\nType mismatch"},
-    {"Grid",     "Height",       "tall",        "Error 13\nType mismatch"},
+    {"Settings", "UtmAjust",     "abc",         badText},
+    {"Settings", "UtmAjust",     "",            badText},
+    {"Settings", "UtmAjust",     "12 sheep",    badText},
+    {"Settings", "UtmAjust",     "32768",       tooLarge},
+    {"Settings", "UtmAjust",     "-32769",      tooLarge},
+    {"Settings", "UtmAjust",     "1e999",       tooLarge},
+    {"Settings", "Silence",      "loud",        badText},
+    {"Settings", "AutoSave",     "99999",       tooLarge},
+    {"Symbols",  "StrokeColor",  "2147483648",  tooLarge},
+    {"Symbols",  "StrokeColor",  "red",         badText},
+    {"Grid",     "Top",          "1e39",        tooLarge},
+    {"Grid",     "ColWidth4",    "wide",        badText},
+    {"Grid",     "Height",       "tall",        badText},
 };
 // clang-format on
 
@@ -429,7 +432,9 @@ TEST_F(Settings, AFolderOfTheMenuProgramThatIsGoneIsShown) {
   settings.values[FakeSettings::Cle("TLPMENU.INI", "TLPMENU", "WorkingDir")] = "C:\\BEES";
   Charge();
   ASSERT_EQ(dialogues.boxes.size(), 1U);
-  EXPECT_EQ(dialogues.boxes[0].text, "C:\\BEES\n\nError 76\nPath not found");
+  EXPECT_EQ(dialogues.boxes[0].text,
+            "C:\\BEES\n\nError 76\nThe folder cannot be found; look whether it was moved, or its "
+            "disk taken away.");
 }
 
 /// A store that cannot be written.

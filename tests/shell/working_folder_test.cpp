@@ -339,8 +339,10 @@ TEST(WorkingFolder, WhenNothingCanBeUsedTheLoadSaysWhy) {
         start.dialogues.boxes[0].text,
         "Talpena ne peut pas démarrer, car aucun dossier n’accepte sa base de travail. Libérez "
         "de la place sur le disque, ou indiquez un dossier à vous dans la variable "
-        "d’environnement TEMP, puis recommencez.\n\nError 76\nPath not found: '" +
-            (place / "missing/") + base + "'.");
+        "d’environnement TEMP, puis recommencez.\n\nError 76\nLe dossier est introuvable\u00A0; "
+        "voyez s’il a été "
+        "déplacé ou si son disque a été retiré.\n" +
+            (place / "missing/") + base);
     EXPECT_EQ(start.dialogues.boxes[0].icon, Icon::Exclamation);
     EXPECT_FALSE(start.vue.sablier);
   }

@@ -57,6 +57,16 @@ TEST(BlanchitZeros, StopsAtTheFirstOtherCharacter) {
   EXPECT_EQ(Blanchit("00120", 2), "0 120");
 }
 
+TEST(DegLineWriter, NoBreakOfAValueComesIntoTheLine) {
+  const std::string line = Ligne({.period = 1,
+                                  .date = "19\r\n98",
+                                  .sex = "\r",
+                                  .datum = "EU\nR",
+                                  .original = "deg\r50\n4",
+                                  .comment = "one\rtwo\r\nthree\nfour"});
+  EXPECT_EQ(line.substr(31), "19 98      EU R deg 50 4                one\ntwo\nthree\nfour\r\n");
+}
+
 TEST(BlanchitZeros, RunsOnlyBeforeTheLastCharacter) {
   EXPECT_EQ(Blanchit("00000", 5), "00000");
   EXPECT_EQ(Blanchit("0", 1), "0");

@@ -4,7 +4,7 @@
 
 #include <random>
 
-#include "common/talpena_error.h"
+#include "common/error_words.h"
 #include "fakes/fake_files.h"
 #include "fakes/memory_input.h"
 
@@ -110,7 +110,7 @@ std::string Echec(DegLines& lines, int number) {
     for (int i = 0; i < 100; ++i) lines.LitObligatoire();
   } catch (const TalpenaError& e) {
     EXPECT_EQ(e.number(), number);
-    return e.description();
+    return DescriptionErreur(1000, e);
   }
   ADD_FAILURE() << "nothing was raised";
   return {};
@@ -118,29 +118,29 @@ std::string Echec(DegLines& lines, int number) {
 
 TEST(DegLines, SayWhereTheFileEndsTooSoon) {
   DegLines empty = Ouvre("");
-  EXPECT_EQ(Echec(empty, ErrorNumber::InputPastEnd), "Input past end of file: the file is empty.");
+  EXPECT_EQ(Echec(empty, ErrorNumber::InputPastEnd), "The file is empty; choose another one.");
   DegLines two = Ouvre("a\r\nb");
   EXPECT_EQ(Echec(two, ErrorNumber::InputPastEnd),
-            "Input past end of file: the file ends behind line 2, in its header.");
+            "The file ends behind line 2, in its header; it is damaged, or no distribution file.");
 }
 
 TEST(DegLines, SayThatTheLinesEndInLfAlone) {
   DegLines lines = Ouvre("<TALPENA 2.0>\nWGS84\n<END>\n");
   EXPECT_EQ(Echec(lines, ErrorNumber::InputPastEnd),
-            "Input past end of file: the file ends behind line 1, in its header. The lines of "
-            "this file end in LF alone; those of a .deg file end in CR LF.");
+            "The file ends behind line 1, in its header; it is damaged, or no distribution file.\n"
+            "The lines of this file end in LF alone; those of a .deg file end in CR LF.");
 }
 
 TEST(DegLines, AboveTheLimitAreRefused) {
   DegLines lines = Ouvre("a\r\n" + std::string(MaxHeaderLine + 1, 'x') + "\r\n");
   EXPECT_EQ(Echec(lines, ErrorNumber::Overflow),
-            "Line 2 is longer than 1 MB: this is not a distribution file.");
+            "Line 2 of the file is longer than 1 MB; this is no distribution file.");
   DegLines onTheLimit = Ouvre(std::string(MaxHeaderLine, 'x'));
   EXPECT_EQ(onTheLimit.LitObligatoire().size(), MaxHeaderLine);
   DegLines row = Ouvre(std::string(MaxRowLine + 1, 'x'));
   row.Limite(MaxRowLine);
   EXPECT_EQ(Echec(row, ErrorNumber::Overflow),
-            "Line 1 is longer than 16 MB: this is not a distribution file.");
+            "Line 1 of the file is longer than 16 MB; this is no distribution file.");
 }
 
 TEST(DegLines, AboveTheLimitNameLfToo) {
@@ -148,8 +148,8 @@ TEST(DegLines, AboveTheLimitNameLfToo) {
   while (bytes.size() <= MaxHeaderLine) bytes += "one more row of this file\n";
   DegLines lines = Ouvre(bytes);
   EXPECT_EQ(Echec(lines, ErrorNumber::Overflow),
-            "Line 1 is longer than 1 MB: this is not a distribution file. The lines of this file "
-            "end in LF alone; those of a .deg file end in CR LF.");
+            "Line 1 of the file is longer than 1 MB; this is no distribution file.\n"
+            "The lines of this file end in LF alone; those of a .deg file end in CR LF.");
 }
 
 /// A file that never ends; reading all of it would never come back.

@@ -392,7 +392,7 @@ TEST_F(LitDegTest, CannotMergeAForm2FileWithoutFields) {
   world.Charge(EnTete2("WGS84") + Rangee("2"), MergeMode::Merge, "/data/g.deg");
   const Texts boxes = world.Boites();
   ASSERT_EQ(boxes.size(), 1U);
-  EXPECT_EQ(boxes[0].rfind("Input past end of file", 0), 0U) << boxes[0];
+  EXPECT_EQ(boxes[0].rfind("The file ends behind line 9, in its header", 0), 0U) << boxes[0];
   EXPECT_EQ(world.Lignes(), Texts{RangeeLue("1", "a/b")});
   EXPECT_EQ(state.document.Entete().FreeFieldText, "/\r\nSTAT.TOPO,Toponyme,50") << "put back";
   EXPECT_EQ(state.LastFiles[0], "/data/f.deg");
@@ -421,6 +421,16 @@ TEST_F(LitDegTest, AHeaderThatBreaksOffKeepsTheModifiedMark) {
   EXPECT_TRUE(world.Lignes().empty());
 }
 
+TEST_F(LitDegTest, AHeaderThatBreaksOffLeavesNothingOfTheFileBefore) {
+  world.Charge(EnTete2() + Rangee("1"));
+  EXPECT_NE(state.document.Entete().BoxTitre + state.document.Entete().Commentaire, "");
+  world.Charge("<TALPENA 2.0>\r\nNTF\r\n");
+  EXPECT_EQ(world.Boites().size(), 1U);
+  EXPECT_EQ(state.document.Entete().BoxTitre, "");
+  EXPECT_EQ(state.document.Entete().Commentaire, "");
+  EXPECT_EQ(world.vue.boxTitre, "");
+}
+
 TEST_F(LitDegTest, SaysThatThereIsNoFile) {
   world.Charge(EnTete2() + Rangee("1"));
   test::Entete(state.document)->FreeFieldText = "kept";
@@ -437,7 +447,8 @@ TEST_F(LitDegTest, SaysThatThereIsNoFile) {
 TEST_F(LitDegTest, SaysWhyAFileCannotBeOpened) {
   world.files.refus["/data/f.deg"] = ErrorNumber::PermissionDenied;
   world.Charge(EnTete2() + Rangee("1"));
-  EXPECT_EQ(world.Boites(), Texts{"Permission denied: /data/f.deg"});
+  EXPECT_EQ(world.Boites(),
+            Texts{"Access is refused; the file or the folder may be protected or in use."});
   EXPECT_EQ(world.Lignes(), Texts{});
   ExpectFerme();
 }
@@ -503,22 +514,24 @@ struct BadFile {
 
 TEST_F(LitDegTest, SaysWhatIsWrongWithAFileThatIsNone) {
   const std::string lfHint =
-      " The lines of this file end in LF alone; those of a .deg file end in CR LF.";
+      "\nThe lines of this file end in LF alone; those of a .deg file end in CR LF.";
   std::string lfOnly = EnTete2() + Rangee();
   lfOnly.erase(std::remove(lfOnly.begin(), lfOnly.end(), '\r'), lfOnly.end());
   const BadFile badFiles[] = {
-      {"empty", "", "Input past end of file: the file is empty."},
-      {"one line", "title", "Input past end of file: the file ends behind line 1, in its header."},
+      {"empty", "", "The file is empty; choose another one."},
+      {"one line", "title",
+       "The file ends behind line 1, in its header; it is damaged, or no distribution file."},
       {"header cut", "a\r\nb\r\nc\r\nd\r\n",
-       "Input past end of file: the file ends behind line 4, in its header."},
+       "The file ends behind line 4, in its header; it is damaged, or no distribution file."},
       {"100 MB line", std::string(100 << 20, 'x'),
-       "Line 1 is longer than 1 MB: this is not a distribution file."},
+       "Line 1 of the file is longer than 1 MB; this is no distribution file."},
       {"two items", EnTete2("WGS84", "/\r\na,b\r\n"),
-       "Line 4: A field definition needs a code, a label and a width, with commas between them: "
-       "\"a,b\""},
+       "Line 4 of the file: The definition of a free field needs a code, a label and a width with "
+       "commas between them; this one has not: a,b"},
       {"row too long", EnTete2() + std::string(17 << 20, ' '),
-       "Line 9 is longer than 16 MB: this is not a distribution file."},
-      {"number too large", EnTete2() + "1K    1E39\r\n", "Line 9: Overflow"},
+       "Line 9 of the file is longer than 16 MB; this is no distribution file."},
+      {"number too large", EnTete2() + "1K    1E39\r\n",
+       "Line 9 of the file: A number is too large for its place; correct it."},
   };
   for (const BadFile& bad : badFiles) {
     SCOPED_TRACE(bad.name);
@@ -527,8 +540,10 @@ TEST_F(LitDegTest, SaysWhatIsWrongWithAFileThatIsNone) {
     ExpectFerme();
   }
   world.Charge(lfOnly);
-  EXPECT_EQ(world.Boites(),
-            Texts{"Input past end of file: the file ends behind line 1, in its header." + lfHint});
+  EXPECT_EQ(
+      world.Boites(),
+      Texts{"The file ends behind line 1, in its header; it is damaged, or no distribution file." +
+            lfHint});
   world.Charge(EnTete2() + Rangee("5"));
   EXPECT_EQ(world.Lignes(), Texts{RangeeLue("5")}) << "the next file opens";
 }
@@ -560,7 +575,8 @@ TEST_F(LitDegTest, KeepsTheRowsBeforeARefusedOne) {
   world.Charge(EnTete2() + Rangee("1") + Rangee("2") + noOriginal + Rangee("4"));
   const Texts boxes = world.Boites();
   ASSERT_EQ(boxes.size(), 1U);
-  EXPECT_EQ(boxes[0].rfind("Line 11: ", 0), 0U) << boxes[0];
+  EXPECT_EQ(boxes[0].rfind("Line 11 of the file ends before the original coordinates; ", 0), 0U)
+      << boxes[0];
   EXPECT_EQ(world.Lignes(), (Texts{RangeeLue("1"), RangeeLue("2")}));
   EXPECT_EQ(LignesLiees(), world.Lignes()) << "the grid shows what stayed";
   EXPECT_FALSE(state.document.Fichier.EmpreinteFichier.has_value());
@@ -578,7 +594,8 @@ TEST_F(LitDegTest, KeepsTheRowsBeforeAFaultOfTheDisk) {
     world.Charge(bytes);
     const Texts boxes = world.Boites();
     ASSERT_EQ(boxes.size(), 1U) << end;
-    EXPECT_NE(boxes[0].find("Device I/O error"), std::string::npos) << boxes[0];
+    EXPECT_NE(boxes[0].find("The disk or the device cannot be read"), std::string::npos)
+        << boxes[0];
     const std::size_t header = EnTete2().size();
     const std::size_t row = Rangee().size();
     const std::size_t whole = end < header ? 0 : (end - header) / row;
@@ -595,7 +612,8 @@ TEST_F(LitDegTest, KeepsTheRowsOfTheTableWhenAMergeFailsMidway) {
   world.Charge(EnTete2("WGS84", oneField) + Rangee("1", "a/b"));
   world.Charge(EnTete2("WGS84", oneField) + Rangee("2", "c/d") + "1K    1E39\r\n",
                MergeMode::Merge);
-  EXPECT_EQ(world.Boites(), Texts{"Line 12: Overflow"});
+  EXPECT_EQ(world.Boites(),
+            Texts{"Line 12 of the file: A number is too large for its place; correct it."});
   EXPECT_EQ(world.Lignes(), (Texts{RangeeLue("1", "a/b"), RangeeLue("2", "c/d")}));
   EXPECT_EQ(LignesLiees(), world.Lignes());
   ExpectFerme();
@@ -604,7 +622,8 @@ TEST_F(LitDegTest, KeepsTheRowsOfTheTableWhenAMergeFailsMidway) {
 TEST_F(LitDegTest, SaysThatThereIsNoWorkingDatabase) {
   world.state.document.WorkingDb.reset();
   world.Charge(EnTete2() + Rangee("1"));
-  EXPECT_EQ(world.Boites(), Texts{"The working database is not open."});
+  EXPECT_EQ(world.Boites(),
+            Texts{"This database cannot be found; look whether it was moved or renamed."});
 }
 
 }  // namespace

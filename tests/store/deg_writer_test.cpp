@@ -307,8 +307,8 @@ TEST_F(GroupedSave, ASumBeyond32BitsIsAFailureThatKeepsTheSumSoFar) {
                Rangee{.period = 1, .latitude = 1, .longitude = 2, .n1 = 0});
   dialogues.answers = {Answer::Yes};
   const auto rows = Groupes();
-  EXPECT_EQ(Boites(),
-            std::vector<std::string>{"Erreur pendant la sauvegarde\nOverflow\nContinuer?"});
+  EXPECT_EQ(Boites(), std::vector<std::string>{"Erreur pendant la sauvegarde\nA number is too "
+                                               "large for its place; correct it.\nContinuer?"});
   EXPECT_EQ(rows.at(0).substr(21, 10), "2147483647");
 }
 

@@ -67,9 +67,9 @@ TEST_F(EraseColumn, TheSexAndDatumColumnsEndInTheEnginesErrorWithNothingChanged)
     sound.bips = 0;
     Efface(column, column);
     ASSERT_EQ(dialogues.boxes.size(), 2U);
-    EXPECT_EQ(dialogues.boxes[1].text, std::string("Error 3315\nField '") +
-                                           (column == 5 ? "TALPENA.DATUM" : "TALPENA.ORIGINAL") +
-                                           "' cannot be a zero-length string.");
+    EXPECT_EQ(dialogues.boxes[1].text, std::string("Error 3315\nThe column ") +
+                                           (column == 5 ? "DATUM" : "ORIGINAL") +
+                                           " cannot be emptied; it has to hold a text.");
     EXPECT_EQ(dialogues.boxes[1].icon, Icon::Exclamation);
     EXPECT_EQ(Lignes()[0], before);
     EXPECT_FALSE(state.document.FichierModifie());
@@ -115,7 +115,7 @@ TEST_F(EraseColumn, SilenceIsKept) {
   state.Silence = true;
   Efface(5, 5);
   EXPECT_EQ(dialogues.boxes.back().text,
-            "Error 3315\nField 'TALPENA.DATUM' cannot be a zero-length string.");
+            "Error 3315\nThe column DATUM cannot be emptied; it has to hold a text.");
   EXPECT_EQ(sound.bips, 0);
 }
 

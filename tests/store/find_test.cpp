@@ -204,7 +204,8 @@ TEST_F(Find, AnOpenBracketIsShownToo) {
   Ouvre();
   Cherche("[a");
   ASSERT_EQ(dialogues.boxes.size(), 1U);
-  EXPECT_EQ(dialogues.boxes[0].text, "Error 93\nInvalid pattern string");
+  EXPECT_EQ(dialogues.boxes[0].text,
+            "Error 93\nThe text holds a bracket [ without its ]; leave it out or close it.");
 }
 
 TEST_F(Find, OnAnEmptyTableNothingIsFound) {

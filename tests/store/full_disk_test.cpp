@@ -37,7 +37,9 @@ class TinyDiskSave : public FileCommands {
   std::string path = disk / "a.deg";
   std::string bak = disk / "a.BAK";
   std::string whole;
-  const std::string full = "Erreur pendant la sauvegarde\nDisk full: " + path + "\nContinuer?";
+  const std::string full =
+      "Erreur pendant la sauvegarde\nThe disk is full; make room on it and try again.\n" + path +
+      "\nContinuer?";
 };
 
 TEST_F(TinyDiskSave, LeavesTheLastGoodStateWhereverTheDiskFills) {

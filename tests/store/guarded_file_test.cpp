@@ -71,7 +71,8 @@ TEST_F(ChangedFile, IsNotReplacedWhereNoCopyCanBeMade) {
   fs::create_directory(copy);
   dialogues.answers = {Answer::Yes};
   MnuEnregistrer_Click(context);
-  EXPECT_EQ(Boites().back(), "Error 58\nFile already exists: " + copy);
+  EXPECT_EQ(Boites().back(),
+            "Error 58\nThere is a file of this name already; choose another name.\n" + copy);
   EXPECT_EQ(LitFichier(path), "somebody else's work");
   EXPECT_TRUE(state.document.FichierModifie());
 }

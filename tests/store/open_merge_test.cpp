@@ -57,7 +57,10 @@ TEST_F(FileCommands, AFileThatCannotBeOpenedLeavesTheOpenOneWithItsName) {
     Locked(FileSystem& files, std::string path) : files_(files), path_(std::move(path)) {}
     bool Existe(const std::string& p) override { return files_.Existe(p); }
     std::unique_ptr<InputFile> Ouvre(const std::string& p) override {
-      if (p == path_) throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: " + p);
+      if (p == path_)
+        throw TalpenaError(
+            ErrorNumber::PermissionDenied,
+            "Access is refused; the file or the folder may be protected or in use.\n" + p);
       return files_.Ouvre(p);
     }
     std::unique_ptr<OutputFile> Cree(const std::string& p) override { return files_.Cree(p); }
@@ -168,8 +171,9 @@ TEST_F(GoneFile, APipeInItsPlaceIsAnErrorAndNoWait) {
   std::filesystem::remove(path);
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
   Ouvre();
-  EXPECT_EQ(Boites(), std::vector<std::string>{"Path/File access error: " + path +
-                                               ", it is not an ordinary file"});
+  EXPECT_EQ(Boites(), std::vector<std::string>{"This file or folder cannot be used here or under "
+                                               "this name; choose another one.\n" +
+                                               path});
   EXPECT_EQ(NombreLignes(), 2);
   Modifie();
   state.document.Fichier.EmpreinteFichier.reset();
@@ -196,7 +200,7 @@ TEST_F(FileCommands, AMergeThatEndsInTheHeaderKeepsTheName) {
   EXPECT_EQ(dialogues.fileDialogs.at(0).filter, "Distribution (*.deg)|*.deg");
   ASSERT_EQ(dialogues.boxes.size(), 1U);
   EXPECT_EQ(dialogues.boxes[0].text,
-            "Input past end of file: the file ends behind line 11, in its header.");
+            "The file ends behind line 11, in its header; it is damaged, or no distribution file.");
   EXPECT_EQ(state.document.Fichier.NomFichier, path);
   EXPECT_TRUE(vue.menusActifs);
 }

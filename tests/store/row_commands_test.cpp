@@ -139,7 +139,7 @@ TEST_F(AddLines, ThatAreGivenUpLeaveTheTableAsItWas) {
 TEST_F(AddLines, ANumberTooLargeIsShown) {
   Ouvre();
   Ajoute("1E20");
-  EXPECT_EQ(Boites(), (Strings{"Error 6\nOverflow"}));
+  EXPECT_EQ(Boites(), (Strings{"Error 6\nA number is too large for its place; correct it."}));
   EXPECT_EQ(N1().size(), 5U);
   EXPECT_FALSE(state.document.FichierModifie());
 }
@@ -196,7 +196,8 @@ TEST_F(Duplicate, WorksInASortedAndFilteredGrid) {
 TEST_F(Duplicate, AnEmptyTableHasNoRowForIt) {
   Ouvre(0);
   mnuDuplic_Click(context);
-  EXPECT_EQ(Boites(), (Strings{"Error 3021\nNo current record."}));
+  EXPECT_EQ(Boites(),
+            (Strings{"Error 3021\nThere is no row to work on; add a row or choose one first."}));
   EXPECT_FALSE(state.document.FichierModifie());
 }
 
@@ -348,7 +349,7 @@ class SortOverFiles : public GridCommands {
   }
 };
 
-TEST_F(SortOverFiles, OutlastsOpenAndMergeWhileNewShowsTheTable) {
+TEST_F(SortOverFiles, OutlastsOpenAndMergeAndEndsWithNew) {
   ChangeTri(state.document, 4, true);
   Charge(Fichier(1, 3));
   EXPECT_EQ(N1(), (Numbers{3, 2, 1}));
@@ -358,9 +359,9 @@ TEST_F(SortOverFiles, OutlastsOpenAndMergeWhileNewShowsTheTable) {
   dialogues.inputs = {"2"};
   MnuNouveau_Click(context);
   EXPECT_EQ(state.document.Data1.RecordSource, "TALPENA");
-  EXPECT_EQ(state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY  [N1] DESC");
+  EXPECT_EQ(state.document.SqlCourant(), "SELECT * FROM TALPENA ORDER BY Counter");
   Charge(Fichier(7, 8));
-  EXPECT_EQ(N1(), (Numbers{8, 7})) << "and is back with the next file";
+  EXPECT_EQ(N1(), (Numbers{7, 8})) << "a new file has ended the order of the one before";
 }
 
 }  // namespace

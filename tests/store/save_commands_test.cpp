@@ -96,8 +96,9 @@ TEST_F(FileCommands, ADotInAFolderNameFailsBeforeAnythingIsMoved) {
   Modifie();
   MnuEnregistrer_Click(context);
   EXPECT_EQ(Boites(),
-            std::vector<std::string>{"Error 75\nPath/File access error: " + folder / "my.BAK" +
-                                     "\nSave as works for this path."});
+            std::vector<std::string>{"Error 75\nThis file or folder cannot be used here or under "
+                                     "this name; choose another one.\n" +
+                                     folder / "my.BAK" + "\nSave as works for this path."});
   EXPECT_EQ(LitFichier(path), before);
   EXPECT_EQ(LitFichier(folder / "my.BAK"), "older");
   EXPECT_TRUE(state.document.FichierModifie());
@@ -109,8 +110,9 @@ TEST_F(FileCommands, AFileThatIsItsOwnBackupIsNotDeleted) {
   state.document.Fichier.NomFichier = bak;
   Modifie();
   MnuEnregistrer_Click(context);
-  EXPECT_EQ(Boites(), std::vector<std::string>{"Error 58\nFile already exists: " + bak +
-                                               "\nSave as works for this path."});
+  EXPECT_EQ(Boites(), std::vector<std::string>{
+                          "Error 58\nThere is a file of this name already; choose another name.\n" +
+                          bak + "\nSave as works for this path."});
   EXPECT_EQ(LitFichier(bak), before);
 }
 
@@ -120,8 +122,10 @@ TEST_F(FileCommands, AMissingFileDoesNotCostTheBackup) {
   fs::remove(path);
   Modifie();
   MnuEnregistrer_Click(context);
-  EXPECT_EQ(Boites(), std::vector<std::string>{"Error 53\nFile not found: " + path +
-                                               "\nSave as works for this path."});
+  EXPECT_EQ(Boites(),
+            std::vector<std::string>{
+                "Error 53\nThis file cannot be found; look whether it was moved or renamed.\n" +
+                path + "\nSave as works for this path."});
   EXPECT_EQ(LitFichier(bak), "the only copy");
 }
 
@@ -131,7 +135,9 @@ TEST_F(FileCommands, AFolderInTheBackupsPlaceStopsTheSave) {
   fs::create_directory(bak);
   Modifie();
   MnuEnregistrer_Click(context);
-  EXPECT_EQ(Boites(), std::vector<std::string>{"Error 58\nFile already exists: " + bak});
+  EXPECT_EQ(Boites(),
+            std::vector<std::string>{
+                "Error 58\nThere is a file of this name already; choose another name.\n" + bak});
   EXPECT_EQ(sound.bips, 1);
   EXPECT_EQ(LitFichier(path), before);
   EXPECT_TRUE(state.document.FichierModifie());

@@ -30,9 +30,8 @@ TEST_F(SaveFailure, YesWritesThePreviousRowsValueForANullPoint) {
                Rangee{.latitude = 3, .longitude = 4});
   dialogues.answers = {Answer::Yes, Answer::Yes};
   Ecrit();
-  EXPECT_EQ(Boites(),
-            (std::vector<std::string>{Question("Invalid use of Null: row 2 has no LATITUDE"),
-                                      Question("Invalid use of Null: row 2 has no LONGITUDE")}));
+  EXPECT_EQ(Boites(), (std::vector<std::string>{Question("Row 2 has no LATITUDE; fill it in."),
+                                                Question("Row 2 has no LONGITUDE; fill it in.")}));
   const auto rows = Rangees();
   ASSERT_EQ(rows.size(), 3U);
   EXPECT_EQ(rows[1].substr(0, 21), "1K+ 1.00000   2.00000");
@@ -119,7 +118,8 @@ TEST_F(SaveFailure, WhereNoBackupCanBeMadeTheFormerFileStays) {
   EXPECT_EQ(LitFichier(path), "whole");
   EXPECT_TRUE(state.document.Fichier.FichierIncomplet.empty());
   EXPECT_EQ(Boites().back(),
-            "Error 58\nFile already exists: " + bak + "\nThe former file stands unchanged.");
+            "Error 58\nThere is a file of this name already; choose another name.\n" + bak +
+                "\nThe former file stands unchanged.");
   EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));
 }
 
@@ -132,7 +132,8 @@ TEST_F(SaveFailure, AFileThatIsItsOwnBackupStays) {
   EXPECT_EQ(LitFichier(path), "whole");
   ASSERT_FALSE(dialogues.boxes.empty());
   EXPECT_EQ(dialogues.boxes.back().text,
-            "Error 58\nFile already exists: " + bak + "\nThe former file stands unchanged.");
+            "Error 58\nThere is a file of this name already; choose another name.\n" + bak +
+                "\nThe former file stands unchanged.");
 }
 
 TEST_F(SaveFailure, TheBackupStandsBesideTheFile) {
@@ -169,9 +170,11 @@ TEST_F(SaveFailure, TheHeaderIsAskedForToo) {
   Entete(state.document)->Commentaire = "β";
   dialogues.answers = {Answer::Yes, Answer::Yes};
   Ecrit();
-  EXPECT_EQ(Boites(), (std::vector<std::string>{
-                          Question("Title: the character \"α\" is not in code page 1252."),
-                          Question("Comment: the character \"β\" is not in code page 1252.")}));
+  EXPECT_EQ(Boites(),
+            (std::vector<std::string>{
+                Question("The title holds the character \"α\", which is not in code page 1252."),
+                Question("The comment of the file holds the character \"β\", which is not in code "
+                         "page 1252.")}));
   const auto lines = Lignes(LitFichier(path));
   EXPECT_EQ(lines.at(3), "Talpa ?");
   EXPECT_EQ(lines.at(4), "?");
@@ -183,7 +186,7 @@ TEST_F(SaveFailure, AFolderInTheFilesPlaceIsSaidSo) {
   Ajoute({.latitude = 1, .longitude = 2});
   dialogues.answers = {Answer::Yes, Answer::No};
   Ecrit();
-  const std::string said = Question("Path/File access error: " + path + ", it is a folder");
+  const std::string said = Question("This is a folder, not a file; choose a file.\n" + path);
   EXPECT_EQ(Boites(), (std::vector<std::string>{said, said}));
   EXPECT_TRUE(fs::is_directory(path));
   EXPECT_TRUE(state.document.FichierModifie());
@@ -194,7 +197,10 @@ TEST_F(SaveFailure, AMissingFolderIsSaidSo) {
   Ajoute({.latitude = 1, .longitude = 2});
   dialogues.answers = {Answer::No};
   Ecrit();
-  EXPECT_EQ(Boites(), std::vector<std::string>{Question("Path not found: " + path)});
+  EXPECT_EQ(Boites(),
+            std::vector<std::string>{Question(
+                "The folder cannot be found; look whether it was moved, or its disk taken away.\n" +
+                path)});
 }
 
 TEST_F(SaveFailure, AReadOnlyFolderIsSaidSo) {
@@ -210,8 +216,13 @@ TEST_F(SaveFailure, AReadOnlyFolderIsSaidSo) {
   Ecrit();
   MnuEnregistrer_Click(context);
   ASSERT_EQ(seteuid(0), 0);
-  EXPECT_EQ(Boites(), (std::vector<std::string>{Question("Permission denied: " + path),
-                                                "Error 70\nPermission denied: " + path}));
+  EXPECT_EQ(
+      Boites(),
+      (std::vector<std::string>{
+          Question("Access is refused; the file or the folder may be protected or in use.\n" +
+                   path),
+          "Error 70\nAccess is refused; the file or the folder may be protected or in use.\n" +
+              path}));
   EXPECT_EQ(LitFichier(path), "whole");
   EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});

@@ -68,7 +68,8 @@ TEST_F(FullDisk, AtAnyStageOfASaveLeavesAWholeFile) {
       const FileLimit full(limit);
       MnuEnregistrer_Click(context);
     }
-    EXPECT_EQ(Boites(), std::vector<std::string>{Question("Disk full: " + path)});
+    EXPECT_EQ(Boites(), std::vector<std::string>{
+                            Question("The disk is full; make room on it and try again.\n" + path)});
     EXPECT_EQ(LitFichier(path), LignesEntieres(next.substr(0, limit)));
     EXPECT_TRUE(state.document.FichierModifie());
   });
@@ -187,7 +188,9 @@ class StuckDisk : public FullDisk {
 
 TEST_F(StuckDisk, TheSecondBoxSaysThatTheFormerFileStands) {
   stuck.Pose("/d/a.deg", "former");
-  EXPECT_EQ(SecondeBoite(), "Error 61\nDisk full\nThe former file stands unchanged.");
+  EXPECT_EQ(SecondeBoite(),
+            "Error 61\nThe disk is full; make room on it and try again.\nThe former file stands "
+            "unchanged.");
 }
 
 TEST_F(StuckDisk, TheSecondBoxNamesTheBackupThatTheFormerFileHasBecome) {
@@ -195,11 +198,13 @@ TEST_F(StuckDisk, TheSecondBoxNamesTheBackupThatTheFormerFileHasBecome) {
   stuck.before = [this] {
     if (stuck.Existe("/d/a.deg")) stuck.Renomme("/d/a.deg", "/d/a.BAK");
   };
-  EXPECT_EQ(SecondeBoite(), "Error 61\nDisk full\nThe former file is now /d/a.BAK");
+  EXPECT_EQ(SecondeBoite(),
+            "Error 61\nThe disk is full; make room on it and try again.\nThe former file is now "
+            "/d/a.BAK");
 }
 
 TEST_F(StuckDisk, TheSecondBoxSaysNothingOfAFileThatNeverWas) {
-  EXPECT_EQ(SecondeBoite(), "Error 61\nDisk full");
+  EXPECT_EQ(SecondeBoite(), "Error 61\nThe disk is full; make room on it and try again.");
 }
 
 /// Runs out of memory at the n-th call to the files of a save.

@@ -17,6 +17,7 @@
 #include "platform/busy.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/one_line.h"
 
 namespace talpena {
 namespace {
@@ -63,6 +64,7 @@ void frmOptionsPeriodes::ConstruitCadre() {
   TxtPivot1 = Nomme(new QLineEdit(FramePivot), "TxtPivot1");
   TxtPivot21 = Nomme(new QLineEdit(FramePivot), "TxtPivot21");
   TxtPivot22 = Nomme(new QLineEdit(FramePivot), "TxtPivot22");
+  for (QLineEdit* box : {TxtPivot1, TxtPivot21, TxtPivot22}) GardeUneLigne(*box);
   pages_ = new QStackedLayout(FramePivot);
   pages_->addWidget(Page(FramePivot, {}));
   pages_->addWidget(Page(FramePivot, {{lblPivot1, TxtPivot1}}));

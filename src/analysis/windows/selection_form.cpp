@@ -17,6 +17,7 @@
 #include "platform/busy.h"
 #include "platform/commands.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/one_line.h"
 
 namespace talpena {
 namespace {
@@ -69,6 +70,7 @@ void Selection::Construit() {
   condition_->setObjectName("cmbConditions");
   TxtSelect = condition_->lineEdit();
   TxtSelect->setObjectName("TxtSelect");
+  GardeUneLigne(*TxtSelect);
   lblColonnes = Cree<QLabel>(this, "lblColonnes");
   lblNoms = Cree<QLabel>(this, "lblNoms");
   lblNoms->setText(Affiche(ColonnesDeSelection));

@@ -20,6 +20,7 @@
 #include "coords/ifbl.h"
 #include "coords/tokens.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/one_line.h"
 
 namespace talpena {
 namespace {
@@ -46,6 +47,7 @@ void Ajoute(QFormLayout* form, QLabel*& label, QLineEdit*& box, const QString& b
   label->setObjectName(labelName);
   box = new QLineEdit(form->parentWidget());
   box->setObjectName(boxName);
+  GardeUneLigne(*box);
   label->setBuddy(box);
   form->addRow(label, box);
 }

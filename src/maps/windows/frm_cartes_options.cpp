@@ -19,6 +19,7 @@
 #include "platform/commands.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/one_line.h"
 
 namespace talpena {
 namespace {
@@ -84,6 +85,7 @@ QWidget* frmCartesOptions::ConstruitSymboles() {
   lblDiametre = Cree<QLabel>(page, QStringLiteral("lblDiametre"));
   cmbDiametre = Cree<QComboBox>(page, QStringLiteral("cmbDiametre"));
   cmbDiametre->setEditable(true);
+  GardeUneLigne(*cmbDiametre->lineEdit());
   cmbDiametre->setInsertPolicy(QComboBox::NoInsert);
   cmbDiametre->addItem(EnQt(DiametreAutomatique));
   cmbDiametre->setMinimumWidth(fontMetrics().averageCharWidth() * 18);

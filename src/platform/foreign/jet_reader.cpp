@@ -26,7 +26,7 @@ constexpr std::size_t octetsLigne = std::size_t{256} << 20;
 
 [[noreturn]] void EchecFormat(const std::string& path) {
   throw TalpenaError(ErrorNumber::UnrecognizedFormat,
-                     "Unrecognized database format '" + path + "'.");
+                     "Unrecognized database format '" + path + "'.", {.about = {path}});
 }
 
 /// An open file that was found to be one of ours.
@@ -336,7 +336,8 @@ class BaseJet final : public ForeignDatabase {
     });
     if (found == tables.end()) {
       throw TalpenaError(ErrorNumber::TableNotFound,
-                         "The database engine cannot find the table '" + std::string(name) + "'.");
+                         "The database engine cannot find the table '" + std::string(name) + "'.",
+                         {.about = {std::string(name)}});
     }
     return *found;
   }
@@ -376,10 +377,12 @@ class FormatJet final : public ForeignFormat {
     Fichier file{
         .path = path, .fd = OuvreEnLecture(path), .limites = limites_, .attente = attente_};
     if (!file.fd.Ouvert() && errno == EACCES) {
-      throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: '" + path + "'.");
+      throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: '" + path + "'.",
+                         {.about = {path}});
     }
     if (!file.fd.Ouvert()) {
-      throw TalpenaError(ErrorNumber::DatabaseNotFound, "Could not find file '" + path + "'.");
+      throw TalpenaError(ErrorNumber::DatabaseNotFound, "Could not find file '" + path + "'.",
+                         {.about = {path}});
     }
     struct stat status {};
     if (fstat(file.fd.Numero(), &status) != 0 || !S_ISREG(status.st_mode)) EchecFormat(path);

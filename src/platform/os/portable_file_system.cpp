@@ -5,6 +5,7 @@
 #include <fstream>
 #include <utility>
 
+#include "common/msg_id_errors.h"
 #include "common/talpena_error.h"
 #include "platform/os/file_system.h"
 #include "platform/os/left_overs.h"
@@ -46,7 +47,7 @@ StreamRefusal Traduit(const std::error_code& error, const fs::path& path) {
 
 [[noreturn]] void Lance(const std::error_code& error, const std::string& path) {
   const StreamRefusal refusal = Traduit(error, EnChemin(path));
-  throw TalpenaError(refusal.number, refusal.text + path);
+  throw TalpenaError(refusal.number, refusal.text + path, {.about = {path}});
 }
 
 /// Streams do not say why they fail; the likeliest reason of a file that will not open.
@@ -55,7 +56,8 @@ StreamRefusal Traduit(const std::error_code& error, const fs::path& path) {
   const fs::path file = EnChemin(path);
   if (fs::is_directory(file, ignored)) {
     throw TalpenaError(ErrorNumber::PathFileAccess,
-                       "Path/File access error: " + path + ", it is a folder");
+                       "Path/File access error: " + path + ", it is a folder",
+                       {.text = MsgId::CheminDossier, .about = {path}});
   }
   const bool there = fs::exists(file, ignored);
   Lance(std::make_error_code(there ? std::errc::permission_denied
@@ -74,7 +76,9 @@ class PortableInput final : public InputFile {
   }
   std::size_t Lit(std::span<char> buffer) override {
     stream_.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-    if (stream_.bad()) throw TalpenaError(ErrorNumber::DeviceFault, "Device I/O error: " + path_);
+    if (stream_.bad())
+      throw TalpenaError(ErrorNumber::DeviceFault, "Device I/O error: " + path_,
+                         {.about = {path_}});
     return static_cast<std::size_t>(stream_.gcount());
   }
   std::int64_t Taille() const override { return size_; }
@@ -152,7 +156,8 @@ class PortableOutput final : public OutputFile {
   }
 
   void Vide() {
-    if (!VideCeQuiPasse()) throw TalpenaError(ErrorNumber::DiskFull, "Disk full: " + path_);
+    if (!VideCeQuiPasse())
+      throw TalpenaError(ErrorNumber::DiskFull, "Disk full: " + path_, {.about = {path_}});
   }
 
   /// The bytes on the disk up to and with the last `end`; 0 when there is none.

@@ -4,6 +4,7 @@
 
 #include <cerrno>
 
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "platform/os/posix_paths.h"
@@ -52,19 +53,22 @@ Refusal Traduit(int error, const std::string& path) {
 }  // namespace
 
 void LanceErreurFichier(int error, const std::string& path) {
-  if (error == EISDIR) LanceErreurAcces(path, "it is a folder");
-  if (error == ENAMETOOLONG) LanceErreurAcces(path, "the name is too long");
-  if (error == ELOOP) LanceErreurAcces(path, "its links lead in a circle");
+  if (error == EISDIR) LanceErreurAcces(path, "it is a folder", MsgId::CheminDossier);
+  if (error == ENAMETOOLONG) LanceErreurAcces(path, "the name is too long", MsgId::CheminTropLong);
+  if (error == ELOOP) {
+    LanceErreurAcces(path, "its links lead in a circle", MsgId::CheminEnCercle);
+  }
   const Refusal refusal = Traduit(error, path);
   std::string description = refusal.text + path;
   if (refusal.number == ErrorNumber::PathFileAccess) {
     description += " (system error " + Str(std::int64_t{error}) + ")";
   }
-  throw TalpenaError(refusal.number, description);
+  throw TalpenaError(refusal.number, description, {.about = {path}});
 }
 
-void LanceErreurAcces(const std::string& path, const std::string& why) {
-  throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: " + path + ", " + why);
+void LanceErreurAcces(const std::string& path, const std::string& why, int text) {
+  throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: " + path + ", " + why,
+                     {.text = text, .about = {path}});
 }
 
 }  // namespace talpena

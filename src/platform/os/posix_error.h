@@ -8,7 +8,8 @@ namespace talpena {
 /// "Disk full: /home/ann/bees.deg". A missing file is 53 when its folder is there, else 76.
 [[noreturn]] void LanceErreurFichier(int error, const std::string& path);
 
-/// Throws PathFileAccess (75): the path, then what is wrong with it.
-[[noreturn]] void LanceErreurAcces(const std::string& path, const std::string& why);
+/// Throws PathFileAccess (75): the path, then what is wrong with it; `text` is the base id of the
+/// words for it, 0 for those of the number.
+[[noreturn]] void LanceErreurAcces(const std::string& path, const std::string& why, int text = 0);
 
 }  // namespace talpena

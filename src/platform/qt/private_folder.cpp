@@ -36,7 +36,8 @@ std::string DossierPrive() {
   const bool ours = folder.isDir() && !folder.isSymLink() && EstAUtilisateur(folder);
   if (!ours || !QFile::setPermissions(path, OwnerOnly)) {
     throw TalpenaError(ErrorNumber::PathFileAccess,
-                       "Path/File access error: " + QDir::toNativeSeparators(path).toStdString());
+                       "Path/File access error: " + QDir::toNativeSeparators(path).toStdString(),
+                       {.about = {QDir::toNativeSeparators(path).toStdString()}});
   }
   return QDir::toNativeSeparators(path).toStdString();
 }

@@ -21,7 +21,8 @@ constexpr qint64 mostPixels = qint64{1} << 28;  ///< of a surface, 1 GB
 constexpr int longestSide = 1 << 20;
 
 [[noreturn]] void RefuseImage(const std::string& path) {
-  throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: " + path);
+  throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: " + path,
+                     {.about = {path}});
 }
 
 QString VarianteDense(const QString& path) {
@@ -63,7 +64,7 @@ void QtCanvas::ChargeImage(const std::string& path) {
   const std::string native = RendNatif(path);
   const QString file = QString::fromStdString(native);
   if (!QFileInfo(file).isFile()) {
-    throw TalpenaError(ErrorNumber::FileNotFound, "File not found: " + native);
+    throw TalpenaError(ErrorNumber::FileNotFound, "File not found: " + native, {.about = {native}});
   }
   const QImage base = LitImage(file);
   if (base.isNull()) RefuseImage(native);

@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewDialog>
@@ -32,6 +33,7 @@
 #include "platform/qt/file_filter.h"
 #include "platform/qt/file_icons.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/one_line.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/toolkit_translator.h"
 
@@ -272,6 +274,7 @@ std::string QtDialogues::Saisie(const InputBox& box) {
   window.setWindowTitle(EnQt(box.title));
   window.setLabelText(EnLignes(box.prompt));
   window.setTextValue(EnQt(box.text));
+  for (auto* line : window.findChildren<QLineEdit*>()) GardeUneLigne(*line);
   for (QLabel* label : window.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   const Legendes captions(window, [&] {
     if (langue_ == nullptr) return;

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 
+#include "common/msg_id_errors.h"
 #include "common/talpena_error.h"
 #include "platform/qt/qt_canvas.h"
 
@@ -23,7 +24,8 @@ std::unique_ptr<Canvas> QtPrinter::CreeCanevas(double points) {
 void QtPrinter::ImprimePage(Canvas& canvas, const PagePlace& place) {
   QPainter painter;
   if (!painter.begin(&printer_)) {
-    throw TalpenaError(ErrorNumber::DeviceFault, "The printer cannot be opened.");
+    throw TalpenaError(ErrorNumber::DeviceFault, "The printer cannot be opened.",
+                       {.text = MsgId::ImprimanteFermee});
   }
   const double dots = printer_.resolution() / 72.0;  // for a point
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
@@ -31,7 +33,8 @@ void QtPrinter::ImprimePage(Canvas& canvas, const PagePlace& place) {
       QRectF(place.left * dots, place.top * dots, place.width * dots, place.height * dots),
       dynamic_cast<QtCanvas&>(canvas).Surface());
   if (!painter.end()) {
-    throw TalpenaError(ErrorNumber::DeviceFault, "The page cannot be printed.");
+    throw TalpenaError(ErrorNumber::DeviceFault, "The page cannot be printed.",
+                       {.text = MsgId::PageNonImprimee});
   }
 }
 

@@ -70,9 +70,9 @@ QString EnTexte(const QVariant& value) {
 void Synchronise(QSettings& store) {
   store.sync();
   if (store.status() != QSettings::AccessError) return;
-  throw TalpenaError(
-      ErrorNumber::PathFileAccess,
-      "Path/File access error: " + QDir::toNativeSeparators(store.fileName()).toStdString());
+  const std::string path = QDir::toNativeSeparators(store.fileName()).toStdString();
+  throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: " + path,
+                     {.about = {path}});
 }
 
 void Pose(QSettings& store, std::string_view section, std::string_view key, std::string_view text) {

@@ -20,7 +20,7 @@ constexpr std::uint16_t CommonSecondary = 0x0500;  // of a letter without an acc
 
 void Exige(UErrorCode status) {
   if (U_FAILURE(status)) {
-    throw TalpenaError(EngineError::EngineFault,
+    throw TalpenaError(ErrorNumber::EngineFault,
                        std::string("The collation failed: ") + u_errorName(status) + ".");
   }
 }

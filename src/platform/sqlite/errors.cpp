@@ -22,31 +22,33 @@ constexpr ResultCode resultCodes[] = {
     {SQLITE_AUTH,     ErrorNumber::ReadOnly,           "Cannot update. Database or object is read-only."},
     {SQLITE_CANTOPEN, ErrorNumber::PathFileAccess,     "Path/File access error: the database file cannot be opened."},
     {SQLITE_PERM,     ErrorNumber::PermissionDenied,   "Permission denied."},
-    {SQLITE_BUSY,     EngineError::FileInUse,          "Could not use the database; file already in use."},
-    {SQLITE_LOCKED,   EngineError::FileInUse,          "Could not use the database; file already in use."},
+    {SQLITE_BUSY,     ErrorNumber::FileInUse,          "Could not use the database; file already in use."},
+    {SQLITE_LOCKED,   ErrorNumber::FileInUse,          "Could not use the database; file already in use."},
     {SQLITE_CORRUPT,  ErrorNumber::UnrecognizedFormat, "Unrecognized database format: the file is damaged."},
     {SQLITE_NOTADB,   ErrorNumber::UnrecognizedFormat, "Unrecognized database format."},
-    {SQLITE_NOMEM,    EngineError::OutOfMemory,        "Out of memory"},
-    {SQLITE_TOOBIG,   EngineError::QueryTooComplex,    "Query is too complex."},
+    {SQLITE_NOMEM,    ErrorNumber::OutOfMemory,        "Out of memory"},
+    {SQLITE_TOOBIG,   ErrorNumber::QueryTooComplex,    "Query is too complex."},
 };
 // clang-format on
 
 }  // namespace
 
-TalpenaError AppelInvalide() {
-  return {EngineError::InvalidProcedureCall, "Invalid procedure call"};
-}
+TalpenaError AppelInvalide() { return {ErrorNumber::InvalidCall, "Invalid procedure call"}; }
 
 TalpenaError Debordement() { return {ErrorNumber::Overflow, "Overflow"}; }
 
 TalpenaError AccesRefuse(std::string_view path) {
-  return {ErrorNumber::PathFileAccess, "Path/File access error: " + EntreApostrophes(path) + "."};
+  return {ErrorNumber::PathFileAccess,
+          "Path/File access error: " + EntreApostrophes(path) + ".",
+          {.about = {std::string(path)}}};
 }
 
 TalpenaError ArgumentInvalide() { return {ErrorNumber::InvalidArgument, "Invalid argument."}; }
 
 TalpenaError TableExiste(std::string_view table) {
-  return {ErrorNumber::TableExists, "Table " + EntreApostrophes(table) + " already exists."};
+  return {ErrorNumber::TableExists,
+          "Table " + EntreApostrophes(table) + " already exists.",
+          {.about = {std::string(table)}}};
 }
 
 TalpenaError SansEdition() {
@@ -62,7 +64,9 @@ TalpenaError CleEnDouble() {
 }
 
 TalpenaError FichierIntrouvable(std::string_view path) {
-  return {ErrorNumber::DatabaseNotFound, "Could not find file " + EntreApostrophes(path) + "."};
+  return {ErrorNumber::DatabaseNotFound,
+          "Could not find file " + EntreApostrophes(path) + ".",
+          {.about = {std::string(path)}}};
 }
 
 TalpenaError LectureSeule() {
@@ -75,10 +79,11 @@ TalpenaError PasDeTransaction() {
 }
 
 TalpenaError TableIntrouvable(std::string_view table) {
-  return {ErrorNumber::TableNotFound, "The database engine cannot find the input table or query " +
-                                          EntreApostrophes(table) +
-                                          ". Make sure it exists and that its name is spelled "
-                                          "correctly."};
+  return {ErrorNumber::TableNotFound,
+          "The database engine cannot find the input table or query " + EntreApostrophes(table) +
+              ". Make sure it exists and that its name is spelled "
+              "correctly.",
+          {.about = {std::string(table)}}};
 }
 
 TalpenaError SignetInvalide() { return {ErrorNumber::InvalidBookmark, "Not a valid bookmark."}; }
@@ -89,17 +94,19 @@ TalpenaError TropLong() {
           "inserting or pasting less data."};
 }
 
-TalpenaError ChampFige() { return {EngineError::FieldNotUpdatable, "Field cannot be updated."}; }
+TalpenaError ChampFige() { return {ErrorNumber::FieldNotUpdatable, "Field cannot be updated."}; }
 
-TalpenaError LigneSupprimee() { return {EngineError::RecordDeleted, "Record is deleted."}; }
+TalpenaError LigneSupprimee() { return {ErrorNumber::RecordDeleted, "Record is deleted."}; }
 
 TalpenaError RequeteCirculaire(std::string_view query) {
-  return {EngineError::CircularReference,
+  return {ErrorNumber::CircularReference,
           "Circular reference caused by " + EntreApostrophes(query) + "."};
 }
 
 TalpenaError NonPrevu(std::string_view what) {
-  return {ErrorNumber::NotSupported, "Operation is not supported: " + std::string(what) + "."};
+  return {ErrorNumber::NotSupported,
+          "Operation is not supported: " + std::string(what) + ".",
+          {.about = {std::string(what)}}};
 }
 
 TalpenaError ChampIntrouvable() {
@@ -110,27 +117,30 @@ TalpenaError NullRefuse(std::string_view table, std::string_view field) {
   return {ErrorNumber::NullNotAllowed,
           "The field " + EntreApostrophes(std::string(table) + "." + std::string(field)) +
               " cannot contain a Null value because the Required property for this field is set "
-              "to True. Enter a value in this field."};
+              "to True. Enter a value in this field.",
+          {.about = {std::string(field)}}};
 }
 
 TalpenaError VideRefuse(std::string_view table, std::string_view field) {
   return {ErrorNumber::ZeroLength,
           "Field " + EntreApostrophes(std::string(table) + "." + std::string(field)) +
-              " cannot be a zero-length string."};
+              " cannot be a zero-length string.",
+          {.about = {std::string(field)}}};
 }
 
 TalpenaError FormatInconnu(std::string_view path) {
   return {ErrorNumber::UnrecognizedFormat,
-          "Unrecognized database format " + EntreApostrophes(path) + "."};
+          "Unrecognized database format " + EntreApostrophes(path) + ".",
+          {.about = {std::string(path)}}};
 }
 
-TalpenaError TropComplexe() { return {EngineError::QueryTooComplex, "Query is too complex."}; }
+TalpenaError TropComplexe() { return {ErrorNumber::QueryTooComplex, "Query is too complex."}; }
 
 TalpenaError ConversionImpossible() {
   return {ErrorNumber::DataConversion, "Data type conversion error."};
 }
 
-TalpenaError MotifInvalide() { return {EngineError::InvalidPattern, "Invalid pattern string"}; }
+TalpenaError MotifInvalide() { return {ErrorNumber::InvalidPattern, "Invalid pattern string"}; }
 
 TalpenaError ErreurSqlite(sqlite3* db, int resultCode) {
   const int primary = resultCode & 0xff;
@@ -143,7 +153,9 @@ TalpenaError ErreurSqlite(sqlite3* db, int resultCode) {
     if (entry.code == primary) return {entry.number, entry.description};
   }
   const char* message = db != nullptr ? sqlite3_errmsg(db) : sqlite3_errstr(resultCode);
-  return {EngineError::EngineFault, std::string("The table engine failed: ") + message + "."};
+  return {ErrorNumber::EngineFault,
+          std::string("The table engine failed: ") + message + ".",
+          {.about = {message}}};
 }
 
 }  // namespace talpena::sqlite

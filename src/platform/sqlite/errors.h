@@ -9,25 +9,6 @@ struct sqlite3;
 
 namespace talpena::sqlite {
 
-/// Numbers that only the engine itself raises.
-namespace EngineError {
-inline constexpr int InvalidProcedureCall = 5;
-inline constexpr int OutOfMemory = 7;
-inline constexpr int InvalidPattern = 93;
-inline constexpr int EngineFault = 3000;  ///< a failure of the library without a plainer name
-inline constexpr int FileInUse = 3045;
-inline constexpr int SelectNotExecutable = 3065;
-inline constexpr int UndefinedFunction = 3085;
-inline constexpr int AggregateNotAllowed = 3096;
-inline constexpr int CircularReference = 3102;
-inline constexpr int InvalidStatement = 3129;
-inline constexpr int TextAfterEnd = 3142;
-inline constexpr int FieldNotUpdatable = 3164;
-inline constexpr int RecordDeleted = 3167;
-inline constexpr int TooManyFields = 3190;
-inline constexpr int QueryTooComplex = 3360;
-}  // namespace EngineError
-
 TalpenaError AppelInvalide();                     ///< 5
 TalpenaError Debordement();                       ///< 6
 TalpenaError AccesRefuse(std::string_view path);  ///< 75

@@ -28,8 +28,10 @@ bool EstPlein(int error) {
 
 [[noreturn]] void Echoue(int error, const std::string& path) {
   const std::string named = ": '" + path + "'.";
-  if (error == EEXIST) throw TalpenaError(ErrorNumber::FileExists, "File already exists" + named);
-  if (EstPlein(error)) throw TalpenaError(ErrorNumber::DiskFull, "Disk full" + named);
+  if (error == EEXIST)
+    throw TalpenaError(ErrorNumber::FileExists, "File already exists" + named, {.about = {path}});
+  if (EstPlein(error))
+    throw TalpenaError(ErrorNumber::DiskFull, "Disk full" + named, {.about = {path}});
   throw AccesRefuse(path);
 }
 

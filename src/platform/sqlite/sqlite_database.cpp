@@ -48,7 +48,7 @@ bool NomAcceptable(std::string_view name) {
 void VerifieDefinition(const TableDef& table) {
   if (!NomAcceptable(table.name) || table.fields.empty()) throw ArgumentInvalide();
   if (table.fields.size() > MostFields) {
-    throw TalpenaError(EngineError::TooManyFields, "Too many fields defined.");
+    throw TalpenaError(ErrorNumber::TooManyFields, "Too many fields defined.");
   }
   int counters = 0;
   for (std::size_t i = 0; i < table.fields.size(); ++i) {

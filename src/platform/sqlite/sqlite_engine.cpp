@@ -64,7 +64,8 @@ void VerifieDossier(const std::string& path) {
   const fs::path folder = Chemin(path).parent_path();
   std::error_code ignored;
   if (!folder.empty() && !fs::is_directory(folder, ignored)) {
-    throw TalpenaError(ErrorNumber::PathNotFound, "Path not found: '" + path + "'.");
+    throw TalpenaError(ErrorNumber::PathNotFound, "Path not found: '" + path + "'.",
+                       {.about = {path}});
   }
 }
 
@@ -114,7 +115,8 @@ class SqliteEngine final : public TableEngine {
   static void VerifiePlace(const std::string& path) {
     VerifieDossier(path);
     if (path.empty() || Existe(path)) {
-      throw TalpenaError(ErrorNumber::FileExists, "File already exists: '" + path + "'.");
+      throw TalpenaError(ErrorNumber::FileExists, "File already exists: '" + path + "'.",
+                         {.about = {path}});
     }
   }
 

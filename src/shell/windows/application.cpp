@@ -6,17 +6,10 @@
 #include <exception>
 #include <new>
 
-#include "common/talpena_error.h"
 #include "platform/commands.h"
 #include "platform/qt/legible_palette.h"
 
 namespace talpena {
-namespace {
-
-constexpr int outOfMemory = 7;
-constexpr int internalError = 51;
-
-}  // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
   setPalette(PaletteLisible(palette()));
@@ -31,19 +24,22 @@ bool Application::event(QEvent* event) {
   return handled;
 }
 
-void Application::Montre(int number, const std::string& description) {
-  if (io_ != nullptr && number != ErrorNumber::Cancelled) AfficheErreur(*io_, number, description);
+void Application::Montre(const TalpenaError& failure) {
+  if (io_ == nullptr || failure.number() == ErrorNumber::Cancelled) return;
+  AfficheErreur(*state_, *io_, failure);
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {
   try {
     return QApplication::notify(receiver, event);
   } catch (const TalpenaError& e) {
-    Montre(e.number(), e.description());
+    Montre(e);
   } catch (const std::bad_alloc&) {
-    Montre(outOfMemory, "Out of memory");
+    Montre({ErrorNumber::OutOfMemory, "Out of memory"});
   } catch (const std::exception& e) {
-    Montre(internalError, std::string("Internal error: ") + e.what());
+    Montre({ErrorNumber::InternalError,
+            std::string("Internal error: ") + e.what(),
+            {.about = {e.what()}}});
   }
   return false;
 }

@@ -2,7 +2,9 @@
 #pragma once
 #include <QApplication>
 
+#include "common/talpena_error.h"
 #include "platform/platform.h"
+#include "platform/settings_state.h"
 
 namespace talpena {
 
@@ -13,14 +15,19 @@ class Application : public QApplication {
 
  public:
   Application(int& argc, char** argv);
-  void ChangePlatform(Platform* io) { io_ = io; }
+  /// Where failures are shown, and in whose language.
+  void ChangePlatform(Platform* io, const SharedState* state) {
+    io_ = io;
+    state_ = state;
+  }
   bool notify(QObject* receiver, QEvent* event) override;
   bool event(QEvent* event) override;
 
  private:
-  void Montre(int number, const std::string& description);
+  void Montre(const TalpenaError& failure);
 
   Platform* io_ = nullptr;
+  const SharedState* state_ = nullptr;
 };
 
 /// Folder of the executable's file, reached through whatever links it was started by; UTF-8,

@@ -132,6 +132,11 @@ void Form1::ActiveOutils() {
 
 void Form1::PlaceFocusGrille() { TDBGrid1->setFocus(); }
 
+void Form1::PlaceFocusColonne(int column) {
+  TDBGrid1->PlaceColonne(column);
+  TDBGrid1->setFocus();
+}
+
 void Form1::AffichePosition() {
   panels_[0]->setText(QString::fromStdString(TextePosition(state_.document.Data1)));
 }

@@ -84,6 +84,7 @@ class Form1 : public QMainWindow,
   void SelectionneColonnes(ColumnRange columns) override;
   int ColonneCourante() override;
   void PlaceFocusGrille() override;
+  void PlaceFocusColonne(int column) override;
 
   // StorePort
   void MontreOptionsPeriodes() override;
@@ -112,6 +113,8 @@ class Form1 : public QMainWindow,
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -143,6 +146,8 @@ class Form1 : public QMainWindow,
   void MontreAffichage(Changes changes);
   void AjusteGrille();
   void AffichePanneauDatum();
+  void DitSansLigne();
+  bool VaParTouche(const QKeyEvent& event);
   void ChangeTexte(QLineEdit& box, std::string DistributionHeader::*text);
   bool FichierOuvert() const { return state_.document.Montre().menus; }
   void AfficheDerniersFichiers();

@@ -17,6 +17,7 @@
 #include "platform/qt/command_actions.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
+#include "platform/qt/one_line.h"
 #include "shell/windows/form1.h"
 #include "store/deg_lines.h"
 #include "store/windows/tdb_grid.h"
@@ -147,6 +148,7 @@ void Form1::ConstruitTitres() {
   LabelCommentaire = Nomme(new QLabel(parent), QStringLiteral("LabelCommentaire"));
   Commentaire_ = Nomme(new QLineEdit(parent), QStringLiteral("Commentaire"));
   for (QLineEdit* box : {BoxTitre_, Commentaire_}) {
+    GardeUneLigne(*box);
     box->setMaxLength(static_cast<int>(MaxHeaderLine));  // as long as a file can have them
   }
   LabelTitre->setBuddy(BoxTitre_);

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -11,6 +12,8 @@
 #include <QToolButton>
 
 #include "analysis/windows/frm_options_periodes.h"
+#include "common/msg_id_errors.h"
+#include "common/string_table.h"
 #include "coord_commands/adjust.h"
 #include "coords/snap.h"
 #include "coords/windows/ajustement.h"
@@ -93,6 +96,7 @@ void Form1::Relie() {
     connect(cmdFirstLast[i], &QToolButton::clicked, this,
             [this, i] { cmdFirstLast_Click(static_cast<int>(i)); });
   }
+  CmbTri->installEventFilter(this);
   connect(CmbTri, &QComboBox::currentIndexChanged, this, &Form1::CmbTri_Click);
   connect(OptTri[1], &QRadioButton::toggled, this, &Form1::CmbTri_Click);
   ChangeTexte(*BoxTitre_, &DistributionHeader::BoxTitre);
@@ -212,11 +216,44 @@ void Form1::MnuTxtGrille_Click() { ChangeCouleur(state_.CouleurTexteGrille, &Gri
 
 void Form1::MnuInfo_Click() { frmEastern(state_, this).exec(); }
 
+/// A key asked for a row, and there is none.
+void Form1::DitSansLigne() {
+  const int text = FichierOuvert() ? MsgId::EchecSansLigne : MsgId::EchecSansFichier;
+  Bip(state_, io_);
+  io_.dialogues.Demande({.text = Texte(state_.Langue, text), .icon = Icon::Information});
+}
+
+/// Ctrl+Home and Ctrl+End where no control has a use of its own for them.
+bool Form1::VaParTouche(const QKeyEvent& event) {
+  const bool first = event.key() == Qt::Key_Home;
+  if (event.modifiers() != Qt::ControlModifier) return false;
+  if (!first && event.key() != Qt::Key_End) return false;
+  if (running_ > 0) return true;
+  if (!Etat().hasRow) {
+    DitSansLigne();
+    return true;
+  }
+  cmdFirstLast_Click(first ? 0 : 1);
+  PlaceFocusGrille();
+  return true;
+}
+
+void Form1::keyPressEvent(QKeyEvent* event) {
+  if (!VaParTouche(*event)) QMainWindow::keyPressEvent(event);
+}
+
+/// The sort list would take these keys for its own first and last entry.
+bool Form1::eventFilter(QObject* watched, QEvent* event) {
+  const bool key = watched == CmbTri && event->type() == QEvent::KeyPress;
+  if (key && VaParTouche(*static_cast<QKeyEvent*>(event))) return true;
+  return QMainWindow::eventFilter(watched, event);
+}
+
 /// The record editor on the current row. It is no command itself, since it may stay open all day:
 /// ticks of Timer1 save the file meanwhile.
 void Form1::MontreEdition() {
   if (running_ > 0 || editForm_ != nullptr || !TDBGrid1->ValideEdition()) return;
-  if (!cmd[3]->isEnabled()) return;
+  if (!cmd[3]->isEnabled()) return DitSansLigne();
   EditForm form(Commandes(), this);
   editForm_ = &form;
   form.exec();

@@ -109,6 +109,7 @@ void Form1::InitFenetres() {
   Commentaire_->setAccessibleName(texte(MsgId::CommentaireTitre));
   centralWidget()->setAccessibleName(texte(MsgId::Distribution));
   AfficheFiltre();
+  AffichePanneauDatum();
   ChangeLangueDesFenetres();
 }
 

@@ -16,6 +16,7 @@
 #include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/one_line.h"
 #include "platform/qt/window_place.h"
 #include "shell/windows/frm_aide.h"
 #include "shell/windows/help_hit_delegate.h"
@@ -62,6 +63,7 @@ void frmAide::ConstruitRecherche() {
   lblRecherche = Nomme(new QLabel(this), "lblRecherche");
   txtRecherche = Nomme(new QLineEdit(this), "txtRecherche");
   txtRecherche->setClearButtonEnabled(true);
+  GardeUneLigne(*txtRecherche);
   txtRecherche->installEventFilter(this);
   lblRecherche->setBuddy(txtRecherche);
   treeSommaire = Nomme(new QTreeWidget(this), "treeSommaire");

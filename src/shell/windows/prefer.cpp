@@ -22,6 +22,7 @@
 #include "coords/systems.h"
 #include "coords/windows/frm_datum.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/one_line.h"
 #include "platform/qt/scrolled.h"
 #include "store/record/record_editor.h"
 
@@ -42,6 +43,12 @@ Widget* Cree(QWidget* parent, const QString& name) {
   return widget;
 }
 
+QLineEdit* CreeLigne(QWidget* parent, const QString& name) {
+  auto* box = Cree<QLineEdit>(parent, name);
+  GardeUneLigne(*box);
+  return box;
+}
+
 /// A box wide enough for a few characters.
 void Retrecit(QLineEdit* box) {
   box->setFixedWidth(box->fontMetrics().averageCharWidth() * (shortCharacters + 4));
@@ -51,6 +58,7 @@ void Retrecit(QLineEdit* box) {
 QComboBox* CreeListeDatums(QWidget* parent, const QString& name) {
   auto* list = Cree<QComboBox>(parent, name);
   list->setEditable(true);
+  GardeUneLigne(*list->lineEdit());
   list->setInsertPolicy(QComboBox::NoInsert);
   list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   list->setMinimumContentsLength(listCharacters);
@@ -105,15 +113,15 @@ void Prefer::Construit() {
   QWidget* fields = Frame[Champs];
   for (std::size_t i = 0; i < ChampNumerique.size(); ++i) {
     lblChampNumerique[i] = Cree<QLabel>(fields, QString("lblChampNumerique_%1").arg(i));
-    ChampNumerique[i] = Cree<QLineEdit>(fields, QString("ChampNumerique_%1").arg(i));
+    ChampNumerique[i] = CreeLigne(fields, QString("ChampNumerique_%1").arg(i));
   }
   lblSepar = Cree<QLabel>(fields, "lblSepar");
-  TxtSepar = Cree<QLineEdit>(fields, "TxtSepar");
+  TxtSepar = CreeLigne(fields, "TxtSepar");
   Retrecit(TxtSepar);
   QWidget* saving = Frame[Enregistrement];
   ChkAutoSave = Cree<QCheckBox>(saving, "ChkAutoSave");
   lblAutoSave = Cree<QLabel>(saving, "lblAutoSave");
-  txtSaveInterval = Cree<QLineEdit>(saving, "txtSaveInterval");
+  txtSaveInterval = CreeLigne(saving, "txtSaveInterval");
   Retrecit(txtSaveInterval);
   lblMin = Cree<QLabel>(saving, "lblMin");
   QWidget* program = Frame[Programme];

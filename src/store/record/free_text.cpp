@@ -1,5 +1,6 @@
 #include "store/record/free_text.h"
 
+#include "common/line_breaks.h"
 #include "common/text.h"
 
 namespace talpena {
@@ -41,8 +42,8 @@ FreeText DecoupeTexteLibre(std::string_view comment, std::string_view separator,
 std::string AssembleTexteLibre(const std::vector<std::string>& fields, std::string_view remark,
                                std::string_view separator) {
   std::string comment;
-  for (const std::string& field : fields) comment.append(field).append(separator);
-  return comment + SansRetour(remark);
+  for (const std::string& field : fields) comment.append(SurUneLigne(field)).append(separator);
+  return comment + AvecSautsLf(SansRetour(remark));
 }
 
 }  // namespace talpena

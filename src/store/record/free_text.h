@@ -15,7 +15,8 @@ struct FreeText {
 /// without a separator is the remark; one with fewer than `count` has none.
 FreeText DecoupeTexteLibre(std::string_view comment, std::string_view separator, std::size_t count);
 
-/// The COMMENT: each field with a separator behind it, then the remark with LF as its line end.
+/// The COMMENT: each field, on one line, with a separator behind it, then the remark with LF as its
+/// line end.
 std::string AssembleTexteLibre(const std::vector<std::string>& fields, std::string_view remark,
                                std::string_view separator);
 

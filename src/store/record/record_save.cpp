@@ -1,4 +1,6 @@
 // The record editor writes its row.
+#include "common/error_words.h"
+#include "common/line_breaks.h"
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
@@ -73,7 +75,7 @@ void EcritChamps(const DistributionHeader& entete, const RecordScreen& ecran, Re
   row.Nombre(RecordField::ChampLongitude, Column::LONGITUDE, ecran.ChampLongitude);
   row.Nombre(RecordField::ChampCh1, Column::N1, ecran.ChampCh1);
   row.Nombre(RecordField::ChampCh2, Column::N2, ecran.ChampCh2);
-  row.Texte(RecordField::ChampSex, Column::SEX, ecran.ChampSex);
+  row.Texte(RecordField::ChampSex, Column::SEX, SurUneLigne(ecran.ChampSex));
   row.Date(ecran);
   row.Texte(RecordField::ChampLibre, Column::COMMENT,
             AssembleTexteLibre(ecran.Grid, ecran.ChampLibre, entete.FreeFieldSeparator));
@@ -146,7 +148,7 @@ void SauveEcran(CommandContext c, RecordScreen& ecran, bool& failed) {
   } catch (const TalpenaError& error) {
     failed = true;
     if (at) ecran.focus = at;
-    Dit(c, "Erreur pendant la sauvegarde.\r\n" + error.description());
+    Dit(c, "Erreur pendant la sauvegarde.\r\n" + DescriptionErreur(c.state.Langue, error));
   }
 }
 

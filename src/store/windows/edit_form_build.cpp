@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "platform/qt/controls.h"
+#include "platform/qt/one_line.h"
 #include "platform/qt/scrolled.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
@@ -52,6 +53,7 @@ QLineEdit* EditForm::Ligne(QWidget* parent, const char* name, int characters) {
   edit->setObjectName(QLatin1String(name));
   edit->setMinimumWidth(fontMetrics().averageCharWidth() * (characters + 3));
   edit->installEventFilter(this);
+  GardeUneLigne(*edit);
   return edit;
 }
 

@@ -8,6 +8,7 @@
 #include <QStyledItemDelegate>
 #include <algorithm>
 
+#include "platform/qt/one_line.h"
 #include "platform/qt/window_place.h"
 
 using namespace Qt::StringLiterals;
@@ -109,6 +110,7 @@ FreeFieldsGrid::FreeFieldsGrid(QWidget* parent)
   txtEdit->setFocusPolicy(Qt::ClickFocus);
   txtEdit->setAutoFillBackground(true);
   txtEdit->hide();
+  GardeUneLigne(*txtEdit);
   txtEdit->installEventFilter(this);
   connect(txtEdit, &QLineEdit::textEdited, this, &FreeFieldsGrid::Tape);
 }

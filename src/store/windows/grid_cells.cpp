@@ -2,6 +2,8 @@
 
 #include <limits>
 
+#include "common/error_words.h"
+#include "common/line_breaks.h"
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
@@ -20,6 +22,11 @@ struct IntegerRange {
 template <typename Stored>
 constexpr IntegerRange RangeOf() {
   return {std::numeric_limits<Stored>::min(), std::numeric_limits<Stored>::max()};
+}
+
+/// What was typed or pasted as the column holds it: a memo has lines, all others are one.
+std::string TexteEntre(const FieldDef& field, std::string_view typed) {
+  return field.type == FieldType::Memo ? AvecSautsLf(typed) : SurUneLigne(typed);
 }
 
 bool EstEntiere(FieldType type) {
@@ -54,7 +61,8 @@ void EcritCellule(Document& document, Recordset& rows, std::int64_t position, in
   if (TexteDeCellule(def, rows.Get(field)) == typed) return;
 
   const bool number = EstColonneNumerique(def);
-  const std::string text = number ? Remplace(Rogne(typed), ",", ".") : std::string(typed);
+  const std::string entered = TexteEntre(def, typed);
+  const std::string text = number ? Remplace(Rogne(entered), ",", ".") : entered;
   const bool null = text.empty() && (number || !def.allowZeroLength);
 
   Edition edition(document, "Edit cell");
@@ -80,7 +88,7 @@ std::string RaisonDuRefus(std::int16_t langue, const FieldDef& field, const Talp
     case ErrorNumber::ZeroLength:
       return Texte(langue, MsgId::TexteVide);
     default:
-      return refus.description();
+      return DescriptionErreur(langue, refus);
   }
 }
 

@@ -15,15 +15,14 @@ namespace talpena {
 bool EstColonneNumerique(const FieldDef& field);
 
 /// Writes a typed text into a field of the row at `position`. Numbers take a comma as their point.
-/// An empty text is Null where the column has no empty text. The text that the cell shows already
-/// changes nothing.
+/// Line breaks become LF in a memo, blanks elsewhere. An empty text is Null where the column has no
+/// empty text. The text that the cell shows already changes nothing.
 /// @return whether the row was changed; a value that the column cannot hold is the engine's
 ///         TalpenaError, with the row as it was
 void EcritCellule(Document& document, Recordset& rows, std::int64_t position, int field,
                   std::string_view typed);
 
-/// Why the table refused a value, in the user's language; the engine's own description where
-/// there is no better text.
+/// Why the table refused a value, in the user's language.
 std::string RaisonDuRefus(std::int16_t langue, const FieldDef& field, const TalpenaError& refus);
 
 }  // namespace talpena

@@ -78,6 +78,8 @@ class TDBGrid : public QTableView {
   void SelectionneColonnes(ColumnRange columns);
   const std::optional<ColumnRange>& ColonnesChoisies() const { return columns_; }
   int ColonneCourante() const { return column_; }  ///< kept while the grid is empty
+  /// The cursor goes to this column of its row; nothing else is chosen.
+  void PlaceColonne(int column);
 
  protected:
   bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;

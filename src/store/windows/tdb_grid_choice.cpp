@@ -109,6 +109,13 @@ void TDBGrid::ChoisitLigne(int row, Qt::KeyboardModifiers modifiers) {
   setFocus();
 }
 
+void TDBGrid::PlaceColonne(int column) {
+  column_ = column;
+  const QModelIndex cell = model_->index(currentIndex().row(), column);
+  if (!cell.isValid()) return;
+  selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect);
+}
+
 void TDBGrid::ChoisitLignes(const std::vector<Bookmark>& rows) {
   OublieChoix();
   std::vector<RowRun> runs;

@@ -109,6 +109,11 @@ void TDBGrid::keyPressEvent(QKeyEvent* event) {
         return;
       }
       break;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+      if (control && model_->rowCount() == 0) return event->ignore();  // the window says why
+      if (EtendParTouche(*event)) return;
+      break;
     case Qt::Key_Space:
       if (ChoisitParTouche(event->modifiers())) return;
       break;

@@ -7,6 +7,7 @@
 #include <unistd.h>
 #endif
 
+#include <QClipboard>
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -213,6 +214,18 @@ TEST(QtDialogues, AnInputBoxOffersATextAndGivesTheOneTyped) {
     QTest::keyClick(edit, Qt::Key_Return);
   });
   EXPECT_EQ(dialogues.Saisie({.prompt = "Number of lines", .text = "10"}), "25");
+}
+
+TEST(QtDialogues, AnInputBoxGivesOneLine) {
+  QtDialogues dialogues;
+  const DialogDriver driver("InputBox", [](QDialog& d) {
+    QApplication::clipboard()->setText(QStringLiteral("Talpa\r\neuropaea\ragain"));
+    auto* line = d.findChild<QLineEdit*>();
+    line->selectAll();
+    line->paste();
+    d.accept();
+  });
+  EXPECT_EQ(dialogues.Saisie({.prompt = "?", .text = "10"}), "Talpa europaea again");
 }
 
 TEST(QtDialogues, ACancelledInputBoxGivesNoText) {

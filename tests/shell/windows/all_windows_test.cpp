@@ -4,7 +4,10 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QSignalBlocker>
 
 #include "fakes/cut_texts.h"
 #include "pictures/gallery.h"
@@ -97,6 +100,21 @@ TEST_P(AllWindows, NameEveryControlForScreenReaders) {
       ASSERT_NE(face, nullptr);
       EXPECT_FALSE(face->text(QAccessible::Name).isEmpty())
           << child->metaObject()->className() << " " << child->objectName().toStdString();
+    }
+  });
+}
+
+TEST_P(AllWindows, TakeNoLineBreakIntoABoxOfOneLine) {
+  if (GetParam() > 9) GTEST_SKIP() << "the same boxes";
+  static const QRegularExpression breaks(QStringLiteral("[\\r\\n\\v\\f\u0085\u2028\u2029]"));
+  Regarde([](const QWidget& window) {
+    for (auto* box : window.findChildren<QLineEdit*>()) {
+      if (box->isReadOnly()) continue;
+      const QSignalBlocker silent(box);
+      const QString before = box->text();
+      box->setText(QStringLiteral("1\r\n2\r3\n4\u20285"));
+      EXPECT_FALSE(box->text().contains(breaks)) << box->objectName().toStdString();
+      box->setText(before);
     }
   });
 }

@@ -106,6 +106,7 @@ TEST_F(Form1Rows, AnotherFileEndsTheFilter) {
 TEST_F(Form1Rows, NewEndsTheFilter) {
   Choisit("N1 > 9");
   dialogues.inputs = {"3"};
+  dialogues.answers = {Answer::Yes};  // the free fields of standard.hdr
   const DialogDriver driver("frmOptionsPeriodes", [](QDialog& dialog) { dialog.reject(); });
   Entree("MnuNouveau")->trigger();
   EXPECT_FALSE(Coche());

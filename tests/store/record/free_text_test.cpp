@@ -50,6 +50,11 @@ TEST(AssembleTexteLibre, JoinsFieldsAndRemark) {
   EXPECT_EQ(AssembleTexteLibre({}, "a/b", "/"), "a/b");
 }
 
+TEST(AssembleTexteLibre, KnowsOneBreakAndOnlyInTheRemark) {
+  EXPECT_EQ(AssembleTexteLibre({"a\r\nb", "c\rd\ne"}, "f\r\ng\nh\u2028i", "/"),
+            "a b/c d e/f\ng\nh\ni");
+}
+
 TEST(AssembleTexteLibre, IsTheInverseOfDecoupe) {
   for (const char* comment : {"a/b/c\nd", "//", "a/b/c/d", "x//"}) {
     const FreeText text = DecoupeTexteLibre(comment, "/", 2);

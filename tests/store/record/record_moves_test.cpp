@@ -157,7 +157,8 @@ TEST_F(RecordMovesTest, NewMakesTheFirstRowOfAnEmptyTable) {
 TEST_F(RecordMovesTest, DuplicateShowsThatThereIsNoRow) {
   Ouvre({});
   ButDupl_Click(Contexte(), ecran);
-  EXPECT_EQ(Boites(), (Lines{"Error 3021\nNo current record."}));
+  EXPECT_EQ(Boites(),
+            (Lines{"Error 3021\nThere is no row to work on; add a row or choose one first."}));
   EXPECT_FALSE(state.document.FichierModifie());
 }
 

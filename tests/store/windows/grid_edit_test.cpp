@@ -1,6 +1,7 @@
 // Editing in the grid: what is stored, what is refused, and by which keys.
 #include <gtest/gtest.h>
 
+#include <QClipboard>
 #include <array>
 
 #include "store/edition.h"
@@ -55,6 +56,23 @@ TEST(GridEdit, EscapeDropsWhatWasTyped) {
   g.Tape(1, n1, "42", Qt::Key_Escape);
   EXPECT_EQ(g.Texte(1, n1), "2");
   EXPECT_FALSE(g.state.document.FichierModifie());
+}
+
+TEST(GridEdit, PastedLineBreaksAreLfInACommentAndBlanksElsewhere) {
+  ShownGrid g;
+  const auto paste = [&](int column, const QString& text) {
+    g.grid.setCurrentIndex(g.Cellule(0, column));
+    QTest::keyClick(&g.grid, Qt::Key_F2);
+    g.Editeur()->selectAll();
+    QApplication::clipboard()->setText(text);
+    g.Editeur()->paste();
+    QTest::keyClick(g.Editeur(), Qt::Key_Return);
+    ShownGrid::Traite();
+    return g.Texte(0, column);
+  };
+  EXPECT_EQ(paste(comment, "one\rtwo\r\nthree\nfour"), "one\ntwo\nthree\nfour");
+  EXPECT_EQ(paste(original, "deg 50.1\r\n4.5"), "deg 50.1 4.5");
+  EXPECT_EQ(paste(n1, "12\r\n"), "12");
 }
 
 TEST(GridEdit, TypingStartsTheEdit) {

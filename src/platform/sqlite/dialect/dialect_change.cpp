@@ -22,9 +22,9 @@ Change DialectParser::Changement() {
   if (Mot("UPDATE")) return LitUpdate();
   if (Mot("INSERT")) return LitInsert();
   if (EstMot("SELECT")) {
-    throw TalpenaError(EngineError::SelectNotExecutable, "Cannot execute a select query.");
+    throw TalpenaError(ErrorNumber::SelectNotExecutable, "Cannot execute a select query.");
   }
-  throw TalpenaError(EngineError::InvalidStatement,
+  throw TalpenaError(ErrorNumber::InvalidStatement,
                      "Invalid SQL statement; expected 'DELETE', 'INSERT', 'SELECT', or 'UPDATE'.");
 }
 

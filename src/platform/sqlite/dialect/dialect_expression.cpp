@@ -363,9 +363,11 @@ Expression DialectParser::Colonne(const std::string& qualifier, const std::strin
       const FieldDef& field = (*source.fields)[i];
       if (!MemeNom(field.name, name)) continue;
       if (result.column != nullptr && !source.numbered) {
-        throw TalpenaError(3079, "The specified field '" + name +
-                                     "' could refer to more than one table listed in the FROM "
-                                     "clause of your SQL statement.");
+        throw TalpenaError(ErrorNumber::AmbiguousField,
+                           "The specified field '" + name +
+                               "' could refer to more than one table listed in the FROM "
+                               "clause of your SQL statement.",
+                           {.about = {name}});
       }
       if (result.column != nullptr) continue;
       result.column = &field;
@@ -376,7 +378,8 @@ Expression DialectParser::Colonne(const std::string& qualifier, const std::strin
   if (result.column == nullptr) {
     SiIllisible();
     throw TalpenaError(ErrorNumber::TooFewParameters,
-                       "Too few parameters. Expected 1: there is no field '" + name + "'.");
+                       "Too few parameters. Expected 1: there is no field '" + name + "'.",
+                       {.about = {name}});
   }
   result.kind = GenreDe(result.column->type);
   return result;

@@ -137,8 +137,8 @@ Expression DialectParser::LitFonction(const std::string& typed) {
   if (found == std::end(scalarFunctions) &&
       std::find(others.begin(), others.end(), name) == others.end()) {
     SiIllisible();
-    throw TalpenaError(EngineError::UndefinedFunction,
-                       "Undefined function '" + typed + "' in expression.");
+    throw TalpenaError(ErrorNumber::UndefinedFunction,
+                       "Undefined function '" + typed + "' in expression.", {.about = {typed}});
   }
   std::vector<Expression> args = LitArguments();
   if (found != std::end(scalarFunctions)) {
@@ -178,7 +178,7 @@ Expression DialectParser::LitNz(const std::vector<Expression>& args) {
 
 Expression DialectParser::LitAgregat(std::string_view sqlName) {
   if (!aggregatesAllowed_) {
-    throw TalpenaError(EngineError::AggregateNotAllowed,
+    throw TalpenaError(ErrorNumber::AggregateNotAllowed,
                        "Cannot have aggregate function in " + clause_ + " clause.");
   }
   ExigeSymbole("(");

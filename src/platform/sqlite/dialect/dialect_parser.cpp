@@ -66,7 +66,7 @@ void DialectParser::ExigeFin() {
   const bool closed = Symbole(";");
   if (Ici().kind == Token::Kind::End) return;
   if (closed) {
-    throw TalpenaError(EngineError::TextAfterEnd, "Characters found after end of SQL statement.");
+    throw TalpenaError(ErrorNumber::TextAfterEnd, "Characters found after end of SQL statement.");
   }
   Syntaxe();
 }
@@ -76,7 +76,8 @@ void DialectParser::Syntaxe() const {
   std::string quoted(PremiersCaracteres(typed, LongestQuotation));
   if (quoted.size() < typed.size()) quoted += "...";
   throw TalpenaError(ErrorNumber::SyntaxError,
-                     "Syntax error (missing operator) in query expression '" + quoted + "'.");
+                     "Syntax error (missing operator) in query expression '" + quoted + "'.",
+                     {.about = {quoted}});
 }
 
 void DialectParser::SiIllisible() const {

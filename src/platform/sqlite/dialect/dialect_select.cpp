@@ -198,7 +198,7 @@ void DialectParser::LitListe(std::vector<Expression>& items, std::vector<FieldDe
   } while (Symbole(","));
   aggregatesAllowed_ = false;
   if (items.size() > 255) {
-    throw TalpenaError(EngineError::TooManyFields, "Too many fields defined.");
+    throw TalpenaError(ErrorNumber::TooManyFields, "Too many fields defined.");
   }
 }
 

@@ -32,8 +32,7 @@ Cell FunctionCall::Cellule(int i) const {
 }
 
 void FunctionCall::Rend(double value) {
-  if (std::isnan(value))
-    return Echoue({EngineError::InvalidProcedureCall, "Invalid procedure call"});
+  if (std::isnan(value)) return Echoue({ErrorNumber::InvalidCall, "Invalid procedure call"});
   if (std::isinf(value)) return Echoue(Debordement());
   sqlite3_result_double(context_, value);
 }
