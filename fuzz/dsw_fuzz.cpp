@@ -30,6 +30,7 @@ class OneFile final : public FileSystem {
   std::unique_ptr<OutputFile> Cree(const std::string&) override { return nullptr; }
   void Supprime(const std::string&) override {}
   void Renomme(const std::string&, const std::string&) override {}
+  void Double(const std::string&, const std::string&) override {}
   std::optional<FileStamp> Empreinte(const std::string&) override { return std::nullopt; }
 };
 

@@ -12,6 +12,7 @@
 #include "coord_commands/adjust_row.h"
 #include "coords/datum.h"
 #include "coords/original.h"
+#include "coords/tokens.h"
 
 using namespace talpena;
 
@@ -35,6 +36,17 @@ CoordState Etat() {
   c.DatumEur = 2;
   c.DatumsSpeciaux = {0, 2, 2, 3, 4, 5, 2};
   return state;
+}
+
+/// Read as it is made readable, a text names the same point.
+void VerifieLisible(CoordState& state, const std::string& original, std::int16_t datum,
+                    const RowPoint& read) {
+  std::string readable, code;
+  OriginalLisible(original, readable);
+  fuzz::Verifie(EstAscii(readable) && readable.size() <= CompteCaracteres(original));
+  double latitude = 0, longitude = 0;
+  DecodeOriginal(state, readable, datum, latitude, longitude, code);
+  fuzz::Verifie(latitude == read.latitude && longitude == read.longitude);
 }
 
 void VerifieLigne(CoordState& state, const RowPoint& read, int choice) {
@@ -66,6 +78,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string code;
   DecodeOriginal(state, original, datum, row.latitude, row.longitude, code);
   fuzz::Verifie(std::isfinite(row.latitude) && std::isfinite(row.longitude));
+  VerifieLisible(state, original, datum, row);
   if (row.latitude == EchecCoord) return 0;
   row.original = original;
   row.code = code;

@@ -19,6 +19,9 @@ int main(int argc, char** argv) {
     fs::remove(made);
     const auto engine = talpena::CreeMoteurSqlite();
     talpena::EcritBaseDatums(*engine, talpena::LitSourceCatalogue(argv[1], argv[2]), made.string());
+    using fs::perms;  // the engine makes files for the user alone; this one is for all
+    fs::permissions(
+        made, perms::owner_read | perms::owner_write | perms::group_read | perms::others_read);
     fs::rename(made, target);
     fs::remove(made += "-journal");  // of a database that nobody will open by that name
   } catch (const std::exception& e) {

@@ -30,4 +30,8 @@ inline constexpr std::array<std::string_view, 5> ExemplesDeSelection = {
     "PERIOD = 2 AND N1 > 10", "SEX LIKE 'F'", "DATE LIKE '1998*'",
     "COMMENT LIKE '*garden*' OR ORIGINAL IS NULL", "LATITUDE BETWEEN 50 AND 51.5"};
 
+/// The word at the end of what stands before the cursor, which may be the beginning of a column's
+/// name; "" where there is none: behind a blank, in a number, between quotes.
+std::string MotACompleter(std::string_view avant);
+
 }  // namespace talpena

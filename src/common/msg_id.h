@@ -236,8 +236,13 @@ inline constexpr int Ouverture = 721;    // "Opening..."
 inline constexpr int Suppression = 722;  // "Supressing row(s)..."
 inline constexpr int Patientez = 740;    // "Please wait..."
 inline constexpr int AjouteTant = 741;   // "Add %1 empty lines?"
-inline constexpr int SansPlace = 742;    // "%1 lines do not fit here; there is room for %2 at most."
-inline constexpr int Ajout = 743;        // "Adding lines..."
+inline constexpr int SansPlace = 742;  // "%1 lines do not fit here; there is room for %2 at most."
+inline constexpr int Ajout = 743;      // "Adding lines..."
+inline constexpr int LectureAbandonnee = 744;  // "Reading was ended: the table holds the first ..."
+inline constexpr int Megaoctets = 745;         // "%1 MB"
+inline constexpr int LignesEnUne = 746;        // "The lines of this file end in LF alone, so ..."
+inline constexpr int OuvreAvecLf = 747;        // "Open it with LF as line end"
+inline constexpr int FusionAbandonnee = 748;   // "Reading was ended: the first %1 rows of the ..."
 
 // Main window.
 inline constexpr int Distribution = 120;  // "Distribution"
@@ -275,9 +280,24 @@ inline constexpr int GeoAnnuler = 795;         // "&Escape"
 inline constexpr int GeoSauver = 796;          // "&Save"
 inline constexpr int GeoOuvrir = 797;          // "&Open"
 
+// List of datums.
+inline constexpr int DatumCode = 965;   // "Code"
+inline constexpr int DatumNom = 966;    // "Name"
+inline constexpr int DatumUsage = 967;  // "Usage"
+
+// Folders for grid files.
+inline constexpr int DossierGrille = 969;   // "Folder for IFBL.PRN, the lines of the IFBL grid"
+inline constexpr int DossierMailles = 977;  // "Folder for ifbl.prn, the IFBL grid lines of 4 ..."
+inline constexpr int DossierCarres = 978;   // "Folder for the IFBL squares (ifbl01x01, ..."
+
 // Datum database.
 inline constexpr int DatumMdbAbsent = 800;  // "The file DATUM.MDB cannot be found!"
 inline constexpr int OuEstDatumMdb = 801;   // "Where is DATUM.MDB?"
+
+// Working folder.
+inline constexpr int DossierRefuse = 820;    // "The working folder cannot be used ..."
+inline constexpr int DossierRemplace = 821;  // "The rows of this run are kept in %2, because ..."
+inline constexpr int SansDossier = 822;      // "Talpena cannot start: no folder takes ..."
 
 // Saving, opening, status.
 inline constexpr int FichierChange = 901;    // "The file has been changed by another program ..."
@@ -300,6 +320,17 @@ inline constexpr int TexteTropLong = 915;  // "This column takes at most %1 char
 inline constexpr int TexteVide = 916;      // "This column cannot be empty text."
 inline constexpr int FormeDate = 929;      // "The date is written year/month/day, for example ..."
 
+// Rows that a command over coordinates leaves as they are.
+inline constexpr int LignesSansPlace = 440;  // "Rows whose coordinates name no place: %1. ..."
+inline constexpr int LigneFautive = 441;     // "Row %1: %2 (%3)"
+inline constexpr int LigneNonMontree = 442;  // "Row not shown: %2 (%3)"
+inline constexpr int FauteLatitude = 443;    // "the latitude %1° lies beyond 90°"
+inline constexpr int FauteLongitude = 444;   // "the longitude %1° lies beyond 180°"
+inline constexpr int FauteMinutes = 445;     // "minutes or seconds of 60 and more"
+inline constexpr int FauteCarre = 446;       // "no square has these letters and digits"
+inline constexpr int FauteNombres = 447;    // "these numbers lie outside of what the system covers"
+inline constexpr int FauteSansPlace = 448;  // "there is no such place on the datum or grid ..."
+
 // Buttons of message boxes.
 inline constexpr int BoutonOui = 917;  // "Yes"
 inline constexpr int BoutonNon = 918;  // "No"
@@ -307,6 +338,16 @@ inline constexpr int BoutonOk = 919;   // "OK"
 
 inline constexpr int FichierPartiel = 930;      // "Only part of this file could be read. ..."
 inline constexpr int AncienFichierReste = 920;  // "The former file stands unchanged."
+
+// Files that are changed, protected or gone.
+inline constexpr int FichierGarde = 860;        // "A copy of the file as it is now will stay ..."
+inline constexpr int FichierProtege = 861;      // "The file is write-protected. Replace it ..."
+inline constexpr int AutoSaveAttend = 862;      // "The automatic save waits: Save has a ..."
+inline constexpr int AncienFichierGarde = 863;  // "The former file is now %1"
+inline constexpr int BakReste = 864;      // "Beside it stands its state before the last save ..."
+inline constexpr int NouveauReste = 865;  // "Beside it stands what was last saved of it, ..."
+inline constexpr int EcritReste = 866;    // "Beside it stands what could be written of it ..."
+inline constexpr int RetireRecent = 867;  // "Remove it from the list of recent files?"
 
 // Accessible names, tool tips.
 inline constexpr int TableDonnees = 921;   // "Table of records"

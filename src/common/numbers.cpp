@@ -150,6 +150,15 @@ std::string Str(std::int64_t value) {
   return {buffer, std::to_chars(buffer, buffer + sizeof buffer, value).ptr};
 }
 
+std::string StrSimple(float value) {
+  constexpr int decimals = 6;  // behind the first digit
+  char buffer[24];
+  const auto end = std::to_chars(buffer, buffer + sizeof buffer, static_cast<double>(value),
+                                 std::chars_format::scientific, decimals)
+                       .ptr;
+  return Str(Val({buffer, end}));
+}
+
 double Int(double value) { return std::floor(value); }
 double Fix(double value) { return std::trunc(value); }
 

@@ -22,6 +22,8 @@ bool EstNumerique(std::string_view text);
 std::string Str(double value);
 std::string Str(float value);
 std::string Str(std::int64_t value);
+/// The same for a 32-bit float with the digits that it is sure of: seven at most.
+std::string StrSimple(float value);
 
 /// A number through a mask: up to three sections for positive (and zero), negative, zero,
 /// separated by ";". "0" is a place always written, "#" one written when needed, "." the point,

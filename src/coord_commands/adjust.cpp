@@ -5,10 +5,13 @@
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coord_commands/adjust_row.h"
+#include "coord_commands/row_faults.h"
 #include "coord_commands/row_walk.h"
 #include "coords/datum.h"
+#include "coords/globe.h"
 #include "coords/original.h"
 #include "coords/snap.h"
+#include "coords/tokens.h"
 #include "platform/commands.h"
 #include "store/edition.h"
 #include "store/filter.h"
@@ -17,12 +20,12 @@
 namespace talpena {
 namespace {
 
-using Ajuste = std::function<bool(RowPoint&)>;
+using AjustePoint = std::function<bool(RowPoint&)>;
 
 /// Reads a row, adjusts its point, hands it back as it is stored.
 class AjusteLignes final : public RowChange {
  public:
-  AjusteLignes(CommandContext c, Ajuste adjust)
+  AjusteLignes(CommandContext c, AjustePoint adjust)
       : state_(c.state), adjust_(std::move(adjust)), datums_(c.state.Catalogue) {}
 
   static RowPass Passe() {
@@ -30,43 +33,52 @@ class AjusteLignes final : public RowChange {
             {Column::LATITUDE, Column::LONGITUDE}};
   }
 
-  bool Modifie(Bookmark, std::span<const Cell> given, std::span<Cell> changed) override {
+  bool Modifie(Bookmark row, std::span<const Cell> given, std::span<Cell> changed) override {
     if (given[1].EstNull()) return false;
     row_.datum = datums_.Indice(given[0].text);
-    if (row_.datum == 0) return false;
-    LitOriginal(given[1].text);
-    DecodeOriginal(state_, original_, row_.datum, row_.latitude, row_.longitude, code_);
-    if (row_.latitude == EchecCoord || row_.longitude == EchecCoord) return false;
-    row_.original = original_;
-    row_.code = code_;
-    if (!adjust_(row_)) return false;
+    if (row_.datum == 0 || !LitPoint(row, given[1].text) || !PlacePoint(row)) return false;
     changed[0] = Cell::Of(CinqDecimales(row_.latitude));
     changed[1] = Cell::Of(CinqDecimales(row_.longitude));
     return !DejaLa(given[2], changed[0]) || !DejaLa(given[3], changed[1]);
   }
 
-  const std::string& DernierOriginal() const { return original_; }
+  const LignesFautives& Fautives() const { return faults_; }
   const std::vector<std::string>& DatumsInconnus() const { return datums_.Inconnus(); }
 
  private:
-  // ASCII, as nearly all are, without a detour.
-  void LitOriginal(std::string_view stored) {
-    original_ = Rogne(stored);
-    bool ascii = true;
-    for (char& letter : original_) {
-      ascii = ascii && static_cast<unsigned char>(letter) < 0x80;
-      if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
-    }
-    if (!ascii) original_ = Majuscules(original_);
+  /// The point of ORIGINAL, where it names one.
+  bool LitPoint(Bookmark row, std::string_view stored) {
+    OriginalLisible(stored, original_);
+    const Lecture read =
+        DecodeOriginal(state_, original_, row_.datum, row_.latitude, row_.longitude, code_);
+    if (read == Lecture::Aucun) return false;
+    row_.original = original_;
+    row_.code = code_;
+    const bool there = read == Lecture::Point && RameneSurGlobe(row_.latitude, row_.longitude);
+    if (!there) faults_.Note(row, FauteDeLecture(row_));
+    return there;
   }
+
+  bool PlacePoint(Bookmark row) {
+    try {
+      if (!adjust_(row_)) return false;
+      if (RameneSurGlobe(row_.latitude, row_.longitude)) return true;
+    } catch (const TalpenaError& error) {
+      if (!EstFauteDeCalcul(error)) throw;
+    }
+    faults_.Note(row, {FauteDeLigne::Cause::SansPlace});
+    return false;
+  }
+
   static bool DejaLa(const Cell& stored, const Cell& value) {
     return stored.kind == Cell::Kind::Real &&
            static_cast<float>(stored.real) == static_cast<float>(value.real);
   }
 
   CoordState& state_;
-  Ajuste adjust_;
+  AjustePoint adjust_;
   DatumsDesLignes datums_;
+  LignesFautives faults_;
   RowPoint row_;
   std::string original_;
   std::string code_;
@@ -80,19 +92,41 @@ std::string Jointes(const std::vector<std::string>& codes) {
 
 std::int16_t DatumDuFichier(CommandContext c) { return c.document().Entete().DatumFichier; }
 
-void AjusteTout(CommandContext c, const std::string& name, Ajuste adjust) {
+/// What is left to say once the grid shows its rows again.
+void DitReste(CommandContext c, const AjusteLignes& rows) {
+  rows.Fautives().Dit(c);
+  const std::string unknown = Jointes(rows.DatumsInconnus());
+  if (!unknown.empty()) DitDatumAbsent(c.state, c.io, unknown);
+}
+
+/// Runs `walk` with the rows to adjust; false when it failed, which was shown.
+template <typename Walk>
+bool Ajuste(CommandContext c, AjustePoint adjust, Walk walk) {
+  AjusteLignes rows(c, std::move(adjust));
+  try {
+    walk(rows);
+  } catch (const TalpenaError& error) {
+    Bip(c.state, c.io);
+    AfficheErreur(c.io, error.number(), error.description());
+    return false;
+  }
+  DitReste(c, rows);
+  return true;
+}
+
+void AjusteTout(CommandContext c, const std::string& name, AjustePoint adjust) {
   if (DatumDuFichier(c) == 0) {
     return DitDatumAbsent(c.state, c.io, c.document().Entete().DatumFichierCode);
   }
-  AjusteLignes rows(c, std::move(adjust));
-  try {
-    ParcourtLignes(c, name, AjusteLignes::Passe(), rows);
-  } catch (const TalpenaError& error) {
-    Bip(c.state, c.io);
-    AfficheErreur(c.io, error.number(), error.description(), rows.DernierOriginal());
-  }
-  const std::string unknown = Jointes(rows.DatumsInconnus());
-  if (!unknown.empty()) DitDatumAbsent(c.state, c.io, unknown);
+  Ajuste(c, std::move(adjust),
+         [&](AjusteLignes& rows) { ParcourtLignes(c, name, AjusteLignes::Passe(), rows); });
+}
+
+/// To the datum of the file alone.
+AjustePoint Recalcule(CommandContext c) {
+  return [c](RowPoint& row) {
+    return AjusteEnDegres(c.state, row, DatumDuFichier(c), SansMaille, SansMaille);
+  };
 }
 
 }  // namespace
@@ -127,22 +161,32 @@ void mnuAjustIFBL_Click(CommandContext c, int index) {
              [&](RowPoint& row) { return AjusteSurIfbl(c.state, row, DatumDuFichier(c), level); });
 }
 
-void RecalculeSurDatum(CommandContext c) {
-  if (DatumDuFichier(c) == 0) return;
-  const TableEntiere table(c.document());
-  AjusteDegres(c, SansMaille, SansMaille);
+bool RecalculeSurDatum(CommandContext c, const std::string& name,
+                       const std::function<void(Edition&)>& entete) {
+  return Ajuste(c, Recalcule(c), [&](AjusteLignes& rows) {
+    const TableEntiere table(c.document());
+    Edition edition(c.document(), name, Edition::Etendue::Entiere);
+    if (entete) entete(edition);
+    if (DatumDuFichier(c) == 0) return edition.Valide();
+    ParcourtLignes(c, edition, AjusteLignes::Passe(), rows);
+  });
 }
 
 void ChangeDatumFichier(CommandContext c, const std::string& code) {
   const std::int16_t index = ChercheDatum(c.state.Catalogue, code);
   if (index == 0) return DitDatumAbsent(c.state, c.io, Rogne(code));
-  {
-    Edition edition(c.document(), "Datum of the file");
+  const std::string name = "Datum of the file";
+  const auto prend = [&](Edition& edition) {
     edition.Entete().DatumFichierCode = Rogne(code);
     edition.Entete().DatumFichier = index;
-    edition.Valide();
+  };
+  if (c.document().Montre().grille) {
+    RecalculeSurDatum(c, name, prend);
+    return;
   }
-  if (c.document().Montre().grille) RecalculeSurDatum(c);
+  Edition edition(c.document(), name);
+  prend(edition);
+  edition.Valide();
 }
 
 }  // namespace talpena

@@ -3,10 +3,15 @@
 // whose datum the catalogue lacks keep their coordinates; the unknown codes are told once, in one
 // box, at the end (message 808).
 //
-// A fault of the arithmetic ends a command: the rows before it are changed, and the box names the
-// row that it arose in. Failures are shown, not thrown.
+// A fault of the arithmetic in one row, and a result that lies nowhere on the globe, leaves that
+// row as it is: those rows are chosen in the grid and told at the end, in one box. Any other
+// failure takes the whole command back and is shown, not thrown.
 #pragma once
+#include <functional>
+#include <string>
+
 #include "store/command_context.h"
+#include "store/edition.h"
 
 namespace talpena {
 
@@ -34,9 +39,11 @@ void mnuAjustGrid_Click(CommandContext c, AdjustDialogs& dialogues, int index);
 /// `mnuAjustIFBL`: squares of 32 x 20 km (0), 4 x 4 km (1), 1 x 1 km (2).
 void mnuAjustIFBL_Click(CommandContext c, int index);
 
-/// Computes every row of the table anew on the datum of the file, those that a filter hides
-/// included: no row is left on the datum before. Panel 3 shows the datum.
-void RecalculeSurDatum(CommandContext c);
+/// Changes the header as asked and computes every row of the table anew on the datum that the file
+/// has then, those that a filter hides included: no row is left on the datum before. Both or, when
+/// it fails, neither; false then.
+bool RecalculeSurDatum(CommandContext c, const std::string& name,
+                       const std::function<void(Edition&)>& entete = {});
 
 /// Makes another datum that of the file: its code, its index, panel 3, and, when the grid is
 /// showing, the coordinates of all rows. The file counts as modified. A code that the catalogue

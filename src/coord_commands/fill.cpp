@@ -8,7 +8,9 @@
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
+#include "common/talpena_error.h"
 #include "common/text.h"
+#include "coord_commands/row_faults.h"
 #include "coord_commands/row_walk.h"
 #include "coords/datum.h"
 #include "coords/dms_text.h"
@@ -34,10 +36,9 @@ class RemplitLignes final : public RowChange {
     return {{Column::LATITUDE, Column::LONGITUDE, Column::COMMENT}, {Column::COMMENT}};
   }
 
-  bool Modifie(Bookmark, std::span<const Cell> given, std::span<Cell> changed) override {
+  bool Modifie(Bookmark row, std::span<const Cell> given, std::span<Cell> changed) override {
     if (given[0].EstNull() || given[1].EstNull()) return false;
-    const std::string text = text_(given[0].real, given[1].real);
-    const std::string_view added = Rogne(text);
+    const std::string added = TexteDe(row, given[0].real, given[1].real);
     if (added.empty()) return false;
     comment_ = given[2].text;  // "" for Null
     if (!comment_.empty()) comment_ += joiner_;
@@ -46,9 +47,23 @@ class RemplitLignes final : public RowChange {
     return true;
   }
 
+  const LignesFautives& Fautives() const { return faults_; }
+
  private:
+  /// "" where the arithmetic has no result.
+  std::string TexteDe(Bookmark row, double latitude, double longitude) {
+    try {
+      return text_(latitude, longitude);
+    } catch (const TalpenaError& error) {
+      if (!EstFauteDeCalcul(error)) throw;
+    }
+    faults_.Note(row, FauteDuPoint(latitude, longitude).value_or(FauteDeLigne{}));
+    return {};
+  }
+
   std::string joiner_;
   TexteDuPoint text_;
+  LignesFautives faults_;
   std::string comment_;
 };
 
@@ -58,6 +73,7 @@ void Remplit(CommandContext c, const std::string& name, std::string joiner, Text
   RowPass pass = RemplitLignes::Passe();
   if (!chosen.empty()) pass.only = &chosen;
   ParcourtLignes(c, name, pass, rows);
+  rows.Fautives().Dit(c);
 }
 
 bool ConfirmeMgrs(CommandContext c) {
@@ -68,11 +84,10 @@ bool ConfirmeMgrs(CommandContext c) {
                                  .buttons = Buttons::OkCancel}) == Answer::Ok;
 }
 
-/// Grades in single precision: Str then gives the few digits that they are known by.
 std::string TexteGrades(double latitude, double longitude) {
   double g = 0, h = 0;
   LatLonVersGradesParis(latitude, longitude, g, h);
-  return Str(EnSimple(g)) + "," + Str(EnSimple(h));
+  return StrSimple(EnSimple(g)) + "," + StrSimple(EnSimple(h));
 }
 
 /// The point on the datum of a system.
@@ -89,6 +104,14 @@ std::string TexteLambert(CoordState& state, CoordSystem system, std::int16_t dat
   double x = 0, y = 0;
   MetresDuPoint(state, system, phi, lambda, x, y);
   return Str(Fix(x)) + "," + Str(Fix(y));
+}
+
+/// What MnuRemplirCoo writes. An MGRS reference has its fifteen characters, the blank before a zone
+/// below 10 among them, without which it could not be read again; so has a text of failure.
+std::string TexteCoo(StoreState& state, int index, double latitude, double longitude) {
+  if (index == 0) return MgrsDuPoint(state.Catalogue, latitude, longitude);
+  const Grille grid = index == 1 ? Grille::British : Grille::Irish;
+  return std::string(Rogne(TexteGrille(grid, latitude, longitude)));
 }
 
 /// What MnuRemplirXY writes.
@@ -122,9 +145,7 @@ void MnuRemplirCoo_Click(CommandContext c, int index) {
     if (index == 0 && !ConfirmeMgrs(c)) return;
     ChoisitEllipsoide(c.state.Catalogue, c.document().Entete().DatumFichier);
     Remplit(c, "Fill coordinates", " ", [&](double latitude, double longitude) {
-      if (index == 0) return MgrsDuPoint(c.state.Catalogue, latitude, longitude);
-      const Grille grid = index == 1 ? Grille::British : Grille::Irish;
-      return TexteGrille(grid, latitude, longitude);
+      return TexteCoo(c.state, index, latitude, longitude);
     });
   });
 }
@@ -132,7 +153,8 @@ void MnuRemplirCoo_Click(CommandContext c, int index) {
 void MnuRemplirXY_Click(CommandContext c, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {
     Remplit(c, "Fill coordinates", ",", [&](double latitude, double longitude) {
-      return TexteXY(c.state, index, c.document().Entete().DatumFichier, latitude, longitude);
+      return std::string(
+          Rogne(TexteXY(c.state, index, c.document().Entete().DatumFichier, latitude, longitude)));
     });
   });
 }

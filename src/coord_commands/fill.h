@@ -1,6 +1,8 @@
 // The fill commands: text made from a row's point, or typed, goes behind what COMMENT holds. They
 // work on the rows chosen in the grid, or on all. Rows without coordinates stay, and so do those
-// that the new text would be empty for. Failures are shown, not thrown.
+// that the new text would be empty for. Rows whose point has no such text, because the arithmetic
+// ends without a result, stay too; they are chosen in the grid and told at the end, in one box. Any
+// other failure takes the whole command back and is shown, not thrown.
 #pragma once
 #include "store/command_context.h"
 

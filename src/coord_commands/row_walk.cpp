@@ -4,7 +4,6 @@
 #include "coords/datum.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
-#include "store/edition.h"
 
 namespace talpena {
 namespace {
@@ -25,10 +24,8 @@ class ShownWalk final : public RowChange {
 
 }  // namespace
 
-void ParcourtLignes(CommandContext c, const std::string& name, const RowPass& pass,
-                    RowChange& change) {
-  if (!c.document().Data1.EstLie()) return;
-  Edition edition(c.document(), name);
+void ParcourtLignes(CommandContext c, Edition& edition, const RowPass& pass, RowChange& change) {
+  if (!c.document().Data1.EstLie()) return edition.Valide();
   {
     Busy busy(c.attente);
     busy.GrilleGelee().Barre();
@@ -37,6 +34,12 @@ void ParcourtLignes(CommandContext c, const std::string& name, const RowPass& pa
   }
   edition.Valide();
   Bip(c.state, c.io);
+}
+
+void ParcourtLignes(CommandContext c, const std::string& name, const RowPass& pass,
+                    RowChange& change) {
+  Edition edition(c.document(), name, Edition::Etendue::Entiere);
+  ParcourtLignes(c, edition, pass, change);
 }
 
 std::int16_t DatumsDesLignes::Indice(std::string_view stored) {

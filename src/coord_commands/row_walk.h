@@ -7,14 +7,18 @@
 
 #include "platform/table_engine.h"
 #include "store/command_context.h"
+#include "store/edition.h"
 
 namespace talpena {
 
 /// Runs a change over the rows that the grid shows, or over those of the pass, under the hourglass
-/// and with the grid not drawn; its own Avance is not called. Then the bar is reset, the grid shows
-/// the new values, FichierModifie is set if a row was changed, and a beep sounds unless Silence is
-/// on. A failure is thrown on after the same steps but the beep: rows changed before it stay.
-/// @param name  of the command, for the edition
+/// and with the grid not drawn; its own Avance is not called. Then the bar is reset, the edition
+/// ends, by which the grid shows the new values and FichierModifie is set if a row was changed, and
+/// a beep sounds unless Silence is on. A failure is thrown on after the bar was reset.
+void ParcourtLignes(CommandContext c, Edition& edition, const RowPass& pass, RowChange& change);
+
+/// The same in an edition of its own, all or nothing: behind a failure all rows are as before.
+/// @param name  of the command
 void ParcourtLignes(CommandContext c, const std::string& name, const RowPass& pass,
                     RowChange& change);
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/msg_id.h"
 #include "coords/state.h"
 #include "platform/platform.h"
 
@@ -93,18 +94,19 @@ std::string GpsDatumVersCode(std::string_view name);
 /// A column of the datum list: key, heading, width at first.
 struct DatumListColumn {
   std::string_view key;
-  std::string_view heading;
+  int heading;              ///< id of the string table; 0 for a symbol
+  std::string_view symbol;  ///< the same in every language
   int widthTwips;
 };
 
 inline constexpr std::array<DatumListColumn, 7> ColonnesDatums{{
-    {"CODE", "Code", 780},
-    {"NOM", "Name", 2800},
-    {"USAGE", "Usage", 3000},
-    {"ELLI", "Ellipsoid", 1840},
-    {"DX", "dx", 500},
-    {"DY", "dy", 500},
-    {"DZ", "dz", 500},
+    {"CODE", MsgId::DatumCode, "", 780},
+    {"NOM", MsgId::DatumNom, "", 2800},
+    {"USAGE", MsgId::DatumUsage, "", 3000},
+    {"ELLI", MsgId::Ellipsoide, "", 1840},
+    {"DX", 0, "dx", 500},
+    {"DY", 0, "dy", 500},
+    {"DZ", 0, "dz", 500},
 }};
 
 /// A row of the datum list: code (trimmed), name, area of use, ellipsoid name, dx, dy, dz by Str.

@@ -5,7 +5,9 @@
 #include <string>
 #include <vector>
 
+#include "common/msg_id.h"
 #include "common/paths.h"
+#include "common/string_table.h"
 #include "coords/datum.h"
 #include "coords/mif_files.h"
 #include "coords/special_datums.h"
@@ -36,8 +38,9 @@ std::optional<IfblDatums> TrouveDatums(const CoordState& state, Platform& io) {
 }
 
 /// The folder to write to, with a separator behind it; Cancel is thrown.
-std::string ChoisitSortie(Platform& io, const std::string& title) {
-  return AvecSeparateur(io.dialogues.ChoisitDossier(title, ""));
+/// @param question  id of the text that says what is written there
+std::string ChoisitSortie(const CoordState& state, Platform& io, int question) {
+  return AvecSeparateur(io.dialogues.ChoisitDossier(Texte(state.Langue, question), ""));
 }
 
 }  // namespace
@@ -45,7 +48,7 @@ std::string ChoisitSortie(Platform& io, const std::string& title) {
 void mnuGrid_Click(CoordState& state, Platform& io) {
   const auto datums = TrouveDatums(state, io);
   if (!datums) return;
-  const auto file = io.files.Cree(ChoisitSortie(io, "IFBL.PRN") + "IFBL.PRN");
+  const auto file = io.files.Cree(ChoisitSortie(state, io, MsgId::DossierGrille) + "IFBL.PRN");
   EcritPrnGrille(*file, *datums);
   file->Remplace();
   Annonce(state, io, "Terminé");
@@ -54,14 +57,14 @@ void mnuGrid_Click(CoordState& state, Platform& io) {
 void CreationIFBLGrid(CoordState& state, Platform& io) {
   const auto datums = TrouveDatums(state, io);
   if (!datums) return;
-  const auto file = io.files.Cree(ChoisitSortie(io, "ifbl.prn") + "ifbl.prn");
+  const auto file = io.files.Cree(ChoisitSortie(state, io, MsgId::DossierMailles) + "ifbl.prn");
   EcritPrnMailles(*file, *datums);
   file->Remplace();
   Annonce(state, io, "traitement terminé");
 }
 
 void CreationIFBLGridPolygon(CoordState& state, Platform& io) {
-  const std::string folder = ChoisitSortie(io, "IFBL .mif .mid");
+  const std::string folder = ChoisitSortie(state, io, MsgId::DossierCarres);
   std::vector<std::unique_ptr<OutputFile>> files;
   const auto open = [&](const IfblPolygons& p, const char* extension) -> OutputFile& {
     files.push_back(io.files.Cree(folder + std::string(p.name) + extension));

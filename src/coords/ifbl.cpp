@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "common/text.h"
+#include "coords/tokens.h"
 
 namespace talpena {
 namespace {
@@ -17,25 +17,19 @@ constexpr int Paires[4][4] = {
     {11, 12, 21, 22},
 };
 
-/// Stands for a character beyond ASCII: sorts behind every letter and is no digit.
-constexpr char Autre = '\x7f';
-
 /// The characters that count, upper case, one element each.
 struct Code {
   std::array<char, 6> characters{};
   std::size_t count = 0;  ///< may exceed 6
 };
 
-Code Nettoie(std::string_view text) {
+Code Nettoie(std::string_view typed) {
+  std::string text;
+  OriginalLisible(typed, text);
   Code code;
   for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool continuation = (byte & 0xC0) == 0x80;
-    if (c == ' ' || continuation) continue;
-    const bool lower = c >= 'a' && c <= 'z';
-    if (code.count < code.characters.size()) {
-      code.characters[code.count] = byte >= 0x80 ? Autre : static_cast<char>(lower ? c - 32 : c);
-    }
+    if (c == ' ') continue;
+    if (code.count < code.characters.size()) code.characters[code.count] = c;
     ++code.count;
   }
   return code;
@@ -121,7 +115,9 @@ void LambertVersIfbl(double x, double y, std::string& code, std::int16_t& error,
 }
 
 bool NommeCarreIfbl(std::string_view code) {
-  const std::string wanted = Majuscules(Remplace(code, " ", ""));
+  std::string wanted;
+  OriginalLisible(code, wanted);
+  std::erase(wanted, ' ');
   double x = 0, y = 0;
   std::int16_t error = 0;
   IfblVersLambert(wanted, x, y, error);

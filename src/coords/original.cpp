@@ -160,7 +160,9 @@ Place LitIfbl(CoordState&, CoordSystem, std::string_view text) {
 
 std::string EchecMgrs(CoordState& state, std::string_view original, std::int16_t datum) {
   ChoisitEllipsoide(state.Catalogue, datum);
-  std::string mgrs = ReferenceComplete(original);
+  std::string text;
+  OriginalLisible(original, text);
+  std::string mgrs = ReferenceComplete(text);
   if (mgrs.empty()) return {};
   LitReference(state, mgrs);
   return EstEchecMgrs(mgrs) ? mgrs : std::string();
@@ -175,22 +177,44 @@ std::string MgrsDuPoint(const DatumCatalogue& c, double latitude, double longitu
   return mgrs;
 }
 
-void DecodeOriginal(CoordState& state, std::string_view original, std::int16_t datum,
-                    double& latitude, double& longitude, std::string& code) {
-  ChoisitEllipsoide(state.Catalogue, datum);
-  code = original.substr(0, 3);
-  if (!EstAscii(code)) code = PremiersCaracteres(original, 3);
-  Place place;
-  if (const auto system = SystemeDe(code)) {
-    try {
-      place = InfoDe(*system).lit(state, *system, original);
-    } catch (const TalpenaError&) {  // arithmetic without a result: no place
-      place = {};
-    }
+namespace {
+
+/// The point of a text in single bytes, and how it was read.
+Lecture LitTexte(CoordState& state, CoordSystem system, std::string_view text, Place& place) {
+  try {
+    place = InfoDe(system).lit(state, system, text);
+  } catch (const TalpenaError&) {  // arithmetic without a result: no place
+    return Lecture::Faute;
   }
-  if (!std::isfinite(place.latitude) || !std::isfinite(place.longitude)) place = {};
+  if (!std::isfinite(place.latitude) || !std::isfinite(place.longitude)) return Lecture::Faute;
+  const bool none = place.latitude == EchecCoord || place.longitude == EchecCoord;
+  return none ? Lecture::Aucun : Lecture::Point;
+}
+
+}  // namespace
+
+Lecture DecodeOriginal(CoordState& state, std::string_view original, std::int16_t datum,
+                       double& latitude, double& longitude, std::string& code) {
+  ChoisitEllipsoide(state.Catalogue, datum);
+  std::string readable;
+  std::string_view text = original;
+  if (!EstAscii(original)) {
+    OriginalLisible(original, readable);
+    text = readable;
+  }
+  code = text.substr(0, 3);
+  latitude = longitude = EchecCoord;
+  const auto system = SystemeDe(code);
+  if (!system) {
+    code = PremiersCaracteres(original, 3);
+    return Lecture::Aucun;
+  }
+  Place place;
+  const Lecture read = LitTexte(state, *system, text, place);
+  if (read == Lecture::Faute) return read;
   latitude = place.latitude;
   longitude = place.longitude;
+  return read;
 }
 
 }  // namespace talpena

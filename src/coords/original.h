@@ -10,16 +10,24 @@
 
 namespace talpena {
 
+/// How the reading of an ORIGINAL ended.
+enum class Lecture : std::uint8_t {
+  Point,  ///< with numbers, whatever they are
+  Aucun,  ///< the text is none of a notation, or one that names no place: EchecCoord
+  Faute   ///< the arithmetic had no result for its numbers: EchecCoord
+};
+
 /// Latitude and longitude that an ORIGINAL names, decimal degrees on the datum given: the caller
 /// moves them to another with ConvertitDatum. Sets the current ellipsoid. Any text ends with
 /// finite numbers or with EchecCoord in both, never with a failure raised. In DEG, DMS and GRP a
 /// text without the two tokens counts as zeros; a refused MGRS reference is 0, 0.
 ///
-/// @param original   trimmed and in upper case; see docs/coordinates.md for the notations
+/// @param original   trimmed and in upper case, as OriginalLisible gives it or with characters
+///                   beyond ASCII; see docs/coordinates.md for the notations
 /// @param datum      index in the catalogue; outside it: SubscriptOutOfRange (9)
 /// @param code       takes the first three characters
-void DecodeOriginal(CoordState& state, std::string_view original, std::int16_t datum,
-                    double& latitude, double& longitude, std::string& code);
+Lecture DecodeOriginal(CoordState& state, std::string_view original, std::int16_t datum,
+                       double& latitude, double& longitude, std::string& code);
 
 /// Why an ORIGINAL in MGRS is refused: one of the texts of MgrsFailure, or "" when it has another
 /// length than a reference or is accepted. Sets the current ellipsoid. Failures as above.

@@ -54,7 +54,42 @@ void LitMinutes(std::string_view rest, Dms& dms) {
   dms.seconds = EnSimple(Chiffres(seconds) / DixPuissance(decimals));
 }
 
+constexpr std::array<std::string_view, 3> noBreakBlanks{"\u00A0", "\u2007", "\u202F"};
+
+bool EstBlancInsecable(std::string_view character) {
+  return std::find(noBreakBlanks.begin(), noBreakBlanks.end(), character) != noBreakBlanks.end();
+}
+
+/// In upper case; false, and the text begun, at the first character beyond ASCII.
+bool CopieAscii(std::string_view stored, std::string& text) {
+  text.clear();
+  for (const char c : stored) {
+    if (static_cast<unsigned char>(c) >= 0x80) return false;
+    text += c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+  }
+  return true;
+}
+
 }  // namespace
+
+std::string AvecBlancsSimples(std::string_view text) {
+  std::string simple(text);
+  if (EstAscii(text)) return simple;
+  for (const std::string_view blank : noBreakBlanks) simple = Remplace(simple, blank, " ");
+  return simple;
+}
+
+void OriginalLisible(std::string_view stored, std::string& text) {
+  if (CopieAscii(Rogne(stored), text)) return;
+  std::string simple;
+  while (!stored.empty()) {
+    const std::string_view character = PremiersCaracteres(stored, 1);
+    const char beyond = EstBlancInsecable(character) ? ' ' : Illisible;
+    simple += character.size() == 1 && EstAscii(character) ? character[0] : beyond;
+    stored.remove_prefix(character.size());
+  }
+  CopieAscii(Rogne(simple), text);
+}
 
 void DecoupeDeux(std::string_view text, std::string_view& first, std::string_view& second) {
   std::array<std::string_view, 3> pieces;
@@ -76,7 +111,10 @@ void RemplaceCar(std::string& text, char search, char replacement) {
   std::replace(text.begin(), text.end(), search, replacement);
 }
 
-double NombreDe(std::string_view token) { return ValChamp(token, Comma::IsPoint); }
+double NombreDe(std::string_view token) {
+  return EstAscii(token) ? ValChamp(token, Comma::IsPoint)
+                         : ValChamp(AvecBlancsSimples(token), Comma::IsPoint);
+}
 
 void DecoupeDms(std::string_view given, Dms& dms) {
   const std::string_view text = Rogne(given);

@@ -5,6 +5,17 @@
 
 namespace talpena {
 
+/// What a character beyond ASCII is read as: one character without a meaning, behind every letter.
+inline constexpr char Illisible = '\x7f';
+
+/// No-break blanks, of any width (U+00A0, U+2007, U+202F), as ordinary ones.
+std::string AvecBlancsSimples(std::string_view text);
+
+/// A stored ORIGINAL as it is read: without blanks on both sides, in upper case, one byte for each
+/// character: a blank for a no-break blank, Illisible for any other beyond ASCII.
+/// @param text  takes it; its memory is used again
+void OriginalLisible(std::string_view stored, std::string& text);
+
 /// Tokens 1 and 2, or 1 to 3, the code being token 0. They are separated by one blank; each pair
 /// of blanks counts as one, so that three in a row enclose an empty token. Any other number of
 /// tokens gives empty ones. The views are of the text.
@@ -15,8 +26,8 @@ void DecoupeTrois(std::string_view text, std::string_view& first, std::string_vi
 /// Every occurrence of a character replaced by another.
 void RemplaceCar(std::string& text, char search, char replacement);
 
-/// The numeric parse of a token whose decimal sign is a point or a comma; 0 when there is no
-/// number. Beyond the range of a double: Overflow (6).
+/// The numeric parse of a token whose decimal sign is a point or a comma; blanks, no-break ones
+/// too, are passed over. 0 when there is no number. Beyond the range of a double: Overflow (6).
 double NombreDe(std::string_view token);
 
 /// A coordinate packed as degrees, point, two digits of minutes, two of seconds, digits of a

@@ -12,7 +12,7 @@ Busy::Busy(WaitView& attente) : attente_(attente) {
 
 Busy::~Busy() {
   FermeFenetres();
-  if (cancelable_) attente_.PermetAnnulation(false);
+  if (cancelable_) attente_.PermetAnnulation(Annulation::Aucune);
   if (--attente_.works_ == 0) attente_.ChangeSablier(false);
   if (frozen_) attente_.GeleGrille(false);
 }
@@ -35,9 +35,9 @@ Busy& Busy::GrilleGelee() {
   return *this;
 }
 
-Busy& Busy::Annulable() {
+Busy& Busy::Annulable(Annulation where) {
   cancelable_ = true;
-  attente_.PermetAnnulation(true);
+  attente_.PermetAnnulation(where);
   return *this;
 }
 
@@ -64,7 +64,8 @@ void Busy::Respire() {
 }
 
 void Busy::Bat() {
-  if (!attente_.Bat()) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
+  if (!attente_.Bat() || attente_.EstAbandonne())
+    throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
 }
 
 }  // namespace talpena

@@ -20,9 +20,9 @@ class Busy {
   Busy& Message(const std::string& text);  ///< the wait window
   Busy& Barre();                           ///< ProgressBar1, empty
   Busy& GrilleGelee();                     ///< the grid is not drawn
-  /// The user may give up, which throws the failure Cancelled out of the statement under way: for
-  /// work that leaves everything as it was when it fails.
-  Busy& Annulable();
+  /// The user may give up, which throws the failure Cancelled out of the statement under way (for
+  /// work that leaves everything as it was when it fails) or out of Bat alone.
+  Busy& Annulable(Annulation where = Annulation::Instruction);
   void FermeFenetres();  ///< bar and wait window; the hourglass stays
   /// How far the work came: the bar at each percent, the windows painted at each tenth.
   void Avance(std::int64_t done, std::int64_t total);

@@ -6,6 +6,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace talpena {
 
@@ -27,8 +28,17 @@ class OutputFile {
   /// Puts what was written in the place of the old file: synced before, folder synced after,
   /// mode, owner and link target kept. May be tried again after a failure.
   virtual void Remplace() = 0;
-  /// The same for a file cut short: bytes that still wait and cannot be written are dropped.
-  virtual void RemplaceTronque() { Remplace(); }
+  /// The same; the old file is kept under the name `backup`, in place of what stood there. When the
+  /// program is killed on the way the old file or the new one stands whole under its name; where
+  /// files cannot have two names there are two renames between the one and the other.
+  virtual void RemplaceEnGardant(const std::string& backup) = 0;
+  /// Gives up the bytes that still wait and cannot be written, and all behind the last `end`.
+  virtual void Coupe(std::string_view end) = 0;
+  /// Remplace for a file cut short.
+  void RemplaceTronque() {
+    Coupe({});
+    Remplace();
+  }
 };
 
 /// Tells two states of a file apart; equal when nothing touched the file between.
@@ -37,6 +47,18 @@ struct FileStamp {
   std::int64_t modifiedNs = 0;
   std::uint64_t identity = 0;
   bool operator==(const FileStamp&) const = default;
+};
+
+/// A text that did not come to bear its name.
+struct LeftOver {
+  std::string path;
+  bool entier = false;  ///< nothing of it is missing
+};
+
+/// What a new file takes over, and what it may replace.
+struct NewFile {
+  std::string modele = {};   ///< mode and owner of a file that is not there yet, if this one is
+  bool memeProtege = false;  ///< also in place of a file that this user may not write into
 };
 
 /// Paths are UTF-8, taken as they stand. Failures are TalpenaErrors in the numbers of the
@@ -48,16 +70,39 @@ class FileSystem {
   virtual bool Existe(const std::string& path) = 0;  ///< a file (not a folder) is there
   virtual std::unique_ptr<InputFile> Ouvre(const std::string& path) = 0;
   virtual std::unique_ptr<OutputFile> Cree(const std::string& path) = 0;
-  /// The same; a file that is not there yet takes mode and owner of `model`, if that exists.
   virtual std::unique_ptr<OutputFile> CreeComme(const std::string& path,
-                                                [[maybe_unused]] const std::string& model) {
+                                                [[maybe_unused]] const NewFile& wanted) {
     return Cree(path);
   }
   virtual void Supprime(const std::string& path) = 0;
+  /// True when nothing is there, or an ordinary file of this user's own that no program holds
+  /// locked: what may be deleted without asking whose it is. A link, a pipe and a folder never are.
+  virtual bool EstLibre(const std::string& path) { return !Empreinte(path) || Existe(path); }
   /// Refuses (58) when the target exists. On a symbolic link the contents move; the link stays
   /// and names a file that Cree will make anew.
   virtual void Renomme(const std::string& from, const std::string& to) = 0;
   virtual std::optional<FileStamp> Empreinte(const std::string& path) = 0;
+
+  /// A file is there, and this user may not write into it.
+  virtual bool EstProtege([[maybe_unused]] const std::string& path) { return false; }
+  /// One file that two paths lead to; two names of the same contents (hard links) are two files.
+  virtual bool MemeFichier(const std::string& a, const std::string& b) {
+    const auto stamp = Empreinte(a);
+    return a == b || (stamp && stamp == Empreinte(b));
+  }
+  /// Raises what would keep RemplaceEnGardant from putting the file `path` under `backup`: a folder
+  /// there (58), a folder that this user may not write into (70).
+  virtual void VerifieGarde([[maybe_unused]] const std::string& path,
+                            [[maybe_unused]] const std::string& backup) {}
+  /// Makes `copy`, with the contents, mode and owner of `path`. Refuses (58) when it exists.
+  virtual void Double(const std::string& path, const std::string& copy) = 0;
+
+  /// What a killed program left of a file that it was writing, the whole texts first.
+  virtual std::vector<LeftOver> Restes([[maybe_unused]] const std::string& path) { return {}; }
+  /// Removes such left-overs from the folder of `path` and that of the file behind a link, but
+  /// those that a program is writing now and those whose file is not there: they may be all that is
+  /// left of it. Never fails.
+  virtual void SupprimeRestes([[maybe_unused]] const std::string& path) noexcept {}
 };
 
 }  // namespace talpena

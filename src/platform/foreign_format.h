@@ -56,6 +56,10 @@ class ForeignFormat {
  public:
   virtual ~ForeignFormat() = default;
 
+  /// Who is called while files are read, those that are open already too. A format whose files
+  /// are read in no time calls nobody.
+  virtual void SuitAttente(const ForeignWait&) {}
+
   /// True when the file's head (or the connect string) is this format's.
   virtual bool Reconnait(const std::string& path, std::string_view connect) = 0;
   /// Opens for reading. Raises DatabaseNotFound (3024), UnrecognizedFormat (3343) for a damaged

@@ -13,11 +13,18 @@ struct CalendarDate {
   int day = 0;
 };
 
+struct DayTime {
+  int hour = 0;
+  int minute = 0;
+  int second = 0;
+};
+
 class Clock {
  public:
   virtual ~Clock() = default;
   virtual int AnneeCourante() = 0;          ///< current year of the local calendar
   virtual CalendarDate DateCourante() = 0;  ///< today in it
+  virtual DayTime HeureCourante() = 0;      ///< local time
 };
 
 class Environment {
@@ -27,6 +34,8 @@ class Environment {
   /// Folder for working files: TEMP, else TMPDIR, else (not on Windows) a folder of the user's
   /// cache that nobody else can enter, made when it is absent.
   virtual std::string DossierTemporaire() = 0;
+  /// That folder of the user's cache. PathFileAccess (75) when it cannot be made.
+  virtual std::string DossierPrive() = 0;
   /// Root of the first CD drive, "D:\" when there is none.
   virtual std::string LecteurCD() = 0;
   virtual bool ChangeDossier(const std::string& folder) = 0;  ///< false when it cannot

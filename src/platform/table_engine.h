@@ -238,6 +238,10 @@ using WorkBeat = std::function<bool()>;
 /// What it throws ends the taking over.
 using ImportProgress = std::function<void(std::int64_t done, std::int64_t total)>;
 
+/// Called at least every 50 ms while a file of another maker's is read, so that windows are painted
+/// and the user can end it: false does so, with the failure Cancelled.
+using ForeignWait = std::function<bool()>;
+
 class Database {
  public:
   virtual ~Database() = default;
@@ -320,8 +324,12 @@ class TableEngine {
  public:
   virtual ~TableEngine() = default;
 
+  /// Who is called while other makers' files are read, from opening them to their last row.
+  virtual void SuitAttente(const ForeignWait&) {}
+
   /// A new, empty, throw-away database in the engine's own format, which knows the general order
-  /// only: InvalidArgument (3001) for another. Raises PathFileAccess, FileExists, ...
+  /// only: InvalidArgument (3001) for another. Nobody but the user can read the file, and no link
+  /// leads it elsewhere. Raises PathFileAccess, FileExists, also for a link that leads nowhere, ...
   virtual std::unique_ptr<Database> CreateDatabase(const std::string& path,
                                                    const NewDatabase& settings) = 0;
 
@@ -330,7 +338,8 @@ class TableEngine {
   /// Access; for some formats `path` is a folder of tables. Other makers' rows can be read only,
   /// but where `readOnly` is false and `connect` names a format that is written, tables can be made
   /// and take rows by InsertRows, once each; then nothing needs to be at `path` yet.
-  /// Raises DatabaseNotFound (3024), UnrecognizedFormat (3343), NotSupported (3251).
+  /// Raises DatabaseNotFound (3024), UnrecognizedFormat (3343), also for a pipe or a device, which
+  /// are not waited for, NotSupported (3251).
   virtual std::unique_ptr<Database> OpenDatabase(const std::string& path, bool readOnly,
                                                  std::string_view connect = {}) = 0;
 

@@ -6,6 +6,13 @@ namespace talpena {
 
 class Busy;
 
+/// Where work ends that the user gives up.
+enum class Annulation {
+  Aucune,       ///< it goes through
+  Instruction,  ///< in the middle of a statement, which then has changed nothing
+  Boucle,       ///< where its loop asks (Busy::Bat): what was done until then stays
+};
+
 class WaitView {
  public:
   virtual ~WaitView() = default;
@@ -20,11 +27,13 @@ class WaitView {
 
   /// The beat of work that lasts: to be called as often as it is cheap to, from inside a statement
   /// of the table engine too. The clock decides what is due: the windows are painted, the wait
-  /// window and the bar come up by themselves. False, once, when the user gave up: what is under
-  /// way then ends by the failure Cancelled.
+  /// window and the bar come up by themselves. False, once, when the user gave up and the statement
+  /// under way may end by the failure Cancelled.
   virtual bool Bat() { return true; }
+  /// True, once, when the user gave up.
+  virtual bool EstAbandonne() { return false; }
   /// From now on the user may give up: behind two seconds the wait window has Cancel.
-  virtual void PermetAnnulation(bool allowed) { static_cast<void>(allowed); }
+  virtual void PermetAnnulation(Annulation where) { static_cast<void>(where); }
 
  private:
   friend class Busy;

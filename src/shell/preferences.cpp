@@ -98,19 +98,31 @@ void PrendDatum(const DatumCatalogue& catalogue, std::int16_t datum, std::string
   index = datum;
 }
 
-/// That of the rows: a change of the open file while they are on show.
+/// That of the rows: a change of the open file while they are on show, by which they are computed
+/// anew.
 void PrendDatumFichier(CommandContext c, std::int16_t datum) {
   Document& document = c.document();
   if (datum == 0) return;
   const std::string code(Rogne(c.state.Catalogue.Datum(datum).code));
   if (!document.Montre().grille) return document.PrendDatumParDefaut(code, datum);
-  const DistributionHeader& now = document.Entete();
-  if (code == now.DatumFichierCode && datum == now.DatumFichier) return;
-  Edition change(document, "Preferences");
-  if (datum == now.DatumFichier) change.LaisseNonModifie();  // its code in other blanks
-  change.Entete().DatumFichierCode = code;
-  change.Entete().DatumFichier = datum;
-  change.Valide();
+  const std::string name = "Preferences";
+  const auto prend = [&](Edition& change) {
+    change.Entete().DatumFichierCode = code;
+    change.Entete().DatumFichier = datum;
+  };
+  if (datum != document.Entete().DatumFichier) {
+    RecalculeSurDatum(c, name, prend);
+    return;
+  }
+  if (code != document.Entete().DatumFichierCode) {  // in other blanks
+    Edition change(document, name);
+    change.LaisseNonModifie();
+    prend(change);
+    change.Valide();
+  }
+  // Not only behind a change of datum: OK has always computed the rows that are shown anew.
+  // Held by PreferTest.OkComputesTheRowsAnewAlsoOnTheSameDatum.
+  RecalculeSurDatum(c, name);
 }
 
 void PrendDatums(CommandContext c, const DatumsChoisis& datums, const std::string& spherique) {
@@ -139,9 +151,6 @@ PreferencesOutcome Valide(CommandContext c, PreferencesForm& form) {
   if (autre && montree && !ConfirmeDatum(c)) return {};
   PrendReglages(c.state, form);
   PrendDatums(c, *datums, form.lblDatumOrig);
-  // Not only behind a change of datum: OK has always computed the rows that are shown anew.
-  // Held by PreferTest.OkComputesTheRowsAnewAlsoOnTheSameDatum.
-  if (montree) RecalculeSurDatum(c);
   return {.ferme = true};
 }
 

@@ -7,6 +7,7 @@
 namespace talpena {
 
 struct ProcessState : StoreState {
+  std::string DossierRefuse;  ///< working folder that WorkingDir stands in for; "" when it is used
   std::string DossierCartes;  ///< copy of AppDir through which the map windows find their files
   std::string FichierAide;    ///< path of the help file of the current language
 };

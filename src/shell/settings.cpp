@@ -232,6 +232,17 @@ void ChargeReglages(ProcessState& state, Platform& io, ScreenSize screen) {
   ChangeDossierDuMenu(state, io);
 }
 
+std::int16_t LangueReglee(SettingsStore& settings) {
+  const Reglage& first = reglages.front();
+  const std::string text = settings.Lit(Application, first.section, first.key, "");
+  try {
+    const std::int16_t stored = Arrondi16(Nombre(text));
+    if (!BlocDeTextes(stored).empty()) return stored;
+  } catch (const TalpenaError&) {  // no number
+  }
+  return SettingsState{}.Langue;
+}
+
 void SauveReglages(const ProcessState& state, Platform& io) {
   SettingsState copie = state;
   std::vector<SettingEntry> entries;

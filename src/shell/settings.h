@@ -1,5 +1,7 @@
 // Reads and writes the user's settings as a whole.
 #pragma once
+#include <cstdint>
+
 #include "platform/platform.h"
 #include "shell/process_state.h"
 
@@ -18,6 +20,9 @@ struct ScreenSize {
 /// without texts. At the end the process changes to the folder of the menu program, when that
 /// names one (76 is shown when it cannot). The window then shows what it finds in the state.
 void ChargeReglages(ProcessState& state, Platform& io, ScreenSize screen);
+
+/// The language that the settings name, alone; English when they name none that has texts.
+std::int16_t LangueReglee(SettingsStore& settings);
 
 /// Writes every key of application "TALPENA" but "LastDeg". The window has put its geometry,
 /// column widths and colours into the state before. PathFileAccess (75) when the store refuses.

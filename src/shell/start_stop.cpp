@@ -5,10 +5,11 @@
 #include "common/msg_id.h"
 #include "common/paths.h"
 #include "common/string_table.h"
+#include "common/text.h"
 #include "coords/datum.h"
 #include "platform/commands.h"
-#include "store/deg_reader.h"
 #include "store/file_commands.h"
+#include "store/open_file.h"
 #include "store/table.h"
 
 namespace talpena {
@@ -19,17 +20,23 @@ struct Load {
   const std::string& commandLine;
 };
 
-void ChoisitWorkingDir(Load& l) {
-  ProcessState& state = l.c.state;
-  const std::string folder = l.c.io.settings.Lit("Talpena", "Config", "WorkingDir",
-                                                 l.c.io.environment.DossierTemporaire());
+void PrendDossier(ProcessState& state, const std::string& folder) {
   state.WorkingDir = folder.empty() ? std::string() : AvecSeparateur(RendNatif(folder));
   state.WorkingDbPath = state.WorkingDir + "talpena_tmp.mdb";
 }
 
-// Left by the run before, or by its crash; the rows in it are nobody's any more.
+void ChoisitWorkingDir(Load& l) {
+  PrendDossier(l.c.state, l.c.io.settings.Lit("Talpena", "Config", "WorkingDir",
+                                              l.c.io.environment.DossierTemporaire()));
+}
+
+// Left by the run before, or by its crash; the rows in it are nobody's any more. What somebody else
+// put there, or holds, stays.
 void SupprimeBaseAncienne(Load& l) {
   const std::string& path = l.c.state.WorkingDbPath;
+  if (!l.c.io.files.EstLibre(path)) {
+    throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: " + path);
+  }
   if (l.c.io.files.Existe(path)) l.c.io.files.Supprime(path);
 }
 
@@ -38,6 +45,8 @@ void CreeBase(Load& l) {
   database = l.c.io.engine.CreateDatabase(l.c.state.WorkingDbPath, NewDatabase{});
   database->SuitTravail([&attente = l.c.attente] { return attente.Bat(); });
 }
+
+void CreeTable(Load& l) { CreateTable(l.c.document().Base()); }
 
 void LitReglages(Load& l) {
   ChargeReglages(l.c.state, l.c.io, l.c.shell.TailleEcran());
@@ -49,44 +58,21 @@ void AppliqueLangue(ShellContext c) {
   c.state.FichierAide = CheminAide(c.state);
 }
 
+/// What a killed save left beside the files that were worked on last.
+void SupprimeRestes(Load& l) {
+  const std::string folder = l.c.io.settings.Lit("TALPENA", "Paths", "LastDeg", {});
+  for (const std::string& path : {folder, l.c.state.LastFiles[0]}) {
+    if (!path.empty()) l.c.io.files.SupprimeRestes(path);
+  }
+}
+
 void OuvreFichierNomme(Load& l) {
   if (l.commandLine.empty()) return;
-  l.c.document().Fichier.NomFichier = l.commandLine;
-  const LoadOutcome outcome = LitDeg(l.c.Commandes(), l.commandLine, MergeMode::Replace);
-  if (outcome == LoadOutcome::NotOpened) l.c.document().Fichier.LecturePartielle = true;
-  l.c.document().ActiveMenus();
+  OuvreDeg(l.c.Commandes(), l.commandLine);
 }
 
 /// One statement of the load: what the handler executes again after failure 3028.
 using Step = void (*)(Load&);
-
-// clang-format off
-constexpr std::array<Step, 23> steps = {
-    [](Load& l) { l.c.attente.ChangeSablier(true); },
-    [](Load& l) { l.c.shell.DesactiveMenus(); },
-    [](Load& l) { l.c.state.DossierCartes = l.c.state.AppDir; },
-    ChoisitWorkingDir,
-    SupprimeBaseAncienne,
-    CreeBase,
-    [](Load& l) { CreateTable(l.c.document().Base()); },
-    [](Load& l) { l.c.shell.FondGrilleSysteme(); },
-    [](Load& l) { ChargeDatums(l.c.state, l.c.io); },
-    LitReglages,
-    [](Load& l) { AppliqueLangue(l.c); },
-    [](Load& l) { l.c.shell.InitFenetres(); },
-    [](Load& l) { l.c.shell.InitTDBgrid(); },
-    [](Load& l) { l.c.shell.ColoreOptTri(); },
-    [](Load& l) { l.c.shell.MontreFenetre(); },
-    [](Load& l) { l.c.attente.TraiteMessages(); },
-    [](Load& l) { l.c.document().OublieModifications(); },
-    [](Load& l) { l.c.document().ChangeOrdre({}); },
-    [](Load& l) { l.c.shell.ColoreFenetres(); },
-    [](Load& l) { l.c.shell.FermeSplash(); },
-    OuvreFichierNomme,
-    [](Load& l) { l.c.attente.ChangeSablier(false); },
-    [](Load& l) { l.c.attente.TraiteMessages(); },
-};
-// clang-format on
 
 void SupprimeBaseSysteme(Platform& io) {
   io.files.Supprime(AvecSeparateur(io.environment.DossierTemporaire()) + "TALPENA.MDB");
@@ -104,6 +90,64 @@ void Execute(Step step, Load& l) {
     }
   }
 }
+
+void PrepareBase(Load& l) {
+  for (const Step step : {SupprimeBaseAncienne, CreeBase, CreeTable}) Execute(step, l);
+}
+
+bool PrepareBasePrivee(Load& l) {
+  try {
+    PrendDossier(l.c.state, l.c.io.environment.DossierPrive());
+    PrepareBase(l);
+    return true;
+  } catch (const TalpenaError&) {
+    l.c.document().WorkingDb.reset();
+    return false;
+  }
+}
+
+/// A folder that cannot take the working database gives way to the user's private one, for this
+/// run. When that is of no use either, the failure tells of the folder that was chosen.
+void OuvreBase(Load& l) {
+  const std::string chosen = l.c.state.WorkingDir;
+  try {
+    PrepareBase(l);
+  } catch (const TalpenaError&) {
+    l.c.document().WorkingDb.reset();
+    if (!PrepareBasePrivee(l)) {
+      PrendDossier(l.c.state, chosen);
+      throw;
+    }
+    l.c.state.DossierRefuse = chosen.empty() ? "." : chosen;
+  }
+}
+
+// clang-format off
+constexpr std::array<Step, 22> steps = {
+    [](Load& l) { l.c.attente.ChangeSablier(true); },
+    [](Load& l) { l.c.shell.DesactiveMenus(); },
+    [](Load& l) { l.c.state.DossierCartes = l.c.state.AppDir; },
+    ChoisitWorkingDir,
+    OuvreBase,
+    [](Load& l) { l.c.shell.FondGrilleSysteme(); },
+    [](Load& l) { ChargeDatums(l.c.state, l.c.io); },
+    LitReglages,
+    [](Load& l) { AppliqueLangue(l.c); },
+    [](Load& l) { l.c.shell.InitFenetres(); },
+    [](Load& l) { l.c.shell.InitTDBgrid(); },
+    [](Load& l) { l.c.shell.ColoreOptTri(); },
+    [](Load& l) { l.c.shell.MontreFenetre(); },
+    [](Load& l) { l.c.attente.TraiteMessages(); },
+    [](Load& l) { l.c.document().OublieModifications(); },
+    [](Load& l) { l.c.document().ChangeOrdre({}); },
+    [](Load& l) { l.c.shell.ColoreFenetres(); },
+    [](Load& l) { l.c.shell.FermeSplash(); },
+    SupprimeRestes,
+    OuvreFichierNomme,
+    [](Load& l) { l.c.attente.ChangeSablier(false); },
+    [](Load& l) { l.c.attente.TraiteMessages(); },
+};
+// clang-format on
 
 void EnregistreEtTermine(ShellContext c) {
   c.attente.ChangeSablier(true);
@@ -125,16 +169,42 @@ std::string LigneDeCommande(std::span<const char* const> arguments) {
   return line;
 }
 
-void ChargeForm1(ShellContext c, const std::string& commandLine) {
+std::optional<TalpenaError> ChargeForm1(ShellContext c, const std::string& commandLine) {
   Load load{c, commandLine};
+  c.io.engine.SuitAttente([&attente = c.attente] {
+    attente.TraiteMessages();
+    return true;
+  });
   try {
     for (const Step step : steps) Execute(step, load);
   } catch (const CatalogueRefused&) {
     c.attente.ChangeSablier(false);
     c.shell.FermeSplash();
     c.shell.Termine();
-  } catch (const TalpenaError&) {  // the load ends here: no message, what was done stands
+  } catch (const TalpenaError& e) {  // the load ends here: no message, what was done stands
+    return e;
   }
+  return std::nullopt;
+}
+
+void DitArretDeCharge(ShellContext c, const TalpenaError& failure) {
+  c.attente.ChangeSablier(false);
+  std::string context;
+  if (c.document().WorkingDb == nullptr) {  // the settings were not read as yet
+    context = Texte(LangueReglee(c.io.settings), MsgId::SansDossier);
+  }
+  Bip(c.state, c.io);
+  AfficheErreur(c.io, failure.number(), failure.description(), context);
+}
+
+std::string TexteDossierRefuse(const ProcessState& state) {
+  return state.DossierRefuse.empty() ? std::string() : Texte(state.Langue, MsgId::DossierRefuse);
+}
+
+std::string DetailDossierRefuse(const ProcessState& state) {
+  if (state.DossierRefuse.empty()) return {};
+  const std::string text = Texte(state.Langue, MsgId::DossierRemplace);
+  return Remplace(Remplace(text, "%2", state.WorkingDir), "%1", state.DossierRefuse);
 }
 
 void MnuQuitter_Click(ShellContext c) {

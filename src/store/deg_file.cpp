@@ -33,8 +33,8 @@ void LitToutesLesLignes(DegFileRows& rows, DegContents& contents) {
 
 }  // namespace
 
-DegFileReader::DegFileReader(std::unique_ptr<InputFile> file)
-    : lines_(std::move(file)), first_(LitTexte(lines_)), form2_(talpena::EstForme2(first_)) {}
+DegFileReader::DegFileReader(std::unique_ptr<InputFile> file, DegLines::LineEnd end)
+    : lines_(std::move(file), end), first_(LitTexte(lines_)), form2_(talpena::EstForme2(first_)) {}
 
 DegFileReader::Behind DegFileReader::LitSuite() {
   Behind behind;

@@ -22,7 +22,8 @@ namespace talpena {
 class DegFileReader {
  public:
   /// Reads the first line. InputPastEnd (62) for an empty file.
-  explicit DegFileReader(std::unique_ptr<InputFile> file);
+  explicit DegFileReader(std::unique_ptr<InputFile> file,
+                         DegLines::LineEnd end = DegLines::LineEnd::Cr);
 
   /// Form 2, with a header of its own. A file of form 1 has neither datum nor free fields.
   bool EstForme2() const { return form2_; }
@@ -34,6 +35,9 @@ class DegFileReader {
   /// The same for a file whose rows are added to others: FreeFieldText and TitreFichier alone
   /// change, BoxTitre and Commentaire get the file's behind theirs.
   void LitEnTeteFusion(DistributionHeader& entete);
+
+  /// The lines that were read look like those of a file that ends its lines by LF alone.
+  bool FinsLf() const { return lines_.FinsLf(); }
 
   /// The rows behind the header.
   DegFileRows Lignes(const DistributionHeader& entete) { return DegFileRows(entete, lines_); }

@@ -39,6 +39,7 @@ bool DegFileRows::Suivante(std::span<Cell> cells) {
   if (kind == RowKind::BarePoint && SurPointNu) SurPointNu();
   Remplit(reader_.Ligne(), cells);
   DitAvance();
+  if (SurLigne) SurLigne();
   return true;
 }
 

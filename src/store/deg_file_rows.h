@@ -25,6 +25,7 @@ class DegFileRows : public RowSource {
 
   std::function<void()> SurPointNu;            ///< a short line: the row is not what the file says
   std::function<void(int percent)> SurAvance;  ///< at each tenth of the file
+  std::function<void()> SurLigne;              ///< at each; what it throws leaves it out
 
   /// Raises Overflow (6) for a number that its column cannot hold and for a line above
   /// MaxRowLine, and what reading the file raises.

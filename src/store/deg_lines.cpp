@@ -26,7 +26,7 @@ bool Contient(const char* text, std::size_t length, char c) {
 }  // namespace
 
 DegLines::DegLines(std::unique_ptr<InputFile> file, LineEnd end)
-    : file_(std::move(file)), end_(end), buffer_(TailleDeBloc(*file_)) {}
+    : file_(std::move(file)), end_(end), buffer_(TailleDeBloc(*file_)), unread_(file_->Taille()) {}
 
 bool DegLines::Lit(std::string_view& line) {
   std::size_t length = 0;
@@ -35,7 +35,7 @@ bool DegLines::Lit(std::string_view& line) {
   if (!ended && length == 0) return false;
   const std::size_t taken = length + (ended ? LongueurFin(length) : 0);
   line = {buffer_.data() + first_, length};
-  lfOnly_ = !ended && number_ == 0 && Contient(line.data(), length, '\n');
+  lfOnly_ = !ended && Contient(line.data(), length, '\n');
   first_ += taken;
   position_ += static_cast<std::int64_t>(taken);
   ++number_;
@@ -48,7 +48,7 @@ std::string_view DegLines::LitObligatoire() {
   std::string description = "Input past end of file: ";
   description += number_ == 0 ? "the file is empty."
                               : "the file ends behind line " + Str(number_) + ", in its header.";
-  if (lfOnly_) description += lfHint;
+  if (lfOnly_ && number_ == 1) description += lfHint;
   throw TalpenaError(ErrorNumber::InputPastEnd, description);
 }
 
@@ -78,9 +78,12 @@ std::size_t DegLines::LongueurFin(std::size_t length) {
 
 /// Reads the next block behind what is still to be handed out; false at the end of the file.
 bool DegLines::Remplit() {
+  if (unread_ <= 0) return false;
   if (last_ == buffer_.size()) FaitPlace();
-  const std::size_t count = file_->Lit({buffer_.data() + last_, buffer_.size() - last_});
+  const std::size_t room = std::min(buffer_.size() - last_, static_cast<std::size_t>(unread_));
+  const std::size_t count = file_->Lit({buffer_.data() + last_, room});
   last_ += count;
+  unread_ -= static_cast<std::int64_t>(count);
   return count > 0;
 }
 
@@ -92,12 +95,12 @@ void DegLines::FaitPlace() {
   if (last_ == buffer_.size()) buffer_.resize(std::min(2 * last_, last_ + limit_));
 }
 
-void DegLines::RefuseLongueur() const {
+void DegLines::RefuseLongueur() {
   std::string description = "Line " + Str(number_ + 1) + " is longer than " +
                             Str(static_cast<std::int64_t>(limit_ >> 20)) +
                             " MB: this is not a distribution file.";
-  const bool onlyLf = number_ == 0 && Contient(buffer_.data() + first_, last_ - first_, '\n');
-  if (onlyLf) description += lfHint;
+  lfOnly_ = Contient(buffer_.data() + first_, last_ - first_, '\n');
+  if (lfOnly_ && number_ == 0) description += lfHint;
   throw TalpenaError(ErrorNumber::Overflow, description);
 }
 

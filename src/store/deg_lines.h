@@ -16,7 +16,8 @@ inline constexpr std::size_t MaxRowLine = std::size_t{16} << 20;
 
 /// A file as lines. A line ends at CR or at CR LF; a bare LF belongs to the text, as line breaks
 /// inside a remark do. The last line needs no end. NUL and all other bytes are ordinary
-/// characters. Only a block of the file is in memory, and one line when it is longer.
+/// characters. Only a block of the file is in memory, and one line when it is longer. What is added
+/// to the file while it is read is not read.
 class DegLines {
  public:
   enum class LineEnd {
@@ -36,6 +37,10 @@ class DegLines {
   /// The longest line that Lit takes from now on; MaxHeaderLine at first.
   void Limite(std::size_t bytes) { limit_ = bytes; }
 
+  /// A last line without an end of its own held LFs: what was written line by line with LF alone
+  /// looks so.
+  bool FinsLf() const { return lfOnly_; }
+
   std::int64_t Numero() const { return number_; }      ///< of the line read last, from 1
   std::int64_t Position() const { return position_; }  ///< bytes up to the end of that line
   std::int64_t Taille() const { return file_->Taille(); }
@@ -45,7 +50,7 @@ class DegLines {
   void FaitPlace();
   bool TrouveFin(std::size_t& length);
   std::size_t LongueurFin(std::size_t length);
-  [[noreturn]] void RefuseLongueur() const;
+  [[noreturn]] void RefuseLongueur();
 
   std::unique_ptr<InputFile> file_;
   LineEnd end_;
@@ -55,7 +60,8 @@ class DegLines {
   std::size_t limit_ = MaxHeaderLine;
   std::int64_t number_ = 0;
   std::int64_t position_ = 0;
-  bool lfOnly_ = false;  ///< the whole file is one line, with LFs in it
+  std::int64_t unread_ = 0;  ///< bytes of the file as it was when it was opened
+  bool lfOnly_ = false;      ///< the last line has LFs in it and no end
 };
 
 }  // namespace talpena

@@ -1,14 +1,18 @@
 #include "store/deg_reader.h"
 
+#include <array>
 #include <memory>
 #include <new>
 #include <optional>
 #include <span>
+#include <string_view>
 
+#include "common/grouped_number.h"
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"
+#include "common/text.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/deg_file.h"
@@ -34,17 +38,25 @@ class Premieres final : public RowSource {
   int left_;
 };
 
+/// A file whose first lines end in LF alone.
+bool CommenceSansCr(FileSystem& files, const std::string& path) {
+  std::array<char, 4096> start{};
+  const std::size_t size = files.Ouvre(path)->Lit(start);
+  const std::string_view text(start.data(), size);
+  return text.find('\n') != std::string_view::npos && text.find('\r') == std::string_view::npos;
+}
+
 /// One run of LitDeg: Execute, and Abandonne when it threw.
 class Load {
  public:
-  Load(CommandContext c, const std::string& fileName, MergeMode merge)
-      : c_(c), fileName_(fileName), merge_(merge == MergeMode::Merge) {}
+  Load(CommandContext c, const std::string& fileName, MergeMode merge, DegLines::LineEnd end)
+      : c_(c), fileName_(fileName), merge_(merge == MergeMode::Merge), end_(end) {}
   Load(const Load&) = delete;
   Load& operator=(const Load&) = delete;
 
   LoadOutcome Execute() {
     if (!c_.io.files.Existe(fileName_)) return Refuse("File not found");
-    entete_ = Ouvert().Entete();
+    avant_ = entete_ = Ouvert().Entete();
     entete_.FreeFieldText.clear();
     if (merge_) {
       const std::string refusal = FusionRefusee();
@@ -74,15 +86,17 @@ class Load {
   /// After a failure: the rows read so far stay, and are shown; all else is closed but the
   /// hourglass.
   void Abandonne() noexcept {
-    reader_.reset();
     const auto essaie = [](auto&& step) {
       try {
         step();
       } catch (...) {  // the first failure is the one that the user is told
       }
     };
+    essaie([this] { NoteFins(); });
+    reader_.reset();
     essaie([this] {
-      if (rowsChanged_ && !merge_ && !enteteEnPlace_) MetEntete();
+      const bool shown = enteteEnPlace_ || (rowsChanged_ && !merge_);
+      if (shown && !lignesCommencees_) RemetChamps();
     });
     essaie([this] {
       if (rowsChanged_) Ouvert().RelieSqlCourant();
@@ -93,6 +107,11 @@ class Load {
   }
 
   bool ALaisseLesLignes() const { return !rowsChanged_; }
+  /// What the user is told who gave up.
+  std::string TexteAbandon() {
+    const int text = merge_ ? MsgId::FusionAbandonnee : MsgId::LectureAbandonnee;
+    return Remplace(Texte(c_.state.Langue, text), "%1", NombreGroupe(c_.state.Langue, read_));
+  }
 
  private:
   Document& Ouvert() { return c_.document(); }
@@ -116,7 +135,16 @@ class Load {
   void Annonce() {
     Ouvert().ChangeTitreFenetre("Talpena - " + fileName_);
     busy_.emplace(c_.attente);
-    busy_->Message(Texte(c_.state.Langue, MsgId::Ouverture) + "\n" + fileName_);
+    busy_->Message(Texte(c_.state.Langue, MsgId::Ouverture) + "\n" + fileName_ + Taille());
+  }
+
+  /// A file that takes its time is announced with its size.
+  std::string Taille() {
+    constexpr std::int64_t megabyte = 1'000'000, large = 100 * megabyte;
+    const auto stamp = c_.io.files.Empreinte(fileName_);
+    if (!stamp || stamp->size < large) return {};
+    return "\n" + Remplace(Texte(c_.state.Langue, MsgId::Megaoctets), "%1",
+                           NombreGroupe(c_.state.Langue, stamp->size / megabyte));
   }
 
   void OuvreFichier() {
@@ -124,6 +152,7 @@ class Load {
     file_ = c_.io.files.Ouvre(fileName_);
     if (merge_) return;
     Ouvert().Fichier.EmpreinteFichier.reset();
+    Ouvert().Fichier.FinsLf = false;
     Ouvert().Fichier.LecturePartielle = true;
   }
 
@@ -138,7 +167,7 @@ class Load {
 
   /// The header, up to the rows.
   void LitEnTetes() {
-    reader_.emplace(std::move(file_));
+    reader_.emplace(std::move(file_), end_);
     ancienne_ = !reader_->EstForme2();
     if (merge_) {
       reader_->LitEnTeteFusion(entete_);
@@ -163,6 +192,15 @@ class Load {
     if (answer == Answer::Yes) LitStandardHdr(entete_, c_.io.files, path);
   }
 
+  /// A file that was refused before its rows leaves no fields to the next one, which may have none
+  /// of its own: those of the file before are in force again.
+  void RemetChamps() {
+    entete_.FreeFieldSeparator = avant_.FreeFieldSeparator;
+    entete_.FreeFieldDefs = avant_.FreeFieldDefs;
+    entete_.FreeFieldCount = avant_.FreeFieldCount;
+    MetEntete();
+  }
+
   /// The header was read: it becomes that of the document, which a merge modifies.
   void PrendEntete() {
     if (!merge_) Ouvert().OublieModifications();
@@ -183,11 +221,20 @@ class Load {
     busy_->Montre(0);
     rowsChanged_ = true;
     DegFileRows rows = reader_->Lignes(entete_);
+    lignesCommencees_ = true;
     Insere(rows);
+    busy_->Annulable(Annulation::Aucune);
     if (rows.DernierPourcent() != 100) busy_->Montre(100);
+    NoteFins();
     reader_.reset();
     busy_->FermeFenetres();
     c_.vue.PlaceFocusGrille();
+  }
+
+  /// Rows that end in LF alone made one row, as they must: the file can be opened otherwise.
+  void NoteFins() {
+    if (merge_ || !rowsChanged_ || read_ > 1) return;
+    Ouvert().Fichier.FinsLf = reader_ ? reader_->FinsLf() : CommenceSansCr(c_.io.files, fileName_);
   }
 
   /// The first rows are on show while the others are read.
@@ -198,7 +245,12 @@ class Load {
       edition.MarqueModifie();  // the row is not what the file says
       busy_->Respire();
     };
+    rows.SurLigne = [&] {
+      busy_->Bat();
+      ++read_;
+    };
     rows.SurAvance = [&](int percent) { busy_->Montre(percent); };
+    busy_->Annulable(Annulation::Boucle);
     if (MontrePremieres()) {
       Premieres first(rows, PremieresLignes);
       if (Insere(edition, rows, first) == PremieresLignes) {
@@ -233,20 +285,25 @@ class Load {
   CommandContext c_;
   const std::string& fileName_;
   const bool merge_;
+  const DegLines::LineEnd end_;
   DistributionHeader entete_;
+  DistributionHeader avant_;  ///< the header before
   std::optional<Busy> busy_;
   std::unique_ptr<InputFile> file_;
   std::optional<DegFileReader> reader_;
   std::optional<FileStamp> empreinte_;
-  bool ancienne_ = false;       ///< a file of form 1
-  bool enteteEnPlace_ = false;  ///< the document has what was read of the header
-  bool rowsChanged_ = false;    ///< the table is no longer what the grid shows
+  std::int64_t read_ = 0;          ///< lines of the rows
+  bool ancienne_ = false;          ///< a file of form 1
+  bool enteteEnPlace_ = false;     ///< the document has what was read of the header
+  bool lignesCommencees_ = false;  ///< there is a reader of rows
+  bool rowsChanged_ = false;       ///< the table is no longer what the grid shows
 };
 
 }  // namespace
 
-LoadOutcome LitDeg(CommandContext c, const std::string& fileName, MergeMode merge) {
-  Load load(c, fileName, merge);
+LoadOutcome LitDeg(CommandContext c, const std::string& fileName, MergeMode merge,
+                   DegLines::LineEnd end) {
+  Load load(c, fileName, merge, end);
   const auto echoue = [&](const std::string& description) {
     load.Abandonne();
     Bip(c.state, c.io);
@@ -256,7 +313,7 @@ LoadOutcome LitDeg(CommandContext c, const std::string& fileName, MergeMode merg
   try {
     return load.Execute();
   } catch (const TalpenaError& e) {
-    return echoue(e.description());
+    return echoue(e.number() == ErrorNumber::Cancelled ? load.TexteAbandon() : e.description());
   } catch (const std::bad_alloc&) {
     return echoue("Out of memory");
   }

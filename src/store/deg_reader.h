@@ -3,6 +3,7 @@
 #include <string>
 
 #include "store/command_context.h"
+#include "store/deg_lines.h"
 
 namespace talpena {
 
@@ -20,6 +21,8 @@ enum class LoadOutcome {
 /// Loads a .deg file of either form into the table and takes over its datum, free-field layout,
 /// periods, title and comment. Failures are shown, not thrown. The file is opened before the rows
 /// of the old one go. The caller sets NomFichier and calls ActiveMenus.
-LoadOutcome LitDeg(CommandContext c, const std::string& fileName, MergeMode merge);
+/// The user may give up reading the rows: those before stay, as behind a failure.
+LoadOutcome LitDeg(CommandContext c, const std::string& fileName, MergeMode merge,
+                   DegLines::LineEnd end = DegLines::LineEnd::Cr);
 
 }  // namespace talpena

@@ -26,17 +26,16 @@ std::unique_ptr<Recordset> PrendLignes(Document& document, DegSink& sink, WriteM
 
 }  // namespace
 
-void EcritDeg(CommandContext c, const std::string& fileName, WriteMode mode,
-              const std::string& modele) {
+void EcritDeg(CommandContext c, const std::string& fileName, WriteMode mode, const SavePlan& plan) {
   Document& document = c.document();
-  SaveFile file(document.Fichier, c.state, c.io, fileName);
+  SaveFile file(document.Fichier, c.state, c.io, fileName, plan);
   SaveQuestions sink(c.state, c.io, c.attente, file);
   try {
     Busy busy(c.attente);
     const std::unique_ptr<Recordset> rows = PrendLignes(document, sink, mode);
     if (!rows) return;
     sink.Tente([&] { busy.Message(Texte(c.state.Langue, MsgId::Sauvegarde) + "\n" + fileName); });
-    sink.TenteJusquaReussite([&] { file.Ouvre(modele); });
+    sink.TenteJusquaReussite([&] { file.Ouvre(); });
     EcritEnTete(document.Entete(), c.io.clock.AnneeCourante(), sink);
     busy.Barre();
     DegRowWriter lines(c.state, *rows, sink);

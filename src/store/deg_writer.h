@@ -3,6 +3,7 @@
 #include <string>
 
 #include "store/command_context.h"
+#include "store/save_file.h"
 
 namespace talpena {
 
@@ -13,12 +14,10 @@ enum class WriteMode { Rows, Grouped };
 /// alone. On success FichierModifie is false. Failures are shown, not thrown: after each the
 /// user is asked whether to go on behind it.
 ///
-/// The file is written beside its place. When the user does not go on, what was written till then
-/// takes the place of the file; a whole former state there is kept as .BAK first, and
-/// FichierModifie stays true.
-///
-/// @param modele  a file whose mode and owner a new file takes, when that exists
+/// The file is written beside its place. When the user does not go on, the whole lines that were
+/// written till then take the place of the file; a whole former state there is kept as .BAK, and
+/// FichierModifie stays true. Where no file can be made beside it nothing changes.
 void EcritDeg(CommandContext c, const std::string& fileName, WriteMode mode,
-              const std::string& modele = {});
+              const SavePlan& plan = {});
 
 }  // namespace talpena

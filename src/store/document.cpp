@@ -67,6 +67,15 @@ void Document::AjusteGrille() { Affiche(&Display::grille, true, Aspect::Grid); }
 
 void Document::CacheLbl1() { Affiche(&Display::lbl1, false, Aspect::Words); }
 
+void Document::ChangeAvis(const std::string& text) {
+  if (std::exchange(display_.avis, text) != text) Signale(Aspect::Notice);
+}
+
+void Document::OublieModifications() {
+  ChangeModifie(false);
+  ChangeAvis({});
+}
+
 void Document::Affiche(bool Display::*part, bool shown, Aspect aspect) {
   display_.*part = shown;
   Signale(aspect);

@@ -27,7 +27,8 @@ enum class Aspect : unsigned {
   Menus = 64,
   TitleLines = 128,
   Grid = 256,
-  Words = 512  ///< of an empty window
+  Words = 512,  ///< of an empty window
+  Notice = 1024
 };
 
 /// Several at once.
@@ -54,6 +55,7 @@ struct FileOnDisk {
   /// Path that a save of this process left cut short or missing; its .BAK is the last whole state.
   std::string FichierIncomplet;
   bool LignesHorsFichier = false;  ///< the last save left out rows that a filter hid
+  bool FinsLf = false;             ///< its lines seem to end in LF alone: they make one row
   bool LecturePartielle = false;   ///< reading NomFichier failed: the table holds only part of it
 };
 
@@ -64,6 +66,7 @@ struct Display {
   bool titres = false;  ///< title and comment
   bool grille = false;
   bool lbl1 = true;  ///< the words of an empty window
+  std::string avis;  ///< what the status bar says of the file until that is over; "" for nothing
 };
 
 class Document {
@@ -105,7 +108,7 @@ class Document {
   FileOnDisk Fichier;
   bool FichierModifie() const { return modified_; }
   /// What the table holds stands in a file, or may be lost.
-  void OublieModifications() { ChangeModifie(false); }
+  void OublieModifications();
 
   bool NouveauEnCours = false;  ///< only while New shows the periods dialog
 
@@ -117,6 +120,7 @@ class Document {
   void MontreTitres();  ///< shows BoxTitre, LabelTitre, LabelCommentaire and Commentaire
   void AjusteGrille();  ///< shows the grid
   void CacheLbl1();
+  void ChangeAvis(const std::string& text);  ///< OublieModifications takes it away
 
  private:
   friend class Edition;

@@ -8,6 +8,8 @@
 #include "store/deg_reader.h"
 #include "store/deg_writer.h"
 #include "store/filter.h"
+#include "store/open_file.h"
+#include "store/overwrite.h"
 #include "store/recent_files.h"
 
 namespace talpena {
@@ -19,28 +21,6 @@ constexpr std::string_view openFilter = "Distribution (*.deg)|*.deg";
 template <typename Body>
 void Commande(CommandContext c, Body&& body) {
   ExecuteCommande(c.state, c.io, {}, std::forward<Body>(body));
-}
-
-/// What speaks against writing over the open file: another program changed it, or only part of it
-/// could be read. 0 when nothing does.
-int ObjectionARemplacer(CommandContext c, const std::string& path) {
-  if (path != c.document().Fichier.NomFichier) return 0;
-  const auto now = c.io.files.Empreinte(path);
-  if (!now) return 0;
-  if (c.document().Fichier.LecturePartielle) return MsgId::FichierPartiel;
-  const auto& then = c.document().Fichier.EmpreinteFichier;
-  const bool changed = then && now != then;
-  return changed ? MsgId::FichierChange : 0;
-}
-
-/// False when something speaks against replacing the file and the user does not want it replaced.
-bool PeutEcraser(CommandContext c, const std::string& path) {
-  const int objection = ObjectionARemplacer(c, path);
-  if (objection == 0) return true;
-  Bip(c.state, c.io);
-  return c.io.dialogues.Demande({.text = Texte(c.state.Langue, objection),
-                                 .icon = Icon::Exclamation,
-                                 .buttons = Buttons::YesNo}) == Answer::Yes;
 }
 
 bool CacheDesLignes(NombresDeLignes lignes) { return lignes.montrees < lignes.toutes; }
@@ -69,9 +49,10 @@ bool ResteASauver(const Document& document) {
          (document.Fichier.LignesHorsFichier && !document.FiltreActif());
 }
 
-void EcritLignes(CommandContext c, const std::string& path, const std::string& modele = {}) {
+void EcritLignes(CommandContext c, const std::string& path, SavePlan plan = {}) {
   const bool cachees = CacheDesLignes(CompteLignes(c.document()));
-  EcritDeg(c, path, WriteMode::Rows, modele);
+  plan.memeProtege = c.io.files.EstProtege(path);  // the user was asked
+  EcritDeg(c, path, WriteMode::Rows, plan);
   if (!c.document().FichierModifie()) c.document().Fichier.LignesHorsFichier = cachees;
 }
 
@@ -80,22 +61,7 @@ void EcritSurPlace(CommandContext c) {
   const std::string path = c.document().Fichier.NomFichier;
   if (!AccepteLignesCachees(c) || !PeutEcraser(c, path)) return;
   const bool missing = c.document().Fichier.FichierIncomplet == path;
-  EcritLignes(c, path, missing ? CheminBak(path) : "");
-}
-
-/// The file whose rows are on show, while another one is about to be read.
-struct OpenFile {
-  FileOnDisk fichier;
-  std::string titreFenetre;
-};
-
-/// Makes a path that is about to be read the open file; gives the one before it.
-OpenFile ChangeNomFichier(Document& document, const std::string& path) {
-  OpenFile before{document.Fichier, document.Montre().titreFenetre};
-  document.Fichier.NomFichier = path;
-  document.Fichier.EmpreinteFichier.reset();
-  document.Fichier.LignesHorsFichier = false;
-  return before;
+  EcritLignes(c, path, {.modele = missing ? CheminBak(path) : std::string()});
 }
 
 void EnregistreSous(CommandContext c) {
@@ -113,19 +79,12 @@ void EnregistreSous(CommandContext c) {
   c.document().ChangeTitreFenetre("Talpena - " + path);
 }
 
-/// The same file by two names.
-bool MemeFichier(FileSystem& files, const std::string& a, const std::string& b) {
-  const auto stamp = files.Empreinte(a);
-  return a == b || (stamp && stamp == files.Empreinte(b));
-}
-
 [[noreturn]] void LanceEchecRenomme(CommandContext c, int number, const std::string& what) {
   throw TalpenaError(number, what + "\n" + Texte(c.state.Langue, MsgId::SauveSousMarche));
 }
 
-/// Moves the open file to its backup. What would make the rename fail is raised before anything
-/// is deleted.
-void GardeBak(CommandContext c, const std::string& backup) {
+/// Raises what will keep the open file from becoming its backup, before anything is written.
+void VerifieBak(CommandContext c, const std::string& backup) {
   const std::string& path = c.document().Fichier.NomFichier;
   if (path.find('.') < DossierDe(path).size()) {
     LanceEchecRenomme(c, ErrorNumber::PathFileAccess, "Path/File access error: " + backup);
@@ -133,31 +92,32 @@ void GardeBak(CommandContext c, const std::string& backup) {
   if (!c.io.files.Existe(path)) {
     LanceEchecRenomme(c, ErrorNumber::FileNotFound, "File not found: " + path);
   }
-  if (MemeFichier(c.io.files, path, backup)) {
+  if (c.io.files.MemeFichier(path, backup)) {
     LanceEchecRenomme(c, ErrorNumber::FileExists, "File already exists: " + backup);
   }
+  c.io.files.VerifieGarde(path, backup);
+}
+
+/// Nothing is written of a table without rows: the file goes to its backup, and that is all.
+void MetDeCote(CommandContext c, const std::string& path, const std::string& backup) {
   if (c.io.files.Existe(backup)) c.io.files.Supprime(backup);
   c.io.files.Renomme(path, backup);
+  c.document().Fichier.FichierIncomplet = path;
 }
 
 void Enregistre(CommandContext c) {
   const std::string path = c.document().Fichier.NomFichier;
-  if (!AccepteLignesCachees(c) || !PeutEcraser(c, path)) return;
+  if (!AccepteLignesCachees(c)) return;
   const std::string backup = CheminBak(path);
   // Where a former save broke off, the backup holds the last whole state and stays.
-  if (c.document().Fichier.FichierIncomplet != path) GardeBak(c, backup);
-  EcritLignes(c, path, backup);
-  if (!c.io.files.Existe(path)) c.document().Fichier.FichierIncomplet = path;
-}
-
-/// Reads the file in place of `before`, whose rows stay, with their name, where it cannot be
-/// opened.
-void Charge(CommandContext c, const std::string& path, const OpenFile& before) {
-  if (LitDeg(c, path, MergeMode::Replace) == LoadOutcome::NotOpened) {
-    c.document().Fichier = before.fichier;
-    c.document().ChangeTitreFenetre(before.titreFenetre);
+  const bool keeps = c.document().Fichier.FichierIncomplet != path;
+  if (keeps) VerifieBak(c, backup);
+  if (!PeutEcraser(c, path)) return;
+  if (CompteLignes(c.document()).montrees > 0) {
+    EcritLignes(c, path, {.bak = backup, .modele = backup});
+  } else if (keeps) {
+    MetDeCote(c, path, backup);
   }
-  c.document().ActiveMenus();
 }
 
 void EnregistreAutomatiquement(CommandContext c) {
@@ -167,6 +127,17 @@ void EnregistreAutomatiquement(CommandContext c) {
   } else {
     EcritSurPlace(c);
   }
+}
+
+/// Nobody is asked by the automatic save: it waits, and comes with the first tick behind what
+/// stands in its way. Rows that a filter hides must not be left out, and a file that the user has
+/// to be asked about must not be replaced, which the status bar says.
+bool SauvegardeAttend(CommandContext c) {
+  if (CacheDesLignes(CompteLignes(c.document()))) return true;
+  if (!ResteASauver(c.document()) || !FautDemander(c, c.document().Fichier.NomFichier))
+    return false;
+  c.document().ChangeAvis(Texte(c.state.Langue, MsgId::AutoSaveAttend));
+  return true;
 }
 
 }  // namespace
@@ -195,10 +166,18 @@ void MnuOuvrir_Click(CommandContext c) {
     const std::string path =
         c.io.dialogues.OuvreFichier({.filter = std::string(openFilter), .folder = folder});
     if (path.empty()) return;
-    const OpenFile before = ChangeNomFichier(c.document(), path);
     c.io.settings.Ecrit("TALPENA", "Paths", "LastDeg", DossierDe(path));
-    Charge(c, path, before);
+    OuvreDeg(c, path);
     c.document().CacheLbl1();
+  });
+}
+
+void RouvreEnLf(CommandContext c) {
+  Commande(c, [&] {
+    if (!c.document().Fichier.FinsLf || CheckSauvegarde(c)) return;
+    const std::string path = c.document().Fichier.NomFichier;
+    LitDeg(c, path, MergeMode::Replace, DegLines::LineEnd::CrOrLf);
+    c.document().ActiveMenus();
   });
 }
 
@@ -239,7 +218,8 @@ void MnuGrouper_Click(CommandContext c) {
                                   .buttons = Buttons::YesNo});
       if (answer != Answer::Yes) return;
     }
-    if (PeutEcraser(c, path)) EcritDeg(c, path, WriteMode::Grouped);
+    if (!PeutEcraser(c, path)) return;
+    EcritDeg(c, path, WriteMode::Grouped, {.memeProtege = c.io.files.EstProtege(path)});
   });
 }
 
@@ -249,10 +229,7 @@ void MnuLastFile_Click(CommandContext c, int index) {
     const std::string& entry = c.state.LastFiles.at(static_cast<std::size_t>(index));
     const std::string caption = CheminDeLegende(LegendeDernierFichier(index, entry));
     if (caption.empty()) return;
-    const std::string path = TrouveChemin(caption).value_or(caption);
-    const OpenFile before = ChangeNomFichier(c.document(), path);
-    c.document().ChangeTitreFenetre("Talpena - " + path);
-    Charge(c, path, before);
+    OuvreDeg(c, TrouveChemin(caption).value_or(caption), PathFrom::RecentFiles);
   });
 }
 
@@ -261,9 +238,7 @@ void Timer1_Timer(CommandContext c) {
   // A 16-bit counter that wraps: an interval set below it comes round again.
   const auto next =
       static_cast<std::int16_t>(static_cast<std::uint16_t>(c.state.CompteurTimer) + 1);
-  // Nobody is asked, so rows that a filter hides must not be left out: the save waits, and comes
-  // with the first tick behind the filter.
-  if (next == c.state.SaveInterval && CacheDesLignes(CompteLignes(c.document()))) return;
+  if (next == c.state.SaveInterval && SauvegardeAttend(c)) return;
   c.state.CompteurTimer = next;
   if (next != c.state.SaveInterval) return;
   c.state.CompteurTimer = 0;

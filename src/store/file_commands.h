@@ -22,6 +22,8 @@ void MnuEnregistrer_Click(CommandContext c);
 void MnuEnrSous_Click(CommandContext c);
 void MnuFusionner_Click(CommandContext c);
 void MnuGrouper_Click(CommandContext c);
+/// Reads the open file once more, where its rows made one row, with LF as the end of a line too.
+void RouvreEnLf(CommandContext c);
 /// `index` 0 to 3: the entry of LastFiles.
 void MnuLastFile_Click(CommandContext c, int index);
 

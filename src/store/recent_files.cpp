@@ -19,6 +19,16 @@ void MajLastFiles(SettingsState& settings, const std::string& path) {
   std::rotate(files.begin(), found, found + 1);
 }
 
+void RetireDernierFichier(SettingsState& settings, const std::string& path) {
+  auto& files = settings.LastFiles;
+  const auto found = std::find_if(files.begin(), files.end(), [&](const std::string& entry) {
+    return EgalSansCasse(Rogne(entry), path);
+  });
+  if (found == files.end()) return;
+  std::rotate(found, found + 1, files.end());
+  files.back().clear();
+}
+
 std::string LegendeDernierFichier(int index, std::string_view path) {
   return "&" + Str(std::int64_t{index} + 1) + " " + std::string(path);
 }

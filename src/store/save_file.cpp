@@ -3,6 +3,7 @@
 #include "common/msg_id.h"
 #include "common/paths.h"
 #include "common/string_table.h"
+#include "common/text.h"
 #include "platform/commands.h"
 
 namespace talpena {
@@ -12,11 +13,21 @@ std::string CheminSecours(const std::string& path) {
   return DossierDe(path) + name.substr(0, name.find('.')) + ".BAK";
 }
 
+void SaveFile::Ouvre() {
+  io_.files.SupprimeRestes(path_);
+  file_ = io_.files.CreeComme(path_, {.modele = plan_.modele, .memeProtege = plan_.memeProtege});
+}
+
 void SaveFile::Termine() {
-  file_->Remplace();
+  if (!plan_.bak.empty() && AncienEntier()) {
+    file_->RemplaceEnGardant(plan_.bak);
+  } else {
+    file_->Remplace();
+  }
   file_.reset();
   if (fichier_.FichierIncomplet == path_) fichier_.FichierIncomplet.clear();
   NoteEmpreinte();
+  io_.files.SupprimeRestes(path_);  // the file stands again: what was kept for want of it may go
 }
 
 void SaveFile::Tronque() {
@@ -24,34 +35,38 @@ void SaveFile::Tronque() {
     if (file_) PlaceTronque();
   } catch (const TalpenaError& failure) {
     Bip(state_, io_);
-    AfficheErreur(io_, failure.number(),
-                  failure.description() + "\n" + Texte(state_.Langue, MsgId::AncienFichierReste));
+    AfficheErreur(io_, failure.number(), failure.description() + DitAncien());
   }
   file_.reset();
   if (!io_.files.Existe(path_)) fichier_.FichierIncomplet = path_;
 }
 
 void SaveFile::PlaceTronque() {
-  const bool former = io_.files.Existe(path_) && fichier_.FichierIncomplet != path_;
-  if (former) GardeAncien();
-  try {
-    file_->RemplaceTronque();
-  } catch (const TalpenaError&) {
-    if (former && !io_.files.Existe(path_)) io_.files.Renomme(CheminSecours(path_), path_);
-    throw;
+  file_->Coupe("\r\n");
+  if (AncienEntier()) {
+    if (io_.files.MemeFichier(path_, Garde())) {
+      throw TalpenaError(ErrorNumber::FileExists, "File already exists: " + Garde());
+    }
+    io_.files.VerifieGarde(path_, Garde());
+    file_->RemplaceEnGardant(Garde());
+  } else {
+    file_->Remplace();
   }
   fichier_.FichierIncomplet = path_;
   NoteEmpreinte();
 }
 
-void SaveFile::GardeAncien() {
-  const std::string backup = CheminSecours(path_);
-  const auto former = io_.files.Empreinte(path_);
-  if (backup == path_ || former == io_.files.Empreinte(backup)) {
-    throw TalpenaError(ErrorNumber::FileExists, "File already exists: " + backup);
-  }
-  if (io_.files.Existe(backup)) io_.files.Supprime(backup);
-  io_.files.Renomme(path_, backup);
+bool SaveFile::AncienEntier() {
+  return fichier_.FichierIncomplet != path_ && io_.files.Existe(path_);
+}
+
+std::string SaveFile::Garde() const { return plan_.bak.empty() ? CheminSecours(path_) : plan_.bak; }
+
+/// Where the former file is now, behind a failure.
+std::string SaveFile::DitAncien() {
+  if (io_.files.Existe(path_)) return "\n" + Texte(state_.Langue, MsgId::AncienFichierReste);
+  if (!io_.files.Existe(Garde())) return {};
+  return "\n" + Remplace(Texte(state_.Langue, MsgId::AncienFichierGarde), "%1", Garde());
 }
 
 void SaveFile::NoteEmpreinte() {

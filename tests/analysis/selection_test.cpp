@@ -125,5 +125,25 @@ TEST_F(SelectionTest, WorksBeforeAnyFileWasRead) {
   EXPECT_EQ(fresh.state.document.Data1.recordset().RecordCount(), 0);
 }
 
+struct WordCase {
+  const char* before;
+  const char* word;
+};
+
+TEST(SelectionWords, TheWordBeforeTheCursorIsCompleted) {
+  constexpr WordCase cases[] = {{"", ""},
+                                {"la", "la"},
+                                {"PERIOD = 2 AND n", "n"},
+                                {"PERIOD = 2", ""},
+                                {"PERIOD ", ""},
+                                {"(LAT", "LAT"},
+                                {"[COM", "COM"},
+                                {"SEX LIKE 'F", ""},
+                                {"SEX LIKE 'F' OR DA", "DA"},
+                                {"COMMENT LIKE \"d'eau\" AND O", "O"},
+                                {"N1", "N1"}};
+  for (const auto& [before, word] : cases) EXPECT_EQ(MotACompleter(before), word) << before;
+}
+
 }  // namespace
 }  // namespace talpena::test

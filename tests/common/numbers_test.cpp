@@ -201,6 +201,16 @@ TEST(Str, WritesTheShortestDecimal) {
   for (const StrCase& c : cases) EXPECT_EQ(Str(c.value), c.text);
 }
 
+TEST(StrSimple, HasSevenDigitsAtMost) {
+  EXPECT_EQ(StrSimple(57.033161F), "57.03316");
+  EXPECT_EQ(StrSimple(-3.7496240F), "-3.749624");
+  EXPECT_EQ(StrSimple(50.85F), "50.85");
+  EXPECT_EQ(StrSimple(1.9999998F), "2");
+  EXPECT_EQ(StrSimple(16777216.0F), "16777220");
+  EXPECT_EQ(StrSimple(0.0F), "0");
+  EXPECT_EQ(StrSimple(-0.000001234567F), "-1.234567E-06");
+}
+
 TEST(Str, WritesSinglesByTheirOwnPrecision) {
   EXPECT_EQ(Str(50.85F), "50.85");
   EXPECT_EQ(Str(0.1F), "0.1");

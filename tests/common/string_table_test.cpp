@@ -72,6 +72,20 @@ TEST(StringTable, HoldsTheSameIdsInEveryBlock) {
   for (const std::int16_t langue : translated) EXPECT_EQ(Ids(langue), ids) << langue;
 }
 
+// A straight apostrophe between letters beside the curved one of the language looks careless.
+TEST(StringTable, WritesEveryApostropheTheSameWay) {
+  ForEachTranslation([](int, const std::string&, const std::string& text) {
+    EXPECT_EQ(text.find('\''), std::string::npos) << text;
+  });
+}
+
+TEST(StringTable, CallsASquareOfTheIfblByOneNameInDutch) {
+  for (const StringEntry& entry : BlocDeTextes(Dutch)) {
+    EXPECT_EQ(entry.text.find("kwadra"), std::string_view::npos) << entry.text;
+    EXPECT_EQ(entry.text.find("IFBL hok"), std::string_view::npos) << entry.text;
+  }
+}
+
 TEST(StringTable, HoldsTheIdsOfEveryRange) {
   const auto covered = [](int first, int last) {
     for (int id = first; id <= last; ++id) EXPECT_FALSE(Texte(English, id).empty()) << id;
@@ -106,6 +120,7 @@ TEST(StringTable, HoldsTheIdsOfEveryRange) {
   covered(780, 797);  // gazetteer
   covered(800, 808);  // datums
   covered(810, 814);  // preferences
+  covered(820, 822);  // working folder
   covered(870, 882);  // user guide
   covered(901, 919);  // saving, status, grid
   covered(920, 930);  // names, about, saving

@@ -11,6 +11,12 @@ namespace {
 using test::CoordsWorld;
 using test::Lines;
 
+std::string faulty(const std::string& count) {
+  return "Rows whose coordinates name no place: " + count +
+         ". They keep their point and are now selected in the table, so that they can be put right."
+         "\n";
+}
+
 TEST(AjusteDegres, RecomputesFromOriginal) {
   CoordsWorld w;
   w.Montre({{"WGS84", "deg +50.50000 +004.25000"}, {"WGS84", " utm 31 500000 5000000 "}});
@@ -73,14 +79,16 @@ TEST(AjusteDegres, TellsThatTheFilesDatumIsUnknown) {
 }
 
 // A latitude of 50412 degrees has no radius of curvature.
-TEST(AjusteDegres, EndsAtAFaultAndNamesTheRow) {
+TEST(AjusteDegres, LeavesARowThatTheArithmeticHasNoResultFor) {
   CoordsWorld w;
   test::Entete(w.state.document)->DatumFichier = w.state.Catalogue.DatumEur;
   w.state.Silence = false;
   w.Montre({{"EUR-M", "deg 5 6"}, {"WGS84", "deg 50412 3921"}, {"EUR-M", "deg 7 8"}});
   AjusteDegres(w.Contexte(), SansMaille, SansMaille);
-  EXPECT_EQ(w.Points(), (Lines{"5 6", "1 2", "1 2"}));
-  EXPECT_EQ(w.Boites(), (Lines{"DEG 50412 3921\n\nError 5\nInvalid procedure call or argument"}));
+  EXPECT_EQ(w.Points(), (Lines{"5 6", "1 2", "7 8"}));
+  EXPECT_EQ(w.Boites(),
+            (Lines{faulty("1") + "\nRow 2: deg 50412 3921 (the latitude 50412° lies beyond 90°)"}));
+  EXPECT_EQ(w.vue.selection, (std::vector<Bookmark>{2}));
   EXPECT_TRUE(w.state.document.FichierModifie());
   EXPECT_FALSE(w.vue.grilleGelee);
   EXPECT_FALSE(w.vue.sablier);
@@ -266,6 +274,52 @@ TEST(ChangeDatumFichier, LeavesTheRowsWhileNoGridIsShown) {
   w.Montre({{"WGS84", "deg 50.5 4.25"}});
   ChangeDatumFichier(w.Contexte(), "EUR-M");
   EXPECT_EQ(w.Points(), (Lines{"1 2"}));
+}
+
+TEST(ChangeDatumFichier, ComputesAllRowsButOneThatIsNoPlace) {
+  CoordsWorld w;
+  w.state.document.AjusteGrille();
+  test::Entete(w.state.document)->DatumFichierCode = "EUR-M";
+  test::Entete(w.state.document)->DatumFichier = w.state.Catalogue.DatumEur;
+  w.Montre({{"EUR-M", "deg 50.50085 4.25129"},
+            {"EUR-M", "deg 5041.234 3.9"},
+            {"EUR-M", "deg 50.50085 4.25129"},
+            {"EUR-M", "deg 50.50085 4.25129"}});
+  ChangeDatumFichier(w.Contexte(), "WGS84");
+  EXPECT_EQ(w.Points(), (Lines{"50.5 4.25", "1 2", "50.5 4.25", "50.5 4.25"}));
+  EXPECT_EQ(w.state.document.Entete().DatumFichierCode, "WGS84");
+  EXPECT_EQ(w.Boites(),
+            (Lines{faulty("1") + "\nRow 2: deg 5041.234 3.9 (the latitude 5041.234° lies beyond "
+                                 "90°)"}));
+  EXPECT_EQ(w.vue.selection, (std::vector<Bookmark>{2}));
+}
+
+// A datum whose ellipsoid the catalogue lacks stands for a failure in the middle of the rows.
+TEST(ChangeDatumFichier, IsTakenBackAsAWholeByAFailure) {
+  CoordsWorld w;
+  w.state.document.AjusteGrille();
+  w.state.Catalogue.Datums.push_back({0, 0, 0, 0, 0, 9999, "BROKE", "", "", 1});
+  w.Montre({{"WGS84", "deg 50.5 4.25"}, {"BROKE", "deg 50.5 4.25"}, {"WGS84", "deg 50.5 4.25"}});
+  ChangeDatumFichier(w.Contexte(), "EUR-M");
+  EXPECT_EQ(w.Points(), (Lines{"1 2", "1 2", "1 2"}));
+  EXPECT_EQ(w.state.document.Entete().DatumFichierCode, "WGS84");
+  EXPECT_EQ(w.state.document.Entete().DatumFichier, w.state.Catalogue.DatumWgs84);
+  EXPECT_FALSE(w.state.document.FichierModifie());
+  EXPECT_EQ(w.Boites().size(), 1U);
+  EXPECT_FALSE(w.vue.grilleGelee);
+}
+
+TEST(ChangeDatumFichier, TellsRowsThatTheFilterHides) {
+  CoordsWorld w;
+  w.state.document.AjusteGrille();
+  w.Montre({{"WGS84", "deg 95 4", "1"}, {"WGS84", "deg 50 4", "20"}, {"WGS84", "deg 96 4", "20"}});
+  w.state.document.MontreLignes(RowsShown::Filtrees("LATITUDE > 10"));
+  ChangeDatumFichier(w.Contexte(), "EUR-M");
+  EXPECT_EQ(w.Points()[0], "1 2");
+  EXPECT_EQ(w.Boites(),
+            (Lines{faulty("2") + "\nRow 2: deg 96 4 (the latitude 96° lies beyond 90°)"
+                                 "\nRow not shown: deg 95 4 (the latitude 95° lies beyond 90°)"}));
+  EXPECT_EQ(w.state.document.Data1.recordset().RecordCount(), 2);
 }
 
 }  // namespace

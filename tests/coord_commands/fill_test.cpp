@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "common/text.h"
 #include "store/coords_world.h"
 
 namespace talpena {
@@ -36,8 +39,8 @@ TEST(MnuRemplirCoo, WritesMgrsAndItsFailures) {
   w.Montre({A("50.85", "4.35"), A("-85", "10"), A("85", "10", "abc"), A("20.5", "-152.9")});
   w.dialogues.answers = {Answer::Ok};
   MnuRemplirCoo_Click(w.Contexte(), 0);
-  EXPECT_EQ(w.Commentaires(),
-            (Lines{"31UES9503234013", "S  POLAR REGION", "abc N  POLAR REGION", "5QNC1042866816"}));
+  EXPECT_EQ(w.Commentaires(), (Lines{"31UES9503234013", "S  POLAR REGION", "abc N  POLAR REGION",
+                                     " 5QNC1042866816"}));
   EXPECT_TRUE(w.state.document.FichierModifie());
 }
 
@@ -68,7 +71,22 @@ TEST(MnuRemplirXY, WritesGradesWithoutAChangeOfDatum) {
   w.Montre({A("45", "2.337222"), A("49.5", "4.137222", "x")});
   MnuRemplirXY_Click(w.Contexte(), 1);
   EXPECT_EQ(w.Commentaires()[0].substr(0, 3), "50,");
-  EXPECT_EQ(w.Commentaires()[1].substr(0, 7), "x,55,1.");
+  EXPECT_EQ(w.Commentaires()[1], "x,55,2");
+}
+
+TEST(MnuRemplirXY, WritesGradesWithSevenDigitsAtMost) {
+  CoordsWorld w;
+  w.Montre({A("51.329844", "-1.0374396"), A("0.0000123456789", "2.337222")});
+  MnuRemplirXY_Click(w.Contexte(), 1);
+  EXPECT_EQ(w.Commentaires()[0], "57.03316,-3.749624");
+  for (const std::string& comment : w.Commentaires()) {
+    for (const std::string& number : Decoupe(comment, ',')) {
+      std::string digits = number.substr(0, number.find('E'));
+      std::erase_if(digits, [](char c) { return c < '0' || c > '9'; });
+      const std::size_t first = std::min(digits.find_first_not_of('0'), digits.size());
+      EXPECT_LE(digits.size() - first, 7U) << number;
+    }
+  }
 }
 
 TEST(MnuRemplirXY, WritesLambertInWholeMetres) {
@@ -118,6 +136,14 @@ TEST(MnuRemplirTexte, AppendsWithTheSeparator) {
   MnuRemplirTexte_Click(w.Contexte());
   EXPECT_EQ(w.Commentaires(), (Lines{"abc/x", "x"}));
   EXPECT_EQ(w.dialogues.asked[0].prompt, "Text to insert at the begin of each free field");
+}
+
+TEST(MnuRemplirTexte, WritesTheAnswerWithItsBlanks) {
+  CoordsWorld w;
+  w.dialogues.inputs = {" x "};
+  w.Montre({A("50", "4", "abc"), A("50", "4")});
+  MnuRemplirTexte_Click(w.Contexte());
+  EXPECT_EQ(w.Commentaires(), (Lines{"abc/ x ", " x "}));
 }
 
 TEST(MnuRemplirTexte, EndsOnAnEmptyAnswer) {

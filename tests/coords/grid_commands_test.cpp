@@ -93,6 +93,24 @@ constexpr FolderCommand FolderCommands[] = {
     {"CreationIFBLGridPolygon", CreationIFBLGridPolygon, "/maps/ifbl01x01.mif"},
 };
 
+TEST(GridCommands, TheQuestionForTheFolderSaysWhatIsWrittenThere) {
+  for (const int langue : {0, 1000, 3000, 4000, 5000}) {
+    for (const FolderCommand& c : FolderCommands) {
+      SCOPED_TRACE(std::string(c.name) + ", " + std::to_string(langue));
+      World w;
+      w.state.Langue = static_cast<std::int16_t>(langue);
+      w.ChoisitDossier();
+      c.command(w.state, w.io);
+      EXPECT_FALSE(w.DernierMessage().empty());
+      const std::string title = w.dialogues.fileDialogs.at(0).title;
+      const std::string file = std::string(c.file).substr(6, 9);  // "/maps/" is before it
+      EXPECT_NE(title.find(file.substr(0, file.find('.'))), std::string::npos) << title;
+      EXPECT_NE(title.find("IFBL"), std::string::npos) << title;
+      EXPECT_NE(title.find(' '), std::string::npos) << "a question, no bare name: " << title;
+    }
+  }
+}
+
 TEST(GridCommands, EndSilentlyWhenNoFolderIsChosen) {
   for (const FolderCommand& c : FolderCommands) {
     SCOPED_TRACE(c.name);

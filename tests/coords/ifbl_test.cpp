@@ -107,6 +107,14 @@ TEST(IfblVersLambert, CountsCharactersAndNotBytes) {
   EXPECT_EQ(d.y, 18180 + 20000 + 2000);
 }
 
+TEST(IfblVersLambert, PassesOverNoBreakBlanks) {
+  const Decoded plain = Decode("G33643"), broken = Decode("G3\u00A036\u202F43\u2007");
+  EXPECT_EQ(broken.error, 0);
+  EXPECT_EQ(broken.x, plain.x);
+  EXPECT_EQ(broken.y, plain.y);
+  EXPECT_TRUE(NommeCarreIfbl("G3\u00A036"));
+}
+
 /// Encodes and decodes the centre of every square of a size; the codes are all different.
 void TournePartout(int widthM, int heightM, int level, std::size_t count) {
   std::set<std::string> codes;

@@ -299,6 +299,72 @@ TEST(DecodeOriginal, RoundTripsEveryNotation) {
   }
 }
 
+/// The points of texts that should be the same; not EXPECT_EQ alone, since 999 is one too.
+void ComparePoints(CoordState& state, CoordSystem system, const std::string& plain,
+                   const std::string& other) {
+  double latitude = 0, longitude = 0, otherLatitude = 0, otherLongitude = 0;
+  std::string code, otherCode;
+  const std::int16_t datum = DatumDuSysteme(state, system);
+  DecodeOriginal(state, plain, datum, latitude, longitude, code);
+  DecodeOriginal(state, other, datum, otherLatitude, otherLongitude, otherCode);
+  EXPECT_EQ(otherLatitude, latitude) << plain << " | " << other;
+  EXPECT_EQ(otherLongitude, longitude) << plain << " | " << other;
+  EXPECT_EQ(otherCode, code);
+}
+
+TEST(DecodeOriginal, TakesNoBreakBlanksForBlanksInEveryNotation) {
+  CoordState state;
+  test::PoseCatalogue(state);
+  test::OriginalMaker maker(state);
+  for (int i = 0; i < CoordSystemCount; ++i) {
+    const auto system = static_cast<CoordSystem>(i);
+    for (const char* blank : {"\u00A0", "\u202F", "\u2007"}) {
+      const std::string plain = maker.Original(system);
+      ComparePoints(state, system, plain, Remplace(plain, " ", blank));
+      ComparePoints(state, system, plain, plain + blank);
+      ComparePoints(state, system, plain, plain + " " + blank + blank);
+      ComparePoints(state, system, plain, blank + plain);
+    }
+  }
+}
+
+TEST(DecodeOriginal, CountsACharacterBeyondAsciiAsOneWithoutMeaning) {
+  CoordState state;
+  test::PoseCatalogue(state);
+  test::OriginalMaker maker(state);
+  for (int i = 0; i < CoordSystemCount; ++i) {
+    const auto system = static_cast<CoordSystem>(i);
+    const std::string plain = maker.Original(system);
+    for (std::size_t at = 4; at < plain.size(); ++at) {
+      const auto with = [&](const char* character) {
+        return plain.substr(0, at) + character + plain.substr(at + 1);
+      };
+      ComparePoints(state, system, with("~"), with("\u00C9"));
+      ComparePoints(state, system, with("~"), with("\u2103"));
+    }
+  }
+}
+
+TEST_F(DecodeOriginalTest, ReadsAReferenceWithANoBreakBlankBehindIt) {
+  Decode("BNG NN 7468", "OGB-M");
+  Attend("BNG NN 7468\u00A0", latitude, longitude, 0, "OGB-M");
+  Decode("ITM IO 1234", "IRL");
+  Attend("ITM IO 1234\u00A0", latitude, longitude, 0, "IRL");
+  Decode("MGR 31 U ES1234");
+  Attend("MGR 31 U ES1234\u00A0", latitude, longitude, 0);
+}
+
+TEST_F(DecodeOriginalTest, SaysWhetherTheArithmeticFailed) {
+  const auto read = [&](const char* text) {
+    return DecodeOriginal(state, text, state.Catalogue.DatumWgs84, latitude, longitude, code);
+  };
+  EXPECT_EQ(read("DEG 5041.234 3.9"), Lecture::Point);
+  EXPECT_EQ(read("UTM 31 0 5"), Lecture::Aucun);
+  EXPECT_EQ(read("XYZ 1 2"), Lecture::Aucun);
+  EXPECT_EQ(read("DEG 1E999 0"), Lecture::Faute);
+  EXPECT_EQ(read("LMB 150000 5400088.4378"), Lecture::Faute);
+}
+
 TEST_F(DecodeOriginalTest, EndsWithNumbersOnAnyText) {
   std::mt19937 random(20260212);
   const std::string letters = "0123456789.,+-eEdD  ABCJMNSTUXZ*?\xC3\x89\t";

@@ -57,6 +57,23 @@ TEST(NombreDe, TakesAPointOrAComma) {
   EXPECT_THROW(NombreDe("1E999"), TalpenaError);
 }
 
+TEST(NombreDe, PassesOverNoBreakBlanks) {
+  EXPECT_EQ(NombreDe("150\u00A0000,5"), 150000.5);
+  EXPECT_EQ(NombreDe("\u202F-3\u2007"), -3);
+}
+
+TEST(OriginalLisible, HasOneByteForEachCharacter) {
+  std::string text = "before";
+  OriginalLisible(" bng\u00A0nn 74\u00E968\u202F ", text);
+  EXPECT_EQ(text,
+            "BNG NN 74\x7f"
+            "68");
+  OriginalLisible("  deg 1 2 ", text);
+  EXPECT_EQ(text, "DEG 1 2");
+  OriginalLisible("\u00A0\u2007", text);
+  EXPECT_EQ(text, "");
+}
+
 TEST(RemplaceCar, ReplacesEveryOccurrence) {
   std::string text = "1,2,3";
   RemplaceCar(text, ',', '.');

@@ -33,7 +33,7 @@ def xdotool(*arguments):
 class Program:
     """One running Talpena with settings and temporary folder of its own."""
 
-    def __init__(self, binary, folder, arguments, cwd="/"):
+    def __init__(self, binary, folder, arguments, cwd="/", environment=None):
         self.environment = dict(os.environ, HOME=folder, TEMP=os.path.join(folder, "temp"),
                                 XDG_CONFIG_HOME=os.path.join(folder, "config"),
                                 XDG_CACHE_HOME=os.path.join(folder, "cache"),
@@ -41,6 +41,7 @@ class Program:
                                 QT_QPA_PLATFORM="xcb", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1")
         os.makedirs(self.environment["TEMP"], exist_ok=True)
         os.makedirs(self.environment["XDG_RUNTIME_DIR"], mode=0o700, exist_ok=True)
+        self.environment.update(environment or {})
         self.process = subprocess.Popen([binary, *arguments], env=self.environment, cwd=cwd,
                                         stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
@@ -118,8 +119,9 @@ class Scenario:
         self.folder = tempfile.mkdtemp(prefix="talpena-endtoend-")
         self.running = []
 
-    def start(self, *arguments, binary=None):
-        program = Program(binary or self.binary, self.folder, arguments)
+    def start(self, *arguments, binary=None, **environment):
+        """Further names are variables of the program's environment."""
+        program = Program(binary or self.binary, self.folder, arguments, environment=environment)
         self.running.append(program)
         return program
 

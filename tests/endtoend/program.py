@@ -7,14 +7,16 @@ import subprocess
 import sys
 
 import editor
+import faults
+import kills
 import maps
 import start_stop
 import table
 from driver import Scenario, wait_for, xdotool
 
 SKIPPED = 77
-NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
-SCENARIOS = start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
+NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session", "strace"]
+SCENARIOS = start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS + kills.SCENARIOS + faults.SCENARIOS
 
 
 def inside(binary, name):

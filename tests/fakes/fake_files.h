@@ -66,6 +66,13 @@ class FakeFiles : public FileSystem {
     journal.push_back("Renomme " + from + " " + to);
   }
 
+  void Double(const std::string& path, const std::string& copy) override {
+    Refuse(copy);
+    if (Existe(copy)) Echoue(ErrorNumber::FileExists, copy);
+    Pose(copy, Contenu(path));
+    journal.push_back("Double " + path + " " + copy);
+  }
+
   std::optional<FileStamp> Empreinte(const std::string& path) override {
     const auto it = files_.find(path);
     if (it == files_.end()) return std::nullopt;
@@ -118,6 +125,15 @@ class FakeFiles : public FileSystem {
     void Remplace() override {
       owner_.Pose(path_, bytes_);
       owner_.journal.push_back("Remplace " + path_);
+    }
+    void RemplaceEnGardant(const std::string& backup) override {
+      if (owner_.Existe(backup)) owner_.Supprime(backup);
+      if (owner_.Existe(path_)) owner_.Renomme(path_, backup);
+      Remplace();
+    }
+    void Coupe(std::string_view end) override {
+      const std::size_t found = bytes_.rfind(end);
+      bytes_.resize(found == std::string::npos ? 0 : found + end.size());
     }
 
    private:

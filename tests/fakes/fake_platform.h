@@ -190,20 +190,27 @@ class FakeClock : public Clock {
  public:
   int annee = 2011, mois = 7, jour = 4;
   int AnneeCourante() override { return annee; }
+  DayTime heure{8, 30, 0};
   CalendarDate DateCourante() override { return {annee, mois, jour}; }
+  DayTime HeureCourante() override { return heure; }
 };
 
 class FakeEnvironment : public Environment {
  public:
   std::map<std::string, std::string> variables;
   std::string cd = "D:\\";
-  std::vector<std::string> dossiers;           ///< folders the process changed to
-  bool changePossible = true;                  ///< false: those folders do not exist
-  std::optional<std::int64_t> memoire, place;  ///< bytes that are free
+  std::vector<std::string> dossiers;               ///< folders the process changed to
+  bool changePossible = true;                      ///< false: those folders do not exist
+  std::string prive = "/home/ann/.cache/Talpena";  ///< "": it cannot be made
+  std::optional<std::int64_t> memoire, place;      ///< bytes that are free
   std::optional<std::int64_t> MemoireLibre() override { return memoire; }
   std::optional<std::int64_t> PlaceLibre(const std::string&) override { return place; }
   std::string Variable(std::string_view name) override { return variables[std::string(name)]; }
   std::string DossierTemporaire() override { return variables["TEMP"]; }
+  std::string DossierPrive() override {
+    if (prive.empty()) throw TalpenaError(ErrorNumber::PathFileAccess, "no cache");
+    return prive;
+  }
   std::string LecteurCD() override { return cd; }
   bool ChangeDossier(const std::string& folder) override {
     dossiers.push_back(folder);

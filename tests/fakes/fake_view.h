@@ -3,7 +3,6 @@
 #include <array>
 #include <optional>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "coord_commands/adjust.h"
@@ -28,9 +27,9 @@ class FakeView : public MainWindowView, public WaitView, public StorePort, publi
   std::optional<ColumnRange> colonnes;  ///< columns chosen in the grid
   int colonneCourante = 0;
   bool grilleGelee = false;
-  bool annulable = false;      ///< the user may give up
-  bool abandon = false;        ///< and does
-  std::vector<bool> sabliers;  ///< every hourglass and every pointer, in order
+  Annulation annulable = Annulation::Aucune;  ///< the user may give up
+  int abandonDans = 0;                        ///< beats until he does; 0 for never
+  std::vector<bool> sabliers;                 ///< every hourglass and every pointer, in order
 
   /// From now on it shows the document, as the main window does.
   void Suit(Document& document) {
@@ -53,8 +52,11 @@ class FakeView : public MainWindowView, public WaitView, public StorePort, publi
   void MontreProgression(double p) override { progression.push_back(static_cast<int>(p)); }
   void TraiteMessages() override { Note("TraiteMessages"); }
   void GeleGrille(bool frozen) override { grilleGelee = frozen; }
-  bool Bat() override { return !(annulable && std::exchange(abandon, false)); }
-  void PermetAnnulation(bool allowed) override { annulable = allowed; }
+  bool Bat() override { return annulable != Annulation::Instruction || !EstAbandonne(); }
+  bool EstAbandonne() override {
+    return annulable != Annulation::Aucune && abandonDans > 0 && --abandonDans == 0;
+  }
+  void PermetAnnulation(Annulation where) override { annulable = where; }
 
   void MontreOptionsPeriodes() override { ++periodes, Note("MontreOptionsPeriodes"); }
   void RecalculeCoordonnees() override { Note("RecalculeCoordonnees"); }

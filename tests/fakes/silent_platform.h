@@ -47,12 +47,14 @@ class StandingClock : public Clock {
  public:
   int AnneeCourante() override { return 2011; }
   CalendarDate DateCourante() override { return {2011, 7, 4}; }
+  DayTime HeureCourante() override { return {}; }
 };
 
 class NoEnvironment : public Environment {
  public:
   std::string Variable(std::string_view) override { return {}; }
   std::string DossierTemporaire() override { return {}; }
+  std::string DossierPrive() override { return {}; }
   std::string LecteurCD() override { return "D:\\"; }
   bool ChangeDossier(const std::string&) override { return true; }
 };

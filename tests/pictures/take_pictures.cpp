@@ -17,6 +17,7 @@
 #include <utility>
 #include <vector>
 
+#include "fakes/dark_palette.h"
 #include "machine.h"
 #include "pictures/gallery.h"
 #include "platform/qt/single_instance.h"
@@ -35,23 +36,6 @@ struct LanguageName {
 constexpr std::array languages = {LanguageName{0, "fr"}, LanguageName{3, "de"},
                                   LanguageName{4, "it"}, LanguageName{5, "nl"},
                                   LanguageName{1, "en"}};
-
-QPalette PaletteSombre() {
-  const QColor text(0xE6, 0xE6, 0xE6);
-  QPalette dark(QColor(0x35, 0x37, 0x3B), QColor(0x2B, 0x2D, 0x30));
-  dark.setColor(QPalette::Base, QColor(0x3B, 0x3E, 0x43));
-  dark.setColor(QPalette::AlternateBase, QColor(0x41, 0x44, 0x49));
-  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
-    dark.setColor(role, text);
-    dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x82, 0x85));
-  }
-  dark.setColor(QPalette::Highlight, QColor(0x2F, 0x65, 0xCA));
-  dark.setColor(QPalette::HighlightedText, Qt::white);
-  dark.setColor(QPalette::Link, QColor(0x6C, 0xA6, 0xFF));
-  dark.setColor(QPalette::ToolTipBase, QColor(0x3C, 0x3F, 0x43));
-  dark.setColor(QPalette::ToolTipText, text);
-  return dark;
-}
 
 class Photographer {
  public:
@@ -95,7 +79,7 @@ bool PrendImages(Form1& form, const QString& folder) {
     QApplication::setPalette(light);
     MnuLang_Click(form.Contexte(), language.index);
     PrendToutes(photographer, form, form.Contexte(), code);
-    QApplication::setPalette(PaletteSombre());
+    QApplication::setPalette(test::PaletteSombre());
     PrendToutes(photographer, form, form.Contexte(), code + QStringLiteral("_dark"));
   }
   return photographer.Reussi();

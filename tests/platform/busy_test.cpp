@@ -24,8 +24,10 @@ class ListedView : public WaitView {
   }
   void TraiteMessages() override { calls.emplace_back("painted"); }
   void GeleGrille(bool on) override { calls.emplace_back(on ? "frozen" : "thawed"); }
-  bool Bat() override { return !cancelled; }
-  void PermetAnnulation(bool on) override { calls.emplace_back(on ? "cancelable" : "for good"); }
+  bool EstAbandonne() override { return cancelled; }
+  void PermetAnnulation(Annulation where) override {
+    calls.emplace_back(where == Annulation::Aucune ? "for good" : "cancelable");
+  }
   bool cancelled = false;
 };
 

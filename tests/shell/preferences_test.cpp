@@ -302,6 +302,20 @@ TEST_F(PreferTest, OkComputesTheRowsAnewAlsoOnTheSameDatum) {
   EXPECT_TRUE(state.document.FichierModifie());
 }
 
+// A datum whose ellipsoid the catalogue lacks stands for a failure in the middle of the rows.
+TEST_F(PreferTest, OkChangesDatumAndRowsOrNeither) {
+  state.Catalogue.Datums.push_back({0, 0, 0, 0, 0, 9999, "BROKE", "", "", 1});
+  Montre({{"WGS84", "deg +50.00000 +004.00000"}, {"BROKE", "deg 1 1"}});
+  state.document.AjusteGrille();
+  form.cmbDatum = Entree("EUR-M");
+  dialogues.answers = {Answer::Ok};
+  EXPECT_TRUE(Ok());
+  EXPECT_EQ(Boites().size(), 2U) << "the question and the failure";
+  EXPECT_EQ(Points(), (Lines{"1 2", "1 2"}));
+  EXPECT_EQ(state.document.Entete().DatumFichierCode, "WGS84");
+  EXPECT_FALSE(state.document.FichierModifie());
+}
+
 TEST_F(PreferTest, OkOnRowsThatAreRightLeavesTheFileUnmodified) {
   Montre({{"WGS84", "deg +50.00000 +004.00000", "50", "4"}});
   state.document.AjusteGrille();

@@ -83,6 +83,9 @@ class JournalEngine : public TableEngine {
  public:
   explicit JournalEngine(Journal& journal) : journal_(journal) {}
   std::deque<int> failures;  ///< error numbers that the next calls of CreateDatabase raise
+  ForeignWait attente;
+
+  void SuitAttente(const ForeignWait& wait) override { attente = wait; }
 
   std::unique_ptr<Database> CreateDatabase(const std::string& path,
                                            const NewDatabase& settings) override {
@@ -141,6 +144,8 @@ class JournalFiles : public FakeFiles {
     steps_.push_back("Supprime " + path);
     FakeFiles::Supprime(path);
   }
+  std::vector<std::string> nettoyes;  ///< paths beside which left-overs were cleared away
+  void SupprimeRestes(const std::string& path) noexcept override { nettoyes.push_back(path); }
 
  private:
   Journal& steps_;

@@ -119,7 +119,7 @@ TEST(ChargeForm1, AnErrorEndsTheLoadInSilenceWhereItStands) {
 
 TEST(ChargeForm1, AnErrorKeepsWhatWasDoneBefore) {
   StartMachine m;
-  m.engine.failures = {ErrorNumber::PathFileAccess};
+  m.engine.failures = {ErrorNumber::PathFileAccess, ErrorNumber::PathFileAccess};
   m.Charge();
   EXPECT_EQ(m.state.WorkingDbPath, "/tmp/talpena_tmp.mdb");
   EXPECT_EQ(m.state.document.WorkingDb, nullptr);
@@ -150,6 +150,15 @@ TEST(ChargeForm1, Error3028WithNothingToDeleteEndsTheLoad) {
   EXPECT_TRUE(m.dialogues.boxes.empty());
 }
 
+TEST(ChargeForm1, TheWindowIsPaintedWhileAnotherMakersFileIsRead) {
+  StartMachine m;
+  m.Charge();
+  m.journal.clear();
+  ASSERT_TRUE(m.engine.attente);
+  EXPECT_TRUE(m.engine.attente());
+  EXPECT_EQ(m.journal, Journal{"TraiteMessages"});
+}
+
 TEST(ChargeForm1, EndsTheProcessWithoutADatumCatalogue) {
   StartMachine m;
   m.files.FakeFiles::Supprime("/opt/talpena/DATUM.MDB");
@@ -164,11 +173,20 @@ TEST(ChargeForm1, EndsTheProcessWithoutADatumCatalogue) {
 TEST(ChargeForm1, AMissingFileOfTheCommandLineLeavesTheMenusEnabled) {
   StartMachine m;
   m.Charge("/data/missing.deg");
-  EXPECT_EQ(m.state.document.Fichier.NomFichier, "/data/missing.deg");
+  EXPECT_EQ(m.state.document.Fichier.NomFichier, "");
+  EXPECT_EQ(m.state.document.Montre().titreFenetre, "Talpena");
   ASSERT_EQ(m.dialogues.boxes.size(), 1U);
   EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
   EXPECT_EQ(m.dialogues.boxes[0].icon, Icon::Stop);
   EXPECT_TRUE(m.vue.menusActifs);
+}
+
+TEST(ChargeForm1, ClearsLeftOversAwayWhereFilesWereOpenLast) {
+  StartMachine m;
+  m.settings.values[FakeSettings::Cle("TALPENA", "Paths", "LastDeg")] = "/data/moles/";
+  m.settings.values[FakeSettings::Cle("TALPENA", "Files", "LastFile1")] = "/data/b.deg";
+  m.Charge({});
+  EXPECT_EQ(m.files.nettoyes, (std::vector<std::string>{"/data/moles/", "/data/b.deg"}));
 }
 
 TEST(ChargeForm1, TheSplashIsGoneBeforeTheFileIsRead) {
@@ -196,7 +214,7 @@ TEST(LigneDeCommande, QuotesReachTheReaderAsTheyStand) {
   StartMachine m;
   m.files.Pose("/data/my moles.deg", "there");
   m.Charge(LigneDeCommande(quoted));
-  EXPECT_EQ(m.state.document.Fichier.NomFichier, "\"/data/my moles.deg\"");
+  EXPECT_EQ(m.state.document.Fichier.NomFichier, "");
   ASSERT_EQ(m.dialogues.boxes.size(), 1U);
   EXPECT_EQ(m.dialogues.boxes[0].text, "File not found");
 }

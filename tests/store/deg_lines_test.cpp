@@ -6,6 +6,7 @@
 
 #include "common/talpena_error.h"
 #include "fakes/fake_files.h"
+#include "fakes/memory_input.h"
 
 namespace talpena {
 namespace {
@@ -171,6 +172,33 @@ TEST(DegLines, AboveTheLimitAreNotReadToTheirEnd) {
   DegLines lines(std::make_unique<EndlessFile>(read));
   EXPECT_NE(Echec(lines, ErrorNumber::Overflow), "");
   EXPECT_LT(read, 3 * MaxHeaderLine);
+}
+
+/// A file that another program goes on writing to.
+class GrowingFile : public test::MemoryInput {
+ public:
+  using MemoryInput::MemoryInput;
+  std::int64_t Taille() const override { return 6; }
+};
+
+TEST(DegLines, EndWhereTheFileEndedWhenItWasOpened) {
+  DegLines lines(std::make_unique<GrowingFile>("a\r\nb\r\nc\r\nd\r\n", 4));
+  std::string_view line;
+  ASSERT_TRUE(lines.Lit(line));
+  ASSERT_TRUE(lines.Lit(line));
+  EXPECT_EQ(line, "b");
+  EXPECT_FALSE(lines.Lit(line));
+}
+
+TEST(DegLines, TellThatTheLastOneLooksLikeManyThatEndInLf) {
+  for (const auto& [text, lf] :
+       {std::pair{"a\r\nb\nc\n", true}, {"a\r\nb\nc\r\n", false}, {"a\r\nb", false}}) {
+    DegLines lines(std::make_unique<test::MemoryInput>(text));
+    std::string_view line;
+    while (lines.Lit(line)) {
+    }
+    EXPECT_EQ(lines.FinsLf(), lf) << text;
+  }
 }
 
 TEST(DegLines, PassFailuresOfTheDiskOn) {

@@ -7,6 +7,7 @@
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "store/deg_files.h"
+#include "store/file_commands.h"
 #include "store/world.h"
 
 namespace talpena {
@@ -438,6 +439,59 @@ TEST_F(LitDegTest, SaysWhyAFileCannotBeOpened) {
   world.Charge(EnTete2() + Rangee("1"));
   EXPECT_EQ(world.Boites(), Texts{"Permission denied: /data/f.deg"});
   EXPECT_EQ(world.Lignes(), Texts{});
+  ExpectFerme();
+}
+
+std::string SansCr(std::string bytes) {
+  bytes.erase(std::remove(bytes.begin(), bytes.end(), '\r'), bytes.end());
+  return bytes;
+}
+
+TEST_F(LitDegTest, RowsThatEndInLfAloneMakeOneRowAndCanBeOpenedLineByLine) {
+  state.document.Fichier.NomFichier = "/data/f.deg";
+  world.Charge(EnTete2() + SansCr(Rangee("1") + Rangee("2") + Rangee("3")));
+  EXPECT_EQ(world.Lignes().size(), 1U);
+  EXPECT_TRUE(state.document.Fichier.FinsLf);
+  RouvreEnLf(world.context);
+  EXPECT_EQ(world.Lignes(), (Texts{RangeeLue("1"), RangeeLue("2"), RangeeLue("3")}));
+  EXPECT_FALSE(state.document.Fichier.FinsLf);
+  EXPECT_FALSE(state.document.FichierModifie());
+}
+
+TEST_F(LitDegTest, AFileOfLfFromItsFirstLineCanBeOpenedLineByLineToo) {
+  state.document.Fichier.NomFichier = "/data/f.deg";
+  for (const std::size_t remark : {std::size_t{1}, std::size_t{2} << 20}) {
+    world.Charge(SansCr(EnTete2() + Rangee("1", std::string(remark, 'x')) + Rangee("2")));
+    EXPECT_EQ(world.Boites().size(), 1U);
+    EXPECT_TRUE(state.document.Fichier.FinsLf);
+    RouvreEnLf(world.context);
+    EXPECT_EQ(world.Lignes().size(), 2U);
+    EXPECT_FALSE(state.document.Fichier.FinsLf);
+  }
+}
+
+TEST_F(LitDegTest, LineBreaksInARemarkAreNoReasonToOfferThat) {
+  world.Charge(EnTete2() + Rangee("1", "one\ntwo"));
+  EXPECT_FALSE(state.document.Fichier.FinsLf);
+  world.Charge(EnTete2() + SansCr(Rangee("1") + Rangee("2")));
+  EXPECT_TRUE(state.document.Fichier.FinsLf);
+  world.Charge(EnTete2() + Rangee("1"));
+  EXPECT_FALSE(state.document.Fichier.FinsLf);
+}
+
+TEST_F(LitDegTest, TheUserMayGiveUpAndKeepsTheRowsBefore) {
+  std::string bytes = EnTete2();
+  for (int i = 0; i < 1000; ++i) bytes += Rangee("5");
+  world.vue.abandonDans = 400;
+  world.files.Pose("/data/f.deg", bytes);
+  EXPECT_EQ(LitDeg(world.context, "/data/f.deg", MergeMode::Replace), LoadOutcome::Failed);
+  EXPECT_EQ(
+      world.Boites(),
+      Texts{"Reading was ended: the table holds the first 399 rows of the file, and Save asks "
+            "before it replaces it."});
+  EXPECT_EQ(world.Lignes().size(), 399U);
+  EXPECT_EQ(LignesLiees().size(), 399U);
+  EXPECT_TRUE(state.document.Fichier.LecturePartielle);
   ExpectFerme();
 }
 

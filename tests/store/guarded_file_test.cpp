@@ -1,4 +1,8 @@
 // Files that a save replaces only when the user says so.
+#include <pwd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include "store/file_commands_fixture.h"
 
 namespace talpena::test {
@@ -6,8 +10,11 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* changedByAnother =
-    "The file has been changed by another program since it was opened or saved. Replace it?";
+const std::string keptBeside =
+    "\n\nA copy of the file as it is now will stay beside it: a 2011-07-04 08-30-00.deg";
+const std::string changedByAnother =
+    "The file has been changed by another program since it was opened or saved. Replace it?" +
+    keptBeside;
 
 // A file that another program changed
 
@@ -18,6 +25,7 @@ class ChangedFile : public FileCommands {
     EcritFichier(path, "somebody else's work");
     Modifie();
   }
+  std::string copy = folder / "a 2011-07-04 08-30-00.deg";
 };
 
 TEST_F(ChangedFile, IsNotSavedOverWithoutAYes) {
@@ -26,8 +34,9 @@ TEST_F(ChangedFile, IsNotSavedOverWithoutAYes) {
   ASSERT_EQ(Boites(), std::vector<std::string>{changedByAnother});
   EXPECT_EQ(dialogues.boxes[0].icon, Icon::Exclamation);
   EXPECT_EQ(dialogues.boxes[0].buttons, Buttons::YesNo);
+  EXPECT_EQ(dialogues.boxes[0].defaultButton, Answer::No);
   EXPECT_EQ(LitFichier(path), "somebody else's work");
-  EXPECT_FALSE(fs::exists(bak));
+  EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
   EXPECT_TRUE(state.document.FichierModifie());
 }
 
@@ -35,19 +44,53 @@ TEST_F(ChangedFile, GoesToTheBackupOnYes) {
   dialogues.answers = {Answer::Yes};
   MnuEnregistrer_Click(context);
   EXPECT_EQ(LitFichier(bak), "somebody else's work");
+  EXPECT_EQ(LitFichier(copy), "somebody else's work");
   EXPECT_FALSE(state.document.FichierModifie());
   Modifie();
   MnuEnregistrer_Click(context);  // ours again: nothing is asked
   EXPECT_EQ(dialogues.boxes.size(), 1U);
 }
 
-TEST_F(ChangedFile, IsAskedForByTheAutomaticSave) {
-  state.AutoSave = true;
-  state.SaveInterval = 1;
-  dialogues.answers = {Answer::No};
-  Timer1_Timer(context);
+TEST_F(ChangedFile, StaysBesideUnderANameOfItsOwnWhereNoBackupIsMade) {
+  dialogues.answers = {Answer::Yes, Answer::Yes};
+  EXPECT_FALSE(CheckSauvegarde(context));
+  EXPECT_EQ(LitFichier(copy), "somebody else's work");
+  EXPECT_EQ(Lignes(LitFichier(path)).size(), 10U);
+  EXPECT_FALSE(fs::exists(bak));
+}
+
+TEST_F(ChangedFile, NeverTakesThePlaceOfAnEarlierCopy) {
+  EcritFichier(copy, "an earlier copy");
+  dialogues.answers = {Answer::Yes};
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(LitFichier(copy), "an earlier copy");
+  EXPECT_EQ(LitFichier(folder / "a 2011-07-04 08-30-00 (2).deg"), "somebody else's work");
+}
+
+TEST_F(ChangedFile, IsNotReplacedWhereNoCopyCanBeMade) {
+  fs::create_directory(copy);
+  dialogues.answers = {Answer::Yes};
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(Boites().back(), "Error 58\nFile already exists: " + copy);
   EXPECT_EQ(LitFichier(path), "somebody else's work");
   EXPECT_TRUE(state.document.FichierModifie());
+}
+
+TEST_F(ChangedFile, MakesTheAutomaticSaveWaitAndSaySo) {
+  state.AutoSave = true;
+  state.SaveInterval = 1;
+  Timer1_Timer(context);
+  EXPECT_TRUE(dialogues.boxes.empty());
+  EXPECT_EQ(LitFichier(path), "somebody else's work");
+  EXPECT_TRUE(state.document.FichierModifie());
+  EXPECT_EQ(state.document.Montre().avis,
+            "The automatic save waits: Save has a question about the file.");
+  dialogues.answers = {Answer::Yes};
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(state.document.Montre().avis, "");
+  Modifie();
+  Timer1_Timer(context);  // nothing is in its way any more
+  EXPECT_FALSE(state.document.FichierModifie());
 }
 
 TEST_F(ChangedFile, IsAskedForBeforeAnotherFileIsOpened) {
@@ -81,7 +124,7 @@ class PartlyReadFile : public FileCommands {
   }
   std::string before;
   const std::string onlyPart =
-      "Only part of this file could be read. Replace it by the rows shown?";
+      "Only part of this file could be read. Replace it by the rows shown?" + keptBeside;
 };
 
 TEST_F(PartlyReadFile, IsNotSavedOverWithoutAYes) {
@@ -90,6 +133,7 @@ TEST_F(PartlyReadFile, IsNotSavedOverWithoutAYes) {
   dialogues.answers = {Answer::No};
   MnuEnregistrer_Click(context);
   EXPECT_EQ(Boites(), std::vector<std::string>{onlyPart});
+  EXPECT_EQ(dialogues.boxes[0].defaultButton, Answer::No);
   EXPECT_EQ(LitFichier(path), before);
   EXPECT_FALSE(fs::exists(bak));
 }
@@ -102,10 +146,79 @@ TEST_F(PartlyReadFile, GoesToTheBackupOnYes) {
   EXPECT_EQ(dialogues.boxes.size(), 1U);
 }
 
+TEST_F(PartlyReadFile, StaysBesideUnderANameOfItsOwn) {
+  Modifie();
+  dialogues.answers = {Answer::Yes, Answer::Yes};
+  EXPECT_FALSE(CheckSauvegarde(context));
+  EXPECT_EQ(LitFichier(folder / "a 2011-07-04 08-30-00.deg"), before);
+}
+
+TEST_F(PartlyReadFile, MakesTheAutomaticSaveWait) {
+  Modifie();
+  state.AutoSave = true;
+  state.SaveInterval = 1;
+  Timer1_Timer(context);
+  EXPECT_EQ(LitFichier(path), before);
+  EXPECT_NE(state.document.Montre().avis, "");
+}
+
 TEST_F(PartlyReadFile, IsForgottenByNew) {
   dialogues.inputs = {"1"};
   MnuNouveau_Click(context);
   EXPECT_FALSE(state.document.Fichier.LecturePartielle);
+}
+
+// A file that the user may not write into
+
+class ProtectedFile : public FileCommands {
+ protected:
+  void SetUp() override {
+    nobody_ = geteuid() == 0 ? getpwnam("nobody") : nullptr;
+    if (nobody_ == nullptr) GTEST_SKIP() << "needs root, to become the user nobody";
+    OuvreA(1);
+    ASSERT_EQ(chmod(path.c_str(), 0444), 0);
+    ASSERT_EQ(chmod(folder.path().c_str(), 0777), 0);
+    state.document.Fichier.EmpreinteFichier = files->Empreinte(path);
+    before = LitFichier(path);
+    Modifie();
+  }
+  /// Runs a command as somebody whom the protection holds.
+  template <typename Command>
+  void CommeNobody(Command&& command) {
+    ASSERT_EQ(seteuid(nobody_->pw_uid), 0);
+    command();
+    ASSERT_EQ(seteuid(0), 0);
+  }
+
+  const passwd* nobody_ = nullptr;
+  std::string before;
+  const std::string question = "The file is write-protected. Replace it all the same?";
+};
+
+TEST_F(ProtectedFile, IsNotSavedOverWithoutAYes) {
+  dialogues.answers = {Answer::No};
+  CommeNobody([&] { MnuEnregistrer_Click(context); });
+  EXPECT_EQ(Boites(), std::vector<std::string>{question});
+  EXPECT_EQ(dialogues.boxes[0].defaultButton, Answer::No);
+  EXPECT_EQ(LitFichier(path), before);
+  EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
+}
+
+TEST_F(ProtectedFile, IsSavedOnYes) {
+  dialogues.answers = {Answer::Yes};
+  CommeNobody([&] { MnuEnregistrer_Click(context); });
+  EXPECT_EQ(Boites(), std::vector<std::string>{question});
+  EXPECT_EQ(LitFichier(bak), before);
+  EXPECT_EQ(Lignes(LitFichier(path)).size(), 10U);
+}
+
+TEST_F(ProtectedFile, MakesTheAutomaticSaveWait) {
+  state.AutoSave = true;
+  state.SaveInterval = 1;
+  CommeNobody([&] { Timer1_Timer(context); });
+  EXPECT_TRUE(dialogues.boxes.empty());
+  EXPECT_EQ(LitFichier(path), before);
+  EXPECT_NE(state.document.Montre().avis, "");
 }
 
 }  // namespace

@@ -1,4 +1,9 @@
 // Open, and Merge, which opens a second file.
+#include <sys/stat.h>
+
+#include <filesystem>
+
+#include "platform/os/left_overs.h"
 #include "store/file_commands_fixture.h"
 #include "store/free_fields.h"
 
@@ -58,6 +63,7 @@ TEST_F(FileCommands, AFileThatCannotBeOpenedLeavesTheOpenOneWithItsName) {
     std::unique_ptr<OutputFile> Cree(const std::string& p) override { return files_.Cree(p); }
     void Supprime(const std::string& p) override { files_.Supprime(p); }
     void Renomme(const std::string& a, const std::string& b) override { files_.Renomme(a, b); }
+    void Double(const std::string& a, const std::string& b) override { files_.Double(a, b); }
     std::optional<FileStamp> Empreinte(const std::string& p) override {
       return files_.Empreinte(p);
     }
@@ -76,6 +82,107 @@ TEST_F(FileCommands, AFileThatCannotBeOpenedLeavesTheOpenOneWithItsName) {
   EXPECT_FALSE(state.document.Fichier.LecturePartielle);
   EXPECT_EQ(vue.titre, title);
   EXPECT_TRUE(vue.menusActifs);
+}
+
+// A file that is gone
+
+class GoneFile : public FileCommands {
+ protected:
+  GoneFile() { OuvreA(2); }
+
+  void Perd() { std::filesystem::rename(path, bak); }
+  void Ouvre() {
+    dialogues.paths = {path};
+    MnuOuvrir_Click(context);
+  }
+};
+
+TEST_F(GoneFile, WithoutAnythingBesideItIsNotFound) {
+  const std::string other = folder / "gone.deg";
+  const std::string title = vue.titre;
+  dialogues.paths = {other};
+  MnuOuvrir_Click(context);
+  EXPECT_EQ(Boites(), std::vector<std::string>{"File not found"});
+  EXPECT_EQ(dialogues.boxes[0].icon, Icon::Stop);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
+  EXPECT_EQ(vue.titre, title);
+  EXPECT_EQ(NombreLignes(), 2);
+}
+
+TEST_F(GoneFile, IsOpenedFromItsBackup) {
+  const std::string former = LitFichier(path);
+  Perd();
+  dialogues.answers = {Answer::Yes};
+  Ouvre();
+  EXPECT_EQ(
+      Boites(),
+      std::vector<std::string>{
+          "File not found\n\nBeside it stands its state before the last save. Open that?\n" + bak});
+  EXPECT_EQ(NombreLignes(), 2);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
+  EXPECT_EQ(vue.titre, "Talpena - " + path);
+  EXPECT_EQ(state.LastFiles[0], path);
+  EXPECT_TRUE(state.document.FichierModifie()) << "its rows are in no file of that name";
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(LitFichier(path), former);
+  EXPECT_EQ(LitFichier(bak), former) << "the last whole state stays";
+}
+
+TEST_F(GoneFile, StaysGoneOnNo) {
+  Perd();
+  dialogues.answers = {Answer::No};
+  Ouvre();
+  EXPECT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.BAK"});
+}
+
+TEST_F(GoneFile, IsOpenedFromAWholeTextRatherThanFromTheBackup) {
+  const std::string reste = folder / NomEntier(NomTemporaire("a.deg"));
+  Perd();
+  PoseFichier(reste, 3);
+  dialogues.answers = {Answer::Yes};
+  Ouvre();
+  EXPECT_EQ(NombreLignes(), 3);
+  EXPECT_EQ(dialogues.boxes[0].text,
+            "File not found\n\nBeside it stands what was last saved of it, complete. Open that?\n" +
+                reste);
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(Lignes(LitFichier(path)).size(), 11U);
+  EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));
+}
+
+TEST_F(GoneFile, IsOpenedFromWhatAKilledProgramWroteOfIt) {
+  const std::string reste = folder / NomTemporaire("b.deg");
+  PoseFichier(reste, 1);
+  dialogues.paths = {folder / "b.deg"};
+  dialogues.answers = {Answer::Yes};
+  MnuOuvrir_Click(context);
+  EXPECT_EQ(NombreLignes(), 1);
+  EXPECT_EQ(state.document.Fichier.NomFichier, folder / "b.deg");
+  EXPECT_EQ(dialogues.boxes.size(), 1U);
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.deg", "b.deg"}));
+}
+
+TEST_F(GoneFile, APipeInItsPlaceIsAnErrorAndNoWait) {
+  std::filesystem::remove(path);
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  Ouvre();
+  EXPECT_EQ(Boites(), std::vector<std::string>{"Path/File access error: " + path +
+                                               ", it is not an ordinary file"});
+  EXPECT_EQ(NombreLignes(), 2);
+  Modifie();
+  state.document.Fichier.EmpreinteFichier.reset();
+  dialogues.answers = {Answer::No};
+  MnuEnregistrer_Click(context);
+  EXPECT_EQ(dialogues.boxes.size(), 2U);
+  EXPECT_TRUE(std::filesystem::is_fifo(path));
+}
+
+TEST_F(GoneFile, LeavesNoTraceWhereItStandsAgain) {
+  EcritFichier(folder / NomTemporaire("a.deg"), "half");
+  Ouvre();
+  EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
 }
 
 // Merge

@@ -29,6 +29,36 @@ TEST_F(FileCommands, AnEmptyRecentFileDoesNothing) {
   EXPECT_TRUE(vue.calls.empty());
 }
 
+TEST_F(FileCommands, ARecentFileThatIsGoneLeavesTheOpenOneWithItsName) {
+  OuvreA(2);
+  Modifie();
+  const std::string title = vue.titre;
+  state.LastFiles = {path, folder / "gone.deg", "/c", ""};
+  dialogues.answers = {Answer::No, Answer::No};
+  MnuLastFile_Click(context, 1);
+  EXPECT_EQ(state.document.Fichier.NomFichier, path);
+  EXPECT_EQ(vue.titre, title);
+  EXPECT_TRUE(state.document.FichierModifie());
+  EXPECT_EQ(NombreLignes(), 3);
+  EXPECT_EQ(Boites().back(),
+            "File not found\n\nRemove it from the list of recent files?\n" + folder / "gone.deg");
+  EXPECT_EQ(dialogues.boxes.back().icon, Icon::Stop);
+  EXPECT_EQ(state.LastFiles[1], folder / "gone.deg");
+  // The save question of the next command writes them where they came from.
+  dialogues.answers = {Answer::Yes};
+  EXPECT_FALSE(CheckSauvegarde(context));
+  EXPECT_EQ(Lignes(LitFichier(path)).size(), 11U);
+  EXPECT_FALSE(std::filesystem::exists(folder / "gone.deg"));
+}
+
+TEST_F(FileCommands, ARecentFileThatIsGoneCanBeTakenFromTheList) {
+  state.LastFiles = {"/a", folder / "gone.deg", "/c", "/d"};
+  dialogues.answers = {Answer::Yes};
+  MnuLastFile_Click(context, 1);
+  EXPECT_EQ(state.LastFiles, (std::array<std::string, 4>{"/a", "/c", "/d", ""}));
+  EXPECT_EQ(state.document.Fichier.NomFichier, "");
+}
+
 TEST_F(FileCommands, RecentFileAsksToSaveFirst) {
   Modifie();
   state.LastFiles[0] = path;

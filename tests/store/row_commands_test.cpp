@@ -127,7 +127,7 @@ TEST_F(AddLines, ThatAreGivenUpLeaveTheTableAsItWas) {
   Ouvre();
   NoteChangements();
   state.document.WorkingDb->SuitTravail([this] { return vue.Bat(); });
-  vue.abandon = true;
+  vue.abandonDans = 3;
   Ajoute("50000");
   EXPECT_EQ(N1(), (Numbers{1, 2, 3, 4, 5}));
   EXPECT_FALSE(state.document.FichierModifie());

@@ -7,31 +7,14 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
-#include "fakes/file_limit.h"
 #include "store/deg_writer.h"
+#include "store/save_failure_fixture.h"
 #include "store/save_file.h"
-#include "store/save_fixture.h"
 
 namespace talpena::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-class SaveFailure : public testing::Test, protected Monde {
- protected:
-  std::string path = folder / "a.deg";
-  std::string bak = folder / "a.BAK";
-
-  void Ecrit() { EcritDeg(context, path, WriteMode::Rows); }
-  std::vector<std::string> Rangees() {
-    auto lines = Lignes(LitFichier(path));
-    lines.erase(lines.begin(), lines.begin() + std::min<std::ptrdiff_t>(8, std::ssize(lines)));
-    return lines;
-  }
-  static std::string Question(const std::string& description) {
-    return "Erreur pendant la sauvegarde\n" + description + "\nContinuer?";
-  }
-};
 
 TEST_F(SaveFailure, IsAskedWithYesAndNo) {
   Ajoute({.latitude = 1});
@@ -232,120 +215,6 @@ TEST_F(SaveFailure, AReadOnlyFolderIsSaidSo) {
   EXPECT_EQ(LitFichier(path), "whole");
   EXPECT_TRUE(state.document.FichierModifie());
   EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
-}
-
-class FullDisk : public SaveFailure {
- protected:
-  FullDisk() {
-    for (int i = 0; i < 30; ++i) {
-      Ajoute({.period = 1, .latitude = i, .longitude = -i, .comment = "invented"});
-    }
-    Ecrit();
-    whole = LitFichier(path);
-    state.document.Fichier.NomFichier = path;
-    sound.bips = 0;
-  }
-  std::string whole;
-
-  /// Bytes of a file that holds the rows as they are now.
-  rlim_t TailleNouvelle() {
-    const TempFolder elsewhere;
-    EcritDeg(context, elsewhere / "b.deg", WriteMode::Rows);
-    MarqueModifie(state.document);
-    return LitFichier(elsewhere / "b.deg").size();
-  }
-
-  /// Runs a command with a disk that is full ever later in a save, each time from the whole file.
-  template <typename Command>
-  void AChaqueEtape(Command&& command) {
-    Ajoute({.period = 2, .latitude = 1, .longitude = 1});
-    const rlim_t needed = TailleNouvelle();
-    for (rlim_t limit = 0; limit < needed; limit += 61) {
-      SCOPED_TRACE(limit);
-      EcritFichier(path, whole);
-      fs::remove(bak);
-      state.document.Fichier.FichierIncomplet.clear();
-      state.document.Fichier.EmpreinteFichier.reset();
-      dialogues.boxes.clear();
-      command(limit);
-      EXPECT_EQ(LitFichier(bak), whole);
-    }
-  }
-
-  /// More rows than one block of the writer holds, so that it fails before the end.
-  void AjouteBeaucoup() {
-    for (int i = 0; i < 300; ++i) {
-      Ajoute({.period = 1, .latitude = 1, .longitude = 1, .comment = std::string(2000, 'c')});
-    }
-  }
-};
-
-TEST_F(FullDisk, AtAnyStageOfASaveLeavesAWholeFile) {
-  AChaqueEtape([this](rlim_t limit) {
-    dialogues.answers = {Answer::No};
-    {
-      const FileLimit full(limit);
-      MnuEnregistrer_Click(context);
-    }
-    EXPECT_EQ(Boites(), std::vector<std::string>{Question("Disk full: " + path)});
-    EXPECT_EQ(LitFichier(path).size(), limit);
-    EXPECT_TRUE(state.document.FichierModifie());
-  });
-}
-
-TEST_F(FullDisk, AtAnyStageOfAnAutomaticSaveLeavesAWholeFile) {
-  state.AutoSave = true;
-  state.SaveInterval = 1;
-  AChaqueEtape([this](rlim_t limit) {
-    dialogues.answers = {Answer::Yes, Answer::No};
-    const FileLimit full(limit);
-    Timer1_Timer(context);
-    EXPECT_EQ(state.document.Fichier.FichierIncomplet, path);
-  });
-}
-
-TEST_F(FullDisk, LosesNothingWhenRoomIsMade) {
-  AjouteBeaucoup();
-  std::string expected;
-  {
-    EcritDeg(context, folder / "b.deg", WriteMode::Rows);
-    expected = LitFichier(folder / "b.deg");
-  }
-  // The third answer comes once there is room again.
-  class RoomMaker : public FakeDialogues {
-   public:
-    std::unique_ptr<FileLimit> full;
-    int asked = 0;
-    Answer Demande(const MessageBox&) override {
-      if (++asked == 3) full.reset();
-      return Answer::Yes;
-    }
-  } maker;
-  Platform withRoom{*engine, *files, settings, maker, clock, environment, sound};
-  maker.full = std::make_unique<FileLimit>(100'000);
-  EcritDeg({state, withRoom, vue, vue, vue}, path, WriteMode::Rows);
-  EXPECT_EQ(maker.asked, 3);
-  EXPECT_EQ(LitFichier(path), expected);
-  EXPECT_FALSE(state.document.FichierModifie());
-}
-
-TEST_F(FullDisk, LinksAndModesSurviveARefusedSave) {
-  fs::create_directory(folder.path() / "real");
-  fs::rename(path, folder / "real/r.deg");
-  fs::create_symlink("real/r.deg", path);
-  ASSERT_EQ(chmod((folder / "real/r.deg").c_str(), 0640), 0);
-  Ajoute({.period = 2, .latitude = 1, .longitude = 1});
-  dialogues.answers = {Answer::No};
-  {
-    const FileLimit full(300);
-    Ecrit();
-  }
-  EXPECT_TRUE(fs::is_symlink(path));
-  EXPECT_EQ(LitFichier(bak), whole);
-  EXPECT_EQ(LitFichier(folder / "real/r.deg"), whole.substr(0, 300));
-  struct stat status {};
-  ASSERT_EQ(stat(path.c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 07777, 0640U);
 }
 
 }  // namespace

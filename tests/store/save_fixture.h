@@ -104,4 +104,10 @@ inline std::vector<std::string> Lignes(const std::string& bytes) {
   return lines;
 }
 
+/// The bytes up to and with the last line end.
+inline std::string LignesEntieres(const std::string& bytes) {
+  const std::size_t end = bytes.rfind("\r\n");
+  return end == std::string::npos ? std::string() : bytes.substr(0, end + 2);
+}
+
 }  // namespace talpena::test

@@ -10,6 +10,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
+#include "analysis/condition_history.h"
+#include "analysis/windows/condition_edit.h"
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "platform/busy.h"
@@ -52,6 +54,7 @@ Selection::Selection(StoreState& state, Platform& io, WaitView& attente, QWidget
   AppliqueLangue();
   const SelectionForm form = RempliSelection(state_);
   OptSelect.at(static_cast<std::size_t>(form.OptSelect))->setChecked(true);
+  ExecuteCommande(state_, io_, {}, [&] { MontreConditions(); });
   TxtSelect->setText(Affiche(form.TxtSelect));
   TxtSelect->setFocus();
   TxtSelect->selectAll();
@@ -62,7 +65,10 @@ void Selection::Construit() {
   for (std::size_t i = 0; i < OptSelect.size(); ++i) {
     OptSelect[i] = Cree<QRadioButton>(this, QString("OptSelect_%1").arg(i));
   }
-  TxtSelect = Cree<QLineEdit>(this, "TxtSelect");
+  condition_ = new ConditionEdit(Affiche(ColonnesDeSelection).split(QStringLiteral(", ")), this);
+  condition_->setObjectName("cmbConditions");
+  TxtSelect = condition_->lineEdit();
+  TxtSelect->setObjectName("TxtSelect");
   lblColonnes = Cree<QLabel>(this, "lblColonnes");
   lblNoms = Cree<QLabel>(this, "lblNoms");
   lblNoms->setText(Affiche(ColonnesDeSelection));
@@ -74,7 +80,7 @@ void Selection::Construit() {
   lblConditions->setTextInteractionFlags(Qt::LinksAccessibleByMouse |
                                          Qt::LinksAccessibleByKeyboard);
   const QFont fixed = QFontDatabase::systemFont(QFontDatabase::FixedFont);
-  for (QWidget* widget : std::initializer_list<QWidget*>{TxtSelect, lblConditions}) {
+  for (QWidget* widget : std::initializer_list<QWidget*>{condition_, lblConditions}) {
     QFont font = fixed;
     font.setPointSizeF(this->font().pointSizeF());
     widget->setFont(font);
@@ -88,7 +94,7 @@ void Selection::Construit() {
 void Selection::Dispose() {
   auto* layout = new QVBoxLayout(this);
   for (QRadioButton* option : OptSelect) layout->addWidget(option);
-  layout->addWidget(TxtSelect);
+  layout->addWidget(condition_);
   auto* hints = new QFormLayout;
   hints->setLabelAlignment(Qt::AlignLeft | Qt::AlignTop);
   hints->addRow(lblColonnes, lblNoms);
@@ -105,6 +111,7 @@ void Selection::Dispose() {
 
 void Selection::Relie() {
   connect(TxtSelect, &QLineEdit::textEdited, this, [this] { OptSelect[1]->setChecked(true); });
+  connect(condition_, &QComboBox::activated, this, [this] { OptSelect[1]->setChecked(true); });
   connect(lblConditions, &QLabel::linkActivated, this, &Selection::PrendExemple);
   for (std::size_t i = 0; i < CmdSelect.size(); ++i) {
     connect(CmdSelect[i], &QPushButton::clicked, this,
@@ -126,7 +133,9 @@ void Selection::AppliqueLangue() {
   bouton(CmdSelect[0], MsgId::BoutonOk);
   bouton(OptSelect[0], MsgId::ToutesLesLignes);
   bouton(OptSelect[1], MsgId::LignesSelonCondition);
-  TxtSelect->setAccessibleName(nom(MsgId::LignesSelonCondition));
+  for (QWidget* widget : std::initializer_list<QWidget*>{condition_, TxtSelect}) {
+    widget->setAccessibleName(nom(MsgId::LignesSelonCondition));
+  }
   lblColonnes->setText(nom(MsgId::ColonnesTitre));
   lblNoms->setAccessibleName(nom(MsgId::ColonnesTitre) + " " + lblNoms->text());
   lblExemples->setText(nom(MsgId::ExemplesTitre));
@@ -136,6 +145,14 @@ void Selection::AppliqueLangue() {
 void Selection::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() == QEvent::LanguageChange) AppliqueLangue();
+}
+
+void Selection::MontreConditions() {
+  QStringList conditions;
+  for (const std::string& condition : ConditionsRetenues(io_.settings)) {
+    conditions << Affiche(condition);
+  }
+  condition_->ChangeConditions(conditions);
 }
 
 void Selection::PrendExemple(const QString& link) {
@@ -153,7 +170,11 @@ void Selection::CmdSelect_Click(int index) {
     busy.Annulable();
     done = ValideSelection(state_, io_, form);
   });
-  if (done) return accept();
+  if (done) {
+    if (form.OptSelect == 1)
+      ExecuteCommande(state_, io_, {}, [&] { RetientCondition(io_.settings, form.TxtSelect); });
+    return accept();
+  }
   TxtSelect->setFocus();
   TxtSelect->selectAll();
 }

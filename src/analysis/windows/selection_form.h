@@ -13,9 +13,11 @@ class QRadioButton;
 
 namespace talpena {
 
+class ConditionEdit;
+
 /// Modal dialog over the filter. It is accepted when OK went through; a condition that the engine
 /// refuses is told and stays for another try. Typing chooses the condition, a click on an example
-/// takes it over.
+/// takes it over, and so does a choice from the list of the conditions of before.
 class Selection : public QDialog {
   Q_OBJECT
 
@@ -35,13 +37,15 @@ class Selection : public QDialog {
 
   void CmdSelect_Click(int index);
   void PrendExemple(const QString& link);
+  void MontreConditions();
 
   StoreState& state_;
   Platform& io_;
   WaitView& attente_;
 
   std::array<QRadioButton*, 2> OptSelect{};
-  QLineEdit* TxtSelect = nullptr;
+  ConditionEdit* condition_ = nullptr;
+  QLineEdit* TxtSelect = nullptr;  ///< its line
   QLabel* lblColonnes = nullptr;
   QLabel* lblNoms = nullptr;  ///< of the columns
   QLabel* lblExemples = nullptr;

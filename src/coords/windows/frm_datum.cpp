@@ -15,7 +15,9 @@
 #include "common/string_table.h"
 #include "common/text.h"
 #include "coords/datum.h"
+#include "platform/qt/decimals.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/window_place.h"
 
 using namespace Qt::StringLiterals;
 
@@ -69,7 +71,6 @@ class ListeDatums final : public QTreeWidget {
 
 frmDatum::frmDatum(const CoordState& state, QWidget* parent) : QDialog(parent), state_(state) {
   setObjectName("frmDatum");
-  setWindowTitle(u"Datum"_s);
   setModal(true);
   ConstruitListe();
   for (std::size_t i = 0; i < cmdDatum.size(); ++i) {
@@ -78,16 +79,15 @@ frmDatum::frmDatum(const CoordState& state, QWidget* parent) : QDialog(parent), 
   }
   cmdDatum[0]->setDefault(true);
   RempliListe();
+  AppliqueLangue();
   ElargitColonnes();
   Dispose();
-  AppliqueLangue();
   Relie();
 }
 
 void frmDatum::ConstruitListe() {
   ListView1 = new ListeDatums(this);
   ListView1->setObjectName("ListView1");
-  ListView1->setAccessibleName(u"Datums"_s);
   ListView1->setColumnCount(columns);
   ListView1->setRootIsDecorated(false);
   ListView1->setUniformRowHeights(true);
@@ -100,7 +100,6 @@ void frmDatum::ConstruitListe() {
   for (int i = 0; i < columns; ++i) {
     const DatumListColumn& column = ColonnesDatums[static_cast<std::size_t>(i)];
     QTreeWidgetItem* heading = ListView1->headerItem();
-    heading->setText(i, Affiche(column.heading));
     heading->setData(i, Qt::UserRole, Affiche(column.key));
     heading->setToolTip(i, u"Ctrl+%1"_s.arg(i + 1));
     if (i >= columnFirstShift) heading->setTextAlignment(i, Qt::AlignRight | Qt::AlignVCenter);
@@ -116,6 +115,24 @@ void frmDatum::RempliListe() {
   if (!items.isEmpty()) ListView1->setCurrentItem(items.front());
 }
 
+/// The shifts of a column stand point under point. Width that they take so.
+int frmDatum::AligneDecalages(int column) {
+  int decimals = 0;
+  for (int row = 0; row < ListView1->topLevelItemCount(); ++row) {
+    decimals = std::max(decimals, NombreDeDecimales(ListView1->topLevelItem(row)->text(column)));
+  }
+  ListView1->setItemDelegateForColumn(column, new DecimalDelegate(decimals, this));
+  int width = 0;
+  for (int row = 0; row < ListView1->topLevelItemCount(); ++row) {
+    QStyleOptionViewItem cell;
+    cell.widget = ListView1;
+    cell.fontMetrics = ListView1->fontMetrics();
+    cell.text = AvecPlaceDesDecimales(ListView1->topLevelItem(row)->text(column), decimals);
+    width = std::max(width, LargeurVoulue(cell));
+  }
+  return width;
+}
+
 /// The widths of the table of columns, and more where a number or a heading would be cut.
 void frmDatum::ElargitColonnes() {
   QHeaderView* header = ListView1->header();
@@ -125,6 +142,7 @@ void frmDatum::ElargitColonnes() {
       ListView1->resizeColumnToContents(i);
       width = std::max(width, header->sectionSize(i));
     }
+    if (i >= columnFirstShift) width = std::max(width, AligneDecalages(i));
     header->resizeSection(i, width);
   }
 }
@@ -137,10 +155,12 @@ void frmDatum::Dispose() {
   buttons->addButton(cmdDatum[1], QDialogButtonBox::RejectRole);
   layout->addWidget(buttons);
   const QMargins margins = layout->contentsMargins();
-  resize(ListView1->header()->length() + ListView1->verticalScrollBar()->sizeHint().width() +
-             2 * ListView1->frameWidth() + margins.left() + margins.right(),
-         linesShown * ListView1->sizeHintForRow(0) + buttons->sizeHint().height() +
-             ListView1->header()->sizeHint().height() + margins.top() + margins.bottom());
+  const QSize wanted(
+      ListView1->header()->length() + ListView1->verticalScrollBar()->sizeHint().width() +
+          2 * ListView1->frameWidth() + margins.left() + margins.right(),
+      linesShown * ListView1->sizeHintForRow(0) + buttons->sizeHint().height() +
+          ListView1->header()->sizeHint().height() + margins.top() + margins.bottom());
+  resize(TailleVisible(wanted));
 }
 
 void frmDatum::Relie() {
@@ -159,6 +179,14 @@ void frmDatum::Relie() {
 }
 
 void frmDatum::AppliqueLangue() {
+  setWindowTitle(Affiche(Texte(state_.Langue, MsgId::Datum)));
+  ListView1->setAccessibleName(windowTitle());
+  for (int i = 0; i < columns; ++i) {
+    const DatumListColumn& column = ColonnesDatums[static_cast<std::size_t>(i)];
+    ListView1->headerItem()->setText(i, column.heading != 0
+                                            ? Affiche(Texte(state_.Langue, column.heading))
+                                            : Affiche(column.symbol));
+  }
   constexpr std::array<int, 2> captions{MsgId::Ok, MsgId::Annuler};
   Mnemonics letters;
   for (std::size_t i = 0; i < cmdDatum.size(); ++i) {

@@ -18,6 +18,7 @@
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/ifbl.h"
+#include "coords/tokens.h"
 #include "platform/qt/mnemonics.h"
 
 namespace talpena {
@@ -29,7 +30,7 @@ constexpr int messageWidth = 56, messageLines = 3;  // characters, lines
 
 /// A box as a number of metres; a decimal comma is accepted. Empty when it is none.
 std::optional<double> LitMetres(const QLineEdit* box) {
-  const std::string text = box->text().toStdString();
+  const std::string text = AvecBlancsSimples(box->text().toStdString());
   if (!EstNumerique(text)) return std::nullopt;
   try {
     return Val(Remplace(text, ",", "."));

@@ -11,6 +11,8 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
+#include <optional>
 #include <utility>
 
 #ifdef __linux__
@@ -22,19 +24,35 @@
 namespace talpena {
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 constexpr std::size_t tailleLecture = 65536;
 constexpr rlim_t secondesProcesseur = 600;
+constexpr std::chrono::milliseconds pas{50};       ///< between two calls of who waits
+constexpr std::chrono::milliseconds unSigne{500};  ///< between two signs of life
 
 void Limite(int resource, rlim_t value) {
   const rlimit limit{value, value};
   setrlimit(static_cast<__rlimit_resource>(resource), &limit);
 }
 
-void LimiteMemoire() {
-#if !defined(TALPENA_SANITIZED)  // the sanitizer itself reserves terabytes
-  constexpr rlim_t octets = rlim_t{4} << 30;
-  Limite(RLIMIT_AS, octets);
+/// Bytes of private memory that this process has, as the system counts them against RLIMIT_DATA;
+/// empty where it does not say.
+std::optional<rlim_t> MemoirePresente() {
+  std::ifstream counts("/proc/self/statm");
+  rlim_t pages[6] = {};  // whole, resident, shared, text, 0, data and stack
+  for (rlim_t& count : pages) counts >> count;
+  if (!counts) return std::nullopt;
+  return pages[5] * static_cast<rlim_t>(sysconf(_SC_PAGESIZE));
+}
+
+/// The child begins with all the memory of its parent, which may hold a million rows: what it adds
+/// is limited. Files that it maps for reading are not counted.
+void LimiteMemoire(std::size_t octets) {
+#if defined(TALPENA_SANITIZED)
+  octets *= 4;  // of what is freed the sanitizer keeps up to 256 MB, and it pads the rest
 #endif
+  if (const auto present = MemoirePresente()) Limite(RLIMIT_DATA, *present + octets);
 }
 
 void RetablitSignaux() {
@@ -54,16 +72,22 @@ void RendMuet() {
   dup2(nowhere, STDERR_FILENO);
 }
 
-[[noreturn]] void Enfant(const ProcessusIsole::Travail& travail, int ecriture) {
+/// Ends with the parent, also with one that is gone before it could be asked for.
+void MeurtAvec([[maybe_unused]] pid_t parent) {
 #ifdef __linux__
   prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (getppid() != parent) _exit(1);
 #endif
+}
+
+[[noreturn]] void Enfant(const ProcessusIsole::Travail& travail, std::size_t octetsMemoire,
+                         int ecriture) {
   RetablitSignaux();
   RendMuet();
   Limite(RLIMIT_CORE, 0);
   Limite(RLIMIT_FSIZE, 0);
   Limite(RLIMIT_CPU, secondesProcesseur);
-  LimiteMemoire();
+  LimiteMemoire(octetsMemoire);
   clearenv();  // libraries take options from it
   try {
     Tuyau tuyau(ecriture);
@@ -99,19 +123,29 @@ void Tuyau::Vide() {
     if (n > 0) done += static_cast<std::size_t>(n);
   }
   tampon_.clear();
+  vide_ = Clock::now();
 }
 
-ProcessusIsole::ProcessusIsole(const Travail& travail, std::chrono::milliseconds silence)
-    : silence_(silence), tampon_(tailleLecture) {
+void Tuyau::DonneSigne(char mark) {
+  if (Clock::now() - vide_ < unSigne) return;
+  Ecrit({&mark, 1});
+  Vide();
+}
+
+ProcessusIsole::ProcessusIsole(const Travail& travail, const LimitesProcessus& limites,
+                               Attente attente)
+    : silence_(limites.silence), attente_(std::move(attente)), tampon_(tailleLecture) {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC) != 0) throw TalpenaError(ErrorNumber::DeviceFault, "Device I/O error");
   lecture_ = Descripteur(ends[0]);
   const Descripteur ecriture(ends[1]);
+  const pid_t parent = getpid();
   enfant_ = fork();
   if (enfant_ < 0) throw TalpenaError(ErrorNumber::DeviceFault, "Device I/O error");
   if (enfant_ == 0) {
+    MeurtAvec(parent);
     lecture_.Ferme();
-    Enfant(travail, ecriture.Numero());
+    Enfant(travail, limites.octetsMemoire, ecriture.Numero());
   }
 }
 
@@ -135,22 +169,37 @@ bool ProcessusIsole::Lit(char* buffer, std::size_t count) {
   return true;
 }
 
-bool ProcessusIsole::Remplit() {
-  using Clock = std::chrono::steady_clock;
-  const auto until = Clock::now() + silence_;
+void ProcessusIsole::Respire() {
+  const Heure now = Clock::now();
+  if (!attente_ || now - respire_ < pas) return;
+  if (!attente_()) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
+  respire_ = Clock::now();
+}
+
+/// False when the child was silent until then. What it said while this process was busy elsewhere
+/// counts, however late it is.
+bool ProcessusIsole::AttendOctets(Heure until) {
   for (;;) {
-    const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(until - Clock::now());
+    Respire();
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(until - Clock::now());
+    const auto slice = std::clamp(left, std::chrono::milliseconds{0}, pas);
     pollfd waiting{lecture_.Numero(), POLLIN, 0};
-    const int ready = poll(&waiting, 1, static_cast<int>(std::max<std::int64_t>(left.count(), 0)));
-    if (ready < 0 && errno == EINTR) continue;
-    if (ready <= 0) return false;
-    const ssize_t n = read(lecture_.Numero(), tampon_.data(), tampon_.size());
-    if (n < 0 && errno == EINTR) continue;
-    if (n <= 0) return false;
-    debut_ = 0;
-    fin_ = static_cast<std::size_t>(n);
-    return true;
+    const int ready = poll(&waiting, 1, static_cast<int>(slice.count()));
+    if (ready > 0) return true;
+    if ((ready < 0 && errno != EINTR) || left.count() <= 0) return false;
   }
+}
+
+bool ProcessusIsole::Remplit() {
+  if (!AttendOctets(Clock::now() + silence_)) return false;
+  ssize_t n = 0;
+  do {
+    n = read(lecture_.Numero(), tampon_.data(), tampon_.size());
+  } while (n < 0 && errno == EINTR);
+  if (n <= 0) return false;
+  debut_ = 0;
+  fin_ = static_cast<std::size_t>(n);
+  return true;
 }
 
 }  // namespace talpena

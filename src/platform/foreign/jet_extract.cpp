@@ -33,6 +33,20 @@ void Exige(bool sound) {
   if (!sound) throw Endommage();
 }
 
+/// What of a file was not yet handed on.
+class Reserve {
+ public:
+  explicit Reserve(std::size_t octets) : reste_(octets) {}
+  /// Ends the work where the file has no more.
+  void Prend(std::size_t octets) {
+    Exige(octets <= reste_);
+    reste_ -= octets;
+  }
+
+ private:
+  std::size_t reste_;
+};
+
 constexpr int effacee = 0x4000;       // of a row's offset: deleted, or moved to another page
 constexpr int masqueOffset = 0x1FFF;  // what remains is the offset
 constexpr std::size_t enteteMemo = 12;
@@ -60,6 +74,8 @@ std::string_view Nom(const char (&name)[Size]) {
   return {name, strnlen(name, Size)};
 }
 
+void DonneSigne(Tuyau& out) { out.DonneSigne(static_cast<char>(TrameJet::Vie)); }
+
 template <typename Element>
 std::span<Element*> Elements(GPtrArray* array) {
   if (array == nullptr) return {};
@@ -77,8 +93,8 @@ MdbHandle* Ouvre(const FichierJet& file) {
   return mdb;
 }
 
-std::span<MdbCatalogEntry*> Catalogue(MdbHandle* mdb, int kind = MDB_TABLE) {
-  GPtrArray* entries = mdb_read_catalog(mdb, kind);
+std::span<MdbCatalogEntry*> Catalogue(MdbHandle* mdb) {
+  GPtrArray* entries = mdb_read_catalog(mdb, MDB_ANY);
   Exige(entries != nullptr);
   return Elements<MdbCatalogEntry>(entries);
 }
@@ -115,15 +131,22 @@ void EcritTable(const MdbCatalogEntry& entry, const MdbTableDef& table, Tuyau& o
 /// One row at a time, from the page that the library has read.
 class Lignes {
  public:
-  Lignes(MdbHandle* mdb, MdbTableDef* table, const LimitesJet& limits, Tuyau& out)
+  Lignes(MdbHandle* mdb, MdbTableDef* table, std::size_t fileSize, const LimitesJet& limits,
+         Tuyau& out)
       : mdb_(mdb),
         table_(table),
         columns_(Elements<MdbColumn>(table->columns)),
+        pages_(fileSize),
+        valeurs_(fileSize),
         limits_(limits),
         out_(out) {}
 
   void EcritToutes() {
-    while (mdb_read_next_dpg(table_) != 0) EcritPage();
+    while (mdb_read_next_dpg(table_) != 0) {
+      pages_.Prend(static_cast<std::size_t>(mdb_->fmt->pg_size));
+      EcritPage();
+      DonneSigne(out_);
+    }
     // The library passes over pages that it cannot read; the table's own count tells.
     Exige(ecrites_ >= table_->num_rows);
   }
@@ -151,15 +174,20 @@ class Lignes {
   }
 
   void Ajoute(const MdbColumn& column, const MdbField& field) {
-    if (column.col_type == MDB_BOOL) {
+    if (column.col_type == MDB_BOOL) {  // a bit in the file
       Ajoute(std::string_view(field.is_null != 0 ? "\0" : "\1", 1));
     } else if (field.is_null != 0) {
       AjouteLongueur(absentJet);
     } else if (column.col_type == MDB_MEMO || column.col_type == MDB_OLE) {
-      Ajoute(Memo(Octets(field)));
+      AjouteValeur(Memo(Octets(field)));
     } else {
-      Ajoute(Octets(field));
+      AjouteValeur(Octets(field));
     }
+  }
+
+  void AjouteValeur(std::string_view bytes) {
+    valeurs_.Prend(bytes.size());
+    Ajoute(bytes);
   }
 
   void Ajoute(std::string_view bytes) {
@@ -226,6 +254,8 @@ class Lignes {
   MdbHandle* mdb_;
   MdbTableDef* table_;
   std::span<MdbColumn*> columns_;
+  Reserve pages_;
+  Reserve valeurs_;
   const LimitesJet& limits_;
   Tuyau& out_;
   std::size_t ecrites_ = 0;
@@ -236,11 +266,14 @@ class Lignes {
 
 void ExtraitTables(const FichierJet& file, const LimitesJet& limits, Tuyau& out) {
   MdbHandle* mdb = Ouvre(file);
+  Reserve pages(file.taille);
   std::size_t tables = 0;
   std::size_t others = 0;
-  for (MdbCatalogEntry* entry : Catalogue(mdb, MDB_ANY)) {
+  for (MdbCatalogEntry* entry : Catalogue(mdb)) {
+    DonneSigne(out);
     if (mdb_is_user_table(entry) != 0) {
       Exige(++tables <= limits.tables);
+      pages.Prend(static_cast<std::size_t>(mdb->fmt->pg_size));  // that of its definition
       EcritTable(*entry, *LitTable(entry, limits), out);
     } else if (entry->object_type == MDB_TABLE || entry->object_type == MDB_QUERY) {
       Exige(++others <= limits.autres);
@@ -254,12 +287,12 @@ void ExtraitTables(const FichierJet& file, const LimitesJet& limits, Tuyau& out)
 void ExtraitLignes(const FichierJet& file, std::uint32_t page, const LimitesJet& limits,
                    Tuyau& out) {
   MdbHandle* mdb = Ouvre(file);
-  for (MdbCatalogEntry* entry : Catalogue(mdb)) {
-    if (mdb_is_user_table(entry) == 0 || entry->table_pg != page) continue;
-    Lignes(mdb, LitTable(entry, limits), limits, out).EcritToutes();
-    EcritMarque(out, TrameJet::Fin);
-    return;
-  }
+  MdbCatalogEntry entry{};  // the catalogue itself is not read anew for each of its tables
+  entry.mdb = mdb;
+  entry.object_type = MDB_TABLE;
+  entry.table_pg = page;
+  Lignes(mdb, LitTable(&entry, limits), file.taille, limits, out).EcritToutes();
+  EcritMarque(out, TrameJet::Fin);
 }
 
 }  // namespace talpena

@@ -6,9 +6,14 @@
 // auto-number flag and name. For each system table it is 'S', and for each saved query 'Q', with
 // attributes and name. To
 // ExtraitLignes, for each row, 'R', the length of all that follows, and for each column the
-// length of its value and the value; Null is the length absentJet, a Boolean one byte. Both end
+// length of its value and the value; Null is the length absentJet, a Boolean one byte. Between any
+// two of these a 'V' may stand, which means nothing but that the work goes on. Both end
 // with 'F': an answer without it comes from a damaged file. Lengths, pages and counts are 32 bits
 // wide in the machine's own order.
+//
+// No page and no byte of a sound file is part of two tables or of two rows, so an answer is never
+// larger than the file that it comes from: what would be ends the work, as all that is damaged
+// does.
 #pragma once
 #include <cstdint>
 
@@ -17,7 +22,14 @@
 
 namespace talpena {
 
-enum class TrameJet : char { Table = 'T', Systeme = 'S', Requete = 'Q', Ligne = 'R', Fin = 'F' };
+enum class TrameJet : char {
+  Table = 'T',
+  Systeme = 'S',
+  Requete = 'Q',
+  Ligne = 'R',
+  Vie = 'V',
+  Fin = 'F'
+};
 inline constexpr std::uint32_t absentJet = 0xFFFFFFFF;
 
 /// The file, open for reading, and its size when it was checked.

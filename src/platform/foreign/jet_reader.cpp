@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstring>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "common/talpena_error.h"
@@ -35,6 +36,7 @@ struct Fichier {
   std::size_t taille = 0;
   JetVersion version = JetVersion::Jet4;
   LimitesJet limites;
+  std::shared_ptr<const ForeignWait> attente;  ///< who waits for what is read
 
   FichierJet Vue() const { return {fd.Numero(), taille}; }
 };
@@ -66,12 +68,16 @@ struct CatalogueJet {
 class Reponse {
  public:
   Reponse(const Fichier& file, const ProcessusIsole::Travail& travail)
-      : path_(file.path), processus_(travail, file.limites.silence) {}
+      : path_(file.path), processus_(travail, file.limites.processus, *file.attente) {}
 
   TrameJet Marque() {
-    char mark = 0;
-    Lit(&mark, 1);
-    return static_cast<TrameJet>(mark);
+    auto mark = TrameJet::Vie;
+    while (mark == TrameJet::Vie) {
+      char byte = 0;
+      Lit(&byte, 1);
+      mark = static_cast<TrameJet>(byte);
+    }
+    return mark;
   }
   std::uint32_t Nombre() {
     std::uint32_t value = 0;
@@ -158,6 +164,14 @@ void LitColonne(Reponse& answer, JetVersion version, TableJet& table) {
                                      .autoIncrement = automatic && type == JetType::Long});
 }
 
+/// A sound table has none: such a name would stand for one column or the other.
+bool NomEnDouble(const std::vector<FieldDef>& fields) {
+  std::set<std::string> names;
+  return !std::all_of(fields.begin(), fields.end(), [&](const FieldDef& field) {
+    return names.insert(Minuscules(field.name)).second;
+  });
+}
+
 TableJet LitTable(const Fichier& file, Reponse& answer) {
   TableJet table;
   table.page = answer.Nombre();
@@ -165,8 +179,9 @@ TableJet LitTable(const Fichier& file, Reponse& answer) {
   table.definition.name = answer.Nom();
   table.lignes = answer.Nombre();
   const std::size_t columns = answer.Nombre();
-  if (columns > file.limites.colonnes) EchecFormat(file.path);
+  if (columns == 0 || columns > file.limites.colonnes) EchecFormat(file.path);
   for (std::size_t i = 0; i < columns; ++i) LitColonne(answer, file.version, table);
+  if (NomEnDouble(table.definition.fields)) EchecFormat(file.path);
   return table;
 }
 
@@ -349,6 +364,8 @@ class FormatJet final : public ForeignFormat {
     limites_.colonnes = std::min(limites_.colonnes, LimitesJet{}.colonnes);
   }
 
+  void SuitAttente(const ForeignWait& attente) override { *attente_ = attente; }
+
   bool Reconnait(const std::string& path, std::string_view connect) override {
     if (!MemeFormat(connect, Connect::Access) && !MemeFormat(connect, "MS Access")) return false;
     const Descripteur fd = OuvreEnLecture(path);
@@ -356,7 +373,8 @@ class FormatJet final : public ForeignFormat {
   }
 
   std::unique_ptr<ForeignDatabase> Ouvre(const std::string& path) override {
-    Fichier file{.path = path, .fd = OuvreEnLecture(path), .limites = limites_};
+    Fichier file{
+        .path = path, .fd = OuvreEnLecture(path), .limites = limites_, .attente = attente_};
     if (!file.fd.Ouvert() && errno == EACCES) {
       throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: '" + path + "'.");
     }
@@ -383,6 +401,7 @@ class FormatJet final : public ForeignFormat {
   }
 
   LimitesJet limites_;
+  std::shared_ptr<ForeignWait> attente_ = std::make_shared<ForeignWait>();
 };
 
 }  // namespace

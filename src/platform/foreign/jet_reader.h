@@ -1,9 +1,9 @@
 // Access files (Jet 3 and Jet 4), read through libmdb.
 #pragma once
-#include <chrono>
 #include <cstddef>
 #include <memory>
 
+#include "platform/foreign/isolated_process.h"
 #include "platform/foreign_format.h"
 
 namespace talpena {
@@ -16,7 +16,7 @@ struct LimitesJet {
   std::size_t colonnes = 255;                      ///< of a table; never above 255
   std::size_t lignes = 50'000'000;                 ///< of a table
   std::size_t octetsMemo = std::size_t{64} << 20;  ///< of one long value
-  std::chrono::milliseconds silence{20'000};       ///< without a sign of the reading process
+  LimitesProcessus processus;                      ///< that reads the file
 };
 
 /// Access 97 to 2003. The file is opened once, for reading, and read in a process of its own:

@@ -1,12 +1,13 @@
 // The user's files by the standard library alone, for systems without POSIX calls.
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <random>
 #include <utility>
 
 #include "common/talpena_error.h"
 #include "platform/os/file_system.h"
+#include "platform/os/left_overs.h"
 
 namespace talpena {
 namespace {
@@ -14,6 +15,11 @@ namespace {
 namespace fs = std::filesystem;
 
 fs::path EnChemin(const std::string& path) { return {std::u8string(path.begin(), path.end())}; }
+
+std::string EnTexte(const fs::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
 
 struct StreamRefusal {
   int number;
@@ -79,15 +85,17 @@ class PortableInput final : public InputFile {
   std::int64_t size_ = 0;
 };
 
-std::string NomAuHasard() {
-  std::random_device random;
-  return ".talpena-" + std::to_string(random()) + std::to_string(random()) + ".tmp";
+bool EstProtegeEnEcriture(const fs::file_status& status) {
+  constexpr fs::perms writable =
+      fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+  return fs::is_regular_file(status) && (status.permissions() & writable) == fs::perms::none;
 }
 
 /// What cannot be written is written again at the next call, from where the last whole block ended.
 class PortableOutput final : public OutputFile {
  public:
-  explicit PortableOutput(const std::string& path) : path_(path), target_(EnChemin(path)) {
+  PortableOutput(const std::string& path, bool evenProtected)
+      : path_(path), target_(EnChemin(path)) {
     std::error_code error;
     if (fs::is_symlink(fs::symlink_status(target_, error))) {
       target_ = fs::weakly_canonical(target_, error);
@@ -96,13 +104,11 @@ class PortableOutput final : public OutputFile {
     const fs::file_status former = fs::status(target_, error);
     if (fs::exists(former)) {
       if (!fs::is_regular_file(former)) LanceOuverture(path);
-      constexpr fs::perms writable =
-          fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-      if ((former.permissions() & writable) == fs::perms::none) LanceOuverture(path);
+      if (!evenProtected && EstProtegeEnEcriture(former)) LanceOuverture(path);
       permissions_ = former.permissions();
     }
-    temporary_ = target_.parent_path() / NomAuHasard();
-    stream_.open(temporary_, std::ios::binary | std::ios::trunc);
+    temporary_ = target_.parent_path() / EnChemin(NomTemporaire(EnTexte(target_.filename())));
+    stream_.open(temporary_, openMode | std::ios::trunc);
     if (!stream_) LanceOuverture(path);
   }
   PortableOutput(const PortableOutput&) = delete;
@@ -119,15 +125,20 @@ class PortableOutput final : public OutputFile {
   }
   void Remplace() override {
     Vide();
-    Place();
+    Place({});
   }
-  void RemplaceTronque() override {
+  void RemplaceEnGardant(const std::string& backup) override {
+    Vide();
+    Place(EnChemin(backup));
+  }
+  void Coupe(std::string_view end) override {
     if (!VideCeQuiPasse()) buffer_.clear();
-    Place();
+    if (!end.empty()) written_ = LongueurJusqua(end);
   }
 
  private:
   static constexpr std::size_t blockBytes = std::size_t{256} * 1024;
+  static constexpr std::ios::openmode openMode = std::ios::binary | std::ios::in | std::ios::out;
 
   bool VideCeQuiPasse() {
     stream_.clear();
@@ -144,25 +155,55 @@ class PortableOutput final : public OutputFile {
     if (!VideCeQuiPasse()) throw TalpenaError(ErrorNumber::DiskFull, "Disk full: " + path_);
   }
 
-  void Place() {
+  /// The bytes on the disk up to and with the last `end`; 0 when there is none.
+  std::uintmax_t LongueurJusqua(std::string_view end) {
+    std::uintmax_t kept = 0;
+    std::string tail;
+    for (std::uintmax_t read = 0; read < written_;) {
+      std::string block(
+          static_cast<std::size_t>(std::min<std::uintmax_t>(blockBytes, written_ - read)), '\0');
+      stream_.seekg(static_cast<std::streamoff>(read));
+      if (!stream_.read(block.data(), static_cast<std::streamsize>(block.size()))) break;
+      const std::string text = tail + block;
+      const std::size_t found = text.rfind(end);
+      if (found != std::string::npos) kept = read - tail.size() + found + end.size();
+      tail = block.substr(block.size() - std::min(block.size(), end.size() - 1));
+      read += block.size();
+    }
+    stream_.clear();
+    return kept;
+  }
+
+  void Place(const fs::path& backup) {
     if (inPlace_) return;
     std::error_code error;
     stream_.close();
     fs::resize_file(temporary_, written_, error);
     if (!error && permissions_) fs::permissions(temporary_, *permissions_, error);
+    const bool kept = !error && !backup.empty() && GardeAncien(backup, error);
     if (!error) fs::rename(temporary_, target_, error);
     if (!error) {
       inPlace_ = true;
       return;
     }
-    stream_.open(temporary_, std::ios::binary | std::ios::in | std::ios::out);
+    std::error_code ignored;
+    if (kept) fs::rename(backup, target_, ignored);
+    stream_.open(temporary_, openMode);
     Lance(error, path_);
+  }
+
+  /// The old file takes the name of the backup; false when there is none, or when it cannot.
+  bool GardeAncien(const fs::path& backup, std::error_code& error) const {
+    if (!fs::exists(target_)) return false;
+    fs::remove(backup, error);
+    if (!error) fs::rename(target_, backup, error);
+    return !error;
   }
 
   std::string path_;
   fs::path target_;
   fs::path temporary_;
-  std::ofstream stream_;
+  std::fstream stream_;
   std::string buffer_;
   std::uintmax_t written_ = 0;
   std::optional<fs::perms> permissions_;
@@ -179,9 +220,10 @@ class PortableFileSystem final : public FileSystem {
   std::unique_ptr<InputFile> Ouvre(const std::string& path) override {
     return std::make_unique<PortableInput>(path);
   }
-  std::unique_ptr<OutputFile> Cree(const std::string& path) override {
+  std::unique_ptr<OutputFile> Cree(const std::string& path) override { return CreeComme(path, {}); }
+  std::unique_ptr<OutputFile> CreeComme(const std::string& path, const NewFile& wanted) override {
     if (path.empty()) Lance(std::make_error_code(std::errc::no_such_file_or_directory), path);
-    return std::make_unique<PortableOutput>(path);
+    return std::make_unique<PortableOutput>(path, wanted.memeProtege);
   }
   void Supprime(const std::string& path) override {
     std::error_code error;
@@ -215,6 +257,61 @@ class PortableFileSystem final : public FileSystem {
     return FileStamp{.size = static_cast<std::int64_t>(size),
                      .modifiedNs = std::chrono::nanoseconds(modified).count(),
                      .identity = 0};
+  }
+  bool EstProtege(const std::string& path) override {
+    std::error_code ignored;
+    return EstProtegeEnEcriture(fs::status(EnChemin(path), ignored));
+  }
+  bool MemeFichier(const std::string& a, const std::string& b) override {
+    std::error_code ignored;
+    return a == b || fs::equivalent(EnChemin(a), EnChemin(b), ignored);
+  }
+  void VerifieGarde(const std::string&, const std::string& backup) override {
+    std::error_code error;
+    if (fs::is_directory(EnChemin(backup), error)) {
+      Lance(std::make_error_code(std::errc::file_exists), backup);
+    }
+  }
+  void Double(const std::string& path, const std::string& copy) override {
+    std::error_code error;
+    fs::copy_file(EnChemin(path), EnChemin(copy), error);
+    if (error) Lance(error, copy);
+  }
+  std::vector<LeftOver> Restes(const std::string& path) override {
+    std::vector<LeftOver> found;
+    const fs::path wanted = EnChemin(path);
+    ParcourtDossier(wanted.parent_path(), [&](const fs::path& entry) {
+      if (EstTemporaireDe(EnTexte(entry.filename()), EnTexte(wanted.filename()))) {
+        found.push_back({EnTexte(entry), false});
+      }
+    });
+    return found;
+  }
+  // An open file cannot be removed on the systems that this is for.
+  void SupprimeRestes(const std::string& path) noexcept override {
+    try {
+      std::vector<fs::path> names;
+      ParcourtDossier(EnChemin(path).parent_path(),
+                      [&](const fs::path& entry) { names.push_back(entry); });
+      for (const fs::path& reste : names) {
+        const bool stands = std::any_of(names.begin(), names.end(), [&](const fs::path& name) {
+          return EstTemporaireDe(EnTexte(reste.filename()), EnTexte(name.filename()));
+        });
+        std::error_code ignored;
+        if (stands) fs::remove(reste, ignored);
+      }
+    } catch (...) {  // they may stay until the next time
+    }
+  }
+
+ private:
+  template <typename Visit>
+  static void ParcourtDossier(const fs::path& folder, Visit&& visit) {
+    std::error_code ended;
+    for (fs::directory_iterator entry(folder.empty() ? fs::path(".") : folder, ended), last;
+         !ended && entry != last; entry.increment(ended)) {
+      visit(entry->path());
+    }
   }
 };
 

@@ -10,8 +10,11 @@
 
 #include "platform/os/file_attributes.h"
 #include "platform/os/file_system.h"
+#include "platform/os/posix_backup.h"
 #include "platform/os/posix_error.h"
+#include "platform/os/posix_input.h"
 #include "platform/os/posix_output.h"
+#include "platform/os/posix_owner.h"
 #include "platform/os/posix_paths.h"
 
 namespace talpena {
@@ -23,47 +26,9 @@ std::optional<struct stat> Etat(const std::string& path) {
   return status;
 }
 
-/// Refuses folders, pipes and devices.
-void VerifieOrdinaire(const struct stat& status, const std::string& path) {
-  if (S_ISDIR(status.st_mode)) LanceErreurFichier(EISDIR, path);
-  if (!S_ISREG(status.st_mode)) LanceErreurAcces(path, "it is not an ordinary file");
+bool PeutEcrire(const std::string& path) {
+  return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
 }
-
-class PosixInput final : public InputFile {
- public:
-  explicit PosixInput(std::string path) : path_(std::move(path)) {
-    // Without waiting: a pipe would hold the program until somebody writes into it.
-    file_ = open(path_.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-    if (file_ < 0) LanceErreurFichier(errno, path_);
-    struct stat status {};
-    try {
-      if (fstat(file_, &status) != 0) LanceErreurFichier(errno, path_);
-      VerifieOrdinaire(status, path_);
-    } catch (...) {
-      close(file_);
-      throw;
-    }
-    size_ = status.st_size;
-  }
-  PosixInput(const PosixInput&) = delete;
-  PosixInput& operator=(const PosixInput&) = delete;
-  ~PosixInput() override { close(file_); }
-
-  std::size_t Lit(std::span<char> buffer) override {
-    ssize_t count = 0;
-    do {
-      count = read(file_, buffer.data(), buffer.size());
-    } while (count < 0 && errno == EINTR);
-    if (count < 0) LanceErreurFichier(errno, path_);
-    return static_cast<std::size_t>(count);
-  }
-  std::int64_t Taille() const override { return size_; }
-
- private:
-  std::string path_;
-  int file_ = -1;
-  std::int64_t size_ = 0;
-};
 
 /// Renames, never over another file.
 int RenommeSansEcraser(const std::string& from, const std::string& to) {
@@ -90,22 +55,22 @@ class PosixFileSystem final : public FileSystem {
 
   std::unique_ptr<OutputFile> Cree(const std::string& path) override { return CreeComme(path, {}); }
 
-  std::unique_ptr<OutputFile> CreeComme(const std::string& path,
-                                        const std::string& model) override {
+  std::unique_ptr<OutputFile> CreeComme(const std::string& path, const NewFile& wanted) override {
     VerifieChemin(path);
     const std::string target = SuitLiens(path);
+    const OutputPlace place{path, target, NomDansDossier(target)};
     if (const auto former = Etat(target)) {
       VerifieOrdinaire(*former, path);
       // A rename would get past a write protection that the user put on the file.
-      if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0) {
-        LanceErreurFichier(errno, path);
-      }
-      return CreeSortiePosix(path, target, AttributsDe(target, *former));
+      if (!wanted.memeProtege && !PeutEcrire(target)) LanceErreurFichier(errno, path);
+      return CreeSortiePosix(place, AttributsDe(target, *former));
     }
     if (errno != ENOENT) LanceErreurFichier(errno, path);
     std::optional<FileAttributes> attributes;
-    if (const auto status = Etat(model)) attributes = AttributsDe(model, *status);
-    return CreeSortiePosix(path, target, attributes);
+    if (const auto status = Etat(wanted.modele)) {
+      attributes = AttributsDe(wanted.modele, *status);
+    }
+    return CreeSortiePosix(place, attributes);
   }
 
   void Supprime(const std::string& path) override {
@@ -118,6 +83,11 @@ class PosixFileSystem final : public FileSystem {
     SynchroniseDossier(path);
   }
 
+  bool EstLibre(const std::string& path) override {
+    VerifieChemin(path);
+    return EstLibrePosix(path);
+  }
+
   void Renomme(const std::string& from, const std::string& to) override {
     VerifieChemin(from);
     VerifieChemin(to);
@@ -127,7 +97,7 @@ class PosixFileSystem final : public FileSystem {
     VerifieOrdinaire(*status, from);
     const int error = RenommeSansEcraser(source, to);
     if (error == EXDEV) {
-      Deplace(source, *status, from, to);
+      Deplace(source, from, to);
     } else if (error != 0) {
       LanceErreurFichier(error, error == EEXIST ? to : from);
     }
@@ -145,18 +115,52 @@ class PosixFileSystem final : public FileSystem {
         .identity = std::uint64_t{status->st_ino} ^ (std::uint64_t{status->st_dev} << 48)};
   }
 
+  bool EstProtege(const std::string& path) override {
+    const auto status = path.find('\0') == std::string::npos ? Etat(path) : std::nullopt;
+    return status && S_ISREG(status->st_mode) && !PeutEcrire(path);
+  }
+
+  bool MemeFichier(const std::string& a, const std::string& b) override { return MemeEntree(a, b); }
+
+  void VerifieGarde(const std::string& path, const std::string& backup) override {
+    VerifieChemin(path);
+    VerifieChemin(backup);
+    VerifieGardePosix(path, backup);
+  }
+
+  void Double(const std::string& path, const std::string& copy) override {
+    VerifieChemin(path);
+    VerifieChemin(copy);
+    CopieSansEcraser(path, copy);
+  }
+
+  std::vector<LeftOver> Restes(const std::string& path) override {
+    VerifieChemin(path);
+    return RestesPosix(path);
+  }
+
+  void SupprimeRestes(const std::string& path) noexcept override {
+    try {
+      VerifieChemin(path);
+      const std::string folder = DossierParent(path);
+      const std::string targets = DossierParent(SuitLiens(path));
+      SupprimeRestesPosix(folder);  // of backups
+      if (targets != folder) SupprimeRestesPosix(targets);
+    } catch (...) {  // they may stay until the next time
+    }
+  }
+
  private:
   /// Moves between two file systems: whole and synced over there before it goes over here.
-  void Deplace(const std::string& source, const struct stat& status, const std::string& from,
-               const std::string& to) {
+  static void Deplace(const std::string& source, const std::string& from, const std::string& to) {
+    CopieSansEcraser(source, to);
+    if (unlink(source.c_str()) != 0) LanceErreurFichier(errno, from);
+  }
+
+  static void CopieSansEcraser(const std::string& from, const std::string& to) {
     struct stat there {};
     if (lstat(to.c_str(), &there) == 0) LanceErreurFichier(EEXIST, to);
-    PosixInput input(source);
-    const auto output = CreeSortiePosix(to, to, AttributsDe(source, status));
-    std::vector<char> block(std::size_t{256} * 1024);
-    while (const std::size_t count = input.Lit(block)) output->Ecrit({block.data(), count});
-    output->Remplace();
-    if (unlink(source.c_str()) != 0) LanceErreurFichier(errno, from);
+    CopieFichier(from, to, NomDansDossier(from));
   }
 };
 

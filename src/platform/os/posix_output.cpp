@@ -1,17 +1,17 @@
 #include "platform/os/posix_output.h"
 
-#include <fcntl.h>
 #include <signal.h>
-#include <stdio.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
-#include <cstdint>
-#include <random>
 #include <utility>
+#include <vector>
 
 #include "platform/os/posix_error.h"
-#include "platform/os/posix_paths.h"
+#include "platform/os/posix_input.h"
+#include "platform/os/posix_temporary.h"
 
 namespace talpena {
 namespace {
@@ -50,26 +50,30 @@ class SansSignalDeTaille {
   bool wasPending_ = false;
 };
 
-std::string NomTemporaire() {
-  std::random_device random;
-  std::uint64_t number = (std::uint64_t{random()} << 32) | random();
-  std::string name = ".talpena-";
-  for (int i = 0; i < 16; ++i, number >>= 4) name += "0123456789abcdef"[number & 15];
-  return name + ".tmp";
+/// The bytes of a file up to and with the last `end`; 0 when there is none.
+off_t LongueurJusqua(int file, off_t size, std::string_view end) {
+  std::vector<char> block(blockBytes);
+  const auto overlap = static_cast<off_t>(end.size()) - 1;  // an end may lie across two blocks
+  for (off_t last = size; last > 0;) {
+    const off_t first = std::max<off_t>(0, last - static_cast<off_t>(block.size()));
+    const ssize_t count = pread(file, block.data(), static_cast<std::size_t>(last - first), first);
+    if (count <= 0) return 0;
+    const std::size_t found =
+        std::string_view(block.data(), static_cast<std::size_t>(count)).rfind(end);
+    if (found != std::string_view::npos) return first + static_cast<off_t>(found + end.size());
+    last = first == 0 ? 0 : first + overlap;
+  }
+  return 0;
 }
 
 class PosixOutput final : public OutputFile {
  public:
-  PosixOutput(std::string shown, std::string target, std::optional<FileAttributes> attributes)
-      : shown_(std::move(shown)), target_(std::move(target)), attributes_(std::move(attributes)) {
-    OuvreTemporaire();
+  PosixOutput(const OutputPlace& place, std::optional<FileAttributes> attributes)
+      : shown_(place.shown),
+        attributes_(std::move(attributes)),
+        // The owner alone may read it until it has the mode of the file that it replaces.
+        temporary_(place.shown, place.target, place.name, attributes_ ? 0600 : 0666) {
     buffer_.reserve(blockBytes + blockBytes / 4);
-  }
-  PosixOutput(const PosixOutput&) = delete;
-  PosixOutput& operator=(const PosixOutput&) = delete;
-  ~PosixOutput() override {
-    if (file_ >= 0) close(file_);
-    if (!enPlace_) unlink(temporary_.c_str());
   }
 
   void Ecrit(std::string_view bytes) override {
@@ -78,39 +82,37 @@ class PosixOutput final : public OutputFile {
   }
 
   void Remplace() override {
-    Vide();
-    Place();
+    Finit();
+    temporary_.Place();
   }
 
-  void RemplaceTronque() override {
-    const int error = VideCeQuiPasse();
-    if (error != 0) buffer_.clear();
+  void RemplaceEnGardant(const std::string& backup) override {
+    Finit();
+    temporary_.PlaceEnGardant(backup);
+  }
+
+  void Coupe(std::string_view end) override {
+    if (VideCeQuiPasse() != 0) buffer_.clear();
     syncError_ = 0;
-    Place();
+    struct stat status {};
+    if (end.empty() || fstat(temporary_.Fichier(), &status) != 0) return;
+    const off_t kept = LongueurJusqua(temporary_.Fichier(), status.st_size, end);
+    if (kept == status.st_size) return;
+    if (ftruncate(temporary_.Fichier(), kept) != 0 ||
+        lseek(temporary_.Fichier(), kept, SEEK_SET) != kept) {
+      LanceErreurFichier(errno, shown_);
+    }
   }
 
  private:
-  /// The owner alone may read it until it has the mode of the file that it replaces.
-  void OuvreTemporaire() {
-    const mode_t mode = attributes_ ? 0600 : 0666;
-    for (int attempt = 0; attempt < 100; ++attempt) {
-      temporary_ = DossierParent(target_) + "/" + NomTemporaire();
-      file_ = open(temporary_.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC | O_NOFOLLOW, mode);
-      if (file_ >= 0 || errno != EEXIST) break;
-    }
-    if (file_ >= 0) return;
-    const int error = errno;
-    enPlace_ = true;  // nothing to remove
-    LanceErreurFichier(error, shown_);
-  }
-
   /// Writes out the buffer as far as it goes; 0 or errno.
   int VideCeQuiPasse() {
     const SansSignalDeTaille guard;
     std::size_t done = 0;
     int error = 0;
     while (done < buffer_.size() && error == 0) {
-      const ssize_t written = write(file_, buffer_.data() + done, buffer_.size() - done);
+      const ssize_t written =
+          write(temporary_.Fichier(), buffer_.data() + done, buffer_.size() - done);
       if (written >= 0) {
         done += static_cast<std::size_t>(written);
       } else if (errno != EINTR) {
@@ -126,40 +128,42 @@ class PosixOutput final : public OutputFile {
     if (error != 0) LanceErreurFichier(error, shown_);
   }
 
-  void Place() {
-    if (!enPlace_) {
-      Synchronise();
-      if (rename(temporary_.c_str(), target_.c_str()) != 0) LanceErreurFichier(errno, shown_);
-      enPlace_ = true;
-    }
-    SynchroniseDossier(target_);
+  void Finit() {
+    if (temporary_.EnPlace()) return;
+    Vide();
+    Synchronise();
   }
 
   /// A failed sync is final: the kernel forgets the pages it could not write, and a second try
   /// would succeed without them.
   void Synchronise() {
-    if (attributes_) PoseAttributs(file_, *attributes_);
-    if (syncError_ == 0 && fsync(file_) != 0 && errno != EINVAL && errno != EROFS) {
+    if (attributes_) PoseAttributs(temporary_.Fichier(), *attributes_);
+    if (syncError_ == 0 && fsync(temporary_.Fichier()) != 0 && errno != EINVAL && errno != EROFS) {
       syncError_ = errno;
     }
     if (syncError_ != 0) LanceErreurFichier(syncError_, shown_);
   }
 
   std::string shown_;
-  std::string target_;
   std::optional<FileAttributes> attributes_;
-  std::string temporary_;
+  PosixTemporary temporary_;
   std::string buffer_;
-  int file_ = -1;
   int syncError_ = 0;
-  bool enPlace_ = false;  ///< the temporary has become the target
 };
 
 }  // namespace
 
-std::unique_ptr<OutputFile> CreeSortiePosix(const std::string& shown, const std::string& target,
+std::unique_ptr<OutputFile> CreeSortiePosix(const OutputPlace& place,
                                             const std::optional<FileAttributes>& attributes) {
-  return std::make_unique<PosixOutput>(shown, target, attributes);
+  return std::make_unique<PosixOutput>(place, attributes);
+}
+
+void CopieFichier(const std::string& from, const std::string& to, const std::string& name) {
+  PosixInput input(from);
+  PosixOutput output({to, to, name}, input.Attributs());
+  std::vector<char> block(blockBytes);
+  while (const std::size_t count = input.Lit(block)) output.Ecrit({block.data(), count});
+  output.Remplace();
 }
 
 }  // namespace talpena

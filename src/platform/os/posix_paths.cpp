@@ -31,6 +31,11 @@ std::string DossierParent(const std::string& path) {
   return path.substr(0, slash + 1);
 }
 
+std::string NomDansDossier(const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  return slash == std::string::npos ? path : path.substr(slash + 1);
+}
+
 std::string SuitLiens(const std::string& path) {
   std::string current = path;
   for (int i = 0; i < maxLinks; ++i) {

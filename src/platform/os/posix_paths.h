@@ -7,6 +7,9 @@ namespace talpena {
 /// The folder that holds what a path names, "." for a bare name.
 std::string DossierParent(const std::string& path);
 
+/// What a path is called in that folder.
+std::string NomDansDossier(const std::string& path);
+
 /// The path behind all links at the end of a path; the file itself need not be there.
 std::string SuitLiens(const std::string& path);
 

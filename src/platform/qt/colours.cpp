@@ -3,8 +3,6 @@
 namespace talpena {
 namespace {
 
-constexpr std::uint32_t SystemColour = 0x80000000;
-
 struct SystemRole {
   std::uint32_t number;
   QPalette::ColorRole role;
@@ -35,9 +33,9 @@ QColor EnQColor(std::uint32_t couleur) {
 }
 
 QColor EnQColor(std::uint32_t couleur, const QPalette& palette) {
-  if (couleur < SystemColour) return EnQColor(couleur);
+  if (!EstCouleurSysteme(couleur)) return EnQColor(couleur);
   for (const SystemRole& entry : systemRoles) {
-    if (entry.number == couleur - SystemColour) return palette.color(entry.role);
+    if (entry.number == couleur - SystemColour::First) return palette.color(entry.role);
   }
   return palette.color(QPalette::WindowText);
 }

@@ -1,6 +1,7 @@
 // What the windows of every layer build their controls with.
 #pragma once
 #include <QFont>
+#include <QFontMetrics>
 #include <QString>
 #include <cstddef>
 #include <string_view>
@@ -22,7 +23,12 @@ Widget* Nomme(Widget* widget, const QString& name) {
 /// Name of a control of an array: "cmd_0".
 QString NomIndexe(std::string_view control, std::size_t index);
 
-/// A flat button with icon and caption side by side, which the keys reach.
+/// Side of an icon beside a text, in pixels: `normal` for fonts of common size, in proportion for
+/// larger ones.
+int CoteIcone(const QFontMetrics& font, int normal);
+
+/// A flat button with icon and caption side by side, which the keys reach. Its icon grows with the
+/// font.
 QToolButton* Outil(QWidget* parent, const QString& name);
 
 QFont EnGras(const QFont& font);

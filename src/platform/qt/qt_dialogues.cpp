@@ -16,6 +16,7 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <QTreeView>
 #include <exception>
@@ -29,6 +30,7 @@
 #include "platform/qt/colours.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/file_filter.h"
+#include "platform/qt/file_icons.h"
 #include "platform/qt/mnemonics.h"
 #include "platform/qt/qt_printer.h"
 #include "platform/qt/toolkit_translator.h"
@@ -81,6 +83,29 @@ QMessageBox::Icon EnIcone(Icon icon) {
       break;
   }
   return QMessageBox::NoIcon;
+}
+
+/// The sign of a box grows with its text.
+void AgranditIcone(QMessageBox& box) {
+  constexpr std::pair<QMessageBox::Icon, QStyle::StandardPixmap> signs[] = {
+      {QMessageBox::Information, QStyle::SP_MessageBoxInformation},
+      {QMessageBox::Question, QStyle::SP_MessageBoxQuestion},
+      {QMessageBox::Warning, QStyle::SP_MessageBoxWarning},
+      {QMessageBox::Critical, QStyle::SP_MessageBoxCritical}};
+  // The toolkit's own label: a sign of the program's would take the meaning from the box.
+  auto* label = box.findChild<QLabel*>(u"qt_msgboxex_icon_label"_s);
+  const int normal = box.style()->pixelMetric(QStyle::PM_MessageBoxIconSize);
+  const int side = CoteIcone(box.fontMetrics(), normal);
+  if (label == nullptr || side == normal) return;
+  const qreal ratio = box.devicePixelRatioF();
+  for (const auto& [icon, sign] : signs) {
+    if (box.icon() != icon) continue;
+    const QIcon picture = box.style()->standardIcon(sign, nullptr, &box);
+    QPixmap larger = picture.pixmap(QSize(side, side), ratio);
+    larger = larger.scaledToWidth(qRound(side * ratio), Qt::SmoothTransformation);
+    larger.setDevicePixelRatio(ratio);
+    label->setPixmap(larger);
+  }
 }
 
 struct ButtonSet {
@@ -176,8 +201,9 @@ void ElargitColonnes(QFileDialog& dialog) {
   list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-void PrepareFichiers(QFileDialog& dialog, const FileDialog& wanted) {
+void PrepareFichiers(QFileDialog& dialog, FileIcons& icons, const FileDialog& wanted) {
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setIconProvider(&icons);
   dialog.setFileMode(QFileDialog::AnyFile);
   if (!wanted.title.empty()) dialog.setWindowTitle(EnQt(wanted.title));
   QStringList names;
@@ -228,6 +254,7 @@ Answer QtDialogues::Demande(const MessageBox& box) {
   window.setText(EnLignes(box.text));
   window.setDefaultButton(box.defaultButton ? EnBouton(*box.defaultButton) : buttons.first);
   window.setEscapeButton(buttons.closing);
+  AgranditIcone(window);
   const Legendes captions(window, [&] {
     Mnemonics letters;
     for (const auto& [answer, button] : answers) {
@@ -257,27 +284,30 @@ std::string QtDialogues::Saisie(const InputBox& box) {
 }
 
 std::string QtDialogues::OuvreFichier(const FileDialog& dialog) {
+  FileIcons icons;  // outlives the window
   QFileDialog window(Parent());
   window.setObjectName(u"OpenDialog"_s);
   window.setAcceptMode(QFileDialog::AcceptOpen);
-  PrepareFichiers(window, dialog);
+  PrepareFichiers(window, icons, dialog);
   return CheminChoisi(window);
 }
 
 std::string QtDialogues::EnregistreFichier(const FileDialog& dialog) {
+  FileIcons icons;  // outlives the window
   QFileDialog window(Parent());
   window.setObjectName(u"SaveDialog"_s);
   window.setAcceptMode(QFileDialog::AcceptSave);
   window.setOption(QFileDialog::DontConfirmOverwrite, !dialog.confirmReplace);
-  PrepareFichiers(window, dialog);
+  PrepareFichiers(window, icons, dialog);
   SuitSuffixe(window, dialog.filter);
   return CheminChoisi(window);
 }
 
 std::string QtDialogues::ChoisitDossier(const std::string& title, const std::string& start) {
+  FileIcons icons;  // outlives the window
   QFileDialog window(Parent());
   window.setObjectName(u"FolderDialog"_s);
-  PrepareFichiers(window, {.title = title, .filter = {}, .folder = start});
+  PrepareFichiers(window, icons, {.title = title, .filter = {}, .folder = start});
   window.setFileMode(QFileDialog::Directory);
   window.setOption(QFileDialog::ShowDirsOnly);
   return CheminChoisi(window);

@@ -7,6 +7,7 @@
 #include "common/paths.h"
 #include "common/talpena_error.h"
 #include "platform/qt/controls.h"
+#include "platform/qt/settings_file.h"
 
 using namespace Qt::StringLiterals;
 
@@ -28,18 +29,26 @@ QString Neutre(std::string_view name) {
   return out;
 }
 
-std::unique_ptr<QSettings> OuvreMagasin(const QString& name) {
 #ifdef Q_OS_WIN
-  return std::make_unique<QSettings>(u"HKEY_CURRENT_USER\\Software\\Talpena\\"_s + name,
-                                     QSettings::NativeFormat);
+
+constexpr QSettings::Format Forme = QSettings::NativeFormat;
+
+QString CheminMagasin(const QString& name) {
+  return u"HKEY_CURRENT_USER\\Software\\Talpena\\"_s + name;
+}
+
 #else
+
+constexpr QSettings::Format Forme = QSettings::IniFormat;
+
+QString CheminMagasin(const QString& name) {
   const QString folder =
       QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + u"/Talpena/"_s;
   const QString file = name.endsWith(u".ini"_s) ? name : name + u".ini"_s;
-  return std::make_unique<QSettings>(EnQt(RendNatif((folder + file).toStdString())),
-                                     QSettings::IniFormat);
-#endif
+  return EnQt(RendNatif((folder + file).toStdString()));
 }
+
+#endif
 
 /// The name under which a key stands in the store, in whatever case; as asked when it is absent.
 QString CleExistante(const QSettings& store, std::string_view section, std::string_view key) {
@@ -72,29 +81,37 @@ void Pose(QSettings& store, std::string_view section, std::string_view key, std:
 
 }  // namespace
 
-QSettings& QtSettingsStore::Application(std::string_view name) {
-  std::unique_ptr<QSettings>& store = applications_[Neutre(name).toLower()];
-  if (!store) store = OuvreMagasin(Neutre(name).toLower());
-  return *store;
+QSettings* QtSettingsStore::Application(std::string_view name) {
+  const QString neutral = Neutre(name).toLower();
+  std::unique_ptr<QSettings>& store = applications_[neutral];
+  const QString path = CheminMagasin(neutral);
+  if (!store && EstLisible(path)) store = std::make_unique<QSettings>(path, Forme);
+  return store.get();
+}
+
+QSettings& QtSettingsStore::PourEcrire(std::string_view name) {
+  PrepareEcriture(CheminMagasin(Neutre(name).toLower()));
+  return *Application(name);  // what can be written can be read
 }
 
 std::string QtSettingsStore::Lit(std::string_view application, std::string_view section,
                                  std::string_view key, std::string_view defaultText) {
-  const QSettings& store = Application(application);
-  const QVariant value = store.value(CleExistante(store, section, key));
+  const QSettings* store = Application(application);
+  if (store == nullptr) return std::string(defaultText);
+  const QVariant value = store->value(CleExistante(*store, section, key));
   return value.isValid() ? EnTexte(value).toStdString() : std::string(defaultText);
 }
 
 void QtSettingsStore::Ecrit(std::string_view application, std::string_view section,
                             std::string_view key, std::string_view text) {
-  QSettings& store = Application(application);
+  QSettings& store = PourEcrire(application);
   Pose(store, section, key, text);
   Synchronise(store);
 }
 
 void QtSettingsStore::EcritTout(std::string_view application,
                                 std::span<const SettingEntry> entries) {
-  QSettings& store = Application(application);
+  QSettings& store = PourEcrire(application);
   for (const SettingEntry& e : entries) Pose(store, e.section, e.key, e.text);
   Synchronise(store);
 }

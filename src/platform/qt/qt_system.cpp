@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QStorageInfo>
+#include <QTime>
 
 #include "common/paths.h"
 #include "platform/qt/private_folder.h"
@@ -23,6 +24,11 @@ CalendarDate QtClock::DateCourante() {
   return {today.year(), today.month(), today.day()};
 }
 
+DayTime QtClock::HeureCourante() {
+  const QTime now = QTime::currentTime();
+  return {now.hour(), now.minute(), now.second()};
+}
+
 std::string QtEnvironment::Variable(std::string_view name) {
   return qEnvironmentVariable(std::string(name).c_str()).toStdString();
 }
@@ -33,6 +39,8 @@ std::string QtEnvironment::DossierTemporaire() {
   }
   return DossierPrive();
 }
+
+std::string QtEnvironment::DossierPrive() { return talpena::DossierPrive(); }
 
 std::string QtEnvironment::LecteurCD() {
 #ifdef Q_OS_WIN

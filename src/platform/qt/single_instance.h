@@ -12,7 +12,8 @@ namespace talpena {
 /// crashed run left behind never stands in the way of the next.
 class SingleInstance {
  public:
-  /// The lock lies in the user's run-time folder, or in the private folder of the cache.
+  /// The lock lies in the private folder of the user's cache, whatever the session; where that
+  /// cannot be made, in the folder of the session.
   SingleInstance();
   /// With a lock file of one's own.
   explicit SingleInstance(const QString& lockFile);

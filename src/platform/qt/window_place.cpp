@@ -1,7 +1,8 @@
 #include "platform/qt/window_place.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QScreen>
+#include <QStyle>
 #include <algorithm>
 #include <cmath>
 
@@ -11,6 +12,13 @@ namespace {
 constexpr float twipsPerPixel = 15;
 constexpr float largest = 1e6F;  // beyond any screen, within an int
 
+/// What the desktop puts over a window: its own place is that of the window with it.
+int HauteurDuTitre() {
+  const QStyle* style = QApplication::style();
+  return style->pixelMetric(QStyle::PM_TitleBarHeight) +
+         style->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+}
+
 }  // namespace
 
 int EnPixels(float twips) {
@@ -19,6 +27,13 @@ int EnPixels(float twips) {
 
 float EnTwips(int pixels) { return static_cast<float>(pixels) * twipsPerPixel; }
 
+QSize TailleVisible(QSize wanted, const QScreen* screen) {
+  if (screen == nullptr) screen = QGuiApplication::primaryScreen();
+  if (screen == nullptr) return wanted;
+  const QSize room = screen->availableGeometry().size() - QSize(0, HauteurDuTitre());
+  return wanted.boundedTo(room).expandedTo({320, 240});
+}
+
 QRect PlaceVisible(QRect wanted, bool maximised) {
   const QScreen* screen = QGuiApplication::screenAt(wanted.center());
   if (screen == nullptr) screen = QGuiApplication::primaryScreen();
@@ -26,6 +41,7 @@ QRect PlaceVisible(QRect wanted, bool maximised) {
   QRect area = screen->availableGeometry();
   if (maximised)
     area.adjust(area.width() / 12, area.height() / 12, -area.width() / 12, -area.height() / 12);
+  area.setHeight(area.height() - HauteurDuTitre());
   wanted.setSize(wanted.size().boundedTo(area.size()).expandedTo({320, 240}));
   wanted.moveLeft(std::clamp(wanted.left(), area.left(),
                              std::max(area.left(), area.right() + 1 - wanted.width())));

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "platform/sqlite/dialect/functions.h"
+#include "platform/sqlite/private_file.h"
 #include "platform/sqlite/rows/row_update.h"
 #include "platform/sqlite/rows/source_table.h"
 #include "platform/sqlite/table_state.h"
@@ -40,10 +41,14 @@ Connection::~Connection() {
 void Connection::Ouvre(const std::string& path, Mode mode) {
   const int flags = mode == Mode::ReadOnly    ? SQLITE_OPEN_READONLY
                     : mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE
+                    : mode == Mode::Fresh     ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW
                                               : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
   sqlite3* handle = nullptr;
   // An empty name is a private database of SQLite's own: in memory, on disk when it grows.
-  const int rc = sqlite3_open_v2(mode == Mode::Private ? "" : path.c_str(), &handle,
+  const std::string name = mode == Mode::Private ? std::string()
+                           : mode == Mode::Fresh ? DossierSansLiens(path)
+                                                 : path;
+  const int rc = sqlite3_open_v2(name.c_str(), &handle,
                                  flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
   db_.reset(handle);
   if (rc != SQLITE_OK) throw ErreurSqlite(handle, rc);

@@ -33,7 +33,12 @@ class RunningReader {
 
 class Connection {
  public:
-  enum class Mode : std::uint8_t { Create, ReadWrite, ReadOnly, Private /* path unused */ };
+  enum class Mode : std::uint8_t {
+    Fresh,  ///< an empty file, made just now; a link in its place is not followed
+    ReadWrite,
+    ReadOnly,
+    Private,  ///< of SQLite's own, path unused
+  };
 
   Connection(const std::string& path, Mode mode);
   ~Connection();

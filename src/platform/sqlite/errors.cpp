@@ -39,6 +39,10 @@ TalpenaError AppelInvalide() {
 
 TalpenaError Debordement() { return {ErrorNumber::Overflow, "Overflow"}; }
 
+TalpenaError AccesRefuse(std::string_view path) {
+  return {ErrorNumber::PathFileAccess, "Path/File access error: " + EntreApostrophes(path) + "."};
+}
+
 TalpenaError ArgumentInvalide() { return {ErrorNumber::InvalidArgument, "Invalid argument."}; }
 
 TalpenaError TableExiste(std::string_view table) {

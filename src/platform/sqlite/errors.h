@@ -28,9 +28,10 @@ inline constexpr int TooManyFields = 3190;
 inline constexpr int QueryTooComplex = 3360;
 }  // namespace EngineError
 
-TalpenaError AppelInvalide();     ///< 5
-TalpenaError Debordement();       ///< 6
-TalpenaError ArgumentInvalide();  ///< 3001
+TalpenaError AppelInvalide();                     ///< 5
+TalpenaError Debordement();                       ///< 6
+TalpenaError AccesRefuse(std::string_view path);  ///< 75
+TalpenaError ArgumentInvalide();                  ///< 3001
 TalpenaError TableExiste(std::string_view table);
 TalpenaError SansEdition();                              ///< 3020
 TalpenaError PasDeLigne();                               ///< 3021

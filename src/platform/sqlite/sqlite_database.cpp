@@ -69,7 +69,7 @@ void VerifieDefinition(const TableDef& table) {
 }  // namespace
 
 std::unique_ptr<SqliteDatabase> SqliteDatabase::Cree(const std::string& path) {
-  auto connection = std::make_shared<Connection>(path, Connection::Mode::Create);
+  auto connection = std::make_shared<Connection>(path, Connection::Mode::Fresh);
   connection->Execute("PRAGMA application_id = " + std::to_string(ApplicationId));
   connection->Execute(std::string("CREATE TABLE ") + DefinitionTable +
                       " (name TEXT PRIMARY KEY, definition TEXT NOT NULL) STRICT");

@@ -14,7 +14,7 @@ namespace talpena::sqlite {
 
 class SqliteDatabase : public Database {
  public:
-  /// A new, empty file.
+  /// Makes the database in an empty file.
   static std::unique_ptr<SqliteDatabase> Cree(const std::string& path);
   /// An existing file of the engine's own.
   static std::unique_ptr<SqliteDatabase> Ouvre(const std::string& path, bool readOnly);

@@ -8,6 +8,7 @@
 
 #include "platform/sqlite/errors.h"
 #include "platform/sqlite/imported_database.h"
+#include "platform/sqlite/private_file.h"
 #include "platform/sqlite/sqlite_database.h"
 
 namespace talpena {
@@ -25,6 +26,13 @@ bool Existe(const std::string& path) {
   return fs::exists(Chemin(path), ignored);
 }
 
+/// A pipe or a device is no database, and opening one may wait for ever.
+void RefuseTuyaux(const std::string& path) {
+  std::error_code ignored;
+  const fs::file_status status = fs::status(Chemin(path), ignored);
+  if (!fs::is_regular_file(status) && !fs::is_directory(status)) throw sqlite::FormatInconnu(path);
+}
+
 bool EstFichierSqlite(const std::string& path) {
   constexpr std::string_view magic = "SQLite format 3\0"sv;
   char head[16] = {};
@@ -35,8 +43,20 @@ bool EstFichierSqlite(const std::string& path) {
 // A journal that a crash left would be played back into the new file.
 void EnleveJournal(const std::string& path) {
   for (const char* suffix : {"-journal", "-wal", "-shm"}) {
+    std::error_code failed;
+    fs::remove(Chemin(path + suffix), failed);
+    if (failed) throw sqlite::AccesRefuse(path + suffix);
+  }
+}
+
+std::unique_ptr<Database> RemplitFichier(const std::string& path) {
+  try {
+    return sqlite::SqliteDatabase::Cree(path);
+  } catch (const TalpenaError& error) {
     std::error_code ignored;
-    fs::remove(Chemin(path + suffix), ignored);
+    fs::remove(Chemin(path), ignored);
+    if (error.number() != ErrorNumber::PathFileAccess) throw;
+    throw sqlite::AccesRefuse(path);
   }
 }
 
@@ -53,17 +73,17 @@ class SqliteEngine final : public TableEngine {
   explicit SqliteEngine(std::vector<std::unique_ptr<ForeignFormat>> formats)
       : formats_(std::move(formats)) {}
 
+  void SuitAttente(const ForeignWait& attente) override {
+    for (const auto& format : formats_) format->SuitAttente(attente);
+  }
+
   std::unique_ptr<Database> CreateDatabase(const std::string& path,
                                            const NewDatabase& settings) override {
     if (settings != NewDatabase{}) throw sqlite::ArgumentInvalide();
     VerifiePlace(path);
     EnleveJournal(path);
-    try {
-      return sqlite::SqliteDatabase::Cree(path);
-    } catch (const TalpenaError& error) {
-      if (error.number() != ErrorNumber::PathFileAccess) throw;
-      throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: '" + path + "'.");
-    }
+    sqlite::CreeFichierPrive(path);
+    return RemplitFichier(path);
   }
 
   std::unique_ptr<Database> OpenDatabase(const std::string& path, bool readOnly,
@@ -73,6 +93,7 @@ class SqliteEngine final : public TableEngine {
                                                         true);
     }
     if (!Existe(path)) throw sqlite::FichierIntrouvable(path);
+    RefuseTuyaux(path);
     if (connect.empty() && EstFichierSqlite(path)) return OuvreLeNotre(path, readOnly);
     for (const auto& format : formats_) {
       if (format->Reconnait(path, connect)) {

@@ -7,14 +7,15 @@
 namespace talpena {
 
 /// No exception may travel through Qt's event loop: what no command caught is shown in the common
-/// box here, and the program goes on.
+/// box here, and the program goes on. It paints in the desktop's colours, made legible.
 class Application : public QApplication {
   Q_OBJECT
 
  public:
-  using QApplication::QApplication;
+  Application(int& argc, char** argv);
   void ChangePlatform(Platform* io) { io_ = io; }
   bool notify(QObject* receiver, QEvent* event) override;
+  bool event(QEvent* event) override;
 
  private:
   void Montre(int number, const std::string& description);

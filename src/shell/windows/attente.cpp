@@ -156,16 +156,20 @@ bool Attente::Bat() {
   if (!hourglass_ || painting_ || depuis_.elapsed() < prochain_) return true;
   Peint();
   prochain_ = depuis_.elapsed() + BattementMs;
-  if (!cancelled_) return true;
-  PermetAnnulation(false);
-  return false;
+  return annulation_ != Annulation::Instruction || !EstAbandonne();
+}
+
+bool Attente::EstAbandonne() {
+  if (!cancelled_) return false;
+  PermetAnnulation(Annulation::Aucune);  // what is put back is not given up too
+  return true;
 }
 
 void Attente::Peint() {
   const Peinture peinture(*this);
   const qint64 now = depuis_.elapsed();
   if (now >= FenetreMs) MontreFenetre();
-  if (now >= AnnulationMs && cancelable_) MontreAnnulation();
+  if (now >= AnnulationMs && annulation_ != Annulation::Aucune) MontreAnnulation();
   AvanceBarre();
   QCoreApplication::processEvents(SeLaisseAnnuler() ? QEventLoop::AllEvents
                                                     : QEventLoop::ExcludeUserInputEvents);
@@ -182,17 +186,18 @@ void Attente::MontreFenetre() {
   AttendPeinture(*frmMessage_);
 }
 
-void Attente::PermetAnnulation(bool allowed) {
-  cancelable_ = allowed;
+void Attente::PermetAnnulation(Annulation where) {
+  annulation_ = where;
   cancelled_ = false;
-  if (!allowed) CacheAnnulation();
+  if (where == Annulation::Aucune) CacheAnnulation();
 }
 
 void Attente::MontreAnnulation() {
   if (SeLaisseAnnuler()) return;
   if (frmAnnulation_ == nullptr) {
     frmAnnulation_ = new frmMessage(state_, &fenetre_, frmMessage::Bouton::Annuler);
-    connect(frmAnnulation_, &frmMessage::Annulee, this, [this] { cancelled_ = cancelable_; });
+    connect(frmAnnulation_, &frmMessage::Annulee, this,
+            [this] { cancelled_ = annulation_ != Annulation::Aucune; });
   }
   avant_ = QApplication::activeWindow();
   Place(*frmAnnulation_);

@@ -44,7 +44,8 @@ class Attente : public QObject, public WaitView {
   void TraiteMessages() override;
   void GeleGrille(bool frozen) override;
   bool Bat() override;
-  void PermetAnnulation(bool allowed) override;
+  bool EstAbandonne() override;
+  void PermetAnnulation(Annulation where) override;
 
  Q_SIGNALS:
   void Fini();  ///< the work has ended
@@ -74,7 +75,7 @@ class Attente : public QObject, public WaitView {
   std::string texte_;                    ///< of the command; empty when it gave none
   bool hourglass_ = false;
   bool painting_ = false;
-  bool cancelable_ = false;
+  Annulation annulation_ = Annulation::Aucune;
   bool cancelled_ = false;
   int shown_ = 0;  ///< percent told last
   qint64 shownAt_ = 0;

@@ -12,11 +12,11 @@
 #include <QToolButton>
 #include <algorithm>
 
+#include "platform/qt/colours.h"
 #include "platform/qt/window_place.h"
 #include "shell/windows/attente.h"
 #include "shell/windows/help_desk.h"
 #include "store/cell_text.h"
-#include "store/windows/grid_colours.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {
@@ -95,6 +95,7 @@ void Form1::MontreAffichage(Changes changes) {
     }
   }
   if (changes.Touche(Aspect::Grid)) AjusteGrille();
+  if (changes.Touche(Aspect::Notice)) AfficheFiltre();
   if (changes.Touche(Aspect::Words)) lbl1->setVisible(display.lbl1);
   if (changes.Touche(Aspect::Menus)) ActiveControles();
 }
@@ -226,7 +227,7 @@ void Form1::AjusteOutils() {
     cmdMap->setToolButtonStyle(style);
   };
   montre(Qt::ToolButtonTextBesideIcon);
-  if (Picture1->layout()->minimumSize().width() > width()) montre(Qt::ToolButtonIconOnly);
+  if (Picture1->layout()->sizeHint().width() > width()) montre(Qt::ToolButtonIconOnly);
 }
 
 void Form1::changeEvent(QEvent* event) {

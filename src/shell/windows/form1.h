@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <array>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -16,6 +17,7 @@
 #include "shell/shell_view.h"
 #include "shell/start_stop.h"
 #include "shell/windows/menus.h"
+#include "store/windows/grid_colours.h"
 
 class QAbstractButton;
 class QComboBox;
@@ -132,6 +134,7 @@ class Form1 : public QMainWindow,
   void Execute(const MenuEntry& entry);
   MenuState Etat() const;
   void cmdFirstLast_Click(int index);
+  void ChangeCouleur(std::uint32_t& stored, QColor GridColours::*shown);
   void CmbTri_Click();
   void MontreCarte(bool choisit);
   void Timer1_Tick();
@@ -152,6 +155,7 @@ class Form1 : public QMainWindow,
   void AffichePosition();
   void SuitLignes();
   void AfficheFiltre();
+  void OffreFinsLf();
   void AfficheTri();
 
   ProcessState& state_;

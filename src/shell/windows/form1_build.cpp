@@ -194,6 +194,7 @@ void Form1::ConstruitBarreEtat() {
     panels_[i]->setTextFormat(Qt::PlainText);
     panels_[i]->setContentsMargins(margin, 0, margin, 0);
   }
+  panels_[1]->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
   ProgressBar1 = Nomme(new QProgressBar(bar), QStringLiteral("ProgressBar1"));
   ProgressBar1->setRange(0, 100);
   ProgressBar1->setMaximumWidth(fontMetrics().averageCharWidth() * 36);

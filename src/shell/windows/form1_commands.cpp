@@ -31,6 +31,7 @@
 #include "store/row_commands.h"
 #include "store/sort.h"
 #include "store/windows/edit_form.h"
+#include "store/windows/grid_colours.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {
@@ -102,6 +103,8 @@ void Form1::Relie() {
     Execute(
         RangeeNommee(ArbreDesMenus(), link == QLatin1String("new") ? "MnuNouveau" : "MnuOuvrir"));
   });
+  connect(panels_[1], &QLabel::linkActivated, this,
+          [this] { Commande([this] { RouvreEnLf(Commandes()); }); });
   connect(TDBGrid1, &QTableView::doubleClicked, this, &Form1::MontreEdition);
   Timer1 = new QTimer(this);
   Timer1->setObjectName(QStringLiteral("Timer1"));
@@ -142,7 +145,9 @@ void Form1::ConstruitAttente() {
 bool Form1::Charge(const std::string& commandLine) {
   {
     const Running running(running_);
-    ChargeForm1(Contexte(), commandLine);
+    const auto failure = ChargeForm1(Contexte(), commandLine);
+    if (failure) DitArretDeCharge(Contexte(), *failure);
+    if (failure && !isVisible()) FermeSplash(), Termine();  // nothing else is on the screen
   }
   ApresCommande();
   return !ended_;
@@ -190,17 +195,20 @@ void Form1::CmbTri_Click() {
   OptTri[sortDescending_ ? 1 : 0]->setChecked(true);
 }
 
-void Form1::MnuGrille_Click() {
-  const QColor now = EnQColor(state_.CouleurFondGrille, QApplication::palette());
-  state_.CouleurFondGrille = io_.dialogues.ChoisitCouleur(EnCouleur(now));
+// The colour that is shown may be another one than that of the settings, which stays unless the
+// user chooses a new one.
+void Form1::ChangeCouleur(std::uint32_t& stored, QColor GridColours::*shown) {
+  const GridColours colours =
+      CouleursDeGrille(state_, state_.CouleurFondGrille, QApplication::palette());
+  const std::uint32_t now = EnCouleur(colours.*shown);
+  const std::uint32_t chosen = io_.dialogues.ChoisitCouleur(now);
+  if (chosen != now) stored = chosen;
   TDBGrid1->AppliqueCouleurs();
 }
 
-void Form1::MnuTxtGrille_Click() {
-  const QColor now = TDBGrid1->palette().color(QPalette::Text);
-  state_.CouleurTexteGrille = io_.dialogues.ChoisitCouleur(EnCouleur(now));
-  TDBGrid1->AppliqueCouleurs();
-}
+void Form1::MnuGrille_Click() { ChangeCouleur(state_.CouleurFondGrille, &GridColours::background); }
+
+void Form1::MnuTxtGrille_Click() { ChangeCouleur(state_.CouleurTexteGrille, &GridColours::text); }
 
 void Form1::MnuInfo_Click() { frmEastern(state_, this).exec(); }
 

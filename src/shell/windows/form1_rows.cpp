@@ -35,10 +35,31 @@ void Form1::AfficheFiltre() {
     text = AvecNombres(state_.Langue, Texte(state_.Langue, MsgId::FiltreRetire),
                        CompteLignes(state_.document));
   }
+  std::string tip = filtered_ ? Texte(state_.Langue, MsgId::FiltreEtSauvegarde) : std::string();
+  if (const std::string& avis = state_.document.Montre().avis; !avis.empty()) {
+    text = avis;
+    tip.clear();
+  } else if (text.empty() && state_.document.Fichier.FinsLf) {
+    return OffreFinsLf();
+  } else if (text.empty()) {
+    text = TexteDossierRefuse(state_);
+    tip = DetailDossierRefuse(state_);
+  }
+  panels_[1]->setTextFormat(Qt::PlainText);
   panels_[1]->setText(QString::fromStdString(text));
-  panels_[1]->setToolTip(
-      filtered_ ? QString::fromStdString(Texte(state_.Langue, MsgId::FiltreEtSauvegarde))
-                : QString());
+  panels_[1]->setToolTip(QString::fromStdString(tip));
+}
+
+/// A file whose rows made one row: it can be opened by its LFs, with the pointer or by Tab and
+/// Enter.
+void Form1::OffreFinsLf() {
+  const auto texte = [this](int id) {
+    return QString::fromStdString(Texte(state_.Langue, id)).toHtmlEscaped();
+  };
+  panels_[1]->setTextFormat(Qt::RichText);
+  panels_[1]->setText(QStringLiteral("%1 <a href=\"lf\">%2</a>")
+                          .arg(texte(MsgId::LignesEnUne), texte(MsgId::OuvreAvecLf)));
+  panels_[1]->setToolTip({});
 }
 
 /// The sort controls show the order that the rows have, whoever bound them.

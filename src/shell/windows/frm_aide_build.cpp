@@ -16,6 +16,7 @@
 #include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/window_place.h"
 #include "shell/windows/frm_aide.h"
 #include "shell/windows/help_hit_delegate.h"
 #include "shell/windows/help_page_view.h"
@@ -118,10 +119,8 @@ void frmAide::Dispose() {
 }
 
 void frmAide::RetrouvePlace() {
-  QSize wanted = firstSize;
-  if (screen() != nullptr) wanted = wanted.boundedTo(screen()->availableGeometry().size());
-  resize(wanted);
-  if (lastPlace_->geometry.isValid()) setGeometry(lastPlace_->geometry);
+  resize(TailleVisible(firstSize, screen()));
+  if (lastPlace_->geometry.isValid()) setGeometry(PlaceVisible(lastPlace_->geometry));
   if (!lastPlace_->columns.isEmpty()) columns_->restoreState(lastPlace_->columns);
   page_->ChangeZoom(lastPlace_->zoom);
 }

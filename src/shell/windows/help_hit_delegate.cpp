@@ -2,6 +2,9 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <array>
+
+#include "platform/qt/contrast.h"
 
 namespace talpena {
 namespace {
@@ -33,8 +36,10 @@ void HelpHitDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
 
   const bool selected = item.state.testFlag(QStyle::State_Selected);
   const QColor ink = item.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+  const std::array under = {item.palette.color(selected ? QPalette::Highlight : QPalette::Base)};
   QColor soft = ink;
   soft.setAlphaF(0.75F);
+  soft = Eloigne(soft, under, ContrasteLisible);
   QRect area = item.rect.adjusted(margin, margin, -margin, -margin);
   painter->save();
   painter->setFont(Gras(item.font));

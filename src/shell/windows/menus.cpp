@@ -191,6 +191,9 @@ constexpr std::array menuVisualiser = {
     MenuEntry{.control = "MnuVisAsiocea", .base = MsgId::MenuAsieOceanie},
     MenuEntry{.control = "MnuVisAutre", .base = MsgId::MenuAutreCarte,
               .condition = MenuCondition::Rows, .run = Directement<&Form1::MnuVisAutre_Click>},
+    MenuEntry{.control = "MnuSepar", .index = 4, .caption = menuSeparator},
+    MenuEntry{.control = "MnuVisCarte", .base = MsgId::MenuCarteVectorielle, .key = "Ctrl+M",
+              .condition = MenuCondition::Rows, .run = Directement<&Form1::cmdMap_Click>},
 };
 constexpr std::array menuCouleurs = {
     MenuEntry{.control = "MnuGrille", .base = MsgId::MenuFondGrille,
@@ -274,8 +277,7 @@ constexpr std::array outilsForm1 = {
               .same = "mnuChercher_0"},
     MenuEntry{.control = "cmd", .index = 5, .base = MsgId::CmdSupprimer, .icon = "delete",
               .same = "MnuSupprimer"},
-    MenuEntry{.control = "cmdMap", .base = MsgId::Carte, .key = "Ctrl+M", .icon = "map",
-              .condition = MenuCondition::Rows, .run = Directement<&Form1::cmdMap_Click>},
+    MenuEntry{.control = "cmdMap", .base = MsgId::Carte, .icon = "map", .same = "MnuVisCarte"},
 };
 // clang-format on
 

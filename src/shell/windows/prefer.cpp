@@ -22,6 +22,7 @@
 #include "coords/systems.h"
 #include "coords/windows/frm_datum.h"
 #include "platform/qt/mnemonics.h"
+#include "platform/qt/scrolled.h"
 #include "store/record/record_editor.h"
 
 namespace talpena {
@@ -81,6 +82,7 @@ Prefer::Prefer(CommandContext contexte, QWidget* parent)
   Montre(RempliPrefer(state_, io_));
   StatutAutoSave();
   Relie();
+  resize(defilement_->TailleDeFenetre(sizeHint()));
   Combo2->setFocus();
 }
 
@@ -166,9 +168,15 @@ void Prefer::Dispose() {
   lblAutoSave->setBuddy(txtSaveInterval);
   lblWorkingDir->setBuddy(txtWorkingDir);
 
+  defilement_ = Cree<Scrolled>(this, "Defilement");
+  auto* content = new QWidget;
+  auto* frames = new QVBoxLayout(content);
+  frames->setContentsMargins(0, 0, 0, 0);
+  for (QGroupBox* frame : Frame) frames->addWidget(frame);
+  frames->addStretch(1);
+  defilement_->setWidget(content);
   auto* layout = new QVBoxLayout(this);
-  for (QGroupBox* frame : Frame) layout->addWidget(frame);
-  layout->addStretch(1);
+  layout->addWidget(defilement_, 1);
   auto* buttons = new QDialogButtonBox(this);
   buttons->addButton(Command1, QDialogButtonBox::AcceptRole);
   buttons->addButton(Command2, QDialogButtonBox::RejectRole);

@@ -14,6 +14,8 @@ class QPushButton;
 
 namespace talpena {
 
+class Scrolled;
+
 /// Modal dialog over the preferences. It is accepted when OK went through; Cancel and Escape leave
 /// everything as it was, but for the working folder, which cmdOpen stores at once. The lists of
 /// datums find an entry by any part of it that is typed.
@@ -52,6 +54,7 @@ class Prefer : public QDialog {
   Platform& io_;
   std::string datumSpherique_;  ///< its code
 
+  Scrolled* defilement_ = nullptr;
   std::array<QGroupBox*, 4> Frame{};
   QLabel* lblCombo2 = nullptr;
   QComboBox* Combo2 = nullptr;

@@ -14,8 +14,8 @@ constexpr std::array allBoxes{0, 1, 2};
 constexpr std::size_t codeSize = 3;
 
 /// Blanks of every kind that come in with a pasted text.
-constexpr std::array<std::string_view, 7> blanks{" ",      "\t",     "\n",    "\r",
-                                                 "\u00A0", "\u2009", "\u202F"};
+constexpr std::array<std::string_view, 8> blanks{" ",      "\t",     "\n",     "\r",
+                                                 "\u00A0", "\u2007", "\u2009", "\u202F"};
 
 const std::string& Boite(const RecordScreen& ecran, int box) {
   return ecran.EditBox[static_cast<std::size_t>(box)];

@@ -5,6 +5,7 @@
 #include "common/string_table.h"
 #include "common/text.h"
 #include "coords/datum.h"
+#include "coords/tokens.h"
 #include "platform/commands.h"
 #include "store/cell_text.h"
 #include "store/record/date_mask.h"
@@ -53,7 +54,7 @@ std::string MontreDatum(const StoreState& state, RecordScreen& ecran, std::strin
 
 /// Takes a row's ORIGINAL: its system becomes InputMode, its tokens fill the boxes.
 void MontreOriginal(StoreState& state, RecordScreen& ecran, std::string_view stored) {
-  const std::string original = Majuscules(Rogne(stored));
+  const std::string original = Majuscules(Rogne(AvecBlancsSimples(stored)));
   const auto system = SystemeDe(PremiersCaracteres(original, 3));
   if (system) state.InputMode = static_cast<std::int16_t>(*system);
   AdapteInputbox(state, ecran);

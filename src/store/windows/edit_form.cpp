@@ -1,22 +1,22 @@
 // The record editor shows its screen and takes it back, and follows the keys.
 #include "store/windows/edit_form.h"
 
-#include <QComboBox>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QTextDocument>
 #include <algorithm>
 #include <utility>
 
 #include "platform/commands.h"
+#include "platform/qt/scrolled.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/free_fields_grid.h"
 #include "store/windows/hint_label.h"
+#include "store/windows/typed_list.h"
 
 namespace talpena {
 namespace {
@@ -193,6 +193,7 @@ bool EditForm::EstADire(RecordField field) const {
 /// The user changed a field.
 void EditForm::Marque() {
   if (remplit_) return;
+  NoteDebut();
   parTape_ = false;
   ecran_.modifie = true;
   ecran_.ButOk = true;
@@ -271,6 +272,45 @@ void EditForm::PlaceFocus(RecordField field) {
   defilement_->ensureWidgetVisible(control);
 }
 
+/// The first field that is typed in begins the record; a remark alone begins none.
+void EditForm::NoteDebut() {
+  const QWidget* here = focusWidget();
+  if (commence_ || here == nullptr || here == ChampLibre) return;
+  const auto* begun =
+      std::find_if(recordFields.begin(), recordFields.end(), [&](RecordField field) {
+        return Controle(field) == here || Controle(field)->isAncestorOf(here);
+      });
+  if (begun == recordFields.end()) return;
+  commence_ = true;
+  debut_ = *begun;
+  debutRang_ = Grid->currentIndex().row();
+}
+
+RecordField EditForm::PremiereBoite() const {
+  for (const RecordField box : {RecordField::EditBox0, RecordField::EditBox1}) {
+    if (!Controle(box)->isHidden()) return box;
+  }
+  return RecordField::EditBox2;
+}
+
+/// Another row is on show: the keys go where the last one was begun. While rows are only looked
+/// at they stay where they are, but not in the remark, with which no record begins.
+void EditForm::PlaceAuDebut() {
+  commence_ = false;
+  if (!debut_ && !ChampLibre->hasFocus()) return;
+  switch (const RecordField field = debut_.value_or(RecordField::ChampPeriode)) {
+    case RecordField::EditBox0:
+    case RecordField::EditBox1:
+    case RecordField::EditBox2:
+      return PlaceFocus(PremiereBoite());
+    case RecordField::Grid:
+      Grid->setCurrentIndex(Grid->model()->index(debutRang_, 1));
+      return PlaceFocus(field);
+    default:
+      return PlaceFocus(field);
+  }
+}
+
 bool EditForm::PointCalcule() const {
   return ecran_.avis.empty() && !EditBox[2]->text().trimmed().isEmpty() &&
          !ChampLatitude->text().isEmpty() && !ChampLongitude->text().isEmpty();
@@ -311,11 +351,6 @@ void EditForm::keyPressEvent(QKeyEvent* event) {
 }
 
 bool EditForm::eventFilter(QObject* watched, QEvent* event) {
-  // A turn of the wheel over the list is meant for the form.
-  if (watched == cmbSystem && event->type() == QEvent::Wheel) {
-    event->ignore();
-    return true;
-  }
   if (QuitteLeChamp(*event)) {
     for (const RecordField field : recordFields) {
       if (Controle(field) != watched) continue;

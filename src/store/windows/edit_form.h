@@ -4,19 +4,18 @@
 #include <QStringList>
 #include <array>
 #include <bitset>
+#include <optional>
 #include <string>
 
 #include "store/command_context.h"
 #include "store/record/record_screen.h"
 
-class QComboBox;
 class QFrame;
 class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
-class QScrollArea;
 
 namespace talpena {
 
@@ -24,6 +23,8 @@ class DateEdit;
 class FreeFieldsGrid;
 class HintLabel;
 class Mnemonics;
+class Scrolled;
+class TypedList;
 
 /// Modal window over the row on which Data1 stands; it stays open from row to row. What the keys
 /// do beside Tab: Enter goes to the next field (over the latitude and the longitude that the boxes
@@ -110,6 +111,9 @@ class EditForm : public QDialog {
   bool QuitteChamps();
   bool ApresChamp();
   void PlaceFocus(RecordField field);
+  void NoteDebut();
+  void PlaceAuDebut();
+  RecordField PremiereBoite() const;
   QWidget* Controle(RecordField field) const;
   void Avance(bool forward);
   bool PointCalcule() const;
@@ -137,9 +141,12 @@ class EditForm : public QDialog {
   std::array<bool, 3> boiteTapee_{};  ///< typed in since it was left
   std::bitset<16> quittes_;           ///< fields that the user has left, by RecordField
   QWidget* avise_ = nullptr;          ///< field whose fault is told
+  std::optional<RecordField> debut_;  ///< where a record was begun last
+  int debutRang_ = 0;                 ///< there, in Grid
+  bool commence_ = false;             ///< the record on show was begun
 
   std::array<Champ, 6> champs_{};
-  QScrollArea* defilement_ = nullptr;
+  Scrolled* defilement_ = nullptr;
 
   QLabel* LabelPeriode;
   QLineEdit* ChampPeriode;
@@ -147,7 +154,7 @@ class EditForm : public QDialog {
   DateEdit* ChampAnnee;
   QLabel* LabelOriginales;
   QLabel* LabelSysteme;
-  QComboBox* cmbSystem;
+  TypedList* cmbSystem;
   QLabel* lblSysteme;
   std::array<QLabel*, 3> LabelBox;  ///< the examples
   std::array<QLineEdit*, 3> EditBox;

@@ -1,5 +1,4 @@
 // The controls of the record editor and what they are tied to.
-#include <QComboBox>
 #include <QFontDatabase>
 #include <QFrame>
 #include <QGridLayout>
@@ -7,45 +6,28 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QShortcut>
 #include <QVBoxLayout>
 
 #include "platform/qt/controls.h"
+#include "platform/qt/scrolled.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
 #include "store/windows/free_fields_grid.h"
 #include "store/windows/hint_label.h"
+#include "store/windows/typed_list.h"
 
 using namespace Qt::StringLiterals;
 
 namespace talpena {
 namespace {
 
-/// Fields that scroll when the screen has no room for them; as large as they like otherwise.
-class Defilement final : public QScrollArea {
- public:
-  explicit Defilement(QWidget* parent) : QScrollArea(parent) {
-    setFrameShape(NoFrame);
-    setWidgetResizable(true);
-    setFocusPolicy(Qt::NoFocus);
-  }
-  QSize sizeHint() const override { return widget()->sizeHint(); }
-  QSize minimumSizeHint() const override {
-    const QSize content = widget()->minimumSizeHint();
-    const int bar = verticalScrollBar()->sizeHint().width();
-    return {std::min(content.width() + bar, fontMetrics().averageCharWidth() * 100),
-            std::min(content.height(), fontMetrics().lineSpacing() * 12)};
-  }
-};
-
 /// A remark has a few lines.
 class Remarque final : public QPlainTextEdit {
  public:
   using QPlainTextEdit::QPlainTextEdit;
-  QSize sizeHint() const override { return {QPlainTextEdit::sizeHint().width(), Hauteur(5)}; }
+  QSize sizeHint() const override { return {QPlainTextEdit::sizeHint().width(), Hauteur(4)}; }
   QSize minimumSizeHint() const override {
     return {QPlainTextEdit::minimumSizeHint().width(), Hauteur(2)};
   }
@@ -74,7 +56,7 @@ QLineEdit* EditForm::Ligne(QWidget* parent, const char* name, int characters) {
 }
 
 void EditForm::Construit() {
-  defilement_ = new Defilement(this);
+  defilement_ = new Scrolled(this);
   defilement_->setObjectName("Defilement");
   auto* content = new QWidget;
   ConstruitChamps(content);
@@ -121,12 +103,10 @@ void EditForm::ConstruitChamps(QWidget* parent) {
 void EditForm::ConstruitCoordonnees(QWidget* parent) {
   LabelOriginales = Etiquette(parent, "LabelOriginales");
   LabelSysteme = Etiquette(parent, "LabelSysteme");
-  cmbSystem = new QComboBox(parent);
+  cmbSystem = new TypedList(parent);
   cmbSystem->setObjectName("cmbSystem");
   cmbSystem->setSizeAdjustPolicy(QComboBox::AdjustToContents);
   cmbSystem->setMaxVisibleItems(16);
-  cmbSystem->setFocusPolicy(Qt::StrongFocus);
-  cmbSystem->installEventFilter(this);
   lblSysteme = Etiquette(parent, "lblSysteme");
   for (std::size_t i = 0; i < EditBox.size(); ++i) {
     LabelBox[i] = new QLabel(parent);
@@ -174,6 +154,9 @@ EditForm::Valeur EditForm::ConstruitValeur(const char* name, const QString& capt
   valeur.caption->setContentsMargins(0, std::max(lower, 0), fontMetrics().averageCharWidth(), 0);
   valeur.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
   valeur.value->setTextFormat(Qt::PlainText);
+  valeur.value->setText(u"0"_s);
+  valeur.value->setMinimumHeight(valeur.value->sizeHint().height());  // while it is empty, too
+  valeur.value->clear();
   grid.addWidget(valeur.caption, row, 0, Qt::AlignTop);
   grid.addWidget(valeur.value, row, 1, Qt::AlignTop);
   return valeur;
@@ -241,7 +224,7 @@ void EditForm::Relie() {
   connect(Grid, &FreeFieldsGrid::Abandonne, this, &EditForm::Grid_Abandonne);
   connect(Grid, &FreeFieldsGrid::Quitte, this, &EditForm::Avance);
   connect(ChampLibre, &QPlainTextEdit::textChanged, this, &EditForm::Marque);
-  connect(cmbSystem, &QComboBox::activated, this, &EditForm::cmbSystem_Click);
+  connect(cmbSystem, &TypedList::activated, this, &EditForm::cmbSystem_Click);
 }
 
 /// A button, and a key that does the same.

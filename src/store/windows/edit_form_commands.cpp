@@ -1,5 +1,4 @@
 // What the buttons of the record editor do: each calls a procedure of store/record.
-#include <QComboBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <utility>
@@ -9,6 +8,7 @@
 #include "store/record/record_editor.h"
 #include "store/windows/edit_form.h"
 #include "store/windows/free_fields_grid.h"
+#include "store/windows/typed_list.h"
 
 namespace talpena {
 
@@ -16,6 +16,7 @@ namespace talpena {
 /// left. While one is under way no other one begins.
 template <typename Procedure>
 void EditForm::Execute(Procedure procedure) {
+  cmbSystem->Valide();
   if (enCours_) return;
   enCours_ = true;
   Grid->Valide();
@@ -67,9 +68,15 @@ void EditForm::cmdChangeDatum_Click() {
   });
 }
 
-void EditForm::ButNew_Click() { Execute(talpena::ButNew_Click); }
+void EditForm::ButNew_Click() {
+  Execute(talpena::ButNew_Click);
+  if (!ecran_.modifie) commence_ = false;
+}
 
-void EditForm::ButDupl_Click() { Execute(talpena::ButDupl_Click); }
+void EditForm::ButDupl_Click() {
+  Execute(talpena::ButDupl_Click);
+  if (!ecran_.modifie) commence_ = false;
+}
 
 void EditForm::ButOk_Click() {
   const bool fromRemark = ChampLibre->hasFocus();
@@ -80,8 +87,10 @@ void EditForm::ButOk_Click() {
 }
 
 void EditForm::cmdNavig_Click(int index) {
+  if (enCours_) return;
   Execute(
       [index](CommandContext c, RecordScreen& ecran) { talpena::cmdNavig_Click(c, ecran, index); });
+  if (!ecran_.modifie) PlaceAuDebut();  // otherwise a field is wrong, and has the keys
 }
 
 void EditForm::reject() {

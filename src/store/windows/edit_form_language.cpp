@@ -1,5 +1,4 @@
 // Captions, names and tips of the record editor in the current language.
-#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -9,12 +8,16 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "common/text.h"
+#include "coords/systems.h"
+#include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"
 #include "store/record/compute.h"
 #include "store/record/record_editor.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
 #include "store/windows/free_fields_grid.h"
+#include "store/windows/typed_list.h"
 
 namespace talpena {
 namespace {
@@ -94,7 +97,8 @@ void EditForm::NommeChamps(Mnemonics& letters) {
     std::string caption;
   };
   const auto texte = [this](int id) { return Texte(state_.Langue, id); };
-  const auto nombre = [](std::string caption) {
+  const auto nombre = [](const std::string& stored) {
+    std::string caption(Rogne(stored));
     for (std::size_t at = 0; (at = caption.find('&', at)) != std::string::npos; at += 2) {
       caption.insert(at, 1, '&');  // an ampersand of the user's
     }
@@ -143,17 +147,23 @@ void EditForm::NommeSystemes() {
     if (i < cmbSystem->count()) {
       cmbSystem->setItemText(i, name);
     } else {
-      cmbSystem->addItem(name);
+      cmbSystem->addItem(name, EnQt(InfoDe(static_cast<CoordSystem>(i)).code));
     }
   }
   cmbSystem->setMinimumWidth(cmbSystem->sizeHint().width());
 }
 
-/// The boxes bear the name of the group and their example.
+/// The boxes bear the name of the group and their example, those of angles what they are too.
 void EditForm::NommeBoites() {
   const QString group = Nom(Texte(state_.Langue, MsgId::EditionOriginales));
+  const bool angles = InfoDe(ecran_.system).content == Content::Angles;
   for (std::size_t i = 0; i < EditBox.size(); ++i) {
-    EditBox[i]->setAccessibleName(QStringLiteral("%1: %2").arg(group, LabelBox[i]->text()));
+    QString name = QStringLiteral("%1: %2").arg(group, LabelBox[i]->text());
+    if (angles && i > 0) {
+      const int angle = i == 1 ? MsgId::EditionLatitude : MsgId::EditionLongitude;
+      name = QStringLiteral("%1, %2").arg(Nom(Texte(state_.Langue, angle)), name);
+    }
+    EditBox[i]->setAccessibleName(name);
   }
   const bool fixed = ecran_.layout.datumFixed;
   const QString change = Nom(Texte(state_.Langue, MsgId::Changer));

@@ -1,21 +1,21 @@
 // Where the controls of the record editor stand, and where it stands itself.
-#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
 
 #include "common/numbers.h"
 #include "platform/commands.h"
 #include "platform/qt/controls.h"
+#include "platform/qt/scrolled.h"
 #include "platform/qt/window_place.h"
 #include "store/windows/date_edit.h"
 #include "store/windows/edit_form.h"
 #include "store/windows/free_fields_grid.h"
 #include "store/windows/hint_label.h"
+#include "store/windows/typed_list.h"
 
 namespace talpena {
 namespace {
@@ -159,7 +159,7 @@ void EditForm::PlaceFenetre() {
   for (QWidget* filled : std::initializer_list<QWidget*>{FrameControle, defilement_}) {
     filled->updateGeometry();  // with the texts of the row
   }
-  const QSize wanted = sizeHint();
+  const QSize wanted = defilement_->TailleDeFenetre(sizeHint());
   const int height = stored("Height"), width = stored("Width");
   QRect place(QPoint(),
               QSize(width > 0 ? width : wanted.width(), height > 0 ? height : wanted.height()));

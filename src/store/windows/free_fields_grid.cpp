@@ -18,6 +18,7 @@ namespace {
 constexpr int labelColumn = 0, valueColumn = 1;
 constexpr float labelWidthTwips = 2000;
 constexpr int cellMargins = 16;
+constexpr int cellPadding = 8;  ///< above and below a text together
 
 /// Paints the current value as the chosen one while it has the keys.
 class ValueDelegate final : public QStyledItemDelegate {
@@ -73,7 +74,9 @@ class FreeFieldsModel final : public QAbstractTableModel {
     const bool label = at.column() == labelColumn;
     if (role == Qt::DisplayRole || (role == Qt::ToolTipRole && label)) {
       const auto row = static_cast<std::size_t>(at.row());
-      return QString::fromStdString(label ? labels_[row] : texts_[row]);
+      // Definitions often have a blank behind the comma.
+      return label ? QString::fromStdString(labels_[row]).trimmed()
+                   : QString::fromStdString(texts_[row]);
     }
     // The labels stand back from the values.
     if (role == Qt::BackgroundRole && label) return QApplication::palette().alternateBase();
@@ -101,7 +104,7 @@ FreeFieldsGrid::FreeFieldsGrid(QWidget* parent)
   horizontalHeader()->hide();
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cellPadding);
   txtEdit->setObjectName(u"txtEdit"_s);
   txtEdit->setFocusPolicy(Qt::ClickFocus);
   txtEdit->setAutoFillBackground(true);
@@ -169,9 +172,16 @@ void FreeFieldsGrid::PlaceEditeur() {
   if (EnEdition()) txtEdit->setGeometry(visualRect(Fgi(edited_)).adjusted(0, 0, -1, -1));
 }
 
-void FreeFieldsGrid::Deplace(int rows) {
+/// False when there is no such row.
+bool FreeFieldsGrid::Deplace(int rows) {
   const int row = currentIndex().row() + rows;
-  if (row >= 0 && row < model_->rowCount()) setCurrentIndex(Fgi(row));
+  if (row < 0 || row >= model_->rowCount()) return false;
+  setCurrentIndex(Fgi(row));
+  return true;
+}
+
+bool FreeFieldsGrid::focusNextPrevChild(bool next) {
+  return Deplace(next ? 1 : -1) || QTableView::focusNextPrevChild(next);
 }
 
 /// True when the arrow still has text to go over.
@@ -211,10 +221,12 @@ bool FreeFieldsGrid::EditKeyCode(const QKeyEvent& key) {
     case Qt::Key_Right:
       return !TraverseTexte(key) && store(key.key() == Qt::Key_Left ? -1 : 1);
     case Qt::Key_Tab:
-    case Qt::Key_Backtab:
+    case Qt::Key_Backtab: {
+      const bool forward = key.key() == Qt::Key_Tab;
       Valide();
-      Q_EMIT Quitte(key.key() == Qt::Key_Tab);
+      if (!Deplace(forward ? 1 : -1)) Q_EMIT Quitte(forward);
       return true;
+    }
     default:
       return false;
   }
@@ -326,7 +338,7 @@ void FreeFieldsGrid::scrollContentsBy(int dx, int dy) {
 void FreeFieldsGrid::changeEvent(QEvent* event) {
   QTableView::changeEvent(event);
   if (event->type() != QEvent::FontChange) return;
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 10);
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + cellPadding);
   MesureEtiquettes();
   DisposeColonnes();
 }

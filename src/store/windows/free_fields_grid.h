@@ -13,8 +13,8 @@ class FreeFieldsModel;
 /// Column 0 shows the labels, column 1 the values, of which the current one is edited by txtEdit,
 /// floating over its cell. Typing replaces the value; F2, Enter, the blank and a double click open
 /// it as it is; Delete empties it. While it is open, Enter, the up and down arrows, and the left
-/// and right ones at the ends of the text, store it and go to another cell; Tab stores it and
-/// leaves the grid; Escape leaves the cell unchanged.
+/// and right ones at the ends of the text, store it and go to another cell; Escape leaves the cell
+/// unchanged. Tab goes from value to value, and out of the grid behind the last one.
 class FreeFieldsGrid : public QTableView {
   Q_OBJECT
 
@@ -48,6 +48,7 @@ class FreeFieldsGrid : public QTableView {
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void changeEvent(QEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -55,7 +56,7 @@ class FreeFieldsGrid : public QTableView {
   bool EditKeyCode(const QKeyEvent& key);
   bool TraverseTexte(const QKeyEvent& key) const;
   QModelIndex Fgi(int row) const;
-  void Deplace(int rows);
+  bool Deplace(int rows);
   void FermeEditeur();
   void PlaceEditeur();
   void MesureEtiquettes();

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <string_view>
 #include <utility>
 
+#include "common/text.h"
 #include "store/cell_text.h"
 #include "store/windows/grid_cells.h"
 
@@ -20,7 +22,14 @@ QString SurUneLigne(QString text) {
       .replace(QLatin1Char('\r'), lineBreakMark);
 }
 
-constexpr int longText = 30;  ///< characters from which a cell tells its whole text in a tool tip
+constexpr int longText = 30;  ///< characters from which a cell tells its text in a tool tip too
+constexpr std::size_t longestShown = 1000;  ///< characters; who edits the cell has them all
+
+QString Montrable(std::string_view text) {
+  const std::string_view shown = PremiersCaracteres(text, longestShown);
+  const QString begin = QString::fromUtf8(shown.data(), static_cast<qsizetype>(shown.size()));
+  return shown.size() < text.size() ? begin + QChar(0x2026) : begin;
+}
 
 }  // namespace
 
@@ -44,18 +53,6 @@ void GridModel::PlaceSur(int row) const {
 }
 
 std::string GridModel::Texte(int row, int gridColumn) const {
-  ReadCell& cell = read_[static_cast<std::size_t>(row % RememberedRows)].at(
-      static_cast<std::size_t>(gridColumn));
-  if (!fixed_) {
-    cell = {row, LitTexte(row, gridColumn)};
-  } else if (cell.row != row) {
-    lacking_ = true;
-    return {};
-  }
-  return cell.text;
-}
-
-std::string GridModel::LitTexte(int row, int gridColumn) const {
   const int field = gridColumn + Column::FirstInGrid;
   try {
     PlaceSur(row);
@@ -65,16 +62,28 @@ std::string GridModel::LitTexte(int row, int gridColumn) const {
   }
 }
 
+QString GridModel::TexteMontre(int row, int gridColumn) const {
+  ReadCell& cell = read_[static_cast<std::size_t>(row % RememberedRows)].at(
+      static_cast<std::size_t>(gridColumn));
+  if (!fixed_) {
+    cell = {row, Montrable(Texte(row, gridColumn))};
+  } else if (cell.row != row) {
+    lacking_ = true;
+    return {};
+  }
+  return cell.text;
+}
+
 QVariant GridModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid() || !rows_) return {};
   const int column = index.column();
   switch (role) {
     case Qt::DisplayRole:
-      return SurUneLigne(QString::fromStdString(Texte(index.row(), column)));
+      return SurUneLigne(TexteMontre(index.row(), column));
     case Qt::EditRole:
       return QString::fromStdString(Texte(index.row(), column));
     case Qt::ToolTipRole: {
-      const QString text = QString::fromStdString(Texte(index.row(), column));
+      const QString text = TexteMontre(index.row(), column);
       return text.size() >= longText ? QVariant(text) : QVariant();
     }
     case Qt::TextAlignmentRole: {
@@ -146,7 +155,7 @@ void GridModel::RafraichitValeurs() {
 
 void GridModel::ChangeTitres(const std::array<std::string, Column::GridCount>& titles) {
   std::transform(titles.begin(), titles.end(), titles_.begin(),
-                 [](const std::string& t) { return QString::fromStdString(t); });
+                 [](const std::string& t) { return QString::fromStdString(t).trimmed(); });
   Q_EMIT headerDataChanged(Qt::Horizontal, 0, Column::GridCount - 1);
 }
 

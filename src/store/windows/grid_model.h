@@ -46,16 +46,17 @@ class GridModel : public QAbstractTableModel {
   std::vector<int> LignesDe(const std::vector<Bookmark>& bookmarks) const;
 
  private:
-  /// Text of a cell as it was read last.
+  /// What a cell showed last.
   struct ReadCell {
     int row = -1;
-    std::string text;
+    QString text;
   };
   /// More rows than a screen has; each has its place by its number.
   static constexpr int RememberedRows = 256;
 
   std::string Texte(int row, int gridColumn) const;
-  std::string LitTexte(int row, int gridColumn) const;
+  /// As much of it as a cell shows.
+  QString TexteMontre(int row, int gridColumn) const;
   void PlaceSur(int row) const;
 
   const SettingsState& settings_;

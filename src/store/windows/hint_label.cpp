@@ -1,9 +1,13 @@
 #include "store/windows/hint_label.h"
 
 #include <QAccessible>
+#include <QEvent>
 #include <QPainter>
 #include <QStyle>
 #include <algorithm>
+#include <array>
+
+#include "platform/qt/contrast.h"
 
 namespace talpena {
 namespace {
@@ -20,10 +24,21 @@ HintLabel::HintLabel(QWidget* parent) : QLabel(parent) {
   setContentsMargins(IconSize() + gap, 0, 0, 0);
 }
 
+void HintLabel::changeEvent(QEvent* event) {
+  QLabel::changeEvent(event);
+  if (event->type() == QEvent::FontChange) setContentsMargins(IconSize() + gap, 0, 0, 0);
+}
+
+QColor HintLabel::Couleur(const QPalette& palette) {
+  const std::array window = {palette.color(QPalette::Window)};
+  return Eloigne(QColor(EstSombre(palette) ? onDark : onLight), window, ContrasteLisible);
+}
+
 void HintLabel::Montre(const QString& hint) {
   if (hint == text()) return;
   setText(hint);
   setToolTip(hint);
+  update();  // the sign too, which stands beside the room of the text
   if (hint.isEmpty()) return;
   QAccessibleEvent announced(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&announced);
@@ -41,7 +56,7 @@ void HintLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const int size = IconSize();
   style()->standardIcon(QStyle::SP_MessageBoxWarning).paint(&painter, 0, 0, size, size);
-  painter.setPen(palette().color(QPalette::Window).lightness() < 128 ? onDark : onLight);
+  painter.setPen(Couleur(palette()));
   const QRect room = contentsRect();
   style()->drawItemText(&painter, room, Qt::AlignLeft | Qt::AlignVCenter, palette(), true,
                         fontMetrics().elidedText(text(), Qt::ElideRight, room.width()));

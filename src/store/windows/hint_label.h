@@ -15,11 +15,15 @@ class HintLabel : public QLabel {
 
   void Montre(const QString& hint);
 
+  /// The colour of a hint in a window of that palette.
+  static QColor Couleur(const QPalette& palette);
+
   QSize sizeHint() const override;
   QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
   int IconSize() const { return fontMetrics().height(); }

@@ -2,14 +2,16 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
 #include <QStyledItemDelegate>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "platform/commands.h"
-#include "platform/qt/colours.h"
+#include "platform/qt/decimals.h"
 #include "store/windows/grid_colours.h"
 #include "store/windows/grid_model.h"
 
@@ -24,6 +26,10 @@ constexpr std::array<const char*, Column::GridCount> typicalTexts = {
     "00000",      "MM",        "NAS-C",      "deg +00.00000 +000.00000",
     "0000/00/00", ""};
 
+constexpr int columnLatitude = Column::LATITUDE - Column::FirstInGrid;
+constexpr int columnLongitude = Column::LONGITUDE - Column::FirstInGrid;
+constexpr int pointDecimals = 5;  ///< as files keep them
+
 /// Left and right of a text, pixels.
 constexpr int cellMargins = 14;
 
@@ -35,6 +41,16 @@ int HauteurTitre(const QFontMetrics& metrics, const QString& heading, int width)
 class GridDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;
+
+  // A line of the toolkit's own cuts longer texts, and would store them cut.
+  QWidget* createEditor(QWidget* parent, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const override {
+    QWidget* editor = QStyledItemDelegate::createEditor(parent, option, index);
+    if (auto* line = qobject_cast<QLineEdit*>(editor)) {
+      line->setMaxLength(std::numeric_limits<int>::max());
+    }
+    return editor;
+  }
 
   // Another window, a menu or a box over the editor is no end of the edit.
   bool eventFilter(QObject* editor, QEvent* event) override {
@@ -63,6 +79,9 @@ class GridDelegate : public QStyledItemDelegate {
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
     QStyledItemDelegate::initStyleOption(option, index);
+    if (index.column() == columnLatitude || index.column() == columnLongitude) {
+      AligneDecimales(*option, pointDecimals);
+    }
     const auto* view = qobject_cast<const QTableView*>(option->widget);
     if (view == nullptr || index.row() != view->currentIndex().row()) return;
     // The current row is tinted, so that it is found again on a wide screen.
@@ -71,13 +90,6 @@ class GridDelegate : public QStyledItemDelegate {
     option->backgroundBrush = tint;
   }
 };
-
-QColor EnQt(Rgb c) { return {c.red, c.green, c.blue}; }
-
-Rgb DeQt(const QColor& c) {
-  return {static_cast<std::uint8_t>(c.red()), static_cast<std::uint8_t>(c.green()),
-          static_cast<std::uint8_t>(c.blue())};
-}
 
 }  // namespace
 
@@ -149,15 +161,10 @@ void TDBGrid::AppliqueCouleurs() { ChangeFond(state_.CouleurFondGrille); }
 
 void TDBGrid::ChangeFond(std::uint32_t stored) {
   background_ = stored;
-  const QPalette desktop = QApplication::palette();
-  const QColor background = EnQColor(stored, desktop);
-  QColor text = EnQColor(state_.CouleurTexteGrille, desktop);
-  if (EstCouleurSysteme(state_.CouleurTexteGrille)) {
-    text = EnQt(TexteLisible(DeQt(background), DeQt(text)));
-  }
+  const GridColours shown = CouleursDeGrille(state_, stored, QApplication::palette());
   QPalette colours = palette();
-  colours.setColor(QPalette::Base, background);
-  colours.setColor(QPalette::Text, text);
+  colours.setColor(QPalette::Base, shown.background);
+  colours.setColor(QPalette::Text, shown.text);
   setPalette(colours);
 }
 
@@ -268,7 +275,7 @@ void TDBGrid::changeEvent(QEvent* event) {
   if (event->type() == QEvent::FontChange) {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 8);
   }
-  if (event->type() == QEvent::ApplicationPaletteChange) ChangeFond(background_);
+  if (event->type() == QEvent::PaletteChange) ChangeFond(background_);
 }
 
 }  // namespace talpena

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -50,7 +51,7 @@ class SelectionWindow : public testing::Test, protected World {
 TEST_F(SelectionWindow, TypingChoosesTheConditionAndEnterTakesIt) {
   Ouvre();
   EXPECT_TRUE(Option(0).isChecked());
-  EXPECT_EQ(QApplication::focusWidget(), &Condition());
+  EXPECT_TRUE(Condition().hasFocus());
   QTest::keyClicks(&Condition(), "N1 > 1");
   EXPECT_TRUE(Option(1).isChecked());
   QTest::keyClick(&Condition(), Qt::Key_Return);
@@ -82,7 +83,7 @@ TEST_F(SelectionWindow, ARefusedConditionStaysWithTheOldRows) {
   ASSERT_EQ(boxes.size(), 1U);
   EXPECT_EQ(boxes[0].rfind("Error 3", 0), 0U) << boxes[0];
   EXPECT_EQ(Condition().text(), "N1 = = 2");
-  EXPECT_EQ(QApplication::focusWidget(), &Condition());
+  EXPECT_TRUE(Condition().hasFocus());
   EXPECT_EQ(Montrees(), 1);
   EXPECT_EQ(state.document.LignesMontrees().Condition(), "N1 = 2");
 }
@@ -115,7 +116,64 @@ TEST_F(SelectionWindow, AnExampleIsTakenOver) {
   Q_EMIT Enfant<QLabel>("lblConditions")->linkActivated("1");
   EXPECT_EQ(Condition().text(), "SEX LIKE 'F'");
   EXPECT_TRUE(Option(1).isChecked());
-  EXPECT_EQ(QApplication::focusWidget(), &Condition());
+  EXPECT_TRUE(Condition().hasFocus());
+}
+
+TEST_F(SelectionWindow, RemembersTheConditionsThatWereTaken) {
+  for (const char* typed : {"N1 > 1", "N1 = 2"}) {
+    Ouvre();
+    Condition().clear();
+    QTest::keyClicks(&Condition(), typed);
+    QTest::keyClick(&Condition(), Qt::Key_Return);
+  }
+  Ouvre();
+  auto& list = *Enfant<QComboBox>("cmbConditions");
+  ASSERT_EQ(list.count(), 2);
+  EXPECT_EQ(list.itemText(0), "N1 = 2");
+  EXPECT_EQ(list.itemText(1), "N1 > 1");
+  Option(0).click();
+  QTest::keyClick(&Condition(), Qt::Key_Down);
+  QTest::keyClick(&Condition(), Qt::Key_Down);
+  EXPECT_EQ(Condition().text(), "N1 > 1");
+  EXPECT_TRUE(Option(1).isChecked());
+  QTest::keyClick(&Condition(), Qt::Key_Return);
+  EXPECT_EQ(Montrees(), 2);
+}
+
+TEST_F(SelectionWindow, ARefusedConditionIsNotRemembered) {
+  Ouvre();
+  QTest::keyClicks(&Condition(), "N1 = = 2");
+  QTest::keyClick(&Condition(), Qt::Key_Return);
+  Boites();
+  window->reject();
+  Ouvre();
+  EXPECT_EQ(Enfant<QComboBox>("cmbConditions")->count(), 0);
+}
+
+TEST_F(SelectionWindow, CompletesTheNamesOfTheColumns) {
+  Ouvre();
+  QTest::keyClicks(&Condition(), "N1 > 1 AND la");
+  QWidget* offered = QApplication::activePopupWidget();
+  ASSERT_NE(offered, nullptr);
+  QTest::keyClick(offered, Qt::Key_Tab);
+  EXPECT_EQ(Condition().text(), "N1 > 1 AND LATITUDE");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  EXPECT_TRUE(Condition().hasFocus()) << "Tab went no further";
+  QTest::keyClicks(&Condition(), " > 5 AND d");
+  offered = QApplication::activePopupWidget();
+  ASSERT_NE(offered, nullptr);
+  for (const auto key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Return}) QTest::keyClick(offered, key);
+  EXPECT_EQ(Condition().text(), "N1 > 1 AND LATITUDE > 5 AND DATE");
+  EXPECT_TRUE(window->isVisible()) << "Enter took the name and no more";
+}
+
+TEST_F(SelectionWindow, OffersNoNameInATextAndForAWholeOne) {
+  Ouvre();
+  for (const char* typed : {"SEX LIKE 'D", "SEX", "PERIOD = 2"}) {
+    Condition().clear();
+    QTest::keyClicks(&Condition(), typed);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << typed;
+  }
 }
 
 TEST_F(SelectionWindow, EveryButtonHasALetterOfItsOwnInEveryLanguage) {

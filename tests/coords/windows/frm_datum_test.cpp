@@ -7,11 +7,13 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QTreeWidget>
+#include <algorithm>
 #include <set>
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
 #include "coords/test_catalogue.h"
+#include "platform/qt/decimals.h"
 
 namespace talpena {
 namespace {
@@ -82,6 +84,24 @@ TEST_F(FrmDatum, HasTheSevenColumns) {
   EXPECT_EQ(list_->columnWidth(3), 122);
 }
 
+TEST_F(FrmDatum, TitleAndHeadingsFollowTheLanguage) {
+  EXPECT_EQ(form_->windowTitle(), "Datum");
+  const std::pair<int, std::array<const char*, 5>> cases[] = {
+      {0, {"Datum", "Code", "Nom", "Utilisation", "Ellipsoïde"}},
+      {3000, {"Kartendatum", "Code", "Name", "Verwendung", "Ellipsoid"}},
+      {4000, {"Datum", "Codice", "Nome", "Impiego", "Ellissoide"}},
+      {5000, {"Kaartdatum", "Code", "Naam", "Gebruik", "Ellipsoïde"}}};
+  for (const auto& [langue, texts] : cases) {
+    SCOPED_TRACE(langue);
+    state_.Langue = static_cast<std::int16_t>(langue);
+    form_->AppliqueLangue();
+    EXPECT_EQ(form_->windowTitle(), texts[0]) << "the geodetic word, where Datum means a date";
+    for (int i = 0; i < 4; ++i) {
+      EXPECT_EQ(list_->headerItem()->text(i), texts[static_cast<std::size_t>(i) + 1]);
+    }
+  }
+}
+
 TEST_F(FrmDatum, ShowsEveryDatumInTheOrderOfTheCatalogue) {
   const auto rows = RempliListesDatums(state_.Catalogue);
   ASSERT_EQ(list_->topLevelItemCount(), 250);
@@ -98,6 +118,24 @@ TEST_F(FrmDatum, CutsNoNumberAndNoCode) {
     for (int i = 0; i < list_->topLevelItemCount(); ++i) {
       const QString text = list_->topLevelItem(i)->text(column);
       EXPECT_LE(list_->fontMetrics().horizontalAdvance(text), list_->columnWidth(column)) << column;
+    }
+  }
+}
+
+TEST_F(FrmDatum, TheShiftsHaveRoomToStandPointUnderPoint) {
+  for (const int column : {4, 5, 6}) {
+    int decimals = 0;
+    for (const QString& text : Colonne(column)) {
+      decimals = std::max(decimals, NombreDeDecimales(text));
+    }
+    for (const QString& text : Colonne(column)) {
+      QStyleOptionViewItem cell;
+      cell.widget = list_;
+      cell.fontMetrics = list_->fontMetrics();
+      cell.rect = QRect(0, 0, list_->columnWidth(column), 20);
+      cell.text = text;
+      AligneDecimales(cell, decimals);
+      EXPECT_EQ(cell.text, AvecPlaceDesDecimales(text, decimals));
     }
   }
 }

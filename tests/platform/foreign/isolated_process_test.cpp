@@ -6,18 +6,25 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <cstring>
 #include <fstream>
 #include <stdexcept>
 #include <string>
+#include <vector>
+
+#include "common/talpena_error.h"
 
 namespace talpena {
 namespace {
 
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
+
+constexpr LimitesProcessus patient{.silence = 10s};
 
 std::string LitTout(ProcessusIsole& process) {
   std::string all;
@@ -26,7 +33,7 @@ std::string LitTout(ProcessusIsole& process) {
 }
 
 TEST(ProcessusIsole, HandsOverWhatTheChildWrites) {
-  ProcessusIsole process([](Tuyau& out) { out.Ecrit("abc"), out.Ecrit("def"); }, 10s);
+  ProcessusIsole process([](Tuyau& out) { out.Ecrit("abc"), out.Ecrit("def"); }, patient);
   EXPECT_EQ(LitTout(process), "abcdef");
 }
 
@@ -37,7 +44,7 @@ TEST(ProcessusIsole, PassesManyBytesWhole) {
       [&](Tuyau& out) {
         for (std::size_t at = 0; at < sent.size(); at += 77777) out.Ecrit(sent.substr(at, 77777));
       },
-      10s);
+      patient);
   std::string got(sent.size(), '\0');
   ASSERT_TRUE(process.Lit(got.data(), got.size()));
   EXPECT_EQ(got, sent);
@@ -68,7 +75,7 @@ TEST(ProcessusIsole, TurnsEveryFaultIntoAnEnd) {
           out.Ecrit("never");
           _exit(0);
         },
-        10s);
+        patient);
     EXPECT_EQ(LitTout(process), "before");
   }
 }
@@ -84,7 +91,7 @@ TEST(ProcessusIsole, EndsASilentChild) {
           out.Vide();
           for (;;) pause();
         },
-        100ms);
+        {.silence = 100ms});
     ASSERT_TRUE(process.Lit(reinterpret_cast<char*>(&child), sizeof child));
     char c = 0;
     EXPECT_FALSE(process.Lit(&c, 1));
@@ -94,6 +101,82 @@ TEST(ProcessusIsole, EndsASilentChild) {
   EXPECT_EQ(errno, ESRCH);
 }
 
+TEST(ProcessusIsole, LongWorkThatGivesSignsGoesOn) {
+  ProcessusIsole process(
+      [](Tuyau& out) {
+        out.Ecrit("a");
+        for (int i = 0; i < 30; ++i) usleep(100'000), out.DonneSigne('.');
+        out.Ecrit("z");
+      },
+      {.silence = 2s});
+  const std::string all = LitTout(process);
+  EXPECT_EQ(all.front(), 'a');
+  EXPECT_EQ(all.back(), 'z') << all;
+  EXPECT_LT(all.size(), 10U) << "a sign each half second: " << all;
+}
+
+TEST(ProcessusIsole, WhoWaitsIsCalledAllTheTime) {
+  int calls = 0;
+  auto longest = Clock::duration::zero();
+  auto last = Clock::now();
+  ProcessusIsole process([](Tuyau&) { usleep(500'000); }, patient,
+                         [&] {
+                           ++calls;
+                           longest = std::max(longest, Clock::now() - last);
+                           last = Clock::now();
+                           return true;
+                         });
+  EXPECT_EQ(LitTout(process), "");
+  EXPECT_GE(calls, 5);
+  EXPECT_LE(calls, 15);
+  EXPECT_LT(longest, 250ms) << "50 ms, with room for a busy machine";
+}
+
+TEST(ProcessusIsole, WhoWaitsIsCalledWhileBytesCome) {
+  int calls = 0;
+  ProcessusIsole process(
+      [](Tuyau& out) {
+        for (const auto start = Clock::now(); Clock::now() - start < 500ms;) out.Ecrit("more");
+      },
+      patient, [&] { return ++calls > 0; });
+  EXPECT_FALSE(LitTout(process).empty());
+  EXPECT_GE(calls, 4);
+}
+
+TEST(ProcessusIsole, WhoWaitsCanEndTheChild) {
+  const auto start = Clock::now();
+  {
+    ProcessusIsole process([](Tuyau&) { pause(); }, patient, [] { return false; });
+    char c = 0;
+    try {
+      process.Lit(&c, 1);
+      ADD_FAILURE() << "it went on";
+    } catch (const TalpenaError& e) {
+      EXPECT_EQ(e.number(), ErrorNumber::Cancelled);
+    }
+  }
+  EXPECT_LT(Clock::now() - start, 5s);
+  EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child was left behind";
+}
+
+// A sanitized build needs memory of its own: there the bound is four times as wide.
+TEST(ProcessusIsole, GivesTheChildSoMuchMemoryAndNoMore) {
+  constexpr std::size_t block = std::size_t{1} << 20;
+  const std::vector<char> ofTheParent(300 * block, 'x');
+  ProcessusIsole process(
+      [](Tuyau& out) {
+        while (void* taken = malloc(block)) {
+          std::memset(taken, 1, block);
+          out.Ecrit(".");
+          out.Vide();
+        }
+      },
+      {.silence = 10s, .octetsMemoire = 64 * block});
+  const std::size_t taken = LitTout(process).size();
+  EXPECT_GE(taken, 56U) << "what the parent holds is not counted";
+  EXPECT_LE(taken, 4 * 64U);
+}
+
 TEST(ProcessusIsole, EndsAChildThatIsNoLongerRead) {
   const auto start = Clock::now();
   {
@@ -101,7 +184,7 @@ TEST(ProcessusIsole, EndsAChildThatIsNoLongerRead) {
         [](Tuyau& out) {
           for (;;) out.Ecrit("endless");
         },
-        10s);
+        patient);
     char c = 0;
     EXPECT_TRUE(process.Lit(&c, 1));
   }
@@ -120,7 +203,7 @@ TEST(ProcessusIsole, PrintsNothingAndTakesNoOptions) {
         std::fflush(nullptr);
         out.Ecrit(getenv("TALPENA_PROBE") == nullptr ? "none" : "some");
       },
-      10s);
+      patient);
   EXPECT_EQ(LitTout(process), "none");
   EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
@@ -136,7 +219,7 @@ TEST(ProcessusIsole, WritesNoFile) {
         file << "x" << std::flush;
         out.Ecrit(file.good() ? "written" : "refused");
       },
-      10s);
+      patient);
   EXPECT_EQ(LitTout(process), "refused");
   std::remove(path.c_str());
 }

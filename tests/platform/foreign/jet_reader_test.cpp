@@ -23,58 +23,12 @@
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "platform/foreign/jet_files.h"
 
 namespace talpena {
 namespace {
 
-namespace fs = std::filesystem;
-
-const fs::path mdbFolder = fs::path(TALPENA_SHARED_DATA) / "db" / "mdb";
-
-#define NEEDS_SHARED_DATA() \
-  if (!fs::exists(mdbFolder)) GTEST_SKIP() << "no Access files under " << mdbFolder
-
-using Row = std::vector<Value>;
-
-std::vector<Row> LitLignes(ForeignDatabase& database, const std::string& table,
-                           std::size_t columns) {
-  std::vector<Row> rows;
-  std::vector<Cell> cells(columns);
-  const auto source = database.Rows(table);
-  while (source->Suivante(cells)) {
-    Row row;
-    for (const Cell& cell : cells) row.push_back(cell.Garde());
-    rows.push_back(std::move(row));
-  }
-  EXPECT_FALSE(source->Suivante(cells)) << "the end lasts";
-  return rows;
-}
-
-TableDef TableDe(ForeignDatabase& database, const std::string& name) {
-  for (const TableDef& table : database.Tables()) {
-    if (table.name == name) return table;
-  }
-  ADD_FAILURE() << "no table " << name;
-  return {};
-}
-
-std::vector<Row> LitTable(const std::string& file, const std::string& table) {
-  const auto database = CreeFormatJet()->Ouvre((mdbFolder / file).string());
-  return LitLignes(*database, table, TableDe(*database, table).fields.size());
-}
-
-/// Number of the failure that reading the whole file ends in; 0 for none.
-int NumeroDe(const std::string& path, const LimitesJet& limits = {}) {
-  try {
-    const auto database = CreeFormatJet(limits)->Ouvre(path);
-    for (const TableDef& table : database->Tables()) {
-      LitLignes(*database, table.name, table.fields.size());
-    }
-  } catch (const TalpenaError& e) {
-    return e.number();
-  }
-  return 0;
-}
+using namespace test;
 
 struct Content {
   const char* file;
@@ -349,83 +303,6 @@ TEST(JetReader, AgreesWithMdbExport) {
   EXPECT_GT(cells, 1000U);
 }
 
-// --- what is no such file, and what was one ---------------------------------------------------
-
-std::string Lis(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
-
-std::size_t TaillePage(std::string_view name) {
-  return name.find("V1997") == std::string_view::npos ? 4096 : 2048;
-}
-
-/// All names and values of a file, in one text.
-std::string Empreinte(const std::string& path) {
-  std::string all;
-  const auto database = CreeFormatJet()->Ouvre(path);
-  for (const TableDef& table : database->Tables()) {
-    all += table.name + '\n';
-    for (const Row& row : LitLignes(*database, table.name, table.fields.size())) {
-      for (const Value& value : row) all += Cell::Vue(value).Texte() + columnEnd;
-      all += rowEnd;
-    }
-  }
-  return all;
-}
-
-class JetReaderDamage : public testing::Test {
- protected:
-  std::string Ecris(const std::string& bytes) const {
-    std::ofstream out(path_, std::ios::binary | std::ios::trunc);
-    out << bytes;
-    return path_;
-  }
-  void TearDown() override { fs::remove(path_); }
-
-  const std::string path_ = testing::TempDir() + "jet_damage_" + std::to_string(getpid()) + ".mdb";
-};
-
-TEST_F(JetReaderDamage, NamesAMissingFile) {
-  try {
-    CreeFormatJet()->Ouvre("/nowhere/DATUM.MDB");
-    ADD_FAILURE();
-  } catch (const TalpenaError& e) {
-    EXPECT_EQ(e.number(), ErrorNumber::DatabaseNotFound);
-    EXPECT_EQ(e.description(), "Could not find file '/nowhere/DATUM.MDB'.");
-  }
-  EXPECT_FALSE(CreeFormatJet()->Reconnait("/nowhere/DATUM.MDB", ""));
-}
-
-TEST_F(JetReaderDamage, RefusesOtherFiles) {
-  EXPECT_EQ(NumeroDe(Ecris("")), ErrorNumber::UnrecognizedFormat);
-  EXPECT_EQ(NumeroDe(Ecris("hello")), ErrorNumber::UnrecognizedFormat);
-  EXPECT_EQ(NumeroDe(Ecris(std::string(100000, '\0'))), ErrorNumber::UnrecognizedFormat);
-  EXPECT_FALSE(CreeFormatJet()->Reconnait(path_, ""));
-  EXPECT_EQ(NumeroDe(testing::TempDir()), ErrorNumber::UnrecognizedFormat);
-  try {
-    CreeFormatJet()->Ouvre(Ecris("x"));
-    ADD_FAILURE();
-  } catch (const TalpenaError& e) {
-    EXPECT_EQ(e.description(), "Unrecognized database format '" + path_ + "'.");
-  }
-}
-
-TEST_F(JetReaderDamage, DoesNotWaitForAPipe) {
-  ASSERT_EQ(mkfifo(path_.c_str(), 0600), 0);
-  EXPECT_FALSE(CreeFormatJet()->Reconnait(path_, ""));
-  EXPECT_EQ(NumeroDe(path_), ErrorNumber::UnrecognizedFormat);
-}
-
-TEST_F(JetReaderDamage, RefusesAHeadWithoutABody) {
-  NEEDS_SHARED_DATA();
-  const std::string head = Lis(mdbFolder / "testV1997.mdb").substr(0, 2048);
-  EXPECT_EQ(NumeroDe(Ecris(head)), ErrorNumber::UnrecognizedFormat);
-  EXPECT_EQ(NumeroDe(Ecris(head + std::string(60 * 2048, '\0'))), ErrorNumber::UnrecognizedFormat);
-  EXPECT_EQ(NumeroDe(Ecris(head + std::string(60 * 2048, '\xFF'))),
-            ErrorNumber::UnrecognizedFormat);
-}
-
 TEST(JetReader, NamesSystemTablesAndSavedQueries) {
   NEEDS_SHARED_DATA();
   struct Query {
@@ -491,65 +368,6 @@ TEST(JetReader, RefusesToWrite) {
   EXPECT_EQ(number([&] { database->CreeTable({}); }), ErrorNumber::NotSupported);
   EXPECT_EQ(number([&] { database->InsereLignes("Table1", *database->Rows("Table1")); }),
             ErrorNumber::NotSupported);
-}
-
-TEST_F(JetReaderDamage, KeepsItsLimits) {
-  NEEDS_SHARED_DATA();
-  const std::string path = (mdbFolder / "testIndexPropertiesV2000.mdb").string();
-  EXPECT_EQ(NumeroDe(path), 0);
-  EXPECT_EQ(NumeroDe(path, {.octetsFichier = 200000}), ErrorNumber::UnrecognizedFormat);
-  EXPECT_EQ(NumeroDe(path, {.tables = 5}), ErrorNumber::UnrecognizedFormat);
-  EXPECT_EQ(NumeroDe(path, {.tables = 6}), 0);
-  EXPECT_EQ(NumeroDe(path, {.autres = 3}), ErrorNumber::UnrecognizedFormat);
-  EXPECT_EQ(NumeroDe(path, {.colonnes = 2}), ErrorNumber::UnrecognizedFormat);
-  EXPECT_EQ(NumeroDe(path, {.colonnes = 3}), 0);
-  EXPECT_EQ(NumeroDe(path, {.lignes = 10}), ErrorNumber::UnrecognizedFormat);
-  EXPECT_EQ(NumeroDe(path, {.lignes = 11}), 0);
-  const std::string memos = (mdbFolder / "DateTestDatabase.mdb").string();
-  EXPECT_EQ(NumeroDe(memos, {.octetsMemo = 4}), ErrorNumber::UnrecognizedFormat);
-}
-
-TEST_F(JetReaderDamage, NeverLosesRowsOfACutFileInSilence) {
-  NEEDS_SHARED_DATA();
-  for (const char* name : {"compIndexTestV2000.mdb", "indexTestV1997.mdb"}) {
-    const std::string whole = Lis(mdbFolder / name);
-    const std::size_t page = TaillePage(name);
-    for (std::size_t pages = 0; pages * page < whole.size(); pages += 2) {
-      const int number = NumeroDe(Ecris(whole.substr(0, pages * page)));
-      // A page behind the last that is in use may go.
-      if (number == 0) {
-        EXPECT_EQ(Empreinte(path_), Empreinte((mdbFolder / name).string())) << name << ' ' << pages;
-      } else {
-        EXPECT_EQ(number, ErrorNumber::UnrecognizedFormat) << name << ' ' << pages;
-      }
-    }
-    EXPECT_EQ(NumeroDe(Ecris(whole.substr(0, whole.size() - 1))), ErrorNumber::UnrecognizedFormat);
-  }
-}
-
-// Every byte of a file may be any other: it is read, or it is damaged, and nothing else happens.
-TEST_F(JetReaderDamage, SurvivesChangedBytes) {
-  NEEDS_SHARED_DATA();
-  testing::internal::CaptureStderr();
-  testing::internal::CaptureStdout();
-  std::mt19937 random(1);
-  int damaged = 0;
-  for (const char* name : {"testV1997.mdb", "DateTestDatabase.mdb", "fixedTextTestV2000.mdb"}) {
-    const std::string whole = Lis(mdbFolder / name);
-    for (int round = 0; round < 40; ++round) {
-      std::string bytes = whole;
-      for (int k = 0; k <= round * 4; ++k) {
-        const std::size_t at = 24 + random() % (bytes.size() - 24);
-        bytes[at] = static_cast<char>(random());
-      }
-      const int number = NumeroDe(Ecris(bytes), {.silence = std::chrono::milliseconds(500)});
-      EXPECT_TRUE(number == 0 || number == ErrorNumber::UnrecognizedFormat) << number;
-      if (number != 0) ++damaged;
-    }
-  }
-  EXPECT_EQ(testing::internal::GetCapturedStdout(), "");
-  EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
-  EXPECT_GT(damaged, 5);
 }
 
 TEST(JetReader, TakesAccessConnectStringsOnly) {

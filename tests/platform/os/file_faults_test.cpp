@@ -15,6 +15,7 @@
 #include "fakes/file_limit.h"
 #include "fakes/temp_folder.h"
 #include "platform/os/file_system.h"
+#include "platform/os/left_overs.h"
 
 namespace talpena::test {
 namespace {
@@ -194,11 +195,98 @@ TEST(Renames, ATooSmallDiskOverThereLosesNothing) {
   EXPECT_TRUE(there.Noms().empty());
 }
 
+// The old file under another name
+
+TEST(Backups, StandBeforeTheNewFileDoes) {
+  const TempFolder folder;
+  EcritFichier(folder / "a.deg", "old");
+  EcritFichier(folder / "a.BAK", "older");
+  const ino_t former = Etat(folder / "a.deg").st_ino;
+  const auto out = files->Cree(folder / "a.deg");
+  out->Ecrit("new");
+  out->RemplaceEnGardant(folder / "a.BAK");
+  EXPECT_EQ(Etat(folder / "a.BAK").st_ino, former) << "moved, not copied";
+  EXPECT_EQ(LitFichier(folder / "a.deg"), "new");
+  EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));
+}
+
+TEST(Backups, OfAFileThatHasTwoNamesAlreadyAreMade) {
+  const TempFolder folder;
+  EcritFichier(folder / "a.deg", "old");
+  fs::create_hard_link(folder / "a.deg", folder / "a.BAK");  // a save that was killed
+  EXPECT_FALSE(files->MemeFichier(folder / "a.deg", folder / "a.BAK"));
+  const auto out = files->Cree(folder / "a.deg");
+  out->Ecrit("new");
+  out->RemplaceEnGardant(folder / "a.BAK");
+  EXPECT_EQ(LitFichier(folder / "a.BAK"), "old");
+  EXPECT_EQ(LitFichier(folder / "a.deg"), "new");
+  EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));
+}
+
+TEST(Backups, OtherNamesOfTheOldFileKeepIt) {
+  const TempFolder folder;
+  EcritFichier(folder / "a.deg", "old");
+  fs::create_hard_link(folder / "a.deg", folder / "other.deg");
+  const auto out = files->Cree(folder / "a.deg");
+  out->Ecrit("new");
+  out->RemplaceEnGardant(folder / "a.BAK");
+  EXPECT_EQ(LitFichier(folder / "other.deg"), "old");
+}
+
+TEST(Backups, AreCopiesOnAnotherFileSystem) {
+  if (!fs::is_directory("/dev/shm")) GTEST_SKIP() << "no second file system here";
+  const TempFolder here;
+  const TempFolder there("/dev/shm");
+  EcritFichier(there / "r.deg", "old");
+  ASSERT_EQ(chmod((there / "r.deg").c_str(), 0604), 0);
+  fs::create_symlink(there / "r.deg", here / "a.deg");
+  const auto out = files->Cree(here / "a.deg");
+  out->Ecrit("new");
+  out->RemplaceEnGardant(here / "a.BAK");
+  EXPECT_TRUE(fs::is_symlink(here / "a.deg"));
+  EXPECT_EQ(LitFichier(here / "a.BAK"), "old");
+  EXPECT_EQ(Etat(here / "a.BAK").st_mode & 07777, 0604U);
+  EXPECT_EQ(LitFichier(there / "r.deg"), "new");
+  EXPECT_EQ(there.Noms(), std::vector<std::string>{"r.deg"});
+}
+
+TEST(Backups, AFolderInTheirPlaceIsInTheWay) {
+  const TempFolder folder;
+  EcritFichier(folder / "a.deg", "old");
+  fs::create_directory(folder / "a.BAK");
+  const std::string refusal = "58 File already exists: " + folder / "a.BAK";
+  EXPECT_EQ(Echec([&] { files->VerifieGarde(folder / "a.deg", folder / "a.BAK"); }), refusal);
+  const auto out = files->Cree(folder / "a.deg");
+  EXPECT_EQ(Echec([&] { out->RemplaceEnGardant(folder / "a.BAK"); }), refusal);
+  EXPECT_EQ(LitFichier(folder / "a.deg"), "old");
+}
+
+TEST(LeftOvers, ThatAreBeingWrittenStay) {
+  const TempFolder folder;
+  EcritFichier(folder / "a.deg", "old");
+  const auto out = files->Cree(folder / "a.deg");
+  out->Ecrit("new");
+  files->SupprimeRestes(folder / "a.deg");
+  EXPECT_EQ(folder.Noms().size(), 2U);
+  out->Remplace();
+  EXPECT_EQ(LitFichier(folder / "a.deg"), "new");
+}
+
+TEST(LeftOvers, ThatAreNoFilesStay) {
+  const TempFolder folder;
+  EcritFichier(folder / "a.deg", "old");
+  ASSERT_EQ(mkfifo((folder / NomTemporaire("a.deg")).c_str(), 0600), 0);
+  fs::create_directory(folder / NomTemporaire("a.deg"));
+  fs::create_symlink("a.deg", folder / NomTemporaire("a.deg"));
+  files->SupprimeRestes(folder / "a.deg");
+  EXPECT_EQ(folder.Noms().size(), 4U);
+}
+
 TEST(Attributes, ANewFileMayTakeThoseOfAModel) {
   const TempFolder folder;
   EcritFichier(folder / "a.BAK", "old");
   ASSERT_EQ(chmod((folder / "a.BAK").c_str(), 0660), 0);
-  const auto out = files->CreeComme(folder / "a.deg", folder / "a.BAK");
+  const auto out = files->CreeComme(folder / "a.deg", {.modele = folder / "a.BAK"});
   out->Remplace();
   EXPECT_EQ(Etat(folder / "a.deg").st_mode & 07777, 0660U);
 }
@@ -272,6 +360,35 @@ TEST_F(AsNobody, AWriteProtectedFileIsNotReplaced) {
   EXPECT_EQ(Dit([&] { return Echec([&] { Ecrit(path, "new"); }); }),
             "70 Permission denied: " + path);
   EXPECT_EQ(LitFichier(path), "old");
+}
+
+TEST_F(AsNobody, AWriteProtectedFileIsReplacedWhereThatIsWanted) {
+  const std::string path = folder / "a.deg";
+  EcritFichier(path, "old");
+  ASSERT_EQ(chmod(path.c_str(), 0444), 0);
+  ASSERT_EQ(chmod(folder.path().c_str(), 0777), 0);
+  EXPECT_EQ(Dit([&] { return files->EstProtege(path) ? "protected" : "free"; }), "protected");
+  // Nobody may give a second name to a file of somebody else's: the names change in two steps.
+  EXPECT_EQ(Dit([&] {
+              return Echec([&] {
+                const auto out = files->CreeComme(path, {.memeProtege = true});
+                out->Ecrit("new");
+                out->RemplaceEnGardant(folder / "a.BAK");
+              });
+            }),
+            "");
+  EXPECT_EQ(LitFichier(path), "new");
+  EXPECT_EQ(LitFichier(folder / "a.BAK"), "old");
+  EXPECT_EQ(Etat(path).st_mode & 07777, 0444U);
+  EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));
+}
+
+TEST_F(AsNobody, AFolderThatTakesNoBackupIsSaidSo) {
+  EcritFichier(folder / "a.deg", "old");
+  ASSERT_EQ(chmod((folder / "a.deg").c_str(), 0666), 0);
+  EXPECT_EQ(
+      Dit([&] { return Echec([&] { files->VerifieGarde(folder / "a.deg", folder / "a.BAK"); }); }),
+      "70 Permission denied: " + folder / "a.deg");
 }
 
 TEST_F(AsNobody, AnUnreadableFileIsSaidSo) {

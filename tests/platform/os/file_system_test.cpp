@@ -5,11 +5,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <functional>
 
 #include "common/talpena_error.h"
 #include "fakes/temp_folder.h"
+#include "platform/os/left_overs.h"
 
 namespace talpena::test {
 namespace {
@@ -213,6 +215,90 @@ TEST_P(FileSystemTest, PathsMayHoldAnyCharacter) {
   Ecrit(path, "x");
   EXPECT_TRUE(files->Existe(path));
   EXPECT_EQ(LitFichier(path), "x");
+}
+
+// The old file under another name, and left-overs
+
+TEST_P(FileSystemTest, KeepsTheOldFileUnderTheNameOfABackup) {
+  EcritFichier(folder / "a.deg", "old");
+  EcritFichier(folder / "a.BAK", "older");
+  const auto out = files->Cree(folder / "a.deg");
+  out->Ecrit("new");
+  out->RemplaceEnGardant(folder / "a.BAK");
+  EXPECT_EQ(LitFichier(folder / "a.deg"), "new");
+  EXPECT_EQ(LitFichier(folder / "a.BAK"), "old");
+  EXPECT_EQ(folder.Noms(), (std::vector<std::string>{"a.BAK", "a.deg"}));
+}
+
+TEST_P(FileSystemTest, LeavesTheBackupWhereThereIsNoOldFile) {
+  EcritFichier(folder / "a.BAK", "older");
+  const auto out = files->Cree(folder / "a.deg");
+  out->Ecrit("new");
+  out->RemplaceEnGardant(folder / "a.BAK");
+  EXPECT_EQ(LitFichier(folder / "a.deg"), "new");
+  EXPECT_EQ(LitFichier(folder / "a.BAK"), "older");
+}
+
+TEST_P(FileSystemTest, CutsBehindTheLastLineEnd) {
+  // The blocks of the writer hold 256 kB: the end lies before, across and behind their border.
+  for (const std::size_t length : {std::size_t{5}, std::size_t{262142}, std::size_t{262143},
+                                   std::size_t{262144}, std::size_t{700000}}) {
+    for (const std::size_t rest : {std::size_t{0}, std::size_t{7}, std::size_t{600000}}) {
+      SCOPED_TRACE(std::to_string(length) + " + " + std::to_string(rest));
+      const auto out = files->Cree(folder / "a.deg");
+      out->Ecrit("one\r\n" + std::string(length, 'x') + "\r\n" + std::string(rest, 'y'));
+      out->Coupe("\r\n");
+      out->Remplace();
+      EXPECT_EQ(LitFichier(folder / "a.deg").size(), length + 7);
+    }
+  }
+}
+
+TEST_P(FileSystemTest, CutsAllOfATextWithoutALineEnd) {
+  const auto out = files->Cree(folder / "a.deg");
+  out->Ecrit(std::string(600000, 'x'));
+  out->Coupe("\r\n");
+  out->Remplace();
+  EXPECT_EQ(LitFichier(folder / "a.deg"), "");
+}
+
+TEST_P(FileSystemTest, DoublesAFileButNeverOverAnother) {
+  EcritFichier(folder / "a.deg", "old");
+  files->Double(folder / "a.deg", folder / "copy.deg");
+  EcritFichier(folder / "a.deg", "new");
+  EXPECT_EQ(LitFichier(folder / "copy.deg"), "old");
+  EXPECT_EQ(
+      Echec(folder / "copy.deg", [&] { files->Double(folder / "a.deg", folder / "copy.deg"); }),
+      ErrorNumber::FileExists);
+}
+
+TEST_P(FileSystemTest, RemovesLeftOversOfFilesThatStand) {
+  EcritFichier(folder / "a.deg", "old");
+  EcritFichier(folder / NomTemporaire("a.deg"), "half");
+  EcritFichier(folder / NomEntier(NomTemporaire("a.deg")), "whole");
+  files->SupprimeRestes(folder / "a.deg");
+  EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
+}
+
+TEST_P(FileSystemTest, KeepsLeftOversOfAFileThatIsGone) {
+  const std::string name = NomTemporaire("gone.deg");
+  EcritFichier(folder / name, "half");
+  files->SupprimeRestes(folder / "a.deg");
+  EXPECT_EQ(folder.Noms(), std::vector<std::string>{name});
+  ASSERT_EQ(files->Restes(folder / "gone.deg").size(), 1U);
+  EXPECT_EQ(files->Restes(folder / "gone.deg")[0].path, folder / name);
+  EXPECT_TRUE(files->Restes(folder / "a.deg").empty());
+}
+
+TEST_P(FileSystemTest, KeepsWhatOthersMadeUnderSimilarNames) {
+  std::string othersMachine = NomTemporaire("a.deg");
+  othersMachine[9] = othersMachine[9] == '0' ? '1' : '0';
+  std::vector<std::string> names = {".talpena-.tmp", ".talpena-0123456789abcdef.tmp",
+                                    ".talpena-notes.tmp", "a.deg", othersMachine};
+  for (const std::string& name : names) EcritFichier(folder / name, "theirs");
+  files->SupprimeRestes(folder / "a.deg");
+  std::sort(names.begin(), names.end());
+  EXPECT_EQ(folder.Noms(), names);
 }
 
 }  // namespace

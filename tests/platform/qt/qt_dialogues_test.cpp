@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#ifdef __linux__
+#include <sys/inotify.h>
+#include <unistd.h>
+#endif
+
 #include <QColorDialog>
 #include <QDialogButtonBox>
 #include <QDir>
@@ -18,6 +23,8 @@
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTreeView>
+#include <array>
 
 #include "common/talpena_error.h"
 #include "fakes/dialog_driver.h"
@@ -284,6 +291,30 @@ TEST_F(QtDialoguesFichiers, CancelIsRaisedByEveryFileDialog) {
   cancels("SaveDialog", [&] { dialogues.EnregistreFichier(Demande()); });
   cancels("FolderDialog", [&] { dialogues.ChoisitDossier("Please choose a folder", ""); });
 }
+
+#ifdef __linux__
+TEST_F(QtDialoguesFichiers, OpeningReadsNoContents) {
+  Touche("bees.deg");
+  const int watch = inotify_init1(IN_NONBLOCK | IN_CLOEXEC);
+  ASSERT_GE(watch, 0);
+  ASSERT_GE(inotify_add_watch(watch, Utf8("bees.deg").c_str(), IN_OPEN), 0);
+  QString kind;
+  const DialogDriver driver("OpenDialog", [&](QDialog& d) {
+    auto* list = d.findChild<QTreeView*>("treeView");
+    ASSERT_NE(list, nullptr);
+    const auto rows = [&] { return list->model()->rowCount(list->rootIndex()); };
+    EXPECT_TRUE(QTest::qWaitFor([&] { return rows() > 0; }));
+    kind = list->model()->index(0, 2, list->rootIndex()).data().toString();
+    QTest::qWait(200);
+    d.reject();
+  });
+  EXPECT_EQ(Echec([&] { dialogues.OuvreFichier(Demande()); }), ErrorNumber::Cancelled);
+  EXPECT_FALSE(kind.isEmpty());
+  std::array<char, 4096> events{};
+  EXPECT_LT(read(watch, events.data(), events.size()), 0) << "somebody opened the file";
+  close(watch);
+}
+#endif
 
 TEST_F(QtDialoguesFichiers, AnOpenDialogTakesANameThatDoesNotExistYet) {
   const DialogDriver driver("OpenDialog", QuiTape("new"));

@@ -4,7 +4,18 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLockFile>
 #include <QTemporaryDir>
+#include <chrono>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
 
 #include "common/talpena_error.h"
 
@@ -177,6 +188,75 @@ TEST_F(QtSettingsStoreTest, AStoreThatCannotBeWrittenIsNamed) {
     }
   }
 }
+
+#ifdef Q_OS_UNIX
+
+/// What the store says of a text that it cannot keep, and how long that takes; "" when it kept it.
+std::string RefusDEcrire(QtSettingsStore& store, const char* text) {
+  const auto start = std::chrono::steady_clock::now();
+  std::string refusal;
+  try {
+    store.Ecrit("TALPENA", "Settings", "SaveInterval", text);
+  } catch (const TalpenaError& e) {
+    EXPECT_EQ(e.number(), ErrorNumber::PathFileAccess);
+    refusal = e.description();
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  return refusal;
+}
+
+TEST_F(QtSettingsStoreTest, WhatIsNoFileIsAnErrorAndNotWaitedFor) {
+  ASSERT_TRUE(QDir(folder.path()).mkpath("Talpena"));
+  const QByteArray ini = folder.filePath("Talpena/talpena.ini").toUtf8();
+  const auto pipe = [&] { return mkfifo(ini.constData(), 0600); };
+  const auto device = [&] { return symlink("/dev/zero", ini.constData()); };
+  const auto directory = [&] { return mkdir(ini.constData(), 0700); };
+  for (const std::function<int()>& put : {std::function<int()>(pipe), {device}, {directory}}) {
+    ASSERT_EQ(put(), 0);
+    {
+      QtSettingsStore store;
+      EXPECT_EQ(store.Lit("TALPENA", "Settings", "SaveInterval", "5"), "5");
+      EXPECT_NE(RefusDEcrire(store, "9").find("talpena.ini"), std::string::npos);
+      EXPECT_EQ(std::remove(ini.constData()), 0);
+      EXPECT_EQ(RefusDEcrire(store, "9"), "") << "once the place is free";
+    }
+    EXPECT_EQ(std::remove(ini.constData()), 0);
+  }
+}
+
+TEST_F(QtSettingsStoreTest, ALockThatIsNoFileIsAnErrorAndNotWaitedFor) {
+  ASSERT_TRUE(QDir(folder.path()).mkpath("Talpena"));
+  const QByteArray lock = folder.filePath("Talpena/talpena.ini.lock").toUtf8();
+  QtSettingsStore store;
+  ASSERT_EQ(mkfifo(lock.constData(), 0600), 0);
+  EXPECT_NE(RefusDEcrire(store, "9").find("talpena.ini.lock"), std::string::npos);
+  ASSERT_EQ(std::remove(lock.constData()), 0);
+  ASSERT_EQ(mkdir(lock.constData(), 0700), 0);
+  EXPECT_NE(RefusDEcrire(store, "9").find("talpena.ini.lock"), std::string::npos);
+}
+
+TEST_F(QtSettingsStoreTest, TheLockOfAProcessThatIsGoneDoesNotBlock) {
+  for (const char* left : {"", "1\ntalpena\nthis-host\n", "999999\ntalpena\nanother-host\n"}) {
+    SCOPED_TRACE(left);
+    QtSettingsStore store;
+    EcritIni("talpena.ini.lock", left);
+    EXPECT_EQ(RefusDEcrire(store, "9"), "");
+    EXPECT_FALSE(Fichiers().contains("talpena.ini.lock"));
+  }
+}
+
+TEST_F(QtSettingsStoreTest, TheLockOfARunningProcessIsAnErrorInTheEnd) {
+  ASSERT_TRUE(QDir(folder.path()).mkpath("Talpena"));
+  QtSettingsStore store;
+  {
+    QLockFile held(folder.filePath("Talpena/talpena.ini.lock"));
+    ASSERT_TRUE(held.lock());
+    EXPECT_NE(RefusDEcrire(store, "9").find("talpena.ini.lock"), std::string::npos);
+  }
+  EXPECT_EQ(RefusDEcrire(store, "9"), "");
+}
+
+#endif
 
 }  // namespace
 }  // namespace talpena

@@ -7,6 +7,7 @@
 
 #ifdef Q_OS_UNIX
 #include <signal.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #endif
@@ -66,19 +67,56 @@ TEST(SingleInstance, AProcessThatIsKilledLetsGo) {
   close(ready[1]);
 }
 
-TEST(SingleInstance, TheLockLiesInTheSessionFolderElseInThePrivateOne) {
-  const QByteArray session = qgetenv("XDG_RUNTIME_DIR");
-  const QByteArray cache = qgetenv("XDG_CACHE_HOME");
+/// Two variables of the environment, put back at the end.
+class Environnement {
+ public:
+  Environnement() : session_(qgetenv("XDG_RUNTIME_DIR")), cache_(qgetenv("XDG_CACHE_HOME")) {}
+  Environnement(const Environnement&) = delete;
+  Environnement& operator=(const Environnement&) = delete;
+  ~Environnement() {
+    qputenv("XDG_RUNTIME_DIR", session_);
+    qputenv("XDG_CACHE_HOME", cache_);
+  }
+
+ private:
+  QByteArray session_;
+  QByteArray cache_;
+};
+
+TEST(SingleInstance, ItIsTheUsersWhateverTheSession) {
+  const Environnement restored;
   const QTemporaryDir folder;
+  const QTemporaryDir otherSession;
   qputenv("XDG_CACHE_HOME", folder.filePath("cache").toUtf8());
   qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
-  EXPECT_TRUE(SingleInstance().Acquiert());
-  EXPECT_TRUE(QFile::exists(folder.filePath("talpena.lock")));
+  SingleInstance first;
+  EXPECT_TRUE(first.Acquiert());
+  EXPECT_FALSE(SingleInstance().Acquiert()) << "the same session";
+  qputenv("XDG_RUNTIME_DIR", otherSession.path().toUtf8());
+  EXPECT_FALSE(SingleInstance().Acquiert()) << "another";
   qputenv("XDG_RUNTIME_DIR", folder.filePath("gone").toUtf8());
-  EXPECT_TRUE(SingleInstance().Acquiert());
-  EXPECT_TRUE(QFile::exists(folder.filePath("cache/Talpena/talpena.lock")));
-  qputenv("XDG_RUNTIME_DIR", session);
-  qputenv("XDG_CACHE_HOME", cache);
+  EXPECT_FALSE(SingleInstance().Acquiert()) << "one whose folder is gone";
+  qunsetenv("XDG_RUNTIME_DIR");
+  EXPECT_FALSE(SingleInstance().Acquiert()) << "none";
+}
+
+TEST(SingleInstance, WithoutAPrivateFolderTheSessionHasTheLock) {
+  const Environnement restored;
+  const QTemporaryDir folder;
+  qputenv("XDG_CACHE_HOME", "/proc/no/such/folder");
+  qputenv("XDG_RUNTIME_DIR", folder.path().toUtf8());
+  SingleInstance first;
+  EXPECT_TRUE(first.Acquiert());
+  EXPECT_FALSE(SingleInstance().Acquiert());
+}
+
+TEST(SingleInstance, WhatIsNoFileIsNotWaitedFor) {
+  const QTemporaryDir folder;
+  const QString pipe = folder.filePath("pipe");
+  ASSERT_EQ(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+  EXPECT_TRUE(SingleInstance(pipe).Acquiert());
+  EXPECT_TRUE(SingleInstance(folder.path()).Acquiert());
+  EXPECT_TRUE(SingleInstance("/dev/zero").Acquiert());
 }
 
 #endif

@@ -1,8 +1,10 @@
 // Databases as files: made, opened again, other makers'.
 #include <sqlite3.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <csignal>
+#include <filesystem>
 
 #include <fstream>
 
@@ -198,6 +200,41 @@ TEST_F(DatabaseTest, APathThatCannotBeMadeIsNamed) {
   const Failure failure = FailureOf([&] { engine->CreateDatabase(closed, {}); });
   EXPECT_EQ(failure.number, 75);
   EXPECT_EQ(failure.description, "Path/File access error: '" + closed + "'.");
+}
+
+// What is entered into it is nobody else's business, and a link would spread it elsewhere.
+TEST_F(DatabaseTest, TheWorkingFileIsTheUsersAloneAndNeverBehindALink) {
+  const mode_t before = umask(0);
+  const std::string path = folder / "made.mdb";
+  const auto made = engine->CreateDatabase(path, {});
+  made->CreateTable(TalpenaDef());
+  made->BeginTrans();
+  made->Execute("INSERT INTO TALPENA (N1) VALUES (1)");
+  umask(before);
+  for (const char* suffix : {"", "-journal"}) {
+    struct stat status {};
+    ASSERT_EQ(stat((path + suffix).c_str(), &status), 0) << suffix;
+    EXPECT_EQ(status.st_mode & 07777, mode_t{0600}) << suffix;
+  }
+  const std::string link = folder / "link.mdb";
+  ASSERT_EQ(symlink((folder / "elsewhere.mdb").c_str(), link.c_str()), 0);
+  EXPECT_EQ(FailureOf([&] { engine->CreateDatabase(link, {}); }).number, 58);
+  EXPECT_FALSE(std::filesystem::exists(folder / "elsewhere.mdb"));
+  // A link on the way to the file is the user's own affair.
+  ASSERT_EQ(symlink(folder.path().c_str(), (folder / "way").c_str()), 0);
+  engine->CreateDatabase(folder / "way/through.mdb", {})->CreateTable(TalpenaDef());
+  EXPECT_TRUE(std::filesystem::exists(folder / "through.mdb"));
+}
+
+TEST_F(DatabaseTest, WhatIsNoFileIsNotWaitedFor) {
+  const std::string pipe = folder / "pipe.mdb";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& path : {pipe, std::string("/dev/zero"), std::string("/dev/null")}) {
+    SCOPED_TRACE(path);
+    const Failure failure = FailureOf([&] { engine->OpenDatabase(path, true); });
+    EXPECT_EQ(failure.number, 3343);
+    EXPECT_EQ(failure.description, "Unrecognized database format '" + path + "'.");
+  }
 }
 
 // The file is held for the process: nobody else writes into it.

@@ -48,6 +48,15 @@ TEST_F(Form1Rows, AFilterIsSaidAndChecked) {
   EXPECT_FALSE(Controle<QLabel>("StatusBar1_Panel_2")->toolTip().isEmpty());
 }
 
+TEST_F(Form1Rows, ANoticeStandsBeforeTheFilterUntilItIsOver) {
+  state.document.ChangeAvis("The automatic save waits.");
+  EXPECT_EQ(Panneau(), "The automatic save waits.");
+  Choisit("N1 > 9");
+  EXPECT_EQ(Panneau(), "The automatic save waits.");
+  state.document.OublieModifications();
+  EXPECT_EQ(Panneau(), "3 of 12 rows shown");
+}
+
 TEST_F(Form1Rows, AFilterThatMatchesNothingIsChecked) {
   Choisit("N1 > 99");
   EXPECT_EQ(Panneau(), "0 of 12 rows shown");

@@ -114,7 +114,7 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
                    "mnuAjustGrid_2", "mnuAjustIFBL_0", "mnuAjustIFBL_1", "mnuAjustIFBL_2",
                    "MnuDatumFichier"});
   expected.insert({"mnuChercher_0", "mnuChercher_1", "MnuAjoutLigne", "mnuDuplic", "MnuEraseCol",
-                   "MnuSupprimer", "MnuSelection", "MnuVisAutre"});
+                   "MnuSupprimer", "MnuSelection", "MnuVisAutre", "MnuVisCarte"});
   EXPECT_EQ(Actifs(true), expected);
 }
 
@@ -132,7 +132,7 @@ TEST(Menus, ToolButtonsRepeatRowsThatAreThere) {
     EXPECT_EQ(tool.same.empty(), tool.run != nullptr) << NomObjet(tool);
   }
   EXPECT_EQ(repeated, (std::set<std::string>{"MnuOuvrir", "MnuEnregistrer", "MnuNouveau",
-                                             "mnuChercher_0", "MnuSupprimer"}));
+                                             "mnuChercher_0", "MnuSupprimer", "MnuVisCarte"}));
 }
 
 TEST(Menus, ToolButtonsNeedWhatTheirCommandNeeds) {

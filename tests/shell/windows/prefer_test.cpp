@@ -47,6 +47,16 @@ class PreferWindow : public testing::Test, protected Form1Machine {
   std::unique_ptr<Prefer> window;
 };
 
+TEST_F(PreferWindow, KeepsItsButtonsInSightOnALowScreen) {
+  Prefer& prefer = Ouvre();
+  prefer.resize(prefer.width(), 450);
+  QApplication::processEvents();
+  EXPECT_LE(prefer.height(), 450);
+  for (const char* button : {"Command1", "Command2"}) {
+    EXPECT_TRUE(prefer.rect().contains(C<QPushButton>(button).geometry())) << button;
+  }
+}
+
 TEST_F(PreferWindow, OpensFromTheMenuAndByItsKey) {
   EXPECT_EQ(Entree("MnuPreferences")->shortcut(), QKeySequence("Ctrl+,"));
   QString title;

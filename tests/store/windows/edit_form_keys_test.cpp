@@ -49,6 +49,78 @@ TEST(EditForm, TheNextRowKeepsTheFieldAndSelectsIt) {
   EXPECT_FALSE(m.Bouton("ButOk")->isEnabled());
 }
 
+struct BeginCase {
+  const char* begun;
+  const char* typed;
+  const char* system;  ///< ORIGINAL of the row that comes next
+  const char* focus;   ///< there
+};
+
+TEST(EditForm, TheNextRowGetsTheKeysWhereTheLastOneWasBegun) {
+  constexpr BeginCase cases[] = {{"ChampPeriode", "2", "mgr 31 U FR1664", "ChampPeriode"},
+                                 {"EditBox_2", "FS1234", "mgr 31 U FR1664", "EditBox_0"},
+                                 {"EditBox_0", "31", "ifb G336", "EditBox_2"},
+                                 {"EditBox_2", "FS1234", "deg +50.1 +4.2", "EditBox_1"},
+                                 {"ChampCh1", "7", "mgr 31 U FR1664", "ChampCh1"},
+                                 {"Grid", "Wood", "mgr 31 U FR1664", "Grid"}};
+  for (const auto& [begun, typed, system, focus] : cases) {
+    for (const int key : {Qt::Key_PageDown, Qt::Key_PageUp}) {
+      SCOPED_TRACE(std::string(begun) + ", then " + system);
+      FormMachine m({Rangee(system), Rangee(), Rangee(system)});
+      m.state.document.Data1.recordset().MoveNext();
+      m.Ouvre();
+      m.PlaceFocus(begun);
+      FormMachine::Tape(typed);
+      m.PlaceFocus("ChampCh2");
+      FormMachine::Tape("3");
+      m.PlaceFocus("ChampLibre");
+      FormMachine::Tape("end of the record");
+      FormMachine::Touche(key);
+      EXPECT_EQ(FormMachine::Focus(), focus);
+    }
+  }
+}
+
+TEST(EditForm, TheNextRowGetsTheKeysInTheFreeFieldInWhichTheLastOneWasBegun) {
+  FormMachine m;
+  m.Ouvre();
+  m.PlaceFocus("Grid");
+  for (const char* text : {"Wood", "Smith"}) {
+    FormMachine::Tape(text);
+    FormMachine::Touche(Qt::Key_Tab);
+  }
+  EXPECT_EQ(FormMachine::Focus(), "ChampLibre");
+  FormMachine::Touche(Qt::Key_PageDown);
+  EXPECT_EQ(FormMachine::Focus(), "Grid");
+  EXPECT_EQ(m.Controle<FreeFieldsGrid>("Grid")->currentIndex().row(), 0);
+}
+
+TEST(EditForm, TheNextRowNeverHasTheKeysInItsRemark) {
+  FormMachine m;
+  m.Ouvre();
+  m.PlaceFocus("ChampLibre");
+  FormMachine::Touche(Qt::Key_PageDown);
+  EXPECT_EQ(FormMachine::Focus(), "ChampPeriode") << "only looked at";
+  m.PlaceFocus("ChampLibre");
+  FormMachine::Tape("one");
+  FormMachine::Touche(Qt::Key_PageDown);
+  EXPECT_EQ(FormMachine::Focus(), "ChampPeriode") << "nothing but a remark";
+  EXPECT_EQ(m.Commentaires()[1], "a/b/oneremark");
+}
+
+TEST(EditForm, ARowThatCannotBeSavedKeepsTheKeysInTheWrongField) {
+  FormMachine m;
+  m.Ouvre();
+  m.PlaceFocus("ChampCh1");
+  FormMachine::Tape("7");
+  m.PlaceFocus("ChampPeriode");
+  FormMachine::Tape("9");
+  FormMachine::Touche(Qt::Key_PageDown);
+  EXPECT_EQ(m.Libelle("lblCpt"), "1/3");
+  EXPECT_EQ(FormMachine::Focus(), "ChampPeriode");
+  EXPECT_EQ(m.Boites(), Lines{"Period must be comprise between 1 and 3"});
+}
+
 TEST(EditForm, ATypedBoxIsComputedBeforeTheNextRowIsShown) {
   FormMachine m;
   m.Ouvre();

@@ -2,12 +2,16 @@
 #include "store/windows/edit_form.h"
 
 #include <QAccessible>
+#include <QPaintEvent>
 #include <QScrollArea>
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "fakes/dark_palette.h"
 #include "fakes/dialog_driver.h"
+#include "platform/qt/contrast.h"
 #include "store/windows/edit_form_machine.h"
+#include "store/windows/hint_label.h"
 
 namespace talpena::test {
 namespace {
@@ -128,6 +132,56 @@ TEST(EditForm, NamesEveryControlThatTheKeysReach) {
   EXPECT_EQ(m.Champ("EditBox_2")->accessibleName(), "Original coordinates: G3 or G336 or G33643");
 }
 
+TEST(EditForm, TheBoxesOfAnglesSayWhichAngle) {
+  FormMachine m;
+  m.Ouvre();
+  for (const int system : {0, 1, 4}) {
+    SCOPED_TRACE(system);
+    Q_EMIT m.Controle<QComboBox>("cmbSystem")->activated(system);
+    FormMachine::Traite();
+    EXPECT_TRUE(m.Champ("EditBox_1")->accessibleName().startsWith("Latitude, "));
+    EXPECT_TRUE(m.Champ("EditBox_2")->accessibleName().startsWith("Longitude, "));
+    EXPECT_TRUE(m.Champ("EditBox_2")
+                    ->accessibleName()
+                    .contains(QString::fromStdString(m.Libelle("LabelBox_2"))));
+  }
+}
+
+/// The part of a control that was painted anew.
+class PaintedPart final : public QObject {
+ public:
+  explicit PaintedPart(QWidget& widget) : QObject(&widget) { widget.installEventFilter(this); }
+  QRegion region;
+
+ private:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) region += static_cast<QPaintEvent*>(event)->region();
+    return false;
+  }
+};
+
+TEST(EditForm, AHintIsLegibleInLightAndInDark) {
+  for (const QPalette& palette :
+       {QApplication::palette(), test::PaletteSombre(), QPalette(QColor(0x70, 0x70, 0x70))}) {
+    EXPECT_GE(Contraste(HintLabel::Couleur(palette), palette.color(QPalette::Window)),
+              ContrasteLisible);
+  }
+}
+
+TEST(EditForm, TheSignOfAHintComesAndGoesWithItsText) {
+  FormMachine m;
+  m.Ouvre();
+  auto* hint = m.Controle<HintLabel>("lblAvis_1");
+  auto* painted = new PaintedPart(*hint);
+  const QRect sign(0, 0, hint->fontMetrics().height() / 2, hint->height());
+  for (const char* text : {"A hint", ""}) {
+    painted->region = {};
+    hint->Montre(QLatin1String(text));
+    FormMachine::Traite();
+    EXPECT_TRUE(painted->region.contains(sign)) << "text: " << text;
+  }
+}
+
 TEST(EditForm, GivesEveryLabelAndButtonALetterOfItsOwn) {
   for (const int langue : {0, 1000, 3000, 4000, 5000}) {
     SCOPED_TRACE(langue);
@@ -163,6 +217,29 @@ TEST(EditForm, AnUnknownDatumIsToldOnce) {
   EXPECT_TRUE(m.dialogues.boxes.empty());
 }
 
+// What a screen of 1280 x 720 has beside the title, as it is and with everything half as large
+// again.
+TEST(EditForm, KeepsItsButtonsInSightOnSmallScreens) {
+  for (const QSize room : {QSize(1280, 690), QSize(853, 450)}) {
+    for (const int langue : {0, 1000, 3000, 4000, 5000}) {
+      SCOPED_TRACE(std::to_string(langue) + ", width " + std::to_string(room.width()));
+      FormMachine m({Rangee()}, std::vector<std::string>(11, "Label"));
+      m.state.Langue = static_cast<std::int16_t>(langue);
+      EditForm& form = m.Ouvre();
+      EXPECT_LE(form.minimumSizeHint().width(), room.width());
+      EXPECT_LE(form.minimumSizeHint().height(), room.height());
+      form.resize(room);
+      FormMachine::Traite();
+      for (const QPushButton* button : {m.Bouton("ButOk"), m.Bouton("ButNew"), m.Bouton("ButDupl"),
+                                        m.Bouton("ButEsc"), m.Bouton("cmdNavig_0")}) {
+        EXPECT_TRUE(form.rect().contains(button->geometry())) << button->objectName().toStdString();
+      }
+      const auto* area = m.Controle<QScrollArea>("Defilement");
+      EXPECT_LE(area->widget()->width(), area->viewport()->width()) << "no scrolling sideways";
+    }
+  }
+}
+
 TEST(EditForm, FitsASmallScreenAndScrolls) {
   FormMachine m;
   EditForm& form = m.Ouvre();
@@ -173,6 +250,8 @@ TEST(EditForm, FitsASmallScreenAndScrolls) {
   m.PlaceFocus("ChampSex");
   FormMachine::Touche(Qt::Key_Return);
   FormMachine::Touche(Qt::Key_Tab);
+  FormMachine::Touche(Qt::Key_Tab);  // over two free fields
+  EXPECT_EQ(FormMachine::Focus(), "ChampLibre");
   const auto* area = m.Controle<QScrollArea>("Defilement");
   const auto* remark = m.Controle<QWidget>("ChampLibre");
   EXPECT_TRUE(area->viewport()->rect().intersects(

@@ -138,6 +138,15 @@ TEST(FreeFieldsGrid, ArrowsInsideTheTextMoveTheCursor) {
   EXPECT_EQ(g.grid->Textes()[1], "new");
 }
 
+TEST(FreeFieldsGrid, ShowsLabelsWithoutTheBlanksBeforeThem) {
+  FormMachine m({Rangee()}, {"Toponym", " Altitude ", "  Source"});
+  m.Ouvre();
+  const auto* grid = m.Controle<FreeFieldsGrid>("Grid");
+  EXPECT_EQ(grid->model()->index(1, 0).data().toString(), "Altitude");
+  EXPECT_EQ(grid->model()->index(2, 0).data().toString(), "Source");
+  EXPECT_EQ(m.state.document.Entete().FreeFieldDefs[1].Label, " Altitude ") << "the file's stays";
+}
+
 TEST(FreeFieldsGrid, ASelectionIsLeftBeforeTheCell) {
   GridForm g;
   FormMachine::Touche(Qt::Key_F2);
@@ -146,17 +155,33 @@ TEST(FreeFieldsGrid, ASelectionIsLeftBeforeTheCell) {
   EXPECT_FALSE(g.Editeur()->hasSelectedText());
 }
 
-TEST(FreeFieldsGrid, TabStoresAndLeavesTheGrid) {
+TEST(FreeFieldsGrid, TabStoresAndGoesThroughTheFields) {
   GridForm g;
   FormMachine::Tape("Wood");
   FormMachine::Touche(Qt::Key_Tab);
   EXPECT_EQ(g.grid->Textes()[0], "Wood");
-  EXPECT_EQ(FormMachine::Focus(), "ChampLibre");
-  g.PlaceFocus("Grid");
+  EXPECT_EQ(FormMachine::Focus(), "Grid");
+  EXPECT_EQ(g.Rang(), 1);
+  FormMachine::Touche(Qt::Key_Tab);
+  EXPECT_EQ(g.Rang(), 2);
   FormMachine::Tape("Heath");
+  FormMachine::Touche(Qt::Key_Tab);
+  EXPECT_EQ(g.grid->Textes()[2], "Heath");
+  EXPECT_EQ(FormMachine::Focus(), "ChampLibre") << "behind the last one";
+}
+
+TEST(FreeFieldsGrid, BacktabStoresAndGoesBackThroughTheFields) {
+  GridForm g;
+  g.PlaceFocus("ChampLibre");
+  for (int row = 2; row >= 0; --row) {
+    FormMachine::Touche(Qt::Key_Backtab, Qt::ShiftModifier);
+    EXPECT_EQ(FormMachine::Focus(), "Grid");
+    EXPECT_EQ(g.Rang(), row);
+  }
+  FormMachine::Tape("Fen");
   FormMachine::Touche(Qt::Key_Backtab, Qt::ShiftModifier);
-  EXPECT_EQ(g.grid->Textes()[0], "Heath");
-  EXPECT_EQ(FormMachine::Focus(), "ChampSex");
+  EXPECT_EQ(g.grid->Textes()[0], "Fen");
+  EXPECT_EQ(FormMachine::Focus(), "ChampSex") << "before the first one";
 }
 
 TEST(FreeFieldsGrid, TabComesToTheFirstFieldAndBackToTheLast) {

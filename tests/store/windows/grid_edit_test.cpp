@@ -27,6 +27,29 @@ TEST(GridEdit, TheSameTextAgainChangesNothing) {
   EXPECT_FALSE(g.state.document.FichierModifie());
 }
 
+TEST(GridEdit, ALongTextIsShownInPartAndEditedWhole) {
+  ShownGrid g(1);
+  const std::string text(40000, 'x');
+  {
+    Edition edition(g.state.document, "Edit");
+    auto rows = g.state.document.Data1.Clone();
+    edition.ModifieLigne(
+        *rows, [&](Recordset& row) { row.Set(Column::COMMENT, Cell::Of(std::string_view(text))); });
+  }
+  const QString shown = g.Cellule(0, comment).data().toString();
+  EXPECT_EQ(shown.size(), 1001);
+  EXPECT_TRUE(shown.endsWith(QChar(0x2026)));
+  g.grid.setCurrentIndex(g.Cellule(0, comment));
+  QTest::keyClick(&g.grid, Qt::Key_F2);
+  ASSERT_NE(g.Editeur(), nullptr);
+  EXPECT_EQ(g.Editeur()->text().size(), 40000);
+  QTest::keyClick(g.Editeur(), Qt::Key_End);
+  QTest::keyClick(g.Editeur(), Qt::Key_Y);
+  QTest::keyClick(g.Editeur(), Qt::Key_Return);
+  g.Traite();
+  EXPECT_EQ(g.Texte(0, comment), text + "y");
+}
+
 TEST(GridEdit, EscapeDropsWhatWasTyped) {
   ShownGrid g;
   g.Tape(1, n1, "42", Qt::Key_Escape);

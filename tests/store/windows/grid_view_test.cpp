@@ -3,7 +3,10 @@
 
 #include <algorithm>
 
+#include "fakes/dark_palette.h"
 #include "platform/qt/colours.h"
+#include "platform/qt/contrast.h"
+#include "platform/qt/legible_palette.h"
 #include "store/cell_text.h"
 #include "store/sort.h"
 #include "store/windows/grid_cells.h"
@@ -207,38 +210,66 @@ TEST(GridColours, TheStoredColoursAreShown) {
   EXPECT_EQ(grid.palette().color(QPalette::Text), QColor(0, 0, 255)) << "the user's own choice";
 }
 
+/// For as long as it lives.
+struct DarkDesktop {
+  DarkDesktop() { QApplication::setPalette(test::PaletteSombre()); }
+  DarkDesktop(const DarkDesktop&) = delete;
+  DarkDesktop& operator=(const DarkDesktop&) = delete;
+  ~DarkDesktop() { QApplication::setPalette(before); }
+  QPalette before = QApplication::palette();
+};
+
 TEST(GridColours, TheDesktopsTextColourStaysLegibleOnALightGridInADarkDesktop) {
-  const QPalette before = QApplication::palette();
-  QPalette dark = before;
-  dark.setColor(QPalette::WindowText, Qt::white);
-  dark.setColor(QPalette::Text, Qt::white);
-  QApplication::setPalette(dark);
+  const DarkDesktop dark;
   GridMachine m;
+  m.state.CouleurFondGrille = 0xE0FFFE;  // the user's own
   const TDBGrid grid(m.state, m.machine.io);
-  EXPECT_EQ(grid.palette().color(QPalette::Base), QColor(255, 255, 224));
+  EXPECT_EQ(grid.palette().color(QPalette::Base), QColor(254, 255, 224));
   EXPECT_EQ(grid.palette().color(QPalette::Text), QColor(Qt::black));
   EXPECT_EQ(m.state.CouleurTexteGrille, 0x80000008U) << "the stored number stays";
-  QApplication::setPalette(before);
 }
 
-// Expected: the worked values of the guideline's own definition.
-TEST(GridColours, ContrastIsThatOfTheGuideline) {
-  EXPECT_NEAR(Contraste({0, 0, 0}, {255, 255, 255}), 21.0, 1e-9);
-  EXPECT_NEAR(Contraste({255, 255, 255}, {255, 255, 255}), 1.0, 1e-9);
-  EXPECT_NEAR(Contraste({119, 119, 119}, {255, 255, 255}), 4.478, 0.001);
+TEST(GridColours, TheDefaultsHaveADarkCounterpart) {
+  const DarkDesktop dark;
+  GridMachine m;
+  const TDBGrid grid(m.state, m.machine.io);
+  const QColor base = grid.palette().color(QPalette::Base);
+  EXPECT_LT(base.lightness(), 60);
+  EXPECT_EQ(grid.palette().color(QPalette::Text), QColor(0xE6, 0xE6, 0xE6));
+  EXPECT_EQ(m.state.CouleurFondGrille, 0xE0FFFFU) << "the stored numbers stay";
+  EXPECT_EQ(m.state.CouleurTexteGrille, 0x80000008U);
 }
 
-TEST(GridColours, EveryBackgroundGetsALegibleText) {
-  for (int red = 0; red < 256; red += 15) {
-    for (int green = 0; green < 256; green += 15) {
-      for (int blue = 0; blue < 256; blue += 15) {
-        const Rgb background{static_cast<std::uint8_t>(red), static_cast<std::uint8_t>(green),
-                             static_cast<std::uint8_t>(blue)};
-        for (const Rgb desktop : {Rgb{230, 230, 230}, Rgb{30, 30, 30}}) {
-          ASSERT_GE(Contraste(background, TexteLisible(background, desktop)), ContrasteLisible);
-        }
-      }
-    }
+TEST(GridColours, AColourOfTheUsersKeepsBothAsTheyAre) {
+  const DarkDesktop dark;
+  GridMachine m;
+  m.state.CouleurTexteGrille = 0x800000;
+  const TDBGrid grid(m.state, m.machine.io);
+  EXPECT_EQ(grid.palette().color(QPalette::Base), QColor(255, 255, 224));
+  EXPECT_EQ(grid.palette().color(QPalette::Text), QColor(0, 0, 128));
+}
+
+TEST(GridColours, AGridOnShowFollowsTheDesktop) {
+  ShownGrid g;
+  EXPECT_EQ(g.grid.palette().color(QPalette::Base), QColor(255, 255, 224));
+  {
+    const DarkDesktop dark;
+    QApplication::processEvents();
+    EXPECT_LT(g.grid.palette().color(QPalette::Base).lightness(), 60);
+  }
+  QApplication::processEvents();
+  EXPECT_EQ(g.grid.palette().color(QPalette::Base), QColor(255, 255, 224));
+}
+
+// The current row is tinted, and chosen cells have the colours of the palette.
+TEST(GridColours, EveryTextOfTheGridStandsOut) {
+  for (const QPalette& desktop : {QApplication::palette(), test::PaletteSombre()}) {
+    const QPalette palette = PaletteLisible(desktop);
+    const GridColours colours = CouleursDeGrille(SettingsState(), 0xE0FFFF, palette);
+    EXPECT_GE(Contraste(colours.text, colours.background), ContrasteLisible);
+    QColor tint = palette.color(QPalette::Highlight);
+    tint.setAlphaF(0.16F);
+    EXPECT_GE(Contraste(colours.text, VuSur(tint, colours.background)), ContrasteLisible);
   }
 }
 
