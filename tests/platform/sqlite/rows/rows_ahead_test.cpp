@@ -159,8 +159,7 @@ TEST_F(RowsAheadTest, AWalkOverManyRowsTellsHowFarReadingThemCame) {
 class RowsAheadDirectTest : public ::testing::Test {
  protected:
   RowsAheadDirectTest()
-      : connection_(folder_ / "rows.db", sqlite::Connection::Mode::Create),
-        table_(0, test::TalpenaDef()) {
+      : connection_({}, sqlite::Connection::Mode::Private), table_(0, test::TalpenaDef()) {
     for (const std::string& sql : table_.SqlCreation()) connection_.Execute(sql);
   }
   void Remplit(int count, int size) {
@@ -186,7 +185,6 @@ class RowsAheadDirectTest : public ::testing::Test {
     }
   }
 
-  test::TempFolder folder_;
   sqlite::Connection connection_;
   sqlite::TableState table_;
 };
