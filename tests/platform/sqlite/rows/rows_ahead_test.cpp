@@ -160,13 +160,8 @@ TEST_F(RowsAheadTest, AWalkOverManyRowsTellsHowFarReadingThemCame) {
 class RowsAheadDirectTest : public ::testing::Test {
  protected:
   RowsAheadDirectTest()
-      : connection_(Nouveau(folder_ / "rows.db"), sqlite::Connection::Mode::Fresh),
-        table_(0, test::TalpenaDef()) {
+      : connection_({}, sqlite::Connection::Mode::Private), table_(0, test::TalpenaDef()) {
     for (const std::string& sql : table_.SqlCreation()) connection_.Execute(sql);
-  }
-  static std::string Nouveau(const std::string& path) {
-    sqlite::CreeFichierPrive(path);
-    return path;
   }
   void Remplit(int count, int size) {
     connection_.Execute(
@@ -191,7 +186,6 @@ class RowsAheadDirectTest : public ::testing::Test {
     }
   }
 
-  test::TempFolder folder_;
   sqlite::Connection connection_;
   sqlite::TableState table_;
 };
