@@ -9,7 +9,6 @@
 #include <random>
 
 #include "platform/sqlite/engine_fixture.h"
-#include "platform/sqlite/private_file.h"
 #include "platform/sqlite/rows/packed_cells.h"
 
 namespace talpena {
