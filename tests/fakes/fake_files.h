@@ -149,7 +149,7 @@ class FakeFiles : public FileSystem {
                        : number == ErrorNumber::PermissionDenied ? "Permission denied"
                        : number == ErrorNumber::DeviceFault      ? "Device I/O error"
                                                                  : "Path/File access error";
-    throw TalpenaError(number, std::string(what) + ": " + path);
+    throw TalpenaError(number, std::string(what) + ": " + path, {.about = {path}});
   }
   void Refuse(const std::string& path) const {
     if (const auto it = refus.find(path); it != refus.end()) Echoue(it->second, path);

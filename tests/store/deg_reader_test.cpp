@@ -258,7 +258,9 @@ TEST_F(LitDegFirstRowsTest, AFaultFarBehindThemEndsAsOneAmongThem) {
   for (const int before : {150, 200, 700}) {
     SCOPED_TRACE(before);
     world.Charge(EnTete2() + Lignes(before) + "1K    1E39\r\n" + Lignes(300));
-    EXPECT_EQ(world.Boites(), Texts{"Line " + std::to_string(before + 9) + ": Overflow"});
+    EXPECT_EQ(world.Boites(),
+              Texts{"Line " + std::to_string(before + 9) +
+                    " of the file: A number is too large for its place; correct it."});
     EXPECT_EQ(LignesLiees().size(), static_cast<std::size_t>(before));
     EXPECT_EQ(LignesLiees(), world.Lignes());
     EXPECT_TRUE(state.document.Fichier.LecturePartielle);

@@ -68,7 +68,8 @@ class EditForm : public QDialog {
   void ConstruitCoordonnees(QWidget* parent);
   void ConstruitTextes(QWidget* parent);
   void ConstruitControle(QWidget* parent);
-  Valeur ConstruitValeur(const char* name, const QString& caption, QGridLayout& grid, int row);
+  Valeur ConstruitValeur(const char* name, const QString& caption, QGridLayout& grid, int row,
+                         int lines = 1);
   void ConstruitBoutons();
   QLineEdit* Ligne(QWidget* parent, const char* name, int characters);
   QLabel* Etiquette(QWidget* parent, const char* name);

@@ -147,7 +147,7 @@ void EditForm::ConstruitTextes(QWidget* parent) {
 }
 
 EditForm::Valeur EditForm::ConstruitValeur(const char* name, const QString& caption,
-                                           QGridLayout& grid, int row) {
+                                           QGridLayout& grid, int row, int lines) {
   Valeur valeur{new QLabel(caption, FrameControle), Etiquette(FrameControle, name)};
   QFont digits = QFontDatabase::systemFont(QFontDatabase::FixedFont);  // in columns
   if (font().pointSizeF() > 0) digits.setPointSizeF(font().pointSizeF() * 1.2);
@@ -156,7 +156,7 @@ EditForm::Valeur EditForm::ConstruitValeur(const char* name, const QString& capt
   valeur.caption->setContentsMargins(0, std::max(lower, 0), fontMetrics().averageCharWidth(), 0);
   valeur.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
   valeur.value->setTextFormat(Qt::PlainText);
-  valeur.value->setText(u"0"_s);
+  valeur.value->setText(u"0"_s + u"\n0"_s.repeated(lines - 1));
   valeur.value->setMinimumHeight(valeur.value->sizeHint().height());  // while it is empty, too
   valeur.value->clear();
   grid.addWidget(valeur.caption, row, 0, Qt::AlignTop);
@@ -175,7 +175,7 @@ void EditForm::ConstruitControle(QWidget* parent) {
   LabelControle = Etiquette(FrameControle, "LabelControle");
   LabelControle->setFont(EnGras(font()));
   grid->addWidget(LabelControle, 0, 0, 1, 2);
-  ValeurDMS = ConstruitValeur("ValeurDMS", u"DMS"_s, *grid, 1);
+  ValeurDMS = ConstruitValeur("ValeurDMS", u"DMS"_s, *grid, 1, 2);
   ValeurUtmMetrique = ConstruitValeur("ValeurUtmMetrique", u"UTM"_s, *grid, 2);
   ValeurUtmAlpha = ConstruitValeur("ValeurUtmAlpha", u"MGRS"_s, *grid, 3);
   ValeurLibre = ConstruitValeur("ValeurLibre", {}, *grid, 4);
