@@ -449,8 +449,9 @@ TEST_F(LitDegTest, SaysThatThereIsNoFile) {
 TEST_F(LitDegTest, SaysWhyAFileCannotBeOpened) {
   world.files.refus["/data/f.deg"] = ErrorNumber::PermissionDenied;
   world.Charge(EnTete2() + Rangee("1"));
-  EXPECT_EQ(world.Boites(),
-            Texts{"Access is refused; the file or the folder may be protected or in use."});
+  EXPECT_EQ(
+      world.Boites(),
+      Texts{"Access is refused; the file or the folder may be protected or in use.\n/data/f.deg"});
   EXPECT_EQ(world.Lignes(), Texts{});
   ExpectFerme();
 }
