@@ -9,6 +9,7 @@
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 
 namespace talpena {
@@ -49,7 +50,8 @@ frmMessage::frmMessage(const SharedState& state, QWidget* parent, Bouton bouton)
 }
 
 void frmMessage::Prend(const QString& text) {
-  imgMsg->setPixmap(Image(QStringLiteral("wait"), palette(), 32, devicePixelRatioF()));
+  imgMsg->setPixmap(
+      Image(QStringLiteral("wait"), palette(), CoteIcone(fontMetrics(), 32), devicePixelRatioF()));
   lblMsg->setText(text);
   setAccessibleName(text);
 }
