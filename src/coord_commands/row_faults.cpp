@@ -67,6 +67,7 @@ std::vector<Placee> Premieres(Document& document,
 std::unordered_map<Bookmark, std::string> Originaux(Document& document,
                                                     const std::vector<Placee>& rows) {
   std::vector<Bookmark> names;
+  names.reserve(rows.size());
   for (const Placee& placed : rows) names.push_back(placed.row);
   std::unordered_map<Bookmark, std::string> originals;
   document.Base().OpenRecordset("TALPENA")->LitLignes(

@@ -9,6 +9,7 @@
 namespace talpena {
 namespace {
 
+using test::FakeSettings;
 using test::Journal;
 using test::StartMachine;
 

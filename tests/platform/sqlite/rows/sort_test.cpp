@@ -151,7 +151,7 @@ std::vector<std::pair<std::string, sqlite::RowKey>> ClesAuHasard(std::mt19937& r
                                                                  unsigned distinct, int count) {
   std::vector<std::pair<std::string, sqlite::RowKey>> keys;
   for (sqlite::RowKey row = 0; row < count; ++row) {
-    const unsigned number = random() % distinct;
+    const unsigned number = static_cast<unsigned>(random()) % distinct;
     std::string key = number % 3 == 0 ? "Locality " : "Loc";
     key += std::to_string(number % 997);
     key.append(number % 90, static_cast<char>('a' + number % 2));
