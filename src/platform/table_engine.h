@@ -259,7 +259,7 @@ class Database {
   virtual void SuitImport(ImportProgress progress) = 0;
 
   /// Who is told while statements of this database are at work; nobody by an empty function.
-  virtual void SuitTravail(WorkBeat) {}
+  virtual void SuitTravail(WorkBeat beat) = 0;
 
   /// `source` is a table's name or a SELECT of the dialect that docs/table-engine.md describes.
   virtual std::unique_ptr<Recordset> OpenRecordset(std::string_view source) = 0;

@@ -44,6 +44,7 @@ void EcritDeg(CommandContext c, const std::string& fileName, WriteMode mode, con
     sink.TenteJusquaReussite([&] { file.Termine(); });
   } catch (const SauvegardeRefusee&) {
     file.Tronque();
+    document.ChangeAvis(file.DitGarde());
     return;
   }
   document.OublieModifications();

@@ -16,7 +16,7 @@ namespace {
 /// there is no such thing.
 int ContenuAutre(CommandContext c, const std::string& path) {
   const FileOnDisk& open = c.document().Fichier;
-  if (path != open.NomFichier) return 0;
+  if (!c.io.files.MemeFichier(path, open.NomFichier)) return 0;
   const auto now = c.io.files.Empreinte(path);
   if (!now) return 0;
   if (open.LecturePartielle) return MsgId::FichierPartiel;

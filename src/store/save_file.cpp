@@ -67,8 +67,17 @@ std::string SaveFile::Garde() const { return plan_.bak.empty() ? CheminSecours(p
 /// Where the former file is now, behind a failure.
 std::string SaveFile::DitAncien() {
   if (io_.files.Existe(path_)) return "\n" + Texte(state_.Langue, MsgId::AncienFichierReste);
+  const std::string kept = TexteGarde();
+  return kept.empty() ? kept : "\n" + kept;
+}
+
+std::string SaveFile::TexteGarde() {
   if (!io_.files.Existe(Garde())) return {};
-  return "\n" + Remplace(Texte(state_.Langue, MsgId::AncienFichierGarde), "%1", Garde());
+  return Remplace(Texte(state_.Langue, MsgId::AncienFichierGarde), "%1", Garde());
+}
+
+std::string SaveFile::DitGarde() {
+  return fichier_.FichierIncomplet == path_ ? TexteGarde() : std::string();
 }
 
 void SaveFile::NoteEmpreinte() {

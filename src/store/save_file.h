@@ -35,6 +35,8 @@ class SaveFile {
   /// Where that cannot be done the user is told what became of the former file. Without a new file
   /// all stays as it is.
   void Tronque();
+  /// What became of the former file where this one was cut; empty when there is none.
+  std::string DitGarde();
 
  private:
   /// The file in the place is the last whole state.
@@ -42,6 +44,7 @@ class SaveFile {
   std::string Garde() const;
   void PlaceTronque();
   std::string DitAncien();
+  std::string TexteGarde();
   void NoteEmpreinte();
 
   FileOnDisk& fichier_;

@@ -123,6 +123,7 @@ class FakeTables : public TableEngine {
     std::vector<QueryDef> Queries() override { return {}; }
     QueryDef Query(std::string_view) override { return {}; }
     void SuitImport(ImportProgress) override {}
+    void SuitTravail(WorkBeat) override {}
     std::unique_ptr<Recordset> OpenRecordset(std::string_view source) override {
       ouvert_.owner_.journal.emplace_back(source);
       const auto answer = answers_.find(std::string(source));

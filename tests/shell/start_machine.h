@@ -62,6 +62,7 @@ class JournalDatabase : public Database {
   std::vector<QueryDef> Queries() override { return {}; }
   QueryDef Query(std::string_view) override { return {}; }
   void SuitImport(ImportProgress) override {}
+  void SuitTravail(WorkBeat) override {}
   std::unique_ptr<Recordset> OpenRecordset(std::string_view) override {
     return std::make_unique<NoRows>();
   }

@@ -110,6 +110,14 @@ TEST_F(ChangedFile, IsAskedForBySaveAsOnTheSameName) {
   EXPECT_TRUE(state.document.FichierModifie());
 }
 
+TEST_F(ChangedFile, IsAskedForBySaveAsOnTheSameFileByAnotherPath) {
+  dialogues.paths = {folder / "./a.deg"};
+  dialogues.answers = {Answer::No};
+  MnuEnrSous_Click(context);
+  EXPECT_EQ(Boites().size(), 1U);
+  EXPECT_EQ(LitFichier(path), "somebody else's work");
+}
+
 // A file of which only a part could be read
 
 class PartlyReadFile : public FileCommands {

@@ -76,6 +76,7 @@ TEST_F(SaveFailure, NoKeepsAWholeFormerFileAsBak) {
   EXPECT_EQ(LitFichier(bak), "whole");
   EXPECT_EQ(Lignes(LitFichier(path)).size(), 8U);
   EXPECT_EQ(state.document.Fichier.FichierIncomplet, path);
+  EXPECT_EQ(state.document.Montre().avis, "The former file is now " + bak);
 }
 
 TEST_F(SaveFailure, ACutFileNeverTakesThePlaceOfItsWholeBackup) {

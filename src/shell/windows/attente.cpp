@@ -108,6 +108,14 @@ void Attente::Commence() {
   depuis_.start();
   prochain_ = BattementMs;
   shownAt_ = lastTenthMs_ = 0;
+  modale_ = QApplication::activeModalWidget();
+}
+
+/// A box of the command is open, which runs the message loop, or the work is that of a painting.
+bool Attente::PeintAilleurs() const {
+  const QWidget* modal = QApplication::activeModalWidget();
+  return (modal != nullptr && modal != modale_ && modal != frmAnnulation_) ||
+         (SePeint && SePeint());
 }
 
 void Attente::Termine() {
@@ -162,7 +170,7 @@ void Attente::GeleGrille(bool frozen) {
 }
 
 bool Attente::Bat() {
-  if (!hourglass_ || painting_ || depuis_.elapsed() < prochain_) return true;
+  if (!hourglass_ || painting_ || depuis_.elapsed() < prochain_ || PeintAilleurs()) return true;
   Peint();
   prochain_ = depuis_.elapsed() + BattementMs;
   return annulation_ != Annulation::Instruction || !EstAbandonne();
@@ -219,7 +227,8 @@ void Attente::MontreAnnulation() {
 void Attente::CacheAnnulation() {
   if (!SeLaisseAnnuler()) return;
   frmAnnulation_->hide();
-  if (avant_ != nullptr) avant_->activateWindow();
+  QWidget& next = avant_ != nullptr ? *avant_ : fenetre_;
+  next.activateWindow();
 }
 
 }  // namespace talpena

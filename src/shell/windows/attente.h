@@ -35,6 +35,7 @@ class Attente : public QObject, public WaitView {
   /// before and with false behind it. Nothing may read rows or run commands in between.
   std::function<void(bool painting)> Fige;
   std::function<void(bool frozen)> Gele;  ///< GeleGrille
+  std::function<bool()> SePeint;          ///< a row is being read to be painted just now
 
   void AfficheMessage(const std::string& text) override;
   void FermeMessage() override;
@@ -54,6 +55,7 @@ class Attente : public QObject, public WaitView {
   class Peinture;
 
   void Commence();
+  bool PeintAilleurs() const;
   void Termine();
   void Peint();
   void MontreFenetre();
@@ -71,6 +73,7 @@ class Attente : public QObject, public WaitView {
   frmMessage* frmMessage_;
   frmMessage* frmAnnulation_ = nullptr;  ///< the same, with Cancel
   QPointer<QWidget> avant_;              ///< had the keys before that one
+  QPointer<QWidget> modale_;             ///< the window from which the work began, if it is modal
   QElapsedTimer depuis_;                 ///< the beginning of the work
   qint64 prochain_ = 0;                  ///< painting
   std::string texte_;                    ///< of the command; empty when it gave none

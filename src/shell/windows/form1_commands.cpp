@@ -139,9 +139,9 @@ void Form1::ConstruitAttente() {
     running_ += painting ? 1 : -1;
     TDBGrid1->Fige(painting);
   };
+  attente_->SePeint = [this] { return TDBGrid1->SePeint(); };
   attente_->Gele = [this](bool frozen) { TDBGrid1->setUpdatesEnabled(!frozen); };
   connect(attente_, &Attente::Fini, this, [this] {
-    TDBGrid1->RelitManquants();
     if (running_ == 0) ApresCommande();
   });
 }

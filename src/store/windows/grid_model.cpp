@@ -131,7 +131,7 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
 }
 
 void GridModel::RelitManquants() {
-  if (!std::exchange(lacking_, false) || count_ == 0) return;
+  if (fixed_ || !std::exchange(lacking_, false) || count_ == 0) return;
   Q_EMIT dataChanged(index(0, 0), index(count_ - 1, Column::GridCount - 1), {Qt::DisplayRole});
 }
 

@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QStyledItemDelegate>
+#include <QTimer>
 #include <algorithm>
 #include <cmath>
 #include <limits>
@@ -153,9 +154,17 @@ void TDBGrid::InitTDBgrid() {
   AppliqueLargeurs();
 }
 
-void TDBGrid::Fige(bool fixed) { model_->Fige(fixed); }
+void TDBGrid::Fige(bool fixed) {
+  model_->Fige(fixed);
+  if (!fixed) QTimer::singleShot(0, model_, &GridModel::RelitManquants);
+}
 
-void TDBGrid::RelitManquants() { model_->RelitManquants(); }
+// Reading a row for a cell is work that beats; see Attente.
+void TDBGrid::paintEvent(QPaintEvent* event) {
+  ++painted_;
+  QTableView::paintEvent(event);
+  --painted_;
+}
 
 void TDBGrid::AppliqueCouleurs() { ChangeFond(state_.CouleurFondGrille); }
 
@@ -241,6 +250,7 @@ void TDBGrid::SuitPosition() {
   const auto row = static_cast<int>(state_.document.Data1.recordset().AbsolutePosition());
   if (row < 0 || row >= model_->rowCount() || row == currentIndex().row()) return;
   following_ = true;
+  executeDelayedItemsLayout();  // it scrolls to rows that just came, too
   // Whatever keys brought Data1 here: one cell is chosen, and nothing besides.
   selectionModel()->setCurrentIndex(model_->index(row, column_),
                                     QItemSelectionModel::ClearAndSelect);

@@ -53,10 +53,10 @@ class TDBGrid : public QTableView {
   void AppliqueLargeurs();                ///< column widths from the settings
   void ReleveLargeurs();                  ///< those that the user changed, into the settings
 
-  /// While it is fixed, its picture stays and no row is read for it; at the end of the work
-  /// RelitManquants reads what the picture lacks.
+  /// While it is fixed, its picture stays and no row is read for it; what the picture lacks is
+  /// read with the next event behind.
   void Fige(bool fixed);
-  void RelitManquants();
+  bool SePeint() const { return painted_ > 0; }
 
   /// Stores what is being typed. False when the table refused it: the user was told why, the
   /// cell stays in edit.
@@ -86,6 +86,7 @@ class TDBGrid : public QTableView {
   void commitData(QWidget* editor) override;
   void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
   void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+  void paintEvent(QPaintEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void keyPressEvent(QKeyEvent* event) override;
   /// As ever, but the first and the last cell are chosen by the key that goes there.
@@ -120,6 +121,7 @@ class TDBGrid : public QTableView {
   int column_ = 0;                ///< of the cursor
   bool choosing_ = false;         ///< rows or columns are being chosen by the program
   ChosenRows chosen_;
+  int painted_ = 0;      ///< paintings under way
   int lastChosen_ = -1;  ///< row chosen last; -1 for none
   int keyAnchor_ = -1;   ///< where choosing by Shift and arrows began; -1 when it did not
   int chosenTop_ = -1;   ///< rows that were chosen together with it

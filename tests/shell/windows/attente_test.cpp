@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QSignalSpy>
 #include <QThread>
 #include <QToolButton>
 #include <utility>
@@ -125,6 +126,34 @@ TEST(Attente, RowsAreNotReadWhileAStatementIsUnderWay) {
   EXPECT_EQ(unseen.data().toString(), "");
   grid->Fige(false);
   EXPECT_EQ(unseen.data().toString(), "300");
+}
+
+TEST(Attente, CellsThatAPaintingLackedAreReadBehindIt) {
+  Waiting m;
+  m.form->Commande([&] {
+    m.state.document.Fichier.NomFichier = m.Fichier(Form1Machine::Lignes(300), "b.deg");
+    LitDeg(m.form->Commandes(), m.state.document.Fichier.NomFichier, MergeMode::Replace);
+  });
+  auto* grid = m.Controle<TDBGrid>("TDBGrid1");
+  QSignalSpy changed(grid->model(), &QAbstractItemModel::dataChanged);
+  grid->Fige(true);
+  EXPECT_EQ(grid->model()->index(299, 3).data().toString(), "");
+  grid->Fige(false);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(changed.count(), 1);
+}
+
+TEST(Attente, StaysBehindABoxOfTheCommand) {
+  Waiting m;
+  const Busy busy(m.Vue());
+  QDialog box(m.form.get());
+  box.setModal(true);
+  box.show();
+  m.Travaille(200);
+  EXPECT_FALSE(m.Message().isVisible());
+  box.hide();
+  m.Travaille(200);
+  EXPECT_TRUE(m.Message().isVisible());
 }
 
 TEST(Attente, BetweenTwoTenthsTheBarGoesOnShortOfTheNext) {

@@ -9,6 +9,7 @@
 
 #include "fakes/dialog_driver.h"
 #include "shell/windows/form1_machine.h"
+#include "store/deg_reader.h"
 #include "store/edition.h"
 #include "store/filter.h"
 #include "store/windows/tdb_grid.h"
@@ -55,6 +56,17 @@ TEST_F(Form1Rows, ANoticeStandsBeforeTheFilterUntilItIsOver) {
   EXPECT_EQ(Panneau(), "The automatic save waits.");
   state.document.OublieModifications();
   EXPECT_EQ(Panneau(), "3 of 12 rows shown");
+}
+
+TEST_F(Form1Rows, ARowThatIsAddedComesIntoView) {
+  form->Commande(
+      [&] { LitDeg(form->Commandes(), Fichier(Lignes(400), "long.deg"), MergeMode::Replace); });
+  auto* grid = Controle<TDBGrid>("TDBGrid1");
+  for (int i = 0; i < 3; ++i) {
+    Entree("mnuDuplic")->trigger();
+    EXPECT_TRUE(grid->viewport()->rect().contains(grid->visualRect(grid->currentIndex()))) << i;
+    EXPECT_EQ(grid->currentIndex().row(), 400 + i);
+  }
 }
 
 TEST_F(Form1Rows, AFilterThatMatchesNothingIsChecked) {
