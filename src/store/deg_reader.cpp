@@ -101,7 +101,9 @@ class Load {
       if (shown && !lignesCommencees_) RemetChamps();
     });
     essaie([this] {
-      if (rowsChanged_) Ouvert().RelieSqlCourant();
+      if (!rowsChanged_) return;
+      Ouvert().RelieSqlCourant();
+      c_.vue.PlaceFocusGrille();
     });
     essaie([this] {
       if (busy_) busy_->FermeFenetres();

@@ -265,6 +265,10 @@ TEST_F(LitDegFirstRowsTest, AFaultFarBehindThemEndsAsOneAmongThem) {
     EXPECT_EQ(LignesLiees(), world.Lignes());
     EXPECT_TRUE(state.document.Fichier.LecturePartielle);
     EXPECT_FALSE(state.document.FichierModifie());
+    EXPECT_EQ(world.vue.calls.back(), "FermeMessage");
+    EXPECT_EQ(std::count(world.vue.calls.begin(), world.vue.calls.end(), "PlaceFocusGrille"), 1)
+        << "the keys go to the rows that came";
+    world.vue.calls.clear();
     ExpectFerme();
   }
 }
