@@ -100,7 +100,7 @@ std::string SansLigne(std::int16_t langue, const TalpenaError& error) {
 
 std::string DescriptionErreur(std::int16_t langue, const TalpenaError& error) {
   try {
-    const std::string words = SansLigne(langue, error);
+    std::string words = SansLigne(langue, error);
     const std::int64_t line = error.words().line;
     if (line == 0 || words == error.description()) return words;
     return Complete(Texte(langue, MsgId::EchecDeLigne), {std::to_string(line), words});

@@ -76,9 +76,10 @@ class PortableInput final : public InputFile {
   }
   std::size_t Lit(std::span<char> buffer) override {
     stream_.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
-    if (stream_.bad())
+    if (stream_.bad()) {
       throw TalpenaError(ErrorNumber::DeviceFault, "Device I/O error: " + path_,
                          {.about = {path_}});
+    }
     return static_cast<std::size_t>(stream_.gcount());
   }
   std::int64_t Taille() const override { return size_; }

@@ -128,6 +128,7 @@ TEST(Form1, ATickInsideACommandWaitsUntilItHasEnded) {
   EXPECT_TRUE(m.state.document.FichierModifie());
   QApplication::processEvents();
   EXPECT_FALSE(m.state.document.FichierModifie()) << "saved by the tick that waited";
+  m.form.reset();  // before the platform that it is made of
 }
 
 TEST(Form1, TheCloseBoxInsideACommandWaitsToo) {
@@ -143,6 +144,7 @@ TEST(Form1, TheCloseBoxInsideACommandWaitsToo) {
   EXPECT_TRUE(m.form->isVisible());
   QApplication::processEvents();
   EXPECT_FALSE(m.form->isVisible());
+  m.form.reset();  // before the platform that it is made of
 }
 
 TEST(Form1, TakesItsPlaceFromTheSettingsAndGivesItBack) {
