@@ -60,6 +60,9 @@ class Program:
             re.fullmatch(r"\d+/\d+", node.name or "") for node in descendants(application(self))))
         time.sleep(0.3)
         xdotool("windowactivate", "--sync", number)
+        # A window manager that takes it for the active one does not give it the keys anew.
+        wait_for("the keys", lambda: xdotool("getwindowfocus") == [number]
+                 or xdotool("windowfocus", "--sync", number))
         return number
 
     def brings(self, title, *names):
