@@ -69,4 +69,7 @@ inline constexpr int CommentaireSansCaractere = 377;  // "The comment of the fil
 inline constexpr int ChampsSansCaractere = 378;  // "The definitions of the free fields hold ..."
 inline constexpr int TexteSansCaractere = 379;   // "The character %1 is not in code page 1252; ..."
 
+inline constexpr int DossierPlein = 382;      // "The disk of the working folder %1 is full; ..."
+inline constexpr int FusionSansChamps = 383;  // "This file has no free fields, and a merge ..."
+
 }  // namespace talpena::MsgId
