@@ -71,5 +71,6 @@ inline constexpr int TexteSansCaractere = 379;   // "The character %1 is not in 
 
 inline constexpr int DossierPlein = 382;      // "The disk of the working folder %1 is full; ..."
 inline constexpr int FusionSansChamps = 383;  // "This file has no free fields, and a merge ..."
+inline constexpr int DatumMdbAbime = 384;     // "DATUM.MDB holds the datums, without which ..."
 
 }  // namespace talpena::MsgId
