@@ -33,8 +33,8 @@ constexpr std::array<Sample, CoordSystemCount> samples{{
 
 constexpr int systems[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
 
-std::string Octets(const std::string& name) {
-  std::ifstream file(TALPENA_SOURCE_DIR "/data/samples/import/" + name, std::ios::binary);
+std::string Contenu(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
   std::stringstream bytes;
   bytes << file.rdbuf();
   return bytes.str();
@@ -44,7 +44,8 @@ class ImportSamples : public ::testing::TestWithParam<int> {
  protected:
   const Sample& sample = samples[static_cast<std::size_t>(GetParam())];
   CoordSystem system = static_cast<CoordSystem>(GetParam());
-  std::string bytes = Octets(sample.code + std::string(".txt"));
+  std::string bytes =
+      Contenu(std::string(TALPENA_SOURCE_DIR "/data/samples/import/") + sample.code + ".txt");
 };
 
 TEST_P(ImportSamples, ComeInWithAllTheirRows) {
@@ -80,6 +81,20 @@ TEST_P(ImportSamples, AreInTheFormOfWindows) {
     EXPECT_EQ(bytes[i - 1], '\r');
   }
   EXPECT_EQ(lines, 7U);
+}
+
+// Whoever has no example at hand sees two of its records in the guide.
+TEST_P(ImportSamples, StandInTheGuide) {
+  std::vector<std::string> lines = Decoupe(bytes, '\n');
+  for (const char* language : {"en", "fr"}) {
+    const std::string guide =
+        Contenu(TALPENA_SOURCE_DIR "/data/help/" + std::string(language) + "/import-text.html");
+    EXPECT_NE(guide.find("<code>" + sample.code + std::string(".txt</code>")), std::string::npos);
+    for (const std::size_t line : {1U, 3U}) {
+      const std::string record = lines[line].substr(0, lines[line].size() - 1);
+      EXPECT_NE(guide.find("<code>" + record + "</code>"), std::string::npos) << record;
+    }
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, ImportSamples, ::testing::ValuesIn(systems));
