@@ -1,0 +1,76 @@
+// The rows that the chosen waypoints of a MapSource text become.
+#pragma once
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "interchange/garmin_options.h"
+#include "interchange/import_reader.h"
+#include "interchange/mapsource_text.h"
+#include "store/distribution_header.h"
+
+namespace talpena {
+
+/// An item of the list, as it stands in it.
+struct WaypointChoice {
+  std::uint32_t item = 0;  ///< of the text
+  bool checked = true;
+};
+
+/// What frmImportGarmin was told.
+struct MapSourceChoice {
+  int grid = -1;                      ///< of cmbGrid; -1 when none is selected
+  std::string datum;                  ///< lblDatum
+  std::vector<WaypointChoice> items;  ///< in the order of the list
+};
+
+/// Every waypoint of a text, checked, in its order.
+std::vector<WaypointChoice> TousLesPoints(const MapSourceText& text);
+
+/// Place of the free field that takes altitudes: the first with the code ALTI or STAT.ALTI, in any
+/// case.
+std::optional<std::size_t> ChampAltitude(const DistributionHeader& entete);
+
+/// Column of a caption, compared exactly; empty when no column, or no caption, is it.
+std::optional<std::size_t> ColonneDe(const MapSourceText& text, std::string_view caption);
+
+/// The part of a text from a character, counted from 1, so many characters long at most. A begin
+/// before the first character is the first one, a negative length is none.
+std::string_view CoupeColonne(std::string_view text, int begin, int length);
+
+/// What stands behind the code in a position, and the code: ORIGINAL. "" on the grid UTM and where
+/// no grid is chosen. SubscriptOutOfRange (9) for a position with fewer parts than its grid has,
+/// InvalidCall (5) for one in MGRS below twelve characters.
+std::string OriginalDePosition(int grid, std::string_view position);
+
+/// Items that are not checked and those without a position come as dropped. The text, the options
+/// and the header must outlive the reader. A column of dates that is not in the file gives no date;
+/// the same goes for altitudes.
+class MapSourceReader final : public ImportReader {
+ public:
+  MapSourceReader(const MapSourceText& text, MapSourceChoice choice, const objGraminImport& options,
+                  const DistributionHeader& entete);
+
+  bool Suivant(ImportRecord& record) override;
+  double Part() const override;
+
+ private:
+  void Remplit(std::size_t item, ImportedRow& row) const;
+  std::string Altitude(std::size_t item) const;
+  std::string Commentaire(std::size_t item) const;
+  void Date(std::size_t item, ImportedRow& row) const;
+
+  const MapSourceText& text_;
+  const MapSourceChoice choice_;
+  const objGraminImport& options_;
+  const DistributionHeader& entete_;
+  std::string datum_;
+  std::optional<std::size_t> dateColumn_;
+  std::optional<std::size_t> altitudeColumn_;
+  std::optional<std::size_t> altitudeField_;
+  std::size_t next_ = 0;
+};
+
+}  // namespace talpena
