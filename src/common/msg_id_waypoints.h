@@ -14,7 +14,6 @@ inline constexpr int GarminExemple = 638;     // "Sample:"
 
 // Remarks, one line each.
 inline constexpr int PositionsUtmNonLues = 639;  // "Positions on grid UTM are not read: ..."
-inline constexpr int LignesSurDatum = 640;       // "The rows get the datum %1, %2."
 inline constexpr int GarminSansDatum = 641;      // "No datum is known for this file: ..."
 inline constexpr int SiecleWpt = 642;            // "The dates of .wpt files are taken as 19xx: ..."
 
