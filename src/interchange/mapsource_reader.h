@@ -36,15 +36,6 @@ std::optional<std::size_t> ChampAltitude(const DistributionHeader& entete);
 /// Column of a caption, compared exactly; empty when no column, or no caption, is it.
 std::optional<std::size_t> ColonneDe(const MapSourceText& text, std::string_view caption);
 
-/// The part of a text from a character, counted from 1, so many characters long at most. A begin
-/// before the first character is the first one, a negative length is none.
-std::string_view CoupeColonne(std::string_view text, int begin, int length);
-
-/// What stands behind the code in a position, and the code: ORIGINAL. "" on the grid UTM and where
-/// no grid is chosen. SubscriptOutOfRange (9) for a position with fewer parts than its grid has,
-/// InvalidCall (5) for one in MGRS below twelve characters.
-std::string OriginalDePosition(int grid, std::string_view position);
-
 /// Items that are not checked and those without a position come as dropped. The text, the options
 /// and the header must outlive the reader. A column of dates that is not in the file gives no date;
 /// the same goes for altitudes.

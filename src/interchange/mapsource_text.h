@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "interchange/import_file.h"
 #include "interchange/waypoint_list.h"
 #include "platform/files.h"
 
@@ -40,6 +41,6 @@ struct MapSourceText {
 /// or datum have no name, those of the file.
 void RempliLV(FileSystem& files, const std::string& path, MapSourceText& text);
 /// The same from an open file.
-void RempliLV(std::unique_ptr<InputFile> file, const std::string& path, MapSourceText& text);
+void RempliLV(ImportFile file, const std::string& path, MapSourceText& text);
 
 }  // namespace talpena
