@@ -69,4 +69,11 @@ inline constexpr int CommentaireSansCaractere = 377;  // "The comment of the fil
 inline constexpr int ChampsSansCaractere = 378;  // "The definitions of the free fields hold ..."
 inline constexpr int TexteSansCaractere = 379;   // "The character %1 is not in code page 1252; ..."
 
+// Waypoints of receivers.
+inline constexpr int PositionIllisible =
+    605;  // "The position “%1” of the waypoint “%2” does not ..."
+inline constexpr int LigneSansNom = 606;       // "Nothing stands behind its first word; look ..."
+inline constexpr int TropDePoints = 607;       // "The file holds more waypoints than can be ..."
+inline constexpr int PointIncalculable = 608;  // "The position “%1” cannot be computed; ..."
+
 }  // namespace talpena::MsgId
