@@ -339,6 +339,12 @@ inline constexpr int FauteCarre = 446;       // "no square has these letters and
 inline constexpr int FauteNombres = 447;    // "these numbers lie outside of what the system covers"
 inline constexpr int FauteSansPlace = 448;  // "there is no such place on the datum or grid ..."
 
+// Waypoints that do not enter, and what the rows of the others lack.
+inline constexpr int PointNonCoche = 603;      // "not checked"
+inline constexpr int PointSansPosition = 604;  // "no position"
+inline constexpr int ColonneDateAbsente = 609;  // "This file has no column “%1”, so the rows ..."
+inline constexpr int ColonneAltitudeAbsente = 610;  // the same of the altitude
+
 // Buttons of message boxes.
 inline constexpr int BoutonOui = 917;  // "Yes"
 inline constexpr int BoutonNon = 918;  // "No"

@@ -144,13 +144,20 @@ std::string SurGrille(const std::string& code, const Parts& p) {
 
 std::string OriginalDePosition(int grid, std::string_view position) {
   switch (grid) {
-    case GarminGrid::Degrees: return EnDegresDecimaux(Parts(position));
-    case GarminGrid::Minutes: return EnMinutes(Parts(position));
-    case GarminGrid::Seconds: return EnSecondes(Parts(position));
-    case GarminGrid::Mgrs: return EnMgrs(position);
-    case GarminGrid::British: return SurGrille("bng ", Parts(position));
-    case GarminGrid::Irish: return SurGrille("itm ", Parts(position));
-    default: return {};  // rows on the grid UTM enter without a position
+    case GarminGrid::Degrees:
+      return EnDegresDecimaux(Parts(position));
+    case GarminGrid::Minutes:
+      return EnMinutes(Parts(position));
+    case GarminGrid::Seconds:
+      return EnSecondes(Parts(position));
+    case GarminGrid::Mgrs:
+      return EnMgrs(position);
+    case GarminGrid::British:
+      return SurGrille("bng ", Parts(position));
+    case GarminGrid::Irish:
+      return SurGrille("itm ", Parts(position));
+    default:
+      return {};  // rows on the grid UTM enter without a position
   }
 }
 

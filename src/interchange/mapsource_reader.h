@@ -36,9 +36,14 @@ std::optional<std::size_t> ChampAltitude(const DistributionHeader& entete);
 /// Column of a caption, compared exactly; empty when no column, or no caption, is it.
 std::optional<std::size_t> ColonneDe(const MapSourceText& text, std::string_view caption);
 
+/// Lines for the dialog: the columns that the options name and the text lacks, so that rows get no
+/// date or no altitude.
+std::vector<std::string> AvisColonnes(std::int16_t langue, const MapSourceText& text,
+                                      const objGraminImport& options);
+
 /// Items that are not checked and those without a position come as dropped. The text, the options
-/// and the header must outlive the reader. A column of dates that is not in the file gives no date;
-/// the same goes for altitudes.
+/// and the header must outlive the reader. A column of dates that is not in the file gives no date,
+/// one of altitudes no altitude. Failures are those of OriginalDePosition, with waypoint and line.
 class MapSourceReader final : public ImportReader {
  public:
   MapSourceReader(const MapSourceText& text, MapSourceChoice choice, const objGraminImport& options,
@@ -48,10 +53,11 @@ class MapSourceReader final : public ImportReader {
   double Part() const override;
 
  private:
-  void Remplit(std::size_t item, ImportedRow& row) const;
-  std::string Altitude(std::size_t item) const;
-  std::string Commentaire(std::size_t item) const;
+  void Remplit(std::size_t item, ImportRecord& record) const;
+  std::string Original(std::size_t item) const;
   void Date(std::size_t item, ImportedRow& row) const;
+  std::optional<std::string> Altitude(std::size_t item) const;
+  std::string Commentaire(std::size_t item) const;
 
   const MapSourceText& text_;
   const MapSourceChoice choice_;

@@ -4,15 +4,23 @@
 #include <string>
 
 #include "interchange/garmin_options.h"
+#include "interchange/import_context.h"
 #include "interchange/mapsource_reader.h"
 #include "interchange/mapsource_text.h"
-#include "store/command_context.h"
 
 namespace talpena {
 
 /// `mnuImport` 1: asks for a .wpt file; each of its lines becomes a row on the default datum, and
 /// the rows get their coordinates. Failures are shown, not thrown; rows added before one stay.
 void ImportGarmin(CommandContext c);
+
+/// `mnuImportGarmin` 0: asks for a text of MapSource and shows it (frmImportGarmin). Tracks, 1, are
+/// not read.
+void mnuImportGarmin_Click(ImportContext c, int index);
+
+/// Asks for a file and shows frmImportGarmin over it.
+/// @param type  0 for a file of MapSource
+void ImportMapSource(ImportContext c, std::int16_t type);
 
 /// For frmImportGarmin on load: the options at their first values, and the file. A type other than
 /// 0 is told as not available and gives an empty text; so are a wrong file type and any failure,
