@@ -103,7 +103,7 @@ TEST_F(FrmImportGarmin, OkImportsTheCheckedPointsInTheOrderOfTheList) {
   EXPECT_EQ(fenetre->result(), QDialog::Accepted);
   EXPECT_EQ(Importees(), (std::vector<std::string>{"1|WGS84|deg 50.1 4.1|-|ONE - first",
                                                    "1|WGS84|deg 50.2 -4.2|-|TWO - second"}));
-  EXPECT_TRUE(state.document.Fichier.FichierModifie);
+  EXPECT_TRUE(state.document.FichierModifie());
 }
 
 TEST_F(FrmImportGarmin, TheOptionsOfTheSettingsAreThoseOfTheImport) {
