@@ -71,8 +71,7 @@ void frmImportGarmin::Construit() {
   lblDatum = Nomme(new QLabel(this), u"lblDatum"_s);
   lblDatum->setTextInteractionFlags(Qt::TextSelectableByMouse);
   cmdChangeDatum = Nomme(new QPushButton(u"&Change"_s, this), u"cmdChangeDatum"_s);
-  lblNotes = Nomme(new QLabel(this), u"lblNotes"_s);
-  lblNotes->setWordWrap(true);
+  repetition_ = new RehearsalPane(c_.state, this);
   LV = new WaypointView(this);
   chkAll = Nomme(new QCheckBox(u"Check &all selected lines"_s, this), u"chkAll"_s);
   for (std::size_t i = 0; i < cmdImportGarmin.size(); ++i) {
