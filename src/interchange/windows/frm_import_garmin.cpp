@@ -9,7 +9,10 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSplitter>
+#include <QVBoxLayout>
 #include <algorithm>
+#include <memory>
 #include <vector>
 
 #include "common/msg_id.h"
@@ -19,6 +22,7 @@
 #include "interchange/import_notes.h"
 #include "interchange/waypoint_commands.h"
 #include "interchange/windows/frm_garmin_options.h"
+#include "interchange/windows/rehearsal_pane.h"
 #include "interchange/windows/waypoint_view.h"
 #include "platform/commands.h"
 #include "platform/qt/controls.h"
@@ -36,6 +40,7 @@ constexpr int narrowest = 8, widest = 4000;
 
 constexpr float widthOfNoChoice = 1000;  ///< twips, of the settings without a width
 
+constexpr int linesShown = 6;
 constexpr int headerLines = 5;  ///< the path and what the file says above its waypoints
 
 }  // namespace
@@ -86,35 +91,44 @@ void frmImportGarmin::Construit() {
 }
 
 void frmImportGarmin::Dispose() {
-  auto* grid = new QGridLayout(this);
-  grid->addWidget(lblConfirm, 0, 0, 1, 4);
-  grid->addWidget(lblHeader, 1, 0);
-  grid->addWidget(txtHeader, 2, 0, 3, 1);
-  grid->addWidget(lblGrid, 2, 1);
-  grid->addWidget(cmbGrid, 2, 2, 1, 2);
-  grid->addWidget(lblTitreDatum, 3, 1);
-  grid->addWidget(lblDatum, 3, 2);
-  grid->addWidget(cmdChangeDatum, 3, 3);
-  grid->addWidget(lblNotes, 5, 0, 1, 4);
-  grid->addWidget(LV, 6, 0, 1, 4);
-  grid->addWidget(chkAll, 7, 0, 1, 4);
+  auto* grid = new QGridLayout;
+  grid->addWidget(lblHeader, 0, 0);
+  grid->addWidget(txtHeader, 1, 0, 3, 1);
+  grid->addWidget(lblGrid, 1, 1);
+  grid->addWidget(cmbGrid, 1, 2, 1, 2);
+  grid->addWidget(lblTitreDatum, 2, 1);
+  grid->addWidget(lblDatum, 2, 2);
+  grid->addWidget(cmdChangeDatum, 2, 3);
   grid->setColumnStretch(0, 1);
-  grid->setRowStretch(6, 1);
+  txtHeader->setFixedHeight((headerLines + 1) * fontMetrics().lineSpacing());
+  auto* points = new QWidget(this);
+  auto* column = new QVBoxLayout(points);
+  column->setContentsMargins({});
+  column->addWidget(LV, 1);
+  column->addWidget(chkAll);
+  LV->setMinimumHeight(linesShown * fontMetrics().lineSpacing());
+  auto* halves = Nomme(new QSplitter(Qt::Vertical, this), u"halves"_s);
+  halves->addWidget(points);
+  halves->addWidget(repetition_);
+  halves->setChildrenCollapsible(false);
   auto* buttons = new QDialogButtonBox(this);
   buttons->addButton(cmdImportGarmin[buttonImport], QDialogButtonBox::AcceptRole);
   buttons->addButton(cmdImportGarmin[buttonCancel], QDialogButtonBox::RejectRole);
   buttons->addButton(cmdImportGarmin[buttonOptions], QDialogButtonBox::ActionRole);
-  grid->addWidget(buttons, 8, 0, 1, 4);
-  txtHeader->setFixedHeight((headerLines + 1) * fontMetrics().lineSpacing());
-  LV->setMinimumHeight(6 * fontMetrics().lineSpacing());
-  resize(TailleVisible({fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 38}));
+  auto* layout = new QVBoxLayout(this);
+  layout->addWidget(lblConfirm);
+  layout->addLayout(grid);
+  layout->addWidget(halves, 1);
+  layout->addWidget(buttons);
+  resize(TailleVisible({fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 44}));
   LV->setFocus();
 }
 
 void frmImportGarmin::Relie() {
   connect(cmdChangeDatum, &QPushButton::clicked, this, &frmImportGarmin::cmdChangeDatum_Click);
   connect(chkAll, &QCheckBox::clicked, this, &frmImportGarmin::chkAll_Click);
-  connect(cmbGrid, &QComboBox::currentIndexChanged, this, &frmImportGarmin::MontreNotes);
+  connect(cmbGrid, &QComboBox::currentIndexChanged, this, &frmImportGarmin::Repete);
+  connect(&LV->Points(), &WaypointModel::Change, this, &frmImportGarmin::Repete);
   for (std::size_t i = 0; i < cmdImportGarmin.size(); ++i) {
     connect(cmdImportGarmin[i], &QPushButton::clicked, this,
             [this, i] { cmdImportGarmin_Click(static_cast<int>(i)); });
@@ -129,7 +143,18 @@ void frmImportGarmin::Charge() {
   LV->Points().Montre(text_);
   if (LV->Points().rowCount() > 0) LV->setCurrentIndex(LV->Points().index(0, 0));
   ExecuteCommande(c_.state, c_.io, {}, [this] { MontreLargeurs(); });
+  Repete();
+}
+
+/// Shows anew what OK would do: the settings then give the options.
+void frmImportGarmin::Repete() {
   MontreNotes();
+  if (text_.captions.empty()) return repetition_->Arrete();
+  ExecuteCommande(c_.state, c_.io, {}, [this] { ChargeOptions(c_.io.settings, aVenir_); });
+  const auto ouvre = [this, choice = Choix()] {
+    return std::make_unique<MapSourceReader>(text_, choice, aVenir_, c_.document().Entete());
+  };
+  repetition_->Repete({ouvre});
 }
 
 /// The widths of the settings; a column that has none there has room for its heading.
@@ -168,14 +193,13 @@ void frmImportGarmin::changeEvent(QEvent* event) {
 
 /// What rows on this grid and datum will not have, or will have without anybody asking for it.
 void frmImportGarmin::MontreNotes() {
-  QStringList notes;
   const std::string datum = lblDatum->text().toStdString();
-  notes << EnQt(datum.empty() ? Texte(c_.state.Langue, MsgId::GarminSansDatum)
-                              : NoteDuDatum(c_.state, datum));
+  std::vector<std::string> notes = {datum.empty() ? Texte(c_.state.Langue, MsgId::GarminSansDatum)
+                                                  : NoteDuDatum(c_.state, datum)};
   if (cmbGrid->currentIndex() == GarminGrid::Utm) {
-    notes << EnQt(Texte(c_.state.Langue, MsgId::PositionsUtmNonLues));
+    notes.push_back(Texte(c_.state.Langue, MsgId::PositionsUtmNonLues));
   }
-  lblNotes->setText(notes.join(u'\n'));
+  repetition_->MontreNotes(notes);
 }
 
 MapSourceChoice frmImportGarmin::Choix() const {
@@ -189,7 +213,7 @@ void frmImportGarmin::cmdChangeDatum_Click() {
   chooser.exec();
   if (chooser.Resultat().empty()) return;
   lblDatum->setText(EnQt(chooser.Resultat()));
-  MontreNotes();
+  Repete();
 }
 
 void frmImportGarmin::chkAll_Click() { LV->CocheChoisies(chkAll->isChecked()); }
@@ -209,6 +233,7 @@ void frmImportGarmin::cmdImportGarmin_Click(int index) {
 void frmImportGarmin::Importe() {
   if (cmbGrid->currentIndex() < 0) return OffreGrilles();
   if (lblDatum->text().isEmpty()) return cmdChangeDatum_Click();
+  repetition_->Arrete();
   ImportMapSource(c_, text_, Choix(), options_);
   accept();
 }
@@ -220,6 +245,7 @@ void frmImportGarmin::OffreGrilles() {
 
 void frmImportGarmin::ChangeOptions() {
   frmGarminOptions(c_.state, c_.io, options_, text_, LV->Points().Choix(), this).exec();
+  Repete();
 }
 
 void frmImportGarmin::done(int result) {

@@ -18,7 +18,7 @@ class QPushButton;
 
 namespace talpena {
 
-class Mnemonics;
+class RehearsalPane;
 class WaypointView;
 
 /// Modal dialog over the waypoints of a MapSource text; its captions are English in every language.
@@ -52,6 +52,7 @@ class frmImportGarmin : public QDialog {
   void SauveLargeurs();
   MapSourceChoice Choix() const;
   void MontreNotes();
+  void Repete();
 
   void cmdChangeDatum_Click();
   void chkAll_Click();
@@ -65,6 +66,7 @@ class frmImportGarmin : public QDialog {
   const std::int16_t type_;
   MapSourceText text_;
   objGraminImport options_;
+  objGraminImport aVenir_;  ///< what the settings would make them now
 
   QLabel* lblConfirm = nullptr;
   QLabel* lblHeader = nullptr;
@@ -74,7 +76,7 @@ class frmImportGarmin : public QDialog {
   QLabel* lblTitreDatum = nullptr;
   QLabel* lblDatum = nullptr;
   QPushButton* cmdChangeDatum = nullptr;
-  QLabel* lblNotes = nullptr;
+  RehearsalPane* repetition_ = nullptr;
   WaypointView* LV = nullptr;
   QCheckBox* chkAll = nullptr;
   std::array<QPushButton*, 3> cmdImportGarmin{};
