@@ -75,6 +75,11 @@ void frmGarminOptions::Dispose() {
   buttons->addButton(cmdOptionGarmin[0], QDialogButtonBox::AcceptRole);
   buttons->addButton(cmdOptionGarmin[1], QDialogButtonBox::RejectRole);
   layout->addWidget(buttons);
+  QWidget* last = altitude_->OrdonneTabulation(date_->OrdonneTabulation(txtPeriod));
+  for (QPushButton* button : cmdOptionGarmin) {
+    setTabOrder(last, button);
+    last = button;
+  }
 }
 
 void frmGarminOptions::AppliqueLangue() {

@@ -40,7 +40,7 @@ constexpr int narrowest = 8, widest = 4000;
 
 constexpr float widthOfNoChoice = 1000;  ///< twips, of the settings without a width
 
-constexpr int linesShown = 6;
+constexpr int pointsShown = 6;
 constexpr int headerLines = 5;  ///< the path and what the file says above its waypoints
 
 }  // namespace
@@ -76,9 +76,9 @@ void frmImportGarmin::Construit() {
   lblDatum = Nomme(new QLabel(this), u"lblDatum"_s);
   lblDatum->setTextInteractionFlags(Qt::TextSelectableByMouse);
   cmdChangeDatum = Nomme(new QPushButton(u"&Change"_s, this), u"cmdChangeDatum"_s);
-  repetition_ = new RehearsalPane(c_.state, this);
   LV = new WaypointView(this);
   chkAll = Nomme(new QCheckBox(u"Check &all selected lines"_s, this), u"chkAll"_s);
+  repetition_ = new RehearsalPane(c_.state, this);
   for (std::size_t i = 0; i < cmdImportGarmin.size(); ++i) {
     cmdImportGarmin[i] = Nomme(new QPushButton(this), NomIndexe("cmdImportGarmin", i));
   }
@@ -106,7 +106,7 @@ void frmImportGarmin::Dispose() {
   column->setContentsMargins({});
   column->addWidget(LV, 1);
   column->addWidget(chkAll);
-  LV->setMinimumHeight(linesShown * fontMetrics().lineSpacing());
+  LV->setMinimumHeight(pointsShown * fontMetrics().lineSpacing());
   auto* halves = Nomme(new QSplitter(Qt::Vertical, this), u"halves"_s);
   halves->addWidget(points);
   halves->addWidget(repetition_);
@@ -151,15 +151,17 @@ void frmImportGarmin::Repete() {
   MontreNotes();
   if (text_.captions.empty()) return repetition_->Arrete();
   ExecuteCommande(c_.state, c_.io, {}, [this] { ChargeOptions(c_.io.settings, aVenir_); });
-  const auto ouvre = [this, choice = Choix()] {
+  RehearsalPlan plan;
+  plan.ouvre = [this, choice = Choix()] {
     return std::make_unique<MapSourceReader>(text_, choice, aVenir_, c_.document().Entete());
   };
-  repetition_->Repete({ouvre});
+  repetition_->Repete(std::move(plan));
 }
 
 /// The widths of the settings; a column that has none there has room for its heading.
 void frmImportGarmin::MontreLargeurs() {
   QHeaderView* header = LV->header();
+  header->setMinimumSectionSize(narrowest);
   for (int i = 0; i < header->count(); ++i) {
     const float stored = LargeurColonneGarmin(c_.io.settings, i + 1);
     const int width = std::clamp(EnPixels(stored), narrowest, widest);

@@ -78,6 +78,18 @@ void GarminFieldBox::Dispose(QGridLayout& grid) {
   grid.setColumnStretch(1, 1);
 }
 
+/// The fixed text behind its way, which was made before.
+QWidget* GarminFieldBox::OrdonneTabulation(QWidget* before) {
+  for (QWidget* next :
+       std::initializer_list<QWidget*>{opt_[0], opt_[wayFixed], fixe_, opt_[wayColumn], cmbField_,
+                                       txtChar_[0], txtChar_[1], format_}) {
+    if (next == nullptr) continue;
+    setTabOrder(before, next);
+    before = next;
+  }
+  return before;
+}
+
 void GarminFieldBox::Relie() {
   for (QRadioButton* option : opt_) {
     connect(option, &QRadioButton::toggled, this, &GarminFieldBox::Active);

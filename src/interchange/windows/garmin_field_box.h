@@ -37,6 +37,8 @@ class GarminFieldBox : public QGroupBox {
   /// The same the other way round.
   GarminFieldForm Releve() const;
   void AppliqueLangue(std::int16_t langue, int title, Mnemonics& letters);
+  /// From a control before to the last of these, which comes back.
+  QWidget* OrdonneTabulation(QWidget* before);
   /// The box of the first character, or of their number.
   QLineEdit& Place(std::size_t index) { return *txtChar_[index]; }
 

@@ -225,7 +225,7 @@ TEST_F(FrmImportGarmin, OkAsksForAGridWhereNoneIsChosen) {
 
 TEST_F(FrmImportGarmin, RemarksTheDatumByNameAndThatGridUtmIsNotRead) {
   Ouvre();
-  EXPECT_NE(Notes().find("World Geodetic System 1984"), std::string::npos) << Notes();
+  EXPECT_NE(Notes().find("WORLD GEODETIC SYSTEM 1984"), std::string::npos) << Notes();
   const std::string utm = "Positions on grid UTM are not read";
   EXPECT_EQ(Notes().find(utm), std::string::npos);
   Grille().setCurrentText("UTM");
@@ -236,15 +236,15 @@ TEST_F(FrmImportGarmin, RemarksTheDatumByNameAndThatGridUtmIsNotRead) {
 
 TEST_F(FrmImportGarmin, KeepsTheWidthsOfTheColumns) {
   Ouvre();
-  for (int i = 0; i < 6; ++i) {
+  for (int i = 0; i < 7; ++i) {
     EXPECT_GE(LV().header()->sectionSize(i), 66) << "1000 twips";
   }
   LV().header()->resizeSection(2, 240);
   Commande(1).click();
   EXPECT_EQ(settings.Lit("Talpena", "ImportGarmin", "Col3", ""), "3600");
   EXPECT_NE(settings.Lit("Talpena", "ImportGarmin", "Col1", ""), "");
-  EXPECT_NE(settings.Lit("Talpena", "ImportGarmin", "Col6", ""), "");
-  EXPECT_EQ(settings.Lit("Talpena", "ImportGarmin", "Col7", ""), "");
+  EXPECT_NE(settings.Lit("Talpena", "ImportGarmin", "Col7", ""), "");
+  EXPECT_EQ(settings.Lit("Talpena", "ImportGarmin", "Col8", ""), "") << "of seven columns";
   settings.Ecrit("Talpena", "ImportGarmin", "Col1", "300");
   settings.Ecrit("Talpena", "ImportGarmin", "Col2", "1e30");
   Ouvre();
@@ -280,9 +280,9 @@ TEST_F(FrmImportGarmin, IsWorkedByTheKeyboardAlone) {
   Ouvre();
   EXPECT_TRUE(LV().hasFocus());
   QTest::keyClick(&LV(), Qt::Key_Space);
-  QTest::keyClick(&LV(), Qt::Key_A, Qt::AltModifier);
+  QTest::keyClick(fenetre->windowHandle(), Qt::Key_A, Qt::AltModifier);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Cochee(0); })) << "a button that is pressed so";
   EXPECT_TRUE(Enfant<QCheckBox>("chkAll").isChecked());
-  EXPECT_TRUE(Cochee(0));
   LV().setFocus();
   QTest::keyClick(&LV(), Qt::Key_Space);
   QTest::keyClick(&LV(), Qt::Key_Return);

@@ -19,6 +19,7 @@ class GarminWindow : public testing::Test, protected World {
   GarminWindow() {
     state.Langue = 1000;
     state.Catalogue = CatalogueDesSources();
+    Entete(state.document)->DatumFichier = ChercheDatum(state.Catalogue, "EUR-M");
     state.document.Data1.Lie(*state.document.WorkingDb);
     state.document.RelieSqlCourant();
   }
