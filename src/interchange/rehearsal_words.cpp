@@ -1,9 +1,11 @@
 #include "interchange/rehearsal_words.h"
 
 #include <algorithm>
+#include <string_view>
 
 #include "common/error_words.h"
 #include "common/grouped_number.h"
+#include "common/line_breaks.h"
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
@@ -46,11 +48,8 @@ std::string SortEnMots(std::int16_t langue, const RehearsedRow& row) {
   }
 }
 
-std::string SurUneLigne(std::string text) {
-  std::ranges::replace_if(
-      text, [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
-  return text;
-}
+/// What stands in one cell of a line.
+std::string EnCellule(std::string_view text) { return Remplace(SurUneLigne(text), "\t", " "); }
 
 }  // namespace
 
@@ -80,8 +79,8 @@ RehearsalCells CellulesArret(std::int16_t langue, const TalpenaError& failure) {
   RehearsalCells cells;
   const std::int64_t line = failure.words().line;
   if (line != 0) cells[RehearsalColumn::Line] = Str(line);
-  cells[RehearsalColumn::Fate] = Remplace(Texte(langue, MsgId::SortFin), "%1",
-                                          SurUneLigne(DescriptionErreur(langue, failure)));
+  cells[RehearsalColumn::Fate] =
+      Remplace(Texte(langue, MsgId::SortFin), "%1", EnCellule(DescriptionErreur(langue, failure)));
   return cells;
 }
 
@@ -110,7 +109,8 @@ std::string ArretEnMots(std::int16_t langue, const TalpenaError& failure) {
 std::string ConseilEnMots(std::int16_t langue, const SystemHint& hint) {
   const int words = hint.beginning ? MsgId::RepetitionConseilDebut : MsgId::RepetitionConseil;
   std::string text = Texte(langue, words);
-  text = Remplace(text, "%1", Texte(langue, InfoDe(hint.system).caption));
+  text =
+      Remplace(text, "%1", Texte(langue, MsgId::PremierTypeImport + static_cast<int>(hint.system)));
   text = Remplace(text, "%2", NombreGroupe(langue, hint.near));
   return Remplace(text, "%3", NombreGroupe(langue, hint.rows));
 }
@@ -118,7 +118,7 @@ std::string ConseilEnMots(std::int16_t langue, const SystemHint& hint) {
 std::string EnLigne(const RehearsalCells& cells) {
   std::string line;
   for (const std::string& cell : cells)
-    line += (&cell == cells.data() ? "" : "\t") + SurUneLigne(cell);
+    line += (&cell == cells.data() ? "" : "\t") + EnCellule(cell);
   return line;
 }
 
