@@ -200,6 +200,14 @@ inline constexpr int TypesCoord = 701;           // "Types of coordinates"
 inline constexpr int StructureAttendue = 702;    // "Expected structure"
 inline constexpr int TroisLignes = 703;          // "3 first lines of file to be imported"
 
+// Imports.
+inline constexpr int MgrsTropCourt = 569;     // "The reference has fewer than five ..."
+inline constexpr int GrilleTropCourte = 570;  // "The reference has fewer than four ..."
+inline constexpr int Importation = 571;       // "Importing..."
+inline constexpr int ImportAbandonne = 572;   // "The import was ended: the first %1 ..."
+inline constexpr int LignesAvantEchec = 573;  // "Rows added before it: %1."
+inline constexpr int ImportFini = 574;        // "Import: %1 rows added, %2 dropped, %3 ..."
+
 // Questions and messages.
 inline constexpr int RemplaceFichier = 500;  // "File already exists! Replace?"
 inline constexpr int RemplitUtm = 502;  // "Caution.  The free fields will be completed with ..."

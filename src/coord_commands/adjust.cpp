@@ -93,15 +93,15 @@ std::string Jointes(const std::vector<std::string>& codes) {
 std::int16_t DatumDuFichier(CommandContext c) { return c.document().Entete().DatumFichier; }
 
 /// What is left to say once the grid shows its rows again.
-void DitReste(CommandContext c, const AjusteLignes& rows) {
-  rows.Fautives().Dit(c);
+void DitReste(CommandContext c, const AjusteLignes& rows, SansPlace faults) {
+  if (faults == SansPlace::Dites) rows.Fautives().Dit(c);
   const std::string unknown = Jointes(rows.DatumsInconnus());
   if (!unknown.empty()) DitDatumAbsent(c.state, c.io, unknown);
 }
 
 /// Runs `walk` with the rows to adjust; false when it failed, which was shown.
 template <typename Walk>
-bool Ajuste(CommandContext c, AjustePoint adjust, Walk walk) {
+bool Ajuste(CommandContext c, AjustePoint adjust, Walk walk, SansPlace faults = SansPlace::Dites) {
   AjusteLignes rows(c, std::move(adjust));
   try {
     walk(rows);
@@ -110,16 +110,18 @@ bool Ajuste(CommandContext c, AjustePoint adjust, Walk walk) {
     AfficheErreur(c.state, c.io, error);
     return false;
   }
-  DitReste(c, rows);
+  DitReste(c, rows, faults);
   return true;
 }
 
-void AjusteTout(CommandContext c, const std::string& name, AjustePoint adjust) {
+void AjusteTout(CommandContext c, const std::string& name, AjustePoint adjust,
+                SansPlace faults = SansPlace::Dites) {
   if (DatumDuFichier(c) == 0) {
     return DitDatumAbsent(c.state, c.io, c.document().Entete().DatumFichierCode);
   }
-  Ajuste(c, std::move(adjust),
-         [&](AjusteLignes& rows) { ParcourtLignes(c, name, AjusteLignes::Passe(), rows); });
+  Ajuste(
+      c, std::move(adjust),
+      [&](AjusteLignes& rows) { ParcourtLignes(c, name, AjusteLignes::Passe(), rows); }, faults);
 }
 
 /// To the datum of the file alone.
@@ -131,10 +133,13 @@ AjustePoint Recalcule(CommandContext c) {
 
 }  // namespace
 
-void AjusteDegres(CommandContext c, double meshLat, double meshLon) {
-  AjusteTout(c, "Adjust to degrees", [&](RowPoint& row) {
-    return AjusteEnDegres(c.state, row, DatumDuFichier(c), meshLat, meshLon);
-  });
+void AjusteDegres(CommandContext c, double meshLat, double meshLon, SansPlace faults) {
+  AjusteTout(
+      c, "Adjust to degrees",
+      [&](RowPoint& row) {
+        return AjusteEnDegres(c.state, row, DatumDuFichier(c), meshLat, meshLon);
+      },
+      faults);
 }
 
 void AjusteGrades(CommandContext c) {

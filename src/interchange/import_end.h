@@ -3,6 +3,7 @@
 #pragma once
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "interchange/import_reader.h"
 #include "platform/table_engine.h"
@@ -10,30 +11,31 @@
 
 namespace talpena {
 
-/// The rows that an import has added, also when it failed: neighbours at the end of those on show.
+/// What an import has done, also when it failed.
 struct ImportedRows {
-  std::int64_t added = 0;
-  std::int64_t dropped = 0;  ///< records that did not enter
-  Bookmark first = 0;        ///< of `added` rows that follow each other; 0 for none
+  std::vector<Bookmark> added;  ///< in the order of the file
+  std::int64_t dropped = 0;     ///< records that did not enter
 };
 
 /// Appends every record of the reader to the rows on show, under the hourglass with wait window and
-/// bar. Throws what the reader or the table threw, and Cancelled when the user gave up: the rows
-/// before that stay, without coordinates and chosen in the grid. FichierModifie is left alone.
+/// bar. Throws what the reader or the table threw: the rows before that stay, without coordinates
+/// and chosen in the grid, and FichierModifie is left alone. A user who gives up is told that they
+/// stay, as work of his, before Cancelled is thrown.
 /// @param name  of the command, as a menu would say it
-/// @param rows  what was added, behind a failure too
+/// @param rows  filled behind a failure too
 void AjouteImportees(CommandContext c, const std::string& name, ImportReader& reader,
                      ImportedRows& rows);
 
 /// Behind the last record: lifts a filter, so that the whole table is seen, computes the points of
 /// all its rows anew (AjusteDegres(999, 999)), marks the file as modified, tells the status bar how
-/// many rows were added, were dropped and have no point, and chooses the new rows in the grid.
+/// many rows were added, were dropped and have no point, and chooses the new rows in the grid, so
+/// that one key deletes them.
 void TermineImport(CommandContext c, const std::string& name, const ImportedRows& rows);
 
-/// Both. A user who gave up is told what stays; the file then counts as modified.
+/// Both, for an import whose failures are those of every command.
 void ImporteTout(CommandContext c, const std::string& name, ImportReader& reader);
 
-/// "214 rows added, 2 dropped, 1 without a point".
+/// "Import: 214 rows added, 2 dropped, 1 without a point".
 std::string AvisImport(std::int16_t langue, std::int64_t added, std::int64_t dropped,
                        std::int64_t withoutPoint);
 

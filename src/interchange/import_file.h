@@ -21,7 +21,10 @@ class EncodageCherche {
 
   /// Reads on, `bytes` at most but for the rest of a block; false once it is known.
   bool Avance(std::int64_t bytes);
-  Encodage Resultat() const { return utf8_ ? Encodage::Utf8 : Encodage::Cp1252; }
+  /// As far as it was read.
+  Encodage Resultat() const {
+    return (known_ ? utf8_ : accented_) ? Encodage::Utf8 : Encodage::Cp1252;
+  }
 
  private:
   void Juge(std::string_view block, bool ended);

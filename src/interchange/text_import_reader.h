@@ -27,13 +27,13 @@ class TextImportReader final : public ImportReader {
  private:
   bool LitFiche(ImportRecord& record);
   bool VaAFiche();
-  void LitCoordonnees(ImportRecord& record);
+  int LitCoordonnees(std::string& original);
   void LitAngles(std::string& original);
   void LitMetres(std::string& original);
+  void LitFuseau(std::string& original);
   int LitReference(std::string& original);
 
   FieldReader fields_;
-  CoordSystem system_;
   const CoordSystemInfo& info_;
   std::string code_;  ///< at the head of ORIGINAL, with its blank
   std::string datum_;
