@@ -83,7 +83,7 @@ void Raccourcit(Number& number, std::size_t decimals) {
 std::string AvecPlace(const std::string& code, Number a, Number b) {
   std::size_t ofA = a.Decimales(), ofB = b.Decimales();
   std::size_t length = code.size() + a.text.size() + 1 + b.text.size();
-  for (; length > roomOfOriginal && ofA + ofB > 0; --length) --(ofA > ofB ? ofA : ofB);
+  for (; length > roomOfOriginal && ofA + ofB > 0; --length) --(ofB > ofA ? ofB : ofA);
   Raccourcit(a, ofA);
   Raccourcit(b, ofB);
   return code + a.text + " " + b.text;

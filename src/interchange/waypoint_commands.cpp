@@ -27,13 +27,19 @@ void ImporteWpt(CommandContext c) {
   ImporteTout(c, "Waypoint import", reader);
 }
 
+/// What was not asked for does not count as dropped.
+MapSourceChoice Coches(MapSourceChoice choice) {
+  std::erase_if(choice.items, [](const WaypointChoice& item) { return !item.checked; });
+  return choice;
+}
+
 void ImporteMapSource(CommandContext c, const MapSourceText& text, const MapSourceChoice& choice,
                       const objGraminImport& options) {
   if (options.AltitudeImport > 0 && !ChampAltitude(c.document().Entete())) {
     DitArret(c.state, c.io,
              "The altitude will not be imported since it is not used in the free fields");
   }
-  MapSourceReader reader(text, choice, options, c.document().Entete());
+  MapSourceReader reader(text, Coches(choice), options, c.document().Entete());
   ImporteTout(c, "MapSource import", reader);
 }
 
