@@ -45,7 +45,7 @@ constexpr int headerLines = 5;  ///< the path and what the file says above its w
 
 }  // namespace
 
-frmImportGarmin::frmImportGarmin(CommandContext c, std::string fileName, std::int16_t type,
+frmImportGarmin::frmImportGarmin(CommandContext c, std::string fileName, int type,
                                  QWidget* parent)
     : QDialog(parent), c_(c), fichier_(std::move(fileName)), type_(type) {
   setObjectName(u"frmImportGarmin"_s);
@@ -136,7 +136,7 @@ void frmImportGarmin::Relie() {
 }
 
 void frmImportGarmin::Charge() {
-  text_ = ChargeImportGarmin(c_.state, c_.io, fichier_, type_, options_);
+  text_ = ChargeImportGarmin(c_.state, c_.io, fichier_, static_cast<std::int16_t>(type_), options_);
   txtHeader->setPlainText(EnQt(text_.header));
   if (text_.grid) cmbGrid->setCurrentIndex(*text_.grid);
   lblDatum->setText(EnQt(text_.datum));

@@ -29,7 +29,7 @@ class frmImportGarmin : public QDialog {
 
  public:
   /// @param type  0 for a file of MapSource
-  frmImportGarmin(CommandContext c, std::string fileName, std::int16_t type,
+  frmImportGarmin(CommandContext c, std::string fileName, int type,
                   QWidget* parent = nullptr);
   ~frmImportGarmin() override;
 
@@ -63,7 +63,7 @@ class frmImportGarmin : public QDialog {
 
   CommandContext c_;
   const std::string fichier_;
-  const std::int16_t type_;
+  const int type_;
   MapSourceText text_;
   objGraminImport options_;
   objGraminImport aVenir_;  ///< what the settings would make them now

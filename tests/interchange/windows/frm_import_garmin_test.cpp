@@ -19,7 +19,7 @@ class FrmImportGarmin : public GarminWindow {
   void Ouvre(const std::string& bytes = Texte(), int type = 0) {
     files.Pose("/data/w.txt", bytes);
     auto window =
-        std::make_unique<frmImportGarmin>(context, "/data/w.txt", static_cast<std::int16_t>(type));
+        std::make_unique<frmImportGarmin>(context, "/data/w.txt", type);
     window->Charge();
     fenetre = std::move(window);
     Montre();
