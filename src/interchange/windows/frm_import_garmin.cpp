@@ -45,8 +45,7 @@ constexpr int headerLines = 5;  ///< the path and what the file says above its w
 
 }  // namespace
 
-frmImportGarmin::frmImportGarmin(CommandContext c, std::string fileName, int type,
-                                 QWidget* parent)
+frmImportGarmin::frmImportGarmin(CommandContext c, std::string fileName, int type, QWidget* parent)
     : QDialog(parent), c_(c), fichier_(std::move(fileName)), type_(type) {
   setObjectName(u"frmImportGarmin"_s);
   setModal(true);

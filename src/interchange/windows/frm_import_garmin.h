@@ -29,8 +29,7 @@ class frmImportGarmin : public QDialog {
 
  public:
   /// @param type  0 for a file of MapSource
-  frmImportGarmin(CommandContext c, std::string fileName, int type,
-                  QWidget* parent = nullptr);
+  frmImportGarmin(CommandContext c, std::string fileName, int type, QWidget* parent = nullptr);
   ~frmImportGarmin() override;
 
   /// Reads the file. What cannot be read is told, and what was filled until then is shown.
