@@ -52,6 +52,7 @@ frmImportation::frmImportation(StoreState& state, InterchangeState& interchange,
   MontreSysteme();
   Repete();
   resize(TailleVisible(wantedSize));
+  choice_.Fichier().empty() ? cmdImportation[0]->setFocus() : cboImportation->setFocus();
 }
 
 void frmImportation::ConstruitChoix() {
@@ -73,7 +74,6 @@ void frmImportation::ConstruitBouton(int index) {
   const auto place = static_cast<std::size_t>(index);
   QPushButton* button = cmdImportation.at(place) =
       Nomme(new QPushButton(this), NomIndexe("cmdImportation", place));
-  button->setAutoDefault(index != 0);
   connect(button, &QPushButton::clicked, this, [this, index] { cmdImportation_Click(index); });
 }
 
