@@ -339,6 +339,11 @@ inline constexpr int FauteCarre = 446;       // "no square has these letters and
 inline constexpr int FauteNombres = 447;    // "these numbers lie outside of what the system covers"
 inline constexpr int FauteSansPlace = 448;  // "there is no such place on the datum or grid ..."
 
+// Waypoints that do not enter, and what the rows of the others lack.
+inline constexpr int PointNonCoche = 603;      // "not checked"
+inline constexpr int PointSansPosition = 604;  // "no position"
+inline constexpr int ColonneDateAbsente = 609;  // "This file has no column “%1”, so the rows ..."
+inline constexpr int ColonneAltitudeAbsente = 610;  // the same of the altitude
 // What an import would do.
 inline constexpr int Repetition = 450;         // "What this import would do"
 inline constexpr int RepetitionComptes = 451;  // "Rows that enter: %1; left out: %2; ..."
