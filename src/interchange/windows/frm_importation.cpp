@@ -34,9 +34,11 @@ frmImportation::frmImportation(StoreState& state, InterchangeState& interchange,
     : QDialog(parent), state_(state), choice_(state, interchange, io) {
   setObjectName("frmImportation");
   setModal(true);
+  ConstruitBouton(0);  // Tab goes from one control to the next as they are made
   ConstruitChoix();
-  ConstruitBoutons();
   pane_ = new RehearsalPane(state, this);
+  for (const int index : {1, 2}) ConstruitBouton(index);
+  cmdImportation[1]->setDefault(true);
   Dispose();
   AppliqueLangue();
   cboImportation->setCurrentIndex(choice_.Indice());
@@ -50,6 +52,7 @@ frmImportation::frmImportation(StoreState& state, InterchangeState& interchange,
   MontreSysteme();
   Repete();
   resize(TailleVisible(wantedSize));
+  choice_.Fichier().empty() ? cmdImportation[0]->setFocus() : cboImportation->setFocus();
 }
 
 void frmImportation::ConstruitChoix() {
@@ -67,14 +70,11 @@ void frmImportation::ConstruitChoix() {
   lblImportation[lblSystemCaption]->setBuddy(cboImportation);
 }
 
-void frmImportation::ConstruitBoutons() {
-  for (std::size_t i = 0; i < cmdImportation.size(); ++i) {
-    cmdImportation[i] = Nomme(new QPushButton(this), NomIndexe("cmdImportation", i));
-    connect(cmdImportation[i], &QPushButton::clicked, this,
-            [this, i] { cmdImportation_Click(static_cast<int>(i)); });
-  }
-  cmdImportation[0]->setAutoDefault(false);
-  cmdImportation[1]->setDefault(true);
+void frmImportation::ConstruitBouton(int index) {
+  const auto place = static_cast<std::size_t>(index);
+  QPushButton* button = cmdImportation.at(place) =
+      Nomme(new QPushButton(this), NomIndexe("cmdImportation", place));
+  connect(button, &QPushButton::clicked, this, [this, index] { cmdImportation_Click(index); });
 }
 
 void frmImportation::Dispose() {
@@ -96,9 +96,6 @@ void frmImportation::Dispose() {
   layout->addLayout(choice);
   layout->addWidget(pane_, 1);
   layout->addWidget(buttons);
-  setTabOrder(cmdImportation[0], cboImportation);
-  setTabOrder(cboImportation, pane_);
-  setTabOrder(pane_, cmdImportation[1]);
 }
 
 void frmImportation::AppliqueLangue() {

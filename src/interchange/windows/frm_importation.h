@@ -30,7 +30,7 @@ class frmImportation : public QDialog {
 
  private:
   void ConstruitChoix();
-  void ConstruitBoutons();
+  void ConstruitBouton(int index);
   void Dispose();
   void AppliqueLangue();
 

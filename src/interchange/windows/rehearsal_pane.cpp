@@ -56,10 +56,10 @@ RehearsalPane::RehearsalPane(StoreState& state, QWidget* parent)
   lblTitreRepetition->setBuddy(lstRepetition);
   lblArret->setFont(EnGras(font()));
   lblConseil->setFont(EnGras(font()));
-  for (QPushButton* button : {cmdProbleme, cmdCopier}) button->setAutoDefault(false);
   ConstruitTable();
   Dispose();
-  cmdProbleme->setShortcut(Qt::Key_F8);
+  auto* next = new QShortcut(Qt::Key_F8, this);
+  connect(next, &QShortcut::activated, this, &RehearsalPane::VaAuProbleme);
   connect(cmdProbleme, &QPushButton::clicked, this, &RehearsalPane::VaAuProbleme);
   connect(cmdCopier, &QPushButton::clicked, this, &RehearsalPane::CopieTout);
   connect(timer_, &QTimer::timeout, this, &RehearsalPane::Travaille);
@@ -108,7 +108,6 @@ void RehearsalPane::AppliqueLangue() {
   lblTitreRepetition->setText(texte(MsgId::Repetition));
   lstRepetition->setAccessibleName(texte(MsgId::Repetition));
   cmdProbleme->setText(texte(MsgId::ProblemeSuivant) + " (F8)");
-  cmdProbleme->setShortcut(Qt::Key_F8);  // a new text takes it away
   cmdCopier->setText(texte(MsgId::RepetitionCopie));
   for (QPushButton* button : {cmdProbleme, cmdCopier}) button->setAccessibleName(button->text());
   model_->AppliqueLangue();
