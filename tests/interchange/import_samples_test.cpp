@@ -4,9 +4,13 @@
 #include <array>
 #include <fstream>
 #include <sstream>
+#include <string>
+#include <vector>
 
+#include "common/text.h"
 #include "interchange/imported_world.h"
 #include "interchange/real_lists.h"
+#include "interchange/waypoint_commands.h"
 
 namespace talpena {
 namespace {
@@ -98,6 +102,53 @@ TEST_P(ImportSamples, StandInTheGuide) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Systems, ImportSamples, ::testing::ValuesIn(systems));
+
+std::string Exemple(const std::string& name) {
+  return Contenu(TALPENA_SOURCE_DIR "/data/samples/import/" + name);
+}
+
+void ExpectSixPoints(const std::vector<test::ImportedWorld::Row>& rows) {
+  ASSERT_EQ(rows.size(), 6U);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.original);
+    EXPECT_EQ(row.original.substr(0, 4), "deg ");
+    EXPECT_TRUE(row.latitude > 40 && row.latitude < 52);
+    EXPECT_TRUE(row.longitude > -4 && row.longitude < 5);
+  }
+}
+
+TEST(WaypointSamples, OfWptFilesComeInWithAllTheirRows) {
+  test::ImportedWorld world;
+  world.files.Pose("/data/garmin.wpt", Exemple("garmin.wpt"));
+  world.dialogues.paths.emplace_back("/data/garmin.wpt");
+  ImportGarmin(world.context);
+  ASSERT_TRUE(world.dialogues.boxes.empty()) << world.dialogues.boxes[0].text;
+  const auto rows = world.Rows();
+  ExpectSixPoints(rows);
+  EXPECT_EQ(rows[0].date, "1998/04/17");
+  EXPECT_EQ(rows[3].date, "");
+  EXPECT_EQ(rows[3].comment.substr(0, 38), "  150 HILLS  Molehills along the hedge");
+}
+
+// With the dates of its last column.
+TEST(WaypointSamples, OfMapSourceComeInWithAllTheirRows) {
+  test::ImportedWorld world;
+  world.files.Pose("/data/mapsource.txt", Exemple("mapsource.txt"));
+  objGraminImport options;
+  const MapSourceText text =
+      ChargeImportGarmin(world.state, world.io, "/data/mapsource.txt", 0, options);
+  ASSERT_FALSE(text.wrongType);
+  ASSERT_EQ(text.datum, "WGS84");
+  options.DateImport = 2;
+  options.DateField = "Date Modified";
+  ImportMapSource(world.context, text, {*text.grid, text.datum, TousLesPoints(text)}, options);
+  ASSERT_TRUE(world.dialogues.boxes.empty()) << world.dialogues.boxes[0].text;
+  const auto rows = world.Rows();
+  ExpectSixPoints(rows);
+  EXPECT_EQ(rows[0].date, "2002/04/17");
+  EXPECT_EQ(rows[5].date, "1999/03/30");
+  EXPECT_EQ(rows[5].comment, "MOLE6 - É. Fictif");
+}
 
 }  // namespace
 }  // namespace talpena
