@@ -10,6 +10,7 @@ import tempfile
 import editor
 import faults
 import kills
+import lists
 import maps
 import start_stop
 import table
@@ -19,7 +20,7 @@ from driver import Scenario, wait_for, xdotool
 SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
 SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
-             + waits.SCENARIOS + kills.SCENARIOS + faults.SCENARIOS)
+             + lists.SCENARIOS + waits.SCENARIOS + kills.SCENARIOS + faults.SCENARIOS)
 
 
 def inside(binary, name):
