@@ -79,4 +79,10 @@ inline constexpr int ChampTropLong = 566;          // "Field %1 is longer than %
 inline constexpr int LigneImportTropLongue = 567;  // "The line is longer than %1 MB; this ..."
 inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by another ..."
 
+// Waypoints of receivers.
+inline constexpr int PositionIllisible = 605;  // "The position “%1” of the waypoint “%2” ..."
+inline constexpr int LigneSansNom = 606;       // "Nothing stands behind its first word; look ..."
+inline constexpr int TropDePoints = 607;       // "The file holds more waypoints than can be ..."
+inline constexpr int PointIncalculable = 608;  // "The position “%1” cannot be computed; ..."
+
 }  // namespace talpena::MsgId

@@ -10,6 +10,8 @@
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
+#include "interchange/windows/frm_garmin_options.h"
+#include "interchange/windows/frm_import_garmin.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/frm_cartes_options.h"
 #include "shell/windows/frm_aide.h"
@@ -66,6 +68,36 @@ std::unique_ptr<QWidget> CreeOptionsCarte(const GalleryContext& c) {
   return std::make_unique<frmCartesOptions>(c.state, c.io, map, options, OngletCartes::Tlp);
 }
 
+std::string PointsDExemple(const GalleryContext& c) {
+  return AvecSeparateur(c.state.AppDir) + "samples/import/mapsource.txt";
+}
+
+std::unique_ptr<QWidget> CreeImportGarmin(const GalleryContext& c) {
+  auto window = std::make_unique<frmImportGarmin>(c.Commandes(), PointsDExemple(c), 0);
+  window->Charge();
+  return window;
+}
+
+/// What the options are looked at with: date and altitude out of columns.
+struct ExempleGarmin {
+  explicit ExempleGarmin(const GalleryContext& c) {
+    RempliLV(c.io.files, PointsDExemple(c), text);
+    items = TousLesPoints(text);
+    options.DateImport = options.AltitudeImport = 2;
+    options.DateField = "Date Modified";
+    options.AltitudeField = "Altitude";
+  }
+  MapSourceText text;
+  std::vector<WaypointChoice> items;
+  objGraminImport options;
+};
+
+class OptionsGarminMontrees final : private ExempleGarmin, public frmGarminOptions {
+ public:
+  explicit OptionsGarminMontrees(const GalleryContext& c)
+      : ExempleGarmin(c), frmGarminOptions(c.state, c.io, options, text, items) {}
+};
+
 using Context = const GalleryContext&;
 using Window = std::unique_ptr<QWidget>;
 
@@ -74,6 +106,8 @@ constexpr std::array windows = {
     GalleryWindow{"about",   [](Context c) -> Window { return std::make_unique<frmEastern>(c.state); }},
     GalleryWindow{"adjust",  [](Context c) -> Window { return std::make_unique<Ajustement>(c.state); }},
     GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
+    GalleryWindow{"garmin", CreeImportGarmin},
+    GalleryWindow{"garmin-options", [](Context c) -> Window { return std::make_unique<OptionsGarminMontrees>(c); }},
     GalleryWindow{"help",    CreeAide},
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
     GalleryWindow{"map", CreeCarte},
