@@ -6,6 +6,7 @@
 #include <optional>
 #include <span>
 
+#include "common/error_words.h"
 #include "common/grouped_number.h"
 #include "common/msg_id.h"
 #include "common/string_table.h"
@@ -14,6 +15,7 @@
 #include "coord_commands/adjust.h"
 #include "coords/snap.h"
 #include "platform/busy.h"
+#include "platform/commands.h"
 #include "store/edition.h"
 #include "store/row_commands.h"
 #include "store/table.h"
@@ -168,8 +170,21 @@ void TermineImport(CommandContext c, const std::string& name, const ImportedRows
 
 void ImporteTout(CommandContext c, const std::string& name, ImportReader& reader) {
   ImportedRows rows;
-  AjouteImportees(c, name, reader, rows);
+  try {
+    AjouteImportees(c, name, reader, rows);
+  } catch (const TalpenaError& error) {
+    if (error.number() == ErrorNumber::Cancelled) return;
+    Bip(c.state, c.io);
+    return AfficheErreur(c.io, error.number(), DescriptionEchec(c.state.Langue, error, rows));
+  }
   TermineImport(c, name, rows);
+}
+
+std::string DescriptionEchec(std::int16_t langue, const TalpenaError& error,
+                             const ImportedRows& rows) {
+  const auto added = static_cast<std::int64_t>(rows.added.size());
+  return DescriptionErreur(langue, error) + "\n" +
+         Remplace(Texte(langue, MsgId::LignesAvantEchec), "%1", NombreGroupe(langue, added));
 }
 
 std::string AvisImport(std::int16_t langue, std::int64_t added, std::int64_t dropped,

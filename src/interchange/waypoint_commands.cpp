@@ -21,7 +21,7 @@ void ImporteWpt(CommandContext c) {
   WptReader reader(OuvreImport(c.io.files, path), c.state, c.document().Entete());
   if (!reader.LitEnTete()) {
     return DitArret(c.state, c.io,
-                    "Les coordonnées doivent être exprimées en LAT LON DM.\r\n"
+                    "Les coordonnées doivent être exprimées en LAT LON DM.\n"
                     "Importation annulée.");
   }
   ImporteTout(c, "Waypoint import", reader);
