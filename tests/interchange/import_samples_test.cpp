@@ -93,7 +93,7 @@ TEST_P(ImportSamples, StandInTheGuide) {
   for (const char* language : {"en", "fr"}) {
     const std::string guide =
         Contenu(TALPENA_SOURCE_DIR "/data/help/" + std::string(language) + "/import-text.html");
-    EXPECT_NE(guide.find("<code>" + sample.code + std::string(".txt</code>")), std::string::npos);
+    EXPECT_NE(guide.find("<code>" + std::string(sample.code) + ".txt</code>"), std::string::npos);
     for (const std::size_t line : {1U, 3U}) {
       const std::string record = lines[line].substr(0, lines[line].size() - 1);
       EXPECT_NE(guide.find("<code>" + record + "</code>"), std::string::npos) << record;
