@@ -1,7 +1,6 @@
 #include "interchange/import_end.h"
 
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <span>
@@ -9,6 +8,7 @@
 #include "common/error_words.h"
 #include "common/grouped_number.h"
 #include "common/msg_id.h"
+#include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
@@ -132,13 +132,14 @@ void DitAbandon(CommandContext c, const std::string& name, const ImportedRows& r
                                            NombreGroupe(c.state.Langue, count))});
 }
 
+/// A bookmark is the row's key, and the rows of an import follow each other.
 std::int64_t SansPoint(Document& document, const ImportedRows& rows) {
-  constexpr std::array fields = {Column::LATITUDE};
-  std::int64_t count = 0;
-  document.Data1.recordset().LitNombres(fields, &rows.added, [&](const NumberBlock& block) {
-    for (std::size_t row = 0; row < block.rows; ++row) count += std::isnan(block.Valeur(row, 0));
-  });
-  return count;
+  if (rows.added.empty()) return 0;
+  return document.Base()
+      .OpenRecordset("SELECT COUNT(*) FROM TALPENA WHERE Counter >= " + Str(rows.added.front()) +
+                     " AND Counter <= " + Str(rows.added.back()) + " AND LATITUDE IS NULL")
+      ->Get(0)
+      .integer;
 }
 
 }  // namespace
@@ -168,16 +169,18 @@ void TermineImport(CommandContext c, const std::string& name, const ImportedRows
   MontreAjoutees(c, rows);
 }
 
-void ImporteTout(CommandContext c, const std::string& name, ImportReader& reader) {
+bool ImporteTout(CommandContext c, const std::string& name, ImportReader& reader) {
   ImportedRows rows;
   try {
     AjouteImportees(c, name, reader, rows);
   } catch (const TalpenaError& error) {
-    if (error.number() == ErrorNumber::Cancelled) return;
+    if (error.number() == ErrorNumber::Cancelled) return false;
     Bip(c.state, c.io);
-    return AfficheErreur(c.io, error.number(), DescriptionEchec(c.state.Langue, error, rows));
+    AfficheErreur(c.io, error.number(), DescriptionEchec(c.state.Langue, error, rows));
+    return false;
   }
   TermineImport(c, name, rows);
+  return true;
 }
 
 std::string DescriptionEchec(std::int16_t langue, const TalpenaError& error,
