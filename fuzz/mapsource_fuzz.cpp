@@ -88,7 +88,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   } catch (const TalpenaError& e) {
     Verifie(e.number() == ErrorNumber::InputPastEnd || e.number() == ErrorNumber::Overflow ||
             e.number() == ErrorNumber::SubscriptOutOfRange ||
-            e.number() == ErrorNumber::InvalidCall);
+            e.number() == ErrorNumber::TooManyFields || e.number() == ErrorNumber::InvalidCall);
   }
   return 0;
 }
