@@ -1,6 +1,7 @@
 // The imports of the main window: what their menu entries bring up, and what is left behind them.
 #include <gtest/gtest.h>
 
+#include <QMenu>
 #include <QPushButton>
 #include <QTimer>
 
@@ -34,9 +35,11 @@ TEST_F(Form1Imports, EntriesNeedAFileAndTracksStayDisabled) {
     EXPECT_TRUE(Entree(name)->isEnabled()) << name;
   }
   EXPECT_FALSE(Entree("mnuImportGarmin_1")->isEnabled());
-  Form1 other(state, io);
+  Form1Machine without;
+  without.form->Charge({});
+  EXPECT_FALSE(without.Controle<QMenu>("MnuImporter")->menuAction()->isEnabled());
   for (const char* name : {"mnuImport_0", "mnuImport_1", "mnuImportGarmin_0"}) {
-    EXPECT_FALSE(other.findChild<QAction*>(QLatin1String(name))->isEnabled()) << name;
+    EXPECT_FALSE(without.Entree(name)->isEnabled()) << name;
   }
 }
 
