@@ -21,9 +21,9 @@ struct WaypointChoice {
 
 /// What frmImportGarmin was told.
 struct MapSourceChoice {
-  int grid = -1;                      ///< of cmbGrid; -1 when none is selected
-  std::string datum;                  ///< lblDatum
-  std::vector<WaypointChoice> items;  ///< in the order of the list
+  int grid = -1;                           ///< of cmbGrid; -1 when none is selected
+  std::string datum = {};                  ///< lblDatum
+  std::vector<WaypointChoice> items = {};  ///< in the order of the list
 };
 
 /// Every waypoint of a text, checked, in its order.
