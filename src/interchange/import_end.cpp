@@ -7,7 +7,6 @@
 
 #include "common/error_words.h"
 #include "common/grouped_number.h"
-#include "common/grouped_number.h"
 #include "common/msg_id.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
@@ -170,16 +169,18 @@ void TermineImport(CommandContext c, const std::string& name, const ImportedRows
   MontreAjoutees(c, rows);
 }
 
-void ImporteTout(CommandContext c, const std::string& name, ImportReader& reader) {
+bool ImporteTout(CommandContext c, const std::string& name, ImportReader& reader) {
   ImportedRows rows;
   try {
     AjouteImportees(c, name, reader, rows);
   } catch (const TalpenaError& error) {
-    if (error.number() == ErrorNumber::Cancelled) return;
+    if (error.number() == ErrorNumber::Cancelled) return false;
     Bip(c.state, c.io);
-    return AfficheErreur(c.io, error.number(), DescriptionEchec(c.state.Langue, error, rows));
+    AfficheErreur(c.io, error.number(), DescriptionEchec(c.state.Langue, error, rows));
+    return false;
   }
   TermineImport(c, name, rows);
+  return true;
 }
 
 std::string DescriptionEchec(std::int16_t langue, const TalpenaError& error,

@@ -34,8 +34,8 @@ void AjouteImportees(CommandContext c, const std::string& name, ImportReader& re
 void TermineImport(CommandContext c, const std::string& name, const ImportedRows& rows);
 
 /// Both. A failure of the first is shown in the common box with the rows added before it, not
-/// thrown.
-void ImporteTout(CommandContext c, const std::string& name, ImportReader& reader);
+/// thrown; false then, and when the user gave up.
+bool ImporteTout(CommandContext c, const std::string& name, ImportReader& reader);
 
 /// What the user is told of a failure, and how many rows were added before it.
 std::string DescriptionEchec(std::int16_t langue, const TalpenaError& error,

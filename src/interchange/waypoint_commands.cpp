@@ -1,5 +1,7 @@
 #include "interchange/waypoint_commands.h"
 
+#include "common/msg_id_waypoints.h"
+#include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "interchange/import_end.h"
 #include "interchange/wpt_reader.h"
@@ -24,7 +26,10 @@ void ImporteWpt(CommandContext c) {
                     "Les coordonnées doivent être exprimées en LAT LON DM.\n"
                     "Importation annulée.");
   }
-  ImporteTout(c, "Waypoint import", reader);
+  if (ImporteTout(c, "Waypoint import", reader) && reader.ADesDates()) {
+    c.document().ChangeAvis(c.document().Montre().avis + ". " +
+                            Texte(c.state.Langue, MsgId::SiecleWpt));
+  }
 }
 
 /// What was not asked for does not count as dropped.

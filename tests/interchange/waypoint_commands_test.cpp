@@ -33,9 +33,21 @@ TEST(ImportGarmin, AddsARowForEachWaypointAndItsPoint) {
              "1|50.50833|-2.25417|1|1|-|WGS84|deg +50.50833 -002.25417||  100 B      b"}));
   EXPECT_TRUE(world.state.document.FichierModifie());
   EXPECT_EQ(world.vue.selection.size(), 2U);
-  EXPECT_EQ(world.state.document.Montre().avis,
-            "Import: 2 rows added, 0 dropped, 0 without a point");
+  EXPECT_EQ(world.state.document.Montre().avis.rfind(
+                "Import: 2 rows added, 0 dropped, 0 without a point", 0),
+            0U);
   EXPECT_FALSE(world.vue.sablier);
+}
+
+TEST(ImportGarmin, RemarksTheCenturyWhereThereAreDates) {
+  WaypointWorld world;
+  world.ImporteWpt(FichierWpt({LigneWpt("A", "a")}));
+  EXPECT_EQ(world.state.document.Montre().avis,
+            "Import: 1 rows added, 0 dropped, 0 without a point");
+  world.ImporteWpt(FichierWpt({LigneWpt("A", "17-APR-02 10:15:00")}));
+  EXPECT_EQ(world.state.document.Montre().avis,
+            "Import: 1 rows added, 0 dropped, 0 without a point. The dates of .wpt files are taken "
+            "as 19xx: check the century.");
 }
 
 TEST(ImportGarmin, AsksForAFileWithItsFilter) {

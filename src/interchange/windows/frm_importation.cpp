@@ -25,7 +25,7 @@ namespace {
 constexpr std::size_t lblFile = 0, lblSystemCaption = 1, lblStructureCaption = 2, lblStructure = 3,
                       lblPreviewCaption = 4, lblPreview = 5, lblFileCaption = 6;
 constexpr int previewLines = 3, watchMs = 1000;
-constexpr QSize wantedSize(900, 640);
+constexpr int wantedCharacters = 190, wantedLines = 42;
 
 }  // namespace
 
@@ -51,7 +51,8 @@ frmImportation::frmImportation(StoreState& state, InterchangeState& interchange,
   watch->start(watchMs);
   MontreSysteme();
   Repete();
-  resize(TailleVisible(wantedSize));
+  resize(TailleVisible({wantedCharacters * fontMetrics().averageCharWidth(),
+                        wantedLines * fontMetrics().lineSpacing()}));
   choice_.Fichier().empty() ? cmdImportation[0]->setFocus() : cboImportation->setFocus();
 }
 

@@ -25,8 +25,10 @@ namespace {
 
 constexpr qint64 sliceMs = 10, textsEveryMs = 100;
 constexpr int linesShown = 6;
-/// Characters that the columns have room for; the last one takes what is left.
-constexpr std::array<int, RehearsalColumn::Count> columnCharacters{7, 30, 8, 24, 11, 11, 12, 20};
+/// What a column has room for beside its heading; the last one takes what is left. That of the fate
+/// is a text of the interface.
+constexpr std::array<const char*, RehearsalColumn::Count> samples{
+    "999999", "", "99", "deg +50.41234 +003.92120", "-50.41234", "-150.41234", "1998/07/14", ""};
 
 QLabel* Etiquette(QWidget* parent, const QString& name) {
   auto* label = Nomme(new QLabel(parent), name);
@@ -82,13 +84,22 @@ void RehearsalPane::ConstruitTable() {
   QHeaderView* header = lstRepetition->horizontalHeader();
   header->setStretchLastSection(true);
   header->setHighlightSections(false);
-  for (std::size_t i = 0; i < columnCharacters.size(); ++i) {
-    header->resizeSection(static_cast<int>(i),
-                          columnCharacters[i] * fontMetrics().averageCharWidth());
-  }
   auto* copies = new QShortcut(QKeySequence::Copy, lstRepetition);
   copies->setContext(Qt::WidgetShortcut);
   connect(copies, &QShortcut::activated, this, &RehearsalPane::CopieChoisies);
+}
+
+void RehearsalPane::ElargitColonnes() {
+  const QFontMetrics metrics(EnGras(lstRepetition->font()));
+  const RehearsalCells titles = TitresRepetition(state_.Langue);
+  const int margins = 2 * metrics.averageCharWidth();
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    const std::string sample =
+        i == RehearsalColumn::Fate ? Texte(state_.Langue, MsgId::SortLoin) : samples.at(i);
+    const int width = std::max(metrics.horizontalAdvance(EnQt(sample)),
+                               metrics.horizontalAdvance(EnQt(titles.at(i))));
+    lstRepetition->horizontalHeader()->resizeSection(static_cast<int>(i), width + margins);
+  }
 }
 
 void RehearsalPane::Dispose() {
@@ -111,6 +122,7 @@ void RehearsalPane::AppliqueLangue() {
   cmdCopier->setText(texte(MsgId::RepetitionCopie));
   for (QPushButton* button : {cmdProbleme, cmdCopier}) button->setAccessibleName(button->text());
   model_->AppliqueLangue();
+  ElargitColonnes();
   MontreTextes();
 }
 

@@ -46,6 +46,7 @@ class RehearsalPane : public QWidget {
 
  private:
   void ConstruitTable();
+  void ElargitColonnes();
   void Dispose();
   void AppliqueLangue();
   void Travaille();
