@@ -174,6 +174,11 @@ TEST(FieldReader, ALongFieldIsShownShort) {
   FieldReader reader(Fichier(digits));
   const Faute fault = FauteDe([&] { reader.Entier16(); });
   EXPECT_EQ(fault.about, (Texts{"1", std::string(40, 'x') + "..."}));
+
+  std::string accents;
+  for (int i = 0; i < 100; ++i) accents += "\xC3\xA9";
+  FieldReader utf8(Fichier(accents));
+  EXPECT_EQ(FauteDe([&] { utf8.Entier16(); }).about, (Texts{"1", accents.substr(0, 80) + "..."}));
 }
 
 TEST(FieldReader, ANulIsShownByItsSign) {

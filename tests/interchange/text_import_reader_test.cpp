@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
 #include <random>
 
 #include "common/msg_id.h"
@@ -153,6 +154,31 @@ TEST(TextImportReader, WritesNumbersOf32BitsWithSevenDigits) {
   for (const OriginalCase& c : originalCases) {
     EXPECT_EQ(Original(c.system, c.coordinates), c.original) << c.coordinates;
   }
+}
+
+/// The locale of a user whose numbers have a decimal comma.
+class DecimalComma {
+ public:
+  DecimalComma() : before_(std::setlocale(LC_ALL, nullptr)) {
+    for (const char* name : {"de_DE.UTF-8", "fr_FR.UTF-8", "nl_BE.UTF-8", "de_DE", "fr_FR"}) {
+      if (std::setlocale(LC_ALL, name) != nullptr) set_ = true;
+    }
+  }
+  DecimalComma(const DecimalComma&) = delete;
+  DecimalComma& operator=(const DecimalComma&) = delete;
+  ~DecimalComma() { std::setlocale(LC_ALL, before_.c_str()); }
+  bool EstLa() const { return set_; }
+
+ private:
+  std::string before_;
+  bool set_ = false;
+};
+
+TEST(TextImportReader, OriginalCarriesPointsWhereTheUsersNumbersHaveCommas) {
+  const DecimalComma locale;
+  if (!locale.EstLa()) GTEST_SKIP() << "no locale with a decimal comma is installed";
+  EXPECT_EQ(Original(Deg, "50.5,4.25"), "deg +50.50000 +004.25000");
+  EXPECT_EQ(Original(Lmb, "150000.5,0.25"), "lmb 150000.5 0.25");
 }
 
 TEST(TextImportReader, ACommaInAReferenceBecomesAPoint) {

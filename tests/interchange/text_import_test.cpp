@@ -3,7 +3,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <functional>
+#include <utility>
 
 #include "common/msg_id.h"
 #include "interchange/import_end.h"
@@ -239,6 +242,36 @@ TEST_F(TextImport, AFolderAndADeviceTakeTheSameBox) {
     EXPECT_EQ(boxes[0].find("An error occured during importation\r"), 0U) << boxes[0];
   }
   EXPECT_EQ(Nombre(), 1);
+}
+
+/// A window in which another program writes while the import is at work.
+class Interrupted final : public test::FakeView {
+ public:
+  std::function<void()> meanwhile;
+  bool EstAbandonne() override {
+    if (const auto once = std::exchange(meanwhile, nullptr)) once();
+    return false;
+  }
+};
+
+TEST_F(TextImport, AFileThatIsWrittenMeanwhileEndsTheImportWithWholeRows) {
+  const std::string line = "1,50.5,4.25,7,8,1990/05/01,Nivelles\r\n";
+  std::string bytes;
+  for (int i = 0; i < 12000; ++i) bytes += line;  // more than one block
+  files.Pose("/data/list.txt", bytes);
+  interchange.FichierImportation = "/data/list.txt";
+  Interrupted window;
+  window.meanwhile = [&] { files.Pose("/data/list.txt", bytes + line); };
+  ImportCoord({{state, io, window, window, window}, interchange, window}, 0);
+  const Lines boxes = Boites();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_NE(boxes[0].find("The file was changed by another program while it was read"),
+            std::string::npos)
+      << boxes[0];
+  const Lines lines = Lignes();
+  EXPECT_GT(lines.size(), 1000U);
+  EXPECT_LT(lines.size(), 12001U);
+  EXPECT_NE(lines.back().find("|1990/05/01|Nivelles"), std::string::npos) << lines.back();
 }
 
 TEST_F(TextImport, AFileThatBreaksOffLeavesWholeRows) {

@@ -100,7 +100,7 @@ TEST_F(AppendRowsTest, AreChangedAndDeletedAsAnyOthers) {
 
 TEST_F(AppendRowsTest, RefuseFieldsThatCannotBeGiven) {
   const auto rows = database->OpenRecordset("TALPENA");
-  ListSource source({{1}});
+  ListSource source({{1}, {2}});
   const int counter[] = {rows->FieldIndex("Counter")};
   const int twice[] = {rows->FieldIndex("N1"), rows->FieldIndex("N1")};
   EXPECT_EQ(FailureOf([&] { rows->AjouteLignes(counter, source); }).number,
