@@ -139,6 +139,7 @@ int main(int argc, char** argv) {
       (arguments.size() < 3 ? std::filesystem::temp_directory_path()
                             : std::filesystem::path(arguments[2])) /
       "rehearsal_bench";
+  std::filesystem::remove_all(folder);
   std::filesystem::create_directories(folder);
   const std::string path = folder / "list.txt";
   EcritListe(path, lines);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "coords/datum.h"
 
@@ -68,6 +69,7 @@ bool IsolatedPoints::SontProches(SpherePoint a, SpherePoint b) const {
 void IsolatedPoints::Ajoute(double latitude, double longitude) {
   const SpherePoint point = SurSphere(latitude, longitude);
   const GridCell cell = CelluleDe(point, side_);
+  JugePremier(point);
   DelivreVoisins(point, cell);
   Garde(point, cell);
 }
@@ -75,6 +77,11 @@ void IsolatedPoints::Ajoute(double latitude, double longitude) {
 void IsolatedPoints::AjouteNomme(double latitude, double longitude, Name name) {
   const SpherePoint point = SurSphere(latitude, longitude);
   const GridCell cell = CelluleDe(point, side_);
+  if (cells_.empty()) {
+    first_ = {name, point};
+    return Garde(point, cell);
+  }
+  JugePremier(point);
   const bool delivered = DelivreVoisins(point, cell);
   if (!delivered && !TrouveVoisin(point, cell)) Isole(point, cell, name);
   Garde(point, cell);
@@ -83,6 +90,13 @@ void IsolatedPoints::AjouteNomme(double latitude, double longitude, Name name) {
 bool IsolatedPoints::APresDe(double latitude, double longitude) const {
   const SpherePoint point = SurSphere(latitude, longitude);
   return TrouveVoisin(point, CelluleDe(point, side_));
+}
+
+/// The first point has another one now.
+void IsolatedPoints::JugePremier(SpherePoint second) {
+  const auto first = std::exchange(first_, std::nullopt);
+  if (!first || SontProches(first->second, second)) return;
+  Isole(first->second, CelluleDe(first->second, side_), first->first);
 }
 
 /// Takes those that are near the point from the isolated ones; whether there were any.

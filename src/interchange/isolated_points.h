@@ -3,8 +3,10 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace talpena {
@@ -23,7 +25,8 @@ struct SpherePoint {
 SpherePoint SurSphere(double latitude, double longitude);  ///< decimal degrees
 
 /// Points come one after another, those of rows under a name; at any time those named ones are
-/// known that have no other point, named or not, within a distance. Time and memory grow with the
+/// known that have no other point, named or not, within a distance. A point that is the only one
+/// has no others and is not isolated. Time and memory grow with the
 /// number of points at most, and stop to where the globe is full: of points within some kilometres
 /// (a fiftieth of the distance) of one another only one is kept, so a distance is that sure.
 class IsolatedPoints {
@@ -47,6 +50,7 @@ class IsolatedPoints {
   using GridCell = std::array<std::int16_t, 3>;
 
   bool SontProches(SpherePoint a, SpherePoint b) const;
+  void JugePremier(SpherePoint second);
   bool DelivreVoisins(SpherePoint point, GridCell cell);
   bool TrouveVoisin(SpherePoint point, GridCell cell) const;
   void Isole(SpherePoint point, GridCell cell, Name name);
@@ -58,6 +62,8 @@ class IsolatedPoints {
   Watcher watcher_;
   std::unordered_map<std::uint64_t, std::vector<SpherePoint>> cells_;
   std::unordered_set<std::uint64_t> kept_;
+  /// The only point until now, where it has a name.
+  std::optional<std::pair<Name, SpherePoint>> first_;
   std::unordered_map<Name, SpherePoint> alone_;
   std::unordered_map<std::uint64_t, std::vector<Name>>
       aloneNear_;  ///< by cell: whom a point in it may reach

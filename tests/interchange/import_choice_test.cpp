@@ -198,7 +198,7 @@ TEST_F(ImportChoiceTest, SaysThatTheCatalogueLacksTheDatum) {
 
 TEST_F(ImportChoiceTest, RehearsesTheFileThatItNames) {
   const auto r = Repete(ChoixDe("*a comment\n1,50.5,4.5,1,1,1998/07/14,Spa\n2,95,4,0,0,,\n"));
-  EXPECT_EQ(r->Comptes(), (RehearsalCounts{2, 0, 1, 1}));
+  EXPECT_EQ(r->Comptes(), (RehearsalCounts{2, 0, 1, 0}));
   const RehearsalCells first = CellulesRepetition(english, r->Lignes().Ligne(0));
   EXPECT_EQ(first[RehearsalColumn::Line], "2");
   EXPECT_EQ(first[RehearsalColumn::Original], "deg +50.50000 +004.50000");

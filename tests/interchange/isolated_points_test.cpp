@@ -38,8 +38,17 @@ class Watched {
 
 constexpr double degreeKm = 6371 * 3.14159265358979323846 / 180;
 
-TEST(IsolatedPoints, AFirstPointIsAloneUntilAnotherComesNear) {
+TEST(IsolatedPoints, TheOnlyPointHasNoOthers) {
   Watched w(500);
+  w.points.AjouteNomme(50, 4, 0);
+  EXPECT_TRUE(w.names.empty());
+  w.points.Ajoute(-33, 151);
+  EXPECT_EQ(w.names, (std::set<IsolatedPoints::Name>{0}));
+}
+
+TEST(IsolatedPoints, AreAloneUntilAnotherComesNear) {
+  Watched w(500);
+  w.points.Ajoute(-33, 151);
   w.points.AjouteNomme(50, 4, 0);
   EXPECT_EQ(w.names, (std::set<IsolatedPoints::Name>{0}));
   w.points.AjouteNomme(50 + 490 / degreeKm, 4, 1);

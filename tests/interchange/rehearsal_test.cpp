@@ -110,7 +110,7 @@ TEST_F(RehearsalTest, TellsWhereTheImportWouldEnd) {
       Repete(PlanDe({Fiche("deg +50.00000 +004.00000"), FicheOmise(500)}, failure));
   ASSERT_TRUE(r.Arret());
   EXPECT_EQ(r.Arret()->words().line, 3);
-  EXPECT_EQ(r.Comptes(), (RehearsalCounts{1, 1, 0, 1}));
+  EXPECT_EQ(r.Comptes(), (RehearsalCounts{1, 1, 0, 0}));
 }
 
 TEST_F(RehearsalTest, TellsThatAFileCannotBeOpened) {
