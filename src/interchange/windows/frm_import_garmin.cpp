@@ -27,6 +27,7 @@
 #include "interchange/windows/waypoint_view.h"
 #include "platform/commands.h"
 #include "platform/qt/controls.h"
+#include "platform/qt/mnemonics.h"
 #include "platform/qt/window_place.h"
 
 using namespace Qt::StringLiterals;
@@ -181,7 +182,8 @@ void frmImportGarmin::SauveLargeurs() {
 void frmImportGarmin::AppliqueLangue() {
   const auto nom = [this](int id) { return EnQt(SansMnemonique(Texte(c_.state.Langue, id))); };
   LV->setAccessibleName(nom(MsgId::PointsDuFichier));
-  cmdImportGarmin[buttonImport]->setText(nom(MsgId::BoutonOk));
+  cmdImportGarmin[buttonImport]->setText(
+      Mnemonics().Marque(Texte(c_.state.Langue, MsgId::BoutonOk)));
   for (QPushButton* button : cmdImportGarmin) {
     button->setAccessibleName(button->text().remove(u'&'));
   }
