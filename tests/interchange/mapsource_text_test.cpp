@@ -53,9 +53,9 @@ TEST(RempliLV, KeepsTheFirstLinesForTheHeaderBox) {
 }
 
 TEST(RempliLV, ReadsTheDatumOnTheSecondLineToo) {
-  const MapSourceText text =
-      TexteDe("Grid\tBritish National Grid\nDatum\tOrd Srvy Grt Britn\n\n  \nHeader\tName\tLast\n\n"
-          "Waypoint\tA\tkept\nWaypoint\tB\t\n");
+  const MapSourceText text = TexteDe(
+      "Grid\tBritish National Grid\nDatum\tOrd Srvy Grt Britn\n\n  \nHeader\tName\tLast\n\n"
+      "Waypoint\tA\tkept\nWaypoint\tB\t\n");
   EXPECT_FALSE(text.wrongType);
   EXPECT_EQ(text.grid, GarminGrid::British);
   EXPECT_EQ(text.datum, "OGB-M");
