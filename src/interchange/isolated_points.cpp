@@ -24,16 +24,14 @@ bool IsolatedPoints::SontProches(SpherePoint a, SpherePoint b) const {
   return dx * dx + dy * dy + dz * dz <= chord2_;
 }
 
-void IsolatedPoints::Ajoute(double latitude, double longitude) {
-  const SpherePoint point = SurSphere(latitude, longitude);
+void IsolatedPoints::Ajoute(SpherePoint point) {
   const SphereCell cell = CelluleDe(point, side_);
   JugePremier(point);
   DelivreVoisins(point, cell);
   Garde(point, cell);
 }
 
-void IsolatedPoints::AjouteNomme(double latitude, double longitude, Name name) {
-  const SpherePoint point = SurSphere(latitude, longitude);
+void IsolatedPoints::AjouteNomme(SpherePoint point, Name name) {
   const SphereCell cell = CelluleDe(point, side_);
   if (cells_.empty()) {
     first_ = {name, point};

@@ -30,8 +30,8 @@ class IsolatedPoints {
   explicit IsolatedPoints(double distanceKm, Watcher watcher = {});
 
   /// A point that is never isolated itself.
-  void Ajoute(double latitude, double longitude);
-  void AjouteNomme(double latitude, double longitude, Name name);
+  void Ajoute(SpherePoint point);
+  void AjouteNomme(SpherePoint point, Name name);
   std::int64_t Nombre() const { return static_cast<std::int64_t>(alone_.size()); }
 
  private:

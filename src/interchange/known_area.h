@@ -7,12 +7,10 @@ namespace talpena {
 
 class KnownArea {
  public:
-  void Ajoute(double latitude, double longitude) {
-    cells_.Ajoute(CleDe(CelluleDe(SurSphere(latitude, longitude), Side())));
-  }
+  void Ajoute(SpherePoint point) { cells_.Ajoute(CleDe(CelluleDe(point, Side()))); }
   /// True within 60 km of a point, false beyond 210 km of all; either between.
-  bool Contient(double latitude, double longitude) const {
-    const SphereCell cell = CelluleDe(SurSphere(latitude, longitude), Side());
+  bool Contient(SpherePoint point) const {
+    const SphereCell cell = CelluleDe(point, Side());
     return ParcourtVoisines(cell, 1, [this](std::uint64_t key) { return cells_.Contient(key); });
   }
   bool EstVide() const { return cells_.EstVide(); }

@@ -39,7 +39,7 @@ bool OtherSystems::LitFiche() {
   if (record.dropped != 0) return true;
   const ReadPoint point = points_.Lit(record.row.datum, record.row.original);
   const bool there = point.outcome == ReadPoint::Outcome::Point;
-  if (there && near_.Contient(point.latitude, point.longitude)) ++trial_.near;
+  if (there && near_.Contient(SurSphere(point.latitude, point.longitude))) ++trial_.near;
   return true;
 }
 

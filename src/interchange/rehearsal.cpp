@@ -92,8 +92,9 @@ void Rehearsal::LitFiche() {
 
 void Rehearsal::ParcourtTable() {
   const bool more = table_.Suivants([this](double latitude, double longitude) {
-    isolated_.Ajoute(latitude, longitude);
-    near_.Ajoute(latitude, longitude);
+    const SpherePoint point = SurSphere(latitude, longitude);
+    isolated_.Ajoute(point);
+    near_.Ajoute(point);
   });
   if (!more) QuitteTable();
 }
@@ -131,7 +132,7 @@ void Rehearsal::Ajoute(const ImportRecord& record) {
   const bool kept = rows_.Ajoute(row);
   if (row.fate != Fate::Entre) return;
   const IsolatedPoints::Name name = kept ? rows_.Nombre() - 1 : -rows_.NonGardees();
-  isolated_.AjouteNomme(row.point.latitude, row.point.longitude, name);
+  isolated_.AjouteNomme(SurSphere(row.point.latitude, row.point.longitude), name);
 }
 
 }  // namespace talpena
