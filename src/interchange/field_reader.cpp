@@ -47,14 +47,15 @@ bool EstNombre(std::string_view text) {
   return exponent > 0 && at + exponent == text.size();
 }
 
-/// What a failure shows of a field.
+/// What a failure shows of a field. A NUL would end the text of a box.
 std::string Extrait(std::string_view bytes, Encodage encodage) {
+  constexpr std::string_view nul("\0", 1), shownNul = "\u2400";
   std::string kept;
-  const std::string text =
-      SurUneLigne(TexteImporte(bytes.substr(0, 4 * shownCharacters), encodage, kept));
-  const std::string_view some = PremiersCaracteres(text, shownCharacters);
-  const bool whole = some.size() == text.size() && bytes.size() <= 4 * shownCharacters;
-  return std::string(some) + (whole ? "" : "...");
+  const std::string_view head = encodage == Encodage::Utf8
+                                    ? PremiersCaracteres(bytes, shownCharacters)
+                                    : bytes.substr(0, shownCharacters);
+  const std::string text = SurUneLigne(TexteImporte(head, encodage, kept));
+  return Remplace(text, nul, shownNul) + (head.size() < bytes.size() ? "..." : "");
 }
 
 }  // namespace

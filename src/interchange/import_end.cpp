@@ -1,19 +1,21 @@
 #include "interchange/import_end.h"
 
 #include <array>
-#include <cmath>
 #include <cstddef>
 #include <optional>
 #include <span>
 
+#include "common/error_words.h"
 #include "common/grouped_number.h"
 #include "common/msg_id.h"
+#include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coord_commands/adjust.h"
 #include "coords/snap.h"
 #include "platform/busy.h"
+#include "platform/commands.h"
 #include "store/edition.h"
 #include "store/row_commands.h"
 #include "store/table.h"
@@ -130,13 +132,14 @@ void DitAbandon(CommandContext c, const std::string& name, const ImportedRows& r
                                            NombreGroupe(c.state.Langue, count))});
 }
 
+/// A bookmark is the row's key, and the rows of an import follow each other.
 std::int64_t SansPoint(Document& document, const ImportedRows& rows) {
-  constexpr std::array fields = {Column::LATITUDE};
-  std::int64_t count = 0;
-  document.Data1.recordset().LitNombres(fields, &rows.added, [&](const NumberBlock& block) {
-    for (std::size_t row = 0; row < block.rows; ++row) count += std::isnan(block.Valeur(row, 0));
-  });
-  return count;
+  if (rows.added.empty()) return 0;
+  return document.Base()
+      .OpenRecordset("SELECT COUNT(*) FROM TALPENA WHERE Counter >= " + Str(rows.added.front()) +
+                     " AND Counter <= " + Str(rows.added.back()) + " AND LATITUDE IS NULL")
+      ->Get(0)
+      .integer;
 }
 
 }  // namespace
@@ -144,6 +147,7 @@ std::int64_t SansPoint(Document& document, const ImportedRows& rows) {
 void AjouteImportees(CommandContext c, const std::string& name, ImportReader& reader,
                      ImportedRows& rows) {
   LieTable(c.document());
+  c.document().ChangeAvis({});  // that of an import before
   DataControl& data = c.document().Data1;
   const std::int64_t before = data.recordset().RecordCount();
   try {
@@ -166,10 +170,25 @@ void TermineImport(CommandContext c, const std::string& name, const ImportedRows
   MontreAjoutees(c, rows);
 }
 
-void ImporteTout(CommandContext c, const std::string& name, ImportReader& reader) {
+bool ImporteTout(CommandContext c, const std::string& name, ImportReader& reader) {
   ImportedRows rows;
-  AjouteImportees(c, name, reader, rows);
+  try {
+    AjouteImportees(c, name, reader, rows);
+  } catch (const TalpenaError& error) {
+    if (error.number() == ErrorNumber::Cancelled) return false;
+    Bip(c.state, c.io);
+    AfficheErreur(c.io, error.number(), DescriptionEchec(c.state.Langue, error, rows));
+    return false;
+  }
   TermineImport(c, name, rows);
+  return true;
+}
+
+std::string DescriptionEchec(std::int16_t langue, const TalpenaError& error,
+                             const ImportedRows& rows) {
+  const auto added = static_cast<std::int64_t>(rows.added.size());
+  return DescriptionErreur(langue, error) + "\n" +
+         Remplace(Texte(langue, MsgId::LignesAvantEchec), "%1", NombreGroupe(langue, added));
 }
 
 std::string AvisImport(std::int16_t langue, std::int64_t added, std::int64_t dropped,

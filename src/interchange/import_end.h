@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "common/talpena_error.h"
 #include "interchange/import_reader.h"
 #include "platform/table_engine.h"
 #include "store/command_context.h"
@@ -32,8 +33,13 @@ void AjouteImportees(CommandContext c, const std::string& name, ImportReader& re
 /// that one key deletes them.
 void TermineImport(CommandContext c, const std::string& name, const ImportedRows& rows);
 
-/// Both, for an import whose failures are those of every command.
-void ImporteTout(CommandContext c, const std::string& name, ImportReader& reader);
+/// Both. A failure of the first is shown in the common box with the rows added before it, not
+/// thrown; false then, and when the user gave up.
+bool ImporteTout(CommandContext c, const std::string& name, ImportReader& reader);
+
+/// What the user is told of a failure, and how many rows were added before it.
+std::string DescriptionEchec(std::int16_t langue, const TalpenaError& error,
+                             const ImportedRows& rows);
 
 /// "Import: 214 rows added, 2 dropped, 1 without a point".
 std::string AvisImport(std::int16_t langue, std::int64_t added, std::int64_t dropped,

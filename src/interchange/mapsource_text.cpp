@@ -46,8 +46,16 @@ class Reading {
  private:
   std::string_view LigneEnTete() {
     const std::string_view line = lines_.LitObligatoire();
-    text_.header.append(line).append("\r\n");
+    Montre(line);
     return line;
+  }
+
+  /// In the header box, which is to be read by people.
+  void Montre(std::string_view line) {
+    constexpr std::size_t characters = 500;
+    constexpr std::int64_t lines = 20;
+    if (lines_.Numero() > lines) return;
+    text_.header.append(PremiersCaracteres(line, characters)).append("\r\n");
   }
 
   /// What stands behind the first tab.
@@ -77,13 +85,22 @@ class Reading {
     if (fiveLines_) LigneEnTete();
     std::string_view line = lines_.LitObligatoire();
     while (!fiveLines_ && Rogne(line).empty()) {
-      text_.header.append(line).append("\r\n");
+      Montre(line);
       line = lines_.LitObligatoire();
     }
     if (!EgalSansCasse(PremierElement(line), "HEADER")) return false;
-    const std::string_view kept = SansDernier(line);
-    if (!kept.empty()) text_.captions = Decoupe(kept, '\t');
+    PrendTitres(SansDernier(line));
     return true;
+  }
+
+  void PrendTitres(std::string_view line) {
+    constexpr std::ptrdiff_t most = 1000;
+    if (std::ranges::count(line, '\t') >= most) {
+      const TalpenaError error(ErrorNumber::TooManyFields, "Too many fields defined",
+                               {.text = MsgId::TropDeColonnes, .about = {std::to_string(most)}});
+      throw error.SurLigne(lines_.Numero());
+    }
+    if (!line.empty()) text_.captions = Decoupe(line, '\t');
   }
 
   /// Without the last element: in the layout of five lines whatever it is, in the other one where

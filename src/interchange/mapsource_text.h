@@ -22,7 +22,7 @@ inline constexpr std::array<std::string_view, 7> GrillesGarmin{
     "British National Grid", "Irish National Grid"};
 
 struct MapSourceText {
-  std::string header;       ///< txtHeader: the file's path and its first lines, CR LF each
+  std::string header;       ///< txtHeader: path and first lines, CR LF each; long ones are cut
   std::optional<int> grid;  ///< of GrillesGarmin; empty when the file's grid is not there
   std::string datum;        ///< lblDatum: not padded, "" for a name that is not known
   std::vector<std::string> captions;  ///< of the columns, the first one too
@@ -38,7 +38,7 @@ struct MapSourceText {
 ///
 /// A file that is neither has `wrongType`. What fails is thrown; the text then holds what was
 /// filled until there: InputPastEnd (62) in the first lines, SubscriptOutOfRange (9) where grid
-/// or datum have no name, those of the file.
+/// or datum have no name, TooManyFields (3190) above 1000 columns, those of the file.
 void RempliLV(FileSystem& files, const std::string& path, MapSourceText& text);
 /// The same from an open file.
 void RempliLV(ImportFile file, const std::string& path, MapSourceText& text);

@@ -16,6 +16,7 @@
 #include "coords/systems.h"
 #include "interchange/import_end.h"
 #include "interchange/text_import_reader.h"
+#include "interchange/waypoint_commands.h"
 #include "platform/commands.h"
 
 namespace talpena {
@@ -59,12 +60,9 @@ void Importe(ImportContext c, std::int16_t type, ImportedRows& rows) {
 
 void DitEchec(ImportContext c, const TalpenaError& error, const ImportedRows& rows) {
   const std::int16_t langue = c.state.Langue;
-  const auto added = static_cast<std::int64_t>(rows.added.size());
   Bip(c.state, c.io);
   c.io.dialogues.Demande(
-      {.text =
-           Texte(langue, MsgId::ErreurImport) + "\r" + DescriptionErreur(langue, error) + "\n" +
-           Remplace(Texte(langue, MsgId::LignesAvantEchec), "%1", NombreGroupe(langue, added))});
+      {.text = Texte(langue, MsgId::ErreurImport) + "\r" + DescriptionEchec(langue, error, rows)});
 }
 
 }  // namespace
@@ -103,7 +101,7 @@ void ImportCoord(ImportContext c, std::int16_t type) {
 
 void mnuImport_Click(ImportContext c, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {
-    if (index != 0) return;
+    if (index == 1) return ImportGarmin(c);
     c.dialogs.MontreImportation();
     const std::int16_t type = Arrondi16(Val(c.interchange.Variable));
     if (type > -1) ImportCoord(c, type);

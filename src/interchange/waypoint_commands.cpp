@@ -1,5 +1,7 @@
 #include "interchange/waypoint_commands.h"
 
+#include "common/msg_id_waypoints.h"
+#include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "interchange/import_end.h"
 #include "interchange/wpt_reader.h"
@@ -21,10 +23,13 @@ void ImporteWpt(CommandContext c) {
   WptReader reader(OuvreImport(c.io.files, path), c.state, c.document().Entete());
   if (!reader.LitEnTete()) {
     return DitArret(c.state, c.io,
-                    "Les coordonnées doivent être exprimées en LAT LON DM.\r\n"
+                    "Les coordonnées doivent être exprimées en LAT LON DM.\n"
                     "Importation annulée.");
   }
-  ImporteTout(c, "Waypoint import", reader);
+  if (ImporteTout(c, "Waypoint import", reader) && reader.ADesDates()) {
+    c.document().ChangeAvis(c.document().Montre().avis + ". " +
+                            Texte(c.state.Langue, MsgId::SiecleWpt));
+  }
 }
 
 /// What was not asked for does not count as dropped.

@@ -17,7 +17,8 @@ std::string_view WaypointList::Texte(std::size_t item, std::size_t column) const
 }
 
 void WaypointList::Ajoute(std::string_view elements, std::int64_t line) {
-  if (elements.size() > longest - bytes_.size()) {
+  const std::size_t taken = bytes_.size() + (items_.size() + 1) * sizeof(Item);
+  if (taken > longest || elements.size() > longest - taken) {
     throw TalpenaError(ErrorNumber::OutOfMemory, "Out of memory", {.text = MsgId::TropDePoints});
   }
   bytes_.append(elements);

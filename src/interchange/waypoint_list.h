@@ -10,8 +10,8 @@ namespace talpena {
 
 class WaypointList {
  public:
-  /// Most bytes that are held; one waypoint more raises OutOfMemory (7).
-  static constexpr std::size_t longest = std::size_t{256} << 20;
+  /// Most bytes of memory that are taken; one waypoint more raises OutOfMemory (7).
+  static constexpr std::size_t longest = std::size_t{128} << 20;
 
   std::size_t Nombre() const { return items_.size(); }
   /// Column 0 is the item's own text, the others are its sub-items; "" beyond the last. Valid until

@@ -12,6 +12,7 @@ std::span<const FreeFieldDef> ChampsLibres(const DistributionHeader& entete) {
 
 std::string CodeDeCinq(std::string_view code) {
   constexpr std::size_t width = 5;
+  if (code.empty()) return {};
   std::string padded(code);
   padded.resize(std::max(width, padded.size()), ' ');
   return padded;

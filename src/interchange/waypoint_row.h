@@ -11,7 +11,7 @@ namespace talpena {
 /// The free fields in force: none where FreeFieldCount is 0.
 std::span<const FreeFieldDef> ChampsLibres(const DistributionHeader& entete);
 
-/// A datum code in the five characters of the catalogue.
+/// A datum code in the five characters of the catalogue; "", which the table refuses, stays that.
 std::string CodeDeCinq(std::string_view code);
 
 }  // namespace talpena

@@ -136,6 +136,7 @@ std::string WptReader::Texte(std::string_view line, ImportedRow& row) {
   std::string text(CoupeColonne(line, 55, 5));
   text.append(" ").append(CoupeColonne(line, 4, 6));
   if (PorteDate(line)) {
+    dates_ = true;
     const int month = MoisGarmin(CoupeColonne(line, 64, 3));
     if (month != 0) date_ = DateDe(line, month);
   } else {

@@ -27,6 +27,8 @@ class WptReader final : public ImportReader {
 
   bool Suivant(ImportRecord& record) override;
   double Part() const override { return lines_.Part(); }
+  /// A waypoint had a date, whose century the file does not tell.
+  bool ADesDates() const { return dates_; }
 
  private:
   void LitDatum(std::string_view line);
@@ -41,6 +43,7 @@ class WptReader final : public ImportReader {
   std::string datum_;
   std::array<double, 5> shift_{};  ///< semi-major axis, flattening, dx, dy, dz, as in the file
   std::string date_;               ///< of the row before
+  bool dates_ = false;
   std::exception_ptr failure_;
 };
 

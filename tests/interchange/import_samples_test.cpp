@@ -4,9 +4,13 @@
 #include <array>
 #include <fstream>
 #include <sstream>
+#include <string>
+#include <vector>
 
+#include "common/text.h"
 #include "interchange/imported_world.h"
 #include "interchange/real_lists.h"
+#include "interchange/waypoint_commands.h"
 
 namespace talpena {
 namespace {
@@ -33,8 +37,8 @@ constexpr std::array<Sample, CoordSystemCount> samples{{
 
 constexpr int systems[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15};
 
-std::string Octets(const std::string& name) {
-  std::ifstream file(TALPENA_SOURCE_DIR "/data/samples/import/" + name, std::ios::binary);
+std::string Contenu(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
   std::stringstream bytes;
   bytes << file.rdbuf();
   return bytes.str();
@@ -44,7 +48,8 @@ class ImportSamples : public ::testing::TestWithParam<int> {
  protected:
   const Sample& sample = samples[static_cast<std::size_t>(GetParam())];
   CoordSystem system = static_cast<CoordSystem>(GetParam());
-  std::string bytes = Octets(sample.code + std::string(".txt"));
+  std::string bytes =
+      Contenu(std::string(TALPENA_SOURCE_DIR "/data/samples/import/") + sample.code + ".txt");
 };
 
 TEST_P(ImportSamples, ComeInWithAllTheirRows) {
@@ -82,7 +87,68 @@ TEST_P(ImportSamples, AreInTheFormOfWindows) {
   EXPECT_EQ(lines, 7U);
 }
 
+// Whoever has no example at hand sees two of its records in the guide.
+TEST_P(ImportSamples, StandInTheGuide) {
+  std::vector<std::string> lines = Decoupe(bytes, '\n');
+  for (const char* language : {"en", "fr"}) {
+    const std::string guide =
+        Contenu(TALPENA_SOURCE_DIR "/data/help/" + std::string(language) + "/import-text.html");
+    EXPECT_NE(guide.find("<code>" + std::string(sample.code) + ".txt</code>"), std::string::npos);
+    for (const std::size_t line : {1U, 3U}) {
+      const std::string record = lines[line].substr(0, lines[line].size() - 1);
+      EXPECT_NE(guide.find("<code>" + record + "</code>"), std::string::npos) << record;
+    }
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Systems, ImportSamples, ::testing::ValuesIn(systems));
+
+std::string Exemple(const std::string& name) {
+  return Contenu(TALPENA_SOURCE_DIR "/data/samples/import/" + name);
+}
+
+void ExpectSixPoints(const std::vector<test::ImportedWorld::Row>& rows) {
+  ASSERT_EQ(rows.size(), 6U);
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.original);
+    EXPECT_EQ(row.original.substr(0, 4), "deg ");
+    EXPECT_TRUE(row.latitude > 40 && row.latitude < 52);
+    EXPECT_TRUE(row.longitude > -4 && row.longitude < 5);
+  }
+}
+
+TEST(WaypointSamples, OfWptFilesComeInWithAllTheirRows) {
+  test::ImportedWorld world;
+  world.files.Pose("/data/garmin.wpt", Exemple("garmin.wpt"));
+  world.dialogues.paths.emplace_back("/data/garmin.wpt");
+  ImportGarmin(world.context);
+  ASSERT_TRUE(world.dialogues.boxes.empty()) << world.dialogues.boxes[0].text;
+  const auto rows = world.Rows();
+  ExpectSixPoints(rows);
+  EXPECT_EQ(rows[0].date, "1998/04/17");
+  EXPECT_EQ(rows[3].date, "");
+  EXPECT_EQ(rows[3].comment.substr(0, 38), "  150 HILLS  Molehills along the hedge");
+}
+
+// With the dates of its last column.
+TEST(WaypointSamples, OfMapSourceComeInWithAllTheirRows) {
+  test::ImportedWorld world;
+  world.files.Pose("/data/mapsource.txt", Exemple("mapsource.txt"));
+  objGraminImport options;
+  const MapSourceText text =
+      ChargeImportGarmin(world.state, world.io, "/data/mapsource.txt", 0, options);
+  ASSERT_FALSE(text.wrongType);
+  ASSERT_EQ(text.datum, "WGS84");
+  options.DateImport = 2;
+  options.DateField = "Date Modified";
+  ImportMapSource(world.context, text, {*text.grid, text.datum, TousLesPoints(text)}, options);
+  ASSERT_TRUE(world.dialogues.boxes.empty()) << world.dialogues.boxes[0].text;
+  const auto rows = world.Rows();
+  ExpectSixPoints(rows);
+  EXPECT_EQ(rows[0].date, "2002/04/17");
+  EXPECT_EQ(rows[5].date, "1999/03/30");
+  EXPECT_EQ(rows[5].comment, "MOLE6 - É. Fictif");
+}
 
 }  // namespace
 }  // namespace talpena

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "coords/systems.h"
 #include "interchange/text_import.h"
 #include "store/coords_world.h"
 

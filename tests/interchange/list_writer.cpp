@@ -47,7 +47,7 @@ std::string GradesParis(Point p) {
 
 struct ZonePlane {
   int zone;
-  Plane plane;  ///< the northing negative in the south
+  Plane plane;  ///< from the equator: negative in the south
 };
 
 ZonePlane Utm(Point p) {
@@ -58,9 +58,11 @@ ZonePlane Utm(Point p) {
   return {zone, at->second.Projette({p.latitude, Longitude(p)})};
 }
 
+/// Metres as a map of the hemisphere has them, those of the south with a minus.
 std::string UtmMetres(Point p) {
   const ZonePlane utm = Utm(p);
-  return std::to_string(utm.zone) + "," + Deux(utm.plane.x, utm.plane.y, "0");
+  const double northing = p.latitude < 0 ? -(1e7 + utm.plane.y) : utm.plane.y;
+  return std::to_string(utm.zone) + "," + Deux(utm.plane.x, northing, "0");
 }
 
 template <int Digits>

@@ -22,8 +22,8 @@ struct ListNotation {
   double metres;
 };
 
-/// "deg", "dms" and so on; "mgr_km", "bng_km", "itm_km" for references cut to the kilometre, "ifb_1"
-/// and "ifb_4" for squares of 1 and 4 km.
+/// "deg", "dms" and so on; "mgr_km", "bng_km", "itm_km" for references cut to the kilometre,
+/// "ifb_1" and "ifb_4" for squares of 1 and 4 km.
 const ListNotation& NotationDe(std::string_view name);
 
 /// Between WGS84 and a datum of the shipped catalogue, by its three shifts and an exact conversion

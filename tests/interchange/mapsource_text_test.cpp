@@ -194,6 +194,25 @@ TEST(RempliLV, KeepsBytesThatAreNoTextAsCharacters) {
   EXPECT_EQ(text.items.Texte(0, 1), std::string("A") + '\0' + "é");
 }
 
+TEST(RempliLV, RefusesMoreThanAThousandColumns) {
+  const std::string start = "Grid\tUTM\nDatum\tWGS 84\nHeader";
+  EXPECT_EQ(TexteDe(start + std::string(999, '\t') + "x").captions.size(), 1000U);
+  try {
+    TexteDe(start + std::string(1'000'000, '\t') + "x");
+    ADD_FAILURE() << "read";
+  } catch (const TalpenaError& e) {
+    EXPECT_EQ(e.number(), ErrorNumber::TooManyFields);
+    EXPECT_EQ(e.words().line, 3);
+  }
+}
+
+TEST(RempliLV, CutsWhatIsShownOfLongFirstLines) {
+  const MapSourceText text = TexteDe("Grid\tUTM" + std::string(100'000, 'x') + "\nDatum\tWGS 84" +
+                                     std::string(100'000, '\n') + "Header\tA\n");
+  EXPECT_EQ(text.captions.size(), 2U);
+  EXPECT_LT(text.header.size(), 700U);
+}
+
 TEST(WaypointList, TellsWhenItHoldsTooMuch) {
   WaypointList list;
   const std::string big(WaypointList::longest / 2 + 1, 'x');

@@ -12,6 +12,7 @@
 #include <QSplitter>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <vector>
 
@@ -203,8 +204,12 @@ void frmImportGarmin::MontreNotes() {
   repetition_->MontreNotes(notes);
 }
 
+/// What was not asked for is not told as left out.
 MapSourceChoice frmImportGarmin::Choix() const {
-  return {cmbGrid->currentIndex(), lblDatum->text().toStdString(), LV->Points().Choix()};
+  MapSourceChoice choice{cmbGrid->currentIndex(), lblDatum->text().toStdString(), {}};
+  std::ranges::copy_if(LV->Points().Choix(), std::back_inserter(choice.items),
+                       &WaypointChoice::checked);
+  return choice;
 }
 
 /// The datum of the rows to come; that of the gazetteer stays.

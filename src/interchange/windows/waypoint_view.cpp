@@ -53,15 +53,14 @@ std::vector<int> WaypointModel::Ordre(int column, Qt::SortOrder order) const {
   return lines;
 }
 
-void WaypointModel::Coche(const QModelIndexList& lines, bool checked) {
+void WaypointModel::Coche(const QItemSelection& lines, bool checked) {
   if (lines.isEmpty()) return;
-  int first = lines.front().row(), last = first;
-  for (const QModelIndex& line : lines) {
-    items_[static_cast<std::size_t>(line.row())].checked = checked;
-    first = std::min(first, line.row());
-    last = std::max(last, line.row());
+  for (const QItemSelectionRange& range : lines) {
+    for (int row = range.top(); row <= range.bottom(); ++row) {
+      items_[static_cast<std::size_t>(row)].checked = checked;
+    }
+    Q_EMIT dataChanged(index(range.top(), 0), index(range.bottom(), 0), {Qt::CheckStateRole});
   }
-  Q_EMIT dataChanged(index(first, 0), index(last, 0), {Qt::CheckStateRole});
   Q_EMIT Change();
 }
 
@@ -86,7 +85,7 @@ QVariant WaypointModel::data(const QModelIndex& index, int role) const {
 
 bool WaypointModel::setData(const QModelIndex& index, const QVariant& value, int role) {
   if (!index.isValid() || index.column() != 0 || role != Qt::CheckStateRole) return false;
-  Coche({index}, value.toInt() == Qt::Checked);
+  Coche(QItemSelection(index, index), value.toInt() == Qt::Checked);
   return true;
 }
 
@@ -145,7 +144,7 @@ WaypointView::WaypointView(QWidget* parent) : QTreeView(parent), model_(new Wayp
 }
 
 void WaypointView::CocheChoisies(bool checked) {
-  model_->Coche(selectionModel()->selectedRows(), checked);
+  model_->Coche(selectionModel()->selection(), checked);
 }
 
 void WaypointView::ColumnClick(int column) {
@@ -167,7 +166,7 @@ void WaypointView::keyPressEvent(QKeyEvent* event) {
   if (selectionModel()->isRowSelected(line.row(), {})) {
     CocheChoisies(!checked);
   } else {
-    model_->Coche({line}, !checked);
+    model_->Coche(QItemSelection(line, line), !checked);
   }
 }
 

@@ -1,6 +1,7 @@
 // LV: the waypoints of a file, with check boxes.
 #pragma once
 #include <QAbstractTableModel>
+#include <QItemSelection>
 #include <QTreeView>
 #include <vector>
 
@@ -19,7 +20,7 @@ class WaypointModel : public QAbstractTableModel {
   void Montre(const MapSourceText& text);
   /// In the order shown.
   const std::vector<WaypointChoice>& Choix() const { return items_; }
-  void Coche(const QModelIndexList& lines, bool checked);
+  void Coche(const QItemSelection& lines, bool checked);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
