@@ -147,6 +147,7 @@ std::int64_t SansPoint(Document& document, const ImportedRows& rows) {
 void AjouteImportees(CommandContext c, const std::string& name, ImportReader& reader,
                      ImportedRows& rows) {
   LieTable(c.document());
+  c.document().ChangeAvis({});  // that of an import before
   DataControl& data = c.document().Data1;
   const std::int64_t before = data.recordset().RecordCount();
   try {

@@ -183,6 +183,7 @@ TEST_F(TextImport, AFileThatWasModifiedStaysSoBehindAFailure) {
   Importe("x");
   EXPECT_EQ(Boites().size(), 1U);
   EXPECT_TRUE(Modifie());
+  EXPECT_EQ(Avis(), "") << "what the import before said";
 }
 
 TEST_F(TextImport, BeepsBeforeTheBoxUnlessSilent) {
