@@ -344,6 +344,7 @@ inline constexpr int PointNonCoche = 603;      // "not checked"
 inline constexpr int PointSansPosition = 604;  // "no position"
 inline constexpr int ColonneDateAbsente = 609;  // "This file has no column “%1”, so the rows ..."
 inline constexpr int ColonneAltitudeAbsente = 610;  // the same of the altitude
+inline constexpr int IrlandaisUneLettre = 612;  // "Irish references need two letters, IO for ..."
 // What an import would do.
 inline constexpr int Repetition = 450;         // "What this import would do"
 inline constexpr int RepetitionComptes = 451;  // "Rows that enter: %1; left out: %2; ..."

@@ -16,16 +16,16 @@ enum class GarminSource : std::int16_t { None = 0, Fixed = 1, Column = 2 };
 struct objGraminImport {
   std::int16_t Period = 1;  ///< PERIOD of all imported rows
   std::int16_t DateImport = 0;
-  std::string DateFixed;
+  std::string DateFixed = {};
   std::int16_t DateBegin = 1;   ///< first character of the date in its column, from 1
   std::int16_t DateLength = 9;  ///< characters
-  std::string DateField;        ///< caption of the column that holds the date
+  std::string DateField = {};   ///< caption of the column that holds the date
   std::int16_t DateFormat = 0;  ///< only 0 exists
   std::int16_t AltitudeImport = 0;
-  std::string AltitudeFixed;
+  std::string AltitudeFixed = {};
   std::int16_t AltitudeBegin = 1;
   std::int16_t AltitudeLength = 4;
-  std::string AltitudeField;
+  std::string AltitudeField = {};
   bool operator==(const objGraminImport&) const = default;
 };
 

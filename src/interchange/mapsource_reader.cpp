@@ -30,6 +30,15 @@ std::string AltitudeLue(std::string_view cut) {
   return EstNumerique(digits) ? digits : std::string();
 }
 
+/// A position begins with a single character.
+bool AUneLettre(const MapSourceText& text) {
+  for (std::size_t i = 0; i < text.items.Nombre(); ++i) {
+    const auto position = RogneGauche(text.items.Texte(i, WaypointColumn::Position));
+    if (position.find(' ') == 1) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 std::vector<WaypointChoice> TousLesPoints(const MapSourceText& text) {
@@ -53,8 +62,8 @@ std::optional<std::size_t> ColonneDe(const MapSourceText& text, std::string_view
   return static_cast<std::size_t>(found - text.captions.begin());
 }
 
-std::vector<std::string> AvisColonnes(std::int16_t langue, const MapSourceText& text,
-                                      const objGraminImport& options) {
+std::vector<std::string> AvisMapSource(std::int16_t langue, const MapSourceText& text, int grid,
+                                       const objGraminImport& options) {
   std::vector<std::string> all;
   const auto dit = [&](std::int16_t import, const std::string& caption, int id) {
     if (Source(import) != GarminSource::Column || ColonneDe(text, caption)) return;
@@ -62,6 +71,9 @@ std::vector<std::string> AvisColonnes(std::int16_t langue, const MapSourceText& 
   };
   dit(options.DateImport, options.DateField, MsgId::ColonneDateAbsente);
   dit(options.AltitudeImport, options.AltitudeField, MsgId::ColonneAltitudeAbsente);
+  if (grid == GarminGrid::Irish && AUneLettre(text)) {
+    all.push_back(Texte(langue, MsgId::IrlandaisUneLettre));
+  }
   return all;
 }
 
@@ -139,7 +151,7 @@ std::optional<std::string> MapSourceReader::Altitude(std::size_t item) const {
 }
 
 // Without an altitude there are no separators: name and description then stand in the first free
-// field. Held by MapSourceReader.WritesNoSeparatorsWithoutAnAltitude.
+// field. Held by MapSourceReaderTest.WritesNoSeparatorsWithoutAnAltitude.
 std::string MapSourceReader::Commentaire(std::size_t item) const {
   std::string text;
   if (const auto altitude = Altitude(item)) {

@@ -21,9 +21,9 @@ struct WaypointChoice {
 
 /// What frmImportGarmin was told.
 struct MapSourceChoice {
-  int grid = -1;                      ///< of cmbGrid; -1 when none is selected
-  std::string datum;                  ///< lblDatum
-  std::vector<WaypointChoice> items;  ///< in the order of the list
+  int grid = -1;                           ///< of cmbGrid; -1 when none is selected
+  std::string datum = {};                  ///< lblDatum
+  std::vector<WaypointChoice> items = {};  ///< in the order of the list
 };
 
 /// Every waypoint of a text, checked, in its order.
@@ -36,10 +36,12 @@ std::optional<std::size_t> ChampAltitude(const DistributionHeader& entete);
 /// Column of a caption, compared exactly; empty when no column, or no caption, is it.
 std::optional<std::size_t> ColonneDe(const MapSourceText& text, std::string_view caption);
 
-/// Lines for the dialog: the columns that the options name and the text lacks, so that rows get no
-/// date or no altitude.
-std::vector<std::string> AvisColonnes(std::int16_t langue, const MapSourceText& text,
-                                      const objGraminImport& options);
+/// Lines for the dialog, about what nobody would expect of the rows: columns that the options name
+/// and the text lacks, so that rows get no date or no altitude; Irish references with one letter,
+/// which are computed in a wrong square.
+/// @param grid  of cmbGrid
+std::vector<std::string> AvisMapSource(std::int16_t langue, const MapSourceText& text, int grid,
+                                       const objGraminImport& options);
 
 /// Items that are not checked and those without a position come as dropped. The text, the options
 /// and the header must outlive the reader. A column of dates that is not in the file gives no date,

@@ -100,8 +100,11 @@ std::string Irish(Point p) {
   const char letter = "ABCDEFGHJKLMNOPQRSTUVWXYZ"[(4 - north / 100000) * 5 + east / 100000];
   const auto unit = static_cast<std::size_t>(std::pow(10, 5 - Digits));
   const std::string mask(Digits, '0');
-  return std::string("I") + letter + Format(static_cast<double>(east % 100000 / unit), mask) +
-         Format(static_cast<double>(north % 100000 / unit), mask);
+  const auto digits = [&](std::size_t metres) {
+    const std::size_t inSquare = metres % 100000 / unit;
+    return Format(static_cast<double>(inSquare), mask);
+  };
+  return std::string("I") + letter + digits(east) + digits(north);
 }
 
 // ---------------------------------------------------------------------------------------------

@@ -192,16 +192,26 @@ TEST_F(MapSourceReaderTest, TellsHowFarItIs) {
 
 TEST_F(MapSourceReaderTest, TellsColumnsThatTheFileLacks) {
   text = PointsDe(alpha);
-  EXPECT_EQ(AvisColonnes(1000, text, options), Lines{});
+  EXPECT_EQ(AvisMapSource(1000, text, 0, options), Lines{});
   options = {.DateImport = 2, .DateField = "Date", .AltitudeImport = 2, .AltitudeField = "Height"};
-  EXPECT_EQ(AvisColonnes(1000, text, options),
+  EXPECT_EQ(AvisMapSource(1000, text, 0, options),
             Lines{"This file has no column “Height”, so the rows get no altitude; choose another "
                   "one in the options."});
   options.AltitudeField = "Altitude";
   options.DateField = "When";
-  EXPECT_EQ(AvisColonnes(1000, text, options),
+  EXPECT_EQ(AvisMapSource(1000, text, 0, options),
             Lines{"This file has no column “When”, so the rows get no date; choose another one in "
                   "the options."});
+}
+
+TEST_F(MapSourceReaderTest, TellsIrishReferencesWithOneLetter) {
+  text = PointsDe("Waypoint\tA\t\t\tIO 15904 34671\nWaypoint\tB\t\t\tO 15904 34671\n");
+  EXPECT_EQ(AvisMapSource(1000, text, GarminGrid::British, options), Lines{});
+  EXPECT_EQ(AvisMapSource(1000, text, GarminGrid::Irish, options),
+            Lines{"Irish references need two letters, IO for O: rows with one get a point in a "
+                  "wrong square."});
+  text = PointsDe("Waypoint\tA\t\t\tIO 15904 34671\n");
+  EXPECT_EQ(AvisMapSource(1000, text, GarminGrid::Irish, options), Lines{});
 }
 
 }  // namespace

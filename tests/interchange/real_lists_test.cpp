@@ -231,9 +231,9 @@ TEST_P(ZonesOfBel72, ComeHomeWithTheirOwnDatum) {
     SCOPED_TRACE(std::to_string(i + 1) + ": " + rows[i].original);
     const Point expected = datum.VersWgs84(SurSonDatum(place));
     ASSERT_LT(Ecart(i, expected), notation.metres + 2 * Flottants(place) + PasDeDatum(place));
-    if (!Maroc())
-      ASSERT_LT(Metres(expected.latitude, expected.longitude, place.latitude, place.longitude),
-                0.01);
+    const double home =
+        Maroc() ? 5000 : 0.01;  // the zones of Morocco never lie where maps have them
+    ASSERT_LT(Metres(expected.latitude, expected.longitude, place.latitude, place.longitude), home);
   }
 }
 

@@ -27,6 +27,7 @@
 #include "interchange/windows/waypoint_view.h"
 #include "platform/commands.h"
 #include "platform/qt/controls.h"
+#include "platform/qt/mnemonics.h"
 #include "platform/qt/window_place.h"
 
 using namespace Qt::StringLiterals;
@@ -148,9 +149,9 @@ void frmImportGarmin::Charge() {
 
 /// Shows anew what OK would do: the settings then give the options.
 void frmImportGarmin::Repete() {
+  ExecuteCommande(c_.state, c_.io, {}, [this] { ChargeOptions(c_.io.settings, aVenir_); });
   MontreNotes();
   if (text_.captions.empty()) return repetition_->Arrete();
-  ExecuteCommande(c_.state, c_.io, {}, [this] { ChargeOptions(c_.io.settings, aVenir_); });
   RehearsalPlan plan;
   plan.ouvre = [this, choice = Choix()] {
     return std::make_unique<MapSourceReader>(text_, choice, aVenir_, c_.document().Entete());
@@ -181,7 +182,8 @@ void frmImportGarmin::SauveLargeurs() {
 void frmImportGarmin::AppliqueLangue() {
   const auto nom = [this](int id) { return EnQt(SansMnemonique(Texte(c_.state.Langue, id))); };
   LV->setAccessibleName(nom(MsgId::PointsDuFichier));
-  cmdImportGarmin[buttonImport]->setText(nom(MsgId::BoutonOk));
+  cmdImportGarmin[buttonImport]->setText(
+      Mnemonics().Marque(Texte(c_.state.Langue, MsgId::BoutonOk)));
   for (QPushButton* button : cmdImportGarmin) {
     button->setAccessibleName(button->text().remove(u'&'));
   }
@@ -200,6 +202,10 @@ void frmImportGarmin::MontreNotes() {
                                                   : NoteDuDatum(c_.state, datum)};
   if (cmbGrid->currentIndex() == GarminGrid::Utm) {
     notes.push_back(Texte(c_.state.Langue, MsgId::PositionsUtmNonLues));
+  }
+  if (!text_.captions.empty()) {
+    std::ranges::move(AvisMapSource(c_.state.Langue, text_, cmbGrid->currentIndex(), aVenir_),
+                      std::back_inserter(notes));
   }
   repetition_->MontreNotes(notes);
 }

@@ -234,6 +234,17 @@ TEST_F(FrmImportGarmin, RemarksTheDatumByNameAndThatGridUtmIsNotRead) {
   EXPECT_EQ(Notes().find(utm), std::string::npos);
 }
 
+TEST_F(FrmImportGarmin, RemarksAColumnOfTheOptionsThatTheFileLacks) {
+  settings.Ecrit("Talpena", "ImportGarmin", "DateImport", "2");
+  settings.Ecrit("Talpena", "ImportGarmin", "DateField", "Date Modified");
+  Ouvre();
+  const std::string missing = "This file has no column “Date Modified”";
+  EXPECT_NE(Notes().find(missing), std::string::npos) << Notes();
+  settings.Ecrit("Talpena", "ImportGarmin", "DateField", "Seen");
+  Ouvre();
+  EXPECT_EQ(Notes().find(missing), std::string::npos) << Notes();
+}
+
 TEST_F(FrmImportGarmin, KeepsTheWidthsOfTheColumns) {
   Ouvre();
   for (int i = 0; i < 7; ++i) {
