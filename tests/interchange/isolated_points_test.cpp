@@ -7,6 +7,8 @@
 #include <set>
 #include <vector>
 
+#include "interchange/known_area.h"
+
 namespace talpena {
 namespace {
 
@@ -115,13 +117,32 @@ TEST(IsolatedPoints, AgreeWithTheComparisonOfAllPairs) {
   }
 }
 
-TEST(IsolatedPoints, KnowWhetherAnyIsNear) {
-  IsolatedPoints points(100);
-  EXPECT_FALSE(points.APresDe(50, 4));
-  points.Ajoute(50, 4);
-  EXPECT_TRUE(points.APresDe(50, 4));
-  EXPECT_TRUE(points.APresDe(50 + 98 / degreeKm, 4));
-  EXPECT_FALSE(points.APresDe(50 + 102 / degreeKm, 4));
+TEST(KnownArea, HoldsWhatIsNearAndNotWhatIsFar) {
+  KnownArea area;
+  EXPECT_TRUE(area.EstVide());
+  EXPECT_FALSE(area.Contient(50, 4));
+  area.Ajoute(50, 4);
+  EXPECT_FALSE(area.EstVide());
+  for (int i = 0; i < 360; i += 20) {
+    const double north = std::cos(i * 0.01745) / degreeKm;
+    const double east = std::sin(i * 0.01745) / degreeKm / std::cos(50 * 0.01745);
+    EXPECT_TRUE(area.Contient(50 + 58 * north, 4 + 58 * east)) << i;
+    EXPECT_FALSE(area.Contient(50 + 213 * north, 4 + 213 * east)) << i;
+  }
+}
+
+TEST(KeySet, KnowsWhatWasPutIn) {
+  KeySet keys;
+  EXPECT_FALSE(keys.Contient(0));
+  std::set<std::uint64_t> expected;
+  std::mt19937_64 random(3);
+  for (int i = 0; i < 20000; ++i) {
+    const std::uint64_t key = random() % 30000;
+    EXPECT_EQ(keys.Ajoute(key), expected.insert(key).second);
+  }
+  for (std::uint64_t key = 0; key < 30000; ++key) {
+    ASSERT_EQ(keys.Contient(key), expected.contains(key)) << key;
+  }
 }
 
 }  // namespace
