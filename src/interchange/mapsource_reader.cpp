@@ -151,7 +151,7 @@ std::optional<std::string> MapSourceReader::Altitude(std::size_t item) const {
 }
 
 // Without an altitude there are no separators: name and description then stand in the first free
-// field. Held by MapSourceReader.WritesNoSeparatorsWithoutAnAltitude.
+// field. Held by MapSourceReaderTest.WritesNoSeparatorsWithoutAnAltitude.
 std::string MapSourceReader::Commentaire(std::size_t item) const {
   std::string text;
   if (const auto altitude = Altitude(item)) {

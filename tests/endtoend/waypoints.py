@@ -72,4 +72,40 @@ def imports_waypoints_by_keyboard(s):
     assert program.ends() == 0
 
 
-SCENARIOS = [imports_waypoints_by_keyboard]
+def wpt_file(s):
+    """A file in fixed columns, without the empty first line that some programs leave out."""
+    zero = "+0.000000e+00"
+    lines = ["H  SOFTWARE NAME & VERSION", "I  PCX5 2.09", "", "H  R DATUM".ljust(27) + "IDX DA",
+             "M  G WGS 84".ljust(27) + "121 " + " ".join([zero] * 5), "", "H  COORDINATE SYSTEM",
+             "U  LAT LON DM", "", "H  IDNT   LATITUDE    LONGITUDE"]
+    for number, text in enumerate(["mole hills", "17-APR-02 09:05:28", "dike"], 1):
+        place = f"W  MOUND{number} N50{number}0.25000 E003{number}0.50000"
+        lines.append(place.ljust(54) + f"{100 + number:5} " + text)
+    path = os.path.join(s.folder, "points.wpt")
+    with open(path, "w", encoding="cp1252", newline="") as out:
+        out.write("".join(line + "\n" for line in lines))
+    return path
+
+
+def imports_a_wpt_file_by_keyboard(s):
+    source = wpt_file(s)
+    path = s.file([30, 10, 20])
+    program = s.start(path)
+    program.activate()
+    # File, Import, Garmin PCX5 2.07.
+    program.menu("alt+f", "i", "p")
+    program.window("^Open")
+    program.enters(source)
+    starts_with(program, "Import: 3 rows added, 0 dropped, 0 without a point")
+    program.keys("ctrl+s")
+    wait_for("the rows", lambda: os.path.exists(path) and len(s.rows(path)) == 3 + 3)
+    rows = s.rows(path)[3:]
+    for number, row in enumerate(rows, 1):
+        assert row[0] == "1" and "EUR-Mdeg +50." in row, row
+        assert f"  10{number} MOUND{number}" in row, row
+    assert "1902/04/17" in rows[1] and "mole hills" in rows[0], rows
+    program.keys("ctrl+q")
+    assert program.ends() == 0
+
+
+SCENARIOS = [imports_waypoints_by_keyboard, imports_a_wpt_file_by_keyboard]
