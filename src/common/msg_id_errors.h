@@ -73,4 +73,23 @@ inline constexpr int DossierPlein = 382;      // "The disk of the working folder
 inline constexpr int FusionSansChamps = 383;  // "This file has no free fields, and a merge ..."
 inline constexpr int DatumMdbAbime = 384;     // "DATUM.MDB holds the datums, without which ..."
 
+// Failures of imports.
+inline constexpr int ChampSansNombre = 561;        // "Field %1 holds “%2”, which is no number."
+inline constexpr int ChampTropGrand = 562;         // "Field %1 holds %2, which is too large ..."
+inline constexpr int ChampVide = 563;              // "Field %1 is empty; it has to hold a ..."
+inline constexpr int FicheCoupee = 564;            // "The file ends within a record: field ..."
+inline constexpr int GuillemetOuvert = 565;        // "The double quote that opens field %1 ..."
+inline constexpr int ChampTropLong = 566;          // "Field %1 is longer than %2 MB; look ..."
+inline constexpr int LigneImportTropLongue = 567;  // "The line is longer than %1 MB; this ..."
+inline constexpr int ImportOriginalTropLong = 646;  // "The original coordinates would be “%1”, ..."
+inline constexpr int ImportDateTropLongue = 647;  // "The date “%1” is longer than its column; ..."
+inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by another ..."
+
+// Waypoints of receivers.
+inline constexpr int PositionIllisible = 605;  // "The position “%1” of the waypoint “%2” ..."
+inline constexpr int LigneSansNom = 606;       // "Nothing stands behind its first word; look ..."
+inline constexpr int TropDePoints = 607;       // "The file holds more waypoints than can be ..."
+inline constexpr int TropDeColonnes = 611;     // "It names more than %1 columns; look whether ..."
+inline constexpr int PointIncalculable = 608;  // "The position “%1” cannot be computed; ..."
+
 }  // namespace talpena::MsgId

@@ -22,6 +22,20 @@ bool Contient(const char* text, std::size_t length, char c) {
   return length > 0 && std::memchr(text, c, length) != nullptr;
 }
 
+/// The first CR or LF from here on. Piece by piece, so that a file with one of the two alone is not
+/// searched to its end for the other at each line.
+std::size_t CrOuLf(std::string_view text, std::size_t from) {
+  constexpr std::size_t piece = 128;
+  for (; from < text.size(); from += piece) {
+    const std::string_view some = text.substr(from, piece);
+    const std::size_t lf = some.find('\n');
+    const std::size_t cr = some.substr(0, lf).find('\r');
+    const std::size_t found = std::min(cr, lf);
+    if (found != std::string_view::npos) return from + found;
+  }
+  return std::string_view::npos;
+}
+
 }  // namespace
 
 DegLines::DegLines(std::unique_ptr<InputFile> file, LineEnd end)
@@ -59,8 +73,7 @@ bool DegLines::TrouveFin(std::size_t& length) {
   length = 0;
   do {
     const std::string_view text(buffer_.data() + first_, last_ - first_);
-    const std::size_t found =
-        end_ == LineEnd::Cr ? text.find('\r', length) : text.find_first_of("\r\n", length);
+    const std::size_t found = end_ == LineEnd::Cr ? text.find('\r', length) : CrOuLf(text, length);
     if (found != std::string_view::npos) {
       length = found;
       return true;

@@ -257,6 +257,22 @@ TEST(Remplace, ChangesEveryOccurrence) {
   }
 }
 
+TEST(EstUtf8, TellsWholeSequencesFromAllOthers) {
+  const std::string long64(200, 'a');
+  for (const std::string_view text :
+       {"", "plain", "\xC3\xA9t\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\xA6\x94", "\xEF\xBB\xBF"}) {
+    EXPECT_TRUE(EstUtf8(text)) << text;
+    EXPECT_TRUE(EstUtf8(long64 + std::string(text) + long64)) << text;
+  }
+  for (const std::string_view text : {"\xE9t\xE9", "\xC3", "\xE2\x82", "\xC0\x80", "\xED\xA0\x80",
+                                      "\xF4\x90\x80\x80", "\x80", "\xFF"}) {
+    EXPECT_FALSE(EstUtf8(text)) << text;
+    EXPECT_FALSE(EstUtf8(long64 + std::string(text) + long64)) << text;
+    EXPECT_FALSE(EstUtf8(long64 + std::string(text))) << text;
+  }
+  EXPECT_TRUE(EstUtf8(std::string_view("a\0b", 3)));
+}
+
 TEST(EstAscii, FindsTheOneByteThatIsNot) {
   for (std::size_t length = 1; length < 40; ++length) {
     std::string bytes(length, 'a');

@@ -203,6 +203,34 @@ TEST_F(EditionTest, RowsReadBeforeAFailureStay) {
   EXPECT_EQ(state.document.WorkingDb->OpenRecordset("TALPENA")->RecordCount(), 2);
 }
 
+TEST_F(EditionTest, RowsOfASourceStandAtTheEndOfThoseOnShow) {
+  Ouvre(2);
+  state.document.MontreLignes(RowsShown::Filtrees("N1 = 1"));
+  told.clear();
+  class OneRow final : public RowSource {
+   public:
+    explicit OneRow(bool fails) : fails_(fails) {}
+    bool Suivante(std::span<Cell> cells) override {
+      if (row_++ == 1 && fails_) throw TalpenaError(ErrorNumber::Overflow, "Overflow");
+      cells[0] = Cell::Of(std::int64_t{7});
+      return row_ == 1;
+    }
+
+   private:
+    bool fails_;
+    int row_ = 0;
+  };
+  constexpr std::array fields = {Column::N1};
+  OneRow whole(false);
+  EXPECT_EQ(Edition(state.document, "rows").AjouteLignes(fields, whole), 1);
+  EXPECT_EQ(N1(), (Numbers{1, 7}));
+  EXPECT_TRUE(state.document.FichierModifie());
+  OneRow failing(true);
+  EXPECT_THROW(Edition(state.document, "rows").AjouteLignes(fields, failing), TalpenaError);
+  EXPECT_EQ(N1(), (Numbers{1, 7, 7}));
+  EXPECT_FALSE(state.document.WorkingDb->EnTransaction());
+}
+
 TEST_F(EditionTest, ThePositionStaysWithinTheRowsThatAreLeft) {
   Ouvre(3);
   const auto va = [&](std::int64_t position) {

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "coord_commands/adjust.h"
+#include "interchange/import_context.h"
 #include "platform/platform.h"
 #include "shell/process_state.h"
 #include "shell/shell_view.h"
@@ -44,6 +45,7 @@ class Form1 : public QMainWindow,
               public MainWindowView,
               public StorePort,
               public AdjustDialogs,
+              public ImportDialogs,
               public ShellView {
   Q_OBJECT
 
@@ -58,6 +60,7 @@ class Form1 : public QMainWindow,
   void ChangeSplash(QWidget* splash) { splash_ = splash; }
   ShellContext Contexte();
   CommandContext Commandes() { return Contexte().Commandes(); }
+  ImportContext Importations() { return {Commandes(), state_.interchange, *this}; }
 
   /// Runs a command under the common handler, with what is typed in the grid stored before. A
   /// tick of Timer1 and the close box wait until it has ended. False when it did not end well.
@@ -92,6 +95,10 @@ class Form1 : public QMainWindow,
 
   // AdjustDialogs
   bool MontreAjustement() override;
+
+  // ImportDialogs
+  void MontreImportation() override;
+  void MontreImportGarmin(const std::string& fileName, int type) override;
 
   // ShellView
   ScreenSize TailleEcran() const override;

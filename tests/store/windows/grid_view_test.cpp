@@ -2,6 +2,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
+#include <numeric>
+#include <vector>
 
 #include "fakes/dark_palette.h"
 #include "platform/qt/colours.h"
@@ -273,8 +276,8 @@ TEST(GridColours, EveryTextOfTheGridStandsOut) {
   }
 }
 
-TEST(Grid, OpensAMillionRowsAtOnceAndJumpsToTheLast) {
-  ShownGrid g(0);
+/// Fills the grid with rows that have their number in N1.
+void MontreUnMillion(ShownGrid& g) {
   class Million : public RowSource {
    public:
     bool Suivante(std::span<Cell> cells) override {
@@ -291,11 +294,27 @@ TEST(Grid, OpensAMillionRowsAtOnceAndJumpsToTheLast) {
   g.state.document.WorkingDb->InsertRows("TALPENA", columns, million);
   g.state.document.WorkingDb->CommitTrans();
   g.state.document.Data1.Refresh();
+}
+
+TEST(Grid, OpensAMillionRowsAtOnceAndJumpsToTheLast) {
+  ShownGrid g(0);
+  MontreUnMillion(g);
   EXPECT_EQ(g.grid.model()->rowCount(), 1000000);
   QTest::keyClick(&g.grid, Qt::Key_End, Qt::ControlModifier);
   EXPECT_EQ(g.grid.currentIndex().row(), 999999);
   EXPECT_EQ(g.Texte(999999, n1), "1000000");
   EXPECT_EQ(TextePosition(g.state.document.Data1), "1000000/1000000");
+}
+
+// As an import leaves its rows.
+TEST(Grid, ChoosesAMillionRowsThatFollowEachOtherAsOne) {
+  ShownGrid g(0);
+  MontreUnMillion(g);
+  std::vector<Bookmark> rows(999990);
+  std::iota(rows.begin(), rows.end(), 11);
+  g.grid.ChoisitLignes(rows);
+  EXPECT_EQ(g.grid.LignesChoisies(), rows);
+  EXPECT_EQ(g.grid.selectionModel()->selection().size(), 1);
 }
 
 }  // namespace

@@ -1,0 +1,136 @@
+#include "interchange/mapsource_text.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <utility>
+
+#include "common/msg_id_errors.h"
+#include "common/talpena_error.h"
+#include "common/text.h"
+#include "coords/datum.h"
+#include "interchange/import_lines.h"
+
+namespace talpena {
+namespace {
+
+/// The word at the head of a line, in any case.
+bool CommencePar(std::string_view line, std::string_view word) {
+  return EgalSansCasse(PremiersCaracteres(line, word.size()), word);
+}
+
+std::string_view PremierElement(std::string_view line) { return line.substr(0, line.find('\t')); }
+
+std::optional<int> GrilleDe(std::string_view name) {
+  const auto* const found = std::ranges::find_if(
+      GrillesGarmin, [name](std::string_view grid) { return EgalSansCasse(grid, name); });
+  if (found == GrillesGarmin.end()) return {};
+  return static_cast<int>(found - GrillesGarmin.begin());
+}
+
+/// One reading of a file into a text.
+class Reading {
+ public:
+  Reading(ImportFile file, MapSourceText& text) : lines_(std::move(file)), text_(text) {}
+
+  /// False when it is no file of the kind.
+  bool Execute() {
+    std::string_view line = LigneEnTete();
+    if (!CommencePar(line, "GRID")) return false;
+    text_.grid = GrilleDe(SecondElement(line));
+    if (!LitDatum()) return false;
+    if (!LitTitres()) return false;
+    while (lines_.Lit(line)) PrendPoint(line);
+    return true;
+  }
+
+ private:
+  std::string_view LigneEnTete() {
+    const std::string_view line = lines_.LitObligatoire();
+    Montre(line);
+    return line;
+  }
+
+  /// In the header box, which is to be read by people.
+  void Montre(std::string_view line) {
+    constexpr std::size_t characters = 500;
+    constexpr std::int64_t lines = 20;
+    if (lines_.Numero() > lines) return;
+    text_.header.append(PremiersCaracteres(line, characters)).append("\r\n");
+  }
+
+  /// What stands behind the first tab.
+  std::string_view SecondElement(std::string_view line) const {
+    const std::size_t tab = line.find('\t');
+    if (tab == std::string_view::npos) {
+      const TalpenaError error(ErrorNumber::SubscriptOutOfRange, "Subscript out of range",
+                               {.text = MsgId::LigneSansNom});
+      throw error.SurLigne(lines_.Numero());
+    }
+    return PremierElement(line.substr(tab + 1));
+  }
+
+  /// The datum is on the second line, or else on the third.
+  bool LitDatum() {
+    std::string_view line = LigneEnTete();
+    fiveLines_ = !CommencePar(line, "DATUM");
+    if (fiveLines_) line = LigneEnTete();
+    if (!CommencePar(line, "DATUM")) return false;
+    text_.datum = GpsDatumVersCode(SecondElement(line));
+    return true;
+  }
+
+  /// The line behind that of the datum is any text in the layout of five lines; in the other one
+  /// all that is empty is passed over.
+  bool LitTitres() {
+    if (fiveLines_) LigneEnTete();
+    std::string_view line = lines_.LitObligatoire();
+    while (!fiveLines_ && Rogne(line).empty()) {
+      Montre(line);
+      line = lines_.LitObligatoire();
+    }
+    if (!EgalSansCasse(PremierElement(line), "HEADER")) return false;
+    PrendTitres(SansDernier(line));
+    return true;
+  }
+
+  void PrendTitres(std::string_view line) {
+    constexpr std::ptrdiff_t most = 1000;
+    if (std::ranges::count(line, '\t') >= most) {
+      const TalpenaError error(ErrorNumber::TooManyFields, "Too many fields defined",
+                               {.text = MsgId::TropDeColonnes, .about = {std::to_string(most)}});
+      throw error.SurLigne(lines_.Numero());
+    }
+    if (!line.empty()) text_.captions = Decoupe(line, '\t');
+  }
+
+  /// Without the last element: in the layout of five lines whatever it is, in the other one where
+  /// it is nothing but a tab at the end of the line.
+  std::string_view SansDernier(std::string_view line) const {
+    const std::size_t tab = line.rfind('\t');
+    if (tab == std::string_view::npos) return fiveLines_ ? std::string_view() : line;
+    return fiveLines_ || tab + 1 == line.size() ? line.substr(0, tab) : line;
+  }
+
+  void PrendPoint(std::string_view line) {
+    if (line.find('\t') == std::string_view::npos) return;
+    if (!EgalSansCasse(PremierElement(line), "WAYPOINT")) return;
+    text_.items.Ajoute(SansDernier(line), lines_.Numero());
+  }
+
+  ImportLines lines_;
+  MapSourceText& text_;
+  bool fiveLines_ = false;
+};
+
+}  // namespace
+
+void RempliLV(ImportFile file, const std::string& path, MapSourceText& text) {
+  text.header = path + "\r\n";
+  text.wrongType = !Reading(std::move(file), text).Execute();
+}
+
+void RempliLV(FileSystem& files, const std::string& path, MapSourceText& text) {
+  RempliLV(OuvreImport(files, path), path, text);
+}
+
+}  // namespace talpena
