@@ -1,5 +1,6 @@
 #include "pictures/gallery.h"
 
+#include <QComboBox>
 #include <array>
 
 #include "analysis/windows/frm_options_periodes.h"
@@ -10,6 +11,7 @@
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
+#include "interchange/windows/options_export.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/frm_cartes_options.h"
 #include "shell/windows/frm_aide.h"
@@ -39,6 +41,13 @@ std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
   auto help = std::make_unique<frmAide>(c.state, c.io, std::make_shared<HelpPlace>());
   if (help->Ouvre()) help->Montre(QStringLiteral("table.html#erase"));
   return help;
+}
+
+/// With X and Y, so that both notices stand in it.
+std::unique_ptr<QWidget> CreeOptionsExport(const GalleryContext& c) {
+  auto options = std::make_unique<OptionsExport>(c.state, c.io);
+  options->findChild<QComboBox*>(QStringLiteral("cmbSystem"))->setCurrentIndex(1);
+  return options;
 }
 
 /// With the last map or, before the first, with that of the sample's region; as it is without one
@@ -74,6 +83,7 @@ constexpr std::array windows = {
     GalleryWindow{"about",   [](Context c) -> Window { return std::make_unique<frmEastern>(c.state); }},
     GalleryWindow{"adjust",  [](Context c) -> Window { return std::make_unique<Ajustement>(c.state); }},
     GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
+    GalleryWindow{"export",  CreeOptionsExport},
     GalleryWindow{"help",    CreeAide},
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
     GalleryWindow{"map", CreeCarte},

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "coord_commands/adjust.h"
+#include "interchange/export_dialogs.h"
 #include "platform/platform.h"
 #include "shell/process_state.h"
 #include "shell/shell_view.h"
@@ -44,6 +45,7 @@ class Form1 : public QMainWindow,
               public MainWindowView,
               public StorePort,
               public AdjustDialogs,
+              public ExportDialogs,
               public ShellView {
   Q_OBJECT
 
@@ -92,6 +94,9 @@ class Form1 : public QMainWindow,
 
   // AdjustDialogs
   bool MontreAjustement() override;
+
+  // ExportDialogs
+  bool MontreOptionsExport() override;
 
   // ShellView
   ScreenSize TailleEcran() const override;
