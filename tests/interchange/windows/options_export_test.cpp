@@ -122,9 +122,10 @@ TEST_F(OptionsExportTest, SaysWhereXAndYComeFromWhileTheyAreWritten) {
   EXPECT_FALSE(notice.isVisible());
   Systeme().setCurrentIndex(1);
   EXPECT_TRUE(notice.isVisible());
-  EXPECT_EQ(notice.text(),
-            "X and Y take the coordinates of each row as standing on the datum that the row "
-            "names.");
+  EXPECT_EQ(
+      notice.text(),
+      "X and Y are computed as if the latitude and longitude of a row stood on the datum of that "
+      "row.");
   EXPECT_EQ(Systeme().accessibleDescription(), notice.text());
   QTest::qWait(0);
   EXPECT_EQ(window->size(), before) << "the notice has its room already";
