@@ -76,7 +76,7 @@ inline std::string Lit(const std::filesystem::path& path) {
 inline bool PresqueEgal(const std::string& a, const std::string& b) {
   if (a.size() != b.size()) return false;
   std::size_t different = 0;
-  for (std::size_t i = 0; i < a.size(); ++i) different += a[i] != b[i] ? 1 : 0;
+  for (std::size_t i = 0; i < a.size(); ++i) different += a[i] != b[i] ? 1U : 0U;
   return different < a.size() / 10000;
 }
 

@@ -8,6 +8,7 @@ import sys
 import tempfile
 
 import editor
+import exports
 import faults
 import kills
 import maps
@@ -19,7 +20,7 @@ from driver import Scenario, wait_for, xdotool
 SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
 SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
-             + waits.SCENARIOS + kills.SCENARIOS + faults.SCENARIOS)
+             + waits.SCENARIOS + kills.SCENARIOS + faults.SCENARIOS + exports.SCENARIOS)
 
 
 def inside(binary, name):
