@@ -295,7 +295,9 @@ TEST_F(ExportFailure, OfTheDiskAtEveryStageLeavesTheFormerFileAndSaysSo) {
           continue;
         }
         EXPECT_EQ(folder.Noms(), former ? Texts{"out.txt"} : Texts{});
-        if (former) EXPECT_EQ(LitFichier(path), "former");
+        if (former) {
+          EXPECT_EQ(LitFichier(path), "former");
+        }
         ASSERT_FALSE(boxes.empty());
         EXPECT_TRUE(boxes.back().starts_with("Error " + std::to_string(c.number) + "\n" + c.words))
             << boxes.back();

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "common/numbers.h"
+#include "common/talpena_error.h"
 #include "coords/datum.h"
 #include "coords/lambert.h"
 #include "coords/test_catalogue.h"

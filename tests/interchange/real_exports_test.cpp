@@ -24,7 +24,7 @@ class RealExports : public TextExportTest {
 TEST_F(RealExports, HoldAllRowsOfEveryFileWithAndWithoutXAndY) {
   const std::filesystem::path shared = TALPENA_SHARED_DATA;
   if (!std::filesystem::is_directory(shared)) GTEST_SKIP() << shared << " is not there";
-  int files = 0;
+  int found = 0;
   for (const auto& entry : std::filesystem::directory_iterator(shared)) {
     if (entry.path().extension() != ".deg") continue;
     SCOPED_TRACE(entry.path());
@@ -35,9 +35,9 @@ TEST_F(RealExports, HoldAllRowsOfEveryFileWithAndWithoutXAndY) {
       EXPECT_EQ(LignesExportees().size(), rows + 1);
       EXPECT_EQ(Boites(), std::vector<std::string>());
     }
-    ++files;
+    ++found;
   }
-  EXPECT_GT(files, 0);
+  EXPECT_GT(found, 0);
 }
 
 }  // namespace
