@@ -39,7 +39,7 @@ Answer DemandeRemplacement(CommandContext c) {
 std::string DemandeFichier(CommandContext c) {
   std::string folder = DossierDe(c.document().Fichier.NomFichier);
   for (;;) {
-    const std::string path = c.io.dialogues.EnregistreFichier(
+    std::string path = c.io.dialogues.EnregistreFichier(
         {.filter = "Fichiers texte (*.txt)|*.txt", .folder = folder});
     if (path.empty() || !c.io.files.Existe(path)) return path;
     const Answer answer = DemandeRemplacement(c);
