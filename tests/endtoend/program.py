@@ -23,9 +23,27 @@ SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SC
              + waits.SCENARIOS + kills.SCENARIOS + faults.SCENARIOS + exports.SCENARIOS)
 
 
+class WindowManager:
+    """Without one no window has the keys, and no shortcut works. It ends at once when the screen
+    does not answer yet, and is begun anew then."""
+
+    def __init__(self):
+        self.process = None
+        wait_for("the window manager", self.manages)
+
+    def manages(self):
+        if self.process is None or self.process.poll() is not None:
+            self.process = subprocess.Popen(["openbox"], stdout=subprocess.DEVNULL,
+                                            stderr=subprocess.DEVNULL)
+        return xdotool("get_num_desktops") not in ([], ["0"]) and self.process.poll() is None
+
+    def ends(self):
+        self.process.terminate()
+        self.process.wait()
+
+
 def inside(binary, name):
-    manager = subprocess.Popen(["openbox"], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-    wait_for("the window manager", lambda: xdotool("get_num_desktops"))
+    manager = WindowManager()
     import pyatspi
     pyatspi.Registry.getDesktop(0)  # the program joins the accessibility bus when it is up
     scenario = Scenario(binary)
@@ -33,7 +51,7 @@ def inside(binary, name):
         {f.__name__: f for f in SCENARIOS}[name](scenario)
     finally:
         scenario.clean()
-        manager.terminate()
+        manager.ends()
 
 
 def main():

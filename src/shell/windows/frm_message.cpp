@@ -67,7 +67,7 @@ void frmMessage::Affiche(const QString& text, QWidget& under) {
   adjustSize();
   if (cmdAnnuler != nullptr) cmdAnnuler->setEnabled(true);
   move(under.frameGeometry().center() - rect().center());
-  winId();  // there is a window to be put in front from now on
+  create();  // there is a window to be put in front from now on
   windowHandle()->setTransientParent(under.window()->windowHandle());
   show();
   raise();

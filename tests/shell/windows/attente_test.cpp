@@ -69,6 +69,18 @@ TEST(Attente, NothingOfItIsLeftBehindTheWork) {
   EXPECT_FALSE(m.Message().isVisible()) << "nobody is at work";
 }
 
+TEST(Attente, TheControlsOfTheMainWindowStayItsOwnPicture) {
+  Waiting m;
+  {
+    const Busy busy(m.Vue());
+    m.Travaille(100);
+  }
+  for (const QWidget* child : m.form->findChildren<QWidget*>()) {
+    if (child->isWindow()) continue;
+    EXPECT_EQ(child->internalWinId(), 0U) << child->objectName().toStdString();
+  }
+}
+
 TEST(Attente, WorkWithinWorkEndsNothingOfTheWorkAround) {
   Waiting m;
   const Busy outer(m.Vue());

@@ -53,13 +53,19 @@ class FunctionCall {
 
 using Function = void (*)(FunctionCall&);
 
+/// How the work of a function is told of (Connection::Travaille).
+enum class Travail : std::uint8_t {
+  SelonTextes,  ///< as many steps as its texts are long
+  Soi,          ///< the function tells of its steps itself, where they become many
+};
+
 /// Makes a function known to SQLite under `name`. No exception leaves its body.
-template <Function body>
+template <Function body, Travail travail = Travail::SelonTextes>
 void Enregistre(Connection& connection, const char* name, int argumentCount) {
   const auto wrapper = [](sqlite3_context* context, int count, sqlite3_value** values) {
     FunctionCall call(context, count, values);
     try {
-      call.Base().Travaille(call.Longueur());
+      if constexpr (travail == Travail::SelonTextes) call.Base().Travaille(call.Longueur());
       body(call);
     } catch (const TalpenaError& error) {
       call.Base().LaisseErreur(error);

@@ -61,7 +61,7 @@ void Range(FunctionCall& call) {
 }  // namespace
 
 void EnregistreFonctions(Connection& connection) {
-  Enregistre<Like>(connection, "tlp_like", 2);
+  Enregistre<Like, Travail::Soi>(connection, "tlp_like", 2);
   Enregistre<Texte>(connection, "tlp_text", 1);
   Enregistre<TexteSimple>(connection, "tlp_textsingle", 1);
   Enregistre<TexteDate>(connection, "tlp_textdate", 1);
