@@ -43,7 +43,7 @@ class AjusteLignes final : public RowChange {
   }
 
   const LignesFautives& Fautives() const { return faults_; }
-  std::string DatumsInconnus() const { return datums_.TexteInconnus(); }
+  const std::vector<std::string>& DatumsInconnus() const { return datums_.Inconnus(); }
 
  private:
   /// The point of ORIGINAL, where it names one.
@@ -84,12 +84,18 @@ class AjusteLignes final : public RowChange {
   std::string code_;
 };
 
+std::string Jointes(const std::vector<std::string>& codes) {
+  std::string text;
+  for (const std::string& code : codes) text += (text.empty() ? "" : ", ") + code;
+  return text;
+}
+
 std::int16_t DatumDuFichier(CommandContext c) { return c.document().Entete().DatumFichier; }
 
 /// What is left to say once the grid shows its rows again.
 void DitReste(CommandContext c, const AjusteLignes& rows) {
   rows.Fautives().Dit(c);
-  const std::string unknown = rows.DatumsInconnus();
+  const std::string unknown = Jointes(rows.DatumsInconnus());
   if (!unknown.empty()) DitDatumAbsent(c.state, c.io, unknown);
 }
 

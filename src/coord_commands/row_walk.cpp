@@ -56,12 +56,4 @@ std::int16_t DatumsDesLignes::Indice(std::string_view stored) {
   return lastIndex_ = found->second;
 }
 
-std::string DatumsDesLignes::TexteInconnus() const {
-  std::string text;
-  for (const std::string& code : unknown_) {
-    text += (text.empty() ? "" : ", ") + (code.empty() ? std::string("\"\"") : code);
-  }
-  return text;
-}
-
 }  // namespace talpena

@@ -34,9 +34,9 @@ class DatumsDesLignes {
   explicit DatumsDesLignes(const DatumCatalogue& catalogue, DatumCodes codes = DatumCodes::AnyCase)
       : catalogue_(catalogue), codes_(codes) {}
 
-  /// 0 for a code that the catalogue lacks, which TexteInconnus then names.
+  /// 0 for a code that the catalogue lacks, which is then among Inconnus().
   std::int16_t Indice(std::string_view stored);
-  std::string TexteInconnus() const;  ///< "QQQ, ZZZ"; a blank code stands in quotes
+  const std::vector<std::string>& Inconnus() const { return unknown_; }
 
  private:
   const DatumCatalogue& catalogue_;

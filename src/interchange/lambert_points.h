@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "coord_commands/row_walk.h"
 #include "coords/state.h"
@@ -30,8 +31,8 @@ class LambertPoints {
   /// LatLonVersLambertBelge do, and by Overflow (6) beyond 32 bits.
   LambertPoint Calcule(std::string_view datum, float latitude, float longitude);
 
-  /// The codes that the catalogue lacks, each once; "" for none.
-  std::string DatumsInconnus() const { return datums_.TexteInconnus(); }
+  /// The codes that the catalogue lacks, each once.
+  const std::vector<std::string>& DatumsInconnus() const { return datums_.Inconnus(); }
 
  private:
   CoordState& state_;

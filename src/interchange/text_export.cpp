@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "common/msg_id.h"
 #include "common/msg_id_export.h"
@@ -63,8 +64,8 @@ class TextExport {
   /// Writes the file and puts it in its place.
   void Execute() {
     const std::optional<TalpenaError> faute = EcritFichier();
-    const std::string unknown = points_.DatumsInconnus();
-    if (!unknown.empty()) DitDatumAbsent(c_.state, c_.io, unknown);
+    const std::vector<std::string>& unknown = points_.DatumsInconnus();
+    if (!unknown.empty()) DitDatumsAbsents(c_.state, c_.io, unknown);
     if (faute) throw AvecConseil(*faute, MsgId::ExportJusquIci);
   }
 

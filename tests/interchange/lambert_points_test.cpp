@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "coords/datum.h"
@@ -41,7 +44,7 @@ TEST_F(LambertPointsTest, RowsOnBel72AreProjectedAsTheyAre) {
   for (const PointCase& c : pointCases) {
     EXPECT_EQ(points.Calcule(c.datum, c.latitude, c.longitude), c.expected) << c.name;
   }
-  EXPECT_EQ(points.DatumsInconnus(), "");
+  EXPECT_TRUE(points.DatumsInconnus().empty());
 }
 
 TEST_F(LambertPointsTest, RowsOnOtherDatumsAreMovedFirst) {
@@ -66,7 +69,7 @@ TEST_F(LambertPointsTest, CodesAreReadAsTheyAreWrittenWithoutTheirBlanks) {
   EXPECT_EQ(points.Calcule("", 50.45F, 3.95F), LambertPoint{});
   EXPECT_EQ(points.Calcule("     ", 50.45F, 3.95F), LambertPoint{});
   EXPECT_EQ(state.DatumSpherique, Indice("NTF")) << "unknown codes leave it alone";
-  EXPECT_EQ(points.DatumsInconnus(), "wgs84, \"\"");
+  EXPECT_EQ(points.DatumsInconnus(), (std::vector<std::string>{"wgs84", ""}));
 }
 
 TEST_F(LambertPointsTest, ACatalogueWithoutBel72IsTold) {
@@ -74,7 +77,7 @@ TEST_F(LambertPointsTest, ACatalogueWithoutBel72IsTold) {
   state.Catalogue.DatumsSpeciaux.fill(0);
   LambertPoints points(state);
   EXPECT_EQ(points.Calcule("WGS84", 50.45F, 3.95F), LambertPoint{});
-  EXPECT_EQ(points.DatumsInconnus(), "BEL72");
+  EXPECT_EQ(points.DatumsInconnus(), std::vector<std::string>{"BEL72"});
   EXPECT_EQ(state.DatumSpherique, Indice("WGS84"));
 }
 
