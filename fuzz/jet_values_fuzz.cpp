@@ -2,6 +2,7 @@
 #include <cstdint>
 
 #include "check.h"
+#include "common/text.h"
 #include "platform/foreign/jet_values.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {

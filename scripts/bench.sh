@@ -15,6 +15,8 @@ for rows in 100000 1000000; do
     build/bench/bin/$name "$rows"
   done
 done
+echo "== rehearsal_bench"
+build/bench/bin/rehearsal_bench 100000
 echo "== coords_bench"
 build/bench/bin/coords_bench
 echo "== projection_bench"

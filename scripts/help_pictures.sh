@@ -19,11 +19,13 @@ bin=$here/build/$preset/bin
 
 taken=$(mktemp -d)
 # A home of its own, so that nobody's settings change what the windows look like, and always the
-# same, since the preferences show a folder of it.
+# same, since the preferences show a folder of it; with the program in it, since imports show where
+# the examples are.
 home=${TMPDIR:-/tmp}/guide
 mkdir "$home"
+ln -s "$bin" "$home/talpena"
 trap 'rm -rf "$taken" "$home"' EXIT
-HOME=$home XDG_CONFIG_HOME=$home XDG_CACHE_HOME=$home \
+HOME=$home XDG_CONFIG_HOME=$home XDG_CACHE_HOME=$home TALPENA_FOLDER=$home/talpena \
   QT_QPA_PLATFORM=xcb xvfb-run -a -s "-screen 0 1280x800x24" \
   "build/$preset/tools/take_pictures" "$taken" "$bin/samples/talpa_sample.deg"
 

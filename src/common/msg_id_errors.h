@@ -69,4 +69,20 @@ inline constexpr int CommentaireSansCaractere = 377;  // "The comment of the fil
 inline constexpr int ChampsSansCaractere = 378;  // "The definitions of the free fields hold ..."
 inline constexpr int TexteSansCaractere = 379;   // "The character %1 is not in code page 1252; ..."
 
+// Failures of imports.
+inline constexpr int ChampSansNombre = 561;        // "Field %1 holds “%2”, which is no number."
+inline constexpr int ChampTropGrand = 562;         // "Field %1 holds %2, which is too large ..."
+inline constexpr int ChampVide = 563;              // "Field %1 is empty; it has to hold a ..."
+inline constexpr int FicheCoupee = 564;            // "The file ends within a record: field ..."
+inline constexpr int GuillemetOuvert = 565;        // "The double quote that opens field %1 ..."
+inline constexpr int ChampTropLong = 566;          // "Field %1 is longer than %2 MB; look ..."
+inline constexpr int LigneImportTropLongue = 567;  // "The line is longer than %1 MB; this ..."
+inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by another ..."
+
+// Waypoints of receivers.
+inline constexpr int PositionIllisible = 605;  // "The position “%1” of the waypoint “%2” ..."
+inline constexpr int LigneSansNom = 606;       // "Nothing stands behind its first word; look ..."
+inline constexpr int TropDePoints = 607;       // "The file holds more waypoints than can be ..."
+inline constexpr int PointIncalculable = 608;  // "The position “%1” cannot be computed; ..."
+
 }  // namespace talpena::MsgId

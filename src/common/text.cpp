@@ -159,6 +159,24 @@ bool EstAscii(std::string_view bytes) {
   return (seen & highBits) == 0;
 }
 
+bool EstUtf8(std::string_view bytes) {
+  constexpr std::size_t block = 64;
+  while (!bytes.empty()) {
+    const std::string_view some = bytes.substr(0, block);
+    if (EstAscii(some)) {
+      bytes.remove_prefix(some.size());
+      continue;
+    }
+    for (std::size_t read = 0; read < some.size();) {
+      const Decoded d = PremierCaractere(bytes);
+      if (d.character == Malforme) return false;
+      bytes.remove_prefix(d.length);
+      read += d.length;
+    }
+  }
+  return true;
+}
+
 std::size_t CompteCaracteres(std::string_view utf8) {
   std::size_t count = 0;
   for (; !utf8.empty(); ++count) utf8.remove_prefix(PremierCaractere(utf8).length);

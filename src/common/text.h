@@ -21,6 +21,9 @@ std::string Utf8VersCp1252AvecManques(std::string_view text);
 /// True when no byte of the text is 80 (hexadecimal) or above.
 bool EstAscii(std::string_view bytes);
 
+/// True when the text is UTF-8 from end to end, NUL and other controls included.
+bool EstUtf8(std::string_view bytes);
+
 /// Number of characters (code points) of a UTF-8 text; malformed bytes count one each.
 std::size_t CompteCaracteres(std::string_view utf8);
 

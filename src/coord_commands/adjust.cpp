@@ -1,17 +1,16 @@
 #include "coord_commands/adjust.h"
 
-#include <functional>
+#include <optional>
+#include <string_view>
 
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coord_commands/adjust_row.h"
 #include "coord_commands/row_faults.h"
+#include "coord_commands/row_point_reader.h"
 #include "coord_commands/row_walk.h"
 #include "coords/datum.h"
-#include "coords/globe.h"
-#include "coords/original.h"
 #include "coords/snap.h"
-#include "coords/tokens.h"
 #include "platform/commands.h"
 #include "store/edition.h"
 #include "store/filter.h"
@@ -20,13 +19,10 @@
 namespace talpena {
 namespace {
 
-using AjustePoint = std::function<bool(RowPoint&)>;
-
 /// Reads a row, adjusts its point, hands it back as it is stored.
 class AjusteLignes final : public RowChange {
  public:
-  AjusteLignes(CommandContext c, AjustePoint adjust)
-      : state_(c.state), adjust_(std::move(adjust)), datums_(c.state.Catalogue) {}
+  AjusteLignes(CommandContext c, AjustePoint adjust) : points_(c.state, std::move(adjust)) {}
 
   static RowPass Passe() {
     return {{Column::DATUM, Column::ORIGINAL, Column::LATITUDE, Column::LONGITUDE},
@@ -34,74 +30,41 @@ class AjusteLignes final : public RowChange {
   }
 
   bool Modifie(Bookmark row, std::span<const Cell> given, std::span<Cell> changed) override {
-    if (given[1].EstNull()) return false;
-    row_.datum = datums_.Indice(given[0].text);
-    if (row_.datum == 0 || !LitPoint(row, given[1].text) || !PlacePoint(row)) return false;
-    changed[0] = Cell::Of(CinqDecimales(row_.latitude));
-    changed[1] = Cell::Of(CinqDecimales(row_.longitude));
+    std::optional<std::string_view> original;
+    if (!given[1].EstNull()) original = given[1].text;
+    const ReadPoint point = points_.Lit(given[0].text, original);
+    if (point.outcome == ReadPoint::Outcome::Faute) faults_.Note(row, point.faute);
+    if (point.outcome != ReadPoint::Outcome::Point) return false;
+    changed[0] = Cell::Of(point.latitude);
+    changed[1] = Cell::Of(point.longitude);
     return !DejaLa(given[2], changed[0]) || !DejaLa(given[3], changed[1]);
   }
 
   const LignesFautives& Fautives() const { return faults_; }
-  const std::vector<std::string>& DatumsInconnus() const { return datums_.Inconnus(); }
+  const std::vector<std::string>& DatumsInconnus() const { return points_.DatumsInconnus(); }
 
  private:
-  /// The point of ORIGINAL, where it names one.
-  bool LitPoint(Bookmark row, std::string_view stored) {
-    OriginalLisible(stored, original_);
-    const Lecture read =
-        DecodeOriginal(state_, original_, row_.datum, row_.latitude, row_.longitude, code_);
-    if (read == Lecture::Aucun) return false;
-    row_.original = original_;
-    row_.code = code_;
-    const bool there = read == Lecture::Point && RameneSurGlobe(row_.latitude, row_.longitude);
-    if (!there) faults_.Note(row, FauteDeLecture(row_));
-    return there;
-  }
-
-  bool PlacePoint(Bookmark row) {
-    try {
-      if (!adjust_(row_)) return false;
-      if (RameneSurGlobe(row_.latitude, row_.longitude)) return true;
-    } catch (const TalpenaError& error) {
-      if (!EstFauteDeCalcul(error)) throw;
-    }
-    faults_.Note(row, {FauteDeLigne::Cause::SansPlace});
-    return false;
-  }
-
   static bool DejaLa(const Cell& stored, const Cell& value) {
     return stored.kind == Cell::Kind::Real &&
            static_cast<float>(stored.real) == static_cast<float>(value.real);
   }
 
-  CoordState& state_;
-  AjustePoint adjust_;
-  DatumsDesLignes datums_;
+  RowPointReader points_;
   LignesFautives faults_;
-  RowPoint row_;
-  std::string original_;
-  std::string code_;
 };
-
-std::string Jointes(const std::vector<std::string>& codes) {
-  std::string text;
-  for (const std::string& code : codes) text += (text.empty() ? "" : ", ") + code;
-  return text;
-}
 
 std::int16_t DatumDuFichier(CommandContext c) { return c.document().Entete().DatumFichier; }
 
 /// What is left to say once the grid shows its rows again.
-void DitReste(CommandContext c, const AjusteLignes& rows) {
-  rows.Fautives().Dit(c);
-  const std::string unknown = Jointes(rows.DatumsInconnus());
-  if (!unknown.empty()) DitDatumAbsent(c.state, c.io, unknown);
+void DitReste(CommandContext c, const AjusteLignes& rows, SansPlace faults) {
+  if (faults == SansPlace::Dites) rows.Fautives().Dit(c);
+  const std::vector<std::string>& unknown = rows.DatumsInconnus();
+  if (!unknown.empty()) DitDatumsAbsents(c.state, c.io, unknown);
 }
 
 /// Runs `walk` with the rows to adjust; false when it failed, which was shown.
 template <typename Walk>
-bool Ajuste(CommandContext c, AjustePoint adjust, Walk walk) {
+bool Ajuste(CommandContext c, AjustePoint adjust, Walk walk, SansPlace faults = SansPlace::Dites) {
   AjusteLignes rows(c, std::move(adjust));
   try {
     walk(rows);
@@ -110,16 +73,18 @@ bool Ajuste(CommandContext c, AjustePoint adjust, Walk walk) {
     AfficheErreur(c.state, c.io, error);
     return false;
   }
-  DitReste(c, rows);
+  DitReste(c, rows, faults);
   return true;
 }
 
-void AjusteTout(CommandContext c, const std::string& name, AjustePoint adjust) {
+void AjusteTout(CommandContext c, const std::string& name, AjustePoint adjust,
+                SansPlace faults = SansPlace::Dites) {
   if (DatumDuFichier(c) == 0) {
     return DitDatumAbsent(c.state, c.io, c.document().Entete().DatumFichierCode);
   }
-  Ajuste(c, std::move(adjust),
-         [&](AjusteLignes& rows) { ParcourtLignes(c, name, AjusteLignes::Passe(), rows); });
+  Ajuste(
+      c, std::move(adjust),
+      [&](AjusteLignes& rows) { ParcourtLignes(c, name, AjusteLignes::Passe(), rows); }, faults);
 }
 
 /// To the datum of the file alone.
@@ -131,10 +96,13 @@ AjustePoint Recalcule(CommandContext c) {
 
 }  // namespace
 
-void AjusteDegres(CommandContext c, double meshLat, double meshLon) {
-  AjusteTout(c, "Adjust to degrees", [&](RowPoint& row) {
-    return AjusteEnDegres(c.state, row, DatumDuFichier(c), meshLat, meshLon);
-  });
+void AjusteDegres(CommandContext c, double meshLat, double meshLon, SansPlace faults) {
+  AjusteTout(
+      c, "Adjust to degrees",
+      [&](RowPoint& row) {
+        return AjusteEnDegres(c.state, row, DatumDuFichier(c), meshLat, meshLon);
+      },
+      faults);
 }
 
 void AjusteGrades(CommandContext c) {

@@ -7,6 +7,7 @@
 // row as it is: those rows are chosen in the grid and told at the end, in one box. Any other
 // failure takes the whole command back and is shown, not thrown.
 #pragma once
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -22,9 +23,14 @@ class AdjustDialogs {
   virtual bool MontreAjustement() = 0;  ///< Ajustement, modal; false when it was cancelled
 };
 
+/// Whether the rows whose coordinates name no place are chosen in the grid and told. An import,
+/// which tells their number itself, leaves them untold.
+enum class SansPlace : std::uint8_t { Dites, Tues };
+
 /// Snaps to a mesh in decimal degrees; SansMaille (999) leaves an axis alone, so that 999 twice
 /// recomputes all rows on the file's datum.
-void AjusteDegres(CommandContext c, double meshLat, double meshLon);
+void AjusteDegres(CommandContext c, double meshLat, double meshLon,
+                  SansPlace faults = SansPlace::Dites);
 
 /// Snaps to the mesh of 0.2 by 0.4 Paris grades.
 void AjusteGrades(CommandContext c);

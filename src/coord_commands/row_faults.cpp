@@ -77,11 +77,6 @@ std::unordered_map<Bookmark, std::string> Originaux(Document& document,
   return originals;
 }
 
-std::string Raison(std::int16_t langue, const FauteDeLigne& fault) {
-  const std::string text = Texte(langue, textOfCause.at(static_cast<std::size_t>(fault.cause)));
-  return Remplace(text, "%1", StrSimple(static_cast<float>(fault.degres)));
-}
-
 /// The first of them becomes the current row, so that the grid shows it, and all are chosen.
 void MontreDansLaGrille(CommandContext c, const Placee& first, const std::vector<Bookmark>& all) {
   DataControl& data = c.document().Data1;
@@ -97,7 +92,7 @@ std::string LigneDeFaute(std::int16_t langue, const Placee& placed, const std::s
   std::string line =
       Texte(langue, placed.position < 0 ? MsgId::LigneNonMontree : MsgId::LigneFautive);
   line = Remplace(line, "%1", Str(placed.position + 1));
-  line = Remplace(line, "%3", Raison(langue, placed.fault));
+  line = Remplace(line, "%3", TexteDeFaute(langue, placed.fault));
   const std::string_view shown = Rogne(original);
   return Remplace(line, "%2", shown.empty() ? "-" : shown);
 }
@@ -127,6 +122,11 @@ FauteDeLigne FauteDeLecture(const RowPoint& row) {
   }
   if (row.latitude == EchecCoord) return {Cause::Nombres};
   return FauteDuPoint(row.latitude, row.longitude).value_or(FauteDeLigne{Cause::Nombres});
+}
+
+std::string TexteDeFaute(std::int16_t langue, const FauteDeLigne& fault) {
+  const std::string text = Texte(langue, textOfCause.at(static_cast<std::size_t>(fault.cause)));
+  return Remplace(text, "%1", StrSimple(static_cast<float>(fault.degres)));
 }
 
 void LignesFautives::Dit(CommandContext c) const {

@@ -2,6 +2,7 @@
 #pragma once
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -34,6 +35,9 @@ std::optional<FauteDeLigne> FauteDuPoint(double latitude, double longitude);
 
 /// Why the ORIGINAL of a row was read as no point of the globe.
 FauteDeLigne FauteDeLecture(const RowPoint& row);
+
+/// "the latitude 5041.234° lies beyond 90°", in the language of the interface.
+std::string TexteDeFaute(std::int16_t langue, const FauteDeLigne& fault);
 
 class LignesFautives {
  public:

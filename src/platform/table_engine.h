@@ -170,6 +170,10 @@ class Recordset {
   virtual void CancelUpdate() = 0;
   /// The row added last by this recordset.
   virtual Bookmark LastModified() const = 0;
+  /// Adds every row of the source, with one cell per field, checked as by Set, behind the rows that
+  /// the recordset shows: what imports use. A refused row, or a failure of the source, is thrown
+  /// on: the rows before it stay. The cursor does not move. Returns the number of rows added.
+  virtual std::int64_t AjouteLignes(std::span<const int> fields, RowSource& source) = 0;
   /// Hands every row of the pass to `change` and stores what it answers, checked as by Set: what
   /// commands over many rows use. The rows come in no promised order; those deleted meanwhile are
   /// left out. A refused value, or a failure of `change`, is thrown on: the rows changed before

@@ -2,11 +2,13 @@
 #pragma once
 #include <string>
 
+#include "interchange/state.h"
 #include "store/state.h"
 
 namespace talpena {
 
 struct ProcessState : StoreState {
+  InterchangeState interchange;
   std::string DossierRefuse;  ///< working folder that WorkingDir stands in for; "" when it is used
   std::string DossierCartes;  ///< copy of AppDir through which the map windows find their files
   std::string FichierAide;    ///< path of the help file of the current language

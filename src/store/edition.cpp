@@ -123,6 +123,24 @@ Bookmark Edition::AjouteLigne(const Remplissage& remplit) {
   return rows.LastModified();
 }
 
+std::int64_t Edition::AjouteLignes(std::span<const int> fields, RowSource& source) {
+  std::optional<KeptTransaction> own;
+  if (!transaction_) own.emplace(document_.Base());
+  const std::int64_t before = Curseur().RecordCount();
+  const auto note = [&] {
+    if (Curseur().RecordCount() > before) Note(Aspect::Rows);
+  };
+  try {
+    const std::int64_t count = Curseur().AjouteLignes(fields, source);
+    note();
+    if (own) own->Valide();
+    return count;
+  } catch (...) {
+    note();
+    throw;
+  }
+}
+
 Bookmark Edition::AjouteLignesVides(std::int64_t count, const Recordset::Progress& avance) {
   constexpr std::int64_t step = 1000;
   std::optional<Transaction> own;

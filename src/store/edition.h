@@ -35,6 +35,9 @@ class Edition {
   // on. An added row stands at the end of the rows on show, whatever their order and condition.
 
   Bookmark AjouteLigne(const Remplissage& remplit = {});
+  /// Every row of the source, with one cell per field, in one transaction, which ends also when the
+  /// source or a row fails: the rows before it stay. The number of rows.
+  std::int64_t AjouteLignes(std::span<const int> fields, RowSource& source);
   /// Empty rows, in one transaction; `avance` is told now and then how far it came. The bookmark of
   /// the last.
   Bookmark AjouteLignesVides(std::int64_t count, const Recordset::Progress& avance = {});

@@ -11,16 +11,19 @@ import editor
 import exports
 import faults
 import kills
+import lists
 import maps
 import start_stop
 import table
 import waits
+import waypoints
 from driver import Scenario, wait_for, xdotool
 
 SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
 SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
-             + waits.SCENARIOS + kills.SCENARIOS + faults.SCENARIOS + exports.SCENARIOS)
+             + lists.SCENARIOS + waits.SCENARIOS + waypoints.SCENARIOS + kills.SCENARIOS
+             + faults.SCENARIOS + exports.SCENARIOS)
 
 
 class WindowManager:

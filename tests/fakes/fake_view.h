@@ -1,12 +1,14 @@
 // The main window as a list of what it was told.
 #pragma once
 #include <array>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "coord_commands/adjust.h"
 #include "fakes/document_states.h"
+#include "interchange/import_context.h"
 #include "platform/main_window_view.h"
 #include "platform/wait_view.h"
 #include "store/document.h"
@@ -14,7 +16,11 @@
 
 namespace talpena::test {
 
-class FakeView : public MainWindowView, public WaitView, public StorePort, public AdjustDialogs {
+class FakeView : public MainWindowView,
+                 public WaitView,
+                 public StorePort,
+                 public AdjustDialogs,
+                 public ImportDialogs {
  public:
   std::vector<std::string> calls;  ///< every call, as "Name text"
   std::string titre, boxTitre, commentaire, panneauDatum, message;
@@ -23,6 +29,7 @@ class FakeView : public MainWindowView, public WaitView, public StorePort, publi
        grilleVisible = false;
   int periodes = 0;                     ///< how often frmOptionsPeriodes was shown
   bool ajustement = true;               ///< what Ajustement answers
+  std::function<void()> importation;    ///< what is done in frmImportation
   std::vector<Bookmark> selection;      ///< rows chosen in the grid
   std::optional<ColumnRange> colonnes;  ///< columns chosen in the grid
   int colonneCourante = 0;
@@ -61,6 +68,14 @@ class FakeView : public MainWindowView, public WaitView, public StorePort, publi
   void MontreOptionsPeriodes() override { ++periodes, Note("MontreOptionsPeriodes"); }
   void RecalculeCoordonnees() override { Note("RecalculeCoordonnees"); }
   bool MontreAjustement() override { return Note("MontreAjustement"), ajustement; }
+
+  void MontreImportation() override {
+    Note("MontreImportation");
+    if (importation) importation();
+  }
+  void MontreImportGarmin(const std::string& fileName, int type) override {
+    Note("MontreImportGarmin", std::to_string(type) + " " + fileName);
+  }
 
   std::vector<Bookmark> LignesSelectionnees() override { return selection; }
   void ChoisitLignes(const std::vector<Bookmark>& rows) override {

@@ -9,6 +9,7 @@ namespace talpena::test {
 class RefusingRows : public Recordset {
  public:
   std::int64_t PositionDe(Bookmark) const override { Refuse(); }
+  std::int64_t AjouteLignes(std::span<const int>, RowSource&) override { Refuse(); }
   std::int64_t ModifieLignes(const RowPass&, RowChange&) override { Refuse(); }
   std::int64_t RemplitLignes(std::span<const int>, std::span<const Cell>,
                              const Progress&) override {

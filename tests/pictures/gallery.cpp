@@ -1,7 +1,9 @@
 #include "pictures/gallery.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <array>
+#include <utility>
 
 #include "analysis/windows/frm_options_periodes.h"
 #include "analysis/windows/selection_form.h"
@@ -11,7 +13,11 @@
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
+#include "interchange/windows/frm_garmin_options.h"
+#include "interchange/windows/frm_import_garmin.h"
+#include "interchange/windows/frm_importation.h"
 #include "interchange/windows/options_export.h"
+#include "interchange/windows/rehearsal_pane.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/frm_cartes_options.h"
 #include "shell/windows/frm_aide.h"
@@ -75,6 +81,64 @@ std::unique_ptr<QWidget> CreeOptionsCarte(const GalleryContext& c) {
   return std::make_unique<frmCartesOptions>(c.state, c.io, map, options, OngletCartes::Tlp);
 }
 
+std::string ListeDExemple(const GalleryContext& c, const char* name) {
+  return AvecSeparateur(c.state.AppDir) + "samples/import/" + name;
+}
+
+std::string PointsDExemple(const GalleryContext& c) { return ListeDExemple(c, "mapsource.txt"); }
+
+/// What an import would do with a file of the samples is known.
+template <typename Window>
+std::unique_ptr<Window> Repetee(std::unique_ptr<Window> window) {
+  const auto* pane = window->template findChild<RehearsalPane*>();
+  while (!pane->EstFinie()) QCoreApplication::processEvents();
+  return window;
+}
+
+std::unique_ptr<QWidget> CreeImportGarmin(const GalleryContext& c) {
+  auto window = std::make_unique<frmImportGarmin>(c.Commandes(), PointsDExemple(c), 0);
+  window->Charge();
+  return Repetee(std::move(window));
+}
+
+/// The choice that the dialog opens on.
+struct ChoixDExemple {
+  explicit ChoixDExemple(const GalleryContext& c) {
+    choice.FichierImportation = ListeDExemple(c, "deg.txt");
+  }
+  InterchangeState choice;
+};
+
+class ImportationMontree final : private ChoixDExemple, public frmImportation {
+ public:
+  explicit ImportationMontree(const GalleryContext& c)
+      : ChoixDExemple(c), frmImportation(c.state, choice, c.io) {}
+};
+
+std::unique_ptr<QWidget> CreeImportation(const GalleryContext& c) {
+  return Repetee(std::make_unique<ImportationMontree>(c));
+}
+
+/// What the options are looked at with: date and altitude out of columns.
+struct ExempleGarmin {
+  explicit ExempleGarmin(const GalleryContext& c) {
+    RempliLV(c.io.files, PointsDExemple(c), text);
+    items = TousLesPoints(text);
+    options.DateImport = options.AltitudeImport = 2;
+    options.DateField = "Date Modified";
+    options.AltitudeField = "Altitude";
+  }
+  MapSourceText text;
+  std::vector<WaypointChoice> items;
+  objGraminImport options;
+};
+
+class OptionsGarminMontrees final : private ExempleGarmin, public frmGarminOptions {
+ public:
+  explicit OptionsGarminMontrees(const GalleryContext& c)
+      : ExempleGarmin(c), frmGarminOptions(c.state, c.io, options, text, items) {}
+};
+
 using Context = const GalleryContext&;
 using Window = std::unique_ptr<QWidget>;
 
@@ -84,8 +148,11 @@ constexpr std::array windows = {
     GalleryWindow{"adjust",  [](Context c) -> Window { return std::make_unique<Ajustement>(c.state); }},
     GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
     GalleryWindow{"export",  CreeOptionsExport},
+    GalleryWindow{"garmin", CreeImportGarmin},
+    GalleryWindow{"garmin-options", [](Context c) -> Window { return std::make_unique<OptionsGarminMontrees>(c); }},
     GalleryWindow{"help",    CreeAide},
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
+    GalleryWindow{"import", CreeImportation},
     GalleryWindow{"map", CreeCarte},
     GalleryWindow{"map-options", CreeOptionsCarte},
     GalleryWindow{"message", CreeAttente},

@@ -3,7 +3,8 @@
 // starts as the program does, with its data and on the file named, and leaves a PNG picture of each
 // window in FOLDER, in each language, in light and in dark: main_en.png, main_en_dark.png, ... A
 // box that comes up meanwhile is pictured (box_1.png, ...) and closed, so that nobody has to answer
-// it.
+// it. TALPENA_FOLDER in the environment takes the place of the program's folder: paths under it
+// are seen in the pictures.
 #include <QDir>
 #include <QPalette>
 #include <QPixmap>
@@ -117,7 +118,7 @@ int Execute(Application& application, const QString& folder, const std::string& 
   Start splash(state);
   splash.Montre();
 
-  state.AppDir = TALPENA_RUNTIME_DIR;
+  state.AppDir = qEnvironmentVariable("TALPENA_FOLDER", TALPENA_RUNTIME_DIR).toStdString();
   Form1 form(state, io);
   machine.dialogues.SuitLangue(state.Langue);
   machine.dialogues.ChangeParent(&form);

@@ -146,27 +146,4 @@ std::optional<std::string> GuidJet(std::string_view bytes) {
   return out + "}";
 }
 
-bool EstUtf8(std::string_view text) {
-  for (std::size_t i = 0; i < text.size();) {
-    const auto lead = static_cast<unsigned char>(text[i]);
-    const std::size_t length = lead < 0x80    ? 1
-                               : lead < 0xC2  ? 0
-                               : lead < 0xE0  ? 2
-                               : lead < 0xF0  ? 3
-                               : lead <= 0xF4 ? 4
-                                              : 0;
-    if (length == 0 || i + length > text.size()) return false;
-    char32_t c = length == 1 ? lead : lead & (0x7FU >> length);
-    for (std::size_t k = 1; k < length; ++k) {
-      const auto next = static_cast<unsigned char>(text[i + k]);
-      if ((next & 0xC0) != 0x80) return false;
-      c = c << 6 | (next & 0x3F);
-    }
-    constexpr char32_t least[] = {0, 0, 0x80, 0x800, 0x10000};
-    if (c < least[length] || c > 0x10FFFF || (c >= 0xD800 && c < 0xE000)) return false;
-    i += length;
-  }
-  return true;
-}
-
 }  // namespace talpena

@@ -54,7 +54,4 @@ std::optional<double> NumeriqueJet(std::string_view bytes, int scale);
 /// "{00112233-4455-6677-8899-AABBCCDDEEFF}"
 std::optional<std::string> GuidJet(std::string_view bytes);
 
-/// True when a text is well-formed UTF-8.
-bool EstUtf8(std::string_view text);
-
 }  // namespace talpena

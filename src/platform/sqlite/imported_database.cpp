@@ -6,6 +6,7 @@
 
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/errors.h"
+#include "platform/sqlite/rows/insert_source.h"
 #include "platform/sqlite/savepoint.h"
 
 namespace talpena::sqlite {
@@ -176,7 +177,7 @@ void ImportedDatabase::Remplit(TableState& table, RowSource& rows, std::int64_t 
   std::vector<int> fields(table.Definition().fields.size());
   std::iota(fields.begin(), fields.end(), 0);
   CountedRows counted(rows, total, progress_);
-  Insere(table, fields, counted, Check::Foreign);
+  InsereTout(*connection_, table, fields, counted, Check::Foreign);
   point.Valide();
 }
 

@@ -272,39 +272,7 @@ std::int64_t SqliteDatabase::InsertRows(std::string_view table,
                                         RowSource& source) {
   ExigeEcriture();
   const auto state = TrouveTable(table);
-  return Insere(*state, ChampsDe(*state, columns), source, Check::Strict);
-}
-
-// One INSERT ... SELECT: cheaper than a statement a row. OR FAIL keeps the rows before a key that
-// an index refuses.
-std::int64_t SqliteDatabase::Insere(TableState& table, const std::vector<int>& fields,
-                                    RowSource& source, Check check) {
-  std::string names;
-  std::string cells;
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    const std::string cell = "c" + std::to_string(i);
-    const bool binary = StockageDe(table.Def(fields[i]).type) == Storage::Blob;
-    names += (i == 0 ? "" : ", ") + table.ChampSql(fields[i]);
-    cells += (i == 0 ? "" : ", ") + (binary ? "CAST(" + cell + " AS BLOB)" : cell);
-  }
-  const std::int64_t given = connection_->DerniereCleDonnee(table);
-  InsertSource rows(table, fields, source, check, std::numeric_limits<RowKey>::max() - given);
-  Statement insert = connection_->Prepare("INSERT OR FAIL INTO " + table.NomSql() + " (" + names +
-                                          ") SELECT " + cells + " FROM " + SourceTable + "(?1)");
-  insert.LiePointeur(0, static_cast<SourceRows*>(&rows), SourcePointer);
-  const auto note = [&] {
-    table.NoteChangement();
-    if (rows.Nombre() > 0) table.NoteCle(connection_->DerniereCle());
-  };
-  try {
-    insert.Execute();
-  } catch (...) {
-    note();
-    throw;
-  }
-  note();
-  if (rows.failure) std::rethrow_exception(rows.failure);
-  return rows.Nombre();
+  return InsereTout(*connection_, *state, ChampsDe(*state, columns), source, Check::Strict);
 }
 
 void SqliteDatabase::BeginTrans() { connection_->Debut(); }

@@ -47,8 +47,6 @@ class SqliteDatabase : public Database {
   /// The fields of a table that columns name; InvalidArgument, ItemNotFound for wrong ones.
   static std::vector<int> ChampsDe(const TableState& table,
                                    std::span<const std::string_view> columns);
-  std::int64_t Insere(TableState& table, const std::vector<int>& fields, RowSource& source,
-                      Check check);
 
   std::shared_ptr<Connection> connection_;
 

@@ -13,6 +13,7 @@
 
 #include "coord_commands/adjust.h"
 #include "interchange/export_dialogs.h"
+#include "interchange/import_context.h"
 #include "platform/platform.h"
 #include "shell/process_state.h"
 #include "shell/shell_view.h"
@@ -46,6 +47,7 @@ class Form1 : public QMainWindow,
               public StorePort,
               public AdjustDialogs,
               public ExportDialogs,
+              public ImportDialogs,
               public ShellView {
   Q_OBJECT
 
@@ -60,6 +62,7 @@ class Form1 : public QMainWindow,
   void ChangeSplash(QWidget* splash) { splash_ = splash; }
   ShellContext Contexte();
   CommandContext Commandes() { return Contexte().Commandes(); }
+  ImportContext Importations() { return {Commandes(), state_.interchange, *this}; }
 
   /// Runs a command under the common handler, with what is typed in the grid stored before. A
   /// tick of Timer1 and the close box wait until it has ended. False when it did not end well.
@@ -97,6 +100,10 @@ class Form1 : public QMainWindow,
 
   // ExportDialogs
   bool MontreOptionsExport() override;
+
+  // ImportDialogs
+  void MontreImportation() override;
+  void MontreImportGarmin(const std::string& fileName, int type) override;
 
   // ShellView
   ScreenSize TailleEcran() const override;

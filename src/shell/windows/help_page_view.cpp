@@ -1,5 +1,6 @@
 #include "shell/windows/help_page_view.h"
 
+#include <QAbstractTextDocumentLayout>
 #include <QEvent>
 #include <QImage>
 #include <QScrollBar>
@@ -120,6 +121,9 @@ int HelpPageView::LargeurImages() const {
 
 /// Puts the pictures of the page in once more, for another width.
 void HelpPageView::RemetImages() {
+  // A change above the place up to which a long page has been laid out would have all that is below
+  // it taken for done: it had no lines. Held by HelpPageView.ShowsEveryParagraphOfTheGuide.
+  document()->documentLayout()->documentSize();
   for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
     for (auto it = block.begin(); !it.atEnd(); ++it) {
       const QTextImageFormat format = it.fragment().charFormat().toImageFormat();

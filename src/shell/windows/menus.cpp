@@ -10,6 +10,8 @@
 #include "coord_commands/fill.h"
 #include "coords/grid_commands.h"
 #include "interchange/text_export.h"
+#include "interchange/text_import.h"
+#include "interchange/waypoint_commands.h"
 #include "shell/windows/form1.h"
 #include "store/erase_column.h"
 #include "store/file_commands.h"
@@ -22,8 +24,8 @@ namespace {
 constexpr std::string_view menuSeparator = "-";
 
 /// Calls a procedure with what it takes: the window itself, the context of the shell's commands or
-/// of the store's, this with the dialogs of a subsystem, or state and machine; and the index behind
-/// these if it wants to know.
+/// of the store's, this with the dialogs of a subsystem, that of the imports, or state and machine;
+/// and the index behind these if it wants to know.
 template <auto Procedure>
 void Appelle(Form1& form, int index) {
   using P = decltype(Procedure);
@@ -35,6 +37,8 @@ void Appelle(Form1& form, int index) {
     Procedure(form.Commandes(), index);
   } else if constexpr (std::is_invocable_v<P, CommandContext, Form1&, int>) {
     Procedure(form.Commandes(), form, index);
+  } else if constexpr (std::is_invocable_v<P, ImportContext, int>) {
+    Procedure(form.Importations(), index);
   } else if constexpr (std::is_invocable_v<P, CommandContext>) {
     Procedure(form.Commandes());
   } else if constexpr (std::is_invocable_v<P, ShellContext>) {
@@ -80,12 +84,15 @@ constexpr std::array menuExporter = {
     MenuEntry{.control = "MnuExpDB", .index = 4, .caption = "Fichier Excel"},
 };
 constexpr std::array menuImportGarmin = {
-    MenuEntry{.control = "mnuImportGarmin", .index = 0, .caption = "&Waypoints"},
+    MenuEntry{.control = "mnuImportGarmin", .index = 0, .caption = "&Waypoints",
+              .condition = MenuCondition::Rows, .run = Lance<mnuImportGarmin_Click>},
     MenuEntry{.control = "mnuImportGarmin", .index = 1, .caption = "&Tracks"},
 };
 constexpr std::array menuImporter = {
-    MenuEntry{.control = "mnuImport", .index = 0, .caption = "Fichier &Ascii"},
-    MenuEntry{.control = "mnuImport", .index = 1, .caption = "Garmin &PCX5 2.07"},
+    MenuEntry{.control = "mnuImport", .index = 0, .caption = "Fichier &Ascii",
+              .condition = MenuCondition::Rows, .run = Lance<mnuImport_Click>},
+    MenuEntry{.control = "mnuImport", .index = 1, .caption = "Garmin &PCX5 2.07",
+              .condition = MenuCondition::Rows, .run = Lance<mnuImport_Click>},
     MenuEntry{.control = "mnuImport", .index = 2, .caption = "&Garmin Mapsource 4",
               .children = menuImportGarmin},
 };

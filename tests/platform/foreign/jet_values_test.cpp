@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "common/text.h"
+
 namespace talpena {
 namespace {
 

@@ -117,6 +117,7 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
                    "MnuSupprimer", "MnuSelection", "MnuVisAutre", "MnuVisCarte"});
   expected.insert(
       {"MnuExpAsciiMode_0", "MnuExpAsciiMode_1", "MnuExpAsciiMode_2", "MnuExpAsciiMode_3"});
+  expected.insert({"mnuImport_0", "mnuImport_1", "mnuImportGarmin_0"});
   EXPECT_EQ(Actifs(true), expected);
 }
 

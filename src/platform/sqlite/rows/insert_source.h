@@ -1,9 +1,10 @@
-// The rows of an InsertRows on their way through the columns' checks.
+// Rows that are added in bulk, on their way through the columns' checks.
 #pragma once
 #include <string>
 #include <vector>
 
 #include "platform/sqlite/columns.h"
+#include "platform/sqlite/connection.h"
 #include "platform/sqlite/rows/source_table.h"
 #include "platform/table_engine.h"
 
@@ -37,5 +38,10 @@ class InsertSource final : public SourceRows {
   std::vector<Cell> stored_;
   std::vector<std::string> scratch_;
 };
+
+/// Adds every row of a source to a table; the number of rows. Behind a failure, which is thrown on,
+/// the rows before stay.
+std::int64_t InsereTout(Connection& connection, TableState& table, const std::vector<int>& fields,
+                        RowSource& source, Check check);
 
 }  // namespace talpena::sqlite

@@ -46,6 +46,7 @@ class MemoryRecordset final : public Recordset {
   void Update() override { Refuse(); }
   void CancelUpdate() override { Refuse(); }
   Bookmark LastModified() const override { Refuse(); }
+  std::int64_t AjouteLignes(std::span<const int>, RowSource&) override { Refuse(); }
   void Delete() override { Refuse(); }
   std::int64_t ModifieLignes(const RowPass&, RowChange&) override { Refuse(); }
   std::int64_t RemplitLignes(std::span<const int>, std::span<const Cell>,

@@ -47,6 +47,7 @@ class TableRecordset final : public Recordset, private RunningReader {
   void CancelUpdate() override;
   std::int64_t ModifieLignes(const RowPass& pass, RowChange& change) override;
   Bookmark LastModified() const override;
+  std::int64_t AjouteLignes(std::span<const int> fields, RowSource& source) override;
   void Delete() override;
   std::int64_t RemplitLignes(std::span<const int> fields, std::span<const Cell> values,
                              const Progress& avance) override;
@@ -89,6 +90,8 @@ class TableRecordset final : public Recordset, private RunningReader {
   void ExecuteModification(const std::string& sql, RowKey key);
   void Insere();
   void Modifie();
+  std::int64_t CleLaPlusHaute();
+  void MontreAjoutees(std::int64_t before);
   void ExecuteSuppression(std::span<const RowKey> keys);
   std::int64_t Remplit(std::span<const int> fields, std::span<const Cell> values,
                        const Cell* before, const Progress& avance);

@@ -3,6 +3,7 @@
 
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/errors.h"
+#include "platform/sqlite/rows/insert_source.h"
 #include "platform/sqlite/rows/number_reader.h"
 #include "platform/sqlite/rows/row_blocks.h"
 #include "platform/sqlite/rows/table_recordset.h"
@@ -77,6 +78,52 @@ std::int64_t TableRecordset::Remplit(std::span<const int> fields, std::span<cons
     ParCles(statement, ClesDe(*rows_, std::nullopt), execute);
   }
   return count;
+}
+
+std::int64_t TableRecordset::AjouteLignes(std::span<const int> fields, RowSource& source) {
+  ExigeEcriture();
+  VerifieChampsEcrits(fields);
+  for (std::size_t i = 0; i < Fields().size(); ++i) {
+    const FieldDef& field = Fields()[i];
+    const bool given = std::count(fields.begin(), fields.end(), static_cast<int>(i)) > 0;
+    if (field.required && !field.autoIncrement && !given) {
+      throw NullRefuse(table_->Nom(), field.name);
+    }
+  }
+  FinEdition();
+  const std::int64_t before = CleLaPlusHaute();
+  try {
+    const std::int64_t count =
+        InsereTout(*connection_, *table_, {fields.begin(), fields.end()}, source, Check::Strict);
+    MontreAjoutees(before);
+    return count;
+  } catch (...) {
+    MontreAjoutees(before);
+    throw;
+  }
+}
+
+/// 0 without rows.
+std::int64_t TableRecordset::CleLaPlusHaute() {
+  Statement highest =
+      connection_->Prepare("SELECT MAX(" + table_->CleSql() + ") FROM " + table_->NomSql());
+  return highest.Avance() ? highest.Entier(0) : 0;
+}
+
+// New rows have keys above all others, each the next of the one before; the first is more than one
+// above `before` where rows at the end were deleted, since no number is given twice.
+void TableRecordset::MontreAjoutees(std::int64_t before) {
+  const std::int64_t last = CleLaPlusHaute();
+  if (last <= before) return;
+  Statement lowest =
+      connection_->Prepare("SELECT MIN(" + table_->CleSql() + ") FROM " + table_->NomSql() +
+                           " WHERE " + table_->CleSql() + " > ?1");
+  lowest.Lie(0, before);
+  if (!lowest.Avance()) return;
+  for (std::int64_t key = lowest.Entier(0); key <= last; ++key) {
+    rows_->Ajoute(static_cast<RowKey>(key));
+  }
+  lastAdded_ = static_cast<RowKey>(last);
 }
 
 std::int64_t TableRecordset::SupprimeLignes(std::span<const Bookmark> rows) {

@@ -1,0 +1,125 @@
+#include "interchange/rehearsal_words.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "common/error_words.h"
+#include "common/grouped_number.h"
+#include "common/line_breaks.h"
+#include "common/msg_id.h"
+#include "common/numbers.h"
+#include "common/string_table.h"
+#include "common/text.h"
+#include "coord_commands/row_faults.h"
+
+namespace talpena {
+namespace {
+
+using Fate = RehearsedRow::Fate;
+using Outcome = ReadPoint::Outcome;
+
+constexpr std::array<int, RehearsalColumn::Count> titles{
+    MsgId::RepetitionLigne, MsgId::RepetitionSort, MsgId::Periode, MsgId::CoordOriginales,
+    MsgId::Latitude,        MsgId::Longitude,      MsgId::Date,    MsgId::Commentaires};
+
+std::string SansPointParceQue(std::int16_t langue, const RehearsedRow& row) {
+  switch (row.point.outcome) {
+    case Outcome::SansOriginal:
+      return Texte(langue, MsgId::SansOriginal);
+    case Outcome::DatumInconnu:
+      return Remplace(Texte(langue, MsgId::SansSonDatum), "%1", Rogne(row.datum));
+    case Outcome::Faute:
+      return TexteDeFaute(langue, row.point.faute);
+    default:
+      return Texte(langue, MsgId::OriginalSansLieu);
+  }
+}
+
+std::string SortEnMots(std::int16_t langue, const RehearsedRow& row) {
+  switch (row.fate) {
+    case Fate::Omise:
+      return Remplace(Texte(langue, MsgId::SortOmise), "%1", Texte(langue, row.dropped));
+    case Fate::SansPoint:
+      return Remplace(Texte(langue, MsgId::SortSansPoint), "%1", SansPointParceQue(langue, row));
+    case Fate::Loin:
+      return Texte(langue, MsgId::SortLoin);
+    default:
+      return Texte(langue, MsgId::SortEntre);
+  }
+}
+
+/// What stands in one cell of a line.
+std::string EnCellule(std::string_view text) { return Remplace(SurUneLigne(text), "\t", " "); }
+
+}  // namespace
+
+RehearsalCells TitresRepetition(std::int16_t langue) {
+  RehearsalCells cells;
+  std::ranges::transform(titles, cells.begin(), [&](int title) { return Texte(langue, title); });
+  return cells;
+}
+
+RehearsalCells CellulesRepetition(std::int16_t langue, const RehearsedRow& row) {
+  RehearsalCells cells;
+  cells[RehearsalColumn::Line] = Str(row.line);
+  cells[RehearsalColumn::Fate] = SortEnMots(langue, row);
+  if (row.fate == Fate::Omise) return cells;
+  cells[RehearsalColumn::Period] = Str(std::int64_t{row.period});
+  cells[RehearsalColumn::Original] = row.original;
+  if (row.point.outcome == Outcome::Point) {
+    cells[RehearsalColumn::Latitude] = Format(row.point.latitude, "0.00000");
+    cells[RehearsalColumn::Longitude] = Format(row.point.longitude, "0.00000");
+  }
+  cells[RehearsalColumn::Date] = row.date;
+  cells[RehearsalColumn::Comment] = row.comment;
+  return cells;
+}
+
+RehearsalCells CellulesArret(std::int16_t langue, const TalpenaError& failure) {
+  RehearsalCells cells;
+  const std::int64_t line = failure.words().line;
+  if (line != 0) cells[RehearsalColumn::Line] = Str(line);
+  cells[RehearsalColumn::Fate] =
+      Remplace(Texte(langue, MsgId::SortFin), "%1", EnCellule(DescriptionErreur(langue, failure)));
+  return cells;
+}
+
+std::string ComptesEnMots(std::int16_t langue, const Rehearsal& rehearsal) {
+  const RehearsalCounts& counts = rehearsal.Comptes();
+  const std::array<std::int64_t, 4> numbers{counts.enter, counts.dropped, counts.withoutPoint,
+                                            counts.far};
+  std::string text = Texte(langue, MsgId::RepetitionComptes);
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    text = Remplace(text, "%" + std::to_string(i + 1), NombreGroupe(langue, numbers[i]));
+  }
+  const std::int64_t skipped = rehearsal.Lignes().NonGardees();
+  if (skipped > 0) {
+    text += " " + Remplace(Texte(langue, MsgId::RepetitionNonGardees), "%1",
+                           NombreGroupe(langue, skipped));
+  }
+  if (rehearsal.EstLue()) return text;
+  const auto percent = static_cast<std::int64_t>(rehearsal.Part() * 100);
+  return Remplace(Texte(langue, MsgId::RepetitionLecture), "%1", Str(percent)) + " " + text;
+}
+
+std::string ArretEnMots(std::int16_t langue, const TalpenaError& failure) {
+  return Remplace(Texte(langue, MsgId::RepetitionArret), "%1", DescriptionErreur(langue, failure));
+}
+
+std::string ConseilEnMots(std::int16_t langue, const SystemHint& hint) {
+  const int words = hint.beginning ? MsgId::RepetitionConseilDebut : MsgId::RepetitionConseil;
+  std::string text = Texte(langue, words);
+  text =
+      Remplace(text, "%1", Texte(langue, MsgId::PremierTypeImport + static_cast<int>(hint.system)));
+  text = Remplace(text, "%2", NombreGroupe(langue, hint.near));
+  return Remplace(text, "%3", NombreGroupe(langue, hint.rows));
+}
+
+std::string EnLigne(const RehearsalCells& cells) {
+  std::string line;
+  for (const std::string& cell : cells)
+    line += (&cell == cells.data() ? "" : "\t") + EnCellule(cell);
+  return line;
+}
+
+}  // namespace talpena

@@ -1,0 +1,37 @@
+// The commands that bring waypoints of receivers into the table.
+#pragma once
+#include <cstdint>
+#include <string>
+
+#include "interchange/garmin_options.h"
+#include "interchange/import_context.h"
+#include "interchange/mapsource_reader.h"
+#include "interchange/mapsource_text.h"
+
+namespace talpena {
+
+/// `mnuImport` 1: asks for a .wpt file; each of its lines becomes a row on the default datum, and
+/// the rows get their coordinates. Failures are shown, not thrown; rows added before one stay.
+void ImportGarmin(CommandContext c);
+
+/// `mnuImportGarmin` 0: asks for a text of MapSource and shows it (frmImportGarmin). Tracks, 1, are
+/// not read.
+void mnuImportGarmin_Click(ImportContext c, int index);
+
+/// Asks for a file and shows frmImportGarmin over it.
+/// @param type  0 for a file of MapSource
+void ImportMapSource(ImportContext c, std::int16_t type);
+
+/// For frmImportGarmin on load: the options at their first values, and the file. A type other than
+/// 0 is told as not available and gives an empty text; so are a wrong file type and any failure,
+/// with what was read until then.
+MapSourceText ChargeImportGarmin(const SharedState& state, Platform& io, const std::string& path,
+                                 std::int16_t type, objGraminImport& options);
+
+/// For button 0 of frmImportGarmin, `options` being as the settings have them: the checked
+/// waypoints become rows, and the rows get their coordinates. A missing altitude field is told
+/// once. Failures are shown, not thrown; rows added before one stay. The dialog closes behind it.
+void ImportMapSource(CommandContext c, const MapSourceText& text, const MapSourceChoice& choice,
+                     const objGraminImport& options);
+
+}  // namespace talpena

@@ -1,0 +1,214 @@
+#include "interchange/windows/rehearsal_pane.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QTableView>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <array>
+
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "interchange/rehearsal_words.h"
+#include "interchange/windows/rehearsal_model.h"
+#include "platform/qt/controls.h"
+
+namespace talpena {
+namespace {
+
+constexpr qint64 sliceMs = 10, textsEveryMs = 100;
+constexpr int linesShown = 6;
+/// Characters that the columns have room for; the last one takes what is left.
+constexpr std::array<int, RehearsalColumn::Count> columnCharacters{7, 30, 8, 24, 11, 11, 12, 20};
+
+QLabel* Etiquette(QWidget* parent, const QString& name) {
+  auto* label = Nomme(new QLabel(parent), name);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  return label;
+}
+
+}  // namespace
+
+RehearsalPane::RehearsalPane(StoreState& state, QWidget* parent)
+    : QWidget(parent),
+      state_(state),
+      model_(new RehearsalModel(state, this)),
+      timer_(new QTimer(this)),
+      lblTitreRepetition(Nomme(new QLabel(this), "lblTitreRepetition")),
+      lblComptes(Etiquette(this, "lblComptes")),
+      lblArret(Etiquette(this, "lblArret")),
+      lblConseil(Etiquette(this, "lblConseil")),
+      lblNotes(Etiquette(this, "lblNotes")),
+      lstRepetition(Nomme(new QTableView(this), "lstRepetition")),
+      cmdProbleme(Nomme(new QPushButton(this), "cmdProbleme")),
+      cmdCopier(Nomme(new QPushButton(this), "cmdCopier")) {
+  setObjectName("RehearsalPane");
+  lblTitreRepetition->setFont(EnGras(font()));
+  lblTitreRepetition->setBuddy(lstRepetition);
+  lblArret->setFont(EnGras(font()));
+  lblConseil->setFont(EnGras(font()));
+  ConstruitTable();
+  Dispose();
+  auto* next = new QShortcut(Qt::Key_F8, this);
+  connect(next, &QShortcut::activated, this, &RehearsalPane::VaAuProbleme);
+  connect(cmdProbleme, &QPushButton::clicked, this, &RehearsalPane::VaAuProbleme);
+  connect(cmdCopier, &QPushButton::clicked, this, &RehearsalPane::CopieTout);
+  connect(timer_, &QTimer::timeout, this, &RehearsalPane::Travaille);
+  AppliqueLangue();
+}
+
+RehearsalPane::~RehearsalPane() = default;
+
+void RehearsalPane::ConstruitTable() {
+  lstRepetition->setModel(model_);
+  lstRepetition->setSelectionBehavior(QAbstractItemView::SelectRows);
+  lstRepetition->setTabKeyNavigation(false);
+  lstRepetition->setWordWrap(false);
+  lstRepetition->setAlternatingRowColors(true);
+  lstRepetition->verticalHeader()->hide();
+  lstRepetition->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  const int line = fontMetrics().height() + fontMetrics().leading() + 6;
+  lstRepetition->verticalHeader()->setDefaultSectionSize(line);
+  lstRepetition->setMinimumHeight((linesShown + 1) * line);
+  QHeaderView* header = lstRepetition->horizontalHeader();
+  header->setStretchLastSection(true);
+  header->setHighlightSections(false);
+  for (std::size_t i = 0; i < columnCharacters.size(); ++i) {
+    header->resizeSection(static_cast<int>(i),
+                          columnCharacters[i] * fontMetrics().averageCharWidth());
+  }
+  auto* copies = new QShortcut(QKeySequence::Copy, lstRepetition);
+  copies->setContext(Qt::WidgetShortcut);
+  connect(copies, &QShortcut::activated, this, &RehearsalPane::CopieChoisies);
+}
+
+void RehearsalPane::Dispose() {
+  auto* head = new QHBoxLayout;
+  head->addWidget(lblTitreRepetition, 1);
+  head->addWidget(cmdProbleme);
+  head->addWidget(cmdCopier);
+  auto* layout = new QVBoxLayout(this);
+  layout->setContentsMargins(0, 0, 0, 0);
+  layout->addLayout(head);
+  for (QLabel* label : {lblComptes, lblArret, lblConseil, lblNotes}) layout->addWidget(label);
+  layout->addWidget(lstRepetition, 1);
+}
+
+void RehearsalPane::AppliqueLangue() {
+  const auto texte = [this](int id) { return EnQt(Texte(state_.Langue, id)); };
+  lblTitreRepetition->setText(texte(MsgId::Repetition));
+  lstRepetition->setAccessibleName(texte(MsgId::Repetition));
+  cmdProbleme->setText(texte(MsgId::ProblemeSuivant) + " (F8)");
+  cmdCopier->setText(texte(MsgId::RepetitionCopie));
+  for (QPushButton* button : {cmdProbleme, cmdCopier}) button->setAccessibleName(button->text());
+  model_->AppliqueLangue();
+  MontreTextes();
+}
+
+void RehearsalPane::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) AppliqueLangue();
+}
+
+void RehearsalPane::Repete(RehearsalPlan plan) {
+  Arrete();
+  rehearsal_ = std::make_unique<Rehearsal>(state_, state_.document.Entete().DatumFichier,
+                                           state_.document.Base(), std::move(plan));
+  model_->Montre(rehearsal_.get());
+  MontreTextes();
+  timer_->start(0);
+}
+
+void RehearsalPane::Arrete() {
+  timer_->stop();
+  model_->Montre(nullptr);
+  rehearsal_.reset();
+  MontreTextes();
+}
+
+void RehearsalPane::MontreNotes(const std::vector<std::string>& notes) {
+  notes_.clear();
+  for (const std::string& note : notes) notes_ += (notes_.empty() ? "" : "\n") + note;
+  MontreTextes();
+}
+
+bool RehearsalPane::EstFinie() const { return rehearsal_ && !timer_->isActive(); }
+
+void RehearsalPane::Travaille() {
+  QElapsedTimer slice;
+  slice.start();
+  const bool more = rehearsal_->Travaille([&] { return slice.elapsed() < sliceMs; });
+  if (!more) timer_->stop();
+  model_->Suit();
+  if (!more || !sinceTexts_.isValid() || sinceTexts_.elapsed() >= textsEveryMs) MontreTextes();
+}
+
+/// A label without a text takes no room.
+void RehearsalPane::MontreTexte(QLabel& label, const std::string& text) {
+  const QString shown = EnQt(text);
+  if (label.text() != shown) label.setText(shown);
+  label.setVisible(!text.empty());
+}
+
+void RehearsalPane::MontreTextes() {
+  sinceTexts_.start();
+  const std::int16_t langue = state_.Langue;
+  std::string notes = notes_, ends, hint;
+  if (rehearsal_ && rehearsal_->Arret()) ends = ArretEnMots(langue, *rehearsal_->Arret());
+  if (rehearsal_ && rehearsal_->Conseil()) hint = ConseilEnMots(langue, *rehearsal_->Conseil());
+  if (rehearsal_ && state_.document.Entete().DatumFichier == 0) {
+    notes += (notes.empty() ? "" : "\n") + Texte(langue, MsgId::RepetitionSansDatum);
+  }
+  MontreTexte(*lblComptes, rehearsal_ ? ComptesEnMots(langue, *rehearsal_)
+                                      : Texte(langue, MsgId::RepetitionSansFichier));
+  MontreTexte(*lblArret, ends);
+  MontreTexte(*lblConseil, hint);
+  MontreTexte(*lblNotes, notes);
+  cmdProbleme->setEnabled(model_->ProchainProbleme(0) >= 0);
+  cmdCopier->setEnabled(rehearsal_ != nullptr);
+}
+
+void RehearsalPane::VaAuProbleme() {
+  const QModelIndex current = lstRepetition->currentIndex();
+  const int row = model_->ProchainProbleme(current.isValid() ? current.row() + 1 : 0);
+  if (row < 0) return;
+  lstRepetition->setFocus();
+  lstRepetition->selectRow(row);
+  lstRepetition->scrollTo(model_->index(row, 0), QAbstractItemView::PositionAtCenter);
+}
+
+QString RehearsalPane::LignesEnTexte(int first, int last) const {
+  std::string text;
+  for (int row = first; row <= last; ++row) text += EnLigne(model_->Cellules(row)) + "\n";
+  return EnQt(text);
+}
+
+void RehearsalPane::CopieTout() {
+  QString text;
+  for (const QLabel* label : {lblComptes, lblArret, lblConseil, lblNotes}) {
+    if (!label->text().isEmpty()) text += label->text() + "\n";
+  }
+  text += EnQt(EnLigne(TitresRepetition(state_.Langue))) + "\n";
+  QApplication::clipboard()->setText(text + LignesEnTexte(0, model_->rowCount() - 1));
+}
+
+void RehearsalPane::CopieChoisies() {
+  QItemSelection chosen = lstRepetition->selectionModel()->selection();
+  std::ranges::sort(chosen, {}, &QItemSelectionRange::top);
+  QString text;
+  for (const QItemSelectionRange& rows : chosen) {
+    text += LignesEnTexte(rows.top(), rows.bottom());
+  }
+  if (!text.isEmpty()) QApplication::clipboard()->setText(text);
+}
+
+}  // namespace talpena

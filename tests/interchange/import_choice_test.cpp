@@ -1,0 +1,265 @@
+#include "interchange/import_choice.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "common/numbers.h"
+#include "interchange/rehearsal.h"
+#include "interchange/rehearsal_words.h"
+#include "store/coords_world.h"
+
+namespace talpena::test {
+namespace {
+
+constexpr std::int16_t english = 1000;
+constexpr const char* path = "/data/list.txt";
+
+class ImportChoiceTest : public ::testing::Test, protected CoordsWorld {
+ protected:
+  ImportChoiceTest() {
+    state.Langue = english;
+    state.DatumSpherique = state.Catalogue.DatumEur;
+    state.DatumUtm = state.Catalogue.DatumEur;
+  }
+  ImportChoice Choix() { return {state, interchange, io}; }
+  ImportChoice ChoixDe(const std::string& bytes, CoordSystem system = CoordSystem::Deg) {
+    files.Pose(path, bytes);
+    interchange.FichierImportation = path;
+    interchange.TypeImportation = static_cast<std::int16_t>(system);
+    return Choix();
+  }
+  std::unique_ptr<Rehearsal> Repete(const ImportChoice& choice) {
+    auto r = std::make_unique<Rehearsal>(state, state.document.Entete().DatumFichier,
+                                         state.document.Base(), *choice.Plan());
+    while (r->Travaille([] { return true; })) {
+    }
+    return r;
+  }
+
+  InterchangeState interchange;
+};
+
+TEST_F(ImportChoiceTest, ListsTheSixteenSystemsInEveryLanguage) {
+  const auto captions = Choix().Systemes();
+  EXPECT_EQ(captions[0], "Decimal Degrees");
+  EXPECT_EQ(captions[3], "Alphanumeric UTM (MGRS)");
+  EXPECT_EQ(captions[13], "Lambert France II étendu");
+  EXPECT_EQ(captions[15], "Lambert Sud Maroc");
+  for (const std::int16_t langue : std::array<std::int16_t, 4>{0, 3000, 4000, 5000}) {
+    state.Langue = langue;
+    for (const std::string& caption : Choix().Systemes()) EXPECT_FALSE(caption.empty());
+  }
+}
+
+TEST_F(ImportChoiceTest, TellsTheStructureExpectedOfEachSystem) {
+  const auto structures = Choix().StructureAttendue();
+  const std::string angles = "Period,Latitude,Longitude,Number_1,Number_2,Date,Comment";
+  const std::string letters = "Period,Lettre,Eastern,Northern,Number_1,Number_2,Date,Comment";
+  const std::string metres = "Period,X,Y,Number_1,Number_2,Date,Comment";
+  const ImportChoice::Texts expected{
+      angles,
+      angles,
+      "Period,Fuseau,Eastern,Northern,Number_1,Number_2,Date,Comment",
+      "Period,Fuseau+Zone+E+N,Number_1,Number_2,Date,Comment",
+      angles,
+      letters,
+      letters,
+      metres,
+      "Period,IFBL,Number_1,Number_2,Date,Comment",
+      metres,
+      metres,
+      metres,
+      metres,
+      metres,
+      metres,
+      metres};
+  EXPECT_EQ(structures, expected);
+}
+
+TEST_F(ImportChoiceTest, OpensOnTheChoiceOfBefore) {
+  const ImportChoice choice = ChoixDe("a\nb\nc\nd\n", CoordSystem::Lmb);
+  EXPECT_EQ(choice.Indice(), 7);
+  EXPECT_EQ(choice.Fichier(), path);
+  EXPECT_EQ(choice.Apercu(), "a\rb\rc");
+}
+
+TEST_F(ImportChoiceTest, OpensQuietlyWhenTheFileOfBeforeIsGone) {
+  interchange.FichierImportation = "/data/gone.txt";
+  const ImportChoice choice = Choix();
+  EXPECT_EQ(choice.Apercu(), "");
+  ASSERT_TRUE(choice.Plan());
+  EXPECT_TRUE(Repete(choice)->Arret());
+}
+
+TEST_F(ImportChoiceTest, OkHandsTheChoiceOver) {
+  ImportChoice choice = Choix();
+  files.Pose(path, "1,2,3\n");
+  dialogues.paths = {path};
+  EXPECT_TRUE(choice.Parcourt());
+  choice.ChoisitSysteme(5);
+  choice.Ok();
+  EXPECT_EQ(interchange.TypeImportation, 5);
+  EXPECT_EQ(interchange.FichierImportation, path);
+  EXPECT_EQ(interchange.Variable, "5");
+}
+
+TEST_F(ImportChoiceTest, CancelKeepsTheSystemAndTheFileOfBefore) {
+  interchange.FichierImportation = "/data/before.txt";
+  ImportChoice choice = Choix();
+  files.Pose(path, "1,2,3\n");
+  dialogues.paths = {path};
+  choice.Parcourt();
+  choice.ChoisitSysteme(9);
+  choice.Annule();
+  EXPECT_EQ(interchange.TypeImportation, 9);
+  EXPECT_EQ(interchange.FichierImportation, "/data/before.txt");
+  EXPECT_EQ(interchange.Variable, "-1");
+}
+
+TEST_F(ImportChoiceTest, OkWithoutAFileHandsOverNone) {
+  ImportChoice choice = Choix();
+  EXPECT_FALSE(choice.Plan());
+  choice.Ok();
+  EXPECT_EQ(interchange.FichierImportation, "");
+  EXPECT_EQ(interchange.Variable, "0");
+}
+
+TEST_F(ImportChoiceTest, AsksForTextFilesInFrenchAndOffersTheFileOfBefore) {
+  ImportChoice choice = ChoixDe("a\n");
+  state.Langue = english;
+  dialogues.paths = {""};
+  EXPECT_FALSE(choice.Parcourt()) << "Cancel";
+  ASSERT_EQ(dialogues.fileDialogs.size(), 1U);
+  EXPECT_EQ(dialogues.fileDialogs[0].filter,
+            "Fichiers texte (*.txt)|*.txt|Tous les fichiers (*.*)|*.*");
+  EXPECT_EQ(dialogues.fileDialogs[0].name, path);
+  EXPECT_EQ(choice.Fichier(), path);
+}
+
+TEST_F(ImportChoiceTest, AnEmptyFileIsToldAndStaysChosen) {
+  ImportChoice choice = ChoixDe("before\n");
+  files.Pose("/data/empty.txt", "");
+  dialogues.paths = {"/data/empty.txt"};
+  EXPECT_TRUE(choice.Parcourt());
+  const auto told = Boites();
+  ASSERT_EQ(told.size(), 1U);
+  EXPECT_TRUE(told[0].starts_with("Error 62\n")) << told[0];
+  EXPECT_EQ(choice.Fichier(), "/data/empty.txt");
+  EXPECT_EQ(choice.Apercu(), "");
+}
+
+TEST_F(ImportChoiceTest, OneLineLeavesTheOthersOfThePreviewEmpty) {
+  EXPECT_EQ(ChoixDe("only\n").Apercu(), "only\r\r");
+}
+
+TEST_F(ImportChoiceTest, NoticesThatTheFileChanges) {
+  ImportChoice choice = ChoixDe("a\n");
+  EXPECT_FALSE(choice.FichierAChange());
+  files.Pose(path, "b\n");
+  EXPECT_TRUE(choice.FichierAChange());
+  EXPECT_EQ(choice.Apercu(), "b\r\r");
+  EXPECT_FALSE(choice.FichierAChange());
+  files.Supprime(path);
+  EXPECT_TRUE(choice.FichierAChange());
+  EXPECT_EQ(choice.Apercu(), "");
+  EXPECT_FALSE(choice.FichierAChange());
+}
+
+TEST_F(ImportChoiceTest, NamesTheDatumThatTheRowsWillGet) {
+  ImportChoice choice = Choix();
+  const auto& catalogue = state.Catalogue;
+  const std::string name = catalogue.Datum(catalogue.DatumEur).name;
+  EXPECT_EQ(choice.Notes(), Lines{"These rows get the datum " + name + " (EUR-M)."});
+  choice.ChoisitSysteme(static_cast<int>(CoordSystem::Lmb));
+  ASSERT_EQ(choice.Notes().size(), 1U);
+  EXPECT_TRUE(choice.Notes()[0].ends_with("(BEL72).")) << choice.Notes()[0];
+}
+
+TEST_F(ImportChoiceTest, SaysThatFrenchAndMoroccanRowsGetTheBelgianDatum) {
+  ImportChoice choice = Choix();
+  for (int i = 0; i < CoordSystemCount; ++i) {
+    choice.ChoisitSysteme(i);
+    const auto notes = choice.Notes();
+    EXPECT_EQ(notes.size(), i >= 9 ? 2U : 1U) << i;
+    if (i >= 9) {
+      EXPECT_NE(notes[1].find("BEL72"), std::string::npos);
+    }
+  }
+}
+
+TEST_F(ImportChoiceTest, SaysThatTheCatalogueLacksTheDatum) {
+  state.DatumSpherique = 0;
+  state.DatumSpheriqueCode = "QQQ";
+  EXPECT_EQ(
+      Choix().Notes(),
+      Lines{"The catalogue lacks the datum QQQ of these rows, so they stay without a point."});
+}
+
+TEST_F(ImportChoiceTest, RehearsesTheFileThatItNames) {
+  const auto r = Repete(ChoixDe("*a comment\n1,50.5,4.5,1,1,1998/07/14,Spa\n2,95,4,0,0,,\n"));
+  EXPECT_EQ(r->Comptes(), (RehearsalCounts{2, 0, 1, 1}));
+  const RehearsalCells first = CellulesRepetition(english, r->Lignes().Ligne(0));
+  EXPECT_EQ(first[RehearsalColumn::Line], "2");
+  EXPECT_EQ(first[RehearsalColumn::Original], "deg +50.50000 +004.50000");
+  EXPECT_EQ(first[RehearsalColumn::Comment], "Spa");
+  EXPECT_EQ(CellulesRepetition(english, r->Lignes().Ligne(1))[RehearsalColumn::Fate],
+            "enters without a point: the latitude 95° lies beyond 90°");
+}
+
+// Lambert II etendu read as Lambert II: the rows lie 2000 km off, and the hint names the system.
+TEST_F(ImportChoiceTest, HintsAtTheSystemThatSuitsTheTable) {
+  Montre({{"WGS84", "", "47", "2.3"}, {"WGS84", "", "46.5", "3"}});
+  std::string bytes;
+  for (int i = 0; i < 20; ++i)
+    bytes += "1," + std::to_string(600000 + i * 1000) + ",2200000,1,1,,\n";
+  bytes += "1,600000,1200000,1,1,,\n";
+  const auto r = Repete(ChoixDe(bytes, CoordSystem::Lf2));
+  ASSERT_TRUE(r->Conseil());
+  EXPECT_EQ(r->Conseil()->system, CoordSystem::Lfe);
+  EXPECT_EQ(ConseilEnMots(english, *r->Conseil()),
+            "Read as Lambert France II étendu, 20 of 21 rows lie in the area of this file.");
+}
+
+TEST_F(ImportChoiceTest, HintsAtASystemWhenTheChosenOneCannotReadTheFile) {
+  Montre({{"WGS84", "", "50.5", "4.5"}});
+  const auto r = Repete(ChoixDe("1,50.5,4.5,1,1,,\n1,50.6,4.6,1,1,,\n", CoordSystem::Utm));
+  EXPECT_TRUE(r->Arret());
+  ASSERT_TRUE(r->Conseil());
+  EXPECT_EQ(r->Conseil()->system, CoordSystem::Deg);
+}
+
+TEST_F(ImportChoiceTest, HintsAtNothingWhereTheRowsLieInTheAreaOrThereIsNone) {
+  const std::string bytes = "1,50.5,4.5,1,1,,\n1,50.6,4.6,1,1,,\n";
+  EXPECT_FALSE(Repete(ChoixDe(bytes))->Conseil()) << "an empty table";
+  Montre({{"WGS84", "", "50.5", "4.5"}});
+  EXPECT_FALSE(Repete(ChoixDe(bytes))->Conseil());
+}
+
+TEST_F(ImportChoiceTest, HintsFromTheBeginningOfALongFile) {
+  Montre({{"WGS84", "", "47", "2.3"}});
+  std::string bytes;
+  for (int i = 0; i < 1500; ++i) bytes += "1,600000,2200000,1,1,,\n";
+  const auto r = Repete(ChoixDe(bytes, CoordSystem::Lf2));
+  ASSERT_TRUE(r->Conseil());
+  EXPECT_EQ(ConseilEnMots(english, *r->Conseil()),
+            "Read as Lambert France II étendu, 1,000 of the first 1,000 rows lie in the area of "
+            "this file.");
+}
+
+// A file that another program writes while it is read ends the rehearsal with words, not a crash.
+TEST_F(ImportChoiceTest, TellsThatTheFileChangedUnderItsReading) {
+  std::string bytes;
+  while (bytes.size() < 3 << 20) bytes += "1,50.5,4.5,1,1,,\n";
+  const ImportChoice choice = ChoixDe(bytes);
+  Rehearsal r(state, state.document.Entete().DatumFichier, state.document.Base(), *choice.Plan());
+  while (r.Lignes().Nombre() < 100) r.Travaille([] { return false; });
+  files.Pose(path, "1,50.5,4.5,1,1,,\n");
+  while (r.Travaille([] { return true; })) {
+  }
+  ASSERT_TRUE(r.Arret());
+  EXPECT_EQ(r.Arret()->number(), ErrorNumber::PathFileAccess);
+}
+
+}  // namespace
+}  // namespace talpena::test
