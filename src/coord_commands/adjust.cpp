@@ -1,7 +1,9 @@
 #include "coord_commands/adjust.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/talpena_error.h"
 #include "common/text.h"
