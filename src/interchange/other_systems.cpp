@@ -9,8 +9,7 @@ constexpr std::int64_t sampleRows = 1000;
 
 }  // namespace
 
-OtherSystems::OtherSystems(const RehearsalPlan& plan, RowPointReader& points,
-                           const IsolatedPoints& near)
+OtherSystems::OtherSystems(const RehearsalPlan& plan, RowPointReader& points, const KnownArea& near)
     : plan_(plan), points_(points), near_(near) {}
 
 bool OtherSystems::Avance() {
@@ -40,7 +39,7 @@ bool OtherSystems::LitFiche() {
   if (record.dropped != 0) return true;
   const ReadPoint point = points_.Lit(record.row.datum, record.row.original);
   const bool there = point.outcome == ReadPoint::Outcome::Point;
-  if (there && near_.APresDe(point.latitude, point.longitude)) ++trial_.near;
+  if (there && near_.Contient(SurSphere(point.latitude, point.longitude))) ++trial_.near;
   return true;
 }
 

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "coord_commands/row_point_reader.h"
-#include "interchange/isolated_points.h"
+#include "interchange/known_area.h"
 #include "interchange/rehearsal_plan.h"
 
 namespace talpena {
@@ -23,8 +23,8 @@ struct SystemHint {
 class OtherSystems {
  public:
   /// @param points  reads rows on the datum of the file
-  /// @param near    the points of the table, with ProcheKm as their distance
-  OtherSystems(const RehearsalPlan& plan, RowPointReader& points, const IsolatedPoints& near);
+  /// @param near    where the rows of the table lie
+  OtherSystems(const RehearsalPlan& plan, RowPointReader& points, const KnownArea& near);
 
   /// One row, or the opening of the file; false when there is nothing left to do.
   bool Avance();
@@ -45,7 +45,7 @@ class OtherSystems {
 
   const RehearsalPlan& plan_;
   RowPointReader& points_;
-  const IsolatedPoints& near_;
+  const KnownArea& near_;
   int next_ = -1;  ///< system under trial; -1 is the chosen one
   std::unique_ptr<ImportReader> reader_;
   Trial trial_, chosen_;

@@ -23,12 +23,10 @@ Rehearsal::Rehearsal(const CoordState& state, std::int16_t datumFichier, Databas
     : state_(state),
       plan_(std::move(plan)),
       table_(database),
-      isolated_(LoinKm,
-                [this](IsolatedPoints::Name name, bool alone) {
-                  counts_.far += alone ? 1 : -1;
-                  if (name >= 0) rows_.MarqueLoin(name, alone);
-                }),
-      near_(ProcheKm) {
+      isolated_(LoinKm, [this](IsolatedPoints::Name name, bool alone) {
+        counts_.far += alone ? 1 : -1;
+        if (name >= 0) rows_.MarqueLoin(name, alone);
+      }) {
   if (datumFichier == 0) return;
   points_.emplace(state_, [this, datumFichier](RowPoint& row) {
     return AjusteEnDegres(state_, row, datumFichier, SansMaille, SansMaille);
@@ -94,9 +92,9 @@ void Rehearsal::LitFiche() {
 
 void Rehearsal::ParcourtTable() {
   const bool more = table_.Suivants([this](double latitude, double longitude) {
-    tableHasPoints_ = true;
-    isolated_.Ajoute(latitude, longitude);
-    near_.Ajoute(latitude, longitude);
+    const SpherePoint point = SurSphere(latitude, longitude);
+    isolated_.Ajoute(point);
+    near_.Ajoute(point);
   });
   if (!more) QuitteTable();
 }
@@ -108,7 +106,7 @@ void Rehearsal::QuitteTable() {
 
 void Rehearsal::CommenceEssais() {
   step_ = Step::Essais;
-  if (tableHasPoints_ && points_ && plan_.system && plan_.ouvreEn) {
+  if (!near_.EstVide() && points_ && plan_.system && plan_.ouvreEn) {
     others_.emplace(plan_, *points_, near_);
   }
 }
@@ -134,7 +132,7 @@ void Rehearsal::Ajoute(const ImportRecord& record) {
   const bool kept = rows_.Ajoute(row);
   if (row.fate != Fate::Entre) return;
   const IsolatedPoints::Name name = kept ? rows_.Nombre() - 1 : -rows_.NonGardees();
-  isolated_.AjouteNomme(row.point.latitude, row.point.longitude, name);
+  isolated_.AjouteNomme(SurSphere(row.point.latitude, row.point.longitude), name);
 }
 
 }  // namespace talpena

@@ -9,6 +9,7 @@
 #include "coord_commands/row_point_reader.h"
 #include "coords/state.h"
 #include "interchange/isolated_points.h"
+#include "interchange/known_area.h"
 #include "interchange/other_systems.h"
 #include "interchange/rehearsal_plan.h"
 #include "interchange/rehearsed_rows.h"
@@ -65,9 +66,8 @@ class Rehearsal {
   RehearsalPlan plan_;
   std::optional<RowPointReader> points_;  ///< none when the file has no datum
   TablePoints table_;
-  bool tableHasPoints_ = false;
   IsolatedPoints isolated_;
-  IsolatedPoints near_;
+  KnownArea near_;
   std::unique_ptr<ImportReader> reader_;
   std::optional<OtherSystems> others_;
   Step step_ = Step::Preparation;

@@ -8,7 +8,8 @@
 namespace talpena {
 namespace {
 
-constexpr std::size_t blockBytes = std::size_t{64} << 10;
+/// Blocks and places in them are named by 16 bits.
+constexpr std::size_t blockBytes = (std::size_t{64} << 10) - 1;
 /// Of original, date and comment; lengths are kept in a byte each.
 constexpr std::array<std::size_t, 3> mostBytes{100, 40, 200};
 constexpr std::string_view ellipsis = "…";
@@ -32,7 +33,7 @@ bool RehearsedRows::Ajoute(const RehearsedRow& row) {
     return false;
   }
   Kept kept{};
-  kept.line = row.line;
+  kept.line = static_cast<std::uint32_t>(row.line);
   kept.period = row.period;
   kept.dropped = static_cast<std::int16_t>(row.dropped);
   kept.fate = row.fate;
@@ -58,8 +59,8 @@ void RehearsedRows::GardeTextes(const RehearsedRow& row, Kept& kept) {
     blocks_.emplace_back().reserve(blockBytes);
   }
   std::string& block = blocks_.back();
-  kept.block = static_cast<std::uint32_t>(blocks_.size() - 1);
-  kept.offset = static_cast<std::uint32_t>(block.size());
+  kept.block = static_cast<std::uint16_t>(blocks_.size() - 1);
+  kept.offset = static_cast<std::uint16_t>(block.size());
   for (std::size_t i = 0; i < texts.size(); ++i) {
     kept.lengths[i] = static_cast<std::uint8_t>(texts[i].size());
     block += texts[i];

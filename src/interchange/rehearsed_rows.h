@@ -36,7 +36,7 @@ struct RehearsedRow {
 class RehearsedRows {
  public:
   /// @param room  bytes that rows may take; a quarter more for those with a problem
-  explicit RehearsedRows(std::size_t room = std::size_t{64} << 20) : room_(room) {}
+  explicit RehearsedRows(std::size_t room = std::size_t{88} << 20) : room_(room) {}
 
   /// False when there was no room: the row is not kept.
   bool Ajoute(const RehearsedRow& row);
@@ -51,8 +51,8 @@ class RehearsedRows {
  private:
   /// Original, date and comment stand behind each other in a block.
   struct Kept {
-    std::int64_t line;
-    std::uint32_t block, offset;
+    std::uint32_t line;
+    std::uint16_t block, offset;
     float latitude, longitude;  ///< or the degrees of a fault
     std::int16_t period, dropped;
     std::array<std::uint8_t, 3> lengths;

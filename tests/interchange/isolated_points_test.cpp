@@ -7,6 +7,8 @@
 #include <set>
 #include <vector>
 
+#include "interchange/known_area.h"
+
 namespace talpena {
 namespace {
 
@@ -40,52 +42,52 @@ constexpr double degreeKm = 6371 * 3.14159265358979323846 / 180;
 
 TEST(IsolatedPoints, TheOnlyPointHasNoOthers) {
   Watched w(500);
-  w.points.AjouteNomme(50, 4, 0);
+  w.points.AjouteNomme(SurSphere(50, 4), 0);
   EXPECT_TRUE(w.names.empty());
-  w.points.Ajoute(-33, 151);
+  w.points.Ajoute(SurSphere(-33, 151));
   EXPECT_EQ(w.names, (std::set<IsolatedPoints::Name>{0}));
 }
 
 TEST(IsolatedPoints, AreAloneUntilAnotherComesNear) {
   Watched w(500);
-  w.points.Ajoute(-33, 151);
-  w.points.AjouteNomme(50, 4, 0);
+  w.points.Ajoute(SurSphere(-33, 151));
+  w.points.AjouteNomme(SurSphere(50, 4), 0);
   EXPECT_EQ(w.names, (std::set<IsolatedPoints::Name>{0}));
-  w.points.AjouteNomme(50 + 490 / degreeKm, 4, 1);
+  w.points.AjouteNomme(SurSphere(50 + 490 / degreeKm, 4), 1);
   EXPECT_TRUE(w.names.empty());
   EXPECT_EQ(w.points.Nombre(), 0);
 }
 
 TEST(IsolatedPoints, StayAloneBeyondTheDistance) {
   Watched w(500);
-  w.points.AjouteNomme(50, 4, 0);
-  w.points.AjouteNomme(50 + 501 / degreeKm, 4, 1);
+  w.points.AjouteNomme(SurSphere(50, 4), 0);
+  w.points.AjouteNomme(SurSphere(50 + 501 / degreeKm, 4), 1);
   EXPECT_EQ(w.names.size(), 2U);
 }
 
 TEST(IsolatedPoints, ThoseOfTheTableCountAndAreNeverTold) {
   Watched w(500);
-  w.points.Ajoute(50, 4);
-  w.points.AjouteNomme(51, 5, 0);
-  w.points.AjouteNomme(-33, 151, 1);
+  w.points.Ajoute(SurSphere(50, 4));
+  w.points.AjouteNomme(SurSphere(51, 5), 0);
+  w.points.AjouteNomme(SurSphere(-33, 151), 1);
   EXPECT_EQ(w.names, (std::set<IsolatedPoints::Name>{1}));
-  w.points.Ajoute(-34, 150);
+  w.points.Ajoute(SurSphere(-34, 150));
   EXPECT_TRUE(w.names.empty());
 }
 
 TEST(IsolatedPoints, AreNeighboursAcrossTheDateLineAndThePole) {
   Watched w(500);
-  w.points.AjouteNomme(-17, 179.9, 0);
-  w.points.AjouteNomme(-17, -179.9, 1);
-  w.points.AjouteNomme(89, 10, 2);
-  w.points.AjouteNomme(89, -170, 3);
+  w.points.AjouteNomme(SurSphere(-17, 179.9), 0);
+  w.points.AjouteNomme(SurSphere(-17, -179.9), 1);
+  w.points.AjouteNomme(SurSphere(89, 10), 2);
+  w.points.AjouteNomme(SurSphere(89, -170), 3);
   EXPECT_TRUE(w.names.empty());
 }
 
 TEST(IsolatedPoints, TheSamePlaceTwiceIsNotAlone) {
   Watched w(500);
-  w.points.AjouteNomme(0, 0, 0);
-  w.points.AjouteNomme(0, 0, 1);
+  w.points.AjouteNomme(SurSphere(0, 0), 0);
+  w.points.AjouteNomme(SurSphere(0, 0), 1);
   EXPECT_TRUE(w.names.empty());
 }
 
@@ -100,7 +102,7 @@ TEST(IsolatedPoints, AgreeWithTheComparisonOfAllPairs) {
     for (int i = 0; i < count; ++i) {
       const Point p{std::asin(any(random)) * 180 / 3.14159265358979, any(random) * 180};
       points.push_back(p);
-      w.points.AjouteNomme(p.latitude, p.longitude, i);
+      w.points.AjouteNomme(SurSphere(p.latitude, p.longitude), i);
     }
     for (int i = 0; i < count; ++i) {
       double nearest = 1e9;
@@ -115,13 +117,32 @@ TEST(IsolatedPoints, AgreeWithTheComparisonOfAllPairs) {
   }
 }
 
-TEST(IsolatedPoints, KnowWhetherAnyIsNear) {
-  IsolatedPoints points(100);
-  EXPECT_FALSE(points.APresDe(50, 4));
-  points.Ajoute(50, 4);
-  EXPECT_TRUE(points.APresDe(50, 4));
-  EXPECT_TRUE(points.APresDe(50 + 98 / degreeKm, 4));
-  EXPECT_FALSE(points.APresDe(50 + 102 / degreeKm, 4));
+TEST(KnownArea, HoldsWhatIsNearAndNotWhatIsFar) {
+  KnownArea area;
+  EXPECT_TRUE(area.EstVide());
+  EXPECT_FALSE(area.Contient(SurSphere(50, 4)));
+  area.Ajoute(SurSphere(50, 4));
+  EXPECT_FALSE(area.EstVide());
+  for (int i = 0; i < 360; i += 20) {
+    const double north = std::cos(i * 0.01745) / degreeKm;
+    const double east = std::sin(i * 0.01745) / degreeKm / std::cos(50 * 0.01745);
+    EXPECT_TRUE(area.Contient(SurSphere(50 + 58 * north, 4 + 58 * east))) << i;
+    EXPECT_FALSE(area.Contient(SurSphere(50 + 213 * north, 4 + 213 * east))) << i;
+  }
+}
+
+TEST(KeySet, KnowsWhatWasPutIn) {
+  KeySet keys;
+  EXPECT_FALSE(keys.Contient(0));
+  std::set<std::uint64_t> expected;
+  std::mt19937_64 random(3);
+  for (int i = 0; i < 20000; ++i) {
+    const std::uint64_t key = random() % 30000;
+    EXPECT_EQ(keys.Ajoute(key), expected.insert(key).second);
+  }
+  for (std::uint64_t key = 0; key < 30000; ++key) {
+    ASSERT_EQ(keys.Contient(key), expected.contains(key)) << key;
+  }
 }
 
 }  // namespace

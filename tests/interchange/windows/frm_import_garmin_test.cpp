@@ -18,8 +18,7 @@ class FrmImportGarmin : public GarminWindow {
  protected:
   void Ouvre(const std::string& bytes = Texte(), int type = 0) {
     files.Pose("/data/w.txt", bytes);
-    auto window =
-        std::make_unique<frmImportGarmin>(context, "/data/w.txt", type);
+    auto window = std::make_unique<frmImportGarmin>(context, "/data/w.txt", type);
     window->Charge();
     fenetre = std::move(window);
     Montre();
