@@ -69,6 +69,10 @@ inline constexpr int CommentaireSansCaractere = 377;  // "The comment of the fil
 inline constexpr int ChampsSansCaractere = 378;  // "The definitions of the free fields hold ..."
 inline constexpr int TexteSansCaractere = 379;   // "The character %1 is not in code page 1252; ..."
 
+inline constexpr int DossierPlein = 382;      // "The disk of the working folder %1 is full; ..."
+inline constexpr int FusionSansChamps = 383;  // "This file has no free fields, and a merge ..."
+inline constexpr int DatumMdbAbime = 384;     // "DATUM.MDB holds the datums, without which ..."
+
 // Failures of imports.
 inline constexpr int ChampSansNombre = 561;        // "Field %1 holds “%2”, which is no number."
 inline constexpr int ChampTropGrand = 562;         // "Field %1 holds %2, which is too large ..."
