@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <random>
 
 #include "common/numbers.h"
 #include "interchange/rehearsal.h"
@@ -259,6 +260,20 @@ TEST_F(ImportChoiceTest, TellsThatTheFileChangedUnderItsReading) {
   }
   ASSERT_TRUE(r.Arret());
   EXPECT_EQ(r.Arret()->number(), ErrorNumber::PathFileAccess);
+}
+
+// What the reader makes of a file is held elsewhere; here, that its rehearsal ends and counts it.
+TEST_F(ImportChoiceTest, RehearsesAnyBytesInEverySystem) {
+  std::mt19937 random(11);
+  const std::string alphabet = "0123456789.,+-\"* \r\n\x1aSKfs\xe9";
+  Montre({{"WGS84", "", "47", "2.3"}});
+  for (int i = 0; i < CoordSystemCount * 6; ++i) {
+    std::string bytes;
+    for (std::size_t k = random() % 300; k > 0; --k) bytes += alphabet[random() % alphabet.size()];
+    const auto r = Repete(ChoixDe(bytes, static_cast<CoordSystem>(i % CoordSystemCount)));
+    EXPECT_TRUE(r->EstLue());
+    EXPECT_EQ(r->Comptes().enter + r->Comptes().dropped, r->Lignes().Nombre());
+  }
 }
 
 }  // namespace
