@@ -40,6 +40,8 @@ inline bool PermetUtm(const DatumRecord& datum) { return datum.use >= 2; }
 
 /// Beeps and tells message 808 with the codes, one or more in one text, that the catalogue lacks.
 void DitDatumAbsent(const CoordState& state, Platform& io, std::string_view codes);
+/// The same of codes one by one, of which a blank one stands in quotes.
+void DitDatumsAbsents(const CoordState& state, Platform& io, const std::vector<std::string>& codes);
 
 /// Sets DemiGrandAxe, Aplatissement, DemiPetitAxe and EllipsoideCourant to the ellipsoid of a
 /// datum. An index outside the catalogue, of the datum or of its ellipsoid, raises

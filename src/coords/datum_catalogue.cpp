@@ -171,6 +171,15 @@ void DitDatumAbsent(const CoordState& state, Platform& io, std::string_view code
        .icon = Icon::Exclamation});
 }
 
+void DitDatumsAbsents(const CoordState& state, Platform& io,
+                      const std::vector<std::string>& codes) {
+  std::string joined;
+  for (const std::string& code : codes) {
+    joined += (joined.empty() ? "" : ", ") + (code.empty() ? std::string("\"\"") : code);
+  }
+  DitDatumAbsent(state, io, joined);
+}
+
 void ChoisitEllipsoide(DatumCatalogue& catalogue, std::int16_t datum) {
   const std::int16_t id = catalogue.Datum(datum).ellipsoid;
   const EllipsoidRecord& ellipsoid = catalogue.Ellipsoide(id);
