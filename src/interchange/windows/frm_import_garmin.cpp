@@ -121,7 +121,7 @@ void frmImportGarmin::Dispose() {
   layout->addLayout(grid);
   layout->addWidget(halves, 1);
   layout->addWidget(buttons);
-  resize(TailleVisible({fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 44}));
+  resize(TailleVisible({fontMetrics().averageCharWidth() * 180, fontMetrics().height() * 44}));
   LV->setFocus();
 }
 
