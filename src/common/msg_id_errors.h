@@ -68,10 +68,9 @@ inline constexpr int TitreSansCaractere = 376;  // "The title holds the characte
 inline constexpr int CommentaireSansCaractere = 377;  // "The comment of the file holds the ..."
 inline constexpr int ChampsSansCaractere = 378;  // "The definitions of the free fields hold ..."
 inline constexpr int TexteSansCaractere = 379;   // "The character %1 is not in code page 1252; ..."
-
-inline constexpr int DossierPlein = 382;      // "The disk of the working folder %1 is full; ..."
-inline constexpr int FusionSansChamps = 383;  // "This file has no free fields, and a merge ..."
-inline constexpr int DatumMdbAbime = 384;     // "DATUM.MDB holds the datums, without which ..."
+inline constexpr int DossierPlein = 382;         // "The disk of the working folder %1 is full; ..."
+inline constexpr int FusionSansChamps = 383;     // "This file has no free fields, and a merge ..."
+inline constexpr int DatumMdbAbime = 384;        // "DATUM.MDB holds the datums, without which ..."
 
 // Failures of imports.
 inline constexpr int ChampSansNombre = 561;        // "Field %1 holds “%2”, which is no number."
@@ -89,7 +88,7 @@ inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by 
 inline constexpr int PositionIllisible = 605;  // "The position “%1” of the waypoint “%2” ..."
 inline constexpr int LigneSansNom = 606;       // "Nothing stands behind its first word; look ..."
 inline constexpr int TropDePoints = 607;       // "The file holds more waypoints than can be ..."
-inline constexpr int TropDeColonnes = 611;     // "It names more than %1 columns; look whether ..."
 inline constexpr int PointIncalculable = 608;  // "The position “%1” cannot be computed; ..."
+inline constexpr int TropDeColonnes = 611;     // "It names more than %1 columns; look whether ..."
 
 }  // namespace talpena::MsgId
