@@ -69,6 +69,10 @@ inline constexpr int CommentaireSansCaractere = 377;  // "The comment of the fil
 inline constexpr int ChampsSansCaractere = 378;  // "The definitions of the free fields hold ..."
 inline constexpr int TexteSansCaractere = 379;   // "The character %1 is not in code page 1252; ..."
 
+inline constexpr int DossierPlein = 382;      // "The disk of the working folder %1 is full; ..."
+inline constexpr int FusionSansChamps = 383;  // "This file has no free fields, and a merge ..."
+inline constexpr int DatumMdbAbime = 384;     // "DATUM.MDB holds the datums, without which ..."
+
 // Failures of imports.
 inline constexpr int ChampSansNombre = 561;        // "Field %1 holds “%2”, which is no number."
 inline constexpr int ChampTropGrand = 562;         // "Field %1 holds %2, which is too large ..."
@@ -77,6 +81,8 @@ inline constexpr int FicheCoupee = 564;            // "The file ends within a re
 inline constexpr int GuillemetOuvert = 565;        // "The double quote that opens field %1 ..."
 inline constexpr int ChampTropLong = 566;          // "Field %1 is longer than %2 MB; look ..."
 inline constexpr int LigneImportTropLongue = 567;  // "The line is longer than %1 MB; this ..."
+inline constexpr int ImportOriginalTropLong = 646;  // "The original coordinates would be “%1”, ..."
+inline constexpr int ImportDateTropLongue = 647;  // "The date “%1” is longer than its column; ..."
 inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by another ..."
 
 // Waypoints of receivers.

@@ -1,7 +1,9 @@
 #include "coord_commands/adjust.h"
 
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "common/talpena_error.h"
 #include "common/text.h"
@@ -53,19 +55,13 @@ class AjusteLignes final : public RowChange {
   LignesFautives faults_;
 };
 
-std::string Jointes(const std::vector<std::string>& codes) {
-  std::string text;
-  for (const std::string& code : codes) text += (text.empty() ? "" : ", ") + code;
-  return text;
-}
-
 std::int16_t DatumDuFichier(CommandContext c) { return c.document().Entete().DatumFichier; }
 
 /// What is left to say once the grid shows its rows again.
 void DitReste(CommandContext c, const AjusteLignes& rows, SansPlace faults) {
   if (faults == SansPlace::Dites) rows.Fautives().Dit(c);
-  const std::string unknown = Jointes(rows.DatumsInconnus());
-  if (!unknown.empty()) DitDatumAbsent(c.state, c.io, unknown);
+  const std::vector<std::string>& unknown = rows.DatumsInconnus();
+  if (!unknown.empty()) DitDatumsAbsents(c.state, c.io, unknown);
 }
 
 /// Runs `walk` with the rows to adjust; false when it failed, which was shown.

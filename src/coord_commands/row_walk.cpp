@@ -44,8 +44,8 @@ void ParcourtLignes(CommandContext c, const std::string& name, const RowPass& pa
 
 std::int16_t DatumsDesLignes::Indice(std::string_view stored) {
   if (hasLast_ && stored == last_) return lastIndex_;
-  std::string code = Majuscules(Rogne(stored));
-  if (code.empty()) code = "WGS84";
+  std::string code(Rogne(stored));
+  if (codes_ == DatumCodes::AnyCase) code = code.empty() ? "WGS84" : Majuscules(code);
   auto found = known_.find(code);
   if (found == known_.end()) {
     found = known_.emplace(code, ChercheDatum(catalogue_, code)).first;

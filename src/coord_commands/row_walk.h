@@ -22,10 +22,17 @@ void ParcourtLignes(CommandContext c, Edition& edition, const RowPass& pass, Row
 void ParcourtLignes(CommandContext c, const std::string& name, const RowPass& pass,
                     RowChange& change);
 
-/// Indices of datum codes in the catalogue, looked up once each; blank means "WGS84".
+/// How the DATUM of a row is read.
+enum class DatumCodes : std::uint8_t {
+  AnyCase,  ///< without regard to case; blank means "WGS84"
+  AsWritten
+};
+
+/// Indices of datum codes in the catalogue, looked up once each.
 class DatumsDesLignes {
  public:
-  explicit DatumsDesLignes(const DatumCatalogue& catalogue) : catalogue_(catalogue) {}
+  explicit DatumsDesLignes(const DatumCatalogue& catalogue, DatumCodes codes = DatumCodes::AnyCase)
+      : catalogue_(catalogue), codes_(codes) {}
 
   /// 0 for a code that the catalogue lacks, which is then among Inconnus().
   std::int16_t Indice(std::string_view stored);
@@ -33,6 +40,7 @@ class DatumsDesLignes {
 
  private:
   const DatumCatalogue& catalogue_;
+  DatumCodes codes_;
   std::unordered_map<std::string, std::int16_t> known_;
   std::vector<std::string> unknown_;
   std::string last_;

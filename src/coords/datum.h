@@ -22,11 +22,13 @@ constexpr double EnDegres(double radians) { return radians * (180 / Pi10); }
 /// to end.
 struct CatalogueRefused {};
 
-/// Reads DATUM.MDB, named by setting "TLP"/"Datum"/"DB" (default: the program's folder), into
-/// the catalogue, which is emptied first. A missing file is asked for (message 800) and its path
-/// kept in the setting; Cancel throws CatalogueRefused, while the file is read too. Any other
-/// failure is shown and leaves what was read: a number that is Null (94), no number (13) or too
-/// large for its field (6), and whatever the table engine raises.
+/// Where DATUM.MDB should be: setting "TLP"/"Datum"/"DB", by default the program's folder.
+std::string CheminDatums(const CoordState& state, SettingsStore& settings);
+
+/// Reads DATUM.MDB (see CheminDatums) into the catalogue, which is emptied first. A missing file is
+/// asked for (message 800) and its path kept in the setting; Cancel throws CatalogueRefused, while
+/// the file is read too. Any other failure is shown and leaves what was read: a number that is Null
+/// (94), no number (13) or too large for its field (6), and whatever the table engine raises.
 void ChargeDatums(CoordState& state, Platform& io);
 
 /// Index of the first datum with a code, compared trimmed and as it is written; 0 when the
@@ -38,6 +40,8 @@ inline bool PermetUtm(const DatumRecord& datum) { return datum.use >= 2; }
 
 /// Beeps and tells message 808 with the codes, one or more in one text, that the catalogue lacks.
 void DitDatumAbsent(const CoordState& state, Platform& io, std::string_view codes);
+/// The same of codes one by one, of which a blank one stands in quotes.
+void DitDatumsAbsents(const CoordState& state, Platform& io, const std::vector<std::string>& codes);
 
 /// Sets DemiGrandAxe, Aplatissement, DemiPetitAxe and EllipsoideCourant to the ellipsoid of a
 /// datum. An index outside the catalogue, of the datum or of its ellipsoid, raises

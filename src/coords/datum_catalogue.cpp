@@ -1,7 +1,9 @@
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "common/msg_id.h"
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/paths.h"
 #include "common/string_table.h"
@@ -123,7 +125,10 @@ void LitCatalogue(Platform& io, const std::string& path, DatumCatalogue& catalog
     LitEllipsoides(*database, catalogue);
   } catch (const TalpenaError& e) {
     if (e.number() == ErrorNumber::Cancelled) throw CatalogueRefused{};
-    throw;
+    if (e.number() != ErrorNumber::UnrecognizedFormat) throw;
+    ErrorWords words = e.words();
+    words.hint = MsgId::DatumMdbAbime;
+    throw TalpenaError(e.number(), e.description(), std::move(words));
   }
 }
 
@@ -137,11 +142,15 @@ const EllipsoidRecord& DatumCatalogue::Ellipsoide(std::int16_t id) const {
   return Choisit(Ellipsoides, id);
 }
 
+std::string CheminDatums(const CoordState& state, SettingsStore& settings) {
+  const std::string standard = state.AppDir + SeparateurChemin() + "DATUM.MDB";
+  return RendNatif(settings.Lit("TLP", "Datum", "DB", standard));
+}
+
 void ChargeDatums(CoordState& state, Platform& io) {
   state.Catalogue = {};
   ExecuteCommande(state, io, {}, [&] {
-    const std::string standard = state.AppDir + SeparateurChemin() + "DATUM.MDB";
-    std::string path = RendNatif(io.settings.Lit("TLP", "Datum", "DB", standard));
+    std::string path = CheminDatums(state, io.settings);
     if (!io.files.Existe(path)) path = DemandeCatalogue(state, io);
     LitCatalogue(io, path, state.Catalogue);
   });
@@ -160,6 +169,15 @@ void DitDatumAbsent(const CoordState& state, Platform& io, std::string_view code
   io.dialogues.Demande(
       {.text = Texte(state.Langue, MsgId::DatumAbsent) + "\n\n" + std::string(codes),
        .icon = Icon::Exclamation});
+}
+
+void DitDatumsAbsents(const CoordState& state, Platform& io,
+                      const std::vector<std::string>& codes) {
+  std::string joined;
+  for (const std::string& code : codes) {
+    joined += (joined.empty() ? "" : ", ") + (code.empty() ? std::string("\"\"") : code);
+  }
+  DitDatumAbsent(state, io, joined);
 }
 
 void ChoisitEllipsoide(DatumCatalogue& catalogue, std::int16_t datum) {

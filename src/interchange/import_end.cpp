@@ -14,6 +14,7 @@
 #include "common/text.h"
 #include "coord_commands/adjust.h"
 #include "coords/snap.h"
+#include "interchange/column_room.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/edition.h"
@@ -47,6 +48,7 @@ class ImportRows final : public RowSource {
       if (record_.dropped != 0) ++dropped_;
       DitAvance();
     } while (record_.dropped != 0);
+    RefuseTropLong(record_);
     line_ = record_.line;
     const ImportedRow& row = record_.row;
     cells[0] = Cell::Of(std::int64_t{row.period});

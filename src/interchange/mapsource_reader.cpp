@@ -120,14 +120,17 @@ void MapSourceReader::Remplit(std::size_t item, ImportRecord& record) const {
 }
 
 std::string MapSourceReader::Original(std::size_t item) const {
-  const std::string_view position = text_.items.Texte(item, WaypointColumn::Position);
   try {
-    return OriginalDePosition(choice_.grid, position);
+    return OriginalDePosition(choice_.grid, text_.items.Texte(item, WaypointColumn::Position));
   } catch (const TalpenaError& e) {
-    const std::string name(text_.items.Texte(item, WaypointColumn::Name));
-    const TalpenaError named(e.number(), e.description() + ": " + std::string(position),
-                             {.text = MsgId::PositionIllisible,
-                              .about = {std::string(PremiersCaracteres(position, 80)), name}});
+    const auto said = [&](std::size_t column) {
+      constexpr std::size_t characters = 80;
+      return std::string(PremiersCaracteres(text_.items.Texte(item, column), characters));
+    };
+    const std::string position = said(WaypointColumn::Position);
+    const TalpenaError named(
+        e.number(), e.description() + ": " + position,
+        {.text = MsgId::PositionIllisible, .about = {position, said(WaypointColumn::Name)}});
     throw named.SurLigne(text_.items.Ligne(item));
   }
 }

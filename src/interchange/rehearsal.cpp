@@ -1,6 +1,7 @@
 #include "interchange/rehearsal.h"
 
 #include "coords/snap.h"
+#include "interchange/column_room.h"
 
 namespace talpena {
 namespace {
@@ -80,7 +81,10 @@ void Rehearsal::Prepare() {
 void Rehearsal::LitFiche() {
   ImportRecord record;
   fileEnded_ = !reader_->Suivant(record);
-  if (!fileEnded_) Ajoute(record);
+  if (!fileEnded_) {
+    RefuseTropLong(record);
+    Ajoute(record);
+  }
   const bool table =
       step_ == Step::Debut && (fileEnded_ || counts_.enter + counts_.dropped >= firstRows);
   if (table) {

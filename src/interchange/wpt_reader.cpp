@@ -28,7 +28,7 @@ struct AngleColumns {
 constexpr AngleColumns latitudeColumns{'S', 11, 12, 2};
 constexpr AngleColumns longitudeColumns{'W', 23, 24, 3};
 constexpr int datumColumns[] = {31, 45, 59, 73, 87};
-constexpr int datumWidth = 13;
+constexpr int datumFieldWidth = 13;
 
 double Nombre(std::string_view line, int column, int width) {
   return NombreDe(CoupeColonne(line, column, width));
@@ -82,7 +82,7 @@ bool WptReader::LitEnTete() {
 
 void WptReader::LitDatum(std::string_view line) {
   for (std::size_t i = 0; i < shift_.size(); ++i) {
-    shift_[i] = Nombre(line, datumColumns[i], datumWidth);
+    shift_[i] = Nombre(line, datumColumns[i], datumFieldWidth);
   }
 }
 

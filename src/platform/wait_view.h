@@ -30,6 +30,8 @@ class WaitView {
   /// window and the bar come up by themselves. False, once, when the user gave up and the statement
   /// under way may end by the failure Cancelled.
   virtual bool Bat() { return true; }
+  /// What the wait window says when it comes up by itself; empty for the usual words.
+  virtual void NommeTravail(const std::string& text) { static_cast<void>(text); }
   /// True, once, when the user gave up.
   virtual bool EstAbandonne() { return false; }
   /// From now on the user may give up: behind two seconds the wait window has Cancel.

@@ -50,15 +50,19 @@ void CreeBase(Load& l) {
 
 void CreeTable(Load& l) { CreateTable(l.c.document().Base()); }
 
-/// Work that the user may give up while this lives.
+/// Work that the user may give up while this lives, and what the wait window says of it.
 class Abandonnable {
  public:
-  explicit Abandonnable(WaitView& attente) : attente_(attente) {
+  Abandonnable(WaitView& attente, const std::string& text) : attente_(attente) {
+    attente_.NommeTravail(text);
     attente_.PermetAnnulation(Annulation::Instruction);
   }
   Abandonnable(const Abandonnable&) = delete;
   Abandonnable& operator=(const Abandonnable&) = delete;
-  ~Abandonnable() { attente_.PermetAnnulation(Annulation::Aucune); }
+  ~Abandonnable() {
+    attente_.PermetAnnulation(Annulation::Aucune);
+    attente_.NommeTravail({});
+  }
 
  private:
   WaitView& attente_;
@@ -66,7 +70,8 @@ class Abandonnable {
 
 // The catalogue may be an Access file of the user's own, and damaged.
 void LitDatums(Load& l) {
-  const Abandonnable reading(l.c.attente);
+  const Abandonnable reading(l.c.attente, Texte(l.c.state.Langue, MsgId::Ouverture) + "\n" +
+                                              CheminDatums(l.c.state, l.c.io.settings));
   ChargeDatums(l.c.state, l.c.io);
 }
 

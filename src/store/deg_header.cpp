@@ -69,8 +69,16 @@ void LitEnTete(DistributionHeader& entete, const DatumCatalogue& catalogue, DegL
 void LitEnTeteFusion(DistributionHeader& entete, DegLines& lines) {
   LitTexte(lines);
   entete.FreeFieldText = LitTexte(lines);
-  for (std::string line = LitTexte(lines); !EstFin(line); line = LitTexte(lines)) {
-    AjouteTexteChampsLibres(entete, line);
+  // The mark of a file without free fields is taken for their separator, so such a file is read to
+  // its end and is not merged. Held by LitDegTest.CannotMergeAForm2FileWithoutFields.
+  const bool sansChamps = EstFin(entete.FreeFieldText);
+  try {
+    for (std::string line = LitTexte(lines); !EstFin(line); line = LitTexte(lines)) {
+      AjouteTexteChampsLibres(entete, line);
+    }
+  } catch (const TalpenaError& e) {
+    if (!sansChamps) throw;
+    throw TalpenaError(e.number(), e.description(), {.text = MsgId::FusionSansChamps});
   }
   entete.TitreFichier = LitTexte(lines);
 }

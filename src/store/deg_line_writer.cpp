@@ -1,9 +1,6 @@
 #include "store/deg_line_writer.h"
 
-#include <array>
-#include <charconv>
-#include <cmath>
-
+#include "common/decimal_columns.h"
 #include "common/line_breaks.h"
 #include "common/numbers.h"
 #include "common/text.h"
@@ -11,15 +8,10 @@
 namespace talpena {
 namespace {
 
-/// How a coordinate is written.
-struct CoordinateColumns {
-  std::string_view mask;
-  std::size_t integerPlaces;
-  char positiveSign;
-};
-
-constexpr CoordinateColumns latitudeColumns{"+00.00000;-00.00000", 2, '+'};
-constexpr CoordinateColumns longitudeColumns{" 000.00000;-000.00000", 3, ' '};
+// What Format and CadreCoord make of a coordinate: both together take most of the time of a save.
+// Held equal by DegLineWriter.CoordinatesAreWhatTheMaskGives.
+constexpr DegreeColumns latitudeColumns{"+00.00000;-00.00000", 2, '+', ' '};
+constexpr DegreeColumns longitudeColumns{" 000.00000;-000.00000", 3, ' ', ' '};
 
 constexpr std::size_t numberWidth = 5;
 constexpr std::size_t dateWidth = 10;
@@ -27,56 +19,10 @@ constexpr std::size_t sexWidth = 1;
 constexpr std::size_t datumWidth = 5;
 constexpr std::size_t originalWidth = 24;
 
-/// What Format and CadreCoord make of a coordinate, digit by digit: both together take most of
-/// the time of a save. Held equal by DegLineWriter.CoordinatesAreWhatTheMaskGives.
-void AjouteCoordonnee(std::string& bytes, float value, const CoordinateColumns& columns) {
-  constexpr int decimals = 5;
-  constexpr double largest = 1e15;
-  // Exact: 24 bits of a float times the 12 of 3125, the odd part of 100000.
-  const double scaled = std::fabs(static_cast<double>(value)) * 100000;
-  if (!(scaled < largest)) {
-    std::string text = Format(static_cast<double>(value), columns.mask);
-    CadreCoord(text);
-    bytes += text;
-    return;
-  }
-  auto units = static_cast<std::uint64_t>(scaled);
-  if (scaled - static_cast<double>(units) >= 0.5) ++units;
-  const bool negative = value < 0 && units != 0;
-
-  std::array<char, 24> text;
-  char* const end = text.data() + text.size();
-  char* start = end;
-  const auto digit = [&] {
-    *--start = static_cast<char>('0' + units % 10);
-    units /= 10;
-  };
-  for (int i = 0; i < decimals; ++i) digit();
-  *--start = '.';
-  const char* const point = start;
-  do digit();
-  while (units != 0);
-  while (static_cast<std::size_t>(point - start) < columns.integerPlaces) *--start = ' ';
-  *--start = negative ? '-' : columns.positiveSign;
-  bytes.append(start, end);
-}
-
-void AjouteEntier(std::string& bytes, std::int64_t value) {
-  std::array<char, 24> text;
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-  bytes.append(text.data(), end);
-}
-
 /// Five digits whose leading zeros are blank; behind a minus they stay.
 void AjouteNombre(std::string& bytes, std::int32_t value) {
-  std::array<char, 16> digits;
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), std::abs(std::int64_t{value}))
-          .ptr;
-  const auto length = static_cast<std::size_t>(end - digits.data());
-  std::string text(value < 0 ? "-" : "");
-  if (length < numberWidth) text.append(numberWidth - length, '0');
-  text.append(digits.data(), length);
+  std::string text;
+  AjouteEntier(text, value, numberWidth);
   BlanchitZeros(text, 1);
   if (text.back() == ' ') text.back() = '0';
   bytes += text;
@@ -133,8 +79,8 @@ void EcritLigne(std::string& bytes, const DegLine& line, std::vector<LackingChar
   };
   AjouteEntier(bytes, line.period);
   bytes += 'K';
-  AjouteCoordonnee(bytes, line.latitude, latitudeColumns);
-  AjouteCoordonnee(bytes, line.longitude, longitudeColumns);
+  AjouteDegres(bytes, line.latitude, latitudeColumns);
+  AjouteDegres(bytes, line.longitude, longitudeColumns);
   AjouteNombre(bytes, line.n1);
   AjouteNombre(bytes, line.n2);
   texte("DATE", line.date, dateWidth);

@@ -281,13 +281,13 @@ class Load {
            !Ouvert().FiltreActif();
   }
 
-  /// Says of a refused row on which line it stands.
+  /// Says of a refused row on which line it stands. A disk that is full is not the file's.
   static std::int64_t Insere(Edition& edition, const DegFileRows& rows, RowSource& source) {
     try {
       return edition.InsereLignes(DegFileRows::Columns, source);
     } catch (const TalpenaError& e) {
       const std::int64_t line = rows.LigneEnMain();
-      if (line == 0) throw;
+      if (line == 0 || e.number() == ErrorNumber::DiskFull) throw;
       // The texts of a row that no line has given yet are empty.
       const bool cut = e.number() == ErrorNumber::ZeroLength;
       throw cut ? TalpenaError(e.number(), e.SurLigne(line).description(),

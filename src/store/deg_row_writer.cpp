@@ -2,10 +2,9 @@
 
 #include <algorithm>
 
-#include "common/msg_id.h"
-#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "store/row_failures.h"
 
 namespace talpena {
 namespace {
@@ -101,9 +100,7 @@ void DegRowWriter::LitPoint(const Cells& cells, std::int64_t row, float& latitud
       value = Simple(cell);
       return;
     }
-    sink_.Doute(TalpenaError(ErrorNumber::InvalidNull,
-                             "Invalid use of Null: row " + Str(row) + " has no " + name,
-                             {.text = MsgId::LigneSansValeur, .about = {Str(row), name}}));
+    sink_.Doute(RangeeSansValeur(row, name));
   };
   lit(Column::LATITUDE, "LATITUDE", latitude);
   lit(Column::LONGITUDE, "LONGITUDE", longitude);
@@ -167,12 +164,7 @@ void DegRowWriter::Ecrit(const DegLine& line, std::int64_t row) {
   lacking_.clear();
   EcritLigne(bytes_, line, lacking_);
   for (const LackingCharacters& lack : lacking_) {
-    sink_.Tente([&] {
-      const std::string place = Str(row) + ", " + std::string(lack.column);
-      throw TalpenaError(ErrorNumber::NotInCodePage,
-                         "Row " + place + ": not in code page 1252: " + lack.characters,
-                         {.text = MsgId::CaractereAbsent, .about = {place, lack.characters}});
-    });
+    sink_.Tente([&] { throw RangeeHorsPage(row, lack.column, lack.characters); });
   }
   sink_.Tente([&] { sink_.Ecrit(bytes_); });
 }

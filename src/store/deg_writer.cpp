@@ -11,10 +11,20 @@
 namespace talpena {
 namespace {
 
+/// The rows in the order of their groups, on show before they are written: while a statement is
+/// under way the grid reads none.
+void MetEnGroupes(Document& document, DegSink& sink, Busy& busy) {
+  sink.Tente([&] {
+    document.Relie(RowsShown::Groupables());
+    busy.Respire();
+  });
+}
+
 /// The data control's rows, from their own cursor; empty when there are none to write.
-std::unique_ptr<Recordset> PrendLignes(Document& document, DegSink& sink, WriteMode mode) {
+std::unique_ptr<Recordset> PrendLignes(Document& document, DegSink& sink, WriteMode mode,
+                                       Busy& busy) {
   if (!document.Data1.EstLie()) return nullptr;
-  if (mode == WriteMode::Grouped) sink.Tente([&] { document.Relie(RowsShown::Groupables()); });
+  if (mode == WriteMode::Grouped) MetEnGroupes(document, sink, busy);
   std::unique_ptr<Recordset> rows;
   sink.Tente([&] {
     rows = document.Data1.Clone();
@@ -32,7 +42,7 @@ void EcritDeg(CommandContext c, const std::string& fileName, WriteMode mode, con
   SaveQuestions sink(c.state, c.io, c.attente, file);
   try {
     Busy busy(c.attente);
-    const std::unique_ptr<Recordset> rows = PrendLignes(document, sink, mode);
+    const std::unique_ptr<Recordset> rows = PrendLignes(document, sink, mode, busy);
     if (!rows) return;
     sink.Tente([&] { busy.Message(Texte(c.state.Langue, MsgId::Sauvegarde) + "\n" + fileName); });
     sink.TenteJusquaReussite([&] { file.Ouvre(); });

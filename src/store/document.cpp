@@ -68,7 +68,14 @@ void Document::AjusteGrille() { Affiche(&Display::grille, true, Aspect::Grid); }
 void Document::CacheLbl1() { Affiche(&Display::lbl1, false, Aspect::Words); }
 
 void Document::ChangeAvis(const std::string& text) {
+  resultat_ = false;
   if (std::exchange(display_.avis, text) != text) Signale(Aspect::Notice);
+}
+
+void Document::DitResultat(const std::string& text) {
+  if (text.empty() && !resultat_) return;
+  ChangeAvis(text);
+  resultat_ = !text.empty();
 }
 
 void Document::OublieModifications() {
@@ -92,6 +99,12 @@ void Document::ChangeModifie(bool modified) {
   if (std::exchange(modified_, modified) != modified) Signale(Aspect::Modified);
 }
 
-void Document::Signale(Changes changes) { observers_.Signale(changes); }
+void Document::Signale(Changes changes) {
+  if (changes.Touche(Aspect::Rows) && std::exchange(resultat_, false)) {
+    display_.avis.clear();
+    changes |= Aspect::Notice;
+  }
+  observers_.Signale(changes);
+}
 
 }  // namespace talpena

@@ -125,6 +125,9 @@ class Document {
   void AjusteGrille();  ///< shows the grid
   void CacheLbl1();
   void ChangeAvis(const std::string& text);  ///< OublieModifications takes it away
+  /// What a command has come to: the same, which goes too when other rows are on show. "" takes
+  /// such a notice away, and no other.
+  void DitResultat(const std::string& text);
 
  private:
   friend class Edition;
@@ -137,6 +140,7 @@ class Document {
   RowsShown shown_ = RowsShown::Table();
   bool modified_ = false;
   Display display_;
+  bool resultat_ = false;  ///< the notice is one of DitResultat
   Observers<Changes> observers_;
 };
 

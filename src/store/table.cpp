@@ -16,8 +16,11 @@ void CreateTable(Database& database) {
                   {.name = "N2", .type = FieldType::Long},
                   {.name = "SEX", .type = FieldType::Text, .size = 1, .allowZeroLength = true},
                   {.name = "DATUM", .type = FieldType::Text, .size = 5},
-                  {.name = "ORIGINAL", .type = FieldType::Text, .size = 24},
-                  {.name = "DATE", .type = FieldType::Text, .size = 10, .allowZeroLength = true},
+                  {.name = "ORIGINAL", .type = FieldType::Text, .size = Column::LargeurOriginal},
+                  {.name = "DATE",
+                   .type = FieldType::Text,
+                   .size = Column::LargeurDate,
+                   .allowZeroLength = true},
                   {.name = "COMMENT", .type = FieldType::Memo, .allowZeroLength = true}},
        .indexes = {{.name = "PERIOD", .fields = {"PERIOD"}}}});
 }

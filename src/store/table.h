@@ -16,6 +16,8 @@ inline constexpr int Count = 11;
 /// Grid column g shows field g + FirstInGrid; Counter is not shown.
 inline constexpr int FirstInGrid = 1;
 inline constexpr int GridCount = 10;
+/// Characters of ORIGINAL and DATE.
+inline constexpr int LargeurOriginal = 24, LargeurDate = 10;
 }  // namespace Column
 
 /// Builds TALPENA and its index in a fresh working database. The caller shows the hourglass.

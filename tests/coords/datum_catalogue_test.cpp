@@ -192,7 +192,10 @@ TEST_F(ChargeDatumsTest, GivesUpOnAnEmptyName) {
 TEST_F(ChargeDatumsTest, ShowsTheEnginesFailure) {
   tables_.bases.clear();
   ChargeDatums(state_, io_);
-  EXPECT_EQ(Boite(), "Error 3343\nThis file is no database that can be read, or it is damaged.");
+  EXPECT_EQ(Boite(),
+            "Error 3343\nThis file is no database that can be read, or it is damaged.\n"
+            "DATUM.MDB holds the datums, without which no coordinates can be computed; put the one "
+            "of the installation back in its place and start again.");
   EXPECT_EQ(dialogues_.boxes[0].icon, Icon::Exclamation);
   EXPECT_TRUE(state_.Catalogue.Datums.empty());
 }

@@ -8,6 +8,7 @@ import sys
 import tempfile
 
 import editor
+import exports
 import faults
 import kills
 import lists
@@ -22,7 +23,7 @@ SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
 SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
              + lists.SCENARIOS + waits.SCENARIOS + waypoints.SCENARIOS + kills.SCENARIOS
-             + faults.SCENARIOS)
+             + faults.SCENARIOS + exports.SCENARIOS)
 
 
 class WindowManager:

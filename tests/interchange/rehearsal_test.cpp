@@ -113,6 +113,20 @@ TEST_F(RehearsalTest, TellsWhereTheImportWouldEnd) {
   EXPECT_EQ(r.Comptes(), (RehearsalCounts{1, 1, 0, 0}));
 }
 
+// The table would refuse them, which ends the import as a field without a number does.
+TEST_F(RehearsalTest, EndsAtTextsThatTheirColumnsHaveNoRoomFor) {
+  ImportRecord late = Fiche("deg +50.00000 +004.00000");
+  late.row.date = "14 July 1998";
+  for (const ImportRecord& record : {Fiche("deg +50.00000 +41234.00000"), late}) {
+    const Rehearsal& r = Repete(PlanDe({Fiche("deg +50.00000 +004.00000"), record}));
+    EXPECT_EQ(r.Comptes().enter, 1);
+    ASSERT_TRUE(r.Arret());
+    EXPECT_EQ(r.Arret()->number(), ErrorNumber::FieldTooSmall);
+    EXPECT_EQ(r.Arret()->words().line, 2);
+  }
+  EXPECT_FALSE(Repete(PlanDe({FicheOmise(500)})).Arret());
+}
+
 TEST_F(RehearsalTest, TellsThatAFileCannotBeOpened) {
   const Rehearsal& r = Repete({.ouvre = []() -> std::unique_ptr<ImportReader> {
     throw TalpenaError(ErrorNumber::FileNotFound, "File not found");

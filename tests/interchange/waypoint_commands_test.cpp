@@ -259,6 +259,19 @@ TEST(ChargeImportGarmin, ShowsAFailureAndKeepsWhatWasRead) {
   EXPECT_EQ(world.files.ouverts, 0);
 }
 
+TEST(ChargeImportGarmin, TellsAFaultOfTheDisk) {
+  WaypointWorld world;
+  const std::string bytes = head + alpha + beta;
+  world.files.Pose("w", bytes);
+  world.files.bloc = 8;
+  world.files.lectureJusqua = bytes.size() - 1;
+  const MapSourceText text = ChargeImportGarmin(world.state, world.io, "w", 0, world.options);
+  ASSERT_EQ(world.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(world.dialogues.boxes[0].text.substr(0, 8), "Error 57");
+  EXPECT_LE(text.items.Nombre(), 1U);
+  EXPECT_EQ(world.files.ouverts, 0);
+}
+
 TEST(ChargeImportGarmin, StaysEmptyForAnyOtherType) {
   WaypointWorld world;
   const MapSourceText text = ChargeImportGarmin(world.state, world.io, "w", 1, world.options);

@@ -1,5 +1,6 @@
 #include "pictures/gallery.h"
 
+#include <QComboBox>
 #include <QCoreApplication>
 #include <array>
 #include <utility>
@@ -15,6 +16,7 @@
 #include "interchange/windows/frm_garmin_options.h"
 #include "interchange/windows/frm_import_garmin.h"
 #include "interchange/windows/frm_importation.h"
+#include "interchange/windows/options_export.h"
 #include "interchange/windows/rehearsal_pane.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/frm_cartes_options.h"
@@ -45,6 +47,13 @@ std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
   auto help = std::make_unique<frmAide>(c.state, c.io, std::make_shared<HelpPlace>());
   if (help->Ouvre()) help->Montre(QStringLiteral("table.html#erase"));
   return help;
+}
+
+/// With X and Y, so that both notices stand in it.
+std::unique_ptr<QWidget> CreeOptionsExport(const GalleryContext& c) {
+  auto options = std::make_unique<OptionsExport>(c.state, c.io);
+  options->findChild<QComboBox*>(QStringLiteral("cmbSystem"))->setCurrentIndex(1);
+  return options;
 }
 
 /// With the last map or, before the first, with that of the sample's region; as it is without one
@@ -138,6 +147,7 @@ constexpr std::array windows = {
     GalleryWindow{"about",   [](Context c) -> Window { return std::make_unique<frmEastern>(c.state); }},
     GalleryWindow{"adjust",  [](Context c) -> Window { return std::make_unique<Ajustement>(c.state); }},
     GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
+    GalleryWindow{"export",  CreeOptionsExport},
     GalleryWindow{"garmin", CreeImportGarmin},
     GalleryWindow{"garmin-options", [](Context c) -> Window { return std::make_unique<OptionsGarminMontrees>(c); }},
     GalleryWindow{"help",    CreeAide},

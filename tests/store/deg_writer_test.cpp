@@ -188,6 +188,18 @@ TEST_F(GroupedSave, WritesTheWholeFile) {
   EXPECT_EQ(written, LitFichier(TALPENA_SOURCE_DIR "/tests/data/save_grouped.deg"));
 }
 
+TEST_F(GroupedSave, TheRowsAreOnShowInTheirOrderBeforeTheyAreWritten) {
+  AjouteToutes(Rangee{.period = 2, .latitude = 1, .longitude = 2},
+               Rangee{.period = 1, .latitude = 1, .longitude = 2});
+  const Subscription bound = ObserveLignes(state.document, [this](DataControl::Change change) {
+    if (change == DataControl::Change::Rows) vue.calls.emplace_back("rows");
+  });
+  Ecrit(WriteMode::Grouped);
+  EXPECT_EQ(vue.calls,
+            (std::vector<std::string>{"rows", "TraiteMessages", "AfficheMessage Saving...\n" + path,
+                                      "FermeMessage"}));
+}
+
 TEST_F(GroupedSave, CountsTheFirstRowOnce) {
   Ajoute({.period = 1, .latitude = 1, .longitude = 2, .n1 = 3, .n2 = 4, .comment = "c"});
   const auto rows = Groupes();

@@ -1,5 +1,7 @@
-// Saves onto a real disk that fills while they write.
+// A real disk that fills while a save writes onto it, or while the rows of a file come into the
+// working database.
 #include "fakes/tiny_disk.h"
+#include "store/deg_reader.h"
 #include "store/file_commands_fixture.h"
 
 namespace talpena::test {
@@ -108,6 +110,31 @@ TEST_F(TinyDiskSave, ChangesNothingWhereNoFileCanBeMade) {
   EXPECT_EQ(LitFichier(bak), whole);
   EXPECT_EQ(Lignes(LitFichier(path)).size(), 8U + 301U);
   EXPECT_FALSE(state.document.FichierModifie());
+}
+
+/// The working database on a disk with room for some hundred rows.
+class TinyWorkingFolder : public FileCommands {
+ protected:
+  void SetUp() override {
+    if (!disk.Refus().empty()) GTEST_SKIP() << "cannot mount a disk here: " << disk.Refus();
+    PoseFichier(path, 5000);
+    state.WorkingDbPath = disk / "talpena_tmp.mdb";
+    state.document.WorkingDb = engine->CreateDatabase(state.WorkingDbPath, NewDatabase{});
+    CreateTable(*state.document.WorkingDb);
+    Relit();
+  }
+
+  TinyDisk disk{"size=256k"};
+};
+
+TEST_F(TinyWorkingFolder, IsNamedWhenItIsFull) {
+  LitDeg(context, path, MergeMode::Replace);
+  const std::string database = disk / "talpena_tmp.mdb";
+  const std::string folder = database.substr(0, database.rfind('/'));
+  EXPECT_EQ(Boites(), std::vector<std::string>{
+                          "The disk of the working folder " + folder +
+                          " is full; make room on it, or choose another working folder in the "
+                          "preferences."});
 }
 
 }  // namespace

@@ -199,8 +199,10 @@ TEST_F(FileCommands, AMergeThatEndsInTheHeaderKeepsTheName) {
   MnuFusionner_Click(context);
   EXPECT_EQ(dialogues.fileDialogs.at(0).filter, "Distribution (*.deg)|*.deg");
   ASSERT_EQ(dialogues.boxes.size(), 1U);
-  EXPECT_EQ(dialogues.boxes[0].text,
-            "The file ends behind line 11, in its header; it is damaged, or no distribution file.");
+  EXPECT_EQ(
+      dialogues.boxes[0].text,
+      "This file has no free fields, and a merge takes only files that have some; nothing was "
+      "added to the table.");
   EXPECT_EQ(state.document.Fichier.NomFichier, path);
   EXPECT_TRUE(vue.menusActifs);
 }

@@ -245,7 +245,8 @@ void QtDialogues::SuitLangue(const std::int16_t& langue) {
 
 QWidget* QtDialogues::Parent() const {
   if (QWidget* modal = QApplication::activeModalWidget()) return modal;
-  return parent_ ? parent_.data() : QApplication::activeWindow();
+  // Before the main window is up, a box stands in the middle of the screen.
+  return parent_ && parent_->isVisible() ? parent_.data() : QApplication::activeWindow();
 }
 
 Answer QtDialogues::Demande(const MessageBox& box) {

@@ -2,8 +2,22 @@
 
 #include <sqlite3.h>
 
+#include "common/msg_id_errors.h"
+#include "common/paths.h"
+
 namespace talpena::sqlite {
 namespace {
+
+/// A full disk is that of the database, whatever was being read meanwhile.
+TalpenaError DisquePlein(sqlite3* db) {
+  const char* path = db != nullptr ? sqlite3_db_filename(db, "main") : nullptr;
+  if (path == nullptr || *path == 0) return {ErrorNumber::DiskFull, "Disk full."};
+  std::string folder = DossierDe(path);
+  if (folder.size() > 1) folder.pop_back();  // its separator
+  return {ErrorNumber::DiskFull,
+          std::string("Disk full: ") + path,
+          {.text = MsgId::DossierPlein, .about = {folder}}};
+}
 
 std::string EntreApostrophes(std::string_view text) { return "'" + std::string(text) + "'"; }
 
@@ -16,7 +30,6 @@ struct ResultCode {
 // clang-format off
 constexpr ResultCode resultCodes[] = {
     {SQLITE_INTERRUPT, ErrorNumber::Cancelled,         "Cancel was selected."},
-    {SQLITE_FULL,     ErrorNumber::DiskFull,           "Disk full."},
     {SQLITE_IOERR,    ErrorNumber::DeviceFault,        "Device I/O error: the database file cannot be read or written."},
     {SQLITE_READONLY, ErrorNumber::ReadOnly,           "Cannot update. Database or object is read-only."},
     {SQLITE_AUTH,     ErrorNumber::ReadOnly,           "Cannot update. Database or object is read-only."},
@@ -149,6 +162,7 @@ TalpenaError ErreurSqlite(sqlite3* db, int resultCode) {
     if (extended == SQLITE_CONSTRAINT_DATATYPE) return ConversionImpossible();
     return CleEnDouble();
   }
+  if (primary == SQLITE_FULL) return DisquePlein(db);
   for (const ResultCode& entry : resultCodes) {
     if (entry.code == primary) return {entry.number, entry.description};
   }

@@ -1,6 +1,8 @@
 #include "shell/windows/attente.h"
 
 #include <QApplication>
+#include <QDialog>
+#include <QEvent>
 #include <QProgressBar>
 #include <QThread>
 #include <QWindow>
@@ -69,6 +71,7 @@ std::string Attente::Texte() const {
 
 void Attente::AfficheMessage(const std::string& text) {
   texte_ = text;
+  demandee_ = true;
   const Peinture peinture(*this);
   if (SeLaisseAnnuler()) {
     frmAnnulation_->Affiche(QString::fromStdString(text));
@@ -80,6 +83,7 @@ void Attente::AfficheMessage(const std::string& text) {
 
 void Attente::FermeMessage() {
   texte_.clear();
+  demandee_ = false;
   frmMessage_->hide();
   CacheAnnulation();
 }
@@ -109,6 +113,22 @@ void Attente::Commence() {
   prochain_ = BattementMs;
   shownAt_ = lastTenthMs_ = 0;
   modale_ = QApplication::activeModalWidget();
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+/// A box of the command comes up: under it there is nothing to wait for, and nothing to give up.
+bool Attente::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Show && watched->isWidgetType()) {
+    const auto* window = qobject_cast<QDialog*>(watched);
+    if (window != nullptr && window->isModal() && window != frmAnnulation_) LaissePlace();
+  }
+  return QObject::eventFilter(watched, event);
+}
+
+/// What comes up by itself does so again with the next beats.
+void Attente::LaissePlace() {
+  if (SeLaisseAnnuler()) frmAnnulation_->hide();
+  if (!demandee_) frmMessage_->hide();
 }
 
 /// A box of the command is open, which runs the message loop, or the work is that of a painting.
@@ -119,6 +139,7 @@ bool Attente::PeintAilleurs() const {
 }
 
 void Attente::Termine() {
+  QCoreApplication::instance()->removeEventFilter(this);
   FermeMessage();
   MontreBarre(false);
   Q_EMIT Fini();

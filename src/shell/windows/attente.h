@@ -45,8 +45,12 @@ class Attente : public QObject, public WaitView {
   void TraiteMessages() override;
   void GeleGrille(bool frozen) override;
   bool Bat() override;
+  void NommeTravail(const std::string& text) override { texte_ = text; }
   bool EstAbandonne() override;
   void PermetAnnulation(Annulation where) override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  Q_SIGNALS:
   void Fini();  ///< the work has ended
@@ -61,6 +65,7 @@ class Attente : public QObject, public WaitView {
   void MontreFenetre();
   void MontreAnnulation();
   void CacheAnnulation();
+  void LaissePlace();
   bool SeLaisseAnnuler() const;
   void Mesure();
   void AvanceBarre();
@@ -77,6 +82,7 @@ class Attente : public QObject, public WaitView {
   QElapsedTimer depuis_;                 ///< the beginning of the work
   qint64 prochain_ = 0;                  ///< painting
   std::string texte_;                    ///< of the command; empty when it gave none
+  bool demandee_ = false;                ///< the command asked for the wait window
   bool hourglass_ = false;
   bool roams_ = false;  ///< the bar moves, but does not tell how far the work is
   bool painting_ = false;

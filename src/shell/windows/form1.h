@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "coord_commands/adjust.h"
+#include "interchange/export_dialogs.h"
 #include "interchange/import_context.h"
 #include "platform/platform.h"
 #include "shell/process_state.h"
@@ -45,6 +46,7 @@ class Form1 : public QMainWindow,
               public MainWindowView,
               public StorePort,
               public AdjustDialogs,
+              public ExportDialogs,
               public ImportDialogs,
               public ShellView {
   Q_OBJECT
@@ -95,6 +97,9 @@ class Form1 : public QMainWindow,
 
   // AdjustDialogs
   bool MontreAjustement() override;
+
+  // ExportDialogs
+  bool MontreOptionsExport() override;
 
   // ImportDialogs
   void MontreImportation() override;

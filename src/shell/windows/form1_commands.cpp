@@ -19,6 +19,7 @@
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
+#include "interchange/windows/options_export.h"
 #include "maps/windows/frm_carte.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
@@ -288,6 +289,8 @@ void Form1::MnuDatumFichier_Click() {
 }
 
 bool Form1::MontreAjustement() { return Ajustement(state_, this).Demande(); }
+
+bool Form1::MontreOptionsExport() { return OptionsExport(state_, io_, this).Demande(); }
 
 std::vector<Bookmark> Form1::LignesSelectionnees() { return TDBGrid1->LignesChoisies(); }
 

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -66,7 +67,8 @@ void frmMessage::Affiche(const QString& text, QWidget& under) {
   ensurePolished();
   adjustSize();
   if (cmdAnnuler != nullptr) cmdAnnuler->setEnabled(true);
-  move(under.frameGeometry().center() - rect().center());
+  const QRect place = under.isVisible() ? under.frameGeometry() : screen()->availableGeometry();
+  move(place.center() - rect().center());
   create();  // there is a window to be put in front from now on
   windowHandle()->setTransientParent(under.window()->windowHandle());
   show();

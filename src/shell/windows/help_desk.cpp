@@ -20,6 +20,7 @@ constexpr std::array targets = {
     HelpTarget{"Ajustement", "coordinates.html#adjust"},
     HelpTarget{"frmDatum", "coordinates.html#datums"},
     HelpTarget{"frmLmbIfbl", "coordinates.html#ifbl"},
+    HelpTarget{"OptionsExport", "export-text.html"},
     HelpTarget{"frmCarte", "maps.html"},
     HelpTarget{"frmCartesOptions", "maps.html#layers"},
     HelpTarget{"frmImportation", "import-text.html"},

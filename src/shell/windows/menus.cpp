@@ -9,6 +9,7 @@
 #include "coord_commands/adjust.h"
 #include "coord_commands/fill.h"
 #include "coords/grid_commands.h"
+#include "interchange/text_export.h"
 #include "interchange/text_import.h"
 #include "interchange/waypoint_commands.h"
 #include "shell/windows/form1.h"
@@ -65,10 +66,14 @@ void OuvreDernierFichier(CommandContext c, int index) { MnuLastFile_Click(c, ind
 
 // clang-format off
 constexpr std::array menuExpAscii = {
-    MenuEntry{.control = "MnuExpAsciiMode", .index = 0, .base = MsgId::MenuExpFixe},
-    MenuEntry{.control = "MnuExpAsciiMode", .index = 1, .base = MsgId::MenuExpVirgules},
-    MenuEntry{.control = "MnuExpAsciiMode", .index = 2, .base = MsgId::MenuExpTabulations},
-    MenuEntry{.control = "MnuExpAsciiMode", .index = 3, .base = MsgId::MenuExpEspaces},
+    MenuEntry{.control = "MnuExpAsciiMode", .index = 0, .base = MsgId::MenuExpFixe,
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpAsciiMode>},
+    MenuEntry{.control = "MnuExpAsciiMode", .index = 1, .base = MsgId::MenuExpVirgules,
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpAsciiMode>},
+    MenuEntry{.control = "MnuExpAsciiMode", .index = 2, .base = MsgId::MenuExpTabulations,
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpAsciiMode>},
+    MenuEntry{.control = "MnuExpAsciiMode", .index = 3, .base = MsgId::MenuExpEspaces,
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpAsciiMode>},
 };
 constexpr std::array menuExporter = {
     MenuEntry{.control = "MnuExpAscii", .base = MsgId::MenuExpAscii, .children = menuExpAscii},

@@ -1,11 +1,13 @@
 // EditForm: the record editor, one row of the distribution at a time.
 #pragma once
 #include <QDialog>
+#include <QSize>
 #include <QStringList>
 #include <array>
 #include <bitset>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "store/command_context.h"
 #include "store/record/record_screen.h"
@@ -95,6 +97,7 @@ class EditForm : public QDialog {
   void DisposeTextes(QGridLayout& grid);
   QLayout* DisposeBoutons();
   void OrdonneTabulation();
+  int LitPixels(std::string_view key) const;
   void PlaceFenetre();
   void GardePlace();
 
@@ -145,6 +148,9 @@ class EditForm : public QDialog {
   std::optional<RecordField> debut_;  ///< where a record was begun last
   int debutRang_ = 0;                 ///< there, in Grid
   bool commence_ = false;             ///< the record on show was begun
+
+  QSize tailleVoulue_;  ///< by the user or by its fields, on whatever screen
+  QSize tailleDonnee_;  ///< what this screen has room for
 
   std::array<Champ, 6> champs_{};
   Scrolled* defilement_ = nullptr;

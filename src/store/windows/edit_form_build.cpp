@@ -179,12 +179,16 @@ void EditForm::ConstruitControle(QWidget* parent) {
   ValeurUtmMetrique = ConstruitValeur("ValeurUtmMetrique", u"UTM"_s, *grid, 2);
   ValeurUtmAlpha = ConstruitValeur("ValeurUtmAlpha", u"MGRS"_s, *grid, 3);
   ValeurLibre = ConstruitValeur("ValeurLibre", {}, *grid, 4);
+  // As wide as the texts are but for points off the globe, whatever they are: nothing moves from
+  // row to row.
+  for (const Valeur& v : {ValeurDMS, ValeurUtmMetrique, ValeurUtmAlpha, ValeurLibre}) {
+    v.value->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  }
   for (QLabel* label : {ValeurLibre.caption, ValeurLibre.value}) {
     QSizePolicy policy = label->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     label->setSizePolicy(policy);
   }
-  // As wide as the texts are most of the time, so that little moves from row to row.
   ValeurDMS.value->setMinimumWidth(
       QFontMetrics(ValeurDMS.value->font()).horizontalAdvance(u"E=616000   N=5564000 "_s));
   grid->setColumnStretch(1, 1);

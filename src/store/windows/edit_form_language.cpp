@@ -177,6 +177,8 @@ void EditForm::NommeBoites() {
 void EditForm::NommeValeurs() {
   for (const Valeur& v : {ValeurDMS, ValeurUtmMetrique, ValeurUtmAlpha, ValeurLibre}) {
     v.value->setAccessibleName(QStringLiteral("%1: %2").arg(v.caption->text(), v.value->text()));
+    const bool cut = v.value->sizeHint().width() > ValeurDMS.value->minimumWidth();
+    v.value->setToolTip(cut ? v.value->text() : QString());
   }
 }
 

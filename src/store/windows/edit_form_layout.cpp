@@ -150,36 +150,43 @@ void EditForm::OrdonneTabulation() {
   }
 }
 
+int EditForm::LitPixels(std::string_view key) const {
+  return EnPixels(static_cast<float>(Val(io_.settings.Lit(application, section, key, ""))));
+}
+
 /// Where it stood last, in twips; at first as large as its fields like, before its parent.
 void EditForm::PlaceFenetre() {
-  const auto stored = [this](std::string_view key) {
-    return EnPixels(static_cast<float>(Val(io_.settings.Lit(application, section, key, ""))));
-  };
   ensurePolished();
   for (QWidget* filled : std::initializer_list<QWidget*>{FrameControle, defilement_}) {
     filled->updateGeometry();  // with the texts of the row
   }
-  const QSize wanted = defilement_->TailleDeFenetre(sizeHint());
-  const int height = stored("Height"), width = stored("Width");
-  QRect place(QPoint(),
-              QSize(width > 0 ? width : wanted.width(), height > 0 ? height : wanted.height()));
+  const auto choose = [](QSize stored, QSize wanted) {
+    return QSize(stored.width() > 0 ? stored.width() : wanted.width(),
+                 stored.height() > 0 ? stored.height() : wanted.height());
+  };
+  const QSize stored(LitPixels("Width"), LitPixels("Height"));
+  tailleVoulue_ = choose(stored, sizeHint());
+  QRect place(QPoint(), choose(stored, defilement_->TailleDeFenetre(sizeHint())));
   const auto known = [this](std::string_view key) {
     return !io_.settings.Lit(application, section, key, "").empty();
   };
   if (parentWidget() != nullptr) place.moveCenter(parentWidget()->window()->geometry().center());
-  if (known("Top")) place.moveTop(stored("Top"));
-  if (known("Left")) place.moveLeft(stored("Left"));
+  if (known("Top")) place.moveTop(LitPixels("Top"));
+  if (known("Left")) place.moveLeft(LitPixels("Left"));
   place = PlaceVisible(place);
-  resize(place.size());
+  tailleDonnee_ = place.size().expandedTo(minimumSizeHint());
+  resize(tailleDonnee_);
   if (known("Top")) move(place.topLeft());
 }
 
+/// A size that the screen cut is none of the user's: a larger screen gets what was wanted.
 void EditForm::GardePlace() {
   const auto entry = [](const char* key, int pixels) {
     return SettingEntry{std::string(section), key, Str(EnTwips(pixels))};
   };
-  const std::array entries = {entry("Height", height()), entry("Top", y()), entry("Width", width()),
-                              entry("Left", x())};
+  const QSize kept = size() == tailleDonnee_ ? tailleVoulue_ : size();
+  const std::array entries = {entry("Height", kept.height()), entry("Top", y()),
+                              entry("Width", kept.width()), entry("Left", x())};
   ExecuteCommande(state_, io_, {}, [&] { io_.settings.EcritTout(application, entries); });
 }
 

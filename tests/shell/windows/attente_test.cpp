@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <QDialog>
+#include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -153,6 +154,43 @@ TEST(Attente, CellsThatAPaintingLackedAreReadBehindIt) {
   grid->Fige(false);
   QCoreApplication::processEvents();
   EXPECT_EQ(changed.count(), 1);
+}
+
+TEST(Attente, NothingWaitsUnderABoxOfTheCommand) {
+  Waiting m;
+  Busy busy(m.Vue());
+  busy.Annulable();
+  m.Travaille(2300);
+  ASSERT_NE(m.Annulation(), nullptr);
+  {
+    QDialog box(m.form.get());
+    box.setModal(true);
+    box.show();
+    EXPECT_EQ(m.Annulation(), nullptr);
+    EXPECT_FALSE(m.Message().isVisible());
+  }
+  m.Travaille(200);
+  EXPECT_NE(m.Annulation(), nullptr) << "the work goes on";
+}
+
+TEST(Attente, AWindowThatTheCommandAskedForStaysUnderItsBox) {
+  Waiting m;
+  Busy busy(m.Vue());
+  busy.Message("Saving...");
+  QDialog box(m.form.get());
+  box.setModal(true);
+  box.show();
+  EXPECT_TRUE(m.Message().isVisible());
+}
+
+TEST(Attente, WorkHasItsNameWithoutAskingForTheWindow) {
+  Waiting m;
+  const Busy busy(m.Vue());
+  m.Vue().NommeTravail("Opening...\nDATUM.MDB");
+  EXPECT_FALSE(m.Message().isVisible());
+  m.Travaille(100);
+  EXPECT_TRUE(m.Message().isVisible());
+  EXPECT_EQ(m.Controle<QLabel>("lblMsg")->text(), "Opening...\nDATUM.MDB");
 }
 
 TEST(Attente, StaysBehindABoxOfTheCommand) {

@@ -115,6 +115,8 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
                    "MnuDatumFichier"});
   expected.insert({"mnuChercher_0", "mnuChercher_1", "MnuAjoutLigne", "mnuDuplic", "MnuEraseCol",
                    "MnuSupprimer", "MnuSelection", "MnuVisAutre", "MnuVisCarte"});
+  expected.insert(
+      {"MnuExpAsciiMode_0", "MnuExpAsciiMode_1", "MnuExpAsciiMode_2", "MnuExpAsciiMode_3"});
   expected.insert({"mnuImport_0", "mnuImport_1", "mnuImportGarmin_0"});
   EXPECT_EQ(Actifs(true), expected);
 }

@@ -57,6 +57,79 @@ TEST(EditForm, KeepsItsPlace) {
   EXPECT_EQ(m.settings.values["TLP/EDITFORM/LEFT"], "450");
 }
 
+TEST(EditForm, ASizeThatTheScreenCutIsNotKept) {
+  FormMachine m;
+  m.settings.values["TLP/EDITFORM/HEIGHT"] = "90000";
+  m.settings.values["TLP/EDITFORM/WIDTH"] = "12000";
+  EditForm& form = m.Ouvre();
+  EXPECT_LT(form.height(), 6000) << "pixels of the screen";
+  FormMachine::Touche(Qt::Key_Escape);
+  EXPECT_EQ(m.settings.values["TLP/EDITFORM/HEIGHT"], "90000") << "a larger screen has room for it";
+  EXPECT_EQ(m.settings.values["TLP/EDITFORM/WIDTH"], "12000");
+  m.Ouvre().resize(810, 500);
+  FormMachine::Touche(Qt::Key_Escape);
+  EXPECT_EQ(m.settings.values["TLP/EDITFORM/HEIGHT"], "7500") << "the user's own";
+  EXPECT_EQ(m.settings.values["TLP/EDITFORM/WIDTH"], "12150");
+}
+
+/// Letters that make the form larger than the screen.
+class LargeLetters {
+ public:
+  LargeLetters() {
+    QFont large = before_;
+    large.setPointSize(28);
+    QApplication::setFont(large);
+  }
+  LargeLetters(const LargeLetters&) = delete;
+  LargeLetters& operator=(const LargeLetters&) = delete;
+  ~LargeLetters() { QApplication::setFont(before_); }
+
+ private:
+  QFont before_ = QApplication::font();
+};
+
+TEST(EditForm, AFormThatNobodyResizedKeepsTheSizeThatItLikes) {
+  const LargeLetters letters;
+  FormMachine m;
+  EditForm& form = m.Ouvre();
+  const QSize wanted = form.sizeHint();
+  EXPECT_LT(form.height(), wanted.height());
+  FormMachine::Touche(Qt::Key_Escape);
+  EXPECT_EQ(m.settings.values["TLP/EDITFORM/HEIGHT"], std::to_string(15 * wanted.height()));
+  EXPECT_EQ(m.settings.values["TLP/EDITFORM/WIDTH"], std::to_string(15 * wanted.width()));
+}
+
+TEST(EditForm, ControlHasRoomForEveryNotation) {
+  FormMachine m;
+  m.Ouvre();
+  const int systems = m.Controle<QComboBox>("cmbSystem")->count();
+  for (int system = 0; system < systems; ++system) {
+    SCOPED_TRACE(m.Controle<QComboBox>("cmbSystem")->itemText(system).toStdString());
+    Q_EMIT m.Controle<QComboBox>("cmbSystem")->activated(system);
+    FormMachine::Traite();
+    for (const char* name : {"ValeurDMS", "ValeurUtmMetrique", "ValeurUtmAlpha", "ValeurLibre"}) {
+      EXPECT_EQ(m.Controle<QLabel>(name)->toolTip().toStdString(), "") << name;
+    }
+  }
+}
+
+TEST(EditForm, TheValuesOfControlDoNotWidenIt) {
+  FormMachine m;
+  EditForm& form = m.Ouvre();
+  const int width = form.width(), least = form.minimumSizeHint().width();
+  const int control = m.Controle<QWidget>("FrameControle")->width();
+  const std::string digits(30, '9');
+  for (const char* longitude : {"1e300", digits.c_str()}) {
+    SCOPED_TRACE(longitude);
+    m.Entre("ChampLongitude", longitude);
+    EXPECT_EQ(form.width(), width);
+    EXPECT_LE(form.minimumSizeHint().width(), least);
+    EXPECT_EQ(m.Controle<QWidget>("FrameControle")->width(), control);
+  }
+  const auto* value = m.Controle<QLabel>("ValeurDMS");
+  EXPECT_EQ(value->toolTip(), value->text()) << "what is cut";
+}
+
 TEST(EditForm, APlaceOffTheScreenIsBroughtBack) {
   for (const char* top : {"900000", "-900000", "1E+300"}) {
     FormMachine m;

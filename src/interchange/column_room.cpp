@@ -1,0 +1,36 @@
+#include "interchange/column_room.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "common/msg_id_errors.h"
+#include "common/talpena_error.h"
+#include "common/text.h"
+#include "store/table.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::size_t charactersQuoted = 60;  ///< characters of a text that a message quotes
+
+void Refuse(const std::optional<std::string>& text, std::size_t width, const char* column,
+            int words, std::int64_t line) {
+  if (!text || text->size() <= width || CompteCaracteres(*text) <= width) return;
+  const std::string begin(PremiersCaracteres(*text, charactersQuoted));
+  throw TalpenaError(ErrorNumber::FieldTooSmall, std::string(column) + ": " + begin,
+                     {.text = words, .about = {begin}})
+      .SurLigne(line);
+}
+
+}  // namespace
+
+void RefuseTropLong(const ImportRecord& record) {
+  if (record.dropped != 0) return;
+  Refuse(record.row.original, Column::LargeurOriginal, "ORIGINAL", MsgId::ImportOriginalTropLong,
+         record.line);
+  Refuse(record.row.date, Column::LargeurDate, "DATE", MsgId::ImportDateTropLongue, record.line);
+}
+
+}  // namespace talpena
