@@ -4,7 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/foreign/jet_reader.h"
+#include "platform/foreign/jet_format.h"
 #include "platform/foreign_format.h"
 #include "platform/os/file_system.h"
 #include "platform/platform.h"

@@ -12,7 +12,7 @@
 
 #include "coords/test_catalogue.h"
 #include "fakes/fake_platform.h"
-#include "platform/foreign/jet_reader.h"
+#include "platform/foreign/jet_format.h"
 #include "platform/os/file_system.h"
 #include "platform/sqlite/sqlite_engine.h"
 

@@ -18,7 +18,7 @@
 #include <cstdint>
 
 #include "platform/foreign/isolated_process.h"
-#include "platform/foreign/jet_reader.h"
+#include "platform/foreign/jet_limits.h"
 
 namespace talpena {
 

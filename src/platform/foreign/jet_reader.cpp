@@ -359,58 +359,41 @@ std::optional<JetVersion> LitVersion(const Descripteur& fd) {
   return VersionJet({head.data(), head.size()});
 }
 
-class FormatJet final : public ForeignFormat {
- public:
-  explicit FormatJet(const LimitesJet& limits) : limites_(limits) {
-    limites_.colonnes = std::min(limites_.colonnes, LimitesJet{}.colonnes);
-  }
-
-  void SuitAttente(const WorkBeat& attente) override { *attente_ = attente; }
-
-  bool Reconnait(const std::string& path, std::string_view connect) override {
-    if (!MemeFormat(connect, Connect::Access) && !MemeFormat(connect, "MS Access")) return false;
-    const Descripteur fd = OuvreEnLecture(path);
-    return fd.Ouvert() && LitVersion(fd).has_value();
-  }
-
-  std::unique_ptr<ForeignDatabase> Ouvre(const std::string& path) override {
-    Fichier file{
-        .path = path, .fd = OuvreEnLecture(path), .limites = limites_, .attente = attente_};
-    if (!file.fd.Ouvert() && errno == EACCES) {
-      throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: '" + path + "'.",
-                         {.about = {path}});
-    }
-    if (!file.fd.Ouvert()) {
-      throw TalpenaError(ErrorNumber::DatabaseNotFound, "Could not find file '" + path + "'.",
-                         {.about = {path}});
-    }
-    struct stat status {};
-    if (fstat(file.fd.Numero(), &status) != 0 || !S_ISREG(status.st_mode)) EchecFormat(path);
-    const auto version = LitVersion(file.fd);
-    if (!version) EchecFormat(path);
-    file.version = *version;
-    file.taille = static_cast<std::size_t>(status.st_size);
-    if (!TailleSensee(file)) EchecFormat(path);
-    return std::make_unique<BaseJet>(std::move(file));
-  }
-
- private:
-  /// Whole pages, and at least those that hold the catalogue of tables.
-  bool TailleSensee(const Fichier& file) const {
-    constexpr std::size_t fewestPages = 20;
-    const std::size_t page = TaillePageJet(file.version);
-    return file.taille <= limites_.octetsFichier && file.taille >= fewestPages * page &&
-           file.taille % page == 0;
-  }
-
-  LimitesJet limites_;
-  std::shared_ptr<WorkBeat> attente_ = std::make_shared<WorkBeat>();
-};
+/// Whole pages, and at least those that hold the catalogue of tables.
+bool TailleSensee(const Fichier& file) {
+  constexpr std::size_t fewestPages = 20;
+  const std::size_t page = TaillePageJet(file.version);
+  return file.taille <= file.limites.octetsFichier && file.taille >= fewestPages * page &&
+         file.taille % page == 0;
+}
 
 }  // namespace
 
-std::unique_ptr<ForeignFormat> CreeFormatJet(const LimitesJet& limits) {
-  return std::make_unique<FormatJet>(limits);
+bool EstFichierJet(const std::string& path) {
+  const Descripteur fd = OuvreEnLecture(path);
+  return fd.Ouvert() && LitVersion(fd).has_value();
+}
+
+std::unique_ptr<ForeignDatabase> OuvreJet(const std::string& path, const LimitesJet& limits,
+                                          std::shared_ptr<const WorkBeat> attente) {
+  Fichier file{
+      .path = path, .fd = OuvreEnLecture(path), .limites = limits, .attente = std::move(attente)};
+  if (!file.fd.Ouvert() && errno == EACCES) {
+    throw TalpenaError(ErrorNumber::PermissionDenied, "Permission denied: '" + path + "'.",
+                       {.about = {path}});
+  }
+  if (!file.fd.Ouvert()) {
+    throw TalpenaError(ErrorNumber::DatabaseNotFound, "Could not find file '" + path + "'.",
+                       {.about = {path}});
+  }
+  struct stat status {};
+  if (fstat(file.fd.Numero(), &status) != 0 || !S_ISREG(status.st_mode)) EchecFormat(path);
+  const auto version = LitVersion(file.fd);
+  if (!version) EchecFormat(path);
+  file.version = *version;
+  file.taille = static_cast<std::size_t>(status.st_size);
+  if (!TailleSensee(file)) EchecFormat(path);
+  return std::make_unique<BaseJet>(std::move(file));
 }
 
 }  // namespace talpena

@@ -1,34 +1,21 @@
 // Access files (Jet 3 and Jet 4), read through libmdb.
 #pragma once
-#include <cstddef>
 #include <memory>
+#include <string>
 
-#include "platform/foreign/isolated_process.h"
+#include "platform/foreign/jet_limits.h"
 #include "platform/foreign_format.h"
 
 namespace talpena {
 
-/// What a file may be at most. The first five are the format's own bounds or beyond them.
-struct LimitesJet {
-  std::size_t octetsFichier = std::size_t{2} << 30;
-  std::size_t tables = 32768;                      ///< whose rows can be read
-  std::size_t autres = 32768;                      ///< system tables and saved queries
-  std::size_t colonnes = 255;                      ///< of a table; never above 255
-  std::size_t lignes = 50'000'000;                 ///< of a table
-  std::size_t octetsMemo = std::size_t{64} << 20;  ///< of one long value
-  LimitesProcessus processus{};                    ///< that reads the file
-};
+/// True for a file that begins as one of these versions does.
+bool EstFichierJet(const std::string& path);
 
-/// Access 97 to 2003. The file is opened once, for reading, and read in a process of its own:
-/// a damaged file ends in UnrecognizedFormat (3343), from Ouvre or from the rows, whatever the
-/// library makes of it, and never in fewer rows than the table counts. Nothing is printed.
+/// Opens one for reading; it is read in a process of its own. Raises DatabaseNotFound (3024),
+/// PermissionDenied (70), UnrecognizedFormat (3343).
 ///
-/// Definitions of tables say what Rows gives: no field is required and every text may be empty,
-/// since a file's own rules bind those who write it. Cells: Boolean -1 and 0; Currency and
-/// decimals as real numbers; Date in days since 1899-12-30; texts and memos as UTF-8; replication
-/// ids as text in braces; OLE and binary columns as bytes. Rows of a table that the file lacks
-/// raise TableNotFound (3078). Linked tables are left out; of system tables and saved queries there
-/// are the names, attributes and kinds. Nothing is written.
-std::unique_ptr<ForeignFormat> CreeFormatJet(const LimitesJet& limits = {});
+/// @param attente  who waits for what is read
+std::unique_ptr<ForeignDatabase> OuvreJet(const std::string& path, const LimitesJet& limits,
+                                          std::shared_ptr<const WorkBeat> attente);
 
 }  // namespace talpena

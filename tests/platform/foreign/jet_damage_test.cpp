@@ -13,7 +13,7 @@
 
 #include "common/talpena_error.h"
 #include "platform/foreign/jet_files.h"
-#include "platform/foreign/jet_reader.h"
+#include "platform/foreign/jet_format.h"
 
 namespace talpena {
 namespace {

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "common/talpena_error.h"
-#include "platform/foreign/jet_reader.h"
+#include "platform/foreign/jet_format.h"
 #include "platform/value.h"
 
 namespace talpena::test {

@@ -1,4 +1,4 @@
-#include "platform/foreign/jet_reader.h"
+#include "platform/foreign/jet_format.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
