@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/foreign/jet_reader.h"
+#include "platform/foreign/jet_writer.h"
 
 namespace talpena {
 namespace {
@@ -25,6 +26,14 @@ class FormatJet final : public ForeignFormat {
 
   std::unique_ptr<ForeignDatabase> Ouvre(const std::string& path) override {
     return OuvreJet(path, limites_, attente_);
+  }
+
+  bool EstEcrit(std::string_view connect) const override { return EstAccess(connect); }
+
+  std::unique_ptr<ForeignDatabase> Cree(const std::string& path,
+                                        const NewDatabase& settings) override {
+    return CreeBaseJet(path, settings, limites_.octetsFichier,
+                       [this](const std::string& file) { return Ouvre(file); });
   }
 
  private:

@@ -1,6 +1,5 @@
 #include "platform/os/posix_output.h"
 
-#include <signal.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,44 +10,13 @@
 
 #include "platform/os/posix_error.h"
 #include "platform/os/posix_input.h"
+#include "platform/os/posix_size_signal.h"
 #include "platform/os/posix_temporary.h"
 
 namespace talpena {
 namespace {
 
 constexpr std::size_t blockBytes = std::size_t{256} * 1024;
-
-/// While it lives a write beyond the file size limit fails instead of ending the process.
-class SansSignalDeTaille {
- public:
-  SansSignalDeTaille() {
-    sigemptyset(&signal_);
-    sigaddset(&signal_, SIGXFSZ);
-    pthread_sigmask(SIG_BLOCK, &signal_, &former_);
-    wasPending_ = EnAttente();
-  }
-  SansSignalDeTaille(const SansSignalDeTaille&) = delete;
-  SansSignalDeTaille& operator=(const SansSignalDeTaille&) = delete;
-  ~SansSignalDeTaille() {
-    if (!wasPending_ && EnAttente()) {
-      int taken = 0;
-      sigwait(&signal_, &taken);
-    }
-    pthread_sigmask(SIG_SETMASK, &former_, nullptr);
-  }
-
- private:
-  static bool EnAttente() {
-    sigset_t pending;
-    sigemptyset(&pending);
-    sigpending(&pending);
-    return sigismember(&pending, SIGXFSZ) == 1;
-  }
-
-  sigset_t signal_{};
-  sigset_t former_{};
-  bool wasPending_ = false;
-};
 
 /// The bytes of a file up to and with the last `end`; 0 when there is none.
 off_t LongueurJusqua(int file, off_t size, std::string_view end) {
