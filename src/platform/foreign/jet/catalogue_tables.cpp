@@ -10,6 +10,9 @@ Column Nombre16(const char* name) { return {.name = name, .type = JetType::Integ
 Column Moment(const char* name) { return {.name = name, .type = JetType::Date, .bytes = 8}; }
 Column Texte255(const char* name) { return {.name = name, .type = JetType::Text, .bytes = 510}; }
 Column Octets(const char* name) { return {.name = name, .type = JetType::Binary, .bytes = 510}; }
+Column Usager(const char* name) {
+  return {.name = name, .type = JetType::Binary, .bytes = 510, .userId = true};
+}
 Column Memo(const char* name) { return {.name = name, .type = JetType::Memo}; }
 Column OctetsLongs(const char* name) { return {.name = name, .type = JetType::Ole}; }
 
@@ -30,7 +33,7 @@ IndexShape Index(const char* name, std::vector<std::size_t> columns, bool primar
 
 SystemTable TableDesObjets() {
   return AvecPlaces({Nombre32("Id"), Nombre32("ParentId"), Texte255("Name"), Nombre16("Type"),
-                     Moment("DateCreate"), Moment("DateUpdate"), Octets("Owner"), Nombre32("Flags"),
+                     Moment("DateCreate"), Moment("DateUpdate"), Usager("Owner"), Nombre32("Flags"),
                      Memo("Database"), Memo("Connect"), Texte255("ForeignName"),
                      Octets("RmtInfoShort"), OctetsLongs("RmtInfoLong"), OctetsLongs("Lv"),
                      OctetsLongs("LvProp"), OctetsLongs("LvModule"), OctetsLongs("LvExtra")},
@@ -40,7 +43,7 @@ SystemTable TableDesObjets() {
 
 SystemTable TableDesDroits() {
   return AvecPlaces({Nombre32("ObjectId"),
-                     Octets("SID"),
+                     Usager("SID"),
                      Nombre32("ACM"),
                      {.name = "FInheritable", .type = JetType::Boolean, .bytes = 1}},
                     {Index("ObjectId", {0}, false, IndexFlag::Required)});

@@ -14,6 +14,7 @@ struct Column {
   JetType type = JetType::Text;
   std::size_t bytes = 0;  ///< of a value; the most of them where they vary, 0 for no bound
   bool autoNumber = false;
+  bool userId = false;          ///< of the catalogue: who owns something, or may do something
   std::size_t fixedOffset = 0;  ///< behind the row's head; of a value of one width
   std::size_t variable = 0;     ///< values that vary in length before it
 

@@ -45,12 +45,12 @@ void AjouteTete(std::string& out, const TableShape& shape) {
 
 std::uint8_t Drapeaux(const Column& column, TableKind kind) {
   constexpr std::uint8_t fixed = 0x01, nullable = 0x02, numbered = 0x04, system = 0x10,
-                         bytes = 0x20;
+                         userId = 0x20;
   std::uint8_t flags = nullable;
   if (!column.Varie()) flags |= fixed;
   if (column.autoNumber) flags |= numbered;
   if (kind == TableKind::System) flags |= system;
-  if (column.type == JetType::Binary) flags |= bytes;
+  if (column.userId) flags |= userId;
   return flags;
 }
 
@@ -108,6 +108,15 @@ void AjouteIndexNomme(std::string& out, const IndexShape& index, std::size_t num
   Ajoute32(out, 0);
 }
 
+/// The maps of a column with long values.
+void AjouteCartes(std::string& out, const std::vector<LongColumnMaps>& all, std::size_t column) {
+  const auto maps = std::ranges::find(all, column, &LongColumnMaps::column);
+  if (maps == all.end()) return;
+  Ajoute16(out, column);
+  Ajoute32(out, maps->used.Mot());
+  Ajoute32(out, maps->free.Mot());
+}
+
 /// The definition behind the head that each of its pages has.
 std::string Corps(const TableShape& shape) {
   std::string out;
@@ -119,11 +128,7 @@ std::string Corps(const TableShape& shape) {
   const auto indexes = Ordre(shape.indexes, true);
   for (const std::size_t i : indexes) AjouteIndexNomme(out, shape.indexes[i], i);
   for (const std::size_t i : indexes) AjouteNom(out, shape.indexes[i].name);
-  for (const LongColumnMaps& maps : shape.longColumns) {
-    Ajoute16(out, maps.column);
-    Ajoute32(out, maps.used.Mot());
-    Ajoute32(out, maps.free.Mot());
-  }
+  for (const std::size_t i : columns) AjouteCartes(out, shape.longColumns, i);
   Ajoute16(out, none);
   return out;
 }
