@@ -185,13 +185,19 @@ TableJet LitTable(const Fichier& file, Reponse& answer) {
   return table;
 }
 
+/// A catalogue that does not list itself has lost rows.
+bool EstEntier(const CatalogueJet& catalogue) {
+  return std::any_of(catalogue.systeme.begin(), catalogue.systeme.end(),
+                     [](const TableDef& table) { return table.name == "MSysObjects"; });
+}
+
 CatalogueJet LitCatalogue(const Fichier& file) {
   constexpr std::uint32_t kind = 0xF0;  // of a query, among its attributes
   Reponse answer(file, [&](Tuyau& out) { ExtraitTables(file.Vue(), file.limites, out); });
   CatalogueJet catalogue;
   while (!catalogue.Depasse(file.limites)) {
     const TrameJet mark = answer.Marque();
-    if (mark == TrameJet::Fin) return catalogue;
+    if (mark == TrameJet::Fin && EstEntier(catalogue)) return catalogue;
     if (mark == TrameJet::Table) {
       catalogue.tables.push_back(LitTable(file, answer));
       continue;
@@ -361,7 +367,7 @@ std::optional<JetVersion> LitVersion(const Descripteur& fd) {
 
 /// Whole pages, and at least those that hold the catalogue of tables.
 bool TailleSensee(const Fichier& file) {
-  constexpr std::size_t fewestPages = 20;
+  constexpr std::size_t fewestPages = 16;  // those of a database without tables
   const std::size_t page = TaillePageJet(file.version);
   return file.taille <= file.limites.octetsFichier && file.taille >= fewestPages * page &&
          file.taille % page == 0;

@@ -37,8 +37,16 @@ std::u16string EnUnites(std::string_view utf8) {
   return units;
 }
 
-void AjouteLarge(std::string& row, std::u16string_view units) {
-  for (const char16_t unit : units) Ajoute16(row, unit);
+/// Two bytes for each unit; of an ASCII text each byte is one.
+template <typename Units>
+void AjouteLarge(std::string& row, const Units& units) {
+  const std::size_t from = row.size();
+  row.resize(from + 2 * units.size());
+  char* into = row.data() + from;
+  for (const auto unit : units) {
+    PoseNombre(into, static_cast<std::uint16_t>(unit));
+    into += 2;
+  }
 }
 
 bool ZeroEnBas(std::u16string_view units) {
@@ -66,9 +74,13 @@ void AjouteUnites(std::string& row, std::u16string_view units, TextForm form) {
 std::size_t AjouteTexte(std::string& row, std::string_view utf8, TextForm form) {
   const bool ascii =
       std::all_of(utf8.begin(), utf8.end(), [](char c) { return static_cast<signed char>(c) > 0; });
-  if (ascii && form == TextForm::Short && utf8.size() >= fewestShort) {
-    row += shortMark;
-    row += utf8;
+  if (ascii) {
+    if (form == TextForm::Short && utf8.size() >= fewestShort) {
+      row += shortMark;
+      row += utf8;
+    } else {
+      AjouteLarge(row, utf8);
+    }
     return utf8.size();
   }
   const std::u16string units = EnUnites(utf8);
