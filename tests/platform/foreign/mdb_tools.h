@@ -62,7 +62,8 @@ inline void Compare(const Value& ours, FieldType type, const std::string& theirs
     const auto date = DateTexte(std::get<double>(ours));
     EXPECT_EQ(date ? theirs : "", date.value_or(""));
   } else {
-    EXPECT_NEAR(Cell::Vue(ours).Nombre(), Val(theirs), 1e-9 * std::abs(Val(theirs)));
+    const double digits = type == FieldType::Single ? 1e-7 : 1e-9;  // that are printed
+    EXPECT_NEAR(Cell::Vue(ours).Nombre(), Val(theirs), digits * std::abs(Val(theirs)));
   }
 }
 
