@@ -31,6 +31,8 @@ need_packages $packages_build $packages_test
 mkdir -p build/stamps
 unset TALPENA_KEPT_DATA
 . scripts/locales.sh
+. scripts/npm.sh
+npm_readers
 [ "$all" = yes ] && rm -rf build/stamps/*.stamp build/asan/cases build/dev/cases build/asan/fuzz
 jobs=$(nproc)
 passed=0
