@@ -16,8 +16,6 @@ constexpr std::int32_t lesBases = 0x0F000002;
 constexpr std::int32_t lesLiens = 0x0F000003;
 constexpr std::int32_t laBase = 0x10000000;
 
-enum ObjectType : std::int16_t { ATable = 1, ADatabase = 2, AContainer = 3 };
-
 constexpr auto system = static_cast<std::int32_t>(0x80000000);
 
 // User ids, scrambled by the stamp of the first page (header.cpp).
@@ -62,9 +60,11 @@ Cell Nombre(std::int32_t value) { return Cell::Of(std::int64_t{value}); }
 }  // namespace
 
 struct SystemCatalogue::Object {
+  enum Type : std::int16_t { ATable = 1, ADatabase = 2, AContainer = 3 };
+
   std::int32_t id = 0;
   std::int32_t parent = 0;
-  ObjectType type = ATable;
+  Type type = ATable;
   std::string_view name;
   std::string_view owner = engine;
   std::int32_t flags = system;
@@ -83,13 +83,13 @@ SystemCatalogue::SystemCatalogue(PageFile& file, double now)
                TableDesRequetes().indexes),
       relationships_(file, maps_, pages_[3], TableKind::System, TableDesLiens().columns,
                      TableDesLiens().indexes) {
-  AjouteObjet({lesTables, racine, AContainer, "Tables"});
-  AjouteObjet({lesBases, racine, AContainer, "Databases"});
-  AjouteObjet({lesLiens, racine, AContainer, "Relationships"});
-  AjouteObjet({laBase, lesBases, ADatabase, "MSysDb", admin});
+  AjouteObjet({lesTables, racine, Object::AContainer, "Tables"});
+  AjouteObjet({lesBases, racine, Object::AContainer, "Databases"});
+  AjouteObjet({lesLiens, racine, Object::AContainer, "Relationships"});
+  AjouteObjet({laBase, lesBases, Object::ADatabase, "MSysDb", admin});
   constexpr std::array names = {"MSysObjects", "MSysACEs", "MSysQueries", "MSysRelationships"};
   for (std::size_t i = 0; i < names.size(); ++i) {
-    AjouteObjet({static_cast<std::int32_t>(pages_[i]), lesTables, ATable, names[i]});
+    AjouteObjet({static_cast<std::int32_t>(pages_[i]), lesTables, Object::ATable, names[i]});
   }
   for (const Right& r : firstRights) AjouteDroit(r.object, r.rights, r.inherited, r.who);
 }
@@ -114,7 +114,8 @@ void SystemCatalogue::AjouteTable(std::string_view name, std::uint32_t page,
                                   std::string_view properties) {
   const auto id = static_cast<std::int32_t>(page);
   for (const std::string_view who : {admin, users}) AjouteDroit(id, allRights, false, who);
-  AjouteObjet({id, lesTables, ATable, name, admin, 0, properties});  // last: it may be refused
+  AjouteObjet(
+      {id, lesTables, Object::ATable, name, admin, 0, properties});  // last: it may be refused
 }
 
 void SystemCatalogue::Ecrit() {
