@@ -10,6 +10,7 @@
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/datum.h"
+#include "coords/datum_cache.h"
 #include "coords/faults.h"
 #include "coords/special_datums.h"
 #include "platform/commands.h"
@@ -51,6 +52,12 @@ void NoteCodeSpecial(DatumCatalogue& catalogue, std::string_view code, std::int1
   if (upper == CodeSpecial(SystemDatum::EurM)) catalogue.DatumEur = index;
   for (std::size_t slot = 1; slot < CodesSpeciaux.size(); ++slot) {
     if (upper == CodesSpeciaux[slot]) catalogue.DatumsSpeciaux[slot] = index;
+  }
+}
+
+void NoteCodesSpeciaux(DatumCatalogue& catalogue) {
+  for (std::size_t i = 0; i < catalogue.Datums.size(); ++i) {
+    NoteCodeSpecial(catalogue, catalogue.Datums[i].code, Arrondi16(static_cast<double>(i + 1)));
   }
 }
 
@@ -152,7 +159,10 @@ void ChargeDatums(CoordState& state, Platform& io) {
   ExecuteCommande(state, io, {}, [&] {
     std::string path = CheminDatums(state, io.settings);
     if (!io.files.Existe(path)) path = DemandeCatalogue(state, io);
+    const KeptCatalogue kept(io, path);
+    if (kept.Lit(state.Catalogue)) return NoteCodesSpeciaux(state.Catalogue);
     LitCatalogue(io, path, state.Catalogue);
+    kept.Garde(state.Catalogue);
   });
 }
 

@@ -10,7 +10,7 @@ namespace talpena {
 namespace {
 
 // clang-format off
-constexpr IfblPolygons Paires[] = {
+constexpr IfblPolygons Fichiers[] = {
     {"ifbl01x01", 6, 1000, 1000, 322012, 258180, "Pen (1,3,0)", "Brush (1,16777215)"},
     {"ifbl04x04", 4, 4000, 4000, 318012, 254180, "Pen (1,2,0)", "Brush (1,16777215)"},
     {"ifbl32x20", 2, 32000, 20000, 290012, 238180,
@@ -41,7 +41,7 @@ void ParcourtCarres(const IfblPolygons& p, Square&& square) {
 
 }  // namespace
 
-std::span<const IfblPolygons> PairesDeFichiers() { return Paires; }
+std::span<const IfblPolygons> PairesDeFichiers() { return Fichiers; }
 
 void EcritMif(OutputFile& file, const IfblPolygons& polygons) {
   file.Ecrit(Entete);
