@@ -1,7 +1,13 @@
 #include "datum_database.h"
 
+#include <algorithm>
 #include <cstdint>
+#include <span>
 #include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/foreign_format.h"
 
 namespace talpena {
 namespace {
@@ -13,59 +19,69 @@ FieldDef Champ(std::string name, FieldType type, int size = 0) {
 Cell Entier(int value) { return Cell::Of(std::int64_t{value}); }
 Cell Texte(std::string_view text) { return Cell::Of(text); }
 
-void EcritEllipsoides(Database& database, const CatalogueSource& source) {
-  database.CreateTable(
-      {.name = "ELLI",
-       .fields = {Champ("ELLI_ID", FieldType::Integer), Champ("ELLI", FieldType::Text, 2),
-                  Champ("ELLI_NAME", FieldType::Text, 50), Champ("A", FieldType::Double),
-                  Champ("f_Inv", FieldType::Double)},
-       .indexes = {{"PrimaryKey", {"ELLI_ID"}, true, true}}});
-  const auto rows = database.OpenRecordset("ELLI");
-  for (const EllipsoidSource& e : source.ellipsoids) {
-    rows->AddNew();
-    rows->Set("ELLI_ID", Entier(e.id));
-    rows->Set("ELLI", Texte(e.code));
-    rows->Set("ELLI_NAME", Texte(e.name));
-    rows->Set("A", Cell::Of(e.a));
-    rows->Set("f_Inv", Cell::Of(e.fInv));
-    rows->Update();
+/// The rows of one of the sources.
+template <typename Record, typename Maker>
+class SourceRows final : public RowSource {
+ public:
+  SourceRows(const std::vector<Record>& records, Maker maker)
+      : records_(records), maker_(std::move(maker)) {}
+  bool Suivante(std::span<Cell> cells) override {
+    if (next_ == records_.size()) return false;
+    const std::vector<Cell> row = maker_(records_[next_++]);
+    std::copy(row.begin(), row.end(), cells.begin());
+    return true;
   }
+
+ private:
+  const std::vector<Record>& records_;
+  Maker maker_;
+  std::size_t next_ = 0;
+};
+
+void EcritTable(Database& database, const TableDef& table, RowSource& rows) {
+  database.CreateTable(table);
+  std::vector<std::string_view> columns;
+  for (const FieldDef& field : table.fields) columns.push_back(field.name);
+  database.InsertRows(table.name, columns, rows);
+}
+
+void EcritEllipsoides(Database& database, const CatalogueSource& source) {
+  SourceRows rows(source.ellipsoids, [](const EllipsoidSource& e) {
+    return std::vector<Cell>{Entier(e.id), Texte(e.code), Texte(e.name), Cell::Of(e.a),
+                             Cell::Of(e.fInv)};
+  });
+  EcritTable(database,
+             {.name = "ELLI",
+              .fields = {Champ("ELLI_ID", FieldType::Integer), Champ("ELLI", FieldType::Text, 2),
+                         Champ("ELLI_NAME", FieldType::Text, 50), Champ("A", FieldType::Double),
+                         Champ("f_Inv", FieldType::Double)},
+              .indexes = {}},
+             rows);
 }
 
 void EcritDatums(Database& database, const CatalogueSource& source) {
-  database.CreateTable(
-      {.name = "Datum",
-       .fields = {Champ("da", FieldType::Integer), Champ("df", FieldType::Double),
-                  Champ("dx", FieldType::Double), Champ("dy", FieldType::Double),
-                  Champ("dz", FieldType::Double), Champ("ELLI_ID", FieldType::Integer),
-                  Champ("Code", FieldType::Text, 5), Champ("Name", FieldType::Text, 50),
-                  Champ("Applic", FieldType::Text, 100), Champ("Use", FieldType::Integer)},
-       .indexes = {{"PrimaryKey", {"Code"}, true, true}}});
-  const auto rows = database.OpenRecordset("Datum");
-  for (const DatumSource& d : source.datums) {
-    rows->AddNew();
-    rows->Set("da", Entier(d.da));
-    rows->Set("df", Cell::Of(d.df));
-    rows->Set("dx", Cell::Of(d.dx));
-    rows->Set("dy", Cell::Of(d.dy));
-    rows->Set("dz", Cell::Of(d.dz));
-    rows->Set("ELLI_ID", Entier(d.ellipsoid));
-    rows->Set("Code", Texte(d.code));
-    rows->Set("Name", Texte(d.name));
-    rows->Set("Applic", Texte(d.applic));
-    rows->Set("Use", Entier(source.Use(d)));
-    rows->Update();
-  }
+  SourceRows rows(source.datums, [&](const DatumSource& d) {
+    return std::vector<Cell>{Entier(d.da),    Cell::Of(d.df),       Cell::Of(d.dx), Cell::Of(d.dy),
+                             Cell::Of(d.dz),  Entier(d.ellipsoid),  Texte(d.code),  Texte(d.name),
+                             Texte(d.applic), Entier(source.Use(d))};
+  });
+  EcritTable(database,
+             {.name = "Datum",
+              .fields = {Champ("da", FieldType::Integer), Champ("df", FieldType::Double),
+                         Champ("dx", FieldType::Double), Champ("dy", FieldType::Double),
+                         Champ("dz", FieldType::Double), Champ("ELLI_ID", FieldType::Integer),
+                         Champ("Code", FieldType::Text, 5), Champ("Name", FieldType::Text, 50),
+                         Champ("Applic", FieldType::Text, 100), Champ("Use", FieldType::Integer)},
+              .indexes = {}},
+             rows);
 }
 
 }  // namespace
 
 void EcritBaseDatums(TableEngine& engine, const CatalogueSource& source, const std::string& path) {
-  const auto database = engine.CreateDatabase(path, NewDatabase{});
-  Transaction transaction(*database);
+  const auto database = engine.CreateForeignDatabase(path, Connect::Access, NewDatabase{});
   EcritEllipsoides(*database, source);
   EcritDatums(*database, source);
-  transaction.Valide();
 }
 
 }  // namespace talpena

@@ -7,8 +7,9 @@
 
 namespace talpena {
 
-/// Creates the database with its tables Datum and ELLI, rows in the order of the sources. The
-/// path must be free. Raises what the table engine raises, a code above five characters included.
+/// Makes an Access file with the tables Datum and ELLI, rows in the order of the sources, by an
+/// engine that writes such files. The path must be free. Raises what the table engine raises, a
+/// code above five characters included.
 void EcritBaseDatums(TableEngine& engine, const CatalogueSource& source, const std::string& path);
 
 }  // namespace talpena

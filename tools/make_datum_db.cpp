@@ -2,8 +2,12 @@
 #include <cstdio>
 #include <exception>
 #include <filesystem>
+#include <memory>
+#include <utility>
+#include <vector>
 
 #include "datum_database.h"
+#include "platform/foreign/jet_format.h"
 #include "platform/sqlite/sqlite_engine.h"
 
 int main(int argc, char** argv) {
@@ -17,13 +21,14 @@ int main(int argc, char** argv) {
     fs::path made = target;
     made += ".new";  // a build broken off leaves no half database in its place
     fs::remove(made);
-    const auto engine = talpena::CreeMoteurSqlite();
+    std::vector<std::unique_ptr<talpena::ForeignFormat>> formats;
+    formats.push_back(talpena::CreeFormatJet());
+    const auto engine = talpena::CreeMoteurSqlite(std::move(formats));
     talpena::EcritBaseDatums(*engine, talpena::LitSourceCatalogue(argv[1], argv[2]), made.string());
-    using fs::perms;  // the engine makes files for the user alone; this one is for all
+    using fs::perms;
     fs::permissions(
         made, perms::owner_read | perms::owner_write | perms::group_read | perms::others_read);
     fs::rename(made, target);
-    fs::remove(made += "-journal");  // of a database that nobody will open by that name
   } catch (const std::exception& e) {
     std::fprintf(stderr, "make_datum_db: %s\n", e.what());
     return 1;

@@ -181,8 +181,10 @@ TEST_F(DatumDatabase, IsFoundWithoutRegardToCase) {
   EXPECT_EQ(state_.Catalogue.Datums.size(), 250U);
 }
 
-TEST_F(DatumDatabase, ShipsBesideTheProgram) {
-  Nomme(fs::path(TALPENA_BINARY_DIR) / "bin" / "DATUM.MDB");
+TEST_F(DatumDatabase, ShipsBesideTheProgramAsAnAccessFile) {
+  const fs::path shipped = fs::path(TALPENA_BINARY_DIR) / "bin" / "DATUM.MDB";
+  EXPECT_TRUE(CreeFormatJet()->Reconnait(shipped.string(), Connect::Access));
+  Nomme(shipped);
   Charge();
   EXPECT_TRUE(dialogues_.boxes.empty());
   CompareAuxSources(0);
@@ -238,15 +240,31 @@ TEST_F(DatumDatabase, RefusesACodeOfSixCharacters) {
   }
 }
 
-TEST_F(DatumDatabase, LeavesOutRowsThatAreOutOfUse) {
-  const std::string path = (dossier_ / "DATUM.MDB").string();
-  EcritBaseDatums(*engine_, test::Sources(), path);
+/// A table of another database, in one of the engine's own.
+void Copie(Database& from, const std::string& name, Database& to) {
+  const TableDef table = from.Table(name);
+  to.CreateTable(table);
+  const auto rows = from.OpenRecordset(name);
+  const auto copy = to.OpenRecordset(name);
+  for (; !rows->EOF_(); rows->MoveNext()) {
+    copy->AddNew();
+    for (int i = 0; i < static_cast<int>(table.fields.size()); ++i) copy->Set(i, rows->Get(i));
+    copy->Update();
+  }
+}
+
+// The file that the program shipped before was one of the engine's own.
+TEST_F(DatumDatabase, IsReadFromAFileOfTheEngineToo) {
+  EcritBaseDatums(*engine_, test::Sources(), (dossier_ / "access.mdb").string());
   {
-    const auto database = engine_->OpenDatabase(path, false);
+    const auto database = engine_->CreateDatabase((dossier_ / "DATUM.MDB").string(), NewDatabase{});
+    const auto access = engine_->OpenDatabase((dossier_ / "access.mdb").string(), true);
+    for (const char* table : {"Datum", "ELLI"}) Copie(*access, table, *database);
     EXPECT_EQ(database->Execute("UPDATE Datum SET [Use] = 0 WHERE Code = 'ACC'"), 1);
   }
   Charge();
-  EXPECT_EQ(state_.Catalogue.Datums.size(), 249U);
+  EXPECT_TRUE(dialogues_.boxes.empty());
+  EXPECT_EQ(state_.Catalogue.Datums.size(), 249U) << "less the one that is out of use";
   EXPECT_EQ(ChercheDatum(state_.Catalogue, "ACC"), 0);
 }
 

@@ -84,6 +84,7 @@ class BaseEcrite final : public ForeignDatabase {
   void CreeTable(const TableDef& table) override {
     if (!EstNomJet(table.name)) throw NomRefuse(table.name);
     if (Trouve(table.name) != nullptr) throw TableExiste(table.name);
+    if (!table.indexes.empty()) throw NonEcrit("an index of a table in an Access file");
     const std::string properties = Proprietes(table.fields);
     tables_.emplace_back(file_, table);
     try {

@@ -17,8 +17,8 @@ using JetOpener = std::function<std::unique_ptr<ForeignDatabase>(const std::stri
 ///
 /// Raises FileExists (58); InvalidArgument (3001) for other settings than the general order and
 /// code page 1252. CreeTable raises InvalidName (3125) for a name that the format refuses and
-/// TableExists (3010); a table has no index. InsereLignes raises FieldTooSmall (3163),
-/// RecordTooLarge (3047), DiskFull (61), InvalidArgument (3001) at the limit.
+/// TableExists (3010), NotSupported (3251) for one with an index. InsereLignes raises FieldTooSmall
+/// (3163), RecordTooLarge (3047), DiskFull (61), InvalidArgument (3001) at the limit.
 ///
 /// @param most  bytes that the file may have
 std::unique_ptr<ForeignDatabase> CreeBaseJet(const std::string& path, const NewDatabase& settings,

@@ -238,6 +238,14 @@ TEST(JetWriter, MakesATableOnce) {
   EXPECT_EQ(Numero([&] { file.database->CreeTable(UnMemo("BEES")); }), ErrorNumber::TableExists);
 }
 
+TEST(JetWriter, MakesNoIndexes) {
+  const TempFolder folder;
+  const WrittenFile file(folder / "index.mdb");
+  TableDef table = UnMemo();
+  table.indexes = {{"PrimaryKey", {"N"}, true, true}};
+  EXPECT_EQ(Numero([&] { file.database->CreeTable(table); }), ErrorNumber::NotSupported);
+}
+
 TEST(JetWriter, RefusesMoreTablesThanTheCatalogueHolds) {
   const TempFolder folder;
   const WrittenFile file(folder / "many.mdb");

@@ -6,9 +6,12 @@
 #include <fstream>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "fakes/fake_platform.h"
 #include "fakes/temp_folder.h"
+#include "platform/foreign/jet_format.h"
 #include "platform/os/file_system.h"
 #include "platform/sqlite/sqlite_engine.h"
 #include "shell/windows/form1.h"
@@ -20,6 +23,7 @@ struct Form1Machine : FakeServices {
     QApplication::setQuitOnLastWindowClosed(false);  // the test program goes on
     environment.variables["TEMP"] = folder.path().string();
     state.AppDir = TALPENA_RUNTIME_DIR;  // where DATUM.MDB is made
+    environment.prive = Cache().path().string();
     settings.values["TALPENA/GRID/WINDOWSTATE"] = "0";
     settings.values["TALPENA/GRID/WIDTH"] = "18000";
     settings.values["TALPENA/GRID/HEIGHT"] = "9000";
@@ -54,8 +58,19 @@ struct Form1Machine : FakeServices {
   }
   QAction* Entree(const char* name) const { return Controle<QAction>(name); }
 
+  /// Of all cases of a test program: the first of them reads DATUM.MDB.
+  static const TempFolder& Cache() {
+    static const TempFolder cache;
+    return cache;
+  }
+  static std::unique_ptr<TableEngine> Moteur() {
+    std::vector<std::unique_ptr<ForeignFormat>> formats;
+    formats.push_back(CreeFormatJet());
+    return CreeMoteurSqlite(std::move(formats));
+  }
+
   TempFolder folder;
-  std::unique_ptr<TableEngine> engine = CreeMoteurSqlite();
+  std::unique_ptr<TableEngine> engine = Moteur();
   std::unique_ptr<FileSystem> files = CreeSystemeDeFichiers();
   Platform io{*engine, *files, settings, dialogues, clock, environment, sound};
   ProcessState state;
