@@ -83,9 +83,9 @@ TEST(DescriptionErreur, HasWordsForEveryNumberThatAUserCanMeet) {
   // Those of mistakes in the program itself, and those that end in silence or in words of their
   // own.
   const std::set<std::string> others = {
-      "Cancelled",           "SystemDatabase",    "ResourceNotFound",  "NotInCodePage",
-      "FileAlreadyOpen",     "TableExists",       "UpdateWithoutEdit", "NoTransaction",
-      "SelectNotExecutable", "CircularReference", "InvalidStatement",  "TooManyFields"};
+      "Cancelled",         "SystemDatabase",    "ResourceNotFound", "NotInCodePage",
+      "FileAlreadyOpen",   "UpdateWithoutEdit", "NoTransaction",    "SelectNotExecutable",
+      "CircularReference", "InvalidStatement",  "TooManyFields"};
   const std::map<std::string, int> numbers = Numeros();
   EXPECT_GT(numbers.size(), 45U);
   for (const auto& [name, number] : numbers) {
