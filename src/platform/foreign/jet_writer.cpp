@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <ctime>
 #include <list>
+#include <set>
 #include <span>
 #include <utility>
 #include <vector>
@@ -33,6 +34,21 @@ double MaintenantEnJours() {
   std::tm local{};
   localtime_r(&now, &local);
   return epoch + static_cast<double>(now + local.tm_gmtoff) / secondsOfDay;
+}
+
+/// Raises what is wrong with a table, before anything is written.
+void VerifieDefinition(const TableDef& table) {
+  constexpr int longestText = 255;
+  if (!EstNomJet(table.name)) throw NomRefuse(table.name);
+  if (!table.indexes.empty()) throw NonEcrit("an index of a table in an Access file");
+  std::set<std::string> names;
+  for (const FieldDef& field : table.fields) {
+    if (!EstNomJet(field.name)) throw NomRefuse(field.name);
+    const bool sized =
+        field.type != FieldType::Text || (field.size >= 1 && field.size <= longestText);
+    if (!sized || !names.insert(Minuscules(field.name)).second) throw DefinitionRefusee();
+  }
+  if (names.empty()) throw DefinitionRefusee();
 }
 
 /// A table of the user's with the maps of its own pages.
@@ -82,9 +98,8 @@ class BaseEcrite final : public ForeignDatabase {
   }
 
   void CreeTable(const TableDef& table) override {
-    if (!EstNomJet(table.name)) throw NomRefuse(table.name);
+    VerifieDefinition(table);
     if (Trouve(table.name) != nullptr) throw TableExiste(table.name);
-    if (!table.indexes.empty()) throw NonEcrit("an index of a table in an Access file");
     const std::string properties = Proprietes(table.fields);
     tables_.emplace_back(file_, table);
     try {
@@ -180,7 +195,9 @@ std::unique_ptr<ForeignDatabase> CreeBaseJet(const std::string& path, const NewD
   if (settings != NewDatabase{}) {
     throw TalpenaError(ErrorNumber::InvalidArgument, "Invalid argument.");
   }
-  return std::make_unique<BaseEcrite>(path, most, std::move(opener));
+  // Below 2 GB by a page: programs of 32 bits count no further.
+  constexpr std::size_t largest = (std::size_t{2} << 30) - taillePage;
+  return std::make_unique<BaseEcrite>(path, std::min(most, largest), std::move(opener));
 }
 
 }  // namespace talpena

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fakes/file_limit.h"
@@ -230,6 +231,23 @@ TEST(JetWriter, RefusesNamesThatTheFormatCannotHave) {
         << name;
   }
   EXPECT_TRUE(LitFichier(file.path) == before) << "before anything is written";
+}
+
+TEST(JetWriter, RefusesColumnsThatMakeNoSense) {
+  const TempFolder folder;
+  const WrittenFile file(folder / "columns.mdb");
+  const auto number = [&](std::vector<FieldDef> fields) {
+    return Numero([&] {
+      file.database->CreeTable({.name = "T", .fields = std::move(fields), .indexes = {}});
+    });
+  };
+  EXPECT_EQ(number({}), ErrorNumber::InvalidArgument);
+  EXPECT_EQ(number({Champ("X", FieldType::Long), Champ("x", FieldType::Long)}),
+            ErrorNumber::InvalidArgument);
+  EXPECT_EQ(number({Champ("A", FieldType::Text, 0)}), ErrorNumber::InvalidArgument);
+  EXPECT_EQ(number({Champ("A", FieldType::Text, 256)}), ErrorNumber::InvalidArgument);
+  EXPECT_EQ(number({Champ("a!", FieldType::Long)}), ErrorNumber::InvalidName);
+  EXPECT_TRUE(file.database->Tables().empty());
 }
 
 TEST(JetWriter, MakesATableOnce) {

@@ -29,6 +29,8 @@ TalpenaError TableExiste(std::string_view table) {
           {.about = {std::string(table)}}};
 }
 
+TalpenaError DefinitionRefusee() { return {ErrorNumber::InvalidArgument, "Invalid argument.", {}}; }
+
 TalpenaError TropDeColonnes() {
   return {ErrorNumber::TooManyFields, "Too many fields defined.", {}};
 }

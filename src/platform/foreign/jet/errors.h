@@ -10,6 +10,7 @@ TalpenaError TexteTropLong(std::string_view column);  ///< 3163
 TalpenaError LigneTropLongue();                       ///< 3047
 TalpenaError NomRefuse(std::string_view name);        ///< 3125
 TalpenaError TableExiste(std::string_view table);     ///< 3010
+TalpenaError DefinitionRefusee();                     ///< 3001
 TalpenaError TropDeColonnes();                        ///< 3190
 TalpenaError FichierPlein(std::string_view path);     ///< 3001: at the limit of the format
 TalpenaError NonEcrit(std::string_view what);         ///< 3251
