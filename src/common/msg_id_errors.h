@@ -91,8 +91,8 @@ inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by 
 inline constexpr int PositionIllisible = 605;  // "The position “%1” of the waypoint “%2” ..."
 inline constexpr int LigneSansNom = 606;       // "Nothing stands behind its first word; look ..."
 inline constexpr int TropDePoints = 607;       // "The file holds more waypoints than can be ..."
-inline constexpr int PointIncalculable = 608;  // "The position “%1” cannot be computed; ..."
-inline constexpr int TropDeColonnes = 611;     // "It names more than %1 columns; look whether ..."
-inline constexpr int FichierAccessPlein = 393;   // "The file has reached the 2 GB that its ..."
+inline constexpr int PointIncalculable = 608;   // "The position “%1” cannot be computed; ..."
+inline constexpr int TropDeColonnes = 611;      // "It names more than %1 columns; look whether ..."
+inline constexpr int FichierAccessPlein = 393;  // "The file has reached the 2 GB that its ..."
 
 }  // namespace talpena::MsgId
