@@ -1,4 +1,5 @@
-// Base ids of the string table that the code names; those of the menus are in msg_id_menus.h.
+// Base ids of the string table that the code names; those of the menus, of failures,
+// of imports and of exports have files of their own.
 #pragma once
 
 namespace talpena::MsgId {
@@ -108,6 +109,16 @@ inline constexpr int PasUnNombre = 974;         // "“%1” is not a number: it
 inline constexpr int DateAutreForme = 975;  // "The date of this row, “%1”, has another form. ..."
 inline constexpr int OriginalTropLong = 976;  // "The original coordinates are longer than 24 ..."
 
+// Names of systems; the first is that of PremierTypeImport.
+inline constexpr int IfblBelgique = 308;    // "IFBL (Belgium)"
+inline constexpr int LambertFrance1 = 309;  // "Lambert France I"
+inline constexpr int LambertFrance2 = 310;
+inline constexpr int LambertFrance3 = 311;
+inline constexpr int LambertFrance4 = 312;
+inline constexpr int LambertFranceEtendu = 313;  // "Lambert France II étendu"
+inline constexpr int LambertNordMaroc = 314;     // "Lambert Nord Maroc"
+inline constexpr int LambertSudMaroc = 315;      // "Lambert Sud Maroc"
+
 // Converter between Lambert belge and IFBL.
 inline constexpr int LmbIfblFenetre = 950;   // "Lambert belge 1972 and IFBL"
 inline constexpr int LmbIfblX = 951;         // "x in metres:"
@@ -181,32 +192,6 @@ inline constexpr int FiltreRetire = 931;          // "Filter off: all %1 rows sh
 inline constexpr int SauveFiltre = 932;           // "Only %1 of %2 rows are shown: the file ..."
 inline constexpr int FiltreSansLigne = 933;       // "No row meets the filter, so there is ..."
 inline constexpr int FiltreEtSauvegarde = 934;    // "Saving writes only the rows shown; ..."
-
-// Text import.
-inline constexpr int PremierTypeImport = 300;  // "Decimal Degrees", types 0 to 15
-inline constexpr int IfblBelgique = 308;       // "IFBL (Belgium)"
-inline constexpr int LambertFrance1 = 309;     // "Lambert France I"
-inline constexpr int LambertFrance2 = 310;
-inline constexpr int LambertFrance3 = 311;
-inline constexpr int LambertFrance4 = 312;
-inline constexpr int LambertFranceEtendu = 313;  // "Lambert France II étendu"
-inline constexpr int LambertNordMaroc = 314;     // "Lambert Nord Maroc"
-inline constexpr int LambertSudMaroc = 315;      // "Lambert Sud Maroc"
-inline constexpr int ErreurImport = 660;         // "An error occured during importation"
-inline constexpr int PremiereStructure = 690;    // ..."
-inline constexpr int StructureXY = 697;          // "Period,X,Y,Number_1,Number_2,Date,Comment"
-inline constexpr int FichierAImporter = 700;     // "File to import"
-inline constexpr int TypesCoord = 701;           // "Types of coordinates"
-inline constexpr int StructureAttendue = 702;    // "Expected structure"
-inline constexpr int TroisLignes = 703;          // "3 first lines of file to be imported"
-
-// Imports.
-inline constexpr int MgrsTropCourt = 569;     // "The reference has fewer than five ..."
-inline constexpr int GrilleTropCourte = 570;  // "The reference has fewer than four ..."
-inline constexpr int Importation = 571;       // "Importing..."
-inline constexpr int ImportAbandonne = 572;   // "The import was ended: the first %1 ..."
-inline constexpr int LignesAvantEchec = 573;  // "Rows added before it: %1."
-inline constexpr int ImportFini = 574;        // "Import: %1 rows added, %2 dropped, %3 ..."
 
 // Questions and messages.
 inline constexpr int RemplaceFichier = 500;  // "File already exists! Replace?"
@@ -338,40 +323,6 @@ inline constexpr int FauteMinutes = 445;     // "minutes or seconds of 60 and mo
 inline constexpr int FauteCarre = 446;       // "no square has these letters and digits"
 inline constexpr int FauteNombres = 447;    // "these numbers lie outside of what the system covers"
 inline constexpr int FauteSansPlace = 448;  // "there is no such place on the datum or grid ..."
-
-// Waypoints that do not enter, and what the rows of the others lack.
-inline constexpr int PointNonCoche = 603;      // "not checked"
-inline constexpr int PointSansPosition = 604;  // "no position"
-inline constexpr int ColonneDateAbsente = 609;  // "This file has no column “%1”, so the rows ..."
-inline constexpr int ColonneAltitudeAbsente = 610;  // the same of the altitude
-inline constexpr int IrlandaisUneLettre = 612;  // "Irish references need two letters, IO for ..."
-// What an import would do.
-inline constexpr int Repetition = 450;         // "What this import would do"
-inline constexpr int RepetitionComptes = 451;  // "Rows that enter: %1; left out: %2; ..."
-inline constexpr int RepetitionLecture = 452;  // "Reading: %1 %."
-inline constexpr int RepetitionArret = 453;    // "The import would end on the way, and ...: %1"
-inline constexpr int RepetitionConseil = 454;  // "Read as %1, %2 of %3 rows lie in the area ..."
-inline constexpr int RepetitionConseilDebut = 455;  // "Read as %1, %2 of the first %3 rows ..."
-inline constexpr int RepetitionLigne = 456;         // "Line"
-inline constexpr int RepetitionSort = 457;          // "What becomes of it"
-inline constexpr int SortEntre = 458;               // "enters"
-inline constexpr int SortSansPoint = 459;           // "enters without a point: %1"
-inline constexpr int SortLoin = 460;                // "enters, far from all others"
-inline constexpr int SortOmise = 461;               // "left out: %1"
-inline constexpr int SortFin = 462;                 // "the import ends here: %1"
-inline constexpr int SansOriginal = 463;            // "it has no original coordinates"
-inline constexpr int SansSonDatum = 464;            // "the catalogue lacks the datum %1"
-inline constexpr int OriginalSansLieu = 465;        // "its coordinates name no place"
-inline constexpr int ProblemeSuivant = 466;         // "Next problem"
-inline constexpr int RepetitionCopie = 467;         // "Copy"
-inline constexpr int RepetitionNonGardees = 468;    // "Rows counted but no longer listed: %1."
-inline constexpr int NoteDatum = 469;               // "These rows get the datum %1 (%2)."
-inline constexpr int NoteDatumAbsent = 470;  // "The catalogue lacks the datum %1 of these ..."
-inline constexpr int NoteBelge = 471;  // "Every import gives rows of the French ... BEL72 ..."
-inline constexpr int RepetitionSansFichier = 472;  // "Choose a file: what the import would do ..."
-inline constexpr int RepetitionSansDatum =
-    473;  // "The catalogue lacks the datum of the open file ..."
-inline constexpr int ImportationFenetre = 474;  // "Text import"
 
 // Buttons of message boxes.
 inline constexpr int BoutonOui = 917;  // "Yes"

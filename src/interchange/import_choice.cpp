@@ -4,7 +4,7 @@
 #include <memory>
 #include <utility>
 
-#include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"

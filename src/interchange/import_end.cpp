@@ -7,7 +7,7 @@
 
 #include "common/error_words.h"
 #include "common/grouped_number.h"
-#include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"

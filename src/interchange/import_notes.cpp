@@ -1,6 +1,6 @@
 #include "interchange/import_notes.h"
 
-#include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "common/text.h"
 #include "coords/datum.h"

@@ -7,6 +7,7 @@
 #include "common/grouped_number.h"
 #include "common/line_breaks.h"
 #include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
 #include "common/text.h"

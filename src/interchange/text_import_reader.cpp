@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "common/line_breaks.h"
-#include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "common/text.h"
 

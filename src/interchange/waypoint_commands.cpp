@@ -1,6 +1,6 @@
 #include "interchange/waypoint_commands.h"
 
-#include "common/msg_id_waypoints.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "interchange/import_end.h"

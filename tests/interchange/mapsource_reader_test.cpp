@@ -5,7 +5,7 @@
 #include <algorithm>
 
 #include "common/error_words.h"
-#include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/talpena_error.h"
 #include "interchange/import_records.h"
 

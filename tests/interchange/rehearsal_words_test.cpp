@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 
 namespace talpena {

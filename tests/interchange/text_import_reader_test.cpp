@@ -6,8 +6,8 @@
 #include <clocale>
 #include <random>
 
-#include "common/msg_id.h"
 #include "common/msg_id_errors.h"
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "common/text.h"
 #include "coords/test_catalogue.h"

@@ -11,7 +11,7 @@
 #include <QVBoxLayout>
 
 #include "common/msg_id.h"
-#include "common/msg_id_waypoints.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "interchange/garmin_samples.h"
 #include "interchange/windows/garmin_field_box.h"

@@ -17,7 +17,7 @@
 #include <vector>
 
 #include "common/msg_id.h"
-#include "common/msg_id_waypoints.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "coords/windows/frm_datum.h"
 #include "interchange/import_notes.h"

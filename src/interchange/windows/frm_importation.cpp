@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "interchange/windows/elided_label.h"
 #include "interchange/windows/rehearsal_pane.h"

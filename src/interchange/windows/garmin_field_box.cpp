@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 
-#include "common/msg_id_waypoints.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "interchange/garmin_samples.h"
 #include "platform/qt/controls.h"

@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <array>
 
-#include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "interchange/rehearsal_words.h"
 #include "interchange/windows/rehearsal_model.h"

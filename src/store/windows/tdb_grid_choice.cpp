@@ -131,6 +131,9 @@ void TDBGrid::ChoisitLignes(const std::vector<Bookmark>& rows) {
   selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
   choosing_ = false;
   lastChosen_ = chosenTop_ = chosenBottom_ = chosen_.Derniere().value_or(-1);
+  // Where the cursor stands on the first of several, those behind it are seen too.
+  const QModelIndex here = currentIndex();
+  if (rows.size() > 1 && chosen_.Contient(here.row())) scrollTo(here, PositionAtCenter);
 }
 
 std::vector<Bookmark> TDBGrid::LignesChoisies() const {

@@ -9,7 +9,7 @@
 #include <QTableView>
 #include <QTest>
 
-#include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "fakes/dark_palette.h"
 #include "interchange/windows/rehearsal_pane.h"

@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <ctime>
 
-#include "common/msg_id.h"
+#include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "interchange/listed_records.h"
 #include "interchange/rehearsal_words.h"

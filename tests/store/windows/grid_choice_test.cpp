@@ -49,6 +49,15 @@ TEST(GridRows, ComeInTheOrderInWhichTheyWereChosen) {
   EXPECT_EQ(Numeros(g), (Numbers{8, 3, 4, 5, 2, 1})) << "upwards from the row chosen last";
 }
 
+TEST(GridRows, ThoseBehindTheCursorComeIntoView) {
+  ShownGrid g(1000);
+  g.grid.resize(600, 400);
+  g.state.document.Data1.recordset().SetBookmark(501);
+  g.state.document.Data1.SignalePosition();
+  g.grid.ChoisitLignes({501, 502, 503, 504, 505});
+  EXPECT_TRUE(g.grid.viewport()->rect().contains(g.grid.visualRect(g.grid.model()->index(504, 0))));
+}
+
 TEST(GridRows, ControlTakesARowOutAndAddsItAgainAtTheEnd) {
   ShownGrid g(10);
   g.grid.ChoisitLigne(1, {});
