@@ -110,6 +110,7 @@ void Rehearsal::QuitteTable() {
 
 void Rehearsal::CommenceEssais() {
   step_ = Step::Essais;
+  if (!reader_) return;  // the file could not be opened
   if (!near_.EstVide() && points_ && plan_.system && plan_.ouvreEn) {
     others_.emplace(plan_, *points_, near_);
   }
