@@ -37,7 +37,8 @@ std::string SansPointParceQue(std::int16_t langue, const RehearsedRow& row) {
 }
 
 std::string SortEnMots(std::int16_t langue, const RehearsedRow& row) {
-  if (row.doubt != 0) return Texte(langue, row.doubt);
+  const bool enters = row.fate == Fate::Entre || row.fate == Fate::Loin;
+  if (enters && row.doubt != 0) return Texte(langue, row.doubt);
   switch (row.fate) {
     case Fate::Omise:
       return Remplace(Texte(langue, MsgId::SortOmise), "%1", Texte(langue, row.dropped));

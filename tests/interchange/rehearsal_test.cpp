@@ -143,8 +143,17 @@ TEST_F(RehearsalTest, MarksNumbersThatALineOfTheFileHasNoRoomFor) {
   for (std::int64_t i = 0; i < 6; ++i) doubts.push_back(r.Lignes().Ligne(i).doubt);
   EXPECT_EQ(doubts, (std::vector{0, 475, 475, 475, 475, 476}));
   EXPECT_EQ(r.Lignes().ProchainProbleme(0), 1);
-  EXPECT_TRUE(CellulesRepetition(1000, r.Lignes().Ligne(1))[1].starts_with("enters, but a line"));
+  EXPECT_TRUE(CellulesRepetition(1000, r.Lignes().Ligne(1))[1].starts_with("no room for its"));
   EXPECT_TRUE(ComptesEnMots(1000, r).ends_with("Rows whose numbers or quotes want a look: 5."));
+}
+
+TEST_F(RehearsalTest, SaysFirstWhyARowHasNoPoint) {
+  ImportRecord record = Fiche("deg +95.00000 +004.00000");
+  record.row.n1 = -1;
+  const Rehearsal& r = Repete(PlanDe({record}));
+  EXPECT_EQ(r.Comptes(), (RehearsalCounts{1, 0, 1, 0, 1}));
+  EXPECT_TRUE(
+      CellulesRepetition(1000, r.Lignes().Ligne(0))[1].starts_with("enters without a point: "));
 }
 
 TEST_F(RehearsalTest, TellsThatAFileCannotBeOpened) {
