@@ -9,5 +9,6 @@ inline constexpr int ExportSansSud = 663;      // "Southern latitudes lose their
 inline constexpr int ExportDatumXY = 664;      // "X and Y are computed as if the latitude ..."
 inline constexpr int ExportJusquIci = 665;     // "The file holds the rows before this one."
 inline constexpr int ExportSansFichier = 666;  // "No file was written."
+inline constexpr int ExportSurOuvert = 667;    // "This is the distribution that is open: ..."
 
 }  // namespace talpena::MsgId

@@ -54,6 +54,9 @@ inline constexpr int RepetitionSansFichier = 472;  // "Choose a file: what the i
 inline constexpr int RepetitionSansDatum =
     473;  // "The catalogue lacks the datum of the open file ..."
 inline constexpr int ImportationFenetre = 474;  // "Text import"
+inline constexpr int SortSansPlace = 475;       // "no room for its numbers: a line of ..."
+inline constexpr int SortSurPlusieurs = 476;    // "quotes over several lines of the list; ..."
+inline constexpr int RepetitionAVoir = 477;     // "Rows whose numbers or quotes want a look: %1."
 
 // Waypoint imports: options.
 inline constexpr int OptionsGarmin = 630;     // "Options of the waypoint import"

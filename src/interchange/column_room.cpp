@@ -33,4 +33,11 @@ void RefuseTropLong(const ImportRecord& record) {
   Refuse(record.row.date, Column::LargeurDate, "DATE", MsgId::ImportDateTropLongue, record.line);
 }
 
+bool TientEnLigne(const ImportedRow& row) {
+  const auto fits = [](std::int32_t number, std::int32_t most) {
+    return number >= 0 && number <= most;
+  };
+  return fits(row.period, 9) && fits(row.n1.value_or(0), 99999) && fits(row.n2.value_or(0), 99999);
+}
+
 }  // namespace talpena

@@ -100,9 +100,9 @@ void ImportChoice::UpdateInfoFile() {
 
 bool ImportChoice::FichierAChange() {
   if (path_.empty()) return false;
-  auto now = io_.files.Empreinte(path_);
+  const auto now = io_.files.Empreinte(path_);
   if (now == stamp_) return false;
-  stamp_ = std::move(now);
+  stamp_ = now;
   try {
     UpdateInfoFile();
   } catch (const TalpenaError&) {  // the rehearsal tells why

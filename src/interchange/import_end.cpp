@@ -149,7 +149,7 @@ std::int64_t SansPoint(Document& document, const ImportedRows& rows) {
 void AjouteImportees(CommandContext c, const std::string& name, ImportReader& reader,
                      ImportedRows& rows) {
   LieTable(c.document());
-  c.document().ChangeAvis({});  // that of an import before
+  c.document().DitResultat({});  // that of an import before
   DataControl& data = c.document().Data1;
   const std::int64_t before = data.recordset().RecordCount();
   try {
@@ -167,8 +167,8 @@ void TermineImport(CommandContext c, const std::string& name, const ImportedRows
   if (c.document().FiltreActif()) c.document().MontreLignes(RowsShown::Toutes());
   AjusteDegres(c, SansMaille, SansMaille, SansPlace::Tues);
   Marque(c, name);
-  c.document().ChangeAvis(AvisImport(c.state.Langue, static_cast<std::int64_t>(rows.added.size()),
-                                     rows.dropped, SansPoint(c.document(), rows)));
+  c.document().DitResultat(AvisImport(c.state.Langue, static_cast<std::int64_t>(rows.added.size()),
+                                      rows.dropped, SansPoint(c.document(), rows)));
   MontreAjoutees(c, rows);
 }
 

@@ -1,5 +1,6 @@
 #include "interchange/rehearsal.h"
 
+#include "common/msg_id_import.h"
 #include "coords/snap.h"
 #include "interchange/column_room.h"
 
@@ -11,6 +12,13 @@ constexpr std::int64_t firstRows = 500;
 
 using Outcome = ReadPoint::Outcome;
 using Fate = RehearsedRow::Fate;
+
+/// What the user is to look at though the row enters; 0 for nothing.
+int DouteDe(const ImportedRow& row) {
+  if (!TientEnLigne(row)) return MsgId::SortSansPlace;
+  const bool lines = row.comment && row.comment->find('\n') != std::string::npos;
+  return lines ? MsgId::SortSurPlusieurs : 0;
+}
 
 std::optional<std::string_view> TexteDe(const std::optional<std::string>& column) {
   if (!column) return std::nullopt;
@@ -110,6 +118,7 @@ void Rehearsal::QuitteTable() {
 
 void Rehearsal::CommenceEssais() {
   step_ = Step::Essais;
+  if (!reader_) return;  // the file could not be opened
   if (!near_.EstVide() && points_ && plan_.system && plan_.ouvreEn) {
     others_.emplace(plan_, *points_, near_);
   }
@@ -124,6 +133,8 @@ void Rehearsal::Ajoute(const ImportRecord& record) {
   row.original = record.row.original.value_or("");
   row.date = record.row.date.value_or("");
   row.comment = record.row.comment.value_or("");
+  row.doubt = record.dropped == 0 ? DouteDe(record.row) : 0;
+  counts_.doubtful += row.doubt != 0 ? 1 : 0;
   row.point.outcome = Outcome::DatumInconnu;
   if (record.dropped != 0) {
     row.fate = Fate::Omise;

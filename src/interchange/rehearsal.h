@@ -22,6 +22,7 @@ struct RehearsalCounts {
   std::int64_t dropped = 0;
   std::int64_t withoutPoint = 0;  ///< of those that enter
   std::int64_t far = 0;           ///< of those with a point: LoinKm from all others and the table's
+  std::int64_t doubtful = 0;      ///< of those that enter: numbers without room, quotes left open
   bool operator==(const RehearsalCounts&) const = default;
 };
 

@@ -37,6 +37,8 @@ std::string SansPointParceQue(std::int16_t langue, const RehearsedRow& row) {
 }
 
 std::string SortEnMots(std::int16_t langue, const RehearsedRow& row) {
+  const bool enters = row.fate == Fate::Entre || row.fate == Fate::Loin;
+  if (enters && row.doubt != 0) return Texte(langue, row.doubt);
   switch (row.fate) {
     case Fate::Omise:
       return Remplace(Texte(langue, MsgId::SortOmise), "%1", Texte(langue, row.dropped));
@@ -92,6 +94,10 @@ std::string ComptesEnMots(std::int16_t langue, const Rehearsal& rehearsal) {
   std::string text = Texte(langue, MsgId::RepetitionComptes);
   for (std::size_t i = 0; i < numbers.size(); ++i) {
     text = Remplace(text, "%" + std::to_string(i + 1), NombreGroupe(langue, numbers[i]));
+  }
+  if (counts.doubtful > 0) {
+    text += " " + Remplace(Texte(langue, MsgId::RepetitionAVoir), "%1",
+                           NombreGroupe(langue, counts.doubtful));
   }
   const std::int64_t skipped = rehearsal.Lignes().NonGardees();
   if (skipped > 0) {

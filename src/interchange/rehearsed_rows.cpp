@@ -36,6 +36,7 @@ bool RehearsedRows::Ajoute(const RehearsedRow& row) {
   kept.line = static_cast<std::uint32_t>(row.line);
   kept.period = row.period;
   kept.dropped = static_cast<std::int16_t>(row.dropped);
+  kept.doubt = static_cast<std::int16_t>(row.doubt);
   kept.fate = row.fate;
   kept.outcome = row.point.outcome;
   kept.cause = row.point.faute.cause;
@@ -81,6 +82,7 @@ RehearsedRow RehearsedRows::Ligne(std::int64_t index) const {
   row.fate = kept.fate;
   row.line = kept.line;
   row.dropped = kept.dropped;
+  row.doubt = kept.doubt;
   row.period = kept.period;
   row.point = {kept.outcome, kept.latitude, kept.longitude, {kept.cause, kept.latitude}};
   row.datum = datums_[kept.datum];
@@ -100,8 +102,9 @@ void RehearsedRows::MarqueLoin(std::int64_t index, bool far) {
 
 std::int64_t RehearsedRows::ProchainProbleme(std::int64_t from) const {
   const auto begin = rows_.begin() + std::min(from, Nombre());
-  const auto found = std::find_if(
-      begin, rows_.end(), [](const Kept& kept) { return kept.fate != RehearsedRow::Fate::Entre; });
+  const auto found = std::find_if(begin, rows_.end(), [](const Kept& kept) {
+    return kept.fate != RehearsedRow::Fate::Entre || kept.doubt != 0;
+  });
   return found == rows_.end() ? -1 : found - rows_.begin();
 }
 

@@ -24,11 +24,12 @@ struct RehearsedRow {
   Fate fate = Fate::Entre;
   std::int64_t line = 0;  ///< of the file, from 1
   int dropped = 0;        ///< base id of why it does not enter
+  int doubt = 0;          ///< base id of what is odd about one that enters; 0 for nothing
   std::int16_t period = 0;
   ReadPoint point;  ///< of a row without one: why
   std::string original, date, comment, datum;
 
-  bool EstProbleme() const { return fate != Fate::Entre; }
+  bool EstProbleme() const { return fate != Fate::Entre || doubt != 0; }
 };
 
 /// Long texts are cut. Beyond a size that files seldom have only rows with a problem are kept, then
@@ -54,7 +55,7 @@ class RehearsedRows {
     std::uint32_t line;
     std::uint16_t block, offset;
     float latitude, longitude;  ///< or the degrees of a fault
-    std::int16_t period, dropped;
+    std::int16_t period, dropped, doubt;
     std::array<std::uint8_t, 3> lengths;
     std::uint8_t datum;
     RehearsedRow::Fate fate;

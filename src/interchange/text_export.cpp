@@ -35,6 +35,16 @@ Answer DemandeRemplacement(CommandContext c) {
                                  .defaultButton = Answer::No});
 }
 
+/// The rows on show would be lost with their file: it may not be replaced. Told where it is.
+bool EstOuvert(CommandContext c, const std::string& path) {
+  const std::string& open = c.document().Fichier.NomFichier;
+  if (open.empty() || !c.io.files.MemeFichier(path, open)) return false;
+  Bip(c.state, c.io);
+  c.io.dialogues.Demande(
+      {.text = Texte(c.state.Langue, MsgId::ExportSurOuvert), .icon = Icon::Exclamation});
+  return true;
+}
+
 /// The file to write; "" when there is none. Whoever does not want a file replaced is asked for
 /// another one.
 std::string DemandeFichier(CommandContext c) {
@@ -43,10 +53,11 @@ std::string DemandeFichier(CommandContext c) {
     std::string path = c.io.dialogues.EnregistreFichier(
         {.filter = "Fichiers texte (*.txt)|*.txt", .folder = folder});
     if (path.empty() || !c.io.files.Existe(path)) return path;
+    folder = DossierDe(path);
+    if (EstOuvert(c, path)) continue;
     const Answer answer = DemandeRemplacement(c);
     if (answer == Answer::Cancel) return {};
     if (answer == Answer::Yes && PeutEcraser(c, path)) return path;
-    folder = DossierDe(path);
   }
 }
 

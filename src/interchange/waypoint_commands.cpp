@@ -27,8 +27,8 @@ void ImporteWpt(CommandContext c) {
                     "Importation annulée.");
   }
   if (ImporteTout(c, "Waypoint import", reader) && reader.ADesDates()) {
-    c.document().ChangeAvis(c.document().Montre().avis + ". " +
-                            Texte(c.state.Langue, MsgId::SiecleWpt));
+    c.document().DitResultat(c.document().Montre().avis + ". " +
+                             Texte(c.state.Langue, MsgId::SiecleWpt));
   }
 }
 

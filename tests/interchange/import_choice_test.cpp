@@ -230,6 +230,17 @@ TEST_F(ImportChoiceTest, HintsAtASystemWhenTheChosenOneCannotReadTheFile) {
   EXPECT_EQ(r->Conseil()->system, CoordSystem::Deg);
 }
 
+// Another system reads a file that is gone no better.
+TEST_F(ImportChoiceTest, AFileThatIsGoneIsToldAndReadInNoOtherSystem) {
+  Montre({{"WGS84", "", "50", "4"}, {"WGS84", "", "50", "4.1"}});
+  const ImportChoice choice = ChoixDe("1,50,4,1,1,,\n");
+  files.Supprime(path);
+  const auto r = Repete(choice);
+  ASSERT_TRUE(r->Arret());
+  EXPECT_EQ(r->Arret()->number(), ErrorNumber::FileNotFound);
+  EXPECT_FALSE(r->Conseil());
+}
+
 TEST_F(ImportChoiceTest, HintsAtNothingWhereTheRowsLieInTheAreaOrThereIsNone) {
   const std::string bytes = "1,50.5,4.5,1,1,,\n1,50.6,4.6,1,1,,\n";
   EXPECT_FALSE(Repete(ChoixDe(bytes))->Conseil()) << "an empty table";

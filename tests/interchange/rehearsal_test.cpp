@@ -127,6 +127,35 @@ TEST_F(RehearsalTest, EndsAtTextsThatTheirColumnsHaveNoRoomFor) {
   EXPECT_FALSE(Repete(PlanDe({FicheOmise(500)})).Arret());
 }
 
+// The table takes such numbers, and a save would bend their lines.
+TEST_F(RehearsalTest, MarksNumbersThatALineOfTheFileHasNoRoomFor) {
+  Records records(6, Fiche("deg +50.00000 +004.00000"));
+  records[0].row.period = 9;
+  records[0].row.n1 = 99999;
+  records[1].row.n1 = 100000;
+  records[2].row.n2 = -1;
+  records[3].row.period = 10;
+  records[4].row.period = -1;
+  records[5].row.comment = "not closed\n1,50,4,1,0,,next";
+  const Rehearsal& r = Repete(PlanDe(records));
+  EXPECT_EQ(r.Comptes(), (RehearsalCounts{6, 0, 0, 0, 5}));
+  std::vector<int> doubts;
+  for (std::int64_t i = 0; i < 6; ++i) doubts.push_back(r.Lignes().Ligne(i).doubt);
+  EXPECT_EQ(doubts, (std::vector{0, 475, 475, 475, 475, 476}));
+  EXPECT_EQ(r.Lignes().ProchainProbleme(0), 1);
+  EXPECT_TRUE(CellulesRepetition(1000, r.Lignes().Ligne(1))[1].starts_with("no room for its"));
+  EXPECT_TRUE(ComptesEnMots(1000, r).ends_with("Rows whose numbers or quotes want a look: 5."));
+}
+
+TEST_F(RehearsalTest, SaysFirstWhyARowHasNoPoint) {
+  ImportRecord record = Fiche("deg +95.00000 +004.00000");
+  record.row.n1 = -1;
+  const Rehearsal& r = Repete(PlanDe({record}));
+  EXPECT_EQ(r.Comptes(), (RehearsalCounts{1, 0, 1, 0, 1}));
+  EXPECT_TRUE(
+      CellulesRepetition(1000, r.Lignes().Ligne(0))[1].starts_with("enters without a point: "));
+}
+
 TEST_F(RehearsalTest, TellsThatAFileCannotBeOpened) {
   const Rehearsal& r = Repete({.ouvre = []() -> std::unique_ptr<ImportReader> {
     throw TalpenaError(ErrorNumber::FileNotFound, "File not found");

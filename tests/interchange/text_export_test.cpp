@@ -245,5 +245,19 @@ TEST_F(TextExportTest, AModeThatThereIsNotWritesNothing) {
   EXPECT_TRUE(folder.Noms().empty());
 }
 
+// Its rows would be lost with it, and nothing would ask for a save.
+TEST_F(TextExportTest, TheOpenDistributionIsNotReplaced) {
+  Ajoute(Ligne());
+  EcritFichier(path, "the rows of the file");
+  state.document.Fichier.NomFichier = path;
+  const std::string other = path + ".txt";
+  dialogues.paths = {path, other};
+  MnuExpAsciiMode(context, *this, Commas);
+  ASSERT_EQ(Boites().size(), 1U);
+  EXPECT_TRUE(Boites()[0].starts_with("This is the distribution that is open")) << Boites()[0];
+  EXPECT_EQ(LitFichier(path), "the rows of the file");
+  EXPECT_FALSE(LitFichier(other).empty());
+}
+
 }  // namespace
 }  // namespace talpena::test

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "store/deg_files.h"
+#include "store/file_commands.h"
 #include "store/lit_deg_fixture.h"
 
 namespace talpena {

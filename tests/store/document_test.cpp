@@ -10,8 +10,8 @@ class DocumentNotice : public GridCommands {
  protected:
   DocumentNotice() {
     Ouvre();
-    observed = state.document.Observe([this](Changes changes) {
-      if (changes.Touche(Aspect::Notice)) notices.push_back(state.document.Montre().avis);
+    observed = state.document.Observe([this](Changes touched) {
+      if (touched.Touche(Aspect::Notice)) notices.push_back(state.document.Montre().avis);
     });
   }
   Subscription observed;

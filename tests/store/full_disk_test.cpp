@@ -130,9 +130,9 @@ class TinyWorkingFolder : public FileCommands {
 TEST_F(TinyWorkingFolder, IsNamedWhenItIsFull) {
   LitDeg(context, path, MergeMode::Replace);
   const std::string database = disk / "talpena_tmp.mdb";
-  const std::string folder = database.substr(0, database.rfind('/'));
+  const std::string onDisk = database.substr(0, database.rfind('/'));
   EXPECT_EQ(Boites(), std::vector<std::string>{
-                          "The disk of the working folder " + folder +
+                          "The disk of the working folder " + onDisk +
                           " is full; make room on it, or choose another working folder in the "
                           "preferences."});
 }

@@ -173,6 +173,7 @@ void frmImportGarmin::MontreLargeurs() {
 
 void frmImportGarmin::SauveLargeurs() {
   std::vector<float> widths;
+  widths.reserve(static_cast<std::size_t>(LV->header()->count()));
   for (int i = 0; i < LV->header()->count(); ++i) {
     widths.push_back(EnTwips(LV->header()->sectionSize(i)));
   }
