@@ -82,6 +82,7 @@ inline constexpr int ChampTropLong = 566;          // "Field %1 is longer than %
 inline constexpr int LigneImportTropLongue = 567;  // "The line is longer than %1 MB; this ..."
 inline constexpr int ImportOriginalTropLong = 646;  // "The original coordinates would be “%1”, ..."
 inline constexpr int ImportDateTropLongue = 647;  // "The date “%1” is longer than its column; ..."
+inline constexpr int ImportBlancsComptent = 483;  // "The text “%1” is longer than its column ..."
 inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by another ..."
 
 // Waypoints of receivers.

@@ -56,7 +56,20 @@ inline constexpr int RepetitionSansDatum =
 inline constexpr int ImportationFenetre = 474;  // "Text import"
 inline constexpr int SortSansPlace = 475;       // "no room for its numbers: a line of ..."
 inline constexpr int SortSurPlusieurs = 476;    // "quotes over several lines of the list; ..."
-inline constexpr int RepetitionAVoir = 477;     // "Rows whose numbers or quotes want a look: %1."
+inline constexpr int RepetitionAVoir = 477;     // "Rows that want a look: %1."
+inline constexpr int RepetitionDejaImportee =
+    484;                                         // "This list has been imported into the open ..."
+inline constexpr int RepetitionSansFiche = 485;  // "The list holds no record, only empty lines ..."
+inline constexpr int SortNul = 486;              // "NUL characters among its texts; ..."
+inline constexpr int RepetitionArretDebut = 487;  // "The import would end with its first row: %1"
+
+// What can be done about the record that ends an import.
+inline constexpr int RemedeEnTete = 478;      // "If this line is a heading, put * before it ..."
+inline constexpr int RemedeSeparateur = 479;  // "Commas alone part fields; replace ..."
+inline constexpr int RemedeUtf16 = 480;       // "This file is written in UTF-16; save it as ..."
+inline constexpr int RemedeGuillemets = 481;  // "What stands behind a closing quote is dropped ..."
+inline constexpr int RemedeChamps = 482;      // "Every line needs exactly the fields ..."
+inline constexpr int RemedeEtoiles = 489;     // "Of two lines in a row that begin with * ..."
 
 // Waypoint imports: options.
 inline constexpr int OptionsGarmin = 630;     // "Options of the waypoint import"

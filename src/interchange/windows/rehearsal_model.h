@@ -22,6 +22,8 @@ class RehearsalModel : public QAbstractTableModel {
   /// The row of the next problem from one on, counting on from the first; -1 when there is none.
   int ProchainProbleme(int from) const;
   RehearsalCells Cellules(int row) const;
+  /// How many columns the fate of a row may take: its own and those behind it without a text.
+  int ColonnesDuSort(int row) const;
   void AppliqueLangue();
 
   int rowCount(const QModelIndex& parent = {}) const override;

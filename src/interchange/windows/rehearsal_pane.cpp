@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTableView>
 #include <QTimer>
@@ -28,7 +29,8 @@ constexpr int linesShown = 6;
 /// What a column has room for beside its heading; the last one takes what is left. That of the fate
 /// is a text of the interface.
 constexpr std::array<const char*, RehearsalColumn::Count> samples{
-    "999999", "", "99", "deg +50.41234 +003.92120", "-50.41234", "-150.41234", "1998/07/14", ""};
+    "999999", "",           "99", "deg +50.41234 +003.92120", "-50.41234", "-150.41234", "99999",
+    "99999",  "1998/07/14", ""};
 
 QLabel* Etiquette(QWidget* parent, const QString& name) {
   auto* label = Nomme(new QLabel(parent), name);
@@ -84,6 +86,11 @@ void RehearsalPane::ConstruitTable() {
   QHeaderView* header = lstRepetition->horizontalHeader();
   header->setStretchLastSection(true);
   header->setHighlightSections(false);
+  connect(lstRepetition->verticalScrollBar(), &QScrollBar::valueChanged, this,
+          &RehearsalPane::EtendSorts);
+  connect(lstRepetition->verticalScrollBar(), &QScrollBar::rangeChanged, this,
+          &RehearsalPane::EtendSorts);
+  connect(model_, &QAbstractItemModel::rowsInserted, this, &RehearsalPane::EtendSorts);
   auto* copies = new QShortcut(QKeySequence::Copy, lstRepetition);
   copies->setContext(Qt::WidgetShortcut);
   connect(copies, &QShortcut::activated, this, &RehearsalPane::CopieChoisies);
@@ -91,7 +98,7 @@ void RehearsalPane::ConstruitTable() {
 
 void RehearsalPane::ElargitColonnes() {
   const QFontMetrics metrics(EnGras(lstRepetition->font()));
-  const RehearsalCells titles = TitresRepetition(state_.Langue);
+  const RehearsalCells titles = TitresRepetition(state_);
   const int margins = 2 * metrics.averageCharWidth();
   for (std::size_t i = 0; i < samples.size(); ++i) {
     const std::string sample =
@@ -99,6 +106,20 @@ void RehearsalPane::ElargitColonnes() {
     const int width = std::max(metrics.horizontalAdvance(EnQt(sample)),
                                metrics.horizontalAdvance(EnQt(titles.at(i))));
     lstRepetition->horizontalHeader()->resizeSection(static_cast<int>(i), width + margins);
+  }
+}
+
+/// The words of the rows in view go on over the cells beside them that hold nothing.
+void RehearsalPane::EtendSorts() {
+  lstRepetition->clearSpans();
+  const int first = std::max(lstRepetition->rowAt(0), 0);
+  const int height = std::max(lstRepetition->rowHeight(first), 1);
+  const int last =
+      std::min(first + lstRepetition->viewport()->height() / height + 1, model_->rowCount() - 1);
+  constexpr auto column = static_cast<int>(RehearsalColumn::Fate);
+  for (int row = first; row <= last; ++row) {
+    const int columns = model_->ColonnesDuSort(row);
+    if (columns > 1) lstRepetition->setSpan(row, column, 1, columns);
   }
 }
 
@@ -175,7 +196,10 @@ void RehearsalPane::MontreTextes() {
   sinceTexts_.start();
   const std::int16_t langue = state_.Langue;
   std::string notes = notes_, ends, hint;
-  if (rehearsal_ && rehearsal_->Arret()) ends = ArretEnMots(langue, *rehearsal_->Arret());
+  if (rehearsal_ && rehearsal_->SansFiche() != 0) ends = Texte(langue, rehearsal_->SansFiche());
+  if (rehearsal_ && rehearsal_->Arret()) {
+    ends = ArretEnMots(langue, *rehearsal_->Arret(), rehearsal_->Comptes().enter);
+  }
   if (rehearsal_ && rehearsal_->Conseil()) hint = ConseilEnMots(langue, *rehearsal_->Conseil());
   if (rehearsal_ && state_.document.Entete().DatumFichier == 0) {
     notes += (notes.empty() ? "" : "\n") + Texte(langue, MsgId::RepetitionSansDatum);
@@ -209,7 +233,7 @@ void RehearsalPane::CopieTout() {
   for (const QLabel* label : {lblComptes, lblArret, lblConseil, lblNotes}) {
     if (!label->text().isEmpty()) text += label->text() + "\n";
   }
-  text += EnQt(EnLigne(TitresRepetition(state_.Langue))) + "\n";
+  text += EnQt(EnLigne(TitresRepetition(state_))) + "\n";
   QApplication::clipboard()->setText(text + LignesEnTexte(0, model_->rowCount() - 1));
 }
 

@@ -47,6 +47,7 @@ class RehearsalPane : public QWidget {
  private:
   void ConstruitTable();
   void ElargitColonnes();
+  void EtendSorts();
   void Dispose();
   void AppliqueLangue();
   void Travaille();

@@ -81,6 +81,30 @@ TEST_F(RehearsalPaneTest, ShowsCountsAndRows) {
   EXPECT_FALSE(Enfant<QLabel>("lblArret")->isVisible());
 }
 
+TEST_F(RehearsalPaneTest, ShowsTheNumbersThatMayHaveNoRoom) {
+  Records records = Trois();
+  records[0].row.n1 = 100000;
+  Repete(PlanDe(records));
+  EXPECT_TRUE(Cellule(0, RehearsalColumn::Fate).startsWith("no room for its numbers"));
+  EXPECT_EQ(Cellule(0, RehearsalColumn::Number1), "100000");
+  EXPECT_EQ(Cellule(0, RehearsalColumn::Number2), "");
+}
+
+// What stands there is the longest text of the row, and nothing else does.
+TEST_F(RehearsalPaneTest, WhatBecomesOfALineTakesTheEmptyCellsBesideIt) {
+  constexpr auto fate = static_cast<int>(RehearsalColumn::Fate);
+  Records records(300, Fiche("deg +50.00000 +004.00000"));
+  records[1] = records[299] = FicheOmise(500);
+  Repete(PlanDe(records, TalpenaError(ErrorNumber::Overflow, "Overflow").SurLigne(301)));
+  const int all = view->model()->columnCount() - fate;
+  EXPECT_EQ(view->columnSpan(0, fate), 1);
+  EXPECT_EQ(view->columnSpan(1, fate), all);
+  view->scrollToBottom();
+  EXPECT_EQ(view->columnSpan(299, fate), all);
+  EXPECT_EQ(view->columnSpan(300, fate), all) << "where the import ends";
+  EXPECT_FALSE(view->model()->index(299, fate).data(Qt::ToolTipRole).toString().isEmpty());
+}
+
 TEST_F(RehearsalPaneTest, TheNextProblemIsOneKeyAway) {
   Records records(40, Fiche("deg +50.00000 +004.00000"));
   records[30] = Fiche("deg +95.00000 +004.00000");
@@ -95,7 +119,9 @@ TEST_F(RehearsalPaneTest, TheNextProblemIsOneKeyAway) {
 
 TEST_F(RehearsalPaneTest, TheEndOfTheImportStandsAboveAndInTheList) {
   Repete(PlanDe(Trois(), TalpenaError(ErrorNumber::Overflow, "Overflow").SurLigne(4)));
-  EXPECT_TRUE(Texte("lblArret").starts_with("The import would end on the way"))
+  EXPECT_TRUE(Texte("lblArret")
+                  .starts_with("The import would end on the way, and the rows before "
+                               "(3) would stay"))
       << Texte("lblArret");
   ASSERT_EQ(view->model()->rowCount(), 4);
   EXPECT_EQ(Cellule(3, RehearsalColumn::Line), "4");
@@ -111,7 +137,7 @@ TEST_F(RehearsalPaneTest, ChosenRowsAreCopiedByTheKey) {
   view->selectRow(2);
   QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(),
-            "3\tenters\t3\tdeg +50.10000 +004.10000\t50.10000\t4.10000\t1998/07/14\tseen\n");
+            "3\tenters\t3\tdeg +50.10000 +004.10000\t50.10000\t4.10000\t\t\t1998/07/14\tseen\n");
 }
 
 TEST_F(RehearsalPaneTest, AllIsCopiedByTheButton) {

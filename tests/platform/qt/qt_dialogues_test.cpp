@@ -424,6 +424,17 @@ TEST_F(QtDialoguesFichiers, AFolderThatIsGoneLeavesTheDialogWhereTheProcessIs) {
   EXPECT_EQ(Echec([&] { dialogues.OuvreFichier(demande); }), ErrorNumber::Cancelled);
 }
 
+TEST_F(QtDialoguesFichiers, TheRootIsNoPlaceToLookForFiles) {
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(QDir::rootPath()));
+  const DialogDriver driver("OpenDialog", [&](QDialog& d) {
+    EXPECT_EQ(QDir(dynamic_cast<QFileDialog&>(d).directory().path()), QDir::home());
+    d.reject();
+  });
+  EXPECT_EQ(Echec([&] { dialogues.OuvreFichier(Demande()); }), ErrorNumber::Cancelled);
+  QDir::setCurrent(before);
+}
+
 TEST_F(QtDialoguesFichiers, AFolderIsChosen) {
   ASSERT_TRUE(QDir(folder.path()).mkdir("sub"));
   const DialogDriver driver("FolderDialog", [&](QDialog& d) {
