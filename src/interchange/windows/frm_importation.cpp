@@ -26,7 +26,7 @@ namespace {
 constexpr std::size_t lblFile = 0, lblSystemCaption = 1, lblStructureCaption = 2, lblStructure = 3,
                       lblPreviewCaption = 4, lblPreview = 5, lblFileCaption = 6;
 constexpr int previewLines = 3, watchMs = 1000;
-constexpr int wantedCharacters = 190, wantedLines = 42;
+constexpr int wantedCharacters = 205, wantedLines = 42;
 
 }  // namespace
 

@@ -26,8 +26,8 @@ namespace {
 
 constexpr qint64 sliceMs = 10, textsEveryMs = 100;
 constexpr int linesShown = 6;
-/// What a column has room for beside its heading; the last one takes what is left. That of the fate
-/// is a text of the interface.
+constexpr int commentCharacters = 16;
+/// What a column has room for beside its heading; the fate takes what is left.
 constexpr std::array<const char*, RehearsalColumn::Count> samples{
     "999999", "",           "99", "deg +50.41234 +003.92120", "-50.41234", "-150.41234", "99999",
     "99999",  "1998/07/14", ""};
@@ -52,6 +52,7 @@ RehearsalPane::RehearsalPane(StoreState& state, QWidget* parent)
       lblArret(Etiquette(this, "lblArret")),
       lblConseil(Etiquette(this, "lblConseil")),
       lblNotes(Etiquette(this, "lblNotes")),
+      lblSort(Etiquette(this, "lblSort")),
       lstRepetition(Nomme(new QTableView(this), "lstRepetition")),
       cmdProbleme(Nomme(new QPushButton(this), "cmdProbleme")),
       cmdCopier(Nomme(new QPushButton(this), "cmdCopier")) {
@@ -91,6 +92,8 @@ void RehearsalPane::ConstruitTable() {
   connect(lstRepetition->verticalScrollBar(), &QScrollBar::rangeChanged, this,
           &RehearsalPane::EtendSorts);
   connect(model_, &QAbstractItemModel::rowsInserted, this, &RehearsalPane::EtendSorts);
+  connect(lstRepetition->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+          &RehearsalPane::MontreSort);
   auto* copies = new QShortcut(QKeySequence::Copy, lstRepetition);
   copies->setContext(Qt::WidgetShortcut);
   connect(copies, &QShortcut::activated, this, &RehearsalPane::CopieChoisies);
@@ -99,14 +102,34 @@ void RehearsalPane::ConstruitTable() {
 void RehearsalPane::ElargitColonnes() {
   const QFontMetrics metrics(EnGras(lstRepetition->font()));
   const RehearsalCells titles = TitresRepetition(state_);
-  const int margins = 2 * metrics.averageCharWidth();
+  const auto largeur = [&](const std::string& text) {
+    return metrics.horizontalAdvance(EnQt(text)) + 2 * metrics.averageCharWidth();
+  };
+  QHeaderView* header = lstRepetition->horizontalHeader();
+  int others = commentCharacters * metrics.averageCharWidth();
   for (std::size_t i = 0; i < samples.size(); ++i) {
-    const std::string sample =
-        i == RehearsalColumn::Fate ? Texte(state_.Langue, MsgId::SortLoin) : samples.at(i);
-    const int width = std::max(metrics.horizontalAdvance(EnQt(sample)),
-                               metrics.horizontalAdvance(EnQt(titles.at(i))));
-    lstRepetition->horizontalHeader()->resizeSection(static_cast<int>(i), width + margins);
+    if (i == RehearsalColumn::Fate || i == RehearsalColumn::Comment) continue;
+    const int width = std::max(largeur(samples.at(i)), largeur(titles.at(i)));
+    header->resizeSection(static_cast<int>(i), width);
+    others += width;
   }
+  const int least = std::max(largeur(Texte(state_.Langue, MsgId::SortLoin)),
+                             largeur(titles[RehearsalColumn::Fate]));
+  header->resizeSection(static_cast<int>(RehearsalColumn::Fate),
+                        std::max(least, lstRepetition->viewport()->width() - others));
+}
+
+void RehearsalPane::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  layout()->activate();
+  ElargitColonnes();
+}
+
+/// All of the words of the current row, where the list may cut them.
+void RehearsalPane::MontreSort() {
+  const int row = lstRepetition->currentIndex().row();
+  const bool shown = row >= 0 && row < model_->rowCount() && model_->EstProbleme(row);
+  MontreTexte(*lblSort, shown ? model_->Cellules(row)[RehearsalColumn::Fate] : "");
 }
 
 /// The words of the rows in view go on over the cells beside them that hold nothing.
@@ -133,6 +156,7 @@ void RehearsalPane::Dispose() {
   layout->addLayout(head);
   for (QLabel* label : {lblComptes, lblArret, lblConseil, lblNotes}) layout->addWidget(label);
   layout->addWidget(lstRepetition, 1);
+  layout->addWidget(lblSort);
 }
 
 void RehearsalPane::AppliqueLangue() {
@@ -145,6 +169,7 @@ void RehearsalPane::AppliqueLangue() {
   model_->AppliqueLangue();
   ElargitColonnes();
   MontreTextes();
+  MontreSort();
 }
 
 void RehearsalPane::changeEvent(QEvent* event) {
@@ -166,6 +191,7 @@ void RehearsalPane::Arrete() {
   model_->Montre(nullptr);
   rehearsal_.reset();
   MontreTextes();
+  MontreSort();
 }
 
 void RehearsalPane::MontreNotes(const std::vector<std::string>& notes) {

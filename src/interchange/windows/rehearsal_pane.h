@@ -43,11 +43,13 @@ class RehearsalPane : public QWidget {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void ConstruitTable();
   void ElargitColonnes();
   void EtendSorts();
+  void MontreSort();
   void Dispose();
   void AppliqueLangue();
   void Travaille();
@@ -70,6 +72,7 @@ class RehearsalPane : public QWidget {
   QLabel* lblArret;
   QLabel* lblConseil;
   QLabel* lblNotes;
+  QLabel* lblSort;  ///< of the current row, when it is a problem: what becomes of it
   QTableView* lstRepetition;
   QPushButton* cmdProbleme;
   QPushButton* cmdCopier;

@@ -256,6 +256,7 @@ Answer QtDialogues::Demande(const MessageBox& box) {
   window.setTextFormat(Qt::PlainText);
   window.setText(EnLignes(box.text));
   window.setInformativeText(EnLignes(box.detail));
+  for (QLabel* label : window.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   window.setDefaultButton(box.defaultButton ? EnBouton(*box.defaultButton) : buttons.first);
   window.setEscapeButton(buttons.closing);
   AgranditIcone(window);

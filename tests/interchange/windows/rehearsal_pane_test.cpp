@@ -105,6 +105,21 @@ TEST_F(RehearsalPaneTest, WhatBecomesOfALineTakesTheEmptyCellsBesideIt) {
   EXPECT_FALSE(view->model()->index(299, fate).data(Qt::ToolTipRole).toString().isEmpty());
 }
 
+TEST_F(RehearsalPaneTest, AllWordsOfAProblemStandBelowTheList) {
+  Records records = Trois();
+  records[0].row.n1 = 100000;
+  Repete(PlanDe(records));
+  EXPECT_FALSE(Enfant<QLabel>("lblSort")->isVisible());
+  QTest::keyClick(pane->window(), Qt::Key_F8);
+  EXPECT_EQ(Texte("lblSort"), talpena::Texte(1000, MsgId::SortSansPlace));
+  EXPECT_TRUE(Enfant<QLabel>("lblSort")->isVisible());
+  view->selectRow(2);
+  EXPECT_FALSE(Enfant<QLabel>("lblSort")->isVisible()) << "it enters";
+  view->selectRow(1);
+  Repete(PlanDe(Trois()));
+  EXPECT_FALSE(Enfant<QLabel>("lblSort")->isVisible()) << "another list";
+}
+
 TEST_F(RehearsalPaneTest, TheNextProblemIsOneKeyAway) {
   Records records(40, Fiche("deg +50.00000 +004.00000"));
   records[30] = Fiche("deg +95.00000 +004.00000");
