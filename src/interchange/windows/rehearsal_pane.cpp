@@ -26,7 +26,7 @@ namespace {
 
 constexpr qint64 sliceMs = 10, textsEveryMs = 100;
 constexpr int linesShown = 6;
-constexpr int commentCharacters = 16;
+constexpr int commentCharacters = 24;
 /// What a column has room for beside its heading; the fate takes what is left.
 constexpr std::array<const char*, RehearsalColumn::Count> samples{
     "999999", "",           "99", "deg +50.41234 +003.92120", "-50.41234", "-150.41234", "99999",
@@ -106,7 +106,7 @@ void RehearsalPane::ElargitColonnes() {
     return metrics.horizontalAdvance(EnQt(text)) + 2 * metrics.averageCharWidth();
   };
   QHeaderView* header = lstRepetition->horizontalHeader();
-  int others = commentCharacters * metrics.averageCharWidth();
+  int others = commentCharacters * lstRepetition->fontMetrics().averageCharWidth();
   for (std::size_t i = 0; i < samples.size(); ++i) {
     if (i == RehearsalColumn::Fate || i == RehearsalColumn::Comment) continue;
     const int width = std::max(largeur(samples.at(i)), largeur(titles.at(i)));
