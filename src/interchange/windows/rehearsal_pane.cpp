@@ -85,7 +85,6 @@ void RehearsalPane::ConstruitTable() {
   lstRepetition->verticalHeader()->setDefaultSectionSize(line);
   lstRepetition->setMinimumHeight((linesShown + 1) * line);
   QHeaderView* header = lstRepetition->horizontalHeader();
-  header->setStretchLastSection(true);
   header->setHighlightSections(false);
   connect(lstRepetition->verticalScrollBar(), &QScrollBar::valueChanged, this,
           &RehearsalPane::EtendSorts);
@@ -106,7 +105,9 @@ void RehearsalPane::ElargitColonnes() {
     return metrics.horizontalAdvance(EnQt(text)) + 2 * metrics.averageCharWidth();
   };
   QHeaderView* header = lstRepetition->horizontalHeader();
-  int others = commentCharacters * lstRepetition->fontMetrics().averageCharWidth();
+  const int comment = std::max(commentCharacters * lstRepetition->fontMetrics().averageCharWidth(),
+                               largeur(titles[RehearsalColumn::Comment]));
+  int others = comment;
   for (std::size_t i = 0; i < samples.size(); ++i) {
     if (i == RehearsalColumn::Fate || i == RehearsalColumn::Comment) continue;
     const int width = std::max(largeur(samples.at(i)), largeur(titles.at(i)));
@@ -115,8 +116,11 @@ void RehearsalPane::ElargitColonnes() {
   }
   const int least = std::max(largeur(Texte(state_.Langue, MsgId::SortLoin)),
                              largeur(titles[RehearsalColumn::Fate]));
-  header->resizeSection(static_cast<int>(RehearsalColumn::Fate),
-                        std::max(least, lstRepetition->viewport()->width() - others));
+  const int room = lstRepetition->viewport()->width() - others;
+  header->resizeSection(static_cast<int>(RehearsalColumn::Fate), std::max(least, room));
+  // With large letters the list is scrolled rather than the last heading cut.
+  header->setStretchLastSection(room >= least);
+  if (room < least) header->resizeSection(static_cast<int>(RehearsalColumn::Comment), comment);
 }
 
 void RehearsalPane::resizeEvent(QResizeEvent* event) {
