@@ -26,7 +26,7 @@ namespace {
 
 constexpr qint64 sliceMs = 10, textsEveryMs = 100;
 constexpr int linesShown = 6;
-constexpr int commentCharacters = 24;
+constexpr int commentCharacters = 32;
 /// What a column has room for beside its heading; the fate takes what is left.
 constexpr std::array<const char*, RehearsalColumn::Count> samples{
     "999999", "",           "99", "deg +50.41234 +003.92120", "-50.41234", "-150.41234", "99999",
@@ -63,6 +63,7 @@ RehearsalPane::RehearsalPane(StoreState& state, QWidget* parent)
   lblConseil->setFont(EnGras(font()));
   ConstruitTable();
   Dispose();
+  lstRepetition->viewport()->installEventFilter(this);
   auto* next = new QShortcut(Qt::Key_F8, this);
   connect(next, &QShortcut::activated, this, &RehearsalPane::VaAuProbleme);
   connect(cmdProbleme, &QPushButton::clicked, this, &RehearsalPane::VaAuProbleme);
@@ -112,7 +113,7 @@ void RehearsalPane::ElargitColonnes() {
     if (i == RehearsalColumn::Fate || i == RehearsalColumn::Comment) continue;
     const int width = std::max(largeur(samples.at(i)), largeur(titles.at(i)));
     header->resizeSection(static_cast<int>(i), width);
-    others += width;
+    others += header->sectionSize(static_cast<int>(i));  // 0 when it is hidden
   }
   const int least = std::max(largeur(Texte(state_.Langue, MsgId::SortLoin)),
                              largeur(titles[RehearsalColumn::Fate]));
@@ -123,9 +124,16 @@ void RehearsalPane::ElargitColonnes() {
   if (room < least) header->resizeSection(static_cast<int>(RehearsalColumn::Comment), comment);
 }
 
-void RehearsalPane::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  layout()->activate();
+bool RehearsalPane::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) ElargitColonnes();
+  return QWidget::eventFilter(watched, event);
+}
+
+/// Waypoints have none.
+void RehearsalPane::MontreNombres(bool shown) {
+  for (const std::size_t column : {RehearsalColumn::Number1, RehearsalColumn::Number2}) {
+    lstRepetition->setColumnHidden(static_cast<int>(column), !shown);
+  }
   ElargitColonnes();
 }
 
@@ -183,6 +191,7 @@ void RehearsalPane::changeEvent(QEvent* event) {
 
 void RehearsalPane::Repete(RehearsalPlan plan) {
   Arrete();
+  MontreNombres(plan.system.has_value());
   rehearsal_ = std::make_unique<Rehearsal>(state_, state_.document.Entete().DatumFichier,
                                            state_.document.Base(), std::move(plan));
   model_->Montre(rehearsal_.get());

@@ -43,11 +43,12 @@ class RehearsalPane : public QWidget {
 
  protected:
   void changeEvent(QEvent* event) override;
-  void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void ConstruitTable();
   void ElargitColonnes();
+  void MontreNombres(bool shown);
   void EtendSorts();
   void MontreSort();
   void Dispose();

@@ -5,6 +5,7 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
@@ -84,10 +85,30 @@ TEST_F(RehearsalPaneTest, ShowsCountsAndRows) {
 TEST_F(RehearsalPaneTest, ShowsTheNumbersThatMayHaveNoRoom) {
   Records records = Trois();
   records[0].row.n1 = 100000;
-  Repete(PlanDe(records));
+  RehearsalPlan plan = PlanDe(records);
+  plan.system = CoordSystem::Deg;
+  Repete(std::move(plan));
   EXPECT_TRUE(Cellule(0, RehearsalColumn::Fate).startsWith("no room for its numbers"));
+  EXPECT_FALSE(view->isColumnHidden(RehearsalColumn::Number1));
   EXPECT_EQ(Cellule(0, RehearsalColumn::Number1), "100000");
   EXPECT_EQ(Cellule(0, RehearsalColumn::Number2), "");
+}
+
+TEST_F(RehearsalPaneTest, WaypointsHaveNoColumnsForNumbers) {
+  Repete(PlanDe(Trois()));
+  EXPECT_TRUE(view->isColumnHidden(RehearsalColumn::Number1));
+  EXPECT_TRUE(view->isColumnHidden(RehearsalColumn::Number2));
+}
+
+TEST_F(RehearsalPaneTest, TheColumnsFillTheList) {
+  Repete(PlanDe(Trois()));
+  for (const int width : {1200, 1000, 1100}) {
+    dialog.resize(width, 500);
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+      const int gap = view->viewport()->width() - view->horizontalHeader()->length();
+      return gap == 0;
+    })) << width;
+  }
 }
 
 // What stands there is the longest text of the row, and nothing else does.
