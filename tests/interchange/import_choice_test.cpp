@@ -269,7 +269,8 @@ TEST_F(ImportChoiceTest, TheNoticeOfAnImportGoesWithTheNextEditOfARow) {
       [this](Edition& e) {
         const auto rows = state.document.Data1.Clone();
         rows->MoveFirst();
-        e.ModifieLigne(*rows, [](Recordset& row) { row.Set(Column::N1, Cell::Of(std::int64_t{5})); });
+        e.ModifieLigne(*rows,
+                       [](Recordset& row) { row.Set(Column::N1, Cell::Of(std::int64_t{5})); });
       }};
   for (const auto& edit : edits) {
     ChoixDe(twoRows);
