@@ -144,7 +144,7 @@ TEST_F(RehearsalTest, MarksNumbersThatALineOfTheFileHasNoRoomFor) {
   EXPECT_EQ(doubts, (std::vector{0, 475, 475, 475, 475, 476}));
   EXPECT_EQ(r.Lignes().ProchainProbleme(0), 1);
   EXPECT_TRUE(CellulesRepetition(1000, r.Lignes().Ligne(1))[1].starts_with("no room for its"));
-  EXPECT_TRUE(ComptesEnMots(1000, r).ends_with("Rows whose numbers or quotes want a look: 5."));
+  EXPECT_TRUE(ComptesEnMots(1000, r).ends_with("Rows that want a look: 5."));
 }
 
 TEST_F(RehearsalTest, SaysFirstWhyARowHasNoPoint) {
