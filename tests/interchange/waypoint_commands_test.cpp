@@ -57,7 +57,7 @@ TEST(ImportGarmin, TellsLinesWithoutAPositionAndADatumLineWithoutNumbers) {
   EXPECT_EQ(world.state.document.Montre().avis,
             "Import: 3 rows added, 0 dropped, 0 without a point. Rows to look at: 2; the first, "
             "line 13 of the file: no position where one should stand. The datum line of the file "
-            "lacks numbers, which count as 0, as for WGS84: check where the points lie.");
+            "lacks numbers: check where the points lie.");
 }
 
 struct FolderCase {
