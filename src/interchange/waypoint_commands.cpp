@@ -42,11 +42,25 @@ std::string DemandeFichier(ImportContext c, std::string filter) {
 void Remarque(CommandContext c, const std::vector<std::string>& remarks) {
   std::string text = c.document().Montre().avis, between = ". ";
   for (const std::string& remark : remarks) {
-    if (remark.empty()) continue;
     text += between + remark;
     between = " ";
   }
   c.document().DitResultat(text);
+}
+
+/// There is no rehearsal of such a file: what is wrong with it is told in a box too.
+void RemarqueWpt(CommandContext c, const WptReader& reader) {
+  const std::int16_t langue = c.state.Langue;
+  std::vector<std::string> remarks;
+  if (const std::string doubts = reader.Doutes().EnMots(langue); !doubts.empty()) {
+    remarks.push_back(doubts);
+  }
+  if (!reader.ADatum()) remarks.push_back(Texte(langue, MsgId::WptSansDatum));
+  std::string told;
+  for (const std::string& remark : remarks) told += (told.empty() ? "" : "\n") + remark;
+  if (reader.ADesDates()) remarks.push_back(Texte(langue, MsgId::SiecleWpt));
+  Remarque(c, remarks);
+  if (!told.empty()) c.io.dialogues.Demande({.text = told, .icon = Icon::Information});
 }
 
 void ImporteWpt(ImportContext c) {
@@ -61,12 +75,7 @@ void ImporteWpt(ImportContext c) {
   }
   ImportedRows rows;
   if (!ImporteTout(c, "Waypoint import", reader, rows)) return;
-  const auto siVrai = [&](bool odd, int text) {
-    return odd ? Texte(c.state.Langue, text) : std::string();
-  };
-  Remarque(c,
-           {reader.Doutes().EnMots(c.state.Langue), siVrai(!reader.ADatum(), MsgId::WptSansDatum),
-            siVrai(reader.ADesDates(), MsgId::SiecleWpt)});
+  RemarqueWpt(c, reader);
 }
 
 /// What was not asked for does not count as dropped.
@@ -83,7 +92,8 @@ bool ImporteMapSource(CommandContext c, const MapSourceText& text, const MapSour
   }
   MapSourceReader reader(text, Coches(choice), options, c.document().Entete());
   if (!ImporteTout(c, "MapSource import", reader, rows)) return false;
-  Remarque(c, {reader.Doutes().EnMots(c.state.Langue)});
+  const std::string doubts = reader.Doutes().EnMots(c.state.Langue);
+  if (!doubts.empty()) Remarque(c, {doubts});
   return true;
 }
 

@@ -11,9 +11,9 @@
 namespace talpena {
 
 /// `mnuImport` 1: asks for a .wpt file; each of its lines becomes a row on the default datum, and
-/// the rows get their coordinates. Failures are shown, not thrown; rows added before one stay. The
-/// status bar tells what is odd about the file: lines without a position, a datum line without
-/// numbers, dates.
+/// the rows get their coordinates. Failures are shown, not thrown; rows added before one stay. What
+/// is odd about the file, lines without a position and a datum line without numbers, is told by a
+/// box and in the status bar.
 void ImportGarmin(ImportContext c);
 
 /// `mnuImportGarmin` 0: asks for a text of MapSource and shows it (frmImportGarmin). Tracks, 1, are

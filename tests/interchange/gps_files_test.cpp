@@ -157,7 +157,14 @@ TEST_F(GpsFiles, WaypointsAreTakenOutOfATextWithRoutesAndTracks) {
   EXPECT_EQ(MapSource("garmincategories.txt").size(), 2U);
 }
 
-TEST_F(GpsFiles, ATrackIsReadAsWaypointsByItsColumns) { EXPECT_EQ(Wpt("pcx.trk").size(), 66U); }
+TEST_F(GpsFiles, ATrackIsReadAsWaypointsByItsColumnsAndItsLinesAreTold) {
+  WaypointWorld world;
+  world.ImporteWpt(Bytes("pcx.trk"));
+  EXPECT_EQ(world.Lignes().size(), 66U);
+  EXPECT_EQ(world.Boites(),
+            Lines{"Rows to look at: 66; the first, line 11 of the file: no position "
+                  "where one should stand."});
+}
 
 TEST_F(GpsFiles, AnotherDialectIsRefused) {
   WaypointWorld world;

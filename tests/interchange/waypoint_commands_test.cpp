@@ -54,6 +54,11 @@ TEST(ImportGarmin, TellsLinesWithoutAPositionAndADatumLineWithoutNumbers) {
   WaypointWorld world;
   world.ImporteWpt(FichierWpt({LigneWpt("A", "a"), "H  a remark", "T  another"}, "M  G"));
   EXPECT_EQ(world.Points()[1], "0 0") << "they enter all the same";
+  EXPECT_EQ(world.dialogues.boxes.at(0).icon, Icon::Information);
+  EXPECT_EQ(world.Boites(),
+            Lines{"Rows to look at: 2; the first, line 13 of the file: no position where one "
+                  "should stand.\nThe datum line of the file lacks numbers: check where the points "
+                  "lie."});
   EXPECT_EQ(world.state.document.Montre().avis,
             "Import: 3 rows added, 0 dropped, 0 without a point. Rows to look at: 2; the first, "
             "line 13 of the file: no position where one should stand. The datum line of the file "
