@@ -15,11 +15,10 @@ using Fate = RehearsedRow::Fate;
 
 /// What the user is to look at though the row enters; 0 for nothing.
 int DouteDe(const ImportRecord& record) {
-  if (record.dropped != 0 || record.doubt != 0) return record.dropped != 0 ? 0 : record.doubt;
   const ImportedRow& row = record.row;
   if (!TientEnLigne(row)) return MsgId::SortSansPlace;
   const bool lines = row.comment && row.comment->find('\n') != std::string::npos;
-  return lines ? MsgId::SortSurPlusieurs : 0;
+  return lines ? MsgId::SortSurPlusieurs : record.doubt;
 }
 
 std::optional<std::string_view> TexteDe(const std::optional<std::string>& column) {
@@ -135,7 +134,7 @@ void Rehearsal::Ajoute(const ImportRecord& record) {
   row.original = record.row.original.value_or("");
   row.date = record.row.date.value_or("");
   row.comment = record.row.comment.value_or("");
-  row.doubt = DouteDe(record);
+  row.doubt = record.dropped == 0 ? DouteDe(record) : 0;
   counts_.doubtful += row.doubt != 0 ? 1 : 0;
   row.point.outcome = Outcome::DatumInconnu;
   if (record.dropped != 0) {

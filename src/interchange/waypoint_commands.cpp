@@ -20,20 +20,13 @@ void DitArret(const SharedState& state, Platform& io, const std::string& text,
   io.dialogues.Demande({.text = text, .icon = icon});
 }
 
-/// Where receivers' files were last found, else beside the open distribution, else with the user.
-std::string DossierDepart(ImportContext c) {
-  const std::string& path = c.document().Fichier.NomFichier;
-  for (const std::string& folder :
-       {c.interchange.DossierPoints, DossierDe(path), c.io.environment.Variable("HOME")}) {
-    if (!folder.empty()) return folder;
-  }
-  return c.io.environment.Variable("USERPROFILE");
-}
-
-/// "" when nothing was chosen.
+/// Looks where receivers' files were last found, else beside the open distribution. "" when nothing
+/// was chosen.
 std::string DemandeFichier(ImportContext c, std::string filter) {
-  const std::string path =
-      c.io.dialogues.OuvreFichier({.filter = std::move(filter), .folder = DossierDepart(c)});
+  const std::string& last = c.interchange.DossierPoints;
+  const std::string path = c.io.dialogues.OuvreFichier(
+      {.filter = std::move(filter),
+       .folder = last.empty() ? DossierDe(c.document().Fichier.NomFichier) : last});
   if (!path.empty()) c.interchange.DossierPoints = DossierDe(path);
   return path;
 }

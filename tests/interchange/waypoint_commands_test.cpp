@@ -69,14 +69,13 @@ struct FolderCase {
   const char* name;
   const char* last;
   const char* open;
-  const char* home;
   const char* folder;
 };
 
 const FolderCase folders[] = {
-    {"where the last one was", "/gps/", "/data/moles.deg", "/home/u", "/gps/"},
-    {"beside the open distribution", "", "/data/moles.deg", "/home/u", "/data/"},
-    {"at home", "", "", "/home/u", "/home/u"},
+    {"where the last one was", "/gps/", "/data/moles.deg", "/gps/"},
+    {"beside the open distribution", "", "/data/moles.deg", "/data/"},
+    {"wherever a dialog starts", "", "", ""},
 };
 
 TEST(ImportGarmin, LooksForItsFileWhereTheUserHasFiles) {
@@ -85,7 +84,6 @@ TEST(ImportGarmin, LooksForItsFileWhereTheUserHasFiles) {
     WaypointWorld world;
     world.interchange.DossierPoints = c.last;
     world.state.document.Fichier.NomFichier = c.open;
-    world.environment.variables["HOME"] = c.home;
     for (int i = 0; i < 2; ++i) world.dialogues.paths.emplace_back("");
     ImportGarmin(world.Contexte());
     ImportMapSource(world.Contexte(), 0);
