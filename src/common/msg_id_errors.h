@@ -86,6 +86,8 @@ inline constexpr int ImportBlancsComptent = 483;  // "The text “%1” is longe
 inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by another ..."
 
 // Waypoints of receivers.
+inline constexpr int PointsCoupes = 497;      // "The waypoint file ends too early, behind ..."
+inline constexpr int PeriodeSansPlace = 498;  // "The period “%1” has no room in a line of ..."
 inline constexpr int PositionIllisible = 605;  // "The position “%1” of the waypoint “%2” ..."
 inline constexpr int LigneSansNom = 606;       // "Nothing stands behind its first word; look ..."
 inline constexpr int TropDePoints = 607;       // "The file holds more waypoints than can be ..."

@@ -27,6 +27,16 @@ inline constexpr int PointSansPosition = 604;  // "no position"
 inline constexpr int ColonneDateAbsente = 609;  // "This file has no column “%1”, so the rows ..."
 inline constexpr int ColonneAltitudeAbsente = 610;  // the same of the altitude
 inline constexpr int IrlandaisUneLettre = 612;  // "Irish references need two letters, IO for ..."
+// What is odd about waypoints that enter.
+inline constexpr int DoutePosition = 490;    // "no position where one should stand"
+inline constexpr int DouteMinutes = 491;     // "its minutes or seconds are more than 60"
+inline constexpr int DouteHemisphere = 492;  // "its position has no N or S, or no E or W"
+inline constexpr int DouteDate = 493;        // "its date is not written as 17-APR-02"
+inline constexpr int DouteMois = 494;        // "the month of its date is not known, so it ..."
+inline constexpr int PointsAVoir = 495;      // "Rows to look at: %1; the first, line %2 ...: %3."
+inline constexpr int WptSansDatum = 496;     // "The datum line of the file lacks numbers: ..."
+inline constexpr int PointsEntres = 499;     // "Waypoints that have come in and are no longer ..."
+
 // What an import would do.
 inline constexpr int Repetition = 450;         // "What this import would do"
 inline constexpr int RepetitionComptes = 451;  // "Rows that enter: %1; left out: %2; ..."
