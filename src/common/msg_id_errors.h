@@ -85,9 +85,12 @@ inline constexpr int ChampTropLong = 566;          // "Field %1 is longer than %
 inline constexpr int LigneImportTropLongue = 567;  // "The line is longer than %1 MB; this ..."
 inline constexpr int ImportOriginalTropLong = 646;  // "The original coordinates would be “%1”, ..."
 inline constexpr int ImportDateTropLongue = 647;  // "The date “%1” is longer than its column; ..."
+inline constexpr int ImportBlancsComptent = 483;  // "The text “%1” is longer than its column ..."
 inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by another ..."
 
 // Waypoints of receivers.
+inline constexpr int PointsCoupes = 497;      // "The waypoint file ends too early, behind ..."
+inline constexpr int PeriodeSansPlace = 498;  // "The period “%1” has no room in a line of ..."
 inline constexpr int PositionIllisible = 605;  // "The position “%1” of the waypoint “%2” ..."
 inline constexpr int LigneSansNom = 606;       // "Nothing stands behind its first word; look ..."
 inline constexpr int TropDePoints = 607;       // "The file holds more waypoints than can be ..."
