@@ -43,12 +43,15 @@ TableDef DefinitionDe(const TableFile& file) {
   return definition;
 }
 
-/// A name that a file can have.
-bool EstNomDeTable(std::string_view name) {
-  return !name.empty() && name.front() != ' ' && EstUtf8(name) &&
-         std::ranges::none_of(name, [](char c) {
-           return static_cast<unsigned char>(c) < ' ' || c == '/' || c == '\\';
-         });
+/// Refuses a name that no file can have.
+void VerifieNomDeTable(const std::string& name) {
+  const bool refused = name.empty() || name.front() == ' ' || !EstUtf8(name) ||
+                       std::ranges::any_of(name, [](char c) {
+                         return static_cast<unsigned char>(c) < ' ' || c == '/' || c == '\\';
+                       });
+  if (!refused) return;
+  throw TalpenaError(ErrorNumber::InvalidName, "'" + name + "' is not a valid name of a table.",
+                     {.text = MsgId::EchecNomDeFichier, .about = {name}});
 }
 
 class DossierParadox final : public ForeignDatabase {
@@ -114,7 +117,7 @@ std::unique_ptr<RowSource> DossierParadox::Rows(std::string_view table) {
 }
 
 void DossierParadox::CreeTable(const TableDef& table) {
-  if (!EstNomDeTable(table.name)) throw foreign::NomRefuse(table.name);
+  VerifieNomDeTable(table.name);
   if (Ecrite(table.name) != nullptr || folder_.FichierDe(table.name)) {
     throw foreign::TableExiste(table.name);
   }

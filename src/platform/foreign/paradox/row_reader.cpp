@@ -66,7 +66,6 @@ Cell RowReader::Valeur(std::size_t number, std::string_view bytes) {
   if (EstLong(column.type)) return ValeurLongue(number, bytes);
   if (column.type != ParadoxType::Alpha) return ValeurFixe(column, bytes);
   const std::string_view text = TexteAlpha(bytes);
-  if (text.empty()) return Cell::Null();
   if (EstAscii(text)) return Cell::Of(text);
   page_.Ajoute(TexteVide(number), text);
   return Cell::Of(std::string_view(texts_[number]));
@@ -74,9 +73,9 @@ Cell RowReader::Valeur(std::size_t number, std::string_view bytes) {
 
 Cell RowReader::ValeurLongue(std::size_t number, std::string_view bytes) {
   const LongValue value = ReferenceLue(bytes);
-  if (value.length == 0) return Cell::Null();
-  std::string& kept = TexteVide(number);
   const bool isText = EstTexteLong(head_.columns[number].type);
+  if (value.length == 0) return isText ? Cell::Of(std::string_view()) : Cell::Null();
+  std::string& kept = TexteVide(number);
   const auto add = [&](std::string_view piece) {
     if (isText) {
       page_.Ajoute(kept, piece);

@@ -111,7 +111,7 @@ TEST(ParadoxReader, ReadsSmallAndLargeMemosOfOneFile) {
   ASSERT_EQ(rows.size(), 20U);
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (i >= std::size(memos)) {
-      EXPECT_EQ(rows[i][8], Value()) << i;
+      EXPECT_EQ(rows[i][8], Value("")) << i;
       continue;
     }
     const auto text = std::get<std::string>(rows[i][8]);

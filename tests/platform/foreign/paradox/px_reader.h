@@ -51,6 +51,7 @@ inline std::string CommeAilleurs(const Value& value, FieldType type, const std::
   if (type == FieldType::Memo || type == FieldType::Binary) return "?";
   if (std::holds_alternative<std::monostate>(value)) return "-";
   if (const auto* const text = std::get_if<std::string>(&value)) {
+    if (text->empty()) return "-";
     return "t" + Hexadecimal(Utf8VersCp1252(*text).value_or("(not in 1252)"));
   }
   if (type == FieldType::Boolean) return std::get<std::int64_t>(value) == 0 ? "i0" : "i1";
