@@ -1,6 +1,7 @@
 #include "platform/foreign/code_page.h"
 
 #include <unicode/ucnv.h>
+#include <unicode/unistr.h>
 
 #include <algorithm>
 #include <iterator>
@@ -22,7 +23,8 @@ struct Converter {
 
 // clang-format off
 constexpr Converter converters[] = {
-    {437, "cp437"}, {850, "cp850"}, {852, "cp852"}, {866, "cp866"},
+    {437, "cp437"}, {737, "cp737"}, {850, "cp850"}, {852, "cp852"}, {857, "cp857"},
+    {860, "cp860"}, {861, "cp861"}, {863, "cp863"}, {865, "cp865"}, {866, "cp866"}, {869, "cp869"},
     {1250, "windows-1250"}, {1251, "windows-1251"}, {1252, "windows-1252"},
     {1253, "windows-1253"}, {1254, "windows-1254"},
 };
@@ -36,7 +38,8 @@ struct Correction {
 
 /// Where the converters differ from the tables that Unicode publishes for these code pages.
 constexpr Correction corrections[] = {
-    {437, 0xE6, "\u00B5"}, {852, 0xAA, "\u00AC"}, {1253, 0xAA, replacement}};
+    {437, 0xE6, "\u00B5"}, {860, 0xE6, "\u00B5"}, {861, 0xE6, "\u00B5"}, {863, 0xE6, "\u00B5"},
+    {865, 0xE6, "\u00B5"}, {869, 0x88, "\u00B7"}, {852, 0xAA, "\u00AC"}, {1253, 0xAA, replacement}};
 
 const char* ConvertisseurDe(int number) {
   const auto* const found = std::ranges::find(converters, number, &Converter::number);
@@ -66,13 +69,10 @@ std::array<std::string, 128> MoitieHaute(int number) {
     const char* from = &byte;
     status = U_ZERO_ERROR;
     const UChar32 c = ucnv_getNextUChar(converter.get(), &from, from + 1, &status);
-    std::array<char, U8_MAX_LENGTH> bytes{};
-    std::size_t length = 0;
     if (U_FAILURE(status) || SansSens(c)) {
       upper[i] = replacement;
     } else {
-      U8_APPEND_UNSAFE(bytes.data(), length, c);
-      upper[i].assign(bytes.data(), length);
+      icu::UnicodeString(c).toUTF8String(upper[i]);
     }
   }
   for (const Correction& correction : corrections) {
