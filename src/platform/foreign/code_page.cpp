@@ -38,8 +38,9 @@ struct Correction {
 
 /// Where the converters differ from the tables that Unicode publishes for these code pages.
 constexpr Correction corrections[] = {
-    {437, 0xE6, "\u00B5"}, {860, 0xE6, "\u00B5"}, {861, 0xE6, "\u00B5"}, {863, 0xE6, "\u00B5"},
-    {865, 0xE6, "\u00B5"}, {869, 0x88, "\u00B7"}, {852, 0xAA, "\u00AC"}, {1253, 0xAA, replacement}};
+    {437, 0xE6, "\u00B5"}, {860, 0xE6, "\u00B5"}, {861, 0xE6, "\u00B5"},
+    {863, 0xE6, "\u00B5"}, {865, 0xE6, "\u00B5"}, {869, 0x88, "\u00B7"},
+    {869, 0xEF, "\u0384"}, {852, 0xAA, "\u00AC"}, {1253, 0xAA, replacement}};
 
 const char* ConvertisseurDe(int number) {
   const auto* const found = std::ranges::find(converters, number, &Converter::number);
