@@ -1,6 +1,7 @@
 #include "platform/foreign/code_page.h"
 
 #include <unicode/ucnv.h>
+#include <unicode/unistr.h>
 
 #include <algorithm>
 #include <iterator>
@@ -66,13 +67,10 @@ std::array<std::string, 128> MoitieHaute(int number) {
     const char* from = &byte;
     status = U_ZERO_ERROR;
     const UChar32 c = ucnv_getNextUChar(converter.get(), &from, from + 1, &status);
-    std::array<char, U8_MAX_LENGTH> bytes{};
-    std::size_t length = 0;
     if (U_FAILURE(status) || SansSens(c)) {
       upper[i] = replacement;
     } else {
-      U8_APPEND_UNSAFE(bytes.data(), length, c);
-      upper[i].assign(bytes.data(), length);
+      icu::UnicodeString(c).toUTF8String(upper[i]);
     }
   }
   for (const Correction& correction : corrections) {
