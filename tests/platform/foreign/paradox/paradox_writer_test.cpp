@@ -103,6 +103,15 @@ TEST(ParadoxWriter, KeepsLineEndsAndZerosOfMemos) {
   EXPECT_EQ(table.Relit(), rows);
 }
 
+TEST(ParadoxWriter, ATableMayHaveAPointInItsName) {
+  TableDef memos = UnMemo();
+  memos.name = "a b.c";
+  const WrittenTable table(memos);
+  table.Ecrit({{std::string(300, 'x')}});
+  EXPECT_EQ(table.folder->Noms(), (std::vector<std::string>{"a b.c.db", "a b.c.mb"}));
+  EXPECT_EQ(table.Relit(), (std::vector<Row>{{std::string(300, 'x')}}));
+}
+
 TEST(ParadoxWriter, KeepsBlanksOfTexts) {
   const WrittenTable table(UnTexte());
   table.Ecrit({{"  a "}, {" "}});
