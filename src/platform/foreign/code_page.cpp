@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <memory>
 
 #include "common/msg_id_errors.h"
@@ -42,11 +43,6 @@ constexpr Correction corrections[] = {
     {863, 0xE6, "\u00B5"}, {865, 0xE6, "\u00B5"}, {869, 0x88, "\u00B7"},
     {869, 0xEF, "\u0384"}, {852, 0xAA, "\u00AC"}, {1253, 0xAA, replacement}};
 
-const char* ConvertisseurDe(int number) {
-  const auto* const found = std::ranges::find(converters, number, &Converter::number);
-  return found == std::end(converters) ? nullptr : found->name;
-}
-
 TalpenaError PageInconnue(int number) {
   return {ErrorNumber::InvalidArgument,
           "Invalid argument: code page " + std::to_string(number) + " is not known.",
@@ -59,12 +55,12 @@ bool SansSens(UChar32 c) {
   return control || privateUse || c == 0xFFFD;
 }
 
-std::array<std::string, 128> MoitieHaute(int number) {
+CodePage::UpperHalf FaitMoitieHaute(const Converter& page) {
   UErrorCode status = U_ZERO_ERROR;
-  const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(
-      ucnv_open(ConvertisseurDe(number), &status), &ucnv_close);
-  if (U_FAILURE(status)) throw PageInconnue(number);
-  std::array<std::string, 128> upper;
+  const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(page.name, &status),
+                                                                     &ucnv_close);
+  if (U_FAILURE(status)) throw PageInconnue(page.number);
+  CodePage::UpperHalf upper;
   for (std::size_t i = 0; i < upper.size(); ++i) {
     const char byte = static_cast<char>(0x80 + i);
     const char* from = &byte;
@@ -77,9 +73,18 @@ std::array<std::string, 128> MoitieHaute(int number) {
     }
   }
   for (const Correction& correction : corrections) {
-    if (correction.number == number) upper[correction.byte - 0x80U] = correction.character;
+    if (correction.number == page.number) upper[correction.byte - 0x80U] = correction.character;
   }
   return upper;
+}
+
+const CodePage::UpperHalf& MoitieHaute(int number) {
+  static const std::map<int, CodePage::UpperHalf> halves = [] {
+    std::map<int, CodePage::UpperHalf> made;
+    for (const Converter& page : converters) made.emplace(page.number, FaitMoitieHaute(page));
+    return made;
+  }();
+  return halves.at(number);
 }
 
 void AjouteUtf8(std::string& out, std::string_view bytes) {
@@ -120,11 +125,14 @@ const char* ControleSansSens(char byte) {
 
 }  // namespace
 
-bool CodePage::Connue(int number) { return number == utf8 || ConvertisseurDe(number) != nullptr; }
+bool CodePage::Connue(int number) {
+  return number == utf8 ||
+         std::ranges::find(converters, number, &Converter::number) != std::end(converters);
+}
 
 CodePage::CodePage(int number) : number_(number) {
   if (!Connue(number)) throw PageInconnue(number);
-  if (number != utf8) upper_ = MoitieHaute(number);
+  if (number != utf8) upper_ = &MoitieHaute(number);
 }
 
 void CodePage::Ajoute(std::string& out, std::string_view bytes) const {
@@ -138,7 +146,7 @@ void CodePage::Ajoute(std::string& out, std::string_view bytes) const {
       if (value < 0x80) {
         out += byte;
       } else {
-        out += upper_[value - 0x80U];
+        out += (*upper_)[value - 0x80U];
       }
     }
   }
