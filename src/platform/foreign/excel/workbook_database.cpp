@@ -1,0 +1,88 @@
+#include "platform/foreign/excel/workbook_database.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "common/talpena_error.h"
+#include "common/text.h"
+#include "platform/foreign/excel/sheet_table.h"
+
+namespace talpena::excel {
+namespace {
+
+/// Calls whoever waits, now and then.
+class Beat {
+ public:
+  explicit Beat(std::shared_ptr<const WorkBeat> attente) : attente_(std::move(attente)) {}
+  void operator()() {
+    constexpr std::chrono::milliseconds between{20};
+    const auto now = std::chrono::steady_clock::now();
+    if (now - last_ < between) return;
+    last_ = now;
+    if (*attente_ && !(*attente_)()) throw TalpenaError(ErrorNumber::Cancelled, "Cancel.");
+  }
+
+ private:
+  std::shared_ptr<const WorkBeat> attente_;
+  std::chrono::steady_clock::time_point last_{};
+};
+
+class WorkbookDatabase final : public ForeignDatabase {
+ public:
+  WorkbookDatabase(std::unique_ptr<Workbook> workbook, std::shared_ptr<const WorkBeat> attente)
+      : workbook_(std::move(workbook)), attente_(std::move(attente)) {
+    const std::vector<SheetInfo>& sheets = workbook_->Feuilles();
+    for (std::size_t i = 0; i < sheets.size(); ++i) Decrit(sheets[i], i);
+  }
+
+  std::vector<TableDef> Tables() override {
+    std::vector<TableDef> definitions;
+    for (const Entry& entry : tables_) definitions.push_back(entry.table.definition);
+    return definitions;
+  }
+  std::unique_ptr<RowSource> Rows(std::string_view table) override {
+    const Entry& entry = Trouve(table);
+    return LignesDeTable(entry.table, workbook_->Lignes(entry.sheet), Beat(attente_));
+  }
+  std::int64_t NombreLignes(std::string_view table) override { return Trouve(table).table.rows; }
+
+ private:
+  struct Entry {
+    SheetTable table;
+    std::size_t sheet;
+  };
+
+  void Decrit(const SheetInfo& sheet, std::size_t number) {
+    const bool twice = std::ranges::any_of(tables_, [&](const Entry& entry) {
+      return EgalSansCasse(entry.table.definition.name, sheet.name);
+    });
+    if (twice || sheet.name.empty()) workbook_->Refuse();
+    const auto rows = workbook_->Lignes(number);
+    SheetTable table = DecritFeuille(sheet, *rows, Beat(attente_));
+    if (!table.definition.fields.empty()) tables_.push_back({std::move(table), number});
+  }
+
+  const Entry& Trouve(std::string_view name) const {
+    const auto found = std::ranges::find_if(tables_, [&](const Entry& entry) {
+      return EgalSansCasse(entry.table.definition.name, name);
+    });
+    if (found != tables_.end()) return *found;
+    throw TalpenaError(ErrorNumber::TableNotFound,
+                       "The database engine cannot find the table '" + std::string(name) + "'.",
+                       {.about = {std::string(name)}});
+  }
+
+  std::unique_ptr<Workbook> workbook_;
+  std::shared_ptr<const WorkBeat> attente_;
+  std::vector<Entry> tables_;
+};
+
+}  // namespace
+
+std::unique_ptr<ForeignDatabase> CreeBaseDeClasseur(std::unique_ptr<Workbook> workbook,
+                                                    std::shared_ptr<const WorkBeat> attente) {
+  return std::make_unique<WorkbookDatabase>(std::move(workbook), std::move(attente));
+}
+
+}  // namespace talpena::excel
