@@ -13,7 +13,7 @@ namespace talpena::excel {
 namespace {
 
 constexpr std::size_t cellHead = 6;  // row, column and format ahead of a cell's value
-constexpr std::uint32_t mostColumns = 256;
+constexpr std::uint32_t mostBiffColumns = 256;
 
 /// A number in 32 bits: the upper ones of a double or a whole number, with two decimals or none.
 double NombreRk(std::uint32_t rk) {
@@ -79,7 +79,7 @@ SheetCell CelluleBooleenne(std::uint32_t column, bool value) {
 }
 
 void CellReader::Nombre(std::vector<SheetCell>& cells, std::uint32_t column, double value) const {
-  if (column >= mostColumns || !std::isfinite(value)) record_.Refuse();
+  if (column >= mostBiffColumns || !std::isfinite(value)) record_.Refuse();
   cells.push_back({.column = column, .number = value, .text = {}});
 }
 
@@ -133,7 +133,7 @@ void CellReader::Formule(std::vector<SheetCell>& cells, std::uint32_t column) {
 
 void CellReader::Ajoute(std::vector<SheetCell>& cells) {
   const std::uint32_t column = record_.Mot16(2);
-  if (column >= mostColumns) record_.Refuse();
+  if (column >= mostBiffColumns) record_.Refuse();
   const Biff number = record_.Numero();
   if (EstTexte(number)) {
     cells.push_back(CelluleTexte(column, Texte()));

@@ -5,8 +5,9 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 
-#include "platform/foreign/isolated_process.h"
+#include "platform/foreign/bytes_at.h"
 
 namespace talpena::excel {
 
@@ -37,13 +38,12 @@ class FileBytes final : public ByteSource {
   /// Raises DatabaseNotFound (3024), PermissionDenied (70), UnrecognizedFormat (3343) for what is
   /// no ordinary file or longer than `most`.
   FileBytes(const std::string& path, std::size_t most);
-  std::size_t Taille() const override { return size_; }
+  std::size_t Taille() const override { return static_cast<std::size_t>(bytes_->Taille()); }
 
  private:
   void LitDedans(std::size_t place, std::span<char> into) override;
 
-  Descripteur fd_;
-  std::size_t size_ = 0;
+  std::unique_ptr<BytesAt> bytes_;
 };
 
 /// Bytes in memory, which have to last.

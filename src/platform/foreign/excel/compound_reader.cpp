@@ -40,7 +40,7 @@ class ChainBytes final : public ByteSource {
       const std::size_t first = place >> shift_;
       const std::size_t within = place - (first << shift_);
       const std::size_t bytes = std::min(into.size(), Voisins(first, into.size()) - within);
-      base_->Lit((std::size_t{sectors_[first]} + before_ << shift_) + within, into.first(bytes));
+      base_->Lit(((std::size_t{sectors_[first]} + before_) << shift_) + within, into.first(bytes));
       into = into.subspan(bytes);
       place += bytes;
     }

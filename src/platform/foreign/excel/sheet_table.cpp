@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "common/numbers.h"
-#include "common/talpena_error.h"
 #include "common/text.h"
+#include "platform/foreign/errors.h"
 
 namespace talpena::excel {
 namespace {
@@ -117,7 +117,7 @@ class SheetDescriber {
  private:
   ColumnContent& Colonne(const SheetCell& cell) {
     if (cell.column >= mostColumns) {
-      throw TalpenaError(ErrorNumber::TooManyFields, "Too many fields defined.");
+      throw foreign::TropDeColonnes();
     }
     if (cell.column >= columns_.size()) columns_.resize(cell.column + 1);
     return columns_[cell.column];

@@ -2,8 +2,8 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
-#include <string>
 
 #include "platform/foreign/excel/workbook.h"
 #include "platform/table_engine.h"

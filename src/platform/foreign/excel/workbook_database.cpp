@@ -6,6 +6,7 @@
 
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "platform/foreign/errors.h"
 #include "platform/foreign/excel/sheet_table.h"
 
 namespace talpena::excel {
@@ -68,9 +69,7 @@ class WorkbookDatabase final : public ForeignDatabase {
       return EgalSansCasse(entry.table.definition.name, name);
     });
     if (found != tables_.end()) return *found;
-    throw TalpenaError(ErrorNumber::TableNotFound,
-                       "The database engine cannot find the table '" + std::string(name) + "'.",
-                       {.about = {std::string(name)}});
+    throw foreign::TableIntrouvable(name);
   }
 
   std::unique_ptr<Workbook> workbook_;
