@@ -18,6 +18,7 @@ inline constexpr std::string_view FoxPro25 = "FoxPro 2.5;";   ///< a folder
 inline constexpr std::string_view Paradox3 = "Paradox 3.X;";  ///< a folder
 inline constexpr std::string_view Paradox4 = "Paradox 4.X;";  ///< a folder
 inline constexpr std::string_view Excel5 = "Excel 5.0;";      ///< a file
+inline constexpr std::string_view Excel12 = "Excel 12.0 Xml;";  ///< a file
 }  // namespace Connect
 
 /// True when two connect strings ask for the same format.
@@ -50,6 +51,8 @@ class ForeignDatabase {
   /// (FieldTooSmall 3163, ...), the rows before stay, in a file that is whole, and the failure is
   /// thrown on. Returns the number of rows.
   virtual std::int64_t InsereLignes(std::string_view table, RowSource& rows);
+  /// How many texts InsereLignes has cut, because the format holds no longer ones.
+  virtual std::int64_t TextesCoupes() const { return 0; }
 };
 
 class ForeignFormat {

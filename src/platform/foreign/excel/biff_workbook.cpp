@@ -7,6 +7,7 @@
 
 #include "platform/foreign/excel/biff_cells.h"
 #include "platform/foreign/excel/biff_globals.h"
+#include "platform/foreign/excel/compound_file.h"
 #include "platform/foreign/excel/compound_reader.h"
 
 namespace talpena::excel {

@@ -5,18 +5,16 @@
 #include <string>
 #include <utility>
 
-#include "common/text.h"
+#include "platform/foreign/excel/compound_file.h"
 #include "platform/foreign/little_endian.h"
 
 namespace talpena::excel {
 namespace {
 
 constexpr std::size_t headBytes = 512, entryBytes = 128;
-constexpr std::size_t headFatSectors = 109;
 constexpr std::uint32_t lastSector = 0xFFFFFFFA;  // above it stand marks
 constexpr std::uint32_t noEntry = 0xFFFFFFFF;
 constexpr unsigned miniShift = 6;
-constexpr std::size_t smallestStream = 4096;  // shorter ones lie in the root's own
 
 /// A stream: sectors of another source, one behind the other.
 class ChainBytes final : public ByteSource {

@@ -10,9 +10,6 @@
 
 namespace talpena::excel {
 
-/// The first eight bytes of a compound file.
-inline constexpr std::string_view compoundMagic = "\xD0\xCF\x11\xE0\xA1\xB1\x1A\xE1";
-
 /// Nothing in the file is believed: sectors that it lacks, chains that go in a circle and streams
 /// longer than their chain end in UnrecognizedFormat (3343). Memory is some four bytes a sector.
 class CompoundFile {

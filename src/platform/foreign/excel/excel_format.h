@@ -7,9 +7,10 @@
 
 namespace talpena {
 
-/// What a workbook may have; what goes beyond is refused as damaged.
+/// What a workbook may have. One that is longer is not read.
 struct LimitesExcel {
-  std::size_t octetsFichier = std::size_t{256} << 20;
+  std::size_t octetsLus = std::size_t{1} << 31;
+  std::size_t octetsEcrits = (std::size_t{1} << 31) - 1;
 };
 
 /// `Excel 5.0;`: the file is opened for reading alone. Each sheet that holds something is a table;
