@@ -3,6 +3,7 @@
 #include <cstring>
 #include <utility>
 
+#include "common/talpena_error.h"
 #include "platform/foreign/errors.h"
 
 namespace talpena::excel {
@@ -17,13 +18,24 @@ void ByteSource::Lit(std::size_t place, std::span<char> into) {
 
 void ByteSource::Refuse() const { throw foreign::FormatInconnu(path_); }
 
-FileBytes::FileBytes(const std::string& path, std::size_t most)
-    : ByteSource(path), bytes_(OuvreOctets(path)) {
+FileBytes::FileBytes(const std::string& path, std::size_t most,
+                     std::shared_ptr<const WorkBeat> attente)
+    : ByteSource(path), bytes_(OuvreOctets(path)), attente_(std::move(attente)) {
   if (bytes_->Taille() > most) Refuse();
 }
 
 void FileBytes::LitDedans(std::size_t place, std::span<char> into) {
+  Bat();
   if (bytes_->Lit(place, into) != into.size()) Refuse();
+}
+
+void FileBytes::Bat() {
+  constexpr std::chrono::milliseconds between{20};
+  if (attente_ == nullptr || !*attente_) return;
+  const auto now = std::chrono::steady_clock::now();
+  if (now - bat_ < between) return;
+  bat_ = now;
+  if (!(*attente_)()) throw TalpenaError(ErrorNumber::Cancelled, "Cancel.");
 }
 
 void MemoryBytes::LitDedans(std::size_t place, std::span<char> into) {

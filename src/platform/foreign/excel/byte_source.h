@@ -1,5 +1,6 @@
 // The bytes of a file that is read and not trusted: a file, a part of one, or memory.
 #pragma once
+#include <chrono>
 #include <cstddef>
 #include <memory>
 #include <span>
@@ -8,6 +9,7 @@
 #include <utility>
 
 #include "platform/foreign/bytes_at.h"
+#include "platform/table_engine.h"
 
 namespace talpena::excel {
 
@@ -37,13 +39,21 @@ class FileBytes final : public ByteSource {
  public:
   /// Raises DatabaseNotFound (3024), PermissionDenied (70), UnrecognizedFormat (3343) for what is
   /// no ordinary file or longer than `most`.
-  FileBytes(const std::string& path, std::size_t most);
+  ///
+  /// @param attente  called now and then while the file is read, which ends in Cancelled when it
+  ///                 says no
+  FileBytes(const std::string& path, std::size_t most,
+            std::shared_ptr<const WorkBeat> attente = {});
   std::size_t Taille() const override { return static_cast<std::size_t>(bytes_->Taille()); }
 
  private:
   void LitDedans(std::size_t place, std::span<char> into) override;
 
+  void Bat();
+
   std::unique_ptr<BytesAt> bytes_;
+  std::shared_ptr<const WorkBeat> attente_;
+  std::chrono::steady_clock::time_point bat_{};  ///< when it was called last
 };
 
 /// Bytes in memory, which have to last.

@@ -1,7 +1,6 @@
 #include "platform/foreign/excel/sheet_table.h"
 
 #include <algorithm>
-#include <functional>
 #include <span>
 #include <utility>
 #include <vector>
@@ -130,15 +129,11 @@ class SheetDescriber {
 
 class TableRows final : public RowSource {
  public:
-  TableRows(const SheetTable& table, std::unique_ptr<SheetRows> rows, std::function<void()> beat)
-      : table_(table),
-        rows_(std::move(rows)),
-        beat_(std::move(beat)),
-        texts_(table.definition.fields.size()) {}
+  TableRows(const SheetTable& table, std::unique_ptr<SheetRows> rows)
+      : table_(table), rows_(std::move(rows)), texts_(table.definition.fields.size()) {}
 
   bool Suivante(std::span<Cell> cells) override {
     if (given_ == table_.rows) return false;
-    beat_();
     ++given_;
     std::ranges::fill(cells, Cell::Null());
     const std::int64_t wanted = table_.headings + given_;
@@ -173,7 +168,6 @@ class TableRows final : public RowSource {
 
   SheetTable table_;
   std::unique_ptr<SheetRows> rows_;
-  std::function<void()> beat_;
   std::vector<std::string> texts_;
   SheetRow row_;
   std::int64_t ahead_ = -1;  ///< number of the row that was read last
@@ -183,20 +177,16 @@ class TableRows final : public RowSource {
 
 }  // namespace
 
-SheetTable DecritFeuille(const SheetInfo& sheet, SheetRows& rows,
-                         const std::function<void()>& beat) {
+SheetTable DecritFeuille(const SheetInfo& sheet, SheetRows& rows) {
   SheetDescriber describer;
   SheetRow row;
-  while (rows.Suivante(row)) {
-    beat();
-    describer.Ajoute(row);
-  }
+  while (rows.Suivante(row)) describer.Ajoute(row);
   return describer.Table(sheet);
 }
 
-std::unique_ptr<RowSource> LignesDeTable(const SheetTable& table, std::unique_ptr<SheetRows> rows,
-                                         std::function<void()> beat) {
-  return std::make_unique<TableRows>(table, std::move(rows), std::move(beat));
+std::unique_ptr<RowSource> LignesDeTable(const SheetTable& table,
+                                         std::unique_ptr<SheetRows> rows) {
+  return std::make_unique<TableRows>(table, std::move(rows));
 }
 
 }  // namespace talpena::excel

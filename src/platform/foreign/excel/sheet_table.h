@@ -2,7 +2,6 @@
 #pragma once
 #include <cstddef>
 #include <cstdint>
-#include <functional>
 #include <memory>
 
 #include "platform/foreign/excel/workbook.h"
@@ -23,13 +22,10 @@ struct SheetTable {
 /// Text, or a Memo when a text is longer than 255 characters. A heading that is empty, too long or
 /// there already becomes F1, F2, ... by its place. No column in a sheet without cells. More than
 /// 1024 columns raise TooManyFields (3190).
-///
-/// @param beat  called between rows; what it throws is thrown on
-SheetTable DecritFeuille(const SheetInfo& sheet, SheetRows& rows, const std::function<void()>& beat);
+SheetTable DecritFeuille(const SheetInfo& sheet, SheetRows& rows);
 
 /// The rows of the table, also those in between that hold nothing. In a Text, numbers are by Str,
 /// truth values TRUE and FALSE.
-std::unique_ptr<RowSource> LignesDeTable(const SheetTable& table, std::unique_ptr<SheetRows> rows,
-                                         std::function<void()> beat);
+std::unique_ptr<RowSource> LignesDeTable(const SheetTable& table, std::unique_ptr<SheetRows> rows);
 
 }  // namespace talpena::excel

@@ -1,10 +1,9 @@
 #include "platform/foreign/excel/workbook_database.h"
 
 #include <algorithm>
-#include <chrono>
 #include <utility>
+#include <vector>
 
-#include "common/talpena_error.h"
 #include "common/text.h"
 #include "platform/foreign/errors.h"
 #include "platform/foreign/excel/sheet_table.h"
@@ -12,27 +11,9 @@
 namespace talpena::excel {
 namespace {
 
-/// Calls whoever waits, now and then.
-class Beat {
- public:
-  explicit Beat(std::shared_ptr<const WorkBeat> attente) : attente_(std::move(attente)) {}
-  void operator()() {
-    constexpr std::chrono::milliseconds between{20};
-    const auto now = std::chrono::steady_clock::now();
-    if (now - last_ < between) return;
-    last_ = now;
-    if (*attente_ && !(*attente_)()) throw TalpenaError(ErrorNumber::Cancelled, "Cancel.");
-  }
-
- private:
-  std::shared_ptr<const WorkBeat> attente_;
-  std::chrono::steady_clock::time_point last_{};
-};
-
 class WorkbookDatabase final : public ForeignDatabase {
  public:
-  WorkbookDatabase(std::unique_ptr<Workbook> workbook, std::shared_ptr<const WorkBeat> attente)
-      : workbook_(std::move(workbook)), attente_(std::move(attente)) {
+  explicit WorkbookDatabase(std::unique_ptr<Workbook> workbook) : workbook_(std::move(workbook)) {
     const std::vector<SheetInfo>& sheets = workbook_->Feuilles();
     for (std::size_t i = 0; i < sheets.size(); ++i) Decrit(sheets[i], i);
   }
@@ -44,7 +25,7 @@ class WorkbookDatabase final : public ForeignDatabase {
   }
   std::unique_ptr<RowSource> Rows(std::string_view table) override {
     const Entry& entry = Trouve(table);
-    return LignesDeTable(entry.table, workbook_->Lignes(entry.sheet), Beat(attente_));
+    return LignesDeTable(entry.table, workbook_->Lignes(entry.sheet));
   }
   std::int64_t NombreLignes(std::string_view table) override { return Trouve(table).table.rows; }
 
@@ -60,7 +41,7 @@ class WorkbookDatabase final : public ForeignDatabase {
     });
     if (twice || sheet.name.empty()) workbook_->Refuse();
     const auto rows = workbook_->Lignes(number);
-    SheetTable table = DecritFeuille(sheet, *rows, Beat(attente_));
+    SheetTable table = DecritFeuille(sheet, *rows);
     if (!table.definition.fields.empty()) tables_.push_back({std::move(table), number});
   }
 
@@ -73,15 +54,13 @@ class WorkbookDatabase final : public ForeignDatabase {
   }
 
   std::unique_ptr<Workbook> workbook_;
-  std::shared_ptr<const WorkBeat> attente_;
   std::vector<Entry> tables_;
 };
 
 }  // namespace
 
-std::unique_ptr<ForeignDatabase> CreeBaseDeClasseur(std::unique_ptr<Workbook> workbook,
-                                                    std::shared_ptr<const WorkBeat> attente) {
-  return std::make_unique<WorkbookDatabase>(std::move(workbook), std::move(attente));
+std::unique_ptr<ForeignDatabase> CreeBaseDeClasseur(std::unique_ptr<Workbook> workbook) {
+  return std::make_unique<WorkbookDatabase>(std::move(workbook));
 }
 
 }  // namespace talpena::excel

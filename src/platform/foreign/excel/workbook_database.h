@@ -8,9 +8,6 @@
 namespace talpena::excel {
 
 /// Reads every sheet once, for its columns; damage raises UnrecognizedFormat (3343) then already.
-///
-/// @param attente  called while sheets are read; Cancelled when it says no
-std::unique_ptr<ForeignDatabase> CreeBaseDeClasseur(std::unique_ptr<Workbook> workbook,
-                                                    std::shared_ptr<const WorkBeat> attente);
+std::unique_ptr<ForeignDatabase> CreeBaseDeClasseur(std::unique_ptr<Workbook> workbook);
 
 }  // namespace talpena::excel

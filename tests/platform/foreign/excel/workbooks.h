@@ -13,6 +13,7 @@
 
 #include "platform/foreign/excel/biff_workbook.h"
 #include "platform/foreign/excel/excel_format.h"
+#include "platform/foreign/excel/xlsx_workbook.h"
 #include "platform/foreign/mdb_tools.h"
 #include "platform/foreign/written_files.h"
 
