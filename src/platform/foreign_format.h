@@ -12,12 +12,13 @@ namespace talpena {
 /// How a format is asked for. Regard is paid neither to letter case nor to what stands behind the
 /// first semicolon.
 namespace Connect {
-inline constexpr std::string_view Access;                     ///< ""
-inline constexpr std::string_view DBase4 = "dBase IV;";       ///< a folder of tables
-inline constexpr std::string_view FoxPro25 = "FoxPro 2.5;";   ///< a folder
-inline constexpr std::string_view Paradox3 = "Paradox 3.X;";  ///< a folder
-inline constexpr std::string_view Paradox4 = "Paradox 4.X;";  ///< a folder
-inline constexpr std::string_view Excel5 = "Excel 5.0;";      ///< a file
+inline constexpr std::string_view Access;                       ///< ""
+inline constexpr std::string_view DBase4 = "dBase IV;";         ///< a folder of tables
+inline constexpr std::string_view FoxPro25 = "FoxPro 2.5;";     ///< a folder
+inline constexpr std::string_view Paradox3 = "Paradox 3.X;";    ///< a folder
+inline constexpr std::string_view Paradox4 = "Paradox 4.X;";    ///< a folder
+inline constexpr std::string_view Excel5 = "Excel 5.0;";        ///< a file
+inline constexpr std::string_view GeoPackage = "GeoPackage;";   ///< a file
 inline constexpr std::string_view Excel12 = "Excel 12.0 Xml;";  ///< a file
 }  // namespace Connect
 
@@ -39,7 +40,7 @@ class ForeignDatabase {
   /// All rows of a table, one cell per field of its definition, in file order. A date is a number
   /// of days (FieldType::Date) or a text "yyyy-mm-dd" or "yyyy-mm-dd hh:mm:ss".
   virtual std::unique_ptr<RowSource> Rows(std::string_view table) = 0;
-  /// How many there will be; -1 when only reading them tells.
+  /// How many there will be at most; -1 when only reading them tells.
   virtual std::int64_t NombreLignes(std::string_view table);
 
   // Writing. As they stand, both raise NotSupported (3251): the file is for reading.
@@ -51,8 +52,6 @@ class ForeignDatabase {
   /// (FieldTooSmall 3163, ...), the rows before stay, in a file that is whole, and the failure is
   /// thrown on. Returns the number of rows.
   virtual std::int64_t InsereLignes(std::string_view table, RowSource& rows);
-  /// How many texts InsereLignes has cut, because the format holds no longer ones.
-  virtual std::int64_t TextesCoupes() const { return 0; }
 };
 
 class ForeignFormat {

@@ -67,14 +67,16 @@ std::unique_ptr<BytesAt> OuvreOctets(const std::string& path) {
 }
 
 std::string_view ByteWindow::Vue(std::uint64_t place, std::size_t count) {
-  constexpr std::size_t block = std::size_t{256} << 10;
+  constexpr std::size_t least = std::size_t{4} << 10, most = std::size_t{256} << 10;
   const std::uint64_t size = bytes_.Taille();
   if (place >= size) return {};
   const auto there = static_cast<std::size_t>(std::min<std::uint64_t>(count, size - place));
   if (place < from_ || place + there > from_ + kept_.size()) {
-    kept_.resize(
-        static_cast<std::size_t>(std::min<std::uint64_t>(std::max(there, block), size - place)));
+    const bool onward = place >= from_ && place <= from_ + kept_.size() + least;
+    block_ = onward ? std::min(2 * block_ + least, most) : least;
     from_ = place;
+    kept_.resize(
+        static_cast<std::size_t>(std::min<std::uint64_t>(std::max(there, block_), size - place)));
     kept_.resize(bytes_.Lit(place, kept_));
   }
   const std::string_view all(kept_.data(), kept_.size());

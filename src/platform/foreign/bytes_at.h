@@ -24,7 +24,8 @@ class BytesAt {
 /// reading it raises DeviceFault (57).
 std::unique_ptr<BytesAt> OuvreOctets(const std::string& path);
 
-/// A part of the bytes, kept in memory: neighbouring values are read together.
+/// A part of the bytes, kept in memory: values that follow each other are read together, the more
+/// the longer they do.
 class ByteWindow {
  public:
   explicit ByteWindow(const BytesAt& bytes) : bytes_(bytes) {}
@@ -37,6 +38,7 @@ class ByteWindow {
   const BytesAt& bytes_;
   std::vector<char> kept_;
   std::uint64_t from_ = 0;  ///< place of the first byte that is kept
+  std::size_t block_ = 0;   ///< bytes that were read last
 };
 
 }  // namespace talpena

@@ -30,6 +30,9 @@ class ReservedFile {
   /// Cuts off what is behind the first `size` bytes and hands them to the disk.
   void Acheve(std::size_t size);
 
+  /// The file goes with this object, whole or not.
+  void Abandonne() { whole_ = false; }
+
   const std::string& Chemin() const { return path_; }
 
  private:
