@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/foreign/dbase/dbase_format.h"
+#include "platform/foreign/excel/excel_format.h"
 #include "platform/foreign/jet_format.h"
 #include "platform/foreign/paradox/paradox_format.h"
 #include "platform/foreign_format.h"
@@ -23,6 +24,8 @@ inline std::vector<std::unique_ptr<ForeignFormat>> TousLesFormats() {
   formats.push_back(CreeFormatDbase());
   formats.push_back(CreeFormatFoxPro());
   formats.push_back(CreeFormatParadox());
+  formats.push_back(CreeFormatExcel());
+  formats.push_back(CreeFormatXlsx());
   return formats;
 }
 
