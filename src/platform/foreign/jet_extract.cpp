@@ -109,13 +109,13 @@ MdbTableDef* LitTable(MdbCatalogEntry* entry, const LimitesJet& limits) {
 }
 
 void EcritNom(const MdbCatalogEntry& entry, Tuyau& out) {
+  EcritNombre(out, static_cast<std::uint32_t>(entry.table_pg));
   EcritNombre(out, static_cast<std::uint32_t>(entry.flags));
   EcritTexte(out, Nom(entry.object_name));
 }
 
 void EcritTable(const MdbCatalogEntry& entry, const MdbTableDef& table, Tuyau& out) {
   EcritMarque(out, TrameJet::Table);
-  EcritNombre(out, static_cast<std::uint32_t>(entry.table_pg));
   EcritNom(entry, out);
   EcritNombre(out, static_cast<std::uint32_t>(table.num_rows));
   EcritNombre(out, table.num_cols);
@@ -284,14 +284,35 @@ void ExtraitTables(const FichierJet& file, const LimitesJet& limits, Tuyau& out)
   EcritMarque(out, TrameJet::Fin);
 }
 
-void ExtraitLignes(const FichierJet& file, std::uint32_t page, const LimitesJet& limits,
-                   Tuyau& out) {
-  MdbHandle* mdb = Ouvre(file);
-  MdbCatalogEntry entry{};  // the catalogue itself is not read anew for each of its tables
+namespace {
+
+/// A table by its page: the catalogue itself is not read anew for each of its tables.
+MdbCatalogEntry EntreeDe(MdbHandle* mdb, std::uint32_t page) {
+  MdbCatalogEntry entry{};
   entry.mdb = mdb;
   entry.object_type = MDB_TABLE;
   entry.table_pg = page;
+  return entry;
+}
+
+}  // namespace
+
+void ExtraitLignes(const FichierJet& file, std::uint32_t page, const LimitesJet& limits,
+                   Tuyau& out) {
+  MdbHandle* mdb = Ouvre(file);
+  MdbCatalogEntry entry = EntreeDe(mdb, page);
   Lignes(mdb, LitTable(&entry, limits), file.taille, limits, out).EcritToutes();
+  EcritMarque(out, TrameJet::Fin);
+}
+
+void ExtraitTable(const FichierJet& file, std::uint32_t page, const LimitesJet& limits,
+                  Tuyau& out) {
+  MdbHandle* mdb = Ouvre(file);
+  MdbCatalogEntry entry = EntreeDe(mdb, page);
+  entry.object_name[0] = '?';
+  MdbTableDef* table = LitTable(&entry, limits);
+  EcritTable(entry, *table, out);
+  Lignes(mdb, table, file.taille, limits, out).EcritToutes();
   EcritMarque(out, TrameJet::Fin);
 }
 
