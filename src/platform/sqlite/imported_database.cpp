@@ -190,7 +190,7 @@ TableState* ImportedDatabase::ExecuteRequete(const QueryDef& query) {
   running_.push_back(query.name);
   std::unique_ptr<Recordset> rows;
   try {
-    rows = OpenRecordset(query.sql);
+    rows = OuvreRequete(query.sql);
   } catch (...) {
     running_.pop_back();
     throw;
