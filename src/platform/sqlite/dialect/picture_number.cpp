@@ -86,7 +86,7 @@ struct Part {
   struct Token {
     Kind kind = Kind::Text;
     bool always = false;  ///< a digit that is there in any case; the sign of an exponent above 0
-    std::string text;
+    std::string text = {};
     int width = 0;  ///< digits of an exponent
   };
 
