@@ -33,11 +33,11 @@ std::string FormateDate(double days, std::string_view picture);
 /// True for a picture that shows dates and no numbers.
 bool EstImageDeDate(std::string_view picture);
 
-/// A picture in pieces: what stands for itself, and runs of one letter.
+/// A picture in pieces: what stands for itself, and runs of one character in any case.
 struct PicturePiece {
-  bool literal = false;
-  std::string text;
+  char sign = '\0';  ///< that character, a letter of ASCII in small; 0 for what stands for itself
+  std::string_view text;
 };
-std::vector<PicturePiece> DecoupeImage(std::string_view picture);
+std::vector<PicturePiece> DecoupeImage(std::string_view picture);  ///< views of it
 
 }  // namespace talpena::sqlite

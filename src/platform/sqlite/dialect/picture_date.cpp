@@ -25,7 +25,13 @@ constexpr std::array<std::string_view, 12> months = {
 constexpr std::array<std::string_view, 7> weekdays = {"Sunday",   "Monday", "Tuesday", "Wednesday",
                                                       "Thursday", "Friday", "Saturday"};
 constexpr std::array<std::string_view, 3> halves = {"am/pm", "a/p", "ampm"};
-constexpr std::string_view letters = "dmyhnsqwtc";
+
+/// True for a letter that shows a part of a date.
+bool EstLettre(char sign) {
+  return sign != '\0' && std::string_view("dmyhnsqwtc").find(sign) != std::string_view::npos;
+}
+
+char Petite(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
 
 std::string Chiffres(int value, std::size_t width) {
   std::string digits = std::to_string(value);
@@ -88,31 +94,34 @@ class DateWriter {
 
   std::string Ecrit() {
     for (const PicturePiece& piece : pieces_) {
-      out_ += piece.literal ? piece.text : EstMoitie(piece) ? Moitie(piece) : Partie(piece.text);
-      if (!piece.literal && letters.find(piece.text[0]) != std::string_view::npos) {
-        last_ = piece.text[0];
+      if (EstMoitie(piece)) {
+        out_ += Moitie(piece.text);
+        continue;
       }
+      out_ += piece.sign == '\0' ? std::string(piece.text) : Partie(piece.sign, piece.text);
+      if (EstLettre(piece.sign)) last_ = piece.sign;
     }
     return std::move(out_);
   }
 
  private:
   static bool EstMoitie(const PicturePiece& piece) {
-    return !piece.literal &&
-           std::find(halves.begin(), halves.end(), Minuscules(piece.text)) != halves.end();
+    return piece.sign == 'a' && std::any_of(halves.begin(), halves.end(), [&](std::string_view h) {
+             return EgalSansCasse(h, piece.text);
+           });
   }
 
   /// In the letters of the picture.
-  std::string Moitie(const PicturePiece& piece) const {
+  std::string_view Moitie(std::string_view text) const {
     const bool afternoon = when_.hour >= 12;
-    const std::size_t slash = piece.text.find('/');
-    if (slash == std::string::npos) return afternoon ? "PM" : "AM";
-    return afternoon ? piece.text.substr(slash + 1) : piece.text.substr(0, slash);
+    const std::size_t slash = text.find('/');
+    if (slash == std::string_view::npos) return afternoon ? "PM" : "AM";
+    return afternoon ? text.substr(slash + 1) : text.substr(0, slash);
   }
 
-  std::string Partie(const std::string& text) const {
+  std::string Partie(char sign, std::string_view text) const {
     const std::size_t run = text.size();
-    switch (text[0]) {
+    switch (sign) {
       case 'd':
         if (run == 5) return FormateDate(days_, "short date");
         return run > 5 ? FormateDate(days_, "long date") : Jour(when_, run);
@@ -133,11 +142,11 @@ class DateWriter {
       case 'w':
         return std::to_string(run == 1 ? when_.weekday + 1 : when_.Semaine());
       case 't':
-        return run == 5 ? FormateDate(days_, "long time") : text;
+        return run == 5 ? FormateDate(days_, "long time") : std::string(text);
       case 'c':
         return Generale();
       default:
-        return text;
+        return std::string(text);
     }
   }
 
@@ -158,10 +167,31 @@ class DateWriter {
 
 /// One of the ways to write the half of a day, at the head of a text; 0 for none.
 std::size_t LongueurMoitie(std::string_view text) {
+  if (Petite(text.front()) != 'a') return 0;
   for (const std::string_view half : halves) {
     if (EgalSansCasse(text.substr(0, half.size()), half)) return half.size();
   }
   return 0;
+}
+
+/// Characters at the head of a text that are the same in any case.
+std::size_t LongueurSuite(std::string_view text) {
+  const auto end = std::find_if(text.begin(), text.end(),
+                                [&](char c) { return Petite(c) != Petite(text.front()); });
+  return static_cast<std::size_t>(end - text.begin());
+}
+
+/// What a "\" or a quotation mark begins; empty when neither does.
+std::string_view LitLitteral(std::string_view picture, std::size_t& used) {
+  if (picture.front() == '\\' && picture.size() > 1) {
+    const std::string_view character = PremiersCaracteres(picture.substr(1), 1);
+    used = 1 + character.size();
+    return character;
+  }
+  if (picture.front() != '"') return {};
+  const std::size_t close = std::min(picture.find('"', 1), picture.size());
+  used = std::min(close + 1, picture.size());
+  return picture.substr(1, close - 1);
 }
 
 }  // namespace
@@ -169,23 +199,15 @@ std::size_t LongueurMoitie(std::string_view text) {
 std::vector<PicturePiece> DecoupeImage(std::string_view picture) {
   std::vector<PicturePiece> pieces;
   while (!picture.empty()) {
-    const char c = picture.front();
-    std::size_t used = 1;
-    if (c == '\\' && picture.size() > 1) {
-      const std::string_view character = PremiersCaracteres(picture.substr(1), 1);
-      pieces.push_back({true, std::string(character)});
-      used = 1 + character.size();
-    } else if (c == '"') {
-      const std::size_t close = std::min(picture.find('"', 1), picture.size());
-      pieces.push_back({true, std::string(picture.substr(1, close - 1))});
-      used = std::min(close + 1, picture.size());
-    } else if (const std::size_t half = LongueurMoitie(picture)) {
-      pieces.push_back({false, std::string(picture.substr(0, half))});
-      used = half;
+    std::size_t used = 0;
+    const std::string_view literal = LitLitteral(picture, used);
+    if (used > 0) {
+      pieces.push_back({'\0', literal});
     } else {
-      const std::string small = Minuscules(picture.substr(0, 1));
-      while (used < picture.size() && Minuscules(picture.substr(used, 1)) == small) ++used;
-      pieces.push_back({false, Minuscules(picture.substr(0, used))});
+      const char sign = Petite(picture.front());
+      used = LongueurMoitie(picture);
+      if (used == 0) used = LongueurSuite(picture);
+      pieces.push_back({sign, picture.substr(0, used)});
     }
     picture.remove_prefix(used);
   }
@@ -206,9 +228,8 @@ bool EstImageDeDate(std::string_view picture) {
   if (EstNomDeNombre(picture)) return false;
   bool date = false;
   for (const PicturePiece& piece : DecoupeImage(picture)) {
-    if (piece.literal) continue;
-    if (piece.text[0] == '0' || piece.text[0] == '#') return false;
-    date = date || letters.find(piece.text[0]) != std::string_view::npos;
+    if (piece.sign == '0' || piece.sign == '#') return false;
+    date = date || EstLettre(piece.sign);
   }
   return date;
 }

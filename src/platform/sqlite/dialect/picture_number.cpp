@@ -86,7 +86,7 @@ struct Part {
   struct Token {
     Kind kind = Kind::Text;
     bool always = false;  ///< a digit that is there in any case; the sign of an exponent above 0
-    std::string text = {};
+    std::string_view text = {};
     int width = 0;  ///< digits of an exponent
   };
 
@@ -101,17 +101,18 @@ struct Part {
     bool point = false;
     int commas = 0;  // behind the last digit
     for (const PicturePiece& piece : DecoupeImage(picture)) {
-      if (piece.literal) {
-        tokens.push_back({.text = piece.text});
-        continue;
+      if (piece.sign == '\0') tokens.push_back({.text = piece.text});
+      if (piece.sign == '\0') continue;
+      for (std::size_t i = 0; i < piece.text.size(); ++i) {
+        Ajoute(piece.text.substr(i, 1), point, commas);
       }
-      for (std::size_t i = 0; i < piece.text.size(); ++i) Ajoute(piece.text[i], point, commas);
     }
     if (commas > 0) scale -= 3 * commas;
   }
 
  private:
-  void Ajoute(char c, bool& point, int& commas) {
+  void Ajoute(std::string_view character, bool& point, int& commas) {
+    const char c = character.front();
     switch (c) {
       case '0':
       case '#':
@@ -137,6 +138,7 @@ struct Part {
         scale += 2;
         break;
       case 'e':
+      case 'E':
         if (before + behind == 0 || exponent) break;
         exponent = true;
         tokens.push_back({.kind = Kind::Exponent});
@@ -149,7 +151,7 @@ struct Part {
       default:
         break;
     }
-    tokens.push_back({.text = std::string(1, c)});
+    tokens.push_back({.text = character});
   }
 
   void AjouteChiffre(bool always, bool point) {
