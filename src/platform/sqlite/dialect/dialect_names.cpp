@@ -69,6 +69,19 @@ bool DialectParser::EstColonne(std::string_view name) const {
   });
 }
 
+// An expression further to the front of the list that is being read, by the name it was given. It
+// stands for itself, so that names made of names must not grow without end.
+const Expression* DialectParser::Nommee(std::string_view name) const {
+  constexpr std::size_t longest = 1000;  // bytes
+  if (list_ == nullptr) return nullptr;
+  for (std::size_t i = 0; i < list_->fields.size(); ++i) {
+    if (!MemeNom(list_->fields[i].name, name)) continue;
+    if (list_->items[i].sql.size() > longest) throw TropComplexe();
+    return &list_->items[i];
+  }
+  return nullptr;
+}
+
 Expression DialectParser::Colonne(const std::string& qualifier, const std::string& name) const {
   Expression result;
   for (const Source& source : sources_) {
@@ -90,6 +103,7 @@ Expression DialectParser::Colonne(const std::string& qualifier, const std::strin
     }
   }
   if (result.column == nullptr) {
+    if (const Expression* named = qualifier.empty() ? Nommee(name) : nullptr) return *named;
     SiIllisible();
     throw TalpenaError(ErrorNumber::TooFewParameters,
                        "Too few parameters. Expected 1: there is no field '" + name + "'.",

@@ -101,6 +101,7 @@ class DialectParser {
   Expression LitColonneOuFonction();
   std::optional<double> LitConstante();
   bool EstColonne(std::string_view name) const;
+  const Expression* Nommee(std::string_view name) const;
   Expression Colonne(const std::string& qualifier, const std::string& name) const;
 
   // dialect_functions.cpp
@@ -122,7 +123,7 @@ class DialectParser {
   void LitJointures(std::string& from);
   void LitTable(std::string& from);
   void AjouteSource(const std::string& name, const std::string& alias);
-  void LitListe(std::vector<Expression>& items, std::vector<FieldDef>& fields);
+  void LitListe(SelectPart& part);
   void AjouteToutes(const std::string& qualifier, std::vector<Expression>& items,
                     std::vector<FieldDef>& fields);
   std::string LitCondition();
@@ -153,7 +154,8 @@ class DialectParser {
   int depth_ = 0;
   bool aggregatesAllowed_ = false;
   bool unionAllowed_ = false;
-  std::string clause_ = "WHERE";  ///< being read, for messages
+  const SelectPart* list_ = nullptr;  ///< whose list is being read
+  std::string clause_ = "WHERE";      ///< being read, for messages
   std::vector<Source> sources_;
 };
 

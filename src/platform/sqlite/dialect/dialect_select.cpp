@@ -43,7 +43,7 @@ SelectPart DialectParser::LitPartie() {
 
   at_ = list;
   const bool whole = sources_.size() == 1 && EstToutesColonnes();
-  LitListe(part.items, part.fields);
+  LitListe(part);
   if (at_ != fromPlace) Syntaxe();
   at_ = rest;
   part.whole = whole && part.items.size() == sources_[0].fields->size();
@@ -155,9 +155,12 @@ void DialectParser::AjouteSource(const std::string& name, const std::string& ali
   sources_.push_back(std::move(source));
 }
 
-void DialectParser::LitListe(std::vector<Expression>& items, std::vector<FieldDef>& fields) {
+void DialectParser::LitListe(SelectPart& part) {
+  std::vector<Expression>& items = part.items;
+  std::vector<FieldDef>& fields = part.fields;
   clause_ = "SELECT";
   aggregatesAllowed_ = true;
+  list_ = &part;
   do {
     if (Symbole("*")) {
       AjouteToutes({}, items, fields);
@@ -182,6 +185,7 @@ void DialectParser::LitListe(std::vector<Expression>& items, std::vector<FieldDe
     fields.push_back(ChampDe(e, name));
     items.push_back(std::move(e));
   } while (Symbole(","));
+  list_ = nullptr;
   aggregatesAllowed_ = false;
   if (items.size() > 255) {
     throw TalpenaError(ErrorNumber::TooManyFields, "Too many fields defined.");

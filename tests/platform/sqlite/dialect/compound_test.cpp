@@ -133,6 +133,24 @@ TEST_F(CompoundTest, ColumnsOfAUnionHoldWhatBothGive) {
   EXPECT_EQ(rows->Fields()[1].size, 5);
 }
 
+TEST_F(CompoundTest, AColumnOfTheListIsKnownByItsNameBehindIt) {
+  const auto rows = Lance(
+      "SELECT N1 * 2 AS twice, twice + 1 AS more, N1 AS SEX, SEX AS s FROM TALPENA WHERE N1 = 2");
+  EXPECT_EQ(rows->Get("more").Texte(), "5");
+  EXPECT_EQ(rows->Get("s").Texte(), "f") << "a column of the table goes before";
+  EXPECT_EQ(FailureOf([&] { Lance("SELECT N1 * 2 AS twice FROM TALPENA WHERE twice = 4"); }).number,
+            3061);
+}
+
+TEST_F(CompoundTest, NamesOfNamesDoNotGrowWithoutEnd) {
+  std::string select = "SELECT SEX AS a0";
+  for (int i = 1; i < 200; ++i) {
+    const std::string before = "a" + std::to_string(i - 1);
+    select += ", " + before + " & " + before + " AS a" + std::to_string(i);
+  }
+  EXPECT_EQ(FailureOf([&] { Lance(select + " FROM TALPENA"); }).number, 3360);
+}
+
 TEST_F(CompoundTest, AColumnGoesBeforeAWord) {
   EXPECT_EQ(Valeurs("SELECT No FROM Votes WHERE Votes.No > 0"), "7");
 }
