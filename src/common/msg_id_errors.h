@@ -95,4 +95,7 @@ inline constexpr int PointIncalculable = 608;   // "The position “%1” cannot
 inline constexpr int TropDeColonnes = 611;      // "It names more than %1 columns; look whether ..."
 inline constexpr int FichierAccessPlein = 393;  // "The file has reached the 2 GB that its ..."
 
+inline constexpr int RequeteImpossible = 406;  // "The saved query “%1” cannot be run here; ..."
+inline constexpr int RequeteEnCercle = 407;  // "The saved query “%1” asks for its own rows, ..."
+
 }  // namespace talpena::MsgId

@@ -64,7 +64,9 @@ class TextMaker {
   explicit TextMaker(std::span<const QueryRow> rows) : rows_(rows) {}
 
   std::string Select() {
-    Admet(Lignes(QueryAttribute::Database).empty());
+    for (const QueryRow& other : Lignes(QueryAttribute::Database)) {
+      Admet(other.name1.empty() && other.expression.empty());
+    }
     text_ = "SELECT ";
     AjouteOptions();
     AjouteColonnes();

@@ -90,6 +90,8 @@ std::vector<TextCase> Cas() {
        "SELECT DISTINCT otherfk1 FROM [Table1];"},
       {"distinct rows", Query().Drapeaux(8).Table("Table1").Champ("otherfk1"),
        "SELECT DISTINCTROW otherfk1 FROM [Table1];"},
+      {"another file that is none", Query().Ligne(Database, "").Table("Table1"),
+       "SELECT * FROM [Table1];"},
       {"the owner's rights change nothing", Query().Drapeaux(4).Table("Table1"),
        "SELECT * FROM [Table1];"},
       {"the first rows",

@@ -2,6 +2,7 @@
 #include <map>
 #include <utility>
 
+#include "common/msg_id_errors.h"
 #include "platform/foreign_format.h"
 #include "platform/sqlite/drawer.h"
 #include "platform/sqlite/engine_fixture.h"
@@ -224,6 +225,8 @@ TEST_F(MakerTest, AQueryThatCannotBeRunEndsInItsMessage) {
   EXPECT_EQ(unknown.number, ErrorNumber::NotSupported);
   EXPECT_EQ(unknown.description,
             "Operation is not supported: the saved query 'Unknown' cannot be run.");
+  EXPECT_EQ(unknown.text, MsgId::RequeteImpossible);
+  EXPECT_EQ(FailureOf([&] { opened->Query("Self"); }).text, MsgId::RequeteEnCercle);
   for (int i = 0; i < 2; ++i) {
     EXPECT_EQ(FailureOf([&] { opened->Query("Self"); }).number, 3102);
     EXPECT_EQ(FailureOf([&] { opened->Query("Wrong"); }).number, ErrorNumber::TooFewParameters);
