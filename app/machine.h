@@ -4,7 +4,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/foreign/dbase/dbase_format.h"
 #include "platform/foreign/jet_format.h"
+#include "platform/foreign/paradox/paradox_format.h"
 #include "platform/foreign_format.h"
 #include "platform/os/file_system.h"
 #include "platform/platform.h"
@@ -18,6 +20,9 @@ namespace talpena {
 inline std::vector<std::unique_ptr<ForeignFormat>> TousLesFormats() {
   std::vector<std::unique_ptr<ForeignFormat>> formats;
   formats.push_back(CreeFormatJet());
+  formats.push_back(CreeFormatDbase());
+  formats.push_back(CreeFormatFoxPro());
+  formats.push_back(CreeFormatParadox());
   return formats;
 }
 

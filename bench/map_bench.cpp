@@ -118,7 +118,7 @@ void CompareCercles(Mapped& ours, std::int64_t rows, double radius) {
   ours.options.SymbolDiameter = static_cast<std::int32_t>(std::lround(km * 1000));
   char task[64];
   std::snprintf(task, sizeof task, "circles of %g px, from the table", radius);
-  Rapporte(task, Meilleur([&] { ours.Trace(); }), floor, 0.6);
+  Rapporte(task, Meilleur([&] { ours.Trace(); }), floor, 0.2);
   ours.canvas.ChangeEchelle({0, 0, width, height});
   std::snprintf(task, sizeof task, "circles of %g px, drawing alone", radius);
   Rapporte(task, Meilleur([&] {

@@ -48,6 +48,9 @@ inline constexpr int EchecSansFichier = 381;    // "No file is open; open one or
 inline constexpr int EchecTablePresente = 390;  // "There is a table “%1” already; choose ..."
 inline constexpr int EchecLigneLongue = 391;    // "The values of a row are too long together; ..."
 inline constexpr int EchecNomDeTable = 392;  // "“%1” cannot be the name of a table; take at ..."
+inline constexpr int EchecNomDeColonne = 394;  // "“%1” cannot be the name of a column here; ..."
+inline constexpr int EchecNomsEgaux = 395;  // "The columns “%1” and “%2” would bear one ..."
+inline constexpr int EchecNomDeFichier = 396;  // "“%1” cannot be the name of a table here; ..."
 
 // Failures in words of their own.
 inline constexpr int EchecDeLigne = 359;       // "Line %1 of the file: %2"
@@ -85,9 +88,12 @@ inline constexpr int ChampTropLong = 566;          // "Field %1 is longer than %
 inline constexpr int LigneImportTropLongue = 567;  // "The line is longer than %1 MB; this ..."
 inline constexpr int ImportOriginalTropLong = 646;  // "The original coordinates would be “%1”, ..."
 inline constexpr int ImportDateTropLongue = 647;  // "The date “%1” is longer than its column; ..."
+inline constexpr int ImportBlancsComptent = 483;  // "The text “%1” is longer than its column ..."
 inline constexpr int FichierChangeEnLecture = 568;  // "The file was changed by another ..."
 
 // Waypoints of receivers.
+inline constexpr int PointsCoupes = 497;      // "The waypoint file ends too early, behind ..."
+inline constexpr int PeriodeSansPlace = 498;  // "The period “%1” has no room in a line of ..."
 inline constexpr int PositionIllisible = 605;  // "The position “%1” of the waypoint “%2” ..."
 inline constexpr int LigneSansNom = 606;       // "Nothing stands behind its first word; look ..."
 inline constexpr int TropDePoints = 607;       // "The file holds more waypoints than can be ..."
@@ -95,6 +101,12 @@ inline constexpr int PointIncalculable = 608;   // "The position “%1” cannot
 inline constexpr int TropDeColonnes = 611;      // "It names more than %1 columns; look whether ..."
 inline constexpr int FichierAccessPlein = 393;  // "The file has reached the 2 GB that its ..."
 
+// Paradox tables.
+inline constexpr int TableProtegee = 398;     // "The table is protected by a password; take ..."
+inline constexpr int MemosAbsents = 399;      // "The long texts of this table stand in a file ..."
+inline constexpr int NomParadoxRefuse = 400;  // "“%1” cannot be the name of a column in a ..."
+
+// Saved queries.
 inline constexpr int RequeteImpossible = 406;  // "The saved query “%1” cannot be run here; ..."
 inline constexpr int RequeteEnCercle = 407;  // "The saved query “%1” asks for its own rows, ..."
 

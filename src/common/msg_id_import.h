@@ -27,6 +27,16 @@ inline constexpr int PointSansPosition = 604;  // "no position"
 inline constexpr int ColonneDateAbsente = 609;  // "This file has no column “%1”, so the rows ..."
 inline constexpr int ColonneAltitudeAbsente = 610;  // the same of the altitude
 inline constexpr int IrlandaisUneLettre = 612;  // "Irish references need two letters, IO for ..."
+// What is odd about waypoints that enter.
+inline constexpr int DoutePosition = 490;    // "no position where one should stand"
+inline constexpr int DouteMinutes = 491;     // "its minutes or seconds are more than 60"
+inline constexpr int DouteHemisphere = 492;  // "its position has no N or S, or no E or W"
+inline constexpr int DouteDate = 493;        // "its date is not written as 17-APR-02"
+inline constexpr int DouteMois = 494;        // "the month of its date is not known, so it ..."
+inline constexpr int PointsAVoir = 495;      // "Rows to look at: %1; the first, line %2 ...: %3."
+inline constexpr int WptSansDatum = 496;     // "The datum line of the file lacks numbers: ..."
+inline constexpr int PointsEntres = 499;     // "Waypoints that have come in and are no longer ..."
+
 // What an import would do.
 inline constexpr int Repetition = 450;         // "What this import would do"
 inline constexpr int RepetitionComptes = 451;  // "Rows that enter: %1; left out: %2; ..."
@@ -56,7 +66,20 @@ inline constexpr int RepetitionSansDatum =
 inline constexpr int ImportationFenetre = 474;  // "Text import"
 inline constexpr int SortSansPlace = 475;       // "no room for its numbers: a line of ..."
 inline constexpr int SortSurPlusieurs = 476;    // "quotes over several lines of the list; ..."
-inline constexpr int RepetitionAVoir = 477;     // "Rows whose numbers or quotes want a look: %1."
+inline constexpr int RepetitionAVoir = 477;     // "Rows that want a look: %1."
+inline constexpr int RepetitionDejaImportee =
+    484;                                         // "This list has been imported into the open ..."
+inline constexpr int RepetitionSansFiche = 485;  // "The list holds no record, only empty lines ..."
+inline constexpr int SortNul = 486;              // "NUL characters among its texts; ..."
+inline constexpr int RepetitionArretDebut = 487;  // "The import would end with its first row: %1"
+
+// What can be done about the record that ends an import.
+inline constexpr int RemedeEnTete = 478;      // "If this line is a heading, put * before it ..."
+inline constexpr int RemedeSeparateur = 479;  // "Commas alone part fields; replace ..."
+inline constexpr int RemedeUtf16 = 480;       // "This file is written in UTF-16; save it as ..."
+inline constexpr int RemedeGuillemets = 481;  // "What stands behind a closing quote is dropped ..."
+inline constexpr int RemedeChamps = 482;      // "Every line needs exactly the fields ..."
+inline constexpr int RemedeEtoiles = 489;     // "Of two lines in a row that begin with * ..."
 
 // Waypoint imports: options.
 inline constexpr int OptionsGarmin = 630;     // "Options of the waypoint import"

@@ -99,6 +99,12 @@ class TalpenaError final : public std::runtime_error {
     words.line = line;
     return {number_, "Line " + std::to_string(line) + ": " + what(), std::move(words)};
   }
+  /// The same with a text below it, by its base id.
+  TalpenaError AvecConseil(int hint) const {
+    ErrorWords words = *words_;
+    words.hint = hint;
+    return {number_, what(), std::move(words)};
+  }
 
  private:
   int number_;

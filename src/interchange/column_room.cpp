@@ -19,8 +19,9 @@ void Refuse(const std::optional<std::string>& text, std::size_t width, const cha
             int words, std::int64_t line) {
   if (!text || text->size() <= width || CompteCaracteres(*text) <= width) return;
   const std::string begin(PremiersCaracteres(*text, charactersQuoted));
+  const bool blanks = CompteCaracteres(Rogne(*text)) <= width;
   throw TalpenaError(ErrorNumber::FieldTooSmall, std::string(column) + ": " + begin,
-                     {.text = words, .about = {begin}})
+                     {.text = blanks ? MsgId::ImportBlancsComptent : words, .about = {begin}})
       .SurLigne(line);
 }
 

@@ -73,7 +73,10 @@ double FieldReader::Part() const {
 bool FieldReader::Reste() {
   if (open_) return true;
   try {
-    return open_ = lines_.Lit(rest_);
+    whole_ = {};
+    if (!lines_.Lit(whole_)) return false;
+    rest_ = whole_;
+    return open_ = true;
   } catch (const TalpenaError& error) {
     if (error.number() != ErrorNumber::Overflow) throw;
     const std::vector<std::string> about{Str(std::int64_t{MaxRowLine >> 20})};
@@ -93,6 +96,14 @@ bool FieldReader::SauteLigneDe(char mark) {
   if (!Reste() || !rest_.starts_with(mark)) return false;
   Ferme();
   return true;
+}
+
+void FieldReader::CommenceFiche() {
+  field_ = 0;
+  shifted_ = open_ && rest_.size() < whole_.size();
+  firstLine_ = lines_.Numero();
+  quotedLines_ = 0;
+  lost_ = false;
 }
 
 void FieldReader::Ferme() { open_ = false; }
@@ -122,7 +133,11 @@ std::string_view FieldReader::Texte() {
     value = Guillemets();
   }
   const std::size_t comma = rest_.find(',');
-  if (!quoted) value = rest_.substr(0, comma);
+  if (quoted) {
+    NotePerte(rest_.substr(0, comma));
+  } else {
+    value = rest_.substr(0, comma);
+  }
   if (comma == std::string_view::npos) {
     Ferme();
   } else {
@@ -144,6 +159,7 @@ std::string_view FieldReader::Guillemets() {
     Allonge(rest_);
     Allonge("\n");
     Ferme();
+    ++quotedLines_;
     if (!Reste()) {
       Refuse(ErrorNumber::InputPastEnd, MsgId::GuillemetOuvert, {Str(std::int64_t{field_})},
              "A quote is not closed");
@@ -153,6 +169,13 @@ std::string_view FieldReader::Guillemets() {
   Allonge(rest_.substr(0, end));
   Prend(end + 1);
   return quoted_;
+}
+
+/// What stands between a closing quote and the next comma does not enter.
+void FieldReader::NotePerte(std::string_view dropped) {
+  if (RogneGauche(dropped).empty()) return;
+  lost_ = true;
+  lostLine_ = lines_.Numero();
 }
 
 void FieldReader::Allonge(std::string_view text) {

@@ -35,7 +35,7 @@ class FieldReader {
   /// Drops the line, or the rest of one, when it begins with this character, blanks not skipped.
   bool SauteLigneDe(char mark);
   /// A record begins: its fields are counted from 1.
-  void CommenceFiche() { field_ = 0; }
+  void CommenceFiche();
 
   /// An empty field is 0 or, where it may not be empty, TypeMismatch (13).
   enum class Vide : std::uint8_t { Zero, Refuse };
@@ -49,12 +49,22 @@ class FieldReader {
   int Champ() const { return field_; }          ///< its number in the record
   double Part() const;                          ///< of the file that was read, 0 to 1
 
+  // What the record in hand looks like beside its fields.
+  std::string_view LigneCourante() const { return whole_; }  ///< its bytes; valid until the next
+  bool EstDecalee() const { return shifted_; }  ///< it began in the rest of a line of another one
+  /// It goes on in another line than it began in, without a quote that does.
+  bool EstSurPlusieurs() const { return lines_.Numero() > firstLine_ + quotedLines_; }
+  bool APerdu() const { return lost_; }  ///< text behind a closing quote was dropped
+  /// The same happened in the current line, be it to a record before.
+  bool LigneAPerdu() const { return lostLine_ != 0 && lostLine_ == lines_.Numero(); }
+
  private:
   void Ouvre();
   void SauteBlancs();
   void Prend(std::size_t count) { rest_.remove_prefix(count); }
   void Ferme();
   std::string_view Guillemets();
+  void NotePerte(std::string_view dropped);
   void Allonge(std::string_view text);
   std::string_view Nombre();
   double Valeur(std::string_view bytes, Vide vide) const;
@@ -65,10 +75,16 @@ class FieldReader {
 
   DegLines lines_;
   Encodage encodage_;
-  std::string_view rest_;  ///< of the current line
-  bool open_ = false;      ///< a field or the end of the current line is still to come
+  std::string_view whole_;  ///< the current line
+  std::string_view rest_;   ///< of it
+  bool open_ = false;       ///< a field or the end of the current line is still to come
   std::int64_t line_ = 0;
   int field_ = 0;
+  std::int64_t firstLine_ = 0;    ///< of the record
+  std::int64_t quotedLines_ = 0;  ///< line ends within its quotes
+  std::int64_t lostLine_ = 0;     ///< where text was dropped last; 0 for nowhere
+  bool shifted_ = false;
+  bool lost_ = false;
   std::string quoted_;
   std::string kept_;
 };

@@ -1,5 +1,6 @@
 #include "interchange/garmin_options_form.h"
 
+#include "common/msg_id_errors.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "interchange/garmin_samples.h"
@@ -15,6 +16,14 @@ std::int16_t LitEntier(const std::string& text) {
                        {.about = {text}});
   }
   return Arrondi16(Val(text));
+}
+
+/// A line of the file has one digit for it.
+std::int16_t LitPeriode(const std::string& text) {
+  const std::int16_t period = LitEntier(text);
+  if (period >= 0 && period <= 9) return period;
+  throw TalpenaError(ErrorNumber::Overflow, "period " + text,
+                     {.text = MsgId::PeriodeSansPlace, .about = {text}});
 }
 
 /// A place in a column, of which the import makes use or not.
@@ -47,7 +56,7 @@ objGraminImport LitOptionsGarmin(const GarminOptionsForm& form, const objGraminI
   const auto& [period, date, altitude] = form;
   objGraminImport options = before;
   focus = GarminFocus::Period;
-  options.Period = LitEntier(period);
+  options.Period = LitPeriode(period);
   options.DateImport = static_cast<std::int16_t>(date.source);
   options.DateFixed = DateFixeGardee(date.fixe);
   options.DateField = date.colonne;

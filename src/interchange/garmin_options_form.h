@@ -21,14 +21,14 @@ struct GarminOptionsForm {
   GarminFieldForm altitude;
 };
 
-/// A box that holds no number, or one that is too large.
+/// A box that holds no number, or one that it cannot hold.
 enum class GarminFocus { None, Period, DateBegin, DateLength, AltitudeBegin, AltitudeLength };
 
 GarminOptionsForm RempliOptionsGarmin(const objGraminImport& options);
 
 /// The form as options. TypeMismatch (13) for a text that is no number and Overflow (6) for one
-/// beyond 16 bits, with `focus` on its box; places in a column that is not asked for stay as they
-/// are in `before` then.
+/// beyond 16 bits and for a period that is no digit, with `focus` on its box; places in a column
+/// that is not asked for stay as they are in `before` then.
 objGraminImport LitOptionsGarmin(const GarminOptionsForm& form, const objGraminImport& before,
                                  GarminFocus& focus);
 

@@ -1,9 +1,11 @@
 #include "interchange/garmin_position.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 #include <vector>
 
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
@@ -30,6 +32,7 @@ class Parts {
   Parts(const Parts&) = delete;
   Parts& operator=(const Parts&) = delete;
 
+  std::size_t Nombre() const { return parts_.size(); }
   std::string_view operator[](std::size_t index) const {
     if (index < parts_.size()) return parts_[index];
     throw TalpenaError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
@@ -140,7 +143,34 @@ std::string SurGrille(const std::string& code, const Parts& p) {
   return code + std::string(p[0]) + " " + Complete(p[1], length) + Complete(p[2], length);
 }
 
+bool EstLettre(std::string_view part, std::string_view letters) {
+  return !part.empty() && letters.find(part.front()) != std::string_view::npos;
+}
+
+/// What is odd about the degrees, minutes and seconds of an angle.
+int DouteDAngle(const Parts& p, std::size_t first, std::size_t count, std::string_view letters) {
+  if (!EstLettre(p[first], letters)) return MsgId::DouteHemisphere;
+  if (!EstNumerique(SansLettre(p[first]))) return MsgId::DoutePosition;
+  for (std::size_t i = first + 1; i < first + count; ++i) {
+    if (!EstNumerique(p[i])) return MsgId::DoutePosition;
+  }
+  // 60 itself is 59.9996 to other programs, and gives the right point.
+  for (std::size_t i = first + 1; i < first + count; ++i) {
+    if (std::abs(NombreDe(p[i])) > 60) return MsgId::DouteMinutes;
+  }
+  return 0;
+}
+
 }  // namespace
+
+int DouteDePosition(int grid, std::string_view position) {
+  if (grid < GarminGrid::Degrees || grid > GarminGrid::Seconds) return 0;
+  const auto ofAngle = static_cast<std::size_t>(grid - GarminGrid::Degrees) + 1;
+  const Parts p(position);
+  if (p.Nombre() < 2 * ofAngle) return 0;
+  const int ofLatitude = DouteDAngle(p, 0, ofAngle, "NS");
+  return ofLatitude != 0 ? ofLatitude : DouteDAngle(p, ofAngle, ofAngle, "EW");
+}
 
 std::string OriginalDePosition(int grid, std::string_view position) {
   switch (grid) {

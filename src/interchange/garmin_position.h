@@ -13,4 +13,8 @@ namespace talpena {
 /// @param grid  of GrillesGarmin, or -1
 std::string OriginalDePosition(int grid, std::string_view position);
 
+/// Base id of what is odd about a position in degrees that has a place: no letter of a hemisphere,
+/// no numbers, more than 60 minutes. 0 for nothing, and on the grids without degrees.
+int DouteDePosition(int grid, std::string_view position);
+
 }  // namespace talpena

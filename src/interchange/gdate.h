@@ -12,4 +12,8 @@ int MoisGarmin(std::string_view name);
 /// others in the 2000s; an unknown month is 00. A text without digits is 2000/00/00.
 std::string GDate(std::string_view text);
 
+/// Whether a text begins with a date that GDate reads as it is meant: a day from 1 to 31, a month
+/// in capitals, and a year of two digits, not of four.
+bool CommenceParDateGarmin(std::string_view text);
+
 }  // namespace talpena

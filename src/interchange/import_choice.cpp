@@ -6,6 +6,7 @@
 
 #include "common/msg_id_import.h"
 #include "common/numbers.h"
+#include "common/paths.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "interchange/import_file.h"
@@ -34,6 +35,15 @@ ImportChoice::Texts Textes(std::int16_t langue, Id id) {
   return texts;
 }
 
+/// A bookmark is the row's key, and the rows of an import follow each other.
+bool ARangees(Document& document, const ImportedList& list) {
+  return document.Base()
+             .OpenRecordset("SELECT COUNT(*) FROM TALPENA WHERE Counter >= " + Str(list.firstRow) +
+                            " AND Counter <= " + Str(list.lastRow))
+             ->Get(0)
+             .integer > 0;
+}
+
 /// The text file under rehearsal, opened again and again: its characters are found out once.
 class TextSource {
  public:
@@ -58,7 +68,7 @@ class TextSource {
 
 }  // namespace
 
-ImportChoice::ImportChoice(const StoreState& state, InterchangeState& interchange, Platform& io)
+ImportChoice::ImportChoice(StoreState& state, InterchangeState& interchange, Platform& io)
     : state_(state),
       interchange_(interchange),
       io_(io),
@@ -84,7 +94,9 @@ bool ImportChoice::Parcourt() {
   std::string chosen;
   ExecuteCommande(state_, io_, {}, [&] {
     chosen = io_.dialogues.OuvreFichier(
-        {.filter = "Fichiers texte (*.txt)|*.txt|Tous les fichiers (*.*)|*.*", .name = path_});
+        {.filter = "Fichiers texte (*.txt)|*.txt|Tous les fichiers (*.*)|*.*",
+         .folder = DossierDe(state_.document.Fichier.NomFichier),
+         .name = path_});
   });
   if (chosen.empty()) return false;
   path_ = chosen;
@@ -128,11 +140,22 @@ std::optional<RehearsalPlan> ImportChoice::Plan() const {
   return RehearsalPlan{.prepare = [source] { return source->Prepare(); },
                        .ouvre = [source, system = Systeme()] { return source->Ouvre(system); },
                        .system = Systeme(),
-                       .ouvreEn = [source](CoordSystem system) { return source->Ouvre(system); }};
+                       .ouvreEn = [source](CoordSystem system) { return source->Ouvre(system); },
+                       .sansFiche = MsgId::RepetitionSansFiche};
+}
+
+bool ImportChoice::DejaImportee() const {
+  const auto standing = [this](const ImportedList& former) {
+    return former.list == stamp_ && former.contents == state_.document.NumeroContenu() &&
+           ARangees(state_.document, former);
+  };
+  return !path_.empty() && std::ranges::any_of(interchange_.ListesImportees, standing);
 }
 
 std::vector<std::string> ImportChoice::Notes() const {
-  std::vector<std::string> notes{NoteDuDatum(state_, DatumImporte(state_, Systeme()))};
+  std::vector<std::string> notes;
+  if (DejaImportee()) notes.push_back(Texte(state_.Langue, MsgId::RepetitionDejaImportee));
+  notes.push_back(NoteDuDatum(state_, DatumImporte(state_, Systeme())));
   const SystemDatums& datums = InfoDe(Systeme()).datums;
   if (datums.imported != datums.system) notes.push_back(Texte(state_.Langue, MsgId::NoteBelge));
   return notes;

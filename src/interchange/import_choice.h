@@ -18,7 +18,7 @@ class ImportChoice {
  public:
   using Texts = std::array<std::string, CoordSystemCount>;  ///< one per system, in their order
 
-  ImportChoice(const StoreState& state, InterchangeState& interchange, Platform& io);
+  ImportChoice(StoreState& state, InterchangeState& interchange, Platform& io);
 
   Texts Systemes() const;  ///< captions of the list
   /// What a line of the file should hold, per system.
@@ -41,7 +41,9 @@ class ImportChoice {
   bool FichierAChange();
   /// The import that OK would make; no file: nothing to rehearse.
   std::optional<RehearsalPlan> Plan() const;
-  /// What is to be said of the system, in the language of the interface.
+  /// The open file holds rows of the list as it stands, which came in since the program began.
+  bool DejaImportee() const;
+  /// What is to be said of the list and the system, in the language of the interface.
   std::vector<std::string> Notes() const;
 
  private:
@@ -49,7 +51,7 @@ class ImportChoice {
   void UpdateInfoFile();
   void Repond(int index);
 
-  const StoreState& state_;
+  StoreState& state_;
   InterchangeState& interchange_;
   Platform& io_;
   int index_;

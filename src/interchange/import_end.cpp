@@ -172,8 +172,8 @@ void TermineImport(CommandContext c, const std::string& name, const ImportedRows
   MontreAjoutees(c, rows);
 }
 
-bool ImporteTout(CommandContext c, const std::string& name, ImportReader& reader) {
-  ImportedRows rows;
+bool ImporteTout(CommandContext c, const std::string& name, ImportReader& reader,
+                 ImportedRows& rows) {
   try {
     AjouteImportees(c, name, reader, rows);
   } catch (const TalpenaError& error) {

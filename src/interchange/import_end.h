@@ -35,7 +35,9 @@ void TermineImport(CommandContext c, const std::string& name, const ImportedRows
 
 /// Both. A failure of the first is shown in the common box with the rows added before it, not
 /// thrown; false then, and when the user gave up.
-bool ImporteTout(CommandContext c, const std::string& name, ImportReader& reader);
+/// @param rows  filled behind a failure too
+bool ImporteTout(CommandContext c, const std::string& name, ImportReader& reader,
+                 ImportedRows& rows);
 
 /// What the user is told of a failure, and how many rows were added before it.
 std::string DescriptionEchec(std::int16_t langue, const TalpenaError& error,

@@ -1,6 +1,11 @@
 #include "interchange/import_lines.h"
 
+#include <string>
 #include <utility>
+
+#include "common/msg_id_errors.h"
+#include "common/numbers.h"
+#include "common/talpena_error.h"
 
 namespace talpena {
 
@@ -16,7 +21,15 @@ bool ImportLines::Lit(std::string_view& line) {
 }
 
 std::string_view ImportLines::LitObligatoire() {
-  return TexteImporte(lines_.LitObligatoire(), encodage_, kept_);
+  std::string_view line;
+  if (Lit(line)) return line;
+  const std::int64_t last = Numero();
+  const std::string description = "Input past end of file: behind line " + Str(last);
+  if (last == 0) {
+    throw TalpenaError(ErrorNumber::InputPastEnd, description, {.text = MsgId::FichierVide});
+  }
+  throw TalpenaError(ErrorNumber::InputPastEnd, description,
+                     {.text = MsgId::PointsCoupes, .about = {Str(last)}});
 }
 
 double ImportLines::Part() const {

@@ -17,7 +17,7 @@ class ImportLines {
 
   /// The next line, valid until the next call; false at the end of the file.
   bool Lit(std::string_view& line);
-  /// The next line where one has to be; InputPastEnd (62) at the end of the file.
+  /// The next line above the waypoints of a file; InputPastEnd (62) at the end of the file.
   std::string_view LitObligatoire();
 
   std::int64_t Numero() const { return lines_.Numero(); }  ///< of the line read last, from 1

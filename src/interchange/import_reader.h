@@ -22,6 +22,7 @@ struct ImportedRow {
 struct ImportRecord {
   std::int64_t line = 0;  ///< of the file, where the record begins; from 1
   int dropped = 0;        ///< base id of the text that says why it does not enter; 0 when it enters
+  int doubt = 0;          ///< base id of what is odd about one that enters; 0 for nothing
   ImportedRow row;
 };
 

@@ -102,7 +102,9 @@ bool MapSourceReader::Suivant(ImportRecord& record) {
                    : !somewhere    ? MsgId::PointSansPosition
                                    : 0;
   record.row = {};
+  record.doubt = 0;
   Remplit(chosen.item, record);
+  doubts_.Compte(record);
   ++next_;  // a failure comes again
   return true;
 }
@@ -114,8 +116,9 @@ void MapSourceReader::Remplit(std::size_t item, ImportRecord& record) const {
   if (record.dropped == 0) {
     std::string original = Original(item);
     if (!original.empty()) row.original = std::move(original);
+    record.doubt = DouteDePosition(choice_.grid, text_.items.Texte(item, WaypointColumn::Position));
   }
-  Date(item, row);
+  Date(item, record);
   row.comment = Commentaire(item);
 }
 
@@ -135,12 +138,18 @@ std::string MapSourceReader::Original(std::size_t item) const {
   }
 }
 
-void MapSourceReader::Date(std::size_t item, ImportedRow& row) const {
+void MapSourceReader::Date(std::size_t item, ImportRecord& record) const {
   const GarminSource source = Source(options_.DateImport);
-  if (source == GarminSource::Fixed) row.date = options_.DateFixed;
+  if (source == GarminSource::Fixed) record.row.date = options_.DateFixed;
   if (source != GarminSource::Column || !dateColumn_) return;
-  row.date = GDate(
-      CoupeColonne(text_.items.Texte(item, *dateColumn_), options_.DateBegin, options_.DateLength));
+  const std::string_view cell = text_.items.Texte(item, *dateColumn_);
+  const int begin = options_.DateBegin, length = options_.DateLength;
+  const std::string_view cut = CoupeColonne(cell, begin, length);
+  record.row.date = GDate(cut);
+  // One character more: of a year of four digits the cut may hold the first two.
+  const bool read =
+      CommenceParDateGarmin(cut) && CommenceParDateGarmin(CoupeColonne(cell, begin, length + 1));
+  if (record.doubt == 0 && !read) record.doubt = MsgId::DouteDate;
 }
 
 /// Empty when the row gets none, which leaves the separators of the free fields away too.

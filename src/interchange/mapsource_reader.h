@@ -9,6 +9,7 @@
 #include "interchange/garmin_options.h"
 #include "interchange/import_reader.h"
 #include "interchange/mapsource_text.h"
+#include "interchange/waypoint_doubts.h"
 #include "store/distribution_header.h"
 
 namespace talpena {
@@ -53,11 +54,12 @@ class MapSourceReader final : public ImportReader {
 
   bool Suivant(ImportRecord& record) override;
   double Part() const override;
+  const WaypointDoubts& Doutes() const { return doubts_; }  ///< of the records read until now
 
  private:
   void Remplit(std::size_t item, ImportRecord& record) const;
   std::string Original(std::size_t item) const;
-  void Date(std::size_t item, ImportedRow& row) const;
+  void Date(std::size_t item, ImportRecord& record) const;
   std::optional<std::string> Altitude(std::size_t item) const;
   std::string Commentaire(std::size_t item) const;
 
@@ -70,6 +72,7 @@ class MapSourceReader final : public ImportReader {
   std::optional<std::size_t> altitudeColumn_;
   std::optional<std::size_t> altitudeField_;
   std::size_t next_ = 0;
+  WaypointDoubts doubts_;
 };
 
 }  // namespace talpena

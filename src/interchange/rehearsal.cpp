@@ -13,11 +13,18 @@ constexpr std::int64_t firstRows = 500;
 using Outcome = ReadPoint::Outcome;
 using Fate = RehearsedRow::Fate;
 
+bool Contient(const std::optional<std::string>& text, char c) {
+  return text && text->find(c) != std::string::npos;
+}
+
 /// What the user is to look at though the row enters; 0 for nothing.
-int DouteDe(const ImportedRow& row) {
+int DouteDe(const ImportRecord& record) {
+  const ImportedRow& row = record.row;
   if (!TientEnLigne(row)) return MsgId::SortSansPlace;
-  const bool lines = row.comment && row.comment->find('\n') != std::string::npos;
-  return lines ? MsgId::SortSurPlusieurs : 0;
+  if (Contient(row.comment, '\n')) return MsgId::SortSurPlusieurs;
+  const bool nul =
+      Contient(row.original, '\0') || Contient(row.date, '\0') || Contient(row.comment, '\0');
+  return nul ? MsgId::SortNul : record.doubt;
 }
 
 std::optional<std::string_view> TexteDe(const std::optional<std::string>& column) {
@@ -52,6 +59,10 @@ bool Rehearsal::Travaille(const std::function<bool()>& encore) {
     if (!encore()) break;
   }
   return step_ != Step::Fin;
+}
+
+int Rehearsal::SansFiche() const {
+  return EstLue() && !failure_ && counts_.enter + counts_.dropped == 0 ? plan_.sansFiche : 0;
 }
 
 void Rehearsal::FaitUnPas() {
@@ -129,11 +140,13 @@ void Rehearsal::Ajoute(const ImportRecord& record) {
   row.line = record.line;
   row.dropped = record.dropped;
   row.period = record.row.period;
+  row.n1 = record.row.n1;
+  row.n2 = record.row.n2;
   row.datum = record.row.datum;
   row.original = record.row.original.value_or("");
   row.date = record.row.date.value_or("");
   row.comment = record.row.comment.value_or("");
-  row.doubt = record.dropped == 0 ? DouteDe(record.row) : 0;
+  row.doubt = record.dropped == 0 ? DouteDe(record) : 0;
   counts_.doubtful += row.doubt != 0 ? 1 : 0;
   row.point.outcome = Outcome::DatumInconnu;
   if (record.dropped != 0) {

@@ -22,7 +22,7 @@ struct RehearsalCounts {
   std::int64_t dropped = 0;
   std::int64_t withoutPoint = 0;  ///< of those that enter
   std::int64_t far = 0;           ///< of those with a point: LoinKm from all others and the table's
-  std::int64_t doubtful = 0;      ///< of those that enter: numbers without room, quotes left open
+  std::int64_t doubtful = 0;  ///< of those that enter: what is odd about their texts and numbers
   bool operator==(const RehearsalCounts&) const = default;
 };
 
@@ -48,6 +48,8 @@ class Rehearsal {
   const RehearsedRows& Lignes() const { return rows_; }
   /// What would end the import before the end of the file.
   const std::optional<TalpenaError>& Arret() const { return failure_; }
+  /// Base id of what is to be said of a file that holds no record; 0 for nothing.
+  int SansFiche() const;
   std::optional<SystemHint> Conseil() const { return others_ ? others_->Conseil() : std::nullopt; }
 
  private:

@@ -20,6 +20,7 @@ struct RehearsalPlan {
   /// both, another system that suits the file far better is told.
   std::optional<CoordSystem> system = {};
   std::function<std::unique_ptr<ImportReader>(CoordSystem)> ouvreEn = {};
+  int sansFiche = 0;  ///< base id of what is said of a file without a record; 0 for nothing
 };
 
 }  // namespace talpena

@@ -1,6 +1,5 @@
 #include "interchange/rehearsal_words.h"
 
-#include <algorithm>
 #include <string_view>
 
 #include "common/error_words.h"
@@ -18,10 +17,6 @@ namespace {
 
 using Fate = RehearsedRow::Fate;
 using Outcome = ReadPoint::Outcome;
-
-constexpr std::array<int, RehearsalColumn::Count> titles{
-    MsgId::RepetitionLigne, MsgId::RepetitionSort, MsgId::Periode, MsgId::CoordOriginales,
-    MsgId::Latitude,        MsgId::Longitude,      MsgId::Date,    MsgId::Commentaires};
 
 std::string SansPointParceQue(std::int16_t langue, const RehearsedRow& row) {
   switch (row.point.outcome) {
@@ -56,10 +51,12 @@ std::string EnCellule(std::string_view text) { return Remplace(SurUneLigne(text)
 
 }  // namespace
 
-RehearsalCells TitresRepetition(std::int16_t langue) {
-  RehearsalCells cells;
-  std::ranges::transform(titles, cells.begin(), [&](int title) { return Texte(langue, title); });
-  return cells;
+RehearsalCells TitresRepetition(const SettingsState& state) {
+  const auto texte = [&state](int id) { return Texte(state.Langue, id); };
+  return {texte(MsgId::RepetitionLigne), texte(MsgId::RepetitionSort), texte(MsgId::Periode),
+          texte(MsgId::CoordOriginales), texte(MsgId::Latitude),       texte(MsgId::Longitude),
+          state.LabelNumeric1,           state.LabelNumeric2,          texte(MsgId::Date),
+          texte(MsgId::Commentaires)};
 }
 
 RehearsalCells CellulesRepetition(std::int16_t langue, const RehearsedRow& row) {
@@ -73,6 +70,8 @@ RehearsalCells CellulesRepetition(std::int16_t langue, const RehearsedRow& row) 
     cells[RehearsalColumn::Latitude] = Format(row.point.latitude, "0.00000");
     cells[RehearsalColumn::Longitude] = Format(row.point.longitude, "0.00000");
   }
+  if (row.n1) cells[RehearsalColumn::Number1] = Str(std::int64_t{*row.n1});
+  if (row.n2) cells[RehearsalColumn::Number2] = Str(std::int64_t{*row.n2});
   cells[RehearsalColumn::Date] = row.date;
   cells[RehearsalColumn::Comment] = row.comment;
   return cells;
@@ -109,8 +108,11 @@ std::string ComptesEnMots(std::int16_t langue, const Rehearsal& rehearsal) {
   return Remplace(Texte(langue, MsgId::RepetitionLecture), "%1", Str(percent)) + " " + text;
 }
 
-std::string ArretEnMots(std::int16_t langue, const TalpenaError& failure) {
-  return Remplace(Texte(langue, MsgId::RepetitionArret), "%1", DescriptionErreur(langue, failure));
+std::string ArretEnMots(std::int16_t langue, const TalpenaError& failure, std::int64_t before) {
+  std::string text =
+      Texte(langue, before > 0 ? MsgId::RepetitionArret : MsgId::RepetitionArretDebut);
+  text = Remplace(text, "%2", NombreGroupe(langue, before));
+  return Remplace(text, "%1", DescriptionErreur(langue, failure));
 }
 
 std::string ConseilEnMots(std::int16_t langue, const SystemHint& hint) {

@@ -35,6 +35,10 @@ bool RehearsedRows::Ajoute(const RehearsedRow& row) {
   Kept kept{};
   kept.line = static_cast<std::uint32_t>(row.line);
   kept.period = row.period;
+  kept.n1 = row.n1.value_or(0);
+  kept.n2 = row.n2.value_or(0);
+  kept.hasN1 = row.n1.has_value();
+  kept.hasN2 = row.n2.has_value();
   kept.dropped = static_cast<std::int16_t>(row.dropped);
   kept.doubt = static_cast<std::int16_t>(row.doubt);
   kept.fate = row.fate;
@@ -84,6 +88,8 @@ RehearsedRow RehearsedRows::Ligne(std::int64_t index) const {
   row.dropped = kept.dropped;
   row.doubt = kept.doubt;
   row.period = kept.period;
+  if (kept.hasN1) row.n1 = kept.n1;
+  if (kept.hasN2) row.n2 = kept.n2;
   row.point = {kept.outcome, kept.latitude, kept.longitude, {kept.cause, kept.latitude}};
   row.datum = datums_[kept.datum];
   std::size_t at = kept.offset;

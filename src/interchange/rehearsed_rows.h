@@ -26,6 +26,7 @@ struct RehearsedRow {
   int dropped = 0;        ///< base id of why it does not enter
   int doubt = 0;          ///< base id of what is odd about one that enters; 0 for nothing
   std::int16_t period = 0;
+  std::optional<std::int32_t> n1, n2;
   ReadPoint point;  ///< of a row without one: why
   std::string original, date, comment, datum;
 
@@ -55,9 +56,11 @@ class RehearsedRows {
     std::uint32_t line;
     std::uint16_t block, offset;
     float latitude, longitude;  ///< or the degrees of a fault
+    std::int32_t n1, n2;
     std::int16_t period, dropped, doubt;
     std::array<std::uint8_t, 3> lengths;
     std::uint8_t datum;
+    bool hasN1, hasN2;
     RehearsedRow::Fate fate;
     ReadPoint::Outcome outcome;
     FauteDeLigne::Cause cause;

@@ -27,12 +27,13 @@ namespace {
 /// Rows between two looks at whether the user gave up: some tenths of a millisecond.
 constexpr std::int64_t rowsPerBeat = 256;
 
-Answer DemandeRemplacement(CommandContext c) {
+Answer DemandeRemplacement(CommandContext c, const std::string& path) {
   Bip(c.state, c.io);
   return c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::RemplaceFichier),
                                  .icon = Icon::Exclamation,
                                  .buttons = Buttons::YesNoCancel,
-                                 .defaultButton = Answer::No});
+                                 .defaultButton = Answer::No,
+                                 .detail = path});
 }
 
 /// The rows on show would be lost with their file: it may not be replaced. Told where it is.
@@ -48,23 +49,18 @@ bool EstOuvert(CommandContext c, const std::string& path) {
 /// The file to write; "" when there is none. Whoever does not want a file replaced is asked for
 /// another one.
 std::string DemandeFichier(CommandContext c) {
-  std::string folder = DossierDe(c.document().Fichier.NomFichier);
+  std::string folder = DossierDe(c.state.FichierExporte);
+  if (folder.empty()) folder = DossierDe(c.document().Fichier.NomFichier);
   for (;;) {
     std::string path = c.io.dialogues.EnregistreFichier(
         {.filter = "Fichiers texte (*.txt)|*.txt", .folder = folder});
     if (path.empty() || !c.io.files.Existe(path)) return path;
     folder = DossierDe(path);
     if (EstOuvert(c, path)) continue;
-    const Answer answer = DemandeRemplacement(c);
+    const Answer answer = DemandeRemplacement(c, path);
     if (answer == Answer::Cancel) return {};
     if (answer == Answer::Yes && PeutEcraser(c, path)) return path;
   }
-}
-
-TalpenaError AvecConseil(const TalpenaError& failure, int hint) {
-  ErrorWords words = failure.words();
-  words.hint = hint;
-  return {failure.number(), failure.description(), std::move(words)};
 }
 
 class TextExport {
@@ -77,7 +73,7 @@ class TextExport {
     const std::optional<TalpenaError> faute = EcritFichier();
     const std::vector<std::string>& unknown = points_.DatumsInconnus();
     if (!unknown.empty()) DitDatumsAbsents(c_.state, c_.io, unknown);
-    if (faute) throw AvecConseil(*faute, MsgId::ExportJusquIci);
+    if (faute) throw faute->AvecConseil(MsgId::ExportJusquIci);
   }
 
  private:
@@ -97,7 +93,7 @@ class TextExport {
       if (failure.number() == ErrorNumber::Cancelled && hint != 0) {
         c_.document().DitResultat(Texte(c_.state.Langue, hint));
       }
-      throw AvecConseil(failure, hint);
+      throw failure.AvecConseil(hint);
     }
   }
 
@@ -159,8 +155,9 @@ class TextExport {
 
 /// A filter leaves rows out of the file.
 void DitLignesEcrites(CommandContext c) {
-  if (!c.document().FiltreActif()) return;
-  const std::string text = Texte(c.state.Langue, MsgId::LignesEcrites);
+  const bool all = !c.document().FiltreActif();
+  const std::string text =
+      Texte(c.state.Langue, all ? MsgId::ToutesLignesEcrites : MsgId::LignesEcrites);
   c.document().DitResultat(AvecNombres(c.state.Langue, text, CompteLignes(c.document())));
 }
 
@@ -174,6 +171,7 @@ void MnuExpAsciiMode(CommandContext c, ExportDialogs& dialogues, int index) {
     const std::string path = DemandeFichier(c);
     if (path.empty()) return;
     TextExport(c, *rows, path, index).Execute();
+    c.state.FichierExporte = path;
     DitLignesEcrites(c);
   });
 }

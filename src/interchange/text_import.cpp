@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 #include "common/error_words.h"
@@ -58,6 +59,13 @@ void Importe(ImportContext c, std::int16_t type, ImportedRows& rows) {
   AjouteImportees(c, "Import", reader, rows);
 }
 
+/// So that a list that is chosen again can be told.
+void NoteListe(ImportContext c, const std::optional<FileStamp>& list, const ImportedRows& rows) {
+  if (!list || rows.added.empty()) return;
+  c.interchange.ListesImportees.push_back(
+      {*list, c.document().NumeroContenu(), rows.added.front(), rows.added.back()});
+}
+
 void DitEchec(ImportContext c, const TalpenaError& error, const ImportedRows& rows) {
   const std::int16_t langue = c.state.Langue;
   Bip(c.state, c.io);
@@ -87,6 +95,7 @@ std::string TroisPremieresLignes(FileSystem& files, const std::string& path) {
 
 void ImportCoord(ImportContext c, std::int16_t type) {
   if (c.interchange.FichierImportation.empty()) return;
+  const auto list = c.io.files.Empreinte(c.interchange.FichierImportation);
   ImportedRows rows;
   try {
     Importe(c, type, rows);
@@ -96,6 +105,7 @@ void ImportCoord(ImportContext c, std::int16_t type) {
   }
   c.state.UtmAjust = c.state.GridAjust = 0;
   c.interchange.Variable = "1";
+  NoteListe(c, list, rows);
   TermineImport(c, "Import", rows);
 }
 

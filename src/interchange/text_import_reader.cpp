@@ -7,6 +7,7 @@
 #include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "common/text.h"
+#include "interchange/import_remedy.h"
 
 namespace talpena {
 namespace {
@@ -28,6 +29,14 @@ void Pose(std::optional<std::string>& text, std::string_view value) {
 void PoseUneLigne(std::optional<std::string>& text, std::string_view value) {
   if (value.find('\n') == std::string_view::npos) return Pose(text, value);
   Pose(text, SurUneLigne(value));
+}
+
+/// An Irish reference needs two: "IO" for the square O.
+bool AUneLettre(std::string_view reference) {
+  const auto letter = [&](std::size_t at) {
+    return at < reference.size() && reference[at] >= 'A' && reference[at] <= 'Z';
+  };
+  return letter(0) && !letter(1);
 }
 
 /// The tokens of a reference in one piece.
@@ -68,10 +77,12 @@ bool TextImportReader::Suivant(ImportRecord& record) {
   if (failure_) std::rethrow_exception(failure_);
   try {
     return LitFiche(record);
+  } catch (const TalpenaError& failure) {
+    failure_ = std::make_exception_ptr(AvecRemede(failure, fields_, !begun_));
   } catch (...) {
     failure_ = std::current_exception();
-    throw;
   }
+  std::rethrow_exception(failure_);
 }
 
 bool TextImportReader::LitFiche(ImportRecord& record) {
@@ -87,7 +98,16 @@ bool TextImportReader::LitFiche(ImportRecord& record) {
   PoseUneLigne(row.date, fields_.Texte());
   Pose(row.comment, fields_.Texte());
   row.datum = datum_;
-  return true;
+  record.doubt = record.dropped == 0 ? DouteDe(*row.original) : 0;
+  return begun_ = true;
+}
+
+/// What a reader of the list would not expect of the record, though it enters.
+int TextImportReader::DouteDe(const std::string& original) const {
+  if (fields_.APerdu()) return MsgId::RemedeGuillemets;
+  return &info_ == &InfoDe(CoordSystem::Itm) && AUneLettre(original.substr(code_.size()))
+             ? MsgId::IrlandaisUneLettre
+             : 0;
 }
 
 /// Over empty lines and comments to where a record begins.

@@ -32,11 +32,13 @@ class TextImportReader final : public ImportReader {
   void LitMetres(std::string& original);
   void LitFuseau(std::string& original);
   int LitReference(std::string& original);
+  int DouteDe(const std::string& original) const;
 
   FieldReader fields_;
   const CoordSystemInfo& info_;
   std::string code_;  ///< at the head of ORIGINAL, with its blank
   std::string datum_;
+  bool begun_ = false;  ///< a record was read
   std::exception_ptr failure_;
 };
 

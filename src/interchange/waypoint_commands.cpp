@@ -1,6 +1,10 @@
 #include "interchange/waypoint_commands.h"
 
+#include <utility>
+#include <vector>
+
 #include "common/msg_id_import.h"
+#include "common/paths.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "interchange/import_end.h"
@@ -16,9 +20,45 @@ void DitArret(const SharedState& state, Platform& io, const std::string& text,
   io.dialogues.Demande({.text = text, .icon = icon});
 }
 
-void ImporteWpt(CommandContext c) {
+/// Looks where receivers' files were last found, else beside the open distribution. "" when nothing
+/// was chosen.
+std::string DemandeFichier(ImportContext c, std::string filter) {
+  const std::string& last = c.interchange.DossierPoints;
   const std::string path = c.io.dialogues.OuvreFichier(
-      {.filter = "Fichiers wpt (*.wpt)|*.wpt|Tous les fichiers (*.*)|*.*)"});
+      {.filter = std::move(filter),
+       .folder = last.empty() ? DossierDe(c.document().Fichier.NomFichier) : last});
+  if (!path.empty()) c.interchange.DossierPoints = DossierDe(path);
+  return path;
+}
+
+/// Sentences behind the counts of the import in the status bar.
+void Remarque(CommandContext c, const std::vector<std::string>& remarks) {
+  std::string text = c.document().Montre().avis, between = ". ";
+  for (const std::string& remark : remarks) {
+    text += between + remark;
+    between = " ";
+  }
+  c.document().DitResultat(text);
+}
+
+/// There is no rehearsal of such a file: what is wrong with it is told in a box too.
+void RemarqueWpt(CommandContext c, const WptReader& reader) {
+  const std::int16_t langue = c.state.Langue;
+  std::vector<std::string> remarks;
+  if (const std::string doubts = reader.Doutes().EnMots(langue); !doubts.empty()) {
+    remarks.push_back(doubts);
+  }
+  if (!reader.ADatum()) remarks.push_back(Texte(langue, MsgId::WptSansDatum));
+  std::string told;
+  for (const std::string& remark : remarks) told += (told.empty() ? "" : "\n") + remark;
+  if (reader.ADesDates()) remarks.push_back(Texte(langue, MsgId::SiecleWpt));
+  Remarque(c, remarks);
+  if (!told.empty()) c.io.dialogues.Demande({.text = told, .icon = Icon::Information});
+}
+
+void ImporteWpt(ImportContext c) {
+  const std::string path =
+      DemandeFichier(c, "Fichiers wpt (*.wpt)|*.wpt|Tous les fichiers (*.*)|*.*)");
   if (path.empty()) return;
   WptReader reader(OuvreImport(c.io.files, path), c.state, c.document().Entete());
   if (!reader.LitEnTete()) {
@@ -26,10 +66,9 @@ void ImporteWpt(CommandContext c) {
                     "Les coordonnées doivent être exprimées en LAT LON DM.\n"
                     "Importation annulée.");
   }
-  if (ImporteTout(c, "Waypoint import", reader) && reader.ADesDates()) {
-    c.document().DitResultat(c.document().Montre().avis + ". " +
-                             Texte(c.state.Langue, MsgId::SiecleWpt));
-  }
+  ImportedRows rows;
+  if (!ImporteTout(c, "Waypoint import", reader, rows)) return;
+  RemarqueWpt(c, reader);
 }
 
 /// What was not asked for does not count as dropped.
@@ -38,26 +77,28 @@ MapSourceChoice Coches(MapSourceChoice choice) {
   return choice;
 }
 
-void ImporteMapSource(CommandContext c, const MapSourceText& text, const MapSourceChoice& choice,
-                      const objGraminImport& options) {
+bool ImporteMapSource(CommandContext c, const MapSourceText& text, const MapSourceChoice& choice,
+                      const objGraminImport& options, ImportedRows& rows) {
   if (options.AltitudeImport > 0 && !ChampAltitude(c.document().Entete())) {
     DitArret(c.state, c.io,
              "The altitude will not be imported since it is not used in the free fields");
   }
   MapSourceReader reader(text, Coches(choice), options, c.document().Entete());
-  ImporteTout(c, "MapSource import", reader);
+  if (!ImporteTout(c, "MapSource import", reader, rows)) return false;
+  const std::string doubts = reader.Doutes().EnMots(c.state.Langue);
+  if (!doubts.empty()) Remarque(c, {doubts});
+  return true;
 }
 
 }  // namespace
 
-void ImportGarmin(CommandContext c) {
+void ImportGarmin(ImportContext c) {
   ExecuteCommande(c.state, c.io, {}, [&] { ImporteWpt(c); });
 }
 
 void ImportMapSource(ImportContext c, std::int16_t type) {
   ExecuteCommande(c.state, c.io, {}, [&] {
-    const std::string path =
-        c.io.dialogues.OuvreFichier({.filter = "Text file (*.txt)|*.txt|All files (*.*)|*.*"});
+    const std::string path = DemandeFichier(c, "Text file (*.txt)|*.txt|All files (*.*)|*.*");
     if (!path.empty()) c.dialogs.MontreImportGarmin(path, type);
   });
 }
@@ -79,9 +120,13 @@ MapSourceText ChargeImportGarmin(const SharedState& state, Platform& io, const s
   return text;
 }
 
-void ImportMapSource(CommandContext c, const MapSourceText& text, const MapSourceChoice& choice,
-                     const objGraminImport& options) {
-  ExecuteCommande(c.state, c.io, {}, [&] { ImporteMapSource(c, text, choice, options); });
+MapSourceOutcome ImportMapSource(CommandContext c, const MapSourceText& text,
+                                 const MapSourceChoice& choice, const objGraminImport& options) {
+  ImportedRows rows;
+  bool finished = false;
+  ExecuteCommande(c.state, c.io, {},
+                  [&] { finished = ImporteMapSource(c, text, choice, options, rows); });
+  return {finished, static_cast<std::int64_t>(rows.added.size())};
 }
 
 }  // namespace talpena

@@ -11,8 +11,10 @@
 namespace talpena {
 
 /// `mnuImport` 1: asks for a .wpt file; each of its lines becomes a row on the default datum, and
-/// the rows get their coordinates. Failures are shown, not thrown; rows added before one stay.
-void ImportGarmin(CommandContext c);
+/// the rows get their coordinates. Failures are shown, not thrown; rows added before one stay. What
+/// is odd about the file, lines without a position and a datum line without numbers, is told by a
+/// box and in the status bar.
+void ImportGarmin(ImportContext c);
 
 /// `mnuImportGarmin` 0: asks for a text of MapSource and shows it (frmImportGarmin). Tracks, 1, are
 /// not read.
@@ -28,10 +30,16 @@ void ImportMapSource(ImportContext c, std::int16_t type);
 MapSourceText ChargeImportGarmin(const SharedState& state, Platform& io, const std::string& path,
                                  std::int16_t type, objGraminImport& options);
 
+/// What came of the checked waypoints.
+struct MapSourceOutcome {
+  bool finished = false;   ///< all that were to enter did, and have their points
+  std::int64_t added = 0;  ///< of the first of them that have a position
+};
+
 /// For button 0 of frmImportGarmin, `options` being as the settings have them: the checked
 /// waypoints become rows, and the rows get their coordinates. A missing altitude field is told
-/// once. Failures are shown, not thrown; rows added before one stay. The dialog closes behind it.
-void ImportMapSource(CommandContext c, const MapSourceText& text, const MapSourceChoice& choice,
-                     const objGraminImport& options);
+/// once. Failures are shown, not thrown; rows added before one stay.
+MapSourceOutcome ImportMapSource(CommandContext c, const MapSourceText& text,
+                                 const MapSourceChoice& choice, const objGraminImport& options);
 
 }  // namespace talpena

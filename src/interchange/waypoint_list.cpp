@@ -1,13 +1,19 @@
 #include "interchange/waypoint_list.h"
 
+#include <algorithm>
+
 #include "common/msg_id_errors.h"
 #include "common/talpena_error.h"
 
 namespace talpena {
+namespace {
+
+constexpr std::size_t blockBytes = std::size_t{1} << 20;
+
+}  // namespace
 
 std::string_view WaypointList::Texte(std::size_t item, std::size_t column) const {
-  const std::size_t first = item == 0 ? 0 : items_[item - 1].end;
-  std::string_view left(bytes_.data() + first, items_[item].end - first);
+  std::string_view left(items_[item].text, items_[item].length);
   for (; column > 0; --column) {
     const std::size_t tab = left.find('\t');
     if (tab == std::string_view::npos) return {};
@@ -16,13 +22,26 @@ std::string_view WaypointList::Texte(std::size_t item, std::size_t column) const
   return left.substr(0, left.find('\t'));
 }
 
-void WaypointList::Ajoute(std::string_view elements, std::int64_t line) {
-  const std::size_t taken = bytes_.size() + (items_.size() + 1) * sizeof(Item);
-  if (taken > longest || elements.size() > longest - taken) {
+/// With room for so many bytes.
+void WaypointList::CommenceBloc(std::size_t bytes) {
+  const std::size_t taken = bytes_ + (items_.size() + 1) * sizeof(Item);
+  const std::size_t room = std::max(blockBytes, bytes);
+  if (taken > longest || room > longest - taken) {
     throw TalpenaError(ErrorNumber::OutOfMemory, "Out of memory", {.text = MsgId::TropDePoints});
   }
-  bytes_.append(elements);
-  items_.push_back({bytes_.size(), line});
+  blocks_.emplace_back().reserve(room);
+  bytes_ += room;
+}
+
+void WaypointList::Ajoute(std::string_view elements, std::int64_t line) {
+  if (blocks_.empty() || blocks_.back().capacity() - blocks_.back().size() < elements.size()) {
+    CommenceBloc(elements.size());
+  }
+  std::string& block = blocks_.back();
+  const std::size_t begin = block.size();
+  block.append(elements);
+  items_.push_back({block.data() + begin, static_cast<std::uint32_t>(elements.size()),
+                    static_cast<std::uint32_t>(line)});
 }
 
 }  // namespace talpena

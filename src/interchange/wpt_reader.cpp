@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "common/msg_id_errors.h"
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
@@ -21,12 +22,12 @@ constexpr std::string_view degreesAndMinutes = "U  LAT LON DM";
 
 /// Where an angle stands; columns count from 1.
 struct AngleColumns {
-  char minus;
+  char minus, plus;
   int hemisphere;
   int degrees, digits;  ///< the column, and how many digits from there on
 };
-constexpr AngleColumns latitudeColumns{'S', 11, 12, 2};
-constexpr AngleColumns longitudeColumns{'W', 23, 24, 3};
+constexpr AngleColumns latitudeColumns{'S', 'N', 11, 12, 2};
+constexpr AngleColumns longitudeColumns{'W', 'E', 23, 24, 3};
 constexpr int datumColumns[] = {31, 45, 59, 73, 87};
 constexpr int datumFieldWidth = 13;
 
@@ -48,6 +49,30 @@ double Angle(std::string_view line, const AngleColumns& c) {
 bool PorteDate(std::string_view line) {
   return CoupeColonne(line, 63, 1) == "-" && CoupeColonne(line, 67, 1) == "-" &&
          CoupeColonne(line, 73, 1) == ":";
+}
+
+bool SontChiffres(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+/// What is odd about an angle. The fraction may be missing; otherwise a point stands before it.
+int DouteDAngle(std::string_view line, const AngleColumns& c) {
+  const int minutes = c.degrees + c.digits;
+  std::string_view fraction = Rogne(CoupeColonne(line, minutes + 2, 4));
+  const bool point = fraction.starts_with('.');
+  if (point) fraction.remove_prefix(1);
+  const bool position = SontChiffres(Rogne(CoupeColonne(line, c.degrees, c.digits))) &&
+                        SontChiffres(Rogne(CoupeColonne(line, minutes, 2))) &&
+                        (fraction.empty() || (point && SontChiffres(fraction)));
+  if (!position) return MsgId::DoutePosition;
+  const std::string_view letter = CoupeColonne(line, c.hemisphere, 1);
+  if (!letter.starts_with(c.minus) && !letter.starts_with(c.plus)) return MsgId::DouteHemisphere;
+  return Nombre(line, minutes, 6) > 60 ? MsgId::DouteMinutes : 0;
+}
+
+int DouteDePosition(std::string_view line) {
+  const int ofLatitude = DouteDAngle(line, latitudeColumns);
+  return ofLatitude != 0 ? ofLatitude : DouteDAngle(line, longitudeColumns);
 }
 
 /// The century is always the twentieth. Held by WptReader.DatesAllWaypointsInThe1900s.
@@ -83,6 +108,7 @@ bool WptReader::LitEnTete() {
 void WptReader::LitDatum(std::string_view line) {
   for (std::size_t i = 0; i < shift_.size(); ++i) {
     shift_[i] = Nombre(line, datumColumns[i], datumFieldWidth);
+    datumLine_ &= EstNumerique(Rogne(CoupeColonne(line, datumColumns[i], datumFieldWidth)));
   }
 }
 
@@ -96,7 +122,9 @@ bool WptReader::Suivant(ImportRecord& record) {
     record.line = lines_.Numero();
     record.dropped = 0;
     record.row = {};
-    Remplit(line, record.row);
+    record.doubt = DouteDePosition(line);
+    Remplit(line, record);
+    doubts_.Compte(record);
     return true;
   } catch (const TalpenaError&) {
     failure_ = std::current_exception();
@@ -104,12 +132,13 @@ bool WptReader::Suivant(ImportRecord& record) {
   }
 }
 
-void WptReader::Remplit(std::string_view line, ImportedRow& row) {
+void WptReader::Remplit(std::string_view line, ImportRecord& record) {
+  ImportedRow& row = record.row;
   row.period = 1;
   row.n1 = row.n2 = 1;
   row.datum = datum_;
   row.original = Original(line);
-  row.comment = AvecChamps(Texte(line, row));
+  row.comment = AvecChamps(Texte(line, record));
 }
 
 std::string WptReader::Original(std::string_view line) const {
@@ -132,18 +161,19 @@ std::string WptReader::Original(std::string_view line) const {
 }
 
 /// The comment without the free fields; the date of the row on the way.
-std::string WptReader::Texte(std::string_view line, ImportedRow& row) {
+std::string WptReader::Texte(std::string_view line, ImportRecord& record) {
   std::string text(CoupeColonne(line, 55, 5));
   text.append(" ").append(CoupeColonne(line, 4, 6));
   if (PorteDate(line)) {
     dates_ = true;
     const int month = MoisGarmin(CoupeColonne(line, 64, 3));
     if (month != 0) date_ = DateDe(line, month);
+    if (month == 0 && record.doubt == 0) record.doubt = MsgId::DouteMois;
   } else {
     date_.clear();
     text.append(" ").append(CoupeColonne(line, 61, 40));
   }
-  row.date = date_;
+  record.row.date = date_;
   return text;
 }
 

@@ -8,6 +8,7 @@
 #include "coords/state.h"
 #include "interchange/import_lines.h"
 #include "interchange/import_reader.h"
+#include "interchange/waypoint_doubts.h"
 #include "store/distribution_header.h"
 
 namespace talpena {
@@ -29,12 +30,15 @@ class WptReader final : public ImportReader {
   double Part() const override { return lines_.Part(); }
   /// A waypoint had a date, whose century the file does not tell.
   bool ADesDates() const { return dates_; }
+  /// The datum line holds its five numbers; those that it lacks count as 0.
+  bool ADatum() const { return datumLine_; }
+  const WaypointDoubts& Doutes() const { return doubts_; }  ///< of the records read until now
 
  private:
   void LitDatum(std::string_view line);
-  void Remplit(std::string_view line, ImportedRow& row);
+  void Remplit(std::string_view line, ImportRecord& record);
   std::string Original(std::string_view line) const;
-  std::string Texte(std::string_view line, ImportedRow& row);
+  std::string Texte(std::string_view line, ImportRecord& record);
   std::string AvecChamps(std::string text) const;
 
   ImportLines lines_;
@@ -44,6 +48,8 @@ class WptReader final : public ImportReader {
   std::array<double, 5> shift_{};  ///< semi-major axis, flattening, dx, dy, dz, as in the file
   std::string date_;               ///< of the row before
   bool dates_ = false;
+  bool datumLine_ = true;
+  WaypointDoubts doubts_;
   std::exception_ptr failure_;
 };
 

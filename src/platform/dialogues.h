@@ -19,6 +19,7 @@ struct MessageBox {
   Buttons buttons = Buttons::Ok;
   std::optional<Answer> defaultButton = {};  ///< the first button when empty
   std::string title = "Talpena";
+  std::string detail = {};  ///< below the text: the file that it is about
 };
 
 struct InputBox {

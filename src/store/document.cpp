@@ -100,7 +100,8 @@ void Document::ChangeModifie(bool modified) {
 }
 
 void Document::Signale(Changes changes) {
-  if (changes.Touche(Aspect::Rows) && std::exchange(resultat_, false)) {
+  const bool edited = changes.Touche(Aspect::Rows) || changes.Touche(Aspect::Values);
+  if (edited && std::exchange(resultat_, false)) {
     display_.avis.clear();
     changes |= Aspect::Notice;
   }

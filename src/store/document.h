@@ -2,6 +2,7 @@
 // came from, and what differs from that file. Whoever shows any of it observes the document;
 // whoever changes rows or header does so by an Edition.
 #pragma once
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
@@ -88,6 +89,9 @@ class Document {
   DataControl Data1;
   Database& Base();  ///< DatabaseNotFound (3024) when there is none
 
+  /// Which rows these are: another number once the table was emptied for those of another file.
+  std::int64_t NumeroContenu() const { return contents_; }
+
   /// The order of the sort list, which files are opened in, as its SELECT.
   std::string SqlCourant() const { return SelectDe(order_); }
   void ChangeOrdre(const RowOrder& order) { order_ = order; }
@@ -125,8 +129,8 @@ class Document {
   void AjusteGrille();  ///< shows the grid
   void CacheLbl1();
   void ChangeAvis(const std::string& text);  ///< OublieModifications takes it away
-  /// What a command has come to: the same, which goes too when other rows are on show. "" takes
-  /// such a notice away, and no other.
+  /// What a command has come to: the same, which goes too with the next edit of rows and when other
+  /// ones are on show. "" takes such a notice away, and no other.
   void DitResultat(const std::string& text);
 
  private:
@@ -138,6 +142,7 @@ class Document {
   DistributionHeader header_;
   RowOrder order_;
   RowsShown shown_ = RowsShown::Table();
+  std::int64_t contents_ = 0;
   bool modified_ = false;
   Display display_;
   bool resultat_ = false;  ///< the notice is one of DitResultat

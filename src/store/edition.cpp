@@ -201,6 +201,7 @@ std::int64_t Edition::SupprimeLignes(std::span<const Bookmark> rows) {
 
 void Edition::VideTable() {
   document_.Base().Execute("DELETE FROM TALPENA");
+  ++document_.contents_;
   modified_ = true;
 }
 

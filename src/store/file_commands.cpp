@@ -216,7 +216,8 @@ void MnuGrouper_Click(CommandContext c) {
       const Answer answer =
           c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::RemplaceFichier),
                                   .icon = Icon::Question,
-                                  .buttons = Buttons::YesNo});
+                                  .buttons = Buttons::YesNo,
+                                  .detail = path});
       if (answer != Answer::Yes) return;
     }
     if (!PeutEcraser(c, path)) return;

@@ -337,6 +337,23 @@ TEST_F(ExportFailure, AFolderOfThatNameStands) {
   EXPECT_TRUE(std::filesystem::is_directory(path));
 }
 
+// What is not there yet cannot be "not found".
+TEST_F(ExportFailure, AFileThatCannotBeMadeNamesTheCause) {
+  if (!std::filesystem::is_directory("/proc/self")) GTEST_SKIP() << "no /proc here";
+  std::filesystem::create_symlink(folder / "gone/a.txt", folder / "link.txt");
+  const std::pair<std::string, const char*> cases[] = {
+      {"/proc/talpena.txt", "Error 75\nThis file or folder cannot be used here"},
+      {folder / "gone/a.txt", "Error 76\nThe folder cannot be found"},
+      {folder / "link.txt", "Error 76\nThe folder cannot be found"}};
+  for (const auto& [asked, words] : cases) {
+    dialogues.paths = {asked};
+    dialogues.boxes.clear();
+    MnuExpAsciiMode(context, *this, Commas);
+    ASSERT_EQ(Boites().size(), 1U);
+    EXPECT_TRUE(Boites()[0].starts_with(words)) << Boites()[0];
+  }
+}
+
 /// Files one of which is write-protected.
 class ProtectedFiles final : public FakeFiles {
  public:

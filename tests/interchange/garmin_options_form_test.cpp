@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "common/error_words.h"
+#include "common/numbers.h"
 #include "common/talpena_error.h"
 
 namespace talpena {
@@ -88,6 +90,28 @@ TEST(GarminOptionsForm, PlacesThatNobodyAsksForMayHoldAnything) {
   form.altitude.begin = "somewhere";  // the altitude is the same for all
   GarminFocus focus{};
   EXPECT_EQ(LitOptionsGarmin(form, Exemple(), focus).AltitudeBegin, 4);
+}
+
+TEST(GarminOptionsForm, TakesPeriodsThatALineOfTheFileHasRoomFor) {
+  GarminFocus focus{};
+  GarminOptionsForm form = RempliOptionsGarmin({});
+  for (const char* digit : {"0", "9"}) {
+    form.period = digit;
+    EXPECT_EQ(Str(std::int64_t{LitOptionsGarmin(form, {}, focus).Period}), digit);
+  }
+  for (const char* period : {"10", "-1"}) {
+    form.period = period;
+    try {
+      LitOptionsGarmin(form, {}, focus);
+      ADD_FAILURE() << "it was taken";
+    } catch (const TalpenaError& e) {
+      EXPECT_EQ(DescriptionErreur(1000, e),
+                std::string("The period “") + period +
+                    "” has no room in a line of the file, which takes one digit; write a number "
+                    "from 0 to 9.");
+      EXPECT_EQ(focus, GarminFocus::Period);
+    }
+  }
 }
 
 }  // namespace

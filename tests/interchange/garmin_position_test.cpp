@@ -6,6 +6,7 @@
 #include <random>
 #include <string>
 
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "coords/original.h"
@@ -116,6 +117,44 @@ TEST(OriginalDePosition, NamesThePointThatWasMeant) {
     const double tolerance = grid == GarminGrid::Seconds ? 0.101 / 3600 : 1.5e-5;
     EXPECT_NEAR(readLatitude, phi, tolerance);
     EXPECT_NEAR(readLongitude, lambda, tolerance);
+  }
+}
+
+struct OddPositionCase {
+  const char* name;
+  int grid;
+  const char* position;
+  int doubt;
+};
+using namespace GarminGrid;
+
+const OddPositionCase oddPositions[] = {
+    {"degrees", Degrees, "N50.5 W4.25", 0},
+    {"degrees in small letters", Degrees, "n50.5 w4.25", 0},
+    {"degrees with decimal commas", Degrees, "N50,5 W4,25", 0},
+    {"degrees without letters", Degrees, "50.5 4.25", MsgId::DouteHemisphere},
+    {"degrees with another east", Degrees, "N50.5 O4.25", MsgId::DouteHemisphere},
+    {"degrees of words", Degrees, "Near Ely", MsgId::DoutePosition},
+    {"minutes read as degrees", Degrees, "N50 30.5 W4 15.2", MsgId::DouteHemisphere},
+    {"minutes", Minutes, "N50 59.999 E4 15.2", 0},
+    {"60 minutes, which are rounded", Minutes, "N50 60.000 E4 60", 0},
+    {"75 minutes of longitude", Minutes, "N50 30.5 E4 75", MsgId::DouteMinutes},
+    {"minutes that are no number", Minutes, "N50 x E4 15", MsgId::DoutePosition},
+    {"degrees that are no number", Minutes, "N50 30 Ex 15", MsgId::DoutePosition},
+    {"seconds", Seconds, "N50 30 59.9 E4 15 3", 0},
+    {"60 seconds, which are rounded", Seconds, "N50 30 60.0 E4 15 3", 0},
+    {"61 seconds", Seconds, "N50 30 61.0 E4 15 3", MsgId::DouteMinutes},
+    {"61 minutes and seconds", Seconds, "N50 30 0 E4 61 3", MsgId::DouteMinutes},
+    {"too few parts, which fail", Minutes, "N50 E4", 0},
+    {"MGRS", Mgrs, "31UES1234512345", 0},
+    {"UTM", Utm, "31 U 1 2", 0},
+    {"no grid", -1, "50.5 4.25", 0},
+};
+
+TEST(GarminPosition, TellsWhatIsOddAboutDegrees) {
+  for (const OddPositionCase& c : oddPositions) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(DouteDePosition(c.grid, c.position), c.doubt);
   }
 }
 

@@ -32,5 +32,15 @@ TEST(GDate, KnowsTwelveMonths) {
   EXPECT_EQ(MoisGarmin(""), 0);
 }
 
+TEST(GDate, TellsDatesOfItsFormFromOthers) {
+  for (const char* text : {"17-APR-02", "01-JAN-99", "31-DEC-00 23:59", "17/APR/02"}) {
+    EXPECT_TRUE(CommenceParDateGarmin(text)) << text;
+  }
+  for (const char* text : {"", "no date", "2002-04-17", "17.04.2002", "17-AVR-02", "17-apr-02",
+                           "17-APR-2002", "17-APR-0", "00-APR-02", "32-APR-02", "7-APR-02"}) {
+    EXPECT_FALSE(CommenceParDateGarmin(text)) << text;
+  }
+}
+
 }  // namespace
 }  // namespace talpena

@@ -71,6 +71,22 @@ TEST_F(GpsFiles, AWaypointFileGivesThePointsOfItsMapSourceText) {
   ExpectNear(Points(text), Points(wpt), 4);
 }
 
+TEST_F(GpsFiles, NothingIsOddAboutThem) {
+  WaypointWorld world;
+  for (const std::string name :
+       {"expertgps_gpsbabel.wpt", "derived/expertgps_line9_crlf.wpt", "bngtest_bng.txt",
+        "bngtest_dms.txt", "expertgps_deg.txt", "garmin_txt.txt", "gridutm_dmm.txt"}) {
+    if (name.ends_with(".wpt")) {
+      world.ImporteWpt(Bytes(name));
+    } else {
+      world.ImporteMapSource(Bytes(name));
+    }
+    const std::string notice = world.state.document.Montre().avis;
+    EXPECT_EQ(notice.find("look at"), std::string::npos) << name << ": " << notice;
+    EXPECT_EQ(notice.find("datum line"), std::string::npos) << name << ": " << notice;
+  }
+}
+
 TEST_F(GpsFiles, AWaypointFileWithItsEmptyFirstLineGivesTheSame) {
   EXPECT_EQ(Wpt("derived/expertgps_line9_crlf.wpt"), Wpt("expertgps_gpsbabel.wpt"));
 }
@@ -141,7 +157,14 @@ TEST_F(GpsFiles, WaypointsAreTakenOutOfATextWithRoutesAndTracks) {
   EXPECT_EQ(MapSource("garmincategories.txt").size(), 2U);
 }
 
-TEST_F(GpsFiles, ATrackIsReadAsWaypointsByItsColumns) { EXPECT_EQ(Wpt("pcx.trk").size(), 66U); }
+TEST_F(GpsFiles, ATrackIsReadAsWaypointsByItsColumnsAndItsLinesAreTold) {
+  WaypointWorld world;
+  world.ImporteWpt(Bytes("pcx.trk"));
+  EXPECT_EQ(world.Lignes().size(), 66U);
+  EXPECT_EQ(world.Boites(),
+            Lines{"Rows to look at: 66; the first, line 11 of the file: no position "
+                  "where one should stand."});
+}
 
 TEST_F(GpsFiles, AnotherDialectIsRefused) {
   WaypointWorld world;

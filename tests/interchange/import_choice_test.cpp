@@ -3,18 +3,23 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <functional>
 #include <random>
 
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "interchange/rehearsal.h"
 #include "interchange/rehearsal_words.h"
+#include "interchange/text_import.h"
 #include "store/coords_world.h"
+#include "store/edition.h"
 
 namespace talpena::test {
 namespace {
 
 constexpr std::int16_t english = 1000;
 constexpr const char* path = "/data/list.txt";
+const std::string twoRows = "1,50.5,4.5,1,2,,\n1,50.6,4.6,1,2,,\n";
 
 class ImportChoiceTest : public ::testing::Test, protected CoordsWorld {
  protected:
@@ -30,6 +35,8 @@ class ImportChoiceTest : public ::testing::Test, protected CoordsWorld {
     interchange.TypeImportation = static_cast<std::int16_t>(system);
     return Choix();
   }
+  /// What Ok does with the list in hand.
+  void Importe() { ImportCoord({Contexte(), interchange, vue}, interchange.TypeImportation); }
   std::unique_ptr<Rehearsal> Repete(const ImportChoice& choice) {
     auto r = std::make_unique<Rehearsal>(state, state.document.Entete().DatumFichier,
                                          state.document.Base(), *choice.Plan());
@@ -138,6 +145,47 @@ TEST_F(ImportChoiceTest, AsksForTextFilesInFrenchAndOffersTheFileOfBefore) {
   EXPECT_EQ(choice.Fichier(), path);
 }
 
+TEST_F(ImportChoiceTest, LooksForTheFirstListBesideTheOpenDistribution) {
+  state.document.Fichier.NomFichier = "/moles/belgium.deg";
+  ImportChoice choice = Choix();
+  dialogues.paths = {""};
+  choice.Parcourt();
+  EXPECT_EQ(dialogues.fileDialogs[0].folder, "/moles/");
+}
+
+TEST_F(ImportChoiceTest, SaysThatAListHoldsNoRecord) {
+  for (const char* bytes : {"*only a remark\n", "\n  \n*x\n\n", ""}) {
+    const auto r = Repete(ChoixDe(bytes));
+    EXPECT_EQ(r->SansFiche(), MsgId::RepetitionSansFiche) << bytes;
+  }
+  EXPECT_EQ(Repete(ChoixDe(twoRows))->SansFiche(), 0);
+  EXPECT_EQ(Repete(ChoixDe("1,31u,1,1,d,c\n", CoordSystem::Mgr))->SansFiche(), 0) << "left out";
+  EXPECT_EQ(Repete(ChoixDe("x\n"))->SansFiche(), 0);
+}
+
+// As many as the import then leaves, whose points are not computed.
+TEST_F(ImportChoiceTest, CountsTheRowsBeforeAnEndOnTheWayAsTheImportDoes) {
+  const std::pair<const char*, std::int64_t> lists[] = {
+      {"1,31ufs1234,1,1,d,c\n1,31u,1,1,d,c\n1,9UXA12,1,1,d,c\nx\n", 2},
+      {"1,31u,1,1,d,c\nx\n", 0},
+      {"1,31ufs1234,1,1,late in July,c\n", 0},
+      {"x\n", 0}};
+  for (const auto& [bytes, before] : lists) {
+    const auto r = Repete(ChoixDe(bytes, CoordSystem::Mgr));
+    ASSERT_TRUE(r->Arret());
+    const std::string words = ArretEnMots(english, *r->Arret(), r->Comptes().enter);
+    const std::string number = std::to_string(before);
+    EXPECT_TRUE(words.starts_with(before == 0 ? "No row would enter, since the import would end"
+                                              : "The import would end on the way, and the rows "
+                                                "before (" +
+                                                    number + ") would stay without coordinates: "))
+        << words;
+    dialogues.boxes.clear();
+    Importe();
+    EXPECT_TRUE(Boites().at(0).ends_with("Rows added before it: " + number + "."));
+  }
+}
+
 TEST_F(ImportChoiceTest, AnEmptyFileIsToldAndStaysChosen) {
   ImportChoice choice = ChoixDe("before\n");
   files.Pose("/data/empty.txt", "");
@@ -165,6 +213,74 @@ TEST_F(ImportChoiceTest, NoticesThatTheFileChanges) {
   EXPECT_TRUE(choice.FichierAChange());
   EXPECT_EQ(choice.Apercu(), "");
   EXPECT_FALSE(choice.FichierAChange());
+}
+
+// ---- lists that have come in already
+
+TEST_F(ImportChoiceTest, SaysThatTheListHasComeInAlready) {
+  ImportChoice choice = ChoixDe(twoRows);
+  EXPECT_FALSE(choice.DejaImportee());
+  Importe();
+  const ImportChoice again = Choix();
+  EXPECT_TRUE(again.DejaImportee());
+  EXPECT_EQ(again.Notes()[0],
+            "This list has been imported into the open file already; Ok would add its rows once "
+            "more.");
+}
+
+TEST_F(ImportChoiceTest, AListThatWasMendedIsAnotherOne) {
+  ChoixDe(twoRows);
+  Importe();
+  EXPECT_FALSE(ChoixDe(twoRows + "1,50.7,4.7,1,0,,\n").DejaImportee());
+}
+
+TEST_F(ImportChoiceTest, AListWhoseRowsWereDeletedMayComeInAgain) {
+  ChoixDe(twoRows);
+  Importe();
+  Edition edition(state.document, "Delete");
+  edition.SupprimeLignes(vue.selection);
+  edition.Valide();
+  EXPECT_FALSE(Choix().DejaImportee());
+}
+
+TEST_F(ImportChoiceTest, AnotherDistributionHasNotGotTheList) {
+  ChoixDe(twoRows);
+  Importe();
+  Edition edition(state.document, "New");
+  edition.VideTable();
+  edition.Valide();
+  Montre(std::vector<Row>(5, Row{"WGS84", "", "10", "20"}));
+  EXPECT_FALSE(Choix().DejaImportee());
+}
+
+TEST_F(ImportChoiceTest, AListThatEndedOnTheWayHasNotComeIn) {
+  ChoixDe("1,50.5,4.5,1,2,,\nx\n");
+  Importe();
+  EXPECT_EQ(Boites().size(), 1U);
+  EXPECT_FALSE(Choix().DejaImportee());
+}
+
+// ---- what an import says in the status bar
+
+TEST_F(ImportChoiceTest, TheNoticeOfAnImportGoesWithTheNextEditOfARow) {
+  const std::function<void(Edition&)> edits[] = {
+      [this](Edition& e) { e.SupprimeLignes(vue.selection); },
+      [](Edition& e) { e.AjouteLigne({}); },
+      [this](Edition& e) {
+        const auto rows = state.document.Data1.Clone();
+        rows->MoveFirst();
+        e.ModifieLigne(*rows,
+                       [](Recordset& row) { row.Set(Column::N1, Cell::Of(std::int64_t{5})); });
+      }};
+  for (const auto& edit : edits) {
+    ChoixDe(twoRows);
+    Importe();
+    ASSERT_TRUE(state.document.Montre().avis.starts_with("Import: 2 rows added"));
+    Edition edition(state.document, "Edit");
+    edit(edition);
+    edition.Valide();
+    EXPECT_EQ(state.document.Montre().avis, "");
+  }
 }
 
 TEST_F(ImportChoiceTest, NamesTheDatumThatTheRowsWillGet) {

@@ -43,6 +43,13 @@ inline std::vector<std::string> Fiches(ImportReader& reader) {
   return all;
 }
 
+/// What is odd about the records, 0 for nothing.
+inline std::vector<int> Doutes(ImportReader& reader) {
+  std::vector<int> all;
+  for (ImportRecord record; reader.Suivant(record);) all.push_back(record.doubt);
+  return all;
+}
+
 /// A header whose free fields have these codes.
 inline DistributionHeader EnteteAvec(const std::vector<std::string>& codes,
                                      std::string separator = "/") {

@@ -121,7 +121,7 @@ TEST(WaypointSamples, OfWptFilesComeInWithAllTheirRows) {
   test::ImportedWorld world;
   world.files.Pose("/data/garmin.wpt", Exemple("garmin.wpt"));
   world.dialogues.paths.emplace_back("/data/garmin.wpt");
-  ImportGarmin(world.context);
+  ImportGarmin(world.Contexte());
   ASSERT_TRUE(world.dialogues.boxes.empty()) << world.dialogues.boxes[0].text;
   const auto rows = world.Rows();
   ExpectSixPoints(rows);

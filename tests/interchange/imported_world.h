@@ -27,10 +27,12 @@ struct ImportedWorld : CoordsWorld {
     Montre({});
   }
 
+  ImportContext Contexte() { return {{context}, interchange, dialogs}; }
+
   void Importe(CoordSystem system, const std::string& bytes) {
     interchange.FichierImportation = "/data/list.txt";
     files.Pose(interchange.FichierImportation, bytes);
-    ImportCoord({{context}, interchange, dialogs}, static_cast<std::int16_t>(system));
+    ImportCoord(Contexte(), static_cast<std::int16_t>(system));
   }
 
   /// A row of the table. Null is "" or 999.

@@ -214,5 +214,37 @@ TEST_F(MapSourceReaderTest, TellsIrishReferencesWithOneLetter) {
   EXPECT_EQ(AvisMapSource(1000, text, GarminGrid::Irish, options), Lines{});
 }
 
+TEST_F(MapSourceReaderTest, DoubtsDatesThatAreNotOfTheirForm) {
+  options.DateImport = 2;
+  options.DateField = "Date";
+  const auto doutes = [&](const std::string& date) {
+    text = PointsDe("Waypoint\tA\tAlpha\tUser\tN1 E2\t123 M\t" + date + "\tx\n");
+    choice.items = TousLesPoints(text);
+    MapSourceReader reader(text, choice, options, entete);
+    return test::Doutes(reader);
+  };
+  EXPECT_EQ(doutes("17-APR-02"), std::vector{0});
+  EXPECT_EQ(doutes("17-APR-02 12:15"), std::vector{0});
+  for (const char* date : {"2002-04-17", "", "17-AVR-02", "17-APR-2002"}) {
+    EXPECT_EQ(doutes(date), std::vector<int>{MsgId::DouteDate}) << date;
+  }
+  options.DateLength = 8;
+  EXPECT_EQ(doutes("17-APR-02"), std::vector<int>{MsgId::DouteDate}) << "its year is cut";
+  options.DateImport = 0;
+  EXPECT_EQ(doutes("2002-04-17"), std::vector{0}) << "no date is asked for";
+}
+
+TEST_F(MapSourceReaderTest, CountsDoubtsOfWaypointsThatEnter) {
+  text = PointsDe(alpha + "Waypoint\tB\t\t\t1 2\nWaypoint\tC\t\t\t\nWaypoint\tD\t\t\t3 4\n");
+  choice.items = TousLesPoints(text);
+  MapSourceReader reader(text, choice, options, entete);
+  EXPECT_EQ(reader.Doutes().EnMots(1000), "");
+  EXPECT_EQ(test::Doutes(reader),
+            (std::vector<int>{0, MsgId::DouteHemisphere, 0, MsgId::DouteHemisphere}));
+  EXPECT_EQ(reader.Doutes().EnMots(1000),
+            "Rows to look at: 2; the first, line 7 of the file: its position has no N or S, or no "
+            "E or W.");
+}
+
 }  // namespace
 }  // namespace talpena

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "common/msg_id_import.h"
 #include "common/numbers.h"
 #include "coords/datum.h"
 #include "interchange/listed_records.h"
@@ -144,7 +145,37 @@ TEST_F(RehearsalTest, MarksNumbersThatALineOfTheFileHasNoRoomFor) {
   EXPECT_EQ(doubts, (std::vector{0, 475, 475, 475, 475, 476}));
   EXPECT_EQ(r.Lignes().ProchainProbleme(0), 1);
   EXPECT_TRUE(CellulesRepetition(1000, r.Lignes().Ligne(1))[1].starts_with("no room for its"));
-  EXPECT_TRUE(ComptesEnMots(1000, r).ends_with("Rows whose numbers or quotes want a look: 5."));
+  EXPECT_TRUE(ComptesEnMots(1000, r).ends_with("Rows that want a look: 5."));
+}
+
+// They come in, and a colleague's editor would show them as nothing.
+TEST_F(RehearsalTest, MarksNulCharacters) {
+  const std::string nul("a\0b", 3);
+  Records records(4, Fiche("deg +50.00000 +004.00000"));
+  records[1].row.comment = nul;
+  records[2].row.date = nul;
+  records[3].row.original = std::string("deg 50 4\0", 9);
+  const Rehearsal& r = Repete(PlanDe(records));
+  EXPECT_EQ(r.Comptes().doubtful, 3);
+  EXPECT_EQ(r.Lignes().Ligne(0).doubt, 0);
+  EXPECT_EQ(r.Lignes().Ligne(1).doubt, MsgId::SortNul);
+  EXPECT_EQ(r.Lignes().Ligne(2).doubt, MsgId::SortNul);
+}
+
+TEST_F(RehearsalTest, MarksWhatTheReaderFindsOdd) {
+  ImportRecord record = Fiche("itm O1 53346", "IRL  ");
+  record.doubt = MsgId::IrlandaisUneLettre;
+  const Rehearsal& r = Repete(PlanDe({record}));
+  EXPECT_EQ(r.Comptes().doubtful, 1);
+  EXPECT_EQ(r.Lignes().Ligne(0).doubt, MsgId::IrlandaisUneLettre);
+}
+
+TEST_F(RehearsalTest, ShowsTheNumbersOfIndividuals) {
+  ImportRecord record = Fiche("deg +50.00000 +004.00000");
+  record.row.n1 = 100000;
+  const Rehearsal& r = Repete(PlanDe({record}));
+  EXPECT_EQ(r.Lignes().Ligne(0).n1, 100000);
+  EXPECT_FALSE(r.Lignes().Ligne(0).n2);
 }
 
 TEST_F(RehearsalTest, SaysFirstWhyARowHasNoPoint) {

@@ -17,6 +17,7 @@ RehearsedRow Row(Fate fate, ReadPoint point = {}) {
   row.fate = fate;
   row.line = 1234;
   row.period = -2;
+  row.n1 = 12;
   row.original = "bng SK 1234";
   row.date = "1998/07/14";
   row.comment = "two\nlines\tand a tab";
@@ -29,9 +30,10 @@ TEST(RehearsalWords, ARowThatEntersShowsAllOfItsColumns) {
   const RehearsalCells cells =
       CellulesRepetition(1000, Row(Fate::Entre, {ReadPoint::Outcome::Point, 52.5, -1.00001, {}}));
   EXPECT_EQ(cells, (RehearsalCells{"1234", "enters", "-2", "bng SK 1234", "52.50000", "-1.00001",
-                                   "1998/07/14", "two\nlines\tand a tab"}));
-  EXPECT_EQ(EnLigne(cells),
-            "1234\tenters\t-2\tbng SK 1234\t52.50000\t-1.00001\t1998/07/14\ttwo lines and a tab");
+                                   "12", "", "1998/07/14", "two\nlines\tand a tab"}));
+  EXPECT_EQ(
+      EnLigne(cells),
+      "1234\tenters\t-2\tbng SK 1234\t52.50000\t-1.00001\t12\t\t1998/07/14\ttwo lines and a tab");
 }
 
 TEST(RehearsalWords, ARowWithoutAPointTellsWhy) {
@@ -69,10 +71,16 @@ TEST(RehearsalWords, HaveNoPlaceLeftUnfilledInAnyLanguage) {
   for (const std::int16_t langue : std::array<std::int16_t, 5>{0, 1000, 3000, 4000, 5000}) {
     for (const std::string& text :
          {ConseilEnMots(langue, {CoordSystem::Lfe, 3, 4, false}),
-          ConseilEnMots(langue, {CoordSystem::Lfe, 3, 4, true}), ArretEnMots(langue, failure)}) {
+          ConseilEnMots(langue, {CoordSystem::Lfe, 3, 4, true}), ArretEnMots(langue, failure, 0),
+          ArretEnMots(langue, failure, 7)}) {
       EXPECT_EQ(text.find('%'), std::string::npos) << text;
     }
-    for (const std::string& title : TitresRepetition(langue)) EXPECT_FALSE(title.empty());
+    SettingsState state;
+    state.Langue = langue;
+    state.LabelNumeric1 = "Males";
+    state.LabelNumeric2 = "Females";
+    for (const std::string& title : TitresRepetition(state)) EXPECT_FALSE(title.empty());
+    EXPECT_EQ(TitresRepetition(state)[RehearsalColumn::Number1], "Males");
   }
 }
 

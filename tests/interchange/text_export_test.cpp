@@ -3,6 +3,7 @@
 
 #include "common/text.h"
 #include "interchange/export_fixture.h"
+#include "store/edition.h"
 
 namespace talpena::test {
 namespace {
@@ -66,6 +67,7 @@ TEST_F(TextExportTest, AsksWithYesNoAndCancelAndNoIsTheDefault) {
   ASSERT_EQ(dialogues.boxes.size(), 1U);
   const MessageBox& box = dialogues.boxes[0];
   EXPECT_EQ(box.text, "File already exists! Replace?");
+  EXPECT_EQ(box.detail, path);
   EXPECT_EQ(box.buttons, Buttons::YesNoCancel);  // closed by Escape it counts as Cancel
   EXPECT_EQ(box.defaultButton, Answer::No);
   EXPECT_EQ(box.icon, Icon::Exclamation);
@@ -91,6 +93,16 @@ TEST_F(TextExportTest, AsksForTheFileByItsFilterWithoutAName) {
   EXPECT_EQ(dialog.name, "");
   EXPECT_EQ(dialog.folder, folder / "");
   EXPECT_FALSE(dialog.confirmReplace);
+}
+
+TEST_F(TextExportTest, LooksForTheNextFileWhereTheLastOneWasWritten) {
+  state.document.Fichier.NomFichier = "/elsewhere/moles.deg";
+  Exporte();
+  std::filesystem::remove(path);
+  Exporte();
+  ASSERT_EQ(dialogues.fileDialogs.size(), 2U);
+  EXPECT_EQ(dialogues.fileDialogs[0].folder, "/elsewhere/");
+  EXPECT_EQ(dialogues.fileDialogs[1].folder, folder / "");
 }
 
 TEST_F(TextExportTest, AsksForNoFileBehindTheOptionsLeftByCancel) {
@@ -175,11 +187,13 @@ TEST_F(FilteredExport, TheNoticeGoesWithTheFilter) {
   EXPECT_EQ(Avis(), "");
 }
 
-TEST_F(FilteredExport, AnExportOfAllRowsSaysNothing) {
-  Exporte();
+TEST_F(FilteredExport, AnExportOfAllRowsSaysSoUntilTheNextEdit) {
   state.document.MontreLignes(RowsShown::Toutes());
-  std::filesystem::remove(path);
   Exporte();
+  EXPECT_EQ(Avis(), "3,245 rows written");
+  Edition edition(state.document, "Edit");
+  edition.AjouteLigne({});
+  edition.Valide();
   EXPECT_EQ(Avis(), "");
 }
 

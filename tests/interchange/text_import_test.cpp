@@ -206,7 +206,7 @@ struct FailureCase {
 const FailureCase failureCases[] = {
     {"no number", "1,abc,4,0,0,d,c", 0, "Line 1 of the file: Field 2 holds “abc”, which is no number."},
     {"nothing", "1,,4,0,0,d,c", 0, "Line 1 of the file: Field 2 is empty; it has to hold a number."},
-    {"cut", "1,50,4,0", 0, "Line 1 of the file: The file ends within a record: field 5 is missing."},
+    {"cut", "1,50,4,0", 0, "Line 1 of the file: The file ends within a record: field 5 is missing.\nEvery line needs exactly the fields of the expected structure: decimals with a point (50.5), texts that hold commas in double quotes, and a comma for each empty field."},
     {"open quote", "1,50,4,0,0,d,\"c", 0, "Line 1 of the file: The double quote that opens field 7 is not closed before the file ends; close it or take it away."},
     {"long date", "\r\n1,50,4,0,0,12 May 1990 at night,c", 0, "Line 2 of the file: The date “12 May 1990 at night” is longer than its column; write it as 1998/07/14."},
     {"long reference", "1,0123456789012345678901234,0,0,d,c", 8, "Line 1 of the file: The original coordinates would be “ifb 0123456789012345678901234”, longer than their column; look for decimal commas or a missing field."},

@@ -50,6 +50,55 @@ TEST(ImportGarmin, RemarksTheCenturyWhereThereAreDates) {
             "as 19xx: check the century.");
 }
 
+TEST(ImportGarmin, TellsLinesWithoutAPositionAndADatumLineWithoutNumbers) {
+  WaypointWorld world;
+  world.ImporteWpt(FichierWpt({LigneWpt("A", "a"), "H  a remark", "T  another"}, "M  G"));
+  EXPECT_EQ(world.Points()[1], "0 0") << "they enter all the same";
+  EXPECT_EQ(world.dialogues.boxes.at(0).icon, Icon::Information);
+  EXPECT_EQ(world.Boites(),
+            Lines{"Rows to look at: 2; the first, line 13 of the file: no position where one "
+                  "should stand.\nThe datum line of the file lacks numbers: check where the points "
+                  "lie."});
+  EXPECT_EQ(world.state.document.Montre().avis,
+            "Import: 3 rows added, 0 dropped, 0 without a point. Rows to look at: 2; the first, "
+            "line 13 of the file: no position where one should stand. The datum line of the file "
+            "lacks numbers: check where the points lie.");
+}
+
+struct FolderCase {
+  const char* name;
+  const char* last;
+  const char* open;
+  const char* folder;
+};
+
+const FolderCase folders[] = {
+    {"where the last one was", "/gps/", "/data/moles.deg", "/gps/"},
+    {"beside the open distribution", "", "/data/moles.deg", "/data/"},
+    {"wherever a dialog starts", "", "", ""},
+};
+
+TEST(ImportGarmin, LooksForItsFileWhereTheUserHasFiles) {
+  for (const FolderCase& c : folders) {
+    SCOPED_TRACE(c.name);
+    WaypointWorld world;
+    world.interchange.DossierPoints = c.last;
+    world.state.document.Fichier.NomFichier = c.open;
+    for (int i = 0; i < 2; ++i) world.dialogues.paths.emplace_back("");
+    ImportGarmin(world.Contexte());
+    ImportMapSource(world.Contexte(), 0);
+    ASSERT_EQ(world.dialogues.fileDialogs.size(), 2U);
+    for (const FileDialog& asked : world.dialogues.fileDialogs) EXPECT_EQ(asked.folder, c.folder);
+    EXPECT_EQ(world.interchange.DossierPoints, c.last) << "nothing was chosen";
+  }
+}
+
+TEST(ImportGarmin, RemembersTheFolderOfItsFile) {
+  WaypointWorld world;
+  world.ImporteWpt(FichierWpt({}));
+  EXPECT_EQ(world.interchange.DossierPoints, "/gps/");
+}
+
 TEST(ImportGarmin, AsksForAFileWithItsFilter) {
   WaypointWorld world;
   world.ImporteWpt(FichierWpt({}));
@@ -62,7 +111,7 @@ TEST(ImportGarmin, AsksForAFileWithItsFilter) {
 TEST(ImportGarmin, EndsInSilenceOnCancel) {
   WaypointWorld world;
   world.dialogues.paths.emplace_back("");
-  ImportGarmin(world.context);
+  ImportGarmin(world.Contexte());
   EXPECT_EQ(world.Boites(), Vide());
   EXPECT_FALSE(world.state.document.FichierModifie());
 }
@@ -91,7 +140,7 @@ TEST(ImportGarmin, RefusesAnotherFormBeforeAnyRow) {
 TEST(ImportGarmin, ShowsWhatKeepsAFileFromBeingRead) {
   WaypointWorld world;
   world.dialogues.paths.emplace_back("/gps/none.wpt");
-  ImportGarmin(world.context);
+  ImportGarmin(world.Contexte());
   ASSERT_EQ(world.dialogues.boxes.size(), 1U);
   EXPECT_EQ(world.dialogues.boxes[0].text.substr(0, 8), "Error 53");
   world.dialogues.boxes.clear();
@@ -214,6 +263,22 @@ TEST(ImportMapSource, KeepsTheRowsBeforeAPositionWithTooFewParts) {
             "Rows added before it: 1."});
   EXPECT_EQ(world.Lignes(), Lines{"1|-|-|-|-|-|WGS84|deg 50.5 4.25|-|A - Alpha"});
   EXPECT_FALSE(world.state.document.FichierModifie());
+}
+
+TEST(ImportMapSource, AnswersHowManyCameInAndWhetherAllDid) {
+  WaypointWorld world;
+  const auto importe = [&world](const std::string& waypoints) {
+    MapSourceText text;
+    world.files.Pose("w", head + waypoints);
+    RempliLV(world.files, "w", text);
+    return ImportMapSource(world.context, text,
+                           {.grid = 0, .datum = "WGS84", .items = TousLesPoints(text)}, {});
+  };
+  EXPECT_TRUE(importe(alpha + beta).finished);
+  const MapSourceOutcome outcome = importe(alpha + "Waypoint\tX\n" + beta + cut + alpha);
+  EXPECT_FALSE(outcome.finished);
+  EXPECT_EQ(outcome.added, 2);
+  EXPECT_EQ(world.Boites().size(), 1U);
 }
 
 TEST(ImportMapSource, TellsADatumThatTheCatalogueLacksOnce) {

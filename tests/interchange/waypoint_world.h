@@ -24,7 +24,7 @@ struct WaypointWorld : CoordsWorld {
   void ImporteWpt(const std::string& bytes) {
     files.Pose("/gps/points.wpt", bytes);
     dialogues.paths.emplace_back("/gps/points.wpt");
-    ImportGarmin(context);
+    ImportGarmin(Contexte());
   }
 
   /// Every waypoint of a text, on the grid and the datum that it names.

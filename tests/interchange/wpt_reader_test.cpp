@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/error_words.h"
+#include "common/msg_id_import.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/datum.h"
@@ -244,7 +245,19 @@ TEST(WptReader, FailsForFilesThatEndInTheirFirstLines) {
       ADD_FAILURE() << "read: " << cut;
     } catch (const TalpenaError& e) {
       EXPECT_EQ(e.number(), ErrorNumber::InputPastEnd);
+      EXPECT_EQ(DescriptionErreur(1000, e).find("distribution"), std::string::npos);
     }
+  }
+}
+
+TEST(WptReader, TellsThatAWaypointFileEndsTooEarly) {
+  try {
+    Accepte("\r\nH  SOFTWARE\r\n");
+    ADD_FAILURE() << "read";
+  } catch (const TalpenaError& e) {
+    EXPECT_EQ(DescriptionErreur(1000, e),
+              "The waypoint file ends too early, behind line 2, before its first waypoint; look "
+              "whether it is whole, or write it again from the receiver.");
   }
 }
 
@@ -278,6 +291,56 @@ TEST(WptReader, NamesTheLineOfAPositionThatCannotBeComputed) {
                 "correct it in the file.");
     }
   }
+}
+
+struct OddLineCase {
+  const char* name;
+  std::string line;
+  int doubt;
+};
+
+// clang-format off
+const OddLineCase oddLines[] = {
+    {"a waypoint", LigneWpt("A", "b"), 0},
+    {"more decimals of a minute", EnColonnes({{11, "N4226.33268"}, {23, "W07107.15662"}}), 0},
+    {"whole minutes", EnColonnes({{11, "N5030"}, {23, "E00215"}}), 0},
+    {"a remark", "H  written by hand in the field, not by the receiver", MsgId::DoutePosition},
+    {"nothing but a word", "END", MsgId::DoutePosition},
+    {"no longitude", EnColonnes({{11, "N5030"}}), MsgId::DoutePosition},
+    {"a column too far", EnColonnes({{12, "N5030.500"}, {24, "W00215.250"}}), MsgId::DoutePosition},
+    {"degrees apart from the minutes", EnColonnes({{11, "N50 30.500"}, {23, "W002 15.250"}}), MsgId::DoutePosition},
+    {"a small letter", EnColonnes({{11, "s5030.500"}, {23, "E00215.250"}}), MsgId::DouteHemisphere},
+    {"no letter", EnColonnes({{12, "5030.500"}, {23, "E00215.250"}}), MsgId::DouteHemisphere},
+    {"60 minutes, which are rounded", EnColonnes({{11, "N5060.000"}, {23, "E00260.000"}}), 0},
+    {"60.5 minutes of latitude", EnColonnes({{11, "N5060.500"}, {23, "E00215.250"}}), MsgId::DouteMinutes},
+    {"99 minutes of longitude", EnColonnes({{11, "N5030.500"}, {23, "E00299.250"}}), MsgId::DouteMinutes},
+    {"an unknown month", LigneWpt("A", "17-AVR-02 10:15:00"), MsgId::DouteMois},
+};
+// clang-format on
+
+TEST(WptReader, DoubtsLinesThatAreNoWaypoints) {
+  const DistributionHeader entete;
+  for (const OddLineCase& c : oddLines) {
+    SCOPED_TRACE(c.name);
+    const std::string file = FichierWpt({c.line});
+    WptReader reader(test::EnMemoire(file), Etat("WGS84"), entete);
+    ASSERT_TRUE(reader.LitEnTete());
+    EXPECT_EQ(test::Doutes(reader), std::vector{c.doubt});
+  }
+}
+
+TEST(WptReader, TellsADatumLineThatLacksNumbers) {
+  const DistributionHeader entete;
+  const auto has = [&](const std::string& datum) {
+    const std::string file = FichierWpt({}, datum);
+    WptReader reader(test::EnMemoire(file), Etat("WGS84"), entete);
+    EXPECT_TRUE(reader.LitEnTete());
+    return reader.ADatum();
+  };
+  EXPECT_TRUE(has(wptWgs84));
+  EXPECT_FALSE(has(""));
+  EXPECT_FALSE(has("M  G EUROPEAN 1950"));
+  EXPECT_FALSE(has(EnColonnes({{1, "M"}, {59, "100"}}))) << "four are missing";
 }
 
 }  // namespace

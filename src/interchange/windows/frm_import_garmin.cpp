@@ -16,9 +16,11 @@
 #include <memory>
 #include <vector>
 
+#include "common/grouped_number.h"
 #include "common/msg_id.h"
 #include "common/msg_id_import.h"
 #include "common/string_table.h"
+#include "common/text.h"
 #include "coords/windows/frm_datum.h"
 #include "interchange/import_notes.h"
 #include "interchange/waypoint_commands.h"
@@ -42,6 +44,7 @@ constexpr int narrowest = 8, widest = 4000;
 
 constexpr float widthOfNoChoice = 1000;  ///< twips, of the settings without a width
 
+constexpr int charactersShown = 32;  ///< of a column that nobody gave a width
 constexpr int pointsShown = 6;
 constexpr int headerLines = 5;  ///< the path and what the file says above its waypoints
 
@@ -159,7 +162,8 @@ void frmImportGarmin::Repete() {
   repetition_->Repete(std::move(plan));
 }
 
-/// The widths of the settings; a column that has none there has room for its heading.
+/// The widths of the settings; a column that has none there has room for its heading and for what
+/// stands in its first lines, as long as that is not very long.
 void frmImportGarmin::MontreLargeurs() {
   QHeaderView* header = LV->header();
   header->setMinimumSectionSize(narrowest);
@@ -167,8 +171,15 @@ void frmImportGarmin::MontreLargeurs() {
     const float stored = LargeurColonneGarmin(c_.io.settings, i + 1);
     const int width = std::clamp(EnPixels(stored), narrowest, widest);
     const bool chosen = stored != widthOfNoChoice;
-    header->resizeSection(i, chosen ? width : std::max(width, header->sectionSizeHint(i)));
+    header->resizeSection(i, chosen ? width : std::max(width, LargeurLisible(i)));
   }
+}
+
+int frmImportGarmin::LargeurLisible(int column) const {
+  const QAbstractItemView& list = *LV;
+  const int longest = fontMetrics().averageCharWidth() * charactersShown;
+  return std::max(LV->header()->sectionSizeHint(column),
+                  std::min(list.sizeHintForColumn(column), longest));
 }
 
 void frmImportGarmin::SauveLargeurs() {
@@ -207,6 +218,10 @@ void frmImportGarmin::MontreNotes() {
   if (!text_.captions.empty()) {
     std::ranges::move(AvisMapSource(c_.state.Langue, text_, cmbGrid->currentIndex(), aVenir_),
                       std::back_inserter(notes));
+  }
+  if (entres_ > 0) {
+    notes.insert(notes.begin(), Remplace(Texte(c_.state.Langue, MsgId::PointsEntres), "%1",
+                                         NombreGroupe(c_.state.Langue, entres_)));
   }
   repetition_->MontreNotes(notes);
 }
@@ -247,8 +262,20 @@ void frmImportGarmin::Importe() {
   if (cmbGrid->currentIndex() < 0) return OffreGrilles();
   if (lblDatum->text().isEmpty()) return cmdChangeDatum_Click();
   repetition_->Arrete();
-  ImportMapSource(c_, text_, Choix(), options_);
-  accept();
+  const MapSourceOutcome outcome = ImportMapSource(c_, text_, Choix(), options_);
+  if (outcome.finished) return accept();
+  ResteApresEchec(outcome.added);
+}
+
+/// On the waypoint at which it failed; another OK does not take those before it again.
+void frmImportGarmin::ResteApresEchec(std::int64_t added) {
+  entres_ += added;
+  LV->Points().DecochePremiers(added);
+  if (const int line = LV->Points().PremierCoche(); line >= 0) {
+    LV->setCurrentIndex(LV->Points().index(line, 0));
+  }
+  LV->setFocus();
+  Repete();
 }
 
 void frmImportGarmin::OffreGrilles() {

@@ -23,7 +23,8 @@ class WaypointView;
 
 /// Modal dialog over the waypoints of a MapSource text; its captions are English in every language.
 /// OK imports the checked ones; as long as no grid is chosen, or no datum is known, it asks for
-/// that instead.
+/// that instead. When the import fails on the way the dialog stays with its checks, but for those
+/// of the waypoints that have come in.
 class frmImportGarmin : public QDialog {
   Q_OBJECT
 
@@ -48,6 +49,7 @@ class frmImportGarmin : public QDialog {
   void Dispose();
   void Relie();
   void MontreLargeurs();
+  int LargeurLisible(int column) const;
   void SauveLargeurs();
   MapSourceChoice Choix() const;
   void MontreNotes();
@@ -57,11 +59,13 @@ class frmImportGarmin : public QDialog {
   void chkAll_Click();
   void cmdImportGarmin_Click(int index);
   void Importe();
+  void ResteApresEchec(std::int64_t added);
   void OffreGrilles();
   void ChangeOptions();
 
   CommandContext c_;
   const std::string fichier_;
+  std::int64_t entres_ = 0;  ///< waypoints of this list that came in before a failure
   const int type_;
   MapSourceText text_;
   objGraminImport options_;

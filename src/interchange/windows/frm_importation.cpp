@@ -26,7 +26,7 @@ namespace {
 constexpr std::size_t lblFile = 0, lblSystemCaption = 1, lblStructureCaption = 2, lblStructure = 3,
                       lblPreviewCaption = 4, lblPreview = 5, lblFileCaption = 6;
 constexpr int previewLines = 3, watchMs = 1000;
-constexpr int wantedCharacters = 190, wantedLines = 42;
+constexpr int wantedCharacters = 205, wantedLines = 42;
 
 }  // namespace
 
@@ -54,7 +54,13 @@ frmImportation::frmImportation(StoreState& state, InterchangeState& interchange,
   Repete();
   resize(TailleVisible({wantedCharacters * fontMetrics().averageCharWidth(),
                         wantedLines * fontMetrics().lineSpacing()}));
-  choice_.Fichier().empty() ? cmdImportation[0]->setFocus() : cboImportation->setFocus();
+  PlaceFocus();
+}
+
+/// Enter is Ok, but for a list that is still to be chosen or has come in already.
+void frmImportation::PlaceFocus() {
+  if (choice_.Fichier().empty() || choice_.DejaImportee()) return cmdImportation[0]->setFocus();
+  cboImportation->setFocus();
 }
 
 void frmImportation::ConstruitChoix() {
@@ -145,6 +151,7 @@ void frmImportation::MontreFichier() {
 
 void frmImportation::Repete() {
   MontreFichier();
+  pane_->MontreNotes(choice_.Notes());
   auto plan = choice_.Plan();
   if (plan) return pane_->Repete(std::move(*plan));
   pane_->Arrete();

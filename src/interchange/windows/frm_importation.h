@@ -29,6 +29,7 @@ class frmImportation : public QDialog {
   void changeEvent(QEvent* event) override;
 
  private:
+  void PlaceFocus();
   void ConstruitChoix();
   void ConstruitBouton(int index);
   void Dispose();

@@ -1,6 +1,7 @@
 #include "interchange/windows/rehearsal_model.h"
 
 #include <QFont>
+#include <algorithm>
 
 #include "platform/qt/controls.h"
 
@@ -12,7 +13,7 @@ constexpr auto fate = static_cast<int>(RehearsalColumn::Fate);
 bool EstNombre(int column) {
   const auto shown = static_cast<std::size_t>(column);
   return shown == RehearsalColumn::Line || shown == RehearsalColumn::Period ||
-         shown == RehearsalColumn::Latitude || shown == RehearsalColumn::Longitude;
+         (shown >= RehearsalColumn::Latitude && shown <= RehearsalColumn::Number2);
 }
 
 }  // namespace
@@ -61,6 +62,13 @@ RehearsalCells RehearsalModel::Cellules(int row) const {
   return CellulesRepetition(state_.Langue, rehearsal_->Lignes().Ligne(row));
 }
 
+int RehearsalModel::ColonnesDuSort(int row) const {
+  const RehearsalCells cells = Cellules(row);
+  const auto begin = cells.begin() + fate + 1;
+  const auto end = std::find_if(begin, cells.end(), [](const auto& c) { return !c.empty(); });
+  return 1 + static_cast<int>(end - begin);
+}
+
 /// What is far may be so no more, so its words are never kept.
 void RehearsalModel::AppliqueLangue() {
   Q_EMIT headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
@@ -95,7 +103,7 @@ QVariant RehearsalModel::data(const QModelIndex& index, int role) const {
 
 QVariant RehearsalModel::headerData(int section, Qt::Orientation orientation, int role) const {
   if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
-  return EnQt(TitresRepetition(state_.Langue).at(static_cast<std::size_t>(section)));
+  return EnQt(TitresRepetition(state_).at(static_cast<std::size_t>(section)));
 }
 
 }  // namespace talpena

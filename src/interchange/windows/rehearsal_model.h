@@ -21,7 +21,10 @@ class RehearsalModel : public QAbstractTableModel {
   void Suit();
   /// The row of the next problem from one on, counting on from the first; -1 when there is none.
   int ProchainProbleme(int from) const;
+  bool EstProbleme(int row) const;
   RehearsalCells Cellules(int row) const;
+  /// How many columns the fate of a row may take: its own and those behind it without a text.
+  int ColonnesDuSort(int row) const;
   void AppliqueLangue();
 
   int rowCount(const QModelIndex& parent = {}) const override;
@@ -31,7 +34,6 @@ class RehearsalModel : public QAbstractTableModel {
 
  private:
   int LigneArret() const;
-  bool EstProbleme(int row) const;
 
   const SharedState& state_;
   const Rehearsal* rehearsal_ = nullptr;

@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QShortcut>
 #include <QTableView>
 #include <QTimer>
@@ -25,10 +26,11 @@ namespace {
 
 constexpr qint64 sliceMs = 10, textsEveryMs = 100;
 constexpr int linesShown = 6;
-/// What a column has room for beside its heading; the last one takes what is left. That of the fate
-/// is a text of the interface.
+constexpr int commentCharacters = 32;
+/// What a column has room for beside its heading; the fate takes what is left.
 constexpr std::array<const char*, RehearsalColumn::Count> samples{
-    "999999", "", "99", "deg +50.41234 +003.92120", "-50.41234", "-150.41234", "1998/07/14", ""};
+    "999999", "",           "99", "deg +50.41234 +003.92120", "-50.41234", "-150.41234", "99999",
+    "99999",  "1998/07/14", ""};
 
 QLabel* Etiquette(QWidget* parent, const QString& name) {
   auto* label = Nomme(new QLabel(parent), name);
@@ -50,6 +52,7 @@ RehearsalPane::RehearsalPane(StoreState& state, QWidget* parent)
       lblArret(Etiquette(this, "lblArret")),
       lblConseil(Etiquette(this, "lblConseil")),
       lblNotes(Etiquette(this, "lblNotes")),
+      lblSort(Etiquette(this, "lblSort")),
       lstRepetition(Nomme(new QTableView(this), "lstRepetition")),
       cmdProbleme(Nomme(new QPushButton(this), "cmdProbleme")),
       cmdCopier(Nomme(new QPushButton(this), "cmdCopier")) {
@@ -60,6 +63,7 @@ RehearsalPane::RehearsalPane(StoreState& state, QWidget* parent)
   lblConseil->setFont(EnGras(font()));
   ConstruitTable();
   Dispose();
+  lstRepetition->viewport()->installEventFilter(this);
   auto* next = new QShortcut(Qt::Key_F8, this);
   connect(next, &QShortcut::activated, this, &RehearsalPane::VaAuProbleme);
   connect(cmdProbleme, &QPushButton::clicked, this, &RehearsalPane::VaAuProbleme);
@@ -82,8 +86,14 @@ void RehearsalPane::ConstruitTable() {
   lstRepetition->verticalHeader()->setDefaultSectionSize(line);
   lstRepetition->setMinimumHeight((linesShown + 1) * line);
   QHeaderView* header = lstRepetition->horizontalHeader();
-  header->setStretchLastSection(true);
   header->setHighlightSections(false);
+  connect(lstRepetition->verticalScrollBar(), &QScrollBar::valueChanged, this,
+          &RehearsalPane::EtendSorts);
+  connect(lstRepetition->verticalScrollBar(), &QScrollBar::rangeChanged, this,
+          &RehearsalPane::EtendSorts);
+  connect(model_, &QAbstractItemModel::rowsInserted, this, &RehearsalPane::EtendSorts);
+  connect(lstRepetition->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+          &RehearsalPane::MontreSort);
   auto* copies = new QShortcut(QKeySequence::Copy, lstRepetition);
   copies->setContext(Qt::WidgetShortcut);
   connect(copies, &QShortcut::activated, this, &RehearsalPane::CopieChoisies);
@@ -91,14 +101,60 @@ void RehearsalPane::ConstruitTable() {
 
 void RehearsalPane::ElargitColonnes() {
   const QFontMetrics metrics(EnGras(lstRepetition->font()));
-  const RehearsalCells titles = TitresRepetition(state_.Langue);
-  const int margins = 2 * metrics.averageCharWidth();
+  const RehearsalCells titles = TitresRepetition(state_);
+  const auto largeur = [&](const std::string& text) {
+    return metrics.horizontalAdvance(EnQt(text)) + 2 * metrics.averageCharWidth();
+  };
+  QHeaderView* header = lstRepetition->horizontalHeader();
+  const int comment = std::max(commentCharacters * lstRepetition->fontMetrics().averageCharWidth(),
+                               largeur(titles[RehearsalColumn::Comment]));
+  int others = comment;
   for (std::size_t i = 0; i < samples.size(); ++i) {
-    const std::string sample =
-        i == RehearsalColumn::Fate ? Texte(state_.Langue, MsgId::SortLoin) : samples.at(i);
-    const int width = std::max(metrics.horizontalAdvance(EnQt(sample)),
-                               metrics.horizontalAdvance(EnQt(titles.at(i))));
-    lstRepetition->horizontalHeader()->resizeSection(static_cast<int>(i), width + margins);
+    if (i == RehearsalColumn::Fate || i == RehearsalColumn::Comment) continue;
+    const int width = std::max(largeur(samples.at(i)), largeur(titles.at(i)));
+    header->resizeSection(static_cast<int>(i), width);
+    others += header->sectionSize(static_cast<int>(i));  // 0 when it is hidden
+  }
+  const int least = std::max(largeur(Texte(state_.Langue, MsgId::SortLoin)),
+                             largeur(titles[RehearsalColumn::Fate]));
+  const int room = lstRepetition->viewport()->width() - others;
+  header->resizeSection(static_cast<int>(RehearsalColumn::Fate), std::max(least, room));
+  // With large letters the list is scrolled rather than the last heading cut.
+  header->setStretchLastSection(room >= least);
+  if (room < least) header->resizeSection(static_cast<int>(RehearsalColumn::Comment), comment);
+}
+
+bool RehearsalPane::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Resize) ElargitColonnes();
+  return QWidget::eventFilter(watched, event);
+}
+
+/// Waypoints have none.
+void RehearsalPane::MontreNombres(bool shown) {
+  for (const std::size_t column : {RehearsalColumn::Number1, RehearsalColumn::Number2}) {
+    lstRepetition->setColumnHidden(static_cast<int>(column), !shown);
+  }
+  ElargitColonnes();
+}
+
+/// All of the words of the current row, where the list may cut them.
+void RehearsalPane::MontreSort() {
+  const int row = lstRepetition->currentIndex().row();
+  const bool shown = row >= 0 && row < model_->rowCount() && model_->EstProbleme(row);
+  MontreTexte(*lblSort, shown ? model_->Cellules(row)[RehearsalColumn::Fate] : "");
+}
+
+/// The words of the rows in view go on over the cells beside them that hold nothing.
+void RehearsalPane::EtendSorts() {
+  lstRepetition->clearSpans();
+  const int first = std::max(lstRepetition->rowAt(0), 0);
+  const int height = std::max(lstRepetition->rowHeight(first), 1);
+  const int last =
+      std::min(first + lstRepetition->viewport()->height() / height + 1, model_->rowCount() - 1);
+  constexpr auto column = static_cast<int>(RehearsalColumn::Fate);
+  for (int row = first; row <= last; ++row) {
+    const int columns = model_->ColonnesDuSort(row);
+    if (columns > 1) lstRepetition->setSpan(row, column, 1, columns);
   }
 }
 
@@ -112,6 +168,7 @@ void RehearsalPane::Dispose() {
   layout->addLayout(head);
   for (QLabel* label : {lblComptes, lblArret, lblConseil, lblNotes}) layout->addWidget(label);
   layout->addWidget(lstRepetition, 1);
+  layout->addWidget(lblSort);
 }
 
 void RehearsalPane::AppliqueLangue() {
@@ -124,6 +181,7 @@ void RehearsalPane::AppliqueLangue() {
   model_->AppliqueLangue();
   ElargitColonnes();
   MontreTextes();
+  MontreSort();
 }
 
 void RehearsalPane::changeEvent(QEvent* event) {
@@ -133,6 +191,7 @@ void RehearsalPane::changeEvent(QEvent* event) {
 
 void RehearsalPane::Repete(RehearsalPlan plan) {
   Arrete();
+  MontreNombres(plan.system.has_value());
   rehearsal_ = std::make_unique<Rehearsal>(state_, state_.document.Entete().DatumFichier,
                                            state_.document.Base(), std::move(plan));
   model_->Montre(rehearsal_.get());
@@ -145,6 +204,7 @@ void RehearsalPane::Arrete() {
   model_->Montre(nullptr);
   rehearsal_.reset();
   MontreTextes();
+  MontreSort();
 }
 
 void RehearsalPane::MontreNotes(const std::vector<std::string>& notes) {
@@ -175,7 +235,10 @@ void RehearsalPane::MontreTextes() {
   sinceTexts_.start();
   const std::int16_t langue = state_.Langue;
   std::string notes = notes_, ends, hint;
-  if (rehearsal_ && rehearsal_->Arret()) ends = ArretEnMots(langue, *rehearsal_->Arret());
+  if (rehearsal_ && rehearsal_->SansFiche() != 0) ends = Texte(langue, rehearsal_->SansFiche());
+  if (rehearsal_ && rehearsal_->Arret()) {
+    ends = ArretEnMots(langue, *rehearsal_->Arret(), rehearsal_->Comptes().enter);
+  }
   if (rehearsal_ && rehearsal_->Conseil()) hint = ConseilEnMots(langue, *rehearsal_->Conseil());
   if (rehearsal_ && state_.document.Entete().DatumFichier == 0) {
     notes += (notes.empty() ? "" : "\n") + Texte(langue, MsgId::RepetitionSansDatum);
@@ -209,7 +272,7 @@ void RehearsalPane::CopieTout() {
   for (const QLabel* label : {lblComptes, lblArret, lblConseil, lblNotes}) {
     if (!label->text().isEmpty()) text += label->text() + "\n";
   }
-  text += EnQt(EnLigne(TitresRepetition(state_.Langue))) + "\n";
+  text += EnQt(EnLigne(TitresRepetition(state_))) + "\n";
   QApplication::clipboard()->setText(text + LignesEnTexte(0, model_->rowCount() - 1));
 }
 

@@ -43,10 +43,14 @@ class RehearsalPane : public QWidget {
 
  protected:
   void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void ConstruitTable();
   void ElargitColonnes();
+  void MontreNombres(bool shown);
+  void EtendSorts();
+  void MontreSort();
   void Dispose();
   void AppliqueLangue();
   void Travaille();
@@ -69,6 +73,7 @@ class RehearsalPane : public QWidget {
   QLabel* lblArret;
   QLabel* lblConseil;
   QLabel* lblNotes;
+  QLabel* lblSort;  ///< of the current row, when it is a problem: what becomes of it
   QTableView* lstRepetition;
   QPushButton* cmdProbleme;
   QPushButton* cmdCopier;

@@ -64,6 +64,23 @@ void WaypointModel::Coche(const QItemSelection& lines, bool checked) {
   Q_EMIT Change();
 }
 
+void WaypointModel::DecochePremiers(std::int64_t count) {
+  if (count <= 0) return;
+  for (WaypointChoice& item : items_) {
+    if (count == 0) break;
+    if (!item.checked || text_->items.Texte(item.item, WaypointColumn::Position).empty()) continue;
+    item.checked = false;
+    --count;
+  }
+  Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, 0), {Qt::CheckStateRole});
+  Q_EMIT Change();
+}
+
+int WaypointModel::PremierCoche() const {
+  const auto found = std::ranges::find_if(items_, &WaypointChoice::checked);
+  return found == items_.end() ? -1 : static_cast<int>(found - items_.begin());
+}
+
 int WaypointModel::rowCount(const QModelIndex& parent) const {
   return parent.isValid() ? 0 : static_cast<int>(items_.size());
 }

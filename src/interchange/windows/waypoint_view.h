@@ -3,6 +3,7 @@
 #include <QAbstractTableModel>
 #include <QItemSelection>
 #include <QTreeView>
+#include <cstdint>
 #include <vector>
 
 #include "interchange/mapsource_reader.h"
@@ -21,6 +22,10 @@ class WaypointModel : public QAbstractTableModel {
   /// In the order shown.
   const std::vector<WaypointChoice>& Choix() const { return items_; }
   void Coche(const QItemSelection& lines, bool checked);
+  /// Takes the checks from the first so many that are checked and have a position.
+  void DecochePremiers(std::int64_t count);
+  /// The first line that is checked; -1 for none.
+  int PremierCoche() const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;

@@ -18,7 +18,7 @@ namespace {
 constexpr std::size_t mostRows = 100'000;        // of MSysQueries
 constexpr std::size_t mostSources = 255;         // of a query, and the depth of its joins
 constexpr std::uint32_t numeroObjet = 0xFFFFFF;  // of an object's number, what the catalogue gives
-constexpr std::size_t longestText = 65'536;      // bytes: the engine takes no longer statement
+constexpr std::size_t longestQuery = 65'536;     // bytes: the engine takes no longer statement
 
 /// Bits of the options.
 enum Options : int {
@@ -168,7 +168,7 @@ class TextMaker {
   }
 
   std::string Fin() {
-    Admet(text_.size() < longestText);
+    Admet(text_.size() < longestQuery);
     return std::move(text_) + ";";
   }
 
@@ -203,7 +203,7 @@ QueryRow LigneDe(std::span<const Cell> cells, const Places& places) {
   };
   const auto text = [&](Places::Column column) {
     const Cell& cell = cells[places.at[column]];
-    return cell.kind == Cell::Kind::Text ? std::string(cell.text.substr(0, longestText))
+    return cell.kind == Cell::Kind::Text ? std::string(cell.text.substr(0, longestQuery))
                                          : std::string();
   };
   return {.objet = static_cast<std::uint32_t>(number(Places::Object)),
@@ -221,7 +221,7 @@ std::string TexteRequete(int kind, std::vector<QueryRow> rows) {
   if (kind != QueryDef::Select && kind != QueryKind::Union) return {};
   std::size_t bytes = 0;
   for (const QueryRow& row : rows) bytes += Octets(row);
-  if (bytes >= longestText) return {};
+  if (bytes >= longestQuery) return {};
   std::stable_sort(rows.begin(), rows.end(), [](const QueryRow& a, const QueryRow& b) {
     return a.attribute != b.attribute ? a.attribute < b.attribute : a.order < b.order;
   });

@@ -66,6 +66,12 @@ void LanceErreurFichier(int error, const std::string& path) {
   throw TalpenaError(refusal.number, description, {.about = {path}});
 }
 
+void LanceErreurCreation(int error, const std::string& path, const std::string& target) {
+  if (error != ENOENT) LanceErreurFichier(error, path);
+  if (DossierExiste(target)) LanceErreurAcces(path, "its folder takes no new files");
+  LanceErreurFichier(ENOTDIR, path);
+}
+
 void LanceErreurAcces(const std::string& path, const std::string& why, int text) {
   throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: " + path + ", " + why,
                      {.text = text, .about = {path}});

@@ -37,7 +37,7 @@ PosixTemporary::PosixTemporary(std::string shown, std::string target, const std:
     if (OuvreVerrouille(mode)) return;
     if (errno != EEXIST) break;
   }
-  LanceErreurFichier(errno, shown_);
+  LanceErreurCreation(errno, shown_, target_);
 }
 
 PosixTemporary::~PosixTemporary() {

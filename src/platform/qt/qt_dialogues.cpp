@@ -184,14 +184,14 @@ class Legendes : public QObject {
 };
 
 /// Where a file dialog starts: in the folder of the name offered, else in the one asked for,
-/// else where the process is.
+/// else where the process is, or at the user's home when that is nowhere in particular.
 QString DossierDepart(const FileDialog& dialog) {
   for (const std::string& folder : {DossierDe(dialog.name), dialog.folder}) {
     if (folder.empty()) continue;
     QString native = EnQt(RendNatif(folder));
     if (QFileInfo(native).isDir()) return native;
   }
-  return QDir::currentPath();
+  return QDir::current().isRoot() ? QDir::homePath() : QDir::currentPath();
 }
 
 /// Sizes, kinds and dates whole, whatever the language; the name has the rest.
@@ -255,6 +255,8 @@ Answer QtDialogues::Demande(const MessageBox& box) {
   window.setObjectName(u"MessageBox"_s);
   window.setTextFormat(Qt::PlainText);
   window.setText(EnLignes(box.text));
+  window.setInformativeText(EnLignes(box.detail));
+  for (QLabel* label : window.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   window.setDefaultButton(box.defaultButton ? EnBouton(*box.defaultButton) : buttons.first);
   window.setEscapeButton(buttons.closing);
   AgranditIcone(window);

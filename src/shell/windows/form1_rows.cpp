@@ -38,7 +38,7 @@ void Form1::AfficheFiltre() {
   std::string tip = filtered_ ? Texte(state_.Langue, MsgId::FiltreEtSauvegarde) : std::string();
   if (const std::string& avis = state_.document.Montre().avis; !avis.empty()) {
     text = avis;
-    tip.clear();
+    tip = avis;  // which may be longer than the panel
   } else if (text.empty() && state_.document.Fichier.FinsLf) {
     return OffreFinsLf();
   } else if (text.empty()) {

@@ -6,10 +6,12 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QTableView>
 #include <QTreeView>
 
 #include "fakes/dialog_driver.h"
 #include "interchange/windows/garmin_window.h"
+#include "interchange/windows/rehearsal_pane.h"
 
 namespace talpena::test {
 namespace {
@@ -103,6 +105,44 @@ TEST_F(FrmImportGarmin, OkImportsTheCheckedPointsInTheOrderOfTheList) {
   EXPECT_EQ(Importees(), (std::vector<std::string>{"1|WGS84|deg 50.1 4.1|-|ONE - first",
                                                    "1|WGS84|deg 50.2 -4.2|-|TWO - second"}));
   EXPECT_TRUE(state.document.FichierModifie());
+}
+
+TEST_F(FrmImportGarmin, StaysAfterAFailureWithTheChecksOfWhatHasNotComeIn) {
+  Ouvre(Texte() + "Waypoint\tBAD\tbad\tUser\tN1\t\t\t\r\nWaypoint\tLAST\tl\tUser\tN1 E2\t\t\t\r\n");
+  LV().setCurrentIndex(LV().model()->index(1, 0));
+  LV().setFocus();
+  QTest::keyClick(&LV(), Qt::Key_Space);  // ONE is not wanted
+  Commande(0).click();
+  ASSERT_EQ(Boites().size(), 1U);
+  EXPECT_TRUE(fenetre->isVisible());
+  EXPECT_EQ(Importees().size(), 2U);
+  for (int row = 0; row < 5; ++row) EXPECT_EQ(Cochee(row), row >= 3) << row;
+  EXPECT_EQ(LV().currentIndex().row(), 3) << "the one that failed";
+  EXPECT_EQ(Notes().rfind("Waypoints that have come in and are no longer checked: 2;", 0), 0U)
+      << Notes();
+  dialogues.boxes.clear();
+  QTest::keyClick(&LV(), Qt::Key_Space);
+  Commande(0).click();
+  EXPECT_TRUE(Boites().empty());
+  EXPECT_FALSE(fenetre->isVisible());
+  EXPECT_EQ(Importees().size(), 3U);
+}
+
+TEST_F(FrmImportGarmin, MarksOddPositionsAndDatesInItsRehearsal) {
+  settings.Ecrit("Talpena", "ImportGarmin", "DateImport", "2");
+  settings.Ecrit("Talpena", "ImportGarmin", "DateField", "Seen");
+  Ouvre(Texte() + "Waypoint\tNO\tno letters\tUser\t50.1 4.1\t\t17-APR-02\t\r\n");
+  const auto& pane = Enfant<RehearsalPane>("RehearsalPane");
+  ASSERT_TRUE(QTest::qWaitFor([&pane] { return pane.EstFinie(); }));
+  const std::string date = "its date is not written as 17-APR-02";
+  const std::string fates[] = {date, date, "enters, far from all others",
+                               "its position has no N or S, or no E or W"};
+  const QAbstractItemModel& rows = *Enfant<QTableView>("lstRepetition").model();
+  ASSERT_EQ(rows.rowCount(), 4);
+  for (int row = 0; row < 4; ++row) {
+    EXPECT_EQ(rows.index(row, 1).data().toString().toStdString(), fates[row]);
+  }
+  EXPECT_TRUE(Enfant<QLabel>("lblComptes").text().endsWith("Rows that want a look: 3."));
 }
 
 TEST_F(FrmImportGarmin, TheOptionsOfTheSettingsAreThoseOfTheImport) {
@@ -261,6 +301,14 @@ TEST_F(FrmImportGarmin, KeepsTheWidthsOfTheColumns) {
   EXPECT_EQ(LV().header()->sectionSize(2), 240);
   EXPECT_EQ(LV().header()->sectionSize(0), 20);
   EXPECT_LE(LV().header()->sectionSize(1), 4000);
+}
+
+TEST_F(FrmImportGarmin, GivesColumnsWithoutAWidthRoomForTheirTexts) {
+  const std::string longest(200, 'x');
+  Ouvre(Texte() + "Waypoint\t" + longest + "\t\tUser\tN50 27 15.10 W003 57 08.30\t\t\t\r\n");
+  const QFontMetrics metrics = LV().fontMetrics();
+  EXPECT_GE(LV().header()->sectionSize(4), metrics.horizontalAdvance("N50 27 15.10 W003 57 08.30"));
+  EXPECT_LT(LV().header()->sectionSize(1), metrics.horizontalAdvance(longest.c_str()) / 2);
 }
 
 TEST_F(FrmImportGarmin, AFileOfAnotherKindIsToldAndOpensEmpty) {

@@ -200,6 +200,32 @@ TEST_F(FrmImportation, WithTheFileOfBeforeEnterIsOk) {
   EXPECT_EQ(interchange.Variable, "0");
 }
 
+// Enter would give its rows a second time.
+TEST_F(FrmImportation, WithAListThatHasComeInEnterIsNotOk) {
+  interchange.FichierImportation = path;
+  Montre({{"WGS84", "", "1", "2"}});
+  const Bookmark key = state.document.Data1.recordset().GetBookmark();
+  interchange.ListesImportees = {
+      {*files.Empreinte(path), state.document.NumeroContenu(), key, key}};
+  Ouvre();
+  EXPECT_TRUE(Bouton(0)->hasFocus());
+  EXPECT_TRUE(Bouton(0)->isDefault());
+  EXPECT_TRUE(Enfant<QLabel>("lblNotes")->text().startsWith("This list has been imported"));
+  files.Pose("/data/other.txt", "1,50.5,4.5,1,2,,\n");
+  dialogues.paths = {"/data/other.txt"};
+  Bouton(0)->click();
+  EXPECT_FALSE(Enfant<QLabel>("lblNotes")->text().startsWith("This list has been imported"));
+}
+
+TEST_F(FrmImportation, SaysThatAListHoldsNoRecord) {
+  files.Pose(path, "* nothing yet\n\n");
+  interchange.FichierImportation = path;
+  Ouvre();
+  EXPECT_EQ(LignesMontrees(), 0);
+  EXPECT_TRUE(Enfant<QLabel>("lblArret")->isVisible());
+  EXPECT_TRUE(Enfant<QLabel>("lblArret")->text().startsWith("The list holds no record"));
+}
+
 TEST_F(FrmImportation, FitsASmallScreenWithLongPathsAndLines) {
   const std::string longPath = "/data/" + std::string(400, 'x') + ".txt";
   files.Pose(longPath, std::string(2000, 'y') + "\n");

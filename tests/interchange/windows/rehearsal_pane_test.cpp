@@ -5,6 +5,7 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QClipboard>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
 #include <QTableView>
@@ -81,6 +82,65 @@ TEST_F(RehearsalPaneTest, ShowsCountsAndRows) {
   EXPECT_FALSE(Enfant<QLabel>("lblArret")->isVisible());
 }
 
+TEST_F(RehearsalPaneTest, ShowsTheNumbersThatMayHaveNoRoom) {
+  Records records = Trois();
+  records[0].row.n1 = 100000;
+  RehearsalPlan plan = PlanDe(records);
+  plan.system = CoordSystem::Deg;
+  Repete(std::move(plan));
+  EXPECT_TRUE(Cellule(0, RehearsalColumn::Fate).startsWith("no room for its numbers"));
+  EXPECT_FALSE(view->isColumnHidden(RehearsalColumn::Number1));
+  EXPECT_EQ(Cellule(0, RehearsalColumn::Number1), "100000");
+  EXPECT_EQ(Cellule(0, RehearsalColumn::Number2), "");
+}
+
+TEST_F(RehearsalPaneTest, WaypointsHaveNoColumnsForNumbers) {
+  Repete(PlanDe(Trois()));
+  EXPECT_TRUE(view->isColumnHidden(RehearsalColumn::Number1));
+  EXPECT_TRUE(view->isColumnHidden(RehearsalColumn::Number2));
+}
+
+TEST_F(RehearsalPaneTest, TheColumnsFillTheList) {
+  Repete(PlanDe(Trois()));
+  for (const int width : {1200, 1000, 1100}) {
+    dialog.resize(width, 500);
+    EXPECT_TRUE(QTest::qWaitFor([this] {
+      const int gap = view->viewport()->width() - view->horizontalHeader()->length();
+      return gap == 0;
+    })) << width;
+  }
+}
+
+// What stands there is the longest text of the row, and nothing else does.
+TEST_F(RehearsalPaneTest, WhatBecomesOfALineTakesTheEmptyCellsBesideIt) {
+  constexpr auto fate = static_cast<int>(RehearsalColumn::Fate);
+  Records records(300, Fiche("deg +50.00000 +004.00000"));
+  records[1] = records[299] = FicheOmise(500);
+  Repete(PlanDe(records, TalpenaError(ErrorNumber::Overflow, "Overflow").SurLigne(301)));
+  const int all = view->model()->columnCount() - fate;
+  EXPECT_EQ(view->columnSpan(0, fate), 1);
+  EXPECT_EQ(view->columnSpan(1, fate), all);
+  view->scrollToBottom();
+  EXPECT_EQ(view->columnSpan(299, fate), all);
+  EXPECT_EQ(view->columnSpan(300, fate), all) << "where the import ends";
+  EXPECT_FALSE(view->model()->index(299, fate).data(Qt::ToolTipRole).toString().isEmpty());
+}
+
+TEST_F(RehearsalPaneTest, AllWordsOfAProblemStandBelowTheList) {
+  Records records = Trois();
+  records[0].row.n1 = 100000;
+  Repete(PlanDe(records));
+  EXPECT_FALSE(Enfant<QLabel>("lblSort")->isVisible());
+  QTest::keyClick(pane->window(), Qt::Key_F8);
+  EXPECT_EQ(Texte("lblSort"), talpena::Texte(1000, MsgId::SortSansPlace));
+  EXPECT_TRUE(Enfant<QLabel>("lblSort")->isVisible());
+  view->selectRow(2);
+  EXPECT_FALSE(Enfant<QLabel>("lblSort")->isVisible()) << "it enters";
+  view->selectRow(1);
+  Repete(PlanDe(Trois()));
+  EXPECT_FALSE(Enfant<QLabel>("lblSort")->isVisible()) << "another list";
+}
+
 TEST_F(RehearsalPaneTest, TheNextProblemIsOneKeyAway) {
   Records records(40, Fiche("deg +50.00000 +004.00000"));
   records[30] = Fiche("deg +95.00000 +004.00000");
@@ -95,7 +155,9 @@ TEST_F(RehearsalPaneTest, TheNextProblemIsOneKeyAway) {
 
 TEST_F(RehearsalPaneTest, TheEndOfTheImportStandsAboveAndInTheList) {
   Repete(PlanDe(Trois(), TalpenaError(ErrorNumber::Overflow, "Overflow").SurLigne(4)));
-  EXPECT_TRUE(Texte("lblArret").starts_with("The import would end on the way"))
+  EXPECT_TRUE(Texte("lblArret")
+                  .starts_with("The import would end on the way, and the rows before "
+                               "(3) would stay"))
       << Texte("lblArret");
   ASSERT_EQ(view->model()->rowCount(), 4);
   EXPECT_EQ(Cellule(3, RehearsalColumn::Line), "4");
@@ -111,7 +173,7 @@ TEST_F(RehearsalPaneTest, ChosenRowsAreCopiedByTheKey) {
   view->selectRow(2);
   QTest::keyClick(view, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(),
-            "3\tenters\t3\tdeg +50.10000 +004.10000\t50.10000\t4.10000\t1998/07/14\tseen\n");
+            "3\tenters\t3\tdeg +50.10000 +004.10000\t50.10000\t4.10000\t\t\t1998/07/14\tseen\n");
 }
 
 TEST_F(RehearsalPaneTest, AllIsCopiedByTheButton) {

@@ -151,9 +151,14 @@ TEST(QtDialogues, ABoxShowsItsTextAsItStands) {
     EXPECT_EQ(Boite(d).text(), u"<b>\u00e9 & \u00e8</b>\nb\nc\nd");
     EXPECT_EQ(Boite(d).textFormat(), Qt::PlainText);
     EXPECT_EQ(Boite(d).windowTitle(), u"Titre");
+    EXPECT_EQ(Boite(d).informativeText(), u"/<i>/a.txt");
+    for (const QLabel* label : d.findChildren<QLabel*>()) {
+      EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->objectName().toStdString();
+    }
     d.accept();
   });
-  dialogues.Demande({.text = "<b>\u00e9 & \u00e8</b>\r\nb\rc\nd", .title = "Titre"});
+  dialogues.Demande(
+      {.text = "<b>\u00e9 & \u00e8</b>\r\nb\rc\nd", .title = "Titre", .detail = "/<i>/a.txt"});
 }
 
 TEST(QtDialogues, IconsAreThoseAskedFor) {
@@ -422,6 +427,19 @@ TEST_F(QtDialoguesFichiers, AFolderThatIsGoneLeavesTheDialogWhereTheProcessIs) {
     d.reject();
   });
   EXPECT_EQ(Echec([&] { dialogues.OuvreFichier(demande); }), ErrorNumber::Cancelled);
+}
+
+TEST_F(QtDialoguesFichiers, TheRootIsNoPlaceToLookForFiles) {
+  const QString before = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(QDir::rootPath()));
+  FileDialog demande = Demande();
+  demande.folder.clear();
+  const DialogDriver driver("OpenDialog", [&](QDialog& d) {
+    EXPECT_EQ(QDir(dynamic_cast<QFileDialog&>(d).directory().path()), QDir::home());
+    d.reject();
+  });
+  EXPECT_EQ(Echec([&] { dialogues.OuvreFichier(demande); }), ErrorNumber::Cancelled);
+  QDir::setCurrent(before);
 }
 
 TEST_F(QtDialoguesFichiers, AFolderIsChosen) {

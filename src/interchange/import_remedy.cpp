@@ -1,0 +1,65 @@
+#include "interchange/import_remedy.h"
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+#include <string_view>
+
+#include "common/msg_id_errors.h"
+#include "common/msg_id_import.h"
+
+namespace talpena {
+namespace {
+
+/// Every other byte of plain text is NUL in it; the first line may be nothing but its mark.
+bool SembleUtf16(std::string_view line) {
+  if (line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF")) return true;
+  const auto nuls = static_cast<std::size_t>(std::ranges::count(line, '\0'));
+  return nuls > 0 && 3 * nuls >= line.size();
+}
+
+/// What stands where a number should; "" when it is something else that failed.
+std::string_view SansNombre(const TalpenaError& failure) {
+  const ErrorWords& words = failure.words();
+  if (words.text != MsgId::ChampSansNombre || words.about.size() < 2) return {};
+  return words.about[1];
+}
+
+/// Words, in quotes or not. Bytes above 127 are letters with accents.
+bool CommenceParUneLettre(std::string_view text) {
+  if (text.starts_with('"')) text.remove_prefix(1);
+  if (text.empty()) return false;
+  const auto first = static_cast<unsigned char>(text.front());
+  return first > 127 || std::isalpha(first) != 0;
+}
+
+/// The first field of the list; headings of an export have an empty one before it.
+bool EstEnTete(std::string_view text, const FieldReader& fields) {
+  const bool leading = fields.Champ() == 1 || fields.LigneCourante().starts_with(',');
+  return leading && CommenceParUneLettre(text);
+}
+
+int Remede(const TalpenaError& failure, const FieldReader& fields, bool first) {
+  const std::string_view text = SansNombre(failure);
+  if (SembleUtf16(fields.LigneCourante())) return MsgId::RemedeUtf16;
+  if (text.find_first_of(";\t") != std::string_view::npos) return MsgId::RemedeSeparateur;
+  if (first && EstEnTete(text, fields)) return MsgId::RemedeEnTete;
+  if (text.starts_with('*')) return MsgId::RemedeEtoiles;
+  if (fields.LigneAPerdu()) return MsgId::RemedeGuillemets;
+  const bool counted = fields.EstDecalee() || fields.EstSurPlusieurs() || text.starts_with('"') ||
+                       failure.words().text == MsgId::FicheCoupee;
+  return counted ? MsgId::RemedeChamps : 0;
+}
+
+}  // namespace
+
+TalpenaError AvecRemede(const TalpenaError& failure, const FieldReader& fields, bool first) {
+  // A failure of the file itself names no field.
+  const int text = failure.words().text;
+  const bool ofField = text == MsgId::ChampSansNombre || text == MsgId::ChampTropGrand ||
+                       text == MsgId::ChampVide || text == MsgId::FicheCoupee;
+  const int hint = ofField ? Remede(failure, fields, first) : 0;
+  return hint == 0 ? failure : failure.AvecConseil(hint);
+}
+
+}  // namespace talpena
