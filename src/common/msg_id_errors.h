@@ -108,4 +108,8 @@ inline constexpr int TableProtegee = 398;     // "The table is protected by a pa
 inline constexpr int MemosAbsents = 399;      // "The long texts of this table stand in a file ..."
 inline constexpr int NomParadoxRefuse = 400;  // "“%1” cannot be the name of a column in a ..."
 
+// Saved queries.
+inline constexpr int RequeteImpossible = 406;  // "The saved query “%1” cannot be run here; ..."
+inline constexpr int RequeteEnCercle = 407;  // "The saved query “%1” asks for its own rows, ..."
+
 }  // namespace talpena::MsgId

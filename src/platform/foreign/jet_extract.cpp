@@ -82,16 +82,28 @@ std::span<Element*> Elements(GPtrArray* array) {
   return {reinterpret_cast<Element**>(array->pdata), array->len};
 }
 
-/// Opens a private view of the file, which the library cannot write through.
-MdbHandle* Ouvre(const FichierJet& file) {
-  struct stat now {};
-  Exige(fstat(file.fd, &now) == 0 && static_cast<std::size_t>(now.st_size) >= file.taille);
-  void* view = mmap(nullptr, file.taille, PROT_READ, MAP_PRIVATE, file.fd, 0);
-  Exige(view != MAP_FAILED);
-  MdbHandle* mdb = mdb_open_buffer(view, file.taille, MDB_NOFLAGS);
-  Exige(mdb != nullptr);
-  return mdb;
-}
+/// A file through the library, by a private view that it cannot write through.
+class Base {
+ public:
+  explicit Base(const FichierJet& file) : taille_(file.taille) {
+    struct stat now {};
+    Exige(fstat(file.fd, &now) == 0 && static_cast<std::size_t>(now.st_size) >= taille_);
+    vue_ = mmap(nullptr, taille_, PROT_READ, MAP_PRIVATE, file.fd, 0);
+    Exige(vue_ != MAP_FAILED);
+    mdb_ = mdb_open_buffer(vue_, taille_, MDB_NOFLAGS);
+    Exige(mdb_ != nullptr);
+  }
+
+  MdbHandle* Mdb() const { return mdb_; }
+  std::size_t Taille() const { return taille_; }
+  /// Gives back the memory of what was read so far: of a large file it would all be kept.
+  void Oublie() const { madvise(vue_, taille_, MADV_DONTNEED); }
+
+ private:
+  std::size_t taille_;
+  void* vue_ = nullptr;
+  MdbHandle* mdb_ = nullptr;
+};
 
 std::span<MdbCatalogEntry*> Catalogue(MdbHandle* mdb) {
   GPtrArray* entries = mdb_read_catalog(mdb, MDB_ANY);
@@ -109,13 +121,13 @@ MdbTableDef* LitTable(MdbCatalogEntry* entry, const LimitesJet& limits) {
 }
 
 void EcritNom(const MdbCatalogEntry& entry, Tuyau& out) {
+  EcritNombre(out, static_cast<std::uint32_t>(entry.table_pg));
   EcritNombre(out, static_cast<std::uint32_t>(entry.flags));
   EcritTexte(out, Nom(entry.object_name));
 }
 
 void EcritTable(const MdbCatalogEntry& entry, const MdbTableDef& table, Tuyau& out) {
   EcritMarque(out, TrameJet::Table);
-  EcritNombre(out, static_cast<std::uint32_t>(entry.table_pg));
   EcritNom(entry, out);
   EcritNombre(out, static_cast<std::uint32_t>(table.num_rows));
   EcritNombre(out, table.num_cols);
@@ -131,13 +143,13 @@ void EcritTable(const MdbCatalogEntry& entry, const MdbTableDef& table, Tuyau& o
 /// One row at a time, from the page that the library has read.
 class Lignes {
  public:
-  Lignes(MdbHandle* mdb, MdbTableDef* table, std::size_t fileSize, const LimitesJet& limits,
-         Tuyau& out)
-      : mdb_(mdb),
+  Lignes(const Base& base, MdbTableDef* table, const LimitesJet& limits, Tuyau& out)
+      : base_(base),
+        mdb_(base.Mdb()),
         table_(table),
         columns_(Elements<MdbColumn>(table->columns)),
-        pages_(fileSize),
-        valeurs_(fileSize),
+        pages_(base.Taille()),
+        valeurs_(base.Taille()),
         limits_(limits),
         out_(out) {}
 
@@ -146,6 +158,7 @@ class Lignes {
       pages_.Prend(static_cast<std::size_t>(mdb_->fmt->pg_size));
       EcritPage();
       DonneSigne(out_);
+      if (++lues_ % pagesGardees == 0) base_.Oublie();
     }
     // The library passes over pages that it cannot read; the table's own count tells.
     Exige(ecrites_ >= table_->num_rows);
@@ -251,6 +264,9 @@ class Lignes {
     return value;
   }
 
+  static constexpr std::size_t pagesGardees = 2048;
+
+  const Base& base_;
   MdbHandle* mdb_;
   MdbTableDef* table_;
   std::span<MdbColumn*> columns_;
@@ -258,6 +274,7 @@ class Lignes {
   Reserve valeurs_;
   const LimitesJet& limits_;
   Tuyau& out_;
+  std::size_t lues_ = 0;  ///< pages
   std::size_t ecrites_ = 0;
   std::string ligne_;
 };
@@ -265,7 +282,8 @@ class Lignes {
 }  // namespace
 
 void ExtraitTables(const FichierJet& file, const LimitesJet& limits, Tuyau& out) {
-  MdbHandle* mdb = Ouvre(file);
+  const Base base(file);
+  MdbHandle* mdb = base.Mdb();
   Reserve pages(file.taille);
   std::size_t tables = 0;
   std::size_t others = 0;
@@ -284,14 +302,35 @@ void ExtraitTables(const FichierJet& file, const LimitesJet& limits, Tuyau& out)
   EcritMarque(out, TrameJet::Fin);
 }
 
-void ExtraitLignes(const FichierJet& file, std::uint32_t page, const LimitesJet& limits,
-                   Tuyau& out) {
-  MdbHandle* mdb = Ouvre(file);
-  MdbCatalogEntry entry{};  // the catalogue itself is not read anew for each of its tables
+namespace {
+
+/// A table by its page: the catalogue itself is not read anew for each of its tables.
+MdbCatalogEntry EntreeDe(MdbHandle* mdb, std::uint32_t page) {
+  MdbCatalogEntry entry{};
   entry.mdb = mdb;
   entry.object_type = MDB_TABLE;
   entry.table_pg = page;
-  Lignes(mdb, LitTable(&entry, limits), file.taille, limits, out).EcritToutes();
+  return entry;
+}
+
+}  // namespace
+
+void ExtraitLignes(const FichierJet& file, std::uint32_t page, const LimitesJet& limits,
+                   Tuyau& out) {
+  const Base base(file);
+  MdbCatalogEntry entry = EntreeDe(base.Mdb(), page);
+  Lignes(base, LitTable(&entry, limits), limits, out).EcritToutes();
+  EcritMarque(out, TrameJet::Fin);
+}
+
+void ExtraitTable(const FichierJet& file, std::uint32_t page, const LimitesJet& limits,
+                  Tuyau& out) {
+  const Base base(file);
+  MdbCatalogEntry entry = EntreeDe(base.Mdb(), page);
+  entry.object_name[0] = '?';
+  MdbTableDef* table = LitTable(&entry, limits);
+  EcritTable(entry, *table, out);
+  Lignes(base, table, limits, out).EcritToutes();
   EcritMarque(out, TrameJet::Fin);
 }
 

@@ -113,7 +113,15 @@ TalpenaError LigneSupprimee() { return {ErrorNumber::RecordDeleted, "Record is d
 
 TalpenaError RequeteCirculaire(std::string_view query) {
   return {ErrorNumber::CircularReference,
-          "Circular reference caused by " + EntreApostrophes(query) + "."};
+          "Circular reference caused by " + EntreApostrophes(query) + ".",
+          {.text = MsgId::RequeteEnCercle, .about = {std::string(query)}}};
+}
+
+TalpenaError RequeteSansTexte(std::string_view query) {
+  return {
+      ErrorNumber::NotSupported,
+      "Operation is not supported: the saved query " + EntreApostrophes(query) + " cannot be run.",
+      {.text = MsgId::RequeteImpossible, .about = {std::string(query)}}};
 }
 
 TalpenaError NonPrevu(std::string_view what) {

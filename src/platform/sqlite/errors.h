@@ -21,6 +21,7 @@ TalpenaError FichierIntrouvable(std::string_view path);  ///< 3024
 TalpenaError LectureSeule();                             ///< 3027
 TalpenaError PasDeTransaction();                         ///< 3034
 TalpenaError TableIntrouvable(std::string_view table);
+TalpenaError RequeteSansTexte(std::string_view query);
 TalpenaError RequeteCirculaire(std::string_view query);  ///< 3102
 TalpenaError SignetInvalide();                           ///< 3159
 TalpenaError TropLong();                                 ///< 3163

@@ -183,14 +183,14 @@ void ImportedDatabase::Remplit(TableState& table, RowSource& rows, std::int64_t 
 
 // The rows of the query become a table: nothing changes in what they were taken from.
 TableState* ImportedDatabase::ExecuteRequete(const QueryDef& query) {
-  if (query.sql.empty()) throw NonPrevu("the saved query '" + query.name + "' cannot be run");
+  if (query.sql.empty()) throw RequeteSansTexte(query.name);
   if (std::find(running_.begin(), running_.end(), query.name) != running_.end()) {
     throw RequeteCirculaire(query.name);
   }
   running_.push_back(query.name);
   std::unique_ptr<Recordset> rows;
   try {
-    rows = OpenRecordset(query.sql);
+    rows = OuvreRequete(query.sql);
   } catch (...) {
     running_.pop_back();
     throw;

@@ -183,7 +183,14 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(std::string_view source
     }
     return OuvreTable(TrouveTable(name), {}, {});
   }
-  const Selection selection = TraduitSelect(source, Chercheur());
+  return Ouvre(TraduitSelect(source, Chercheur()));
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::OuvreRequete(std::string_view text) {
+  return Ouvre(TraduitRequete(text, Chercheur()));
+}
+
+std::unique_ptr<Recordset> SqliteDatabase::Ouvre(const Selection& selection) {
   if (selection.table == nullptr) return LitEnMemoire(selection);
   const auto number = static_cast<std::size_t>(selection.table->Numero());
   return OuvreTable(connection_->Tables()[number], selection.condition, selection.order);

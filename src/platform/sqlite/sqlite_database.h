@@ -44,6 +44,8 @@ class SqliteDatabase : public Database {
   std::shared_ptr<TableState> Declare(TableDef definition);
   /// The table that a statement names, ready to be read; null when there is none.
   virtual TableState* Trouve(std::string_view name);
+  /// The rows of a query that a file keeps.
+  std::unique_ptr<Recordset> OuvreRequete(std::string_view text);
   /// The fields of a table that columns name; InvalidArgument, ItemNotFound for wrong ones.
   static std::vector<int> ChampsDe(const TableState& table,
                                    std::span<const std::string_view> columns);
@@ -55,6 +57,7 @@ class SqliteDatabase : public Database {
   void ChargeDefinitions();
   TableFinder Chercheur();
   std::shared_ptr<TableState> TrouveTable(std::string_view name);
+  std::unique_ptr<Recordset> Ouvre(const Selection& selection);
   std::unique_ptr<Recordset> OuvreTable(std::shared_ptr<TableState> table,
                                         const std::string& condition,
                                         const std::vector<OrderTerm>& order);

@@ -4,7 +4,9 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -14,11 +16,18 @@
 #include "common/talpena_error.h"
 #include "platform/foreign/jet_files.h"
 #include "platform/foreign/jet_format.h"
+#include "platform/foreign/written_files.h"
 
 namespace talpena {
 namespace {
 
 using namespace test;
+
+/// Times that each file is damaged; TALPENA_DAMAGE=170 makes a thousand of them.
+const int roundsOfDamage = [] {
+  const char* asked = std::getenv("TALPENA_DAMAGE");
+  return asked == nullptr ? 20 : std::max(std::atoi(asked), 1);
+}();
 
 class JetReaderDamage : public testing::Test {
  protected:
@@ -210,23 +219,40 @@ TEST_F(JetReaderDamage, WhoWaitsIsCalledAndEndsTheReading) {
   EXPECT_TRUE(database->Rows("Table1")->Suivante(cells)) << "it can be read anew";
 }
 
+/// Files of all kinds that are read, and one that the program wrote.
+std::vector<std::string> Fichiers(const TempFolder& folder) {
+  std::vector<std::string> files;
+  for (const char* name : {"testV1997.mdb", "DateTestDatabase.mdb", "fixedTextTestV2000.mdb",
+                           "queryTestV1997.mdb", "queryTestV2003.mdb"}) {
+    files.push_back(Lis(mdbFolder / name));
+  }
+  const WrittenFile written(folder / "written.mdb");
+  std::vector<Row> rows = LignesExtremes();
+  for (Row& row : rows) row.back() = std::string(20'000, 'x');  // a memo on several pages
+  MadeRows source = Source(rows);
+  written.Ecrit(TousLesTypes(), source);
+  files.push_back(Lis(written.path));
+  return files;
+}
+
 // Every byte of a file may be any other: it is read, or it is damaged, and nothing else happens.
 TEST_F(JetReaderDamage, SurvivesChangedBytes) {
   NEEDS_SHARED_DATA();
+  const TempFolder folder;
+  const std::vector<std::string> files = Fichiers(folder);
   testing::internal::CaptureStderr();
   testing::internal::CaptureStdout();
   std::mt19937 random(1);
+  const LimitesJet impatient{.processus = {.silence = std::chrono::milliseconds(500)}};
   int damaged = 0;
-  for (const char* name : {"testV1997.mdb", "DateTestDatabase.mdb", "fixedTextTestV2000.mdb"}) {
-    const std::string whole = Lis(mdbFolder / name);
-    for (int round = 0; round < 40; ++round) {
+  for (const std::string& whole : files) {
+    for (int round = 0; round < roundsOfDamage; ++round) {
       std::string bytes = whole;
-      for (int k = 0; k <= round * 4; ++k) {
+      for (int k = 0; k <= round * 160 / roundsOfDamage; ++k) {
         const std::size_t at = 24 + random() % (bytes.size() - 24);
         bytes[at] = static_cast<char>(random());
       }
-      const int number =
-          NumeroDe(Ecris(bytes), {.processus = {.silence = std::chrono::milliseconds(500)}});
+      const int number = NumeroDe(Ecris(bytes), impatient);
       EXPECT_TRUE(number == 0 || number == ErrorNumber::UnrecognizedFormat) << number;
       if (number != 0) ++damaged;
     }

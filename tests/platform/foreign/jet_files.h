@@ -34,6 +34,7 @@ inline int NumeroDe(const std::string& path, const LimitesJet& limits = {}) {
     for (const TableDef& table : database->Tables()) {
       LitLignes(*database, table.name, table.fields.size());
     }
+    database->Queries();
   } catch (const TalpenaError& e) {
     return e.number();
   }

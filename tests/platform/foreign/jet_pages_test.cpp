@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "common/text.h"
 #include "platform/foreign/jet/index_keys.h"
 #include "platform/foreign/jet/text.h"
 #include "platform/foreign/jet_values.h"
@@ -107,22 +108,68 @@ TEST(JetIndexKeys, AreThoseOfExistingFiles) {
   EXPECT_GT(letters.size(), 50U);
 }
 
+struct IndexedText {
+  const char* file;
+  std::string_view text;
+};
+
+// Texts of indexed columns of tables and of the relationships: blanks, a hyphen, no weight at all.
+constexpr IndexedText indexedTexts[] = {
+    {"fixedTextTestV2000.mdb", "admin"},      {"fixedTextTestV2000.mdb", "CORE USER"},
+    {"fixedTextTestV2000.mdb", "Admin User"}, {"fixedTextTestV2000.mdb", "-1"},
+    {"fixedTextTestV2000.mdb", "N"},          {"indexTestV2003.mdb", "Table2Table1"},
+    {"indexTestV2003.mdb", "Table3Table1"},   {"DateTestDatabase.mdb", "MSysNavPaneGroups"},
+};
+
+/// The keys of all leaves of indexes.
+std::set<std::string> Cles(const std::string& file) {
+  std::set<std::string> keys;
+  for (std::size_t number = 0; number < file.size() / pageBytes; ++number) {
+    const std::string leaf = Page(file, number);
+    if (!leaf.starts_with("\4\1"sv) || Nombre(leaf, 20, 2) != 0) continue;
+    std::size_t start = 0;
+    for (std::size_t i = 1; i < (0x1E0 - 0x1B) * 8; ++i) {
+      if ((static_cast<unsigned char>(leaf[0x1B + i / 8]) >> i % 8 & 1) == 0) continue;
+      if (i > start + 4) keys.insert(leaf.substr(0x1E0 + start, i - start - 4));
+      start = i;
+    }
+  }
+  return keys;
+}
+
+TEST(JetIndexKeys, AreThoseOfIndexedColumns) {
+  NEEDS_SHARED_DATA();
+  for (const IndexedText& c : indexedTexts) {
+    std::string key;
+    jet::AjouteCle(key, c.text);
+    EXPECT_TRUE(Cles(Lis(mdbFolder / c.file)).contains(key)) << c.text << " in " << c.file;
+  }
+}
+
 struct KeyCase {
   const char* name;
   std::string_view text;
   std::string_view key;
 };
 
-// By the published weights of the Windows order: letters, then accents, then hyphens.
+// By the published weights of the order "General": letters, then accents, then hyphens.
 // clang-format off
 constexpr KeyCase keyCases[] = {
     {"empty",                "",     "\x7F\x01\x00"sv},
-    {"no regard to case",    "aA",   "\x7F\x4A\x4A\x01\x00"sv},
+    {"no regard to case",    "aAœŒ", "\x7F\x4A\x4A\x64\x51\x64\x51\x01\x00"sv},
     {"an accent",            "é",    "\x7F\x51\x01\x0E\x00"sv},
     {"an accent behind",     "abé",  "\x7F\x4A\x4C\x51\x01\x02\x02\x0E\x00"sv},
     {"nothing behind it",    "éab",  "\x7F\x51\x4A\x4C\x01\x0E\x00"sv},
-    {"a ligature",           "æ",    "\x7F\x4A\x51\x01\x00"sv},
+    {"two letters in one",   "æ",    "\x7F\x4A\x51\x01\x00"sv},
+    {"one character to the accents", "æé", "\x7F\x4A\x51\x51\x01\x02\x0E\x00"sv},
     {"a hyphen",             "a-b",  "\x7F\x4A\x4C\x01\x01\x01\x01\x80\x0B\x06\x82\x00"sv},
+    {"two of them",          "a-'b", "\x7F\x4A\x4C\x01\x01\x01\x01\x80\x0B\x06\x82\x80\x0B\x06\x80\x00"sv},
+    {"an accent and a dash", "é–",   "\x7F\x51\x01\x0E\x01\x01\x01\x80\x0B\x06\x89\x00"sv},
+    {"capital y diaeresis",  "ÿŸ",   "\x7F\x76\x76\x01\x13\x13\x00"sv},
+    {"thorn and eth",        "þÐ",   "\x7F\x6D\x57\x4F\x01\x02\x68\x00"sv},
+    {"signs",                "€™ƒ",  "\x7F\x35\xA1\x6E\x04\x53\x01\x02\x02\x7B\x00"sv},
+    {"blanks at the end",    "a b  ", "\x7F\x4A\x07\x4C\x01\x00"sv},
+    {"beyond the code page", "Ł?",   "\x7F\x24\x24\x01\x00"sv},
 };
 // clang-format on
 
@@ -137,6 +184,18 @@ TEST(JetIndexKeys, SortAsTheTextsDo) {
   std::string after;
   jet::AjouteCle(after, std::int32_t{1});
   EXPECT_LT(before, after);
+}
+
+TEST(JetIndexKeys, EveryCharacterOfTheCodePageCounts) {
+  constexpr std::string_view none = "\x7F\x01\x00"sv;
+  constexpr std::string_view undefined = "\x7F\x81\x8D\x8F\x90\x9D";
+  for (int code = '!'; code <= 0xFF; ++code) {
+    const char byte = static_cast<char>(code);
+    if (undefined.find(byte) != std::string_view::npos) continue;
+    std::string key;
+    jet::AjouteCle(key, Cp1252VersUtf8(std::string_view(&byte, 1)));
+    EXPECT_NE(key, none) << code;
+  }
 }
 
 TEST(JetCatalogue, IsIndexedInOrder) {

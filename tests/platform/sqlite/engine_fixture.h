@@ -17,17 +17,19 @@ namespace talpena::enginetest {
 
 using test::TalpenaDef;
 
-/// Number and description of the failure that a body ends with; 0 and "" without one.
+/// Number, description and the text of its own of the failure that a body ends with; 0 and ""
+/// without one.
 struct Failure {
   int number = 0;
-  std::string description;
+  std::string description = {};
+  int text = 0;
 };
 
 inline Failure FailureOf(const std::function<void()>& body) {
   try {
     body();
   } catch (const TalpenaError& error) {
-    return {error.number(), error.description()};
+    return {error.number(), error.description(), error.words().text};
   }
   return {};
 }

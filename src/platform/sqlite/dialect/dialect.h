@@ -41,6 +41,9 @@ struct Change {
 // function (3085), a query too complex (3360), text behind the end (3142).
 
 Selection TraduitSelect(std::string_view statement, const TableFinder& tables);
+/// A query that a file keeps: also several SELECTs with UNION between them. A statement made of
+/// what a user typed is none: behind his condition nothing more can follow.
+Selection TraduitRequete(std::string_view statement, const TableFinder& tables);
 Change TraduitChangement(std::string_view statement, const TableFinder& tables);
 
 /// A condition over one table, its columns by their names.

@@ -54,18 +54,6 @@ const Operator* OperateurDe(const Token& token) {
   return nullptr;
 }
 
-// Words that begin something else, so that no column bears them without brackets.
-bool EstReserve(std::string_view word) {
-  static constexpr std::array<std::string_view, 27> words = {
-      "SELECT", "FROM", "WHERE", "GROUP", "HAVING", "ORDER",  "UNION",   "AND", "OR",
-      "NOT",    "XOR",  "EQV",   "IMP",   "MOD",    "LIKE",   "BETWEEN", "IN",  "IS",
-      "AS",     "ON",   "INNER", "JOIN",  "SET",    "VALUES", "INTO",    "ASC", "DESC"};
-  for (const std::string_view reserved : words) {
-    if (reserved == word) return true;
-  }
-  return false;
-}
-
 /// A chain of one operator, without parentheses round its left part: a long list of conditions
 /// must not nest.
 Expression Chaine(std::string left, Outer outer, std::string_view op, std::string_view right,
@@ -329,60 +317,6 @@ Expression DialectParser::LitPrimaire() {
       break;
   }
   Syntaxe();
-}
-
-Expression DialectParser::LitColonneOuFonction() {
-  if (Ici().kind == Token::Kind::Word) {
-    if (Mot("TRUE")) return LitteralNombre(-1);
-    if (Mot("FALSE")) return LitteralNombre(0);
-    if (Mot("NULL")) {
-      Expression e;
-      e.sql = "NULL";
-      e.kind = ValueKind::Null;
-      return e;
-    }
-    if (Apres().kind == Token::Kind::Symbol && Apres().text == "(") {
-      const std::string name = Nom();
-      return LitFonction(name);
-    }
-    if (EstReserve(Ici().text)) Syntaxe();
-  }
-  std::string name = Nom();
-  if (!EstSymbole(".") && !EstSymbole("!")) return Colonne({}, name);
-  Passe();
-  const std::string qualifier = std::move(name);
-  name = Nom();
-  return Colonne(qualifier, name);
-}
-
-Expression DialectParser::Colonne(const std::string& qualifier, const std::string& name) const {
-  Expression result;
-  for (const Source& source : sources_) {
-    if (!qualifier.empty() && !source.numbered && !MemeNom(source.alias, qualifier)) continue;
-    for (std::size_t i = 0; i < source.fields->size(); ++i) {
-      const FieldDef& field = (*source.fields)[i];
-      if (!MemeNom(field.name, name)) continue;
-      if (result.column != nullptr && !source.numbered) {
-        throw TalpenaError(ErrorNumber::AmbiguousField,
-                           "The specified field '" + name +
-                               "' could refer to more than one table listed in the FROM "
-                               "clause of your SQL statement.",
-                           {.about = {name}});
-      }
-      if (result.column != nullptr) continue;
-      result.column = &field;
-      result.field = static_cast<int>(i);
-      result.sql = source.ColonneSql(result.field);
-    }
-  }
-  if (result.column == nullptr) {
-    SiIllisible();
-    throw TalpenaError(ErrorNumber::TooFewParameters,
-                       "Too few parameters. Expected 1: there is no field '" + name + "'.",
-                       {.about = {name}});
-  }
-  result.kind = GenreDe(result.column->type);
-  return result;
 }
 
 }  // namespace talpena::sqlite

@@ -38,6 +38,7 @@ constexpr ScalarFunction scalarFunctions[] = {
     {"CINT",   "tlp_cint",    "N",   ValueKind::Number},
     {"CLNG",   "tlp_clng",    "N",   ValueKind::Number},
     {"CDBL",   "tlp_cdbl",    "N",   ValueKind::Number},
+    {"CCUR",   "tlp_ccur",    "N",   ValueKind::Number},
     {"CSNG",   "tlp_single",  "N",   ValueKind::Single},
     {"INT",    "tlp_int",     "N",   ValueKind::Number},
     {"FIX",    "tlp_fix",     "N",   ValueKind::Number},
@@ -132,8 +133,8 @@ Expression DialectParser::LitFonction(const std::string& typed) {
   if (name == "CHOOSE") return LitChoix();
   const auto found = std::find_if(std::begin(scalarFunctions), std::end(scalarFunctions),
                                   [&](const ScalarFunction& f) { return f.name == name; });
-  static constexpr std::array<std::string_view, 5> others = {"ISNULL", "NZ", "CSTR", "INSTR",
-                                                             "SPACE"};
+  static constexpr std::array<std::string_view, 6> others = {"ISNULL", "NZ",    "CSTR",
+                                                             "INSTR",  "SPACE", "FORMAT"};
   if (found == std::end(scalarFunctions) &&
       std::find(others.begin(), others.end(), name) == others.end()) {
     SiIllisible();
@@ -154,6 +155,7 @@ Expression DialectParser::LitFonction(const std::string& typed) {
     return Appel(InStrSql(args), ValueKind::Number, args);
   }
   if (name == "NZ") return LitNz(args);
+  if (name == "FORMAT") return LitFormat(args);
   if (args.size() != 1) Syntaxe();
   if (name == "ISNULL") {
     return Appel("(" + EnValeurSql(args[0]) + " IS NULL)", ValueKind::Logical, args);
@@ -162,6 +164,17 @@ Expression DialectParser::LitFonction(const std::string& typed) {
     return Appel("tlp_string(" + EnNombre(args[0]) + ", ' ')", ValueKind::Text, args);
   }
   return Appel(EnTexte(args[0]), ValueKind::Text, args);  // CStr
+}
+
+// Format(x): as CStr. Format(x, picture): a date and a number are told apart by what they were, a
+// text by the picture.
+Expression DialectParser::LitFormat(const std::vector<Expression>& args) {
+  if (args.empty() || args.size() > 2) Syntaxe();
+  if (args.size() == 1) return Appel(EnTexteSansNull(args[0]), ValueKind::Text, args);
+  const bool date = args[0].kind == ValueKind::Date;
+  return Appel("tlp_format(" + EnValeurSql(args[0]) + ", " + EnTexteSansNull(args[1]) +
+                   (date ? ", 1)" : ", 0)"),
+               ValueKind::Text, args);
 }
 
 // Nz(x): the empty text in the place of a Null text, 0 in that of a Null number.

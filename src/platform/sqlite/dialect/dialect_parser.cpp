@@ -88,6 +88,10 @@ Selection TraduitSelect(std::string_view statement, const TableFinder& tables) {
   return DialectParser(statement, tables).Select();
 }
 
+Selection TraduitRequete(std::string_view statement, const TableFinder& tables) {
+  return DialectParser(statement, tables).Requete();
+}
+
 Change TraduitChangement(std::string_view statement, const TableFinder& tables) {
   return DialectParser(statement, tables).Changement();
 }

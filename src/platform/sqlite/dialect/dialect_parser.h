@@ -47,11 +47,25 @@ struct Source {
   std::string ColonneSql(int field) const;
 };
 
+/// One SELECT, read as far as its groups.
+struct SelectPart {
+  std::vector<Expression> items;
+  std::vector<FieldDef> fields;
+  std::string from;
+  std::string condition;
+  std::string groups;
+  bool distinct = false;
+  bool whole = false;               ///< all columns of one table, in their order
+  std::optional<std::int64_t> top;  ///< so many of the first rows
+  bool percent = false;             ///< or such a part of them
+};
+
 class DialectParser {
  public:
   DialectParser(std::string_view statement, TableFinder tables);
 
   Selection Select();
+  Selection Requete();
   Change Changement();
   std::string Condition(Source source);
 
@@ -78,32 +92,38 @@ class DialectParser {
   Expression Lit(int minimum = 0);
   Expression LitPrefixe();
   Expression LitPrimaire();
-  Expression LitColonneOuFonction();
-  Expression Colonne(const std::string& qualifier, const std::string& name) const;
   bool LitSuite(Expression& left, int minimum);
   bool LitComparaison(Expression& left);
   Expression LitAppartenance(Expression left, bool negated);
   Expression LitEncadrement(Expression left, bool negated);
+
+  // dialect_names.cpp
+  Expression LitColonneOuFonction();
+  std::optional<double> LitConstante();
+  bool EstColonne(std::string_view name) const;
+  const Expression* Nommee(std::string_view name) const;
+  Expression Colonne(const std::string& qualifier, const std::string& name) const;
 
   // dialect_functions.cpp
   Expression LitFonction(const std::string& name);
   Expression LitAgregat(std::string_view sqlName);
   std::vector<Expression> LitArguments();
   Expression LitNz(const std::vector<Expression>& args);
+  Expression LitFormat(const std::vector<Expression>& args);
   Expression LitSi();
   Expression LitSuiteDeCas();
   Expression LitChoix();
 
   // dialect_select.cpp
+  SelectPart LitPartie();
+  void LitTop(SelectPart& part);
   void AvanceJusquaFrom();
   bool EstToutesColonnes() const;
-  static std::string EcritSelect(const Selection& selection, const std::vector<Expression>& items,
-                                 const std::string& from, const std::string& groups, bool distinct);
   void LitFrom(std::string& from);
   void LitJointures(std::string& from);
   void LitTable(std::string& from);
   void AjouteSource(const std::string& name, const std::string& alias);
-  void LitListe(std::vector<Expression>& items, std::vector<FieldDef>& fields);
+  void LitListe(SelectPart& part);
   void AjouteToutes(const std::string& qualifier, std::vector<Expression>& items,
                     std::vector<FieldDef>& fields);
   std::string LitCondition();
@@ -113,6 +133,10 @@ class DialectParser {
   static OrderTerm Terme(const Expression& e);
   std::string LitGroupes();
   TableState* TrouveTable(const std::string& name) const;
+
+  // dialect_compound.cpp
+  Selection Simple(SelectPart part);
+  Selection Union(SelectPart first);
 
   // dialect_change.cpp
   Change LitDelete();
@@ -129,7 +153,9 @@ class DialectParser {
   std::size_t expressionStart_ = 0;  ///< for messages: where the user's expression begins
   int depth_ = 0;
   bool aggregatesAllowed_ = false;
-  std::string clause_ = "WHERE";  ///< being read, for messages
+  bool unionAllowed_ = false;
+  const SelectPart* list_ = nullptr;  ///< whose list is being read
+  std::string clause_ = "WHERE";      ///< being read, for messages
   std::vector<Source> sources_;
 };
 

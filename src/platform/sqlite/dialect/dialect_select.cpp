@@ -1,5 +1,6 @@
 // SELECT.
 #include <algorithm>
+#include <cmath>
 
 #include "platform/sqlite/dialect/dialect_parser.h"
 #include "platform/sqlite/errors.h"
@@ -27,56 +28,41 @@ TableState* DialectParser::TrouveTable(const std::string& name) const {
 }
 
 // The list of columns stands before the tables that its names belong to: FROM is read first.
-Selection DialectParser::Select() {
+SelectPart DialectParser::LitPartie() {
+  SelectPart part;
+  sources_.clear();
   ExigeMot("SELECT");
-  bool distinct = Mot("DISTINCT");
-  if (!distinct && !Mot("ALL")) Mot("DISTINCTROW");
+  part.distinct = Mot("DISTINCT");
+  if (!part.distinct && !Mot("ALL")) Mot("DISTINCTROW");
+  LitTop(part);
   const std::size_t list = at_;
   AvanceJusquaFrom();
   const std::size_t fromPlace = at_++;
-  std::string from;
-  LitFrom(from);
+  LitFrom(part.from);
   const std::size_t rest = at_;
 
   at_ = list;
   const bool whole = sources_.size() == 1 && EstToutesColonnes();
-  std::vector<Expression> items;
-  Selection selection;
-  LitListe(items, selection.fields);
+  LitListe(part);
   if (at_ != fromPlace) Syntaxe();
   at_ = rest;
-  const bool plain = whole && items.size() == sources_[0].fields->size() && !distinct;
+  part.whole = whole && part.items.size() == sources_[0].fields->size();
 
-  selection.condition = LitCondition();
-  const std::string groups = LitGroupes();
-  selection.order = LitOrdre(items, selection.fields, !groups.empty());
-  ExigeFin();
-  if (plain && groups.empty()) {
-    selection.table = sources_[0].table;
-    selection.fields = selection.table->Definition().fields;
-    return selection;
-  }
-  selection.sql = EcritSelect(selection, items, from, groups, distinct);
-  return selection;
+  part.condition = LitCondition();
+  part.groups = LitGroupes();
+  return part;
 }
 
-std::string DialectParser::EcritSelect(const Selection& selection,
-                                       const std::vector<Expression>& items,
-                                       const std::string& from, const std::string& groups,
-                                       bool distinct) {
-  std::string sql = distinct ? "SELECT DISTINCT " : "SELECT ";
-  for (std::size_t i = 0; i < items.size(); ++i) {
-    sql += (i == 0 ? "" : ", ") + (distinct ? AvecOrdre(items[i]) : items[i].sql) + " AS k" +
-           std::to_string(i);
-  }
-  sql += " FROM " + from;
-  if (!selection.condition.empty()) sql += " WHERE " + selection.condition;
-  sql += groups;
-  for (std::size_t i = 0; i < selection.order.size(); ++i) {
-    const OrderTerm& term = selection.order[i];
-    sql += (i == 0 ? " ORDER BY " : ", ") + term.sql + (term.descending ? " DESC" : "");
-  }
-  return sql;
+// TOP 10, TOP 5 PERCENT. A column may bear the name as well.
+void DialectParser::LitTop(SelectPart& part) {
+  if (!EstMot("TOP") || Apres().kind != Token::Kind::Number) return;
+  Passe();
+  const double count = Ici().number;
+  if (!(count >= 0 && count <= 2147483647 && count == std::floor(count))) Syntaxe();
+  Passe();
+  part.top = static_cast<std::int64_t>(count);
+  part.percent = Mot("PERCENT");
+  if (part.percent && count > 100) Syntaxe();
 }
 
 void DialectParser::AvanceJusquaFrom() {
@@ -169,9 +155,12 @@ void DialectParser::AjouteSource(const std::string& name, const std::string& ali
   sources_.push_back(std::move(source));
 }
 
-void DialectParser::LitListe(std::vector<Expression>& items, std::vector<FieldDef>& fields) {
+void DialectParser::LitListe(SelectPart& part) {
+  std::vector<Expression>& items = part.items;
+  std::vector<FieldDef>& fields = part.fields;
   clause_ = "SELECT";
   aggregatesAllowed_ = true;
+  list_ = &part;
   do {
     if (Symbole("*")) {
       AjouteToutes({}, items, fields);
@@ -196,6 +185,7 @@ void DialectParser::LitListe(std::vector<Expression>& items, std::vector<FieldDe
     fields.push_back(ChampDe(e, name));
     items.push_back(std::move(e));
   } while (Symbole(","));
+  list_ = nullptr;
   aggregatesAllowed_ = false;
   if (items.size() > 255) {
     throw TalpenaError(ErrorNumber::TooManyFields, "Too many fields defined.");
@@ -223,10 +213,9 @@ std::string DialectParser::LitCondition() {
   expressionStart_ = Ici().start;
   std::string sql = EnConditionSql(Lit());
   // What cannot follow a condition is part of the user's mistake in it.
-  if (!EstMot("GROUP") && !EstMot("HAVING") && !EstMot("ORDER") && !EstSymbole(";") &&
-      Ici().kind != Token::Kind::End) {
-    Syntaxe();
-  }
+  const bool goesOn =
+      EstMot("GROUP") || EstMot("HAVING") || EstMot("ORDER") || (unionAllowed_ && EstMot("UNION"));
+  if (!goesOn && !EstSymbole(";") && Ici().kind != Token::Kind::End) Syntaxe();
   expressionStart_ = 0;
   return sql;
 }

@@ -68,6 +68,7 @@ void EnregistreFonctions(Connection& connection) {
   Enregistre<Range>(connection, "tlp_store", 3);
   EnregistreFonctionsTexte(connection);
   EnregistreFonctionsNombre(connection);
+  EnregistreFormat(connection);
   EnregistreAgregats(connection);
 }
 

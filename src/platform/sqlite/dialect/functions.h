@@ -9,6 +9,7 @@ class Connection;
 void EnregistreFonctions(Connection& connection);
 void EnregistreFonctionsTexte(Connection& connection);
 void EnregistreFonctionsNombre(Connection& connection);
+void EnregistreFormat(Connection& connection);
 void EnregistreAgregats(Connection& connection);
 
 }  // namespace talpena::sqlite

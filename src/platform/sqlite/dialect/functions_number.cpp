@@ -95,6 +95,14 @@ void EnEntier(FunctionCall& call) {
   call.Rend(value);
 }
 
+void EnMonnaie(FunctionCall& call) {
+  constexpr double unit = 10000, largest = 922337203685477.5807;
+  if (call.UnNull()) return call.RendNull();
+  const double value = call.Reel(0);
+  if (!(std::abs(value) <= largest)) return call.Echoue(Debordement());
+  call.Rend(std::nearbyint(value * unit) / unit);
+}
+
 void Divise(FunctionCall& call) {
   if (call.UnNull()) return call.RendNull();
   if (call.Reel(1) == 0) return call.Echoue(DivisionParZero());
@@ -154,6 +162,7 @@ void EnregistreFonctionsNombre(Connection& connection) {
   Enregistre<Numerique>(connection, "tlp_num", 1);
   Enregistre<Simple>(connection, "tlp_single", 1);
   Enregistre<Reelle<Identique>>(connection, "tlp_cdbl", 1);
+  Enregistre<EnMonnaie>(connection, "tlp_ccur", 1);
   Enregistre<EnLong>(connection, "tlp_clng", 1);
   Enregistre<EnEntier>(connection, "tlp_cint", 1);
   Enregistre<Reelle<Int>>(connection, "tlp_int", 1);

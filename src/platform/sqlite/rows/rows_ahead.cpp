@@ -22,7 +22,7 @@ constexpr std::size_t LargestBuffer = 64 << 10;
 constexpr std::int64_t FewestRows = 256;
 /// Rows of the table for one of the list, up to which going through the table is quicker than
 /// looking up each.
-constexpr std::int64_t WidestSpread = 4;
+constexpr std::int64_t WidestWalk = 4;
 
 /// In front of the cells of a row.
 struct RecordHead {
@@ -47,7 +47,7 @@ std::unique_ptr<RowsAhead> RowsAhead::Lit(Connection& connection, const TableSta
   try {
     const std::int64_t all = UnNombre(connection, "SELECT count(*) FROM " + table.NomSql());
     const std::int64_t bytes = OctetsDe(connection);
-    if (all > WidestSpread * rows.Vivants() ||
+    if (all > WidestWalk * rows.Vivants() ||
         bytes > PartBytes * static_cast<std::int64_t>(MostParts)) {
       return nullptr;
     }

@@ -10,7 +10,7 @@ namespace talpena::sqlite {
 namespace {
 
 /// Keys per row up to which a walk over all keys is worth it.
-constexpr std::int64_t WidestSpread = 4;
+constexpr std::int64_t WidestPass = 4;
 
 /// A pass on its way: runs the statement block by block and tells how far it came.
 class Passe {
@@ -87,7 +87,7 @@ std::optional<std::pair<std::int64_t, std::int64_t>> TableRecordset::EtendueDeTo
                                          one("max(" + table_->CleSql() + ")"));
   if (!table.Avance() || table.Entier(0) != rows_->Vivants() || table.EstNull(1)) return {};
   const std::int64_t first = table.Entier(1), last = table.Entier(2);
-  if (last - first > WidestSpread * rows_->Vivants()) return {};
+  if (last - first > WidestPass * rows_->Vivants()) return {};
   return std::pair(first, last);
 }
 
