@@ -1,7 +1,6 @@
 // Choosing rows and columns in the grid, by mouse and keyboard.
 #include <gtest/gtest.h>
 
-
 #include "store/edition.h"
 #include "store/row_commands.h"
 #include "store/sort.h"
