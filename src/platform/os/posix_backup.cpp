@@ -1,6 +1,5 @@
 #include "platform/os/posix_backup.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <stdio.h>
 #include <sys/file.h>
@@ -9,13 +8,13 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <memory>
 
 #include "common/text.h"
 #include "platform/os/left_overs.h"
 #include "platform/os/posix_error.h"
 #include "platform/os/posix_output.h"
 #include "platform/os/posix_paths.h"
+#include "platform/os/posix_side_folder.h"
 
 namespace talpena {
 namespace {
@@ -29,14 +28,6 @@ bool EstDossier(const std::string& path) {
 
 void VerifieEcriture(const std::string& folder, const std::string& path) {
   if (faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) != 0) LanceErreurFichier(errno, path);
-}
-
-std::vector<std::string> NomsDe(const std::string& folder) {
-  std::vector<std::string> names;
-  const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
-  if (entries == nullptr) return names;
-  while (const dirent* entry = readdir(entries.get())) names.emplace_back(entry->d_name);
-  return names;
 }
 
 /// Opens a left-over, with as many rights as there are.
@@ -115,7 +106,8 @@ std::vector<LeftOver> RestesPosix(const std::string& path) {
   const std::string wanted = NomDansDossier(target);
   const std::string before = target.substr(0, target.size() - wanted.size());
   for (const std::string& name : NomsDe(DossierParent(target))) {
-    if (EstTemporaireDe(name, wanted)) found.push_back({before + name, EstNomEntier(name)});
+    if (EstTemporaireDe(name, wanted) && !EstDossier(before + name))
+      found.push_back({before + name, EstNomEntier(name)});
   }
   std::stable_partition(found.begin(), found.end(), [](const LeftOver& l) { return l.entier; });
   return found;
@@ -125,9 +117,13 @@ void SupprimeRestesPosix(const std::string& folder) {
   std::vector<std::string> names = NomsDe(folder);
   const auto standing = std::partition(names.begin(), names.end(), EstNomTemporaire);
   for (auto reste = names.begin(); reste != standing; ++reste) {
-    if (std::any_of(standing, names.end(),
-                    [&](const std::string& name) { return EstTemporaireDe(*reste, name); })) {
-      SupprimeSiAbandonne(folder + "/" + *reste);
+    const std::string path = folder + "/" + *reste;
+    if (EstDossier(path)) {
+      SupprimeDossierAbandonne(path);
+    } else if (std::any_of(standing, names.end(), [&](const std::string& name) {
+                 return EstTemporaireDe(*reste, name);
+               })) {
+      SupprimeSiAbandonne(path);
     }
   }
 }
