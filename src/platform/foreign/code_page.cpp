@@ -1,0 +1,166 @@
+#include "platform/foreign/code_page.h"
+
+#include <unicode/ucnv.h>
+
+#include <algorithm>
+#include <iterator>
+#include <memory>
+
+#include "common/msg_id_errors.h"
+#include "common/talpena_error.h"
+#include "common/text.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::string_view replacement = "\xEF\xBF\xBD";  // U+FFFD
+
+struct Converter {
+  int number;
+  const char* name;
+};
+
+// clang-format off
+constexpr Converter converters[] = {
+    {437, "cp437"}, {850, "cp850"}, {852, "cp852"}, {866, "cp866"},
+    {1250, "windows-1250"}, {1251, "windows-1251"}, {1252, "windows-1252"},
+    {1253, "windows-1253"}, {1254, "windows-1254"},
+};
+// clang-format on
+
+struct Correction {
+  int number;
+  unsigned char byte;
+  std::string_view character;
+};
+
+/// Where the converters differ from the tables that Unicode publishes for these code pages.
+constexpr Correction corrections[] = {
+    {437, 0xE6, "\u00B5"}, {852, 0xAA, "\u00AC"}, {1253, 0xAA, replacement}};
+
+const char* ConvertisseurDe(int number) {
+  const auto* const found = std::ranges::find(converters, number, &Converter::number);
+  return found == std::end(converters) ? nullptr : found->name;
+}
+
+TalpenaError PageInconnue(int number) {
+  return {ErrorNumber::InvalidArgument,
+          "Invalid argument: code page " + std::to_string(number) + " is not known.",
+          {}};
+}
+
+/// The converters give controls, and places that are nobody's, where a code page has nothing.
+bool SansSens(UChar32 c) {
+  const bool control = c >= 0x80 && c < 0xA0, privateUse = c >= 0xE000 && c < 0xF900;
+  return control || privateUse || c == 0xFFFD;
+}
+
+std::array<std::string, 128> MoitieHaute(int number) {
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(
+      ucnv_open(ConvertisseurDe(number), &status), &ucnv_close);
+  if (U_FAILURE(status)) throw PageInconnue(number);
+  std::array<std::string, 128> upper;
+  for (std::size_t i = 0; i < upper.size(); ++i) {
+    const char byte = static_cast<char>(0x80 + i);
+    const char* from = &byte;
+    status = U_ZERO_ERROR;
+    const UChar32 c = ucnv_getNextUChar(converter.get(), &from, from + 1, &status);
+    std::array<char, U8_MAX_LENGTH> bytes{};
+    std::size_t length = 0;
+    if (U_FAILURE(status) || SansSens(c)) {
+      upper[i] = replacement;
+    } else {
+      U8_APPEND_UNSAFE(bytes.data(), length, c);
+      upper[i].assign(bytes.data(), length);
+    }
+  }
+  for (const Correction& correction : corrections) {
+    if (correction.number == number) upper[correction.byte - 0x80U] = correction.character;
+  }
+  return upper;
+}
+
+void AjouteUtf8(std::string& out, std::string_view bytes) {
+  if (EstUtf8(bytes)) {
+    out += bytes;
+    return;
+  }
+  while (!bytes.empty()) {
+    const std::string_view character = PremiersCaracteres(bytes, 1);
+    out += EstUtf8(character) ? character : replacement;
+    bytes.remove_prefix(character.size());
+  }
+}
+
+[[noreturn]] void RefuseCaractere(const std::string& character) {
+  throw TalpenaError(ErrorNumber::NotInCodePage,
+                     "The character '" + character + "' is not in code page 1252.",
+                     {.text = MsgId::TexteSansCaractere, .about = {character}});
+}
+
+/// The name of a control that stands in a text though its byte has no meaning.
+const char* ControleSansSens(char byte) {
+  switch (static_cast<unsigned char>(byte)) {
+    case 0x81:
+      return "U+0081";
+    case 0x8D:
+      return "U+008D";
+    case 0x8F:
+      return "U+008F";
+    case 0x90:
+      return "U+0090";
+    case 0x9D:
+      return "U+009D";
+    default:
+      return nullptr;
+  }
+}
+
+}  // namespace
+
+bool CodePage::Connue(int number) { return number == utf8 || ConvertisseurDe(number) != nullptr; }
+
+CodePage::CodePage(int number) : number_(number) {
+  if (!Connue(number)) throw PageInconnue(number);
+  if (number != utf8) upper_ = MoitieHaute(number);
+}
+
+void CodePage::Ajoute(std::string& out, std::string_view bytes) const {
+  if (EstAscii(bytes)) {
+    out += bytes;
+  } else if (number_ == utf8) {
+    AjouteUtf8(out, bytes);
+  } else {
+    for (const char byte : bytes) {
+      const auto value = static_cast<unsigned char>(byte);
+      if (value < 0x80) {
+        out += byte;
+      } else {
+        out += upper_[value - 0x80U];
+      }
+    }
+  }
+}
+
+std::string CodePage::EnUtf8(std::string_view bytes) const {
+  std::string out;
+  Ajoute(out, bytes);
+  return out;
+}
+
+void AjouteEn1252(std::string& out, std::string_view utf8) {
+  if (EstAscii(utf8)) {
+    out += utf8;
+    return;
+  }
+  std::string missing;
+  const auto bytes = Utf8VersCp1252(utf8, &missing);
+  if (!bytes) RefuseCaractere(missing);
+  for (const char byte : *bytes) {
+    if (const char* const name = ControleSansSens(byte)) RefuseCaractere(name);
+  }
+  out += *bytes;
+}
+
+}  // namespace talpena
