@@ -4,7 +4,7 @@
 
 namespace talpena {
 
-std::unique_ptr<SideFolder> FileSystem::CreeDossierACote(const std::string& path, bool) {
+std::unique_ptr<SideFolder> FileSystem::CreeDossierACote(const std::string& path) {
   throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: " + path,
                      {.about = {path}});
 }

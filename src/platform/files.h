@@ -87,9 +87,10 @@ class FileSystem {
                                                 [[maybe_unused]] const NewFile& wanted) {
     return Cree(path);
   }
-  /// A folder beside `path`, or, where that is a link and `suitLien` says so, beside the file that
-  /// it leads to. What was left of others goes as by SupprimeRestes.
-  virtual std::unique_ptr<SideFolder> CreeDossierACote(const std::string& path, bool suitLien);
+  /// A folder beside `path`. What was left of others goes as by SupprimeRestes.
+  virtual std::unique_ptr<SideFolder> CreeDossierACote(const std::string& path);
+  /// The path behind all links at the end of a path; the file itself need not be there.
+  virtual std::string SansLiens(const std::string& path) { return path; }
   virtual void Supprime(const std::string& path) = 0;
   /// True when nothing is there, or an ordinary file of this user's own that no program holds
   /// locked: what may be deleted without asking whose it is. A link, a pipe and a folder never are.

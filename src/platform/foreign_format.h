@@ -12,12 +12,14 @@ namespace talpena {
 /// How a format is asked for. Regard is paid neither to letter case nor to what stands behind the
 /// first semicolon.
 namespace Connect {
-inline constexpr std::string_view Access;                     ///< ""
-inline constexpr std::string_view DBase4 = "dBase IV;";       ///< a folder of tables
-inline constexpr std::string_view FoxPro25 = "FoxPro 2.5;";   ///< a folder
-inline constexpr std::string_view Paradox3 = "Paradox 3.X;";  ///< a folder
-inline constexpr std::string_view Paradox4 = "Paradox 4.X;";  ///< a folder
-inline constexpr std::string_view Excel5 = "Excel 5.0;";      ///< a file
+inline constexpr std::string_view Access;                       ///< ""
+inline constexpr std::string_view DBase4 = "dBase IV;";         ///< a folder of tables
+inline constexpr std::string_view FoxPro25 = "FoxPro 2.5;";     ///< a folder
+inline constexpr std::string_view Paradox3 = "Paradox 3.X;";    ///< a folder
+inline constexpr std::string_view Paradox4 = "Paradox 4.X;";    ///< a folder
+inline constexpr std::string_view Excel5 = "Excel 5.0;";        ///< a file
+inline constexpr std::string_view GeoPackage = "GeoPackage;";   ///< a file
+inline constexpr std::string_view Excel12 = "Excel 12.0 Xml;";  ///< a file
 }  // namespace Connect
 
 /// True when two connect strings ask for the same format.

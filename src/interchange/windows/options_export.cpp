@@ -37,8 +37,8 @@ QLabel* Avis(QWidget* parent, const QString& name) {
 
 }  // namespace
 
-OptionsExport::OptionsExport(SharedState& state, Platform& io, QWidget* parent)
-    : QDialog(parent), state_(state), io_(io) {
+OptionsExport::OptionsExport(SharedState& state, Platform& io, ExportKind kind, QWidget* parent)
+    : QDialog(parent), state_(state), io_(io), kind_(kind) {
   setObjectName("OptionsExport");
   setModal(true);
   Construit();
@@ -132,7 +132,7 @@ void OptionsExport::Montre() {
 
 /// What a reader of the screen hears of a notice belongs to the control that brings it up.
 void OptionsExport::MontreAvis() {
-  const bool latitudes = IncludeField[latitudeBox]->isChecked();
+  const bool latitudes = kind_ == ExportKind::Text && IncludeField[latitudeBox]->isChecked();
   const bool xy = cmbSystem->currentData().toInt() > 0;
   lblSansSud->setVisible(latitudes);
   lblDatumXY->setVisible(xy);

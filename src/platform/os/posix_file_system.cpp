@@ -62,10 +62,15 @@ class PosixFileSystem final : public FileSystem {
     return CreeSortiePosix(place, attributes);
   }
 
-  std::unique_ptr<SideFolder> CreeDossierACote(const std::string& path, bool suitLien) override {
+  std::unique_ptr<SideFolder> CreeDossierACote(const std::string& path) override {
     VerifieChemin(path);
     SupprimeRestes(path);
-    return CreeDossierPosix(path, suitLien ? SuitLiens(path) : path);
+    return CreeDossierPosix(path);
+  }
+
+  std::string SansLiens(const std::string& path) override {
+    VerifieChemin(path);
+    return SuitLiens(path);
   }
 
   void Supprime(const std::string& path) override {

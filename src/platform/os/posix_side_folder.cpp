@@ -51,11 +51,10 @@ void ReprendAttributs(const std::string& from, const std::string& to) {
 
 class PosixSideFolder final : public SideFolder {
  public:
-  PosixSideFolder(const std::string& shown, const std::string& target)
-      : place_(DossierParent(target)) {
+  explicit PosixSideFolder(const std::string& path) : place_(DossierParent(path)) {
     if (place_.back() != '/') place_ += '/';
     for (int attempt = 0; attempt < attemptsForAFolder; ++attempt) {
-      path_ = VoisinTemporaire(target, NomDansDossier(target));
+      path_ = VoisinTemporaire(path, NomDansDossier(path));
       if (mkdir(path_.c_str(), modeDossier) == 0) {
         Verrouille();
         path_ += '/';
@@ -63,7 +62,7 @@ class PosixSideFolder final : public SideFolder {
       }
       if (errno != EEXIST) break;
     }
-    LanceErreurFichier(errno, shown);
+    LanceErreurFichier(errno, path);
   }
   PosixSideFolder(const PosixSideFolder&) = delete;
   PosixSideFolder& operator=(const PosixSideFolder&) = delete;
@@ -100,6 +99,8 @@ class PosixSideFolder final : public SideFolder {
 
   void MetDeCote(const std::string& name, const std::string& aside,
                  const std::vector<std::string>& files, std::vector<Move>& done) {
+    struct stat status {};
+    if (lstat((place_ + name).c_str(), &status) != 0) return;  // gone by itself
     Deplace(place_ + name, path_ + aside, done);
     if (std::binary_search(files.begin(), files.end(), name)) {
       ReprendAttributs(path_ + aside, path_ + name);
@@ -130,8 +131,8 @@ class PosixSideFolder final : public SideFolder {
 
 }  // namespace
 
-std::unique_ptr<SideFolder> CreeDossierPosix(const std::string& shown, const std::string& target) {
-  return std::make_unique<PosixSideFolder>(shown, target);
+std::unique_ptr<SideFolder> CreeDossierPosix(const std::string& path) {
+  return std::make_unique<PosixSideFolder>(path);
 }
 
 void SupprimeDossierAbandonne(const std::string& path) {

@@ -7,9 +7,9 @@
 
 namespace talpena {
 
-/// As FileSystem::CreeDossierACote says; `target` is the path behind the links to follow. Locked
-/// while it lives, so that other programs leave it alone.
-std::unique_ptr<SideFolder> CreeDossierPosix(const std::string& shown, const std::string& target);
+/// As FileSystem::CreeDossierACote says. Locked while it lives, so that other programs leave it
+/// alone.
+std::unique_ptr<SideFolder> CreeDossierPosix(const std::string& path);
 
 /// Removes such a folder that a killed program left, unless it holds former files.
 void SupprimeDossierAbandonne(const std::string& path);
