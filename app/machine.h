@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/foreign/dbase/dbase_format.h"
 #include "platform/foreign/jet_format.h"
 #include "platform/foreign_format.h"
 #include "platform/os/file_system.h"
@@ -18,6 +19,8 @@ namespace talpena {
 inline std::vector<std::unique_ptr<ForeignFormat>> TousLesFormats() {
   std::vector<std::unique_ptr<ForeignFormat>> formats;
   formats.push_back(CreeFormatJet());
+  formats.push_back(CreeFormatDbase());
+  formats.push_back(CreeFormatFoxPro());
   return formats;
 }
 

@@ -48,6 +48,9 @@ inline constexpr int EchecSansFichier = 381;    // "No file is open; open one or
 inline constexpr int EchecTablePresente = 390;  // "There is a table “%1” already; choose ..."
 inline constexpr int EchecLigneLongue = 391;    // "The values of a row are too long together; ..."
 inline constexpr int EchecNomDeTable = 392;  // "“%1” cannot be the name of a table; take at ..."
+inline constexpr int EchecNomDeColonne = 394;  // "“%1” cannot be the name of a column here; ..."
+inline constexpr int EchecNomsEgaux = 395;  // "The columns “%1” and “%2” would bear one ..."
+inline constexpr int EchecNomDeFichier = 396;  // "“%1” cannot be the name of a table here; ..."
 
 // Failures in words of their own.
 inline constexpr int EchecDeLigne = 359;       // "Line %1 of the file: %2"

@@ -40,7 +40,7 @@ class ForeignDatabase {
   /// All rows of a table, one cell per field of its definition, in file order. A date is a number
   /// of days (FieldType::Date) or a text "yyyy-mm-dd" or "yyyy-mm-dd hh:mm:ss".
   virtual std::unique_ptr<RowSource> Rows(std::string_view table) = 0;
-  /// How many there will be; -1 when only reading them tells.
+  /// How many there will be at most; -1 when only reading them tells.
   virtual std::int64_t NombreLignes(std::string_view table);
 
   // Writing. As they stand, both raise NotSupported (3251): the file is for reading.

@@ -21,6 +21,8 @@ class FolderOfTables {
   FolderOfTables(const std::string& path, std::string_view extension);
 
   const std::string& Dossier() const { return folder_; }
+  /// The file of one table was named.
+  bool EstUnSeul() const { return !named_.empty(); }
 
   /// The tables in the order of their names, each name once; that of the file alone when it was
   /// named. Raises DatabaseNotFound (3024), PermissionDenied (70) for a folder that cannot be

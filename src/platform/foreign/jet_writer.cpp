@@ -12,8 +12,8 @@
 
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "platform/foreign/errors.h"
 #include "platform/foreign/jet/catalogue.h"
-#include "platform/foreign/jet/errors.h"
 #include "platform/foreign/jet/header.h"
 #include "platform/foreign/jet/page_file.h"
 #include "platform/foreign/jet/properties.h"
@@ -39,16 +39,16 @@ double MaintenantEnJours() {
 /// Raises what is wrong with a table, before anything is written.
 void VerifieDefinition(const TableDef& table) {
   constexpr int longestText = 255;
-  if (!EstNomJet(table.name)) throw NomRefuse(table.name);
-  if (!table.indexes.empty()) throw NonEcrit("an index of a table in an Access file");
+  if (!EstNomJet(table.name)) throw foreign::NomRefuse(table.name);
+  if (!table.indexes.empty()) throw foreign::NonEcrit("an index of a table in an Access file");
   std::set<std::string> names;
   for (const FieldDef& field : table.fields) {
-    if (!EstNomJet(field.name)) throw NomRefuse(field.name);
+    if (!EstNomJet(field.name)) throw foreign::NomRefuse(field.name);
     const bool sized =
         field.type != FieldType::Text || (field.size >= 1 && field.size <= longestText);
-    if (!sized || !names.insert(Minuscules(field.name)).second) throw DefinitionRefusee();
+    if (!sized || !names.insert(Minuscules(field.name)).second) throw foreign::DefinitionRefusee();
   }
-  if (names.empty()) throw DefinitionRefusee();
+  if (names.empty()) throw foreign::DefinitionRefusee();
 }
 
 /// A table of the user's with the maps of its own pages.
@@ -99,7 +99,7 @@ class BaseEcrite final : public ForeignDatabase {
 
   void CreeTable(const TableDef& table) override {
     VerifieDefinition(table);
-    if (Trouve(table.name) != nullptr) throw TableExiste(table.name);
+    if (Trouve(table.name) != nullptr) throw foreign::TableExiste(table.name);
     const std::string properties = Proprietes(table.fields);
     tables_.emplace_back(file_, table);
     try {
@@ -160,11 +160,7 @@ std::unique_ptr<RowSource> BaseEcrite::Rows(std::string_view table) {
 
 std::int64_t BaseEcrite::InsereLignes(std::string_view table, RowSource& rows) {
   NewTable* const found = Trouve(table);
-  if (found == nullptr) {
-    throw TalpenaError(ErrorNumber::TableNotFound,
-                       "The database engine cannot find the table '" + std::string(table) + "'.",
-                       {.about = {std::string(table)}});
-  }
+  if (found == nullptr) throw foreign::TableIntrouvable(table);
   std::vector<Cell> cells(found->definition.fields.size());
   try {
     while (rows.Suivante(cells)) found->writer.Ajoute(cells);

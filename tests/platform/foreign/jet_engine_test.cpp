@@ -28,7 +28,7 @@ TableDef TableCourte() {
           .indexes = {}};
 }
 
-constexpr std::string_view columns[] = {"Latitude", "Sex", "Memo"};
+constexpr std::string_view rowColumns[] = {"Latitude", "Sex", "Memo"};
 
 TEST(JetEngine, MakesADatabaseAndReadsItBack) {
   const TempFolder folder;
@@ -38,7 +38,7 @@ TEST(JetEngine, MakesADatabaseAndReadsItBack) {
     const auto made = engine->CreateForeignDatabase(path, Connect::Access, NewDatabase{});
     made->CreateTable(TableCourte());
     MadeRows rows = Source({{-12.5, "m", "Bees / "}, {50.41234, "", ""}});
-    EXPECT_EQ(made->InsertRows("BEES", columns, rows), 2);
+    EXPECT_EQ(made->InsertRows("BEES", rowColumns, rows), 2);
     EXPECT_EQ(made->OpenRecordset("bees")->RecordCount(), 2) << "in the same database";
   }
   const auto opened = engine->OpenDatabase(path, true);
@@ -55,7 +55,8 @@ TEST(JetEngine, RowsBeforeATooLongValueStay) {
       engine->CreateForeignDatabase(folder / "bees.mdb", Connect::Access, NewDatabase{});
   made->CreateTable(TableCourte());
   MadeRows rows = Source({{1.0, "m", ""}, {2.0, "mf", ""}, {3.0, "f", ""}});
-  EXPECT_EQ(Numero([&] { made->InsertRows("bees", columns, rows); }), ErrorNumber::FieldTooSmall);
+  EXPECT_EQ(Numero([&] { made->InsertRows("bees", rowColumns, rows); }),
+            ErrorNumber::FieldTooSmall);
   EXPECT_EQ(made->OpenRecordset("bees")->RecordCount(), 1);
 }
 

@@ -10,8 +10,8 @@
 #include <vector>
 
 #include "common/talpena_error.h"
+#include "platform/foreign/foreign_rows.h"
 #include "platform/foreign/jet_format.h"
-#include "platform/value.h"
 
 namespace talpena::test {
 
@@ -21,30 +21,6 @@ inline const fs::path mdbFolder = fs::path(TALPENA_SHARED_DATA) / "db" / "mdb";
 
 #define NEEDS_SHARED_DATA() \
   if (!fs::exists(mdbFolder)) GTEST_SKIP() << "no Access files under " << mdbFolder
-
-using Row = std::vector<Value>;
-
-inline std::vector<Row> LitLignes(ForeignDatabase& database, const std::string& table,
-                                  std::size_t columns) {
-  std::vector<Row> rows;
-  std::vector<Cell> cells(columns);
-  const auto source = database.Rows(table);
-  while (source->Suivante(cells)) {
-    Row row;
-    for (const Cell& cell : cells) row.push_back(cell.Garde());
-    rows.push_back(std::move(row));
-  }
-  EXPECT_FALSE(source->Suivante(cells)) << "the end lasts";
-  return rows;
-}
-
-inline TableDef TableDe(ForeignDatabase& database, const std::string& name) {
-  for (const TableDef& table : database.Tables()) {
-    if (table.name == name) return table;
-  }
-  ADD_FAILURE() << "no table " << name;
-  return {};
-}
 
 inline std::vector<Row> LitTable(const std::string& file, const std::string& table) {
   const auto database = CreeFormatJet()->Ouvre((mdbFolder / file).string());

@@ -78,9 +78,9 @@ TEST(JetReader, ReadsEveryTableOfTheRealFiles) {
     SCOPED_TRACE(std::string(c.file) + " " + c.table);
     expected[c.file].insert(c.table);
     const auto database = CreeFormatJet()->Ouvre((mdbFolder / c.file).string());
-    const std::size_t columns = TableDe(*database, c.table).fields.size();
-    EXPECT_TRUE(c.columns == 0 || columns == c.columns) << columns;
-    EXPECT_EQ(LitLignes(*database, c.table, columns).size(), c.rows);
+    const std::size_t width = TableDe(*database, c.table).fields.size();
+    EXPECT_TRUE(c.columns == 0 || width == c.columns) << width;
+    EXPECT_EQ(LitLignes(*database, c.table, width).size(), c.rows);
   }
   for (const auto& entry : fs::directory_iterator(mdbFolder)) {
     std::set<std::string> names;

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
 #include <ctime>
 #include <optional>
 #include <string>
@@ -13,27 +12,12 @@
 
 #include "common/numbers.h"
 #include "common/text.h"
+#include "platform/foreign/command_output.h"
 #include "platform/foreign/jet_files.h"
 
 namespace talpena::test {
 
 inline constexpr char columnEnd = '\x1F', rowEnd = '\x1E', nullMark = '\x1D';
-
-/// What a command prints; empty when it fails.
-inline std::optional<std::string> Sortie(const std::string& command) {
-  FILE* pipe = popen(command.c_str(), "r");
-  if (pipe == nullptr) return {};
-  std::string out;
-  std::array<char, 4096> block{};
-  for (std::size_t n = 0; (n = fread(block.data(), 1, block.size(), pipe)) > 0;) {
-    out.append(block.data(), n);
-  }
-  return pclose(pipe) == 0 ? std::optional(out) : std::nullopt;
-}
-
-inline std::string EntreQuotes(const std::string& text) {
-  return "'" + Remplace(text, "'", "'\\''") + "'";
-}
 
 /// A date serial as mdb-export writes it with the format below; the library knows only the days
 /// from 1900 to the year 4637.

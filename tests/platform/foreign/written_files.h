@@ -2,50 +2,19 @@
 #pragma once
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <limits>
 #include <memory>
-#include <span>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "common/talpena_error.h"
 #include "fakes/temp_folder.h"
+#include "platform/foreign/foreign_rows.h"
 #include "platform/foreign/jet_files.h"
 #include "platform/foreign/jet_format.h"
 #include "platform/foreign_format.h"
-#include "platform/value.h"
 
 namespace talpena::test {
-
-/// Rows made one by one while they are asked for.
-class MadeRows final : public RowSource {
- public:
-  using Maker = std::function<Row(std::size_t)>;
-  MadeRows(std::size_t count, Maker maker) : count_(count), maker_(std::move(maker)) {}
-  bool Suivante(std::span<Cell> cells) override {
-    if (next_ == count_) return false;
-    row_ = maker_(next_++);
-    for (std::size_t i = 0; i < cells.size(); ++i) cells[i] = Cell::Vue(row_[i]);
-    return true;
-  }
-
- private:
-  std::size_t count_;
-  Maker maker_;
-  std::size_t next_ = 0;
-  Row row_;
-};
-
-inline MadeRows Source(std::vector<Row> rows) {
-  const std::size_t count = rows.size();
-  return {count, [rows = std::move(rows)](std::size_t i) { return rows[i]; }};
-}
-
-inline FieldDef Champ(const char* name, FieldType type, int size = 0) {
-  return {.name = name, .type = type, .size = size, .allowZeroLength = true};
-}
 
 /// A column of each type.
 inline TableDef TousLesTypes() {
@@ -117,16 +86,5 @@ struct WrittenFile {
   std::unique_ptr<ForeignFormat> format;
   std::unique_ptr<ForeignDatabase> database;
 };
-
-/// Number of the failure that a body ends in; 0 for none.
-inline int Numero(const std::function<void()>& body) {
-  try {
-    body();
-  } catch (const TalpenaError& error) {
-    EXPECT_FALSE(error.description().empty());
-    return error.number();
-  }
-  return 0;
-}
 
 }  // namespace talpena::test

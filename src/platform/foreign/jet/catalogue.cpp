@@ -3,8 +3,8 @@
 #include <span>
 #include <vector>
 
+#include "platform/foreign/errors.h"
 #include "platform/foreign/jet/catalogue_tables.h"
-#include "platform/foreign/jet/errors.h"
 
 namespace talpena::jet {
 namespace {
@@ -51,7 +51,7 @@ std::array<std::uint32_t, 4> AlloueQuatre(PageFile& file) {
 }
 
 void Entre(TableWriter& table, std::span<const Cell> row) {
-  if (!table.Tient(row)) throw NonEcrit("a file with so many tables");
+  if (!table.Tient(row)) throw foreign::NonEcrit("a file with so many tables");
   table.Ajoute(row);
 }
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/foreign/jet/errors.h"
+#include "platform/foreign/errors.h"
 
 namespace talpena::jet {
 namespace {
@@ -37,7 +37,7 @@ Width TypeDe(const FieldDef& field) {
     case FieldType::Binary:
       return {JetType::Ole, 0};
   }
-  throw NonEcrit("a column of this type");
+  throw foreign::NonEcrit("a column of this type");
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ bool Column::Varie() const {
 
 std::vector<Column> DisposeColonnes(const std::vector<FieldDef>& fields) {
   constexpr std::size_t most = 255;
-  if (fields.size() > most) throw TropDeColonnes();
+  if (fields.size() > most) throw foreign::TropDeColonnes();
   std::vector<Column> columns;
   for (const FieldDef& field : fields) {
     const auto [type, bytes] = TypeDe(field);

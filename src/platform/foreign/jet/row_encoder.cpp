@@ -4,7 +4,7 @@
 #include <bit>
 #include <cmath>
 
-#include "platform/foreign/jet/errors.h"
+#include "platform/foreign/errors.h"
 
 namespace talpena::jet {
 namespace {
@@ -53,7 +53,7 @@ std::string_view RowEncoder::Ligne(std::span<const Cell> cells) {
     }
   }
   AjouteFin();
-  if (row_.size() > longestRow) throw LigneTropLongue();
+  if (row_.size() > longestRow) throw foreign::LigneTropLongue();
   return row_;
 }
 
@@ -80,12 +80,13 @@ void RowEncoder::AjouteVariable(std::size_t number, const Cell& cell) {
   const Column& column = columns_[number];
   switch (column.type) {
     case JetType::Text:
-      if (2 * AjouteTexte(row_, cell.text, form_) > column.bytes) throw TexteTropLong(column.name);
+      if (2 * AjouteTexte(row_, cell.text, form_) > column.bytes)
+        throw foreign::TexteTropLong(column.name);
       return;
     case JetType::Memo:
       return AjouteMemo(number, cell.text);
     case JetType::Ole:
-      if (cell.text.size() > LongValues::longest) throw TexteTropLong(column.name);
+      if (cell.text.size() > LongValues::longest) throw foreign::TexteTropLong(column.name);
       return longValues_.at(number).Range(cell.text, row_);
     default:
       row_ += cell.text;
@@ -96,7 +97,7 @@ void RowEncoder::AjouteMemo(std::size_t number, std::string_view text) {
   constexpr std::size_t mostShort = 1024;  // characters; longer memos are never in the short form
   memo_.clear();
   AjouteTexte(memo_, text, text.size() <= mostShort ? form_ : TextForm::Wide);
-  if (memo_.size() > LongValues::longest) throw TexteTropLong(columns_[number].name);
+  if (memo_.size() > LongValues::longest) throw foreign::TexteTropLong(columns_[number].name);
   longValues_.at(number).Range(memo_, row_);
 }
 

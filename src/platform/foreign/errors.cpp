@@ -1,10 +1,10 @@
-#include "platform/foreign/jet/errors.h"
+#include "platform/foreign/errors.h"
 
 #include <string>
 
 #include "common/msg_id_errors.h"
 
-namespace talpena::jet {
+namespace talpena::foreign {
 
 TalpenaError TexteTropLong(std::string_view column) {
   return {ErrorNumber::FieldTooSmall,
@@ -47,4 +47,16 @@ TalpenaError NonEcrit(std::string_view what) {
           {.about = {std::string(what)}}};
 }
 
-}  // namespace talpena::jet
+TalpenaError TableIntrouvable(std::string_view table) {
+  return {ErrorNumber::TableNotFound,
+          "The database engine cannot find the table '" + std::string(table) + "'.",
+          {.about = {std::string(table)}}};
+}
+
+TalpenaError FormatInconnu(std::string_view path) {
+  return {ErrorNumber::UnrecognizedFormat,
+          "Unrecognized database format '" + std::string(path) + "'.",
+          {.about = {std::string(path)}}};
+}
+
+}  // namespace talpena::foreign
