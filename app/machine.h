@@ -6,6 +6,7 @@
 
 #include "platform/foreign/dbase/dbase_format.h"
 #include "platform/foreign/jet_format.h"
+#include "platform/foreign/paradox/paradox_format.h"
 #include "platform/foreign_format.h"
 #include "platform/os/file_system.h"
 #include "platform/platform.h"
@@ -21,6 +22,7 @@ inline std::vector<std::unique_ptr<ForeignFormat>> TousLesFormats() {
   formats.push_back(CreeFormatJet());
   formats.push_back(CreeFormatDbase());
   formats.push_back(CreeFormatFoxPro());
+  formats.push_back(CreeFormatParadox());
   return formats;
 }
 

@@ -98,4 +98,9 @@ inline constexpr int PointIncalculable = 608;   // "The position “%1” cannot
 inline constexpr int TropDeColonnes = 611;      // "It names more than %1 columns; look whether ..."
 inline constexpr int FichierAccessPlein = 393;  // "The file has reached the 2 GB that its ..."
 
+// Paradox tables.
+inline constexpr int TableProtegee = 398;     // "The table is protected by a password; take ..."
+inline constexpr int MemosAbsents = 399;      // "The long texts of this table stand in a file ..."
+inline constexpr int NomParadoxRefuse = 400;  // "“%1” cannot be the name of a column in a ..."
+
 }  // namespace talpena::MsgId

@@ -1,11 +1,12 @@
 // Pages of an Access file (Jet 4) as bytes: numbers least significant byte first, places of rows.
 #pragma once
 #include <array>
-#include <concepts>
 #include <cstdint>
 #include <cstring>
 #include <string>
 #include <string_view>
+
+#include "platform/foreign/little_endian.h"
 
 namespace talpena::jet {
 
@@ -28,18 +29,6 @@ struct Place {
   /// As other rows point at it.
   std::uint32_t Mot() const { return page << 8 | row; }
 };
-
-template <std::unsigned_integral Number>
-void PoseNombre(char* into, Number value) {
-  for (std::size_t i = 0; i < sizeof value; ++i) into[i] = static_cast<char>(value >> (8 * i));
-}
-
-template <std::unsigned_integral Number>
-void AjouteNombre(std::string& out, Number value) {
-  char bytes[sizeof value];
-  PoseNombre(bytes, value);
-  out.append(bytes, sizeof bytes);
-}
 
 inline void Pose16(Page& page, std::size_t place, std::size_t value) {
   PoseNombre(page.data() + place, static_cast<std::uint16_t>(value));
