@@ -62,6 +62,7 @@ constexpr NumberWords numberWords[] = {
     {ErrorNumber::UnrecognizedFormat,  MsgId::EchecFormat},
     {ErrorNumber::QueryTooComplex,     MsgId::EchecComplexe},
     {ErrorNumber::DataConversion,      MsgId::EchecType},
+    {ErrorNumber::SpreadsheetFull,     MsgId::FeuillePleine},
 };
 // clang-format on
 

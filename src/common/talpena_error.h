@@ -69,6 +69,7 @@ inline constexpr int ZeroLength = 3315;
 inline constexpr int UnrecognizedFormat = 3343;
 inline constexpr int QueryTooComplex = 3360;
 inline constexpr int DataConversion = 3421;
+inline constexpr int SpreadsheetFull = 3437;  ///< more rows than a sheet of a workbook has
 }  // namespace ErrorNumber
 
 /// What the words that the user is told of a failure are made of.

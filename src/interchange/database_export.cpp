@@ -1,14 +1,17 @@
 #include "interchange/database_export.h"
 
+#include <cstdint>
 #include <memory>
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
+#include "common/grouped_number.h"
 #include "common/msg_id.h"
+#include "common/msg_id_errors.h"
 #include "common/msg_id_export.h"
 #include "common/string_table.h"
+#include "common/text.h"
 #include "coords/datum.h"
 #include "interchange/database_file.h"
 #include "interchange/database_rows.h"
@@ -36,17 +39,16 @@ class DatabaseExport {
 
   /// Every export ends in the comparison, whatever it wrote to.
   void Execute() {
-    const std::optional<TalpenaError> faute = Ecrit();
+    const WrittenTable written = Ecrit();
     const std::vector<std::string> unknown = row_.DatumsInconnus();
     if (!unknown.empty()) DitDatumsAbsents(c_.state, c_.io, unknown);
-    if (row_.MemoCoupe() && rows_.Rangee() > 0) DitMemoCoupe();
-    if (faute) throw AvecConseil(*faute, Conseil(*faute));
+    if (written.textesCoupes > 0) DitTextesCoupes(written.textesCoupes);
+    if (written.faute) throw AvecConseil(*written.faute, Conseil(*written.faute));
     DitResultat(Relit());
   }
 
  private:
-  /// Empty, or what the file ends before.
-  std::optional<TalpenaError> Ecrit() {
+  WrittenTable Ecrit() {
     const auto former = c_.io.files.Empreinte(place_.Chemin());
     try {
       Busy busy(c_.attente);
@@ -95,10 +97,11 @@ class DatabaseExport {
     return faute.words().text == 0 ? MsgId::ExportJusqualors : 0;
   }
 
-  void DitMemoCoupe() {
+  void DitTextesCoupes(std::int64_t count) {
     Bip(c_.state, c_.io);
-    c_.io.dialogues.Demande(
-        {.text = Texte(c_.state.Langue, MsgId::MemoCoupe), .icon = Icon::Exclamation});
+    const std::string text = Texte(c_.state.Langue, MsgId::TextesCoupes);
+    c_.io.dialogues.Demande({.text = Remplace(text, "%1", NombreGroupe(c_.state.Langue, count)),
+                             .icon = Icon::Exclamation});
   }
 
   void DitResultat(bool readBack) {

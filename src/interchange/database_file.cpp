@@ -36,15 +36,15 @@ class DatabaseFile {
     side_ = c.io.files.CreeDossierACote(place_.Chemin());
   }
 
-  std::optional<TalpenaError> Ecrit(DatabaseRows& rows) {
-    std::optional<TalpenaError> faute;
+  WrittenTable Ecrit(DatabaseRows& rows) {
+    WrittenTable written;
     try {
-      faute = EcritACote(rows);
+      written = EcritACote(rows);
     } catch (const TalpenaError& failure) {
       throw SousSonNom(failure);
     }
     Place();
-    return faute;
+    return written;
   }
 
  private:
@@ -67,7 +67,8 @@ class DatabaseFile {
     return target_.place == TargetPlace::Folder ? path : c_.io.files.SansLiens(path);
   }
 
-  std::optional<TalpenaError> EcritACote(DatabaseRows& rows) {
+  WrittenTable EcritACote(DatabaseRows& rows) {
+    WrittenTable written;
     const std::unique_ptr<Database> database = Ouvre();
     TableDef table{.name = place_.table, .fields = {}, .indexes = {}};
     for (const ExportColumn& column : rows.Colonnes()) table.fields.push_back(column.field);
@@ -78,9 +79,10 @@ class DatabaseFile {
       database->InsertRows(table.name, names, rows);
     } catch (const TalpenaError& failure) {
       if (failure.number() == ErrorNumber::Cancelled) throw;
-      return SousSonNom(rows.Situe(c_.state.Langue, failure));
+      written.faute = SousSonNom(rows.Situe(c_.state.Langue, failure));
     }
-    return {};
+    written.textesCoupes = database->TextesCoupes();
+    return written;
   }
 
   std::unique_ptr<Database> Ouvre() {
@@ -122,9 +124,8 @@ class DatabaseFile {
 
 }  // namespace
 
-std::optional<TalpenaError> EcritBase(CommandContext c, const DatabaseTarget& target,
-                                      const DatabasePlace& place,
-                                      const std::vector<std::string>& former, DatabaseRows& rows) {
+WrittenTable EcritBase(CommandContext c, const DatabaseTarget& target, const DatabasePlace& place,
+                       const std::vector<std::string>& former, DatabaseRows& rows) {
   return DatabaseFile(c, target, place, former).Ecrit(rows);
 }
 

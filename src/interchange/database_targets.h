@@ -29,7 +29,7 @@ struct DatabaseTarget {
   ColumnStyle style = ColumnStyle::Database;
   /// In a folder: what the table's file ends in, then the files that belong to it alone.
   std::span<const std::string_view> endings = {};
-  std::size_t longestMemo = 0;  ///< characters; 0 for any number
+  std::size_t longestMemo = 0;  ///< characters that are kept; 0 for all
   bool losesEndBlanks = false;  ///< of texts
 };
 

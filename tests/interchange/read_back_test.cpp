@@ -143,24 +143,5 @@ TEST_F(ReadBackTest, AnEmptyTextMayComeBackAsNull) {
   EXPECT_TRUE(Boites().empty());
 }
 
-TEST_F(ReadBackTest, ALongMemoIsCutForExcelAndToldOnce) {
-  {
-    Edition edition(state.document, "Test");
-    edition.Entete().Commentaire = std::string(400, 'x');
-    edition.Valide();
-  }
-  Cible(Excel);
-  std::string memo;
-  rules.plie = [&](std::int64_t, std::size_t column, std::string& value) {
-    if (column == 4) memo = value;
-  };
-  Exporte(Excel);
-  EXPECT_EQ(memo, "Moles / " + std::string(247, 'x'));
-  EXPECT_EQ(Boites(),
-            Texts{"The title and the comment of the file are too long for a cell of this format; "
-                  "the column Memo holds their first 255 characters."});
-  EXPECT_EQ(Avis(), "2,000 rows written and read back");
-}
-
 }  // namespace
 }  // namespace talpena::test

@@ -19,6 +19,7 @@
 #include "platform/foreign/jet/properties.h"
 #include "platform/foreign/jet/table_writer.h"
 #include "platform/foreign/jet/usage_map.h"
+#include "platform/foreign/rows_of_file.h"
 
 namespace talpena {
 namespace {
@@ -142,18 +143,7 @@ class BaseEcrite final : public ForeignDatabase {
   std::list<NewTable> tables_;
 };
 
-/// The file is read as any other; the reader goes on as long as its rows do.
-class RowsOfFile final : public RowSource {
- public:
-  RowsOfFile(std::unique_ptr<ForeignDatabase> database, std::string_view table)
-      : database_(std::move(database)), rows_(database_->Rows(table)) {}
-  bool Suivante(std::span<Cell> cells) override { return rows_->Suivante(cells); }
-
- private:
-  std::unique_ptr<ForeignDatabase> database_;
-  std::unique_ptr<RowSource> rows_;
-};
-
+// The file is read as any other.
 std::unique_ptr<RowSource> BaseEcrite::Rows(std::string_view table) {
   return std::make_unique<RowsOfFile>(opener_(file_.Chemin()), table);
 }

@@ -25,7 +25,7 @@ constexpr int InstructionsParBattement = 200;
 /// A path as a name that says that nobody changes the file meanwhile, so that it is not locked.
 std::string NomImmuable(const std::string& path) {
   constexpr std::string_view digits = "0123456789ABCDEF";
-  std::string name = "file:";
+  std::string name = path.starts_with('/') ? "file://" : "file:";
   for (const char c : path) {
     if (std::string_view("%?#").find(c) == std::string_view::npos) {
       name += c;
