@@ -93,8 +93,10 @@ class DatabaseExport {
 
   static int Conseil(const TalpenaError& faute) {
     if (EstFauteDeRangee(faute)) return MsgId::ExportJusquIci;
-    // Words of a format's own say what is in its file.
-    return faute.words().text == 0 ? MsgId::ExportJusqualors : 0;
+    // The words of a limit say what is in the file.
+    const bool limit =
+        faute.words().text != 0 || faute.number() == ErrorNumber::SpreadsheetFull;
+    return limit ? 0 : MsgId::ExportJusqualors;
   }
 
   void DitTextesCoupes(std::int64_t count) {

@@ -102,7 +102,7 @@ class TableFiller {
         connection_.Execute("BEGIN");
       }
     } catch (...) {
-      Termine();
+      TermineSansFaute();
       throw;
     }
     Termine();
@@ -138,13 +138,18 @@ class TableFiller {
     return cell;
   }
 
-  /// What is written stays; the rectangle is told if there is still room for it.
   void Termine() {
+    connection_.Execute("COMMIT");
+    // From here on the bytes are handed to the disk, those of before too.
+    connection_.Execute("PRAGMA synchronous = FULL");
+    EcritEtendue();
+  }
+
+  /// Behind a failure: what is written stays, if there is still room for it.
+  void TermineSansFaute() {
     try {
-      if (!extent_.empty) EcritEtendue();
-      connection_.Execute("PRAGMA synchronous = FULL");
-      connection_.Execute("COMMIT");
-    } catch (const TalpenaError&) {
+      Termine();
+    } catch (const TalpenaError&) {  // the one before it is told
     }
   }
 
@@ -154,7 +159,7 @@ class TableFiller {
         "strftime('%Y-%m-%dT%H:%M:%fZ','now') WHERE table_name = ?5");
     int parameter = 0;
     for (const double edge : {extent_.minX, extent_.minY, extent_.maxX, extent_.maxY}) {
-      update.Lie(parameter++, Cell::Of(edge));
+      update.Lie(parameter++, extent_.empty ? Cell::Null() : Cell::Of(edge));
     }
     update.Lie(parameter, Cell::Of(std::string_view(table_.name)));
     update.Execute();
