@@ -106,8 +106,7 @@ std::vector<LeftOver> RestesPosix(const std::string& path) {
   const std::string wanted = NomDansDossier(target);
   const std::string before = target.substr(0, target.size() - wanted.size());
   for (const std::string& name : NomsDe(DossierParent(target))) {
-    if (EstTemporaireDe(name, wanted) && !EstDossier(before + name))
-      found.push_back({before + name, EstNomEntier(name)});
+    if (EstTemporaireDe(name, wanted)) found.push_back({before + name, EstNomEntier(name)});
   }
   std::stable_partition(found.begin(), found.end(), [](const LeftOver& l) { return l.entier; });
   return found;
@@ -117,14 +116,13 @@ void SupprimeRestesPosix(const std::string& folder) {
   std::vector<std::string> names = NomsDe(folder);
   const auto standing = std::partition(names.begin(), names.end(), EstNomTemporaire);
   for (auto reste = names.begin(); reste != standing; ++reste) {
-    const std::string path = folder + "/" + *reste;
-    if (EstDossier(path)) {
-      SupprimeDossierAbandonne(path);
-    } else if (std::any_of(standing, names.end(), [&](const std::string& name) {
-                 return EstTemporaireDe(*reste, name);
-               })) {
-      SupprimeSiAbandonne(path);
+    if (std::any_of(standing, names.end(),
+                    [&](const std::string& name) { return EstTemporaireDe(*reste, name); })) {
+      SupprimeSiAbandonne(folder + "/" + *reste);
     }
+  }
+  for (auto name = standing; name != names.end(); ++name) {
+    if (EstNomDeDossier(*name)) SupprimeDossierAbandonne(folder + "/" + *name);
   }
 }
 

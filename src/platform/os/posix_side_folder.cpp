@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "platform/os/file_attributes.h"
-#include "platform/os/posix_backup.h"
+#include "platform/os/left_overs.h"
 #include "platform/os/posix_error.h"
 #include "platform/os/posix_paths.h"
 
@@ -54,7 +54,7 @@ class PosixSideFolder final : public SideFolder {
   explicit PosixSideFolder(const std::string& path) : place_(DossierParent(path)) {
     if (place_.back() != '/') place_ += '/';
     for (int attempt = 0; attempt < attemptsForAFolder; ++attempt) {
-      path_ = VoisinTemporaire(path, NomDansDossier(path));
+      path_ = place_ + NomDeDossier(NomDansDossier(path));
       if (mkdir(path_.c_str(), modeDossier) == 0) {
         Verrouille();
         path_ += '/';

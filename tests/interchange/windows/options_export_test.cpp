@@ -49,6 +49,15 @@ class OptionsExportTest : public testing::Test, protected test::FakeMachine {
   std::unique_ptr<OptionsExport> window;
 };
 
+// Only the text export loses the sign.
+TEST_F(OptionsExportTest, OfADatabaseSaysNothingOfSouthernLatitudes) {
+  kind = ExportKind::Database;
+  state.ExportLatitude = 1;
+  Ouvre();
+  EXPECT_FALSE(Avis("lblSansSud").isVisible());
+  EXPECT_EQ(Case(latitude).accessibleDescription(), "");
+}
+
 TEST_F(OptionsExportTest, OpensOnTheSettings) {
   state.ExportLatitude = state.ExportSex = 0;
   state.ExportCoordSystem = 7;

@@ -89,7 +89,7 @@ TEST_F(SideFolderTest, AFolderThatIsNotThereIsRefused) {
 
 /// As a killed program leaves it.
 std::string Abandonne(const test::TempFolder& folder, const char* name) {
-  std::string path = folder / NomTemporaire("a.dbf");
+  std::string path = folder / NomDeDossier("a.dbf");
   std::filesystem::create_directory(path);
   EcritFichier(path + "/" + name, "left");
   return path;

@@ -112,7 +112,11 @@ class LayerRows final : public RowSource {
   }
 
   bool Suivante(std::span<Cell> cells) override {
-    if (!rows_ || !rows_.Avance()) return false;
+    if (!rows_) return false;
+    if (!rows_.Avance()) {  // SQLite would begin anew
+      rows_ = {};
+      return false;
+    }
     for (std::size_t i = 0; i < cells.size(); ++i) {
       cells[i] = rows_.Cellule(static_cast<int>(i));
       if (!EstDuGenre(cells[i], table_.fields[i].type)) cells[i] = Cell::Null();
