@@ -1,9 +1,11 @@
 #include "platform/foreign/code_page.h"
 
 #include <unicode/ucnv.h>
+#include <unicode/unistr.h>
 
 #include <algorithm>
 #include <iterator>
+#include <map>
 #include <memory>
 
 #include "common/msg_id_errors.h"
@@ -38,11 +40,6 @@ struct Correction {
 constexpr Correction corrections[] = {
     {437, 0xE6, "\u00B5"}, {852, 0xAA, "\u00AC"}, {1253, 0xAA, replacement}};
 
-const char* ConvertisseurDe(int number) {
-  const auto* const found = std::ranges::find(converters, number, &Converter::number);
-  return found == std::end(converters) ? nullptr : found->name;
-}
-
 TalpenaError PageInconnue(int number) {
   return {ErrorNumber::InvalidArgument,
           "Invalid argument: code page " + std::to_string(number) + " is not known.",
@@ -55,30 +52,36 @@ bool SansSens(UChar32 c) {
   return control || privateUse || c == 0xFFFD;
 }
 
-std::array<std::string, 128> MoitieHaute(int number) {
+CodePage::UpperHalf FaitMoitieHaute(const Converter& page) {
   UErrorCode status = U_ZERO_ERROR;
-  const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(
-      ucnv_open(ConvertisseurDe(number), &status), &ucnv_close);
-  if (U_FAILURE(status)) throw PageInconnue(number);
-  std::array<std::string, 128> upper;
+  const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(page.name, &status),
+                                                                     &ucnv_close);
+  if (U_FAILURE(status)) throw PageInconnue(page.number);
+  CodePage::UpperHalf upper;
   for (std::size_t i = 0; i < upper.size(); ++i) {
     const char byte = static_cast<char>(0x80 + i);
     const char* from = &byte;
     status = U_ZERO_ERROR;
     const UChar32 c = ucnv_getNextUChar(converter.get(), &from, from + 1, &status);
-    std::array<char, U8_MAX_LENGTH> bytes{};
-    std::size_t length = 0;
     if (U_FAILURE(status) || SansSens(c)) {
       upper[i] = replacement;
     } else {
-      U8_APPEND_UNSAFE(bytes.data(), length, c);
-      upper[i].assign(bytes.data(), length);
+      icu::UnicodeString(c).toUTF8String(upper[i]);
     }
   }
   for (const Correction& correction : corrections) {
-    if (correction.number == number) upper[correction.byte - 0x80U] = correction.character;
+    if (correction.number == page.number) upper[correction.byte - 0x80U] = correction.character;
   }
   return upper;
+}
+
+const CodePage::UpperHalf& MoitieHaute(int number) {
+  static const std::map<int, CodePage::UpperHalf> halves = [] {
+    std::map<int, CodePage::UpperHalf> made;
+    for (const Converter& page : converters) made.emplace(page.number, FaitMoitieHaute(page));
+    return made;
+  }();
+  return halves.at(number);
 }
 
 void AjouteUtf8(std::string& out, std::string_view bytes) {
@@ -119,11 +122,14 @@ const char* ControleSansSens(char byte) {
 
 }  // namespace
 
-bool CodePage::Connue(int number) { return number == utf8 || ConvertisseurDe(number) != nullptr; }
+bool CodePage::Connue(int number) {
+  return number == utf8 ||
+         std::ranges::find(converters, number, &Converter::number) != std::end(converters);
+}
 
 CodePage::CodePage(int number) : number_(number) {
   if (!Connue(number)) throw PageInconnue(number);
-  if (number != utf8) upper_ = MoitieHaute(number);
+  if (number != utf8) upper_ = &MoitieHaute(number);
 }
 
 void CodePage::Ajoute(std::string& out, std::string_view bytes) const {
@@ -137,7 +143,7 @@ void CodePage::Ajoute(std::string& out, std::string_view bytes) const {
       if (value < 0x80) {
         out += byte;
       } else {
-        out += upper_[value - 0x80U];
+        out += (*upper_)[value - 0x80U];
       }
     }
   }

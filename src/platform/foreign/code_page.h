@@ -10,6 +10,8 @@ namespace talpena {
 class CodePage {
  public:
   static constexpr int utf8 = 65001;
+  /// Characters of the bytes from 80 (hexadecimal) on.
+  using UpperHalf = std::array<std::string, 128>;
 
   /// 437, 850, 852, 866, 1250 to 1254, and UTF-8.
   static bool Connue(int number);
@@ -25,7 +27,7 @@ class CodePage {
 
  private:
   int number_;
-  std::array<std::string, 128> upper_;  ///< characters of the bytes from 80 on; not of UTF-8
+  const UpperHalf* upper_ = nullptr;  ///< null for UTF-8
 };
 
 /// Adds a UTF-8 text in code page 1252. A character that it lacks raises NotInCodePage (481), which

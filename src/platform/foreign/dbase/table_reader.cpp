@@ -16,6 +16,7 @@
 namespace talpena::dbase {
 namespace {
 
+constexpr std::size_t mostColumns = 255;  // that the engine takes over; no program of then had more
 constexpr std::size_t longestText = 255;  // of a column of texts; a longer one is a memo
 
 Header TeteExigee(const TableBytes& bytes) {
@@ -150,6 +151,7 @@ TableDef TableReader::Definition(std::string_view name) {
 }
 
 std::unique_ptr<RowSource> TableReader::Lignes() {
+  if (header_.columns.size() > mostColumns) throw foreign::TropDeColonnes();
   return std::make_unique<TableRows>(RowWalk(bytes_, header_, limits_, attente_), header_, Page());
 }
 

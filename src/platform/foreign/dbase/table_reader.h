@@ -32,7 +32,8 @@ class TableReader {
   /// be empty.
   TableDef Definition(std::string_view name);
 
-  /// All rows that are not deleted. Raises UnrecognizedFormat (3343) where the files are damaged.
+  /// All rows that are not deleted. Raises UnrecognizedFormat (3343) where the files are damaged,
+  /// TooManyFields (3190) for more than 255 columns.
   std::unique_ptr<RowSource> Lignes();
 
   const Header& Tete() const { return header_; }

@@ -183,11 +183,6 @@ MadeDbf AvecMemos(unsigned char version, const std::vector<std::string>& blocks)
   return table;
 }
 
-std::string Rempli(std::string text, std::size_t size) {
-  text.resize(size);
-  return text;
-}
-
 TEST(DbaseReader, ReadsMemosOfDbase3ToTheirEndMark) {
   const std::string memos = Rempli("\3", 512) + Rempli("first\x1A\x1A", 512) +
                             Rempli(std::string(600, 'y') + "\x1A", 1024) + "no mark";

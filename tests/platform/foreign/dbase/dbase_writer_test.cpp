@@ -18,8 +18,6 @@ namespace {
 using namespace test;
 using namespace std::string_literals;
 
-constexpr Product products[] = {Product::DbaseIV, Product::FoxPro25};
-
 /// The table that an export of all columns makes.
 TableDef TableExportee(const char* name = "deg") {
   return {.name = name,

@@ -41,6 +41,14 @@ inline const fs::path dbfFolder = fs::path(TALPENA_SHARED_DATA) / "db" / "dbf";
 #define NEEDS_OGR() \
   if (!Sortie("command -v ogr2ogr")) GTEST_SKIP() << "ogr2ogr (gdal-bin) is not installed"
 
+inline constexpr Product products[] = {Product::DbaseIV, Product::FoxPro25};
+
+/// A text with NUL bytes behind it, or cut, to a length.
+inline std::string Rempli(std::string text, std::size_t size) {
+  text.resize(size);
+  return text;
+}
+
 /// A table put together byte by byte.
 struct MadeDbf {
   struct Field {

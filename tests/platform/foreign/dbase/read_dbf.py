@@ -4,7 +4,7 @@
 read_dbf.py dbfread|ogr FILE ENCODING
 
 Fields end in US, rows in RS, the first row are the names. dbfread: Null is GS, truth T or F.
-ogr: Null is nothing, a date has "/", a memo is the number of its block.
+ogr: ENCODING is own for that of the file, Null is nothing, a date has "/", a memo is the number of its block.
 """
 import csv
 import datetime
@@ -35,7 +35,8 @@ def by_dbfread(path, encoding):
 
 
 def by_ogr(path, encoding):
-    command = ["ogr2ogr", "-f", "CSV", "-oo", "ENCODING=" + encoding, "/vsistdout/", path]
+    option = [] if encoding == "own" else ["-oo", "ENCODING=" + encoding]
+    command = ["ogr2ogr", "-f", "CSV", *option, "/vsistdout/", path]
     out = subprocess.run(command, capture_output=True, check=True).stdout.decode()
     csv.field_size_limit(sys.maxsize)
     for row in csv.reader(io.StringIO(out, newline="")):
