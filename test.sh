@@ -152,7 +152,7 @@ run_fuzz() {
   mkdir -p build/asan/fuzz
   rm -f build/asan/fuzz/*.passed build/asan/fuzz/*.failed
   for name in deg_header deg_reader period_line original dsw tlp; do echo "$name $fuzz_seconds"; done >build/stamps/fuzz.list
-  for name in numbers jet_values condition; do echo "$name $((fuzz_seconds / 3))"; done >>build/stamps/fuzz.list
+  for name in numbers jet_values paradox condition; do echo "$name $((fuzz_seconds / 3))"; done >>build/stamps/fuzz.list
   xargs -P"$jobs" -L1 scripts/fuzz_one.sh <build/stamps/fuzz.list
   local good bad
   good=$(ls build/asan/fuzz/*.passed 2>/dev/null | wc -l)

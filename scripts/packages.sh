@@ -6,7 +6,7 @@ packages_pictures="xvfb xauth fonts-dejavu-core"
 packages_test="libgtest-dev libgmock-dev libproj-dev libgeographiclib-dev mdbtools locales
   clang lld clang-format clang-tidy libclang-rt-14-dev xvfb xauth fonts-dejavu-core xdotool openbox strace
   at-spi2-core dbus dbus-x11 python3 python3-pyatspi procps ghostscript gpsbabel
-  gdal-bin python3-dbfread"
+  gdal-bin python3-dbfread pxlib-dev"
 packages_bench="libbenchmark-dev sqlite3"
 
 # Installs what is missing of the packages named. Without the right to install it says exactly

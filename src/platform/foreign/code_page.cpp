@@ -24,7 +24,8 @@ struct Converter {
 
 // clang-format off
 constexpr Converter converters[] = {
-    {437, "cp437"}, {850, "cp850"}, {852, "cp852"}, {866, "cp866"},
+    {437, "cp437"}, {737, "cp737"}, {850, "cp850"}, {852, "cp852"}, {857, "cp857"},
+    {860, "cp860"}, {861, "cp861"}, {863, "cp863"}, {865, "cp865"}, {866, "cp866"}, {869, "cp869"},
     {1250, "windows-1250"}, {1251, "windows-1251"}, {1252, "windows-1252"},
     {1253, "windows-1253"}, {1254, "windows-1254"},
 };
@@ -38,7 +39,9 @@ struct Correction {
 
 /// Where the converters differ from the tables that Unicode publishes for these code pages.
 constexpr Correction corrections[] = {
-    {437, 0xE6, "\u00B5"}, {852, 0xAA, "\u00AC"}, {1253, 0xAA, replacement}};
+    {437, 0xE6, "\u00B5"}, {860, 0xE6, "\u00B5"}, {861, 0xE6, "\u00B5"},
+    {863, 0xE6, "\u00B5"}, {865, 0xE6, "\u00B5"}, {869, 0x88, "\u00B7"},
+    {869, 0xEF, "\u0384"}, {852, 0xAA, "\u00AC"}, {1253, 0xAA, replacement}};
 
 TalpenaError PageInconnue(int number) {
   return {ErrorNumber::InvalidArgument,

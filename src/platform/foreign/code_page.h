@@ -13,7 +13,7 @@ class CodePage {
   /// Characters of the bytes from 80 (hexadecimal) on.
   using UpperHalf = std::array<std::string, 128>;
 
-  /// 437, 850, 852, 866, 1250 to 1254, and UTF-8.
+  /// 437, 737, 850, 852, 857, 860, 861, 863, 865, 866, 869, 1250 to 1254, and UTF-8.
   static bool Connue(int number);
 
   /// Raises InvalidArgument (3001) for a number that is not known.

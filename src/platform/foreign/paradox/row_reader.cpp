@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "common/msg_id_errors.h"
+#include "common/text.h"
 #include "platform/foreign/little_endian.h"
 
 namespace talpena::paradox {

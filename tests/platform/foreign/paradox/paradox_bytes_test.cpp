@@ -20,10 +20,6 @@ TableDef Abeilles() {
           .indexes = {}};
 }
 
-TableDef UnMemo() {
-  return {.name = "t", .fields = {Champ("Memo", FieldType::Memo)}, .indexes = {}};
-}
-
 struct Known {
   std::size_t place;
   std::string_view bytes;

@@ -63,4 +63,12 @@ struct WrittenTable {
   std::unique_ptr<ForeignDatabase> database;
 };
 
+inline TableDef UnTexte(int size = 10) {
+  return {.name = "t", .fields = {Champ("a", FieldType::Text, size)}, .indexes = {}};
+}
+
+inline TableDef UnMemo() {
+  return {.name = "t", .fields = {Champ("Memo", FieldType::Memo)}, .indexes = {}};
+}
+
 }  // namespace talpena::test
