@@ -151,7 +151,7 @@ run_fuzz() {
       return; }
   mkdir -p build/asan/fuzz
   rm -f build/asan/fuzz/*.passed build/asan/fuzz/*.failed
-  for name in deg_header deg_reader period_line original dsw tlp; do echo "$name $fuzz_seconds"; done >build/stamps/fuzz.list
+  for name in deg_header deg_reader period_line original dsw tlp excel xlsx; do echo "$name $fuzz_seconds"; done >build/stamps/fuzz.list
   for name in numbers jet_values paradox condition; do echo "$name $((fuzz_seconds / 3))"; done >>build/stamps/fuzz.list
   xargs -P"$jobs" -L1 scripts/fuzz_one.sh <build/stamps/fuzz.list
   local good bad

@@ -22,9 +22,9 @@ class StoredZip {
     AjouteNombre(head, std::uint16_t{20});
     AjouteNombre(head, std::uint32_t{0});  // flags, method
     AjouteNombre(head, std::uint32_t{0});  // time
-    AjouteNombre(head, static_cast<std::uint32_t>(
-                           crc32(0, reinterpret_cast<const Bytef*>(bytes.data()),
-                                 static_cast<uInt>(bytes.size()))));
+    AjouteNombre(head,
+                 static_cast<std::uint32_t>(crc32(0, reinterpret_cast<const Bytef*>(bytes.data()),
+                                                  static_cast<uInt>(bytes.size()))));
     AjouteNombre(head, static_cast<std::uint32_t>(bytes.size()));
     AjouteNombre(head, static_cast<std::uint32_t>(bytes.size()));
     AjouteNombre(head, static_cast<std::uint32_t>(name.size()));  // and no more of it
@@ -62,8 +62,8 @@ std::string EnClasseur(std::string_view xml) {
   StoredZip zip;
   zip.Ajoute("_rels/.rels", "<r>" + Lien("a", "officeDocument", "xl/w.xml") + "</r>");
   zip.Ajoute("xl/w.xml", "<w><sheet name=\"S\" id=\"s\"/></w>");
-  zip.Ajoute("xl/_rels/w.xml.rels",
-             "<r>" + Lien("s", "worksheet", "s.xml") + Lien("t", "sharedStrings", "t.xml") + "</r>");
+  zip.Ajoute("xl/_rels/w.xml.rels", "<r>" + Lien("s", "worksheet", "s.xml") +
+                                        Lien("t", "sharedStrings", "t.xml") + "</r>");
   zip.Ajoute("xl/s.xml", xml.substr(0, end));
   if (end != std::string_view::npos) zip.Ajoute("xl/t.xml", xml.substr(end + 1));
   return zip.Octets();

@@ -15,6 +15,8 @@ for rows in 100000 1000000; do
     build/bench/bin/$name "$rows"
   done
 done
+echo "== excel_bench"
+build/bench/bin/excel_bench
 echo "== rehearsal_bench"
 build/bench/bin/rehearsal_bench 100000
 echo "== coords_bench"

@@ -1,12 +1,13 @@
 # The Debian packages that the project needs, and their installation. To be sourced.
 
 packages_build="g++ cmake ninja-build pkg-config ccache git
-  qt6-base-dev qt6-svg-dev qt6-translations-l10n libgl1-mesa-dev libsqlite3-dev libicu-dev mdbtools-dev"
+  qt6-base-dev qt6-svg-dev qt6-translations-l10n libgl1-mesa-dev libsqlite3-dev libicu-dev mdbtools-dev
+  libxlsxwriter-dev libexpat1-dev zlib1g-dev"
 packages_pictures="xvfb xauth fonts-dejavu-core"
 packages_test="libgtest-dev libgmock-dev libproj-dev libgeographiclib-dev mdbtools locales
   clang lld clang-format clang-tidy libclang-rt-14-dev xvfb xauth fonts-dejavu-core xdotool openbox strace
   at-spi2-core dbus dbus-x11 python3 python3-pyatspi procps ghostscript gpsbabel
-  gdal-bin python3-dbfread pxlib-dev"
+  gdal-bin python3-dbfread pxlib-dev python3-xlrd python3-openpyxl gnumeric"
 packages_bench="libbenchmark-dev sqlite3"
 
 # Installs what is missing of the packages named. Without the right to install it says exactly

@@ -97,8 +97,7 @@ inline constexpr int TropDePoints = 607;       // "The file holds more waypoints
 inline constexpr int PointIncalculable = 608;   // "The position “%1” cannot be computed; ..."
 inline constexpr int TropDeColonnes = 611;      // "It names more than %1 columns; look whether ..."
 inline constexpr int FeuillePleine = 402;       // "A sheet holds no more rows; %1 rows of the ..."
-inline constexpr int TextesCoupes = 403;        // "%1 texts were longer than 255 characters, ..."
-inline constexpr int ClasseurProtege = 404;     // "This workbook is protected by a password; ..."
+inline constexpr int ClasseurProtege = 403;     // "This workbook is protected by a password; ..."
 inline constexpr int FichierAccessPlein = 393;  // "The file has reached the 2 GB that its ..."
 
 // Paradox tables.

@@ -21,6 +21,7 @@ inline constexpr int NombreRelu = 586;        // "The file gives back %1 rows wh
 inline constexpr int RelectureEchouee = 587;  // "The rows were written, but the file could ..."
 inline constexpr int RangeeFautive = 588;     // "Row %1: %2"
 inline constexpr int ExportJusqualors = 589;  // "The file holds the rows that were written ..."
+inline constexpr int MemoCoupe = 590;         // "The title and the comment of the file are ..."
 inline constexpr int MenuExpXlsx = 591;       // "Excel workbook (.xlsx)"
 inline constexpr int TitreEtCommentaire = 592;  // "Title and comment"
 inline constexpr int Relecture = 593;           // "Reading back..."

@@ -2,13 +2,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "common/grouped_number.h"
 #include "common/msg_id.h"
-#include "common/msg_id_errors.h"
 #include "common/msg_id_export.h"
 #include "common/string_table.h"
 #include "common/text.h"
@@ -39,16 +39,17 @@ class DatabaseExport {
 
   /// Every export ends in the comparison, whatever it wrote to.
   void Execute() {
-    const WrittenTable written = Ecrit();
+    const std::optional<TalpenaError> faute = Ecrit();
     const std::vector<std::string> unknown = row_.DatumsInconnus();
     if (!unknown.empty()) DitDatumsAbsents(c_.state, c_.io, unknown);
-    if (written.textesCoupes > 0) DitTextesCoupes(written.textesCoupes);
-    if (written.faute) throw AvecConseil(*written.faute, Conseil(*written.faute));
+    if (row_.MemoCoupe() && rows_.Rangee() > 0) DitMemoCoupe();
+    if (faute) throw AvecConseil(*faute, Conseil(*faute));
     DitResultat(Relit());
   }
 
  private:
-  WrittenTable Ecrit() {
+  /// Empty, or what the file ends before.
+  std::optional<TalpenaError> Ecrit() {
     const auto former = c_.io.files.Empreinte(place_.Chemin());
     try {
       Busy busy(c_.attente);
@@ -94,15 +95,15 @@ class DatabaseExport {
   static int Conseil(const TalpenaError& faute) {
     if (EstFauteDeRangee(faute)) return MsgId::ExportJusquIci;
     // The words of a limit say what is in the file.
-    const bool limit =
-        faute.words().text != 0 || faute.number() == ErrorNumber::SpreadsheetFull;
+    const bool limit = faute.words().text != 0 || faute.number() == ErrorNumber::SpreadsheetFull;
     return limit ? 0 : MsgId::ExportJusqualors;
   }
 
-  void DitTextesCoupes(std::int64_t count) {
+  void DitMemoCoupe() {
     Bip(c_.state, c_.io);
-    const std::string text = Texte(c_.state.Langue, MsgId::TextesCoupes);
-    c_.io.dialogues.Demande({.text = Remplace(text, "%1", NombreGroupe(c_.state.Langue, count)),
+    const auto longest = static_cast<std::int64_t>(target_.longestMemo);
+    const std::string text = Texte(c_.state.Langue, MsgId::MemoCoupe);
+    c_.io.dialogues.Demande({.text = Remplace(text, "%1", NombreGroupe(c_.state.Langue, longest)),
                              .icon = Icon::Exclamation});
   }
 

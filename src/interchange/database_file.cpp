@@ -36,15 +36,15 @@ class DatabaseFile {
     side_ = c.io.files.CreeDossierACote(place_.Chemin());
   }
 
-  WrittenTable Ecrit(DatabaseRows& rows) {
-    WrittenTable written;
+  std::optional<TalpenaError> Ecrit(DatabaseRows& rows) {
+    std::optional<TalpenaError> faute;
     try {
-      written = EcritACote(rows);
+      faute = EcritACote(rows);
     } catch (const TalpenaError& failure) {
       throw SousSonNom(failure);
     }
     Place();
-    return written;
+    return faute;
   }
 
  private:
@@ -67,8 +67,7 @@ class DatabaseFile {
     return target_.place == TargetPlace::Folder ? path : c_.io.files.SansLiens(path);
   }
 
-  WrittenTable EcritACote(DatabaseRows& rows) {
-    WrittenTable written;
+  std::optional<TalpenaError> EcritACote(DatabaseRows& rows) {
     const std::unique_ptr<Database> database = Ouvre();
     TableDef table{.name = place_.table, .fields = {}, .indexes = {}};
     for (const ExportColumn& column : rows.Colonnes()) table.fields.push_back(column.field);
@@ -79,10 +78,9 @@ class DatabaseFile {
       database->InsertRows(table.name, names, rows);
     } catch (const TalpenaError& failure) {
       if (failure.number() == ErrorNumber::Cancelled) throw;
-      written.faute = SousSonNom(rows.Situe(c_.state.Langue, failure));
+      return SousSonNom(rows.Situe(c_.state.Langue, failure));
     }
-    written.textesCoupes = database->TextesCoupes();
-    return written;
+    return {};
   }
 
   std::unique_ptr<Database> Ouvre() {
@@ -124,8 +122,9 @@ class DatabaseFile {
 
 }  // namespace
 
-WrittenTable EcritBase(CommandContext c, const DatabaseTarget& target, const DatabasePlace& place,
-                       const std::vector<std::string>& former, DatabaseRows& rows) {
+std::optional<TalpenaError> EcritBase(CommandContext c, const DatabaseTarget& target,
+                                      const DatabasePlace& place,
+                                      const std::vector<std::string>& former, DatabaseRows& rows) {
   return DatabaseFile(c, target, place, former).Ecrit(rows);
 }
 

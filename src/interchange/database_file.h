@@ -1,6 +1,5 @@
 // A table of another program's, written beside its place and put there.
 #pragma once
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -12,11 +11,6 @@
 
 namespace talpena {
 
-struct WrittenTable {
-  std::optional<TalpenaError> faute;  ///< what it ends before
-  std::int64_t textesCoupes = 0;      ///< that the format holds the beginning of
-};
-
 /// Makes the table and gives it the rows, which begin at the first, in a folder beside the place;
 /// then the files take their places, and those of `former` go. Everything is closed behind it.
 /// Another file in the place is TableExists (3010) or, where the database is a file, FileExists
@@ -25,7 +19,8 @@ struct WrittenTable {
 /// A failure before there is a table, or a user who gives up (Cancelled), is thrown on and leaves
 /// everything as it was. Any other ends the table behind the rows until then, and is given back.
 /// @param former  as FichiersRemplaces has them
-WrittenTable EcritBase(CommandContext c, const DatabaseTarget& target, const DatabasePlace& place,
-                       const std::vector<std::string>& former, DatabaseRows& rows);
+std::optional<TalpenaError> EcritBase(CommandContext c, const DatabaseTarget& target,
+                                      const DatabasePlace& place,
+                                      const std::vector<std::string>& former, DatabaseRows& rows);
 
 }  // namespace talpena

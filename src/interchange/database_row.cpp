@@ -21,8 +21,15 @@ DatabaseRow::DatabaseRow(StoreState& state, const DatabaseTarget& target)
       withFreeFields_(A(ColumnSource::FreeField)),
       points_(state),
       wgs84_(ChercheDatum(state.Catalogue, "WGS84")) {
-  const DistributionHeader& header = state.document.Entete();
+  PrendMemo(target.longestMemo);
+}
+
+void DatabaseRow::PrendMemo(std::size_t longest) {
+  const DistributionHeader& header = state_.document.Entete();
   memo_ = header.BoxTitre + " / " + header.Commentaire;
+  if (longest == 0 || CompteCaracteres(memo_) <= longest) return;
+  memo_ = PremiersCaracteres(memo_, longest);
+  memoCut_ = true;
 }
 
 bool DatabaseRow::A(ColumnSource source) const {

@@ -32,7 +32,11 @@ class DatabaseRow {
   /// The codes of the datums that points were to be computed on and that the catalogue lacks.
   std::vector<std::string> DatumsInconnus() const;
 
+  /// Title and comment do not go whole into a cell of the target.
+  bool MemoCoupe() const { return memoCut_; }
+
  private:
+  void PrendMemo(std::size_t longest);
   bool A(ColumnSource source) const;
   LambertPoint CalculeXY(std::span<const Cell> cells, std::int64_t row);
   Cell PointDe(std::span<const Cell> cells);
@@ -45,6 +49,7 @@ class DatabaseRow {
   std::vector<ExportColumn> columns_;
   bool withXY_, withFreeFields_;
   std::string memo_;
+  bool memoCut_ = false;
 
   LambertPoints points_;
   std::int16_t wgs84_;

@@ -14,7 +14,7 @@ constexpr std::array<std::string_view, 4> foxProFiles{".dbf", ".fpt", ".dbt", ".
 constexpr std::array<std::string_view, 4> dBaseFiles{".dbf", ".dbt", ".fpt", ".cpg"};
 constexpr std::array<std::string_view, 2> paradoxFiles{".db", ".mb"};
 
-constexpr std::size_t longestExcelText = 255;
+constexpr std::size_t longestExcelText = 255, longestXlsxText = 32767;
 
 // clang-format off
 constexpr std::array<DatabaseTarget, 7> targets{{
@@ -31,7 +31,8 @@ constexpr std::array<DatabaseTarget, 7> targets{{
     {.filter = "GeoPackage (*.gpkg)|*.gpkg", .connect = Connect::GeoPackage,
      .place = TargetPlace::NewFile, .style = ColumnStyle::Geographic},
     {.filter = "Excel (*.xlsx)|*.xlsx", .connect = Connect::Excel12,
-     .place = TargetPlace::NewFile, .style = ColumnStyle::Headings},
+     .place = TargetPlace::NewFile, .style = ColumnStyle::Headings,
+     .longestMemo = longestXlsxText},
 }};
 // clang-format on
 

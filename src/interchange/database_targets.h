@@ -29,7 +29,7 @@ struct DatabaseTarget {
   ColumnStyle style = ColumnStyle::Database;
   /// In a folder: what the table's file ends in, then the files that belong to it alone.
   std::span<const std::string_view> endings = {};
-  std::size_t longestMemo = 0;  ///< characters that are kept; 0 for all
+  std::size_t longestMemo = 0;  ///< characters; a longer one is cut, 0 for any number
   bool losesEndBlanks = false;  ///< of texts
 };
 

@@ -77,7 +77,7 @@ class ReadBack {
   /// A text that is empty is Null to some formats, and a number is read as the widest there is.
   bool EstRendu(FieldType type, const Cell& written, const Cell& read) const {
     if (EstTexte(type) || type == FieldType::Binary) {
-      return EstTexteRendu(Garde(written.text, type), read);
+      return EstTexteRendu(written.text, read);
     }
     if (written.EstNull() || read.EstNull()) return written.EstNull() == read.EstNull();
     if (read.kind == Cell::Kind::Text) return false;
@@ -91,12 +91,6 @@ class ReadBack {
     if (read.kind != Cell::Kind::Text && !read.EstNull()) return false;
     return written == read.text ||
            (target_.losesEndBlanks && RogneDroite(written) == RogneDroite(read.text));
-  }
-
-  /// What the format holds of a text.
-  std::string_view Garde(std::string_view text, FieldType type) const {
-    const bool cut = type == FieldType::Memo && target_.longestMemo != 0;
-    return cut ? PremiersCaracteres(text, target_.longestMemo) : text;
   }
 
   TalpenaError AutreValeur(const FieldDef& field, const Cell& written, const Cell& read) const {

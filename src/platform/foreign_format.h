@@ -52,8 +52,6 @@ class ForeignDatabase {
   /// (FieldTooSmall 3163, ...), the rows before stay, in a file that is whole, and the failure is
   /// thrown on. Returns the number of rows.
   virtual std::int64_t InsereLignes(std::string_view table, RowSource& rows);
-  /// How many texts InsereLignes has cut, because the format holds no longer ones.
-  virtual std::int64_t TextesCoupes() const { return 0; }
 };
 
 class ForeignFormat {

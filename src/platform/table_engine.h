@@ -277,8 +277,6 @@ class Database {
   /// auto-increment column may be given; Null in it means the next number.
   virtual std::int64_t InsertRows(std::string_view table, std::span<const std::string_view> columns,
                                   RowSource& source) = 0;
-  /// How many texts InsertRows has cut so far, because a maker's file holds no longer ones.
-  virtual std::int64_t TextesCoupes() const { return 0; }
 
   /// One level of transaction. A second BeginTrans raises InvalidArgument; the other two outside
   /// a transaction raise NoTransaction (3034). Rollback also takes back what was done to the

@@ -25,7 +25,6 @@ class ImportedDatabase final : public SqliteDatabase {
   /// Into a table that was made here, once.
   std::int64_t InsertRows(std::string_view table, std::span<const std::string_view> columns,
                           RowSource& source) override;
-  std::int64_t TextesCoupes() const override { return foreign_->TextesCoupes(); }
   void BeginTrans() override;  ///< NotSupported (3251): the maker's file knows no way back
 
  protected:

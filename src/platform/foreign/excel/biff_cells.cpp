@@ -18,9 +18,8 @@ constexpr std::uint32_t mostBiffColumns = 256;
 /// A number in 32 bits: the upper ones of a double or a whole number, with two decimals or none.
 double NombreRk(std::uint32_t rk) {
   constexpr std::uint32_t percent = 1, whole = 2;
-  const double value = (rk & whole) != 0
-                           ? static_cast<double>(static_cast<std::int32_t>(rk) >> 2)
-                           : std::bit_cast<double>(std::uint64_t{rk & ~3U} << 32);
+  const double value = (rk & whole) != 0 ? static_cast<double>(static_cast<std::int32_t>(rk) >> 2)
+                                         : std::bit_cast<double>(std::uint64_t{rk & ~3U} << 32);
   return (rk & percent) != 0 ? value / 100 : value;
 }
 
@@ -49,8 +48,7 @@ bool EstTexte(Biff number) {
 /// Cells out of the records that a cursor stands on.
 class CellReader {
  public:
-  CellReader(BiffCursor& record, const BiffGlobals& globals)
-      : record_(record), globals_(globals) {}
+  CellReader(BiffCursor& record, const BiffGlobals& globals) : record_(record), globals_(globals) {}
 
   /// Adds the cells of the record. The cursor may go on to records that belong to it.
   void Ajoute(std::vector<SheetCell>& cells);
@@ -72,10 +70,8 @@ SheetCell CelluleTexte(std::uint32_t column, std::string text) {
 }
 
 SheetCell CelluleBooleenne(std::uint32_t column, bool value) {
-  return {.column = column,
-          .kind = SheetCell::Kind::Boolean,
-          .number = value ? 1.0 : 0.0,
-          .text = {}};
+  return {
+      .column = column, .kind = SheetCell::Kind::Boolean, .number = value ? 1.0 : 0.0, .text = {}};
 }
 
 void CellReader::Nombre(std::vector<SheetCell>& cells, std::uint32_t column, double value) const {

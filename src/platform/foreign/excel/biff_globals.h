@@ -12,7 +12,7 @@
 namespace talpena::excel {
 
 struct BiffGlobals {
-  bool unicode = false;  ///< BIFF8
+  bool unicode = false;              ///< BIFF8
   std::unique_ptr<ByteTexts> texts;  ///< of BIFF5
   std::vector<SheetInfo> sheets;
   std::vector<std::size_t> places;  ///< of their substreams

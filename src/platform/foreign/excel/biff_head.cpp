@@ -85,8 +85,8 @@ BiffHead TeteDeClasseur(std::string_view sheet) {
   AjouteEn1252(name, sheet);
   constexpr int western = 1252;
   BiffHead head;
-  head.bytes = Debut(biffGlobals) + Fiche(Biff::CodePage, Mots({western})) + Fenetre() +
-               PolicesEtFormats();
+  head.bytes =
+      Debut(biffGlobals) + Fiche(Biff::CodePage, Mots({western})) + Fenetre() + PolicesEtFormats();
   const std::string end = Fiche(Biff::Eof, "");
   const std::size_t place = head.bytes.size() + Feuille(0, name).size() + end.size();
   head.bytes += Feuille(static_cast<std::uint32_t>(place), name) + end + Debut(biffSheet);

@@ -1,6 +1,7 @@
 #include "platform/foreign/excel/biff_text.h"
 
 #include <unicode/ucnv.h>
+#include <unicode/ucnv_cb.h>
 
 #include <algorithm>
 #include <array>
@@ -15,16 +16,27 @@ struct WidePage {
 
 // Those of Office on other systems, and of East Asia.
 constexpr WidePage widePages[] = {
-    {874, "windows-874"},   {932, "windows-932"},     {936, "windows-936"},
-    {949, "windows-949"},   {950, "windows-950"},     {1255, "windows-1255"},
-    {1256, "windows-1256"}, {1257, "windows-1257"},   {1258, "windows-1258"},
-    {10000, "macintosh"},   {0x8000, "macintosh"},    {10006, "macgr"},
+    {874, "windows-874"},      {932, "windows-932"},
+    {936, "windows-936"},      {949, "windows-949"},
+    {950, "windows-950"},      {1255, "windows-1255"},
+    {1256, "windows-1256"},    {1257, "windows-1257"},
+    {1258, "windows-1258"},    {10000, "macintosh"},
+    {0x8000, "macintosh"},     {10006, "macgr"},
     {10007, "x-mac-cyrillic"}, {10029, "x-mac-centraleurroman"},
 };
 
 const char* ConvertisseurDe(int codePage) {
   const auto* const found = std::ranges::find(widePages, codePage, &WidePage::number);
   return found == std::end(widePages) ? nullptr : found->converter;
+}
+
+/// Bytes without a meaning are U+FFFD; left alone, the library takes a control for some.
+void RemplaceOctets(const void*, UConverterToUnicodeArgs* args, const char*, int32_t,
+                    UConverterCallbackReason reason, UErrorCode* status) {
+  constexpr UChar replacement = 0xFFFD;
+  if (reason > UCNV_IRREGULAR) return;
+  *status = U_ZERO_ERROR;
+  ucnv_cbToUWriteUChars(args, &replacement, 1, 0, status);
 }
 
 void AjouteCaractere(char32_t c, std::string& out) {
@@ -58,6 +70,8 @@ ByteTexts::ByteTexts(int codePage) {
   if (const char* const name = ConvertisseurDe(codePage)) {
     UErrorCode status = U_ZERO_ERROR;
     wide_.reset(ucnv_open(name, &status));
+    ucnv_setToUCallBack(wide_.get(), RemplaceOctets, nullptr, nullptr, nullptr, &status);
+    if (U_FAILURE(status)) wide_.reset();
   }
   if (wide_ == nullptr) page_.emplace(CodePage::Connue(codePage) ? codePage : western);
 }
@@ -66,9 +80,8 @@ std::string ByteTexts::EnUtf8(std::string_view bytes) const {
   if (page_) return page_->EnUtf8(bytes);
   std::u16string text(bytes.size() * 2, u'\0');  // no byte becomes more than two units
   UErrorCode status = U_ZERO_ERROR;
-  const int32_t units =
-      ucnv_toUChars(wide_.get(), text.data(), static_cast<int32_t>(text.size()), bytes.data(),
-                    static_cast<int32_t>(bytes.size()), &status);
+  const int32_t units = ucnv_toUChars(wide_.get(), text.data(), static_cast<int32_t>(text.size()),
+                                      bytes.data(), static_cast<int32_t>(bytes.size()), &status);
   std::string out;
   if (U_SUCCESS(status)) {
     AjouteUtf16(std::u16string_view(text).substr(0, static_cast<std::size_t>(units)), out);

@@ -16,7 +16,9 @@ namespace {
 class BiffWorkbook final : public Workbook {
  public:
   explicit BiffWorkbook(std::shared_ptr<ByteSource> stream)
-      : stream_(std::move(stream)), globals_(LitGlobales(stream_)), bytes_(globals_.sheets.size()) {}
+      : stream_(std::move(stream)),
+        globals_(LitGlobales(stream_)),
+        bytes_(globals_.sheets.size()) {}
 
   const std::vector<SheetInfo>& Feuilles() const override { return globals_.sheets; }
   std::unique_ptr<SheetRows> Lignes(std::size_t sheet) override {

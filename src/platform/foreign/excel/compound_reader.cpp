@@ -185,8 +185,7 @@ std::shared_ptr<ByteSource> CompoundFile::Flux(const Entry& entry) {
 
 std::shared_ptr<ByteSource> CompoundFile::PetitFlux(const Entry& entry) {
   const Entry root = LitEntree(0);
-  const auto all =
-      std::make_shared<ChainBytes>(file_, Chaine(root.start), shift_, 1, root.size);
+  const auto all = std::make_shared<ChainBytes>(file_, Chaine(root.start), shift_, 1, root.size);
   Sectors links = Chaine(miniFatStart_);
   const std::size_t bytes = links.size() << shift_;
   ChainBytes table(file_, std::move(links), shift_, 1, bytes);

@@ -51,8 +51,8 @@ std::string Tete(const Layout& layout) {
   constexpr std::size_t version = 0x003E, versionOfSectors512 = 3, littleEndian = 0xFFFE;
   std::string head(compoundMagic);
   head.append(16, '\0');
-  for (const std::size_t word : {version, versionOfSectors512, littleEndian, std::size_t{9},
-                                 std::size_t{6}}) {
+  for (const std::size_t word :
+       {version, versionOfSectors512, littleEndian, std::size_t{9}, std::size_t{6}}) {
     Ajoute16(head, word);
   }
   head.append(10, '\0');

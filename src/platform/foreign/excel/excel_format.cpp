@@ -41,10 +41,8 @@ class WorkbookFormat : public ForeignFormat {
   std::unique_ptr<ForeignDatabase> OuvrePourEcrire(const std::string& path) override {
     return excel::CreeBaseDeFeuille(
         {.limits = Limites(),
-         .cree =
-             [this, path](const TableDef& table, const std::string& sheet) {
-               return Feuille(path, table, sheet);
-             },
+         .cree = [this, path](const TableDef& table,
+                              const std::string& sheet) { return Feuille(path, table, sheet); },
          .ouvre = [this, path] { return Ouvre(path); }});
   }
 

@@ -55,7 +55,8 @@ std::string TexteDe(const SheetCell& cell) {
 /// A heading as the name of a column: blanks for the ends of its lines.
 std::string NomDeColonne(const SheetCell& cell) {
   std::string name = TexteDe(cell);
-  std::ranges::replace_if(name, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
+  std::ranges::replace_if(
+      name, [](char c) { return static_cast<unsigned char>(c) < ' '; }, ' ');
   name = Rogne(name);
   return CompteCaracteres(name) > longestName ? std::string() : name;
 }
@@ -184,8 +185,7 @@ SheetTable DecritFeuille(const SheetInfo& sheet, SheetRows& rows) {
   return describer.Table(sheet);
 }
 
-std::unique_ptr<RowSource> LignesDeTable(const SheetTable& table,
-                                         std::unique_ptr<SheetRows> rows) {
+std::unique_ptr<RowSource> LignesDeTable(const SheetTable& table, std::unique_ptr<SheetRows> rows) {
   return std::make_unique<TableRows>(table, std::move(rows));
 }
 

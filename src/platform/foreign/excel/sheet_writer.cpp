@@ -21,8 +21,7 @@ void VerifieDefinition(const TableDef& table, const SheetLimits& limits) {
   if (table.fields.size() > limits.columns) throw foreign::TropDeColonnes();
   std::set<std::string> names;
   for (const FieldDef& field : table.fields) {
-    const bool sized =
-        field.type != FieldType::Text || (field.size >= 1 && field.size <= mostSize);
+    const bool sized = field.type != FieldType::Text || (field.size >= 1 && field.size <= mostSize);
     if (field.type == FieldType::Binary) throw foreign::NonEcrit("a binary column of a sheet");
     if (field.name.empty() || !sized || !names.insert(Minuscules(field.name)).second) {
       throw foreign::DefinitionRefusee();
@@ -51,7 +50,6 @@ class SheetDatabase final : public ForeignDatabase {
     Exige(table);
     return rows_;
   }
-  std::int64_t TextesCoupes() const override { return cut_; }
 
   void CreeTable(const TableDef& table) override;
   std::int64_t InsereLignes(std::string_view table, RowSource& rows) override;
@@ -62,13 +60,13 @@ class SheetDatabase final : public ForeignDatabase {
       throw foreign::TableIntrouvable(table);
     }
   }
-  void Ajuste(std::vector<Cell>& cells);
+  void Verifie(const std::vector<Cell>& cells) const;
   void Ecrit(RowSource& rows);
 
   SheetFormat format_;
   TableDef table_;
   std::unique_ptr<SheetWriter> writer_;
-  std::int64_t rows_ = 0, cut_ = 0;
+  std::int64_t rows_ = 0;
 };
 
 void SheetDatabase::CreeTable(const TableDef& table) {
@@ -86,19 +84,17 @@ void SheetDatabase::CreeTable(const TableDef& table) {
   table_ = table;
 }
 
-/// Cuts what is too long for a cell, but refuses what is too long for its column.
-void SheetDatabase::Ajuste(std::vector<Cell>& cells) {
+/// That no text is longer than its column or any cell.
+void SheetDatabase::Verifie(const std::vector<Cell>& cells) const {
   for (std::size_t i = 0; i < cells.size(); ++i) {
-    Cell& cell = cells[i];
     const FieldDef& field = table_.fields[i];
     const bool memo = field.type == FieldType::Memo;
-    if (cell.kind != Cell::Kind::Text || (!memo && field.type != FieldType::Text)) continue;
+    if (cells[i].kind != Cell::Kind::Text || (!memo && field.type != FieldType::Text)) continue;
     const std::size_t most =
         memo ? format_.limits.characters : static_cast<std::size_t>(field.size);
-    if (cell.text.size() <= most || CompteCaracteres(cell.text) <= most) continue;
-    if (!memo) throw foreign::TexteTropLong(field.name);
-    cell.text = PremiersCaracteres(cell.text, most);
-    ++cut_;
+    if (cells[i].text.size() > most && CompteCaracteres(cells[i].text) > most) {
+      throw foreign::TexteTropLong(field.name);
+    }
   }
 }
 
@@ -110,7 +106,7 @@ void SheetDatabase::Ecrit(RowSource& rows) {
       ++leftOut;
       continue;
     }
-    Ajuste(cells);
+    Verifie(cells);
     writer_->Ajoute(cells);
     ++rows_;
   }

@@ -40,7 +40,7 @@ struct SheetFormat {
 /// (3001) without columns, for two of one name or a text of no length, TooManyFields (3190),
 /// InvalidName (3125) without a name. InsereLignes raises SpreadsheetFull (3437) when there are
 /// more rows than the sheet takes, after those that it does take, and tells how many are left out;
-/// FieldTooSmall (3163) for a text beyond its column. Memos beyond the longest text are cut.
+/// FieldTooSmall (3163) for a text beyond its column or, in a Memo, beyond the longest of a cell.
 std::unique_ptr<ForeignDatabase> CreeBaseDeFeuille(SheetFormat format);
 
 /// The name of the sheet for a table: at most 31 characters, `_` for those that it may not have.

@@ -12,8 +12,8 @@ struct SheetCell {
 
   std::uint32_t column = 0;  ///< from 0
   Kind kind = Kind::Number;
-  double number = 0;         ///< of a Boolean 1 or 0
-  std::string text;          ///< UTF-8
+  double number = 0;  ///< of a Boolean 1 or 0
+  std::string text;   ///< UTF-8
 };
 
 /// A row of a sheet; cells that hold nothing, or an error, are left out.

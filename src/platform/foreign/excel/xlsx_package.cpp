@@ -25,8 +25,8 @@ class LinkHandler final : public XmlHandler {
                target = attributes.Valeur("Target");
     if (!id || !kind || !target || links.size() == mostLinks) return Echoue();
     // The kind is an address, of which the last word counts.
-    links.push_back({std::string(*id), std::string(kind->substr(kind->rfind('/') + 1)),
-                     std::string(*target)});
+    links.push_back(
+        {std::string(*id), std::string(kind->substr(kind->rfind('/') + 1)), std::string(*target)});
   }
 
   std::vector<Link> links;
@@ -40,8 +40,8 @@ class SheetHandler final : public XmlHandler {
     const auto sheet = attributes.Valeur("name"), id = attributes.Valeur("id");
     if (!sheet || !id || sheets.size() == mostSheets) return Echoue();
     const std::string_view state = attributes.Valeur("state").value_or("visible");
-    sheets.push_back({{.name = std::string(*sheet), .hidden = state != "visible"},
-                      std::string(*id)});
+    sheets.push_back(
+        {{.name = std::string(*sheet), .hidden = state != "visible"}, std::string(*id)});
   }
 
   std::vector<std::pair<SheetInfo, std::string>> sheets;

@@ -22,8 +22,8 @@ class TextPieces {
 
  private:
   std::string text_;
-  int within_ = 0;   ///< elements that hold text
-  int spoken_ = 0;   ///< elements that say how it is pronounced
+  int within_ = 0;  ///< elements that hold text
+  int spoken_ = 0;  ///< elements that say how it is pronounced
 };
 
 /// `_x000D_` and the like as the characters that they stand for.

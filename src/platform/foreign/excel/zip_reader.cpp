@@ -48,8 +48,8 @@ class PartReader final : public ZipPart {
         Copie(into);
       }
       left_ -= into.size();
-      sum_ = crc32(sum_, reinterpret_cast<const Bytef*>(into.data()),
-                   static_cast<uInt>(into.size()));
+      sum_ =
+          crc32(sum_, reinterpret_cast<const Bytef*>(into.data()), static_cast<uInt>(into.size()));
     }
     if (left_ == 0 && sum_ != check_) file_->Refuse();
     return into.size();
@@ -123,12 +123,11 @@ void ZipFile::LitRepertoire(std::size_t place, std::size_t bytes) {
     const std::size_t name = Mot16(head + 28);
     const std::size_t rest = std::size_t{Mot16(head + 30)} + Mot16(head + 32);
     if (bytes - at - entryBytes < name + rest || (Mot16(head + 8) & encrypted) != 0) Refuse();
-    entries_.try_emplace(std::string(head + entryBytes, name),
-                         Entry{.method = Mot16(head + 10),
-                               .check = Mot32(head + 16),
-                               .packed = Mot32(head + 20),
-                               .size = Mot32(head + 24),
-                               .place = Mot32(head + 42)});
+    entries_.try_emplace(std::string(head + entryBytes, name), Entry{.method = Mot16(head + 10),
+                                                                     .check = Mot32(head + 16),
+                                                                     .packed = Mot32(head + 20),
+                                                                     .size = Mot32(head + 24),
+                                                                     .place = Mot32(head + 42)});
     at += entryBytes + name + rest;
     // Parts that lie within each other would take for ever.
     packed += Mot32(head + 20);

@@ -14,8 +14,8 @@ namespace {
 using namespace test;
 
 constexpr const char* workbooks[] = {
-    "Final_EA_GBIF.xls",    "Formate.xls",    "Test1904_95.xls",    "Test97.xls",
-    "oocalc_simple95.xls",  "oocalc_simple97.xls", "simple2003.xls", "simple2003_5WB.xls"};
+    "Final_EA_GBIF.xls",   "Formate.xls",         "Test1904_95.xls", "Test97.xls",
+    "oocalc_simple95.xls", "oocalc_simple97.xls", "simple2003.xls",  "simple2003_5WB.xls"};
 
 TEST(BiffReader, ReadsEveryValueAsXlrdDoes) {
   NEEDS_WORKBOOKS();
@@ -38,8 +38,8 @@ TEST(BiffReader, MakesATableOfEachSheetThatHoldsSomething) {
     names.push_back(field.name);
     types.push_back(field.type);
   }
-  EXPECT_EQ(names, (std::vector<std::string>{"Col 1", "Col 2", "F3", "F4", "time", "Datetime",
-                                             "date"}));
+  EXPECT_EQ(names,
+            (std::vector<std::string>{"Col 1", "Col 2", "F3", "F4", "time", "Datetime", "date"}));
   EXPECT_EQ(types, (std::vector<FieldType>{FieldType::Text, FieldType::Text, FieldType::Double,
                                            FieldType::Double, FieldType::Double, FieldType::Double,
                                            FieldType::Double}));

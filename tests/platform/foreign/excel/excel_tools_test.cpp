@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "common/numbers.h"
+#include "common/text.h"
 #include "platform/foreign/excel/workbooks.h"
 
 namespace talpena {
@@ -158,8 +160,8 @@ TEST(ExcelTools, WeReadEveryValueThatSsconvertWrites) {
   std::string csv = "Name,Number,Formula,Text,Long\n";
   for (std::size_t i = 0; i < 400; ++i) {
     const std::string n = std::to_string(i);
-    csv += "ł" + n + "," + n + ".5,=B" + std::to_string(i + 2) + "*2,\"=A" +
-           std::to_string(i + 2) + "&\"\"é\"\"\"," + std::string(i % 7 * 100, 'z') + n + "♀\n";
+    csv += "ł" + n + "," + n + ".5,=B" + std::to_string(i + 2) + "*2,\"=A" + std::to_string(i + 2) +
+           "&\"\"é\"\"\"," + std::string(i % 7 * 100, 'z') + n + "♀\n";
   }
   csv += "TRUE,=1=1,=1/0,12,1e300\n";
   EcritFichier(folder / "a.csv", csv);

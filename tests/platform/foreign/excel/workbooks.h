@@ -11,19 +11,22 @@
 #include <string_view>
 #include <vector>
 
+#include "fakes/temp_folder.h"
+#include "platform/foreign/command_output.h"
 #include "platform/foreign/excel/biff_workbook.h"
 #include "platform/foreign/excel/excel_format.h"
 #include "platform/foreign/excel/xlsx_workbook.h"
-#include "platform/foreign/mdb_tools.h"
-#include "platform/foreign/written_files.h"
+#include "platform/foreign/foreign_rows.h"
 
 namespace talpena::test {
+
+namespace fs = std::filesystem;
 
 inline const fs::path xlsFolder = fs::path(TALPENA_SHARED_DATA) / "db" / "xls";
 
 #define NEEDS_WORKBOOKS() \
   if (!fs::exists(xlsFolder)) GTEST_SKIP() << "no workbooks under " << xlsFolder
-#define NEEDS_PYTHON(module)                                  \
+#define NEEDS_PYTHON(module)                                   \
   if (!Sortie("/usr/bin/python3 -c 'import " module "' 2>&1")) \
   GTEST_SKIP() << "python3-" module " is not installed"
 #define NEEDS_TOOL(name) \
