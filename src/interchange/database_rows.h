@@ -6,6 +6,7 @@
 #include <span>
 #include <vector>
 
+#include "common/talpena_error.h"
 #include "interchange/database_row.h"
 #include "platform/table_engine.h"
 #include "store/table.h"

@@ -32,9 +32,9 @@ class GeoPackageExport : public DatabaseExportTest {
     return LitTable(*makers, path_, "GeoPackage;");
   }
   /// What ogrinfo says of the layer; empty where it is not installed.
-  std::string Ogrinfo(const std::string& options) const {
+  std::string Ogrinfo(const std::string& flags) const {
     if (!Sortie("command -v ogrinfo")) return {};
-    const auto told = Sortie("ogrinfo " + options + " '" + path_ + "' moles 2>&1");
+    const auto told = Sortie("ogrinfo " + flags + " '" + path_ + "' moles 2>&1");
     if (!told) ADD_FAILURE() << "ogrinfo cannot read " << path_;
     return told.value_or("");
   }

@@ -24,13 +24,14 @@ namespace {
 constexpr std::size_t latitudeBox = 1;
 constexpr int rowsOfBoxes = 5;
 
-/// A line that tells what the export does. It keeps its room while it has nothing to say.
-QLabel* Avis(QWidget* parent, const QString& name) {
+/// A line that tells what the export does. It keeps its room while it has nothing to say, unless it
+/// never has.
+QLabel* Avis(QWidget* parent, const QString& name, bool speaks = true) {
   auto* label = Nomme(new QLabel(parent), name);
   label->setWordWrap(true);
   label->setTextFormat(Qt::PlainText);
   QSizePolicy policy = label->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
+  policy.setRetainSizeWhenHidden(speaks);
   label->setSizePolicy(policy);
   return label;
 }
@@ -56,7 +57,7 @@ void OptionsExport::Construit() {
   for (std::size_t i = 0; i < IncludeField.size(); ++i) {
     IncludeField[i] = Nomme(new QCheckBox(Frame3D1), NomIndexe("IncludeField", i));
   }
-  lblSansSud = Avis(Frame3D1, "lblSansSud");
+  lblSansSud = Avis(Frame3D1, "lblSansSud", kind_ == ExportKind::Text);
   lblCoordSystem = Nomme(new QLabel(this), "lblCoordSystem");
   cmbSystem = Nomme(new QComboBox(this), "cmbSystem");
   lblCoordSystem->setBuddy(cmbSystem);

@@ -72,8 +72,7 @@ std::string TypeSql(const FieldDef& field) {
       return "SMALLINT";
     case FieldType::Long:
       return "MEDIUMINT";
-    case FieldType::Single:
-      return "FLOAT";
+    case FieldType::Single:  // as its decimals, which 32 bits do not have
     case FieldType::Double:
     case FieldType::Currency:
       return "DOUBLE";
