@@ -1,7 +1,6 @@
 #include "platform/foreign/code_page.h"
 
 #include <unicode/ucnv.h>
-#include <unicode/unistr.h>
 
 #include <algorithm>
 #include <iterator>
@@ -55,6 +54,17 @@ bool SansSens(UChar32 c) {
   return control || privateUse || c == 0xFFFD;
 }
 
+std::string EnUtf8(UConverter* converter, char byte) {
+  UErrorCode status = U_ZERO_ERROR;
+  const char* from = &byte;
+  const UChar32 c = ucnv_getNextUChar(converter, &from, from + 1, &status);
+  if (U_FAILURE(status) || SansSens(c)) return std::string(replacement);
+  std::array<char, 8> utf8{};
+  const std::int32_t length =
+      ucnv_toAlgorithmic(UCNV_UTF8, converter, utf8.data(), utf8.size(), &byte, 1, &status);
+  return {utf8.data(), static_cast<std::size_t>(length)};
+}
+
 CodePage::UpperHalf FaitMoitieHaute(const Converter& page) {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<UConverter, decltype(&ucnv_close)> converter(ucnv_open(page.name, &status),
@@ -62,15 +72,7 @@ CodePage::UpperHalf FaitMoitieHaute(const Converter& page) {
   if (U_FAILURE(status)) throw PageInconnue(page.number);
   CodePage::UpperHalf upper;
   for (std::size_t i = 0; i < upper.size(); ++i) {
-    const char byte = static_cast<char>(0x80 + i);
-    const char* from = &byte;
-    status = U_ZERO_ERROR;
-    const UChar32 c = ucnv_getNextUChar(converter.get(), &from, from + 1, &status);
-    if (U_FAILURE(status) || SansSens(c)) {
-      upper[i] = replacement;
-    } else {
-      icu::UnicodeString(c).toUTF8String(upper[i]);
-    }
+    upper[i] = EnUtf8(converter.get(), static_cast<char>(0x80 + i));
   }
   for (const Correction& correction : corrections) {
     if (correction.number == page.number) upper[correction.byte - 0x80U] = correction.character;

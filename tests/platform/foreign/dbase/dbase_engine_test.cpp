@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -99,6 +100,27 @@ TEST(DbaseEngine, ReadsAsManyColumnsAsATableMayHave) {
   const auto database = Moteur()->OpenDatabase(folder.path(), true, Connect::DBase4);
   EXPECT_EQ(database->OpenRecordset("SELECT F254 FROM wide")->Get(0).Texte(), "u");
   EXPECT_EQ(Numero([&] { database->OpenRecordset("wider"); }), ErrorNumber::TooManyFields);
+}
+
+// Whatever a damaged head calls its columns, the engine takes the table over or says what is wrong.
+TEST(DbaseEngine, SurvivesChangedBytes) {
+  NEEDS_DBF_FILES();
+  const std::string whole = LitFichier((dbfFolder / "dbase_03.dbf").string());
+  const TempFolder folder;
+  const auto engine = Moteur();
+  std::mt19937 random(3);
+  for (int i = 0; i < 100; ++i) {
+    std::string bytes = whole;
+    for (int n = 0; n < 20; ++n) {
+      bytes[32 + random() % 31 * 32 + random() % 11] = static_cast<char>(random());
+    }
+    EcritFichier(folder / "t.dbf", bytes);
+    const int number = Numero([&] {
+      const auto database = engine->OpenDatabase(folder / "t.dbf", true, Connect::DBase4);
+      EXPECT_EQ(database->OpenRecordset("t")->RecordCount(), 14);
+    });
+    EXPECT_TRUE(number == 0 || number == ErrorNumber::UnrecognizedFormat) << number;
+  }
 }
 
 }  // namespace

@@ -147,6 +147,16 @@ struct WrittenDbf {
   std::unique_ptr<ForeignDatabase> database;
 };
 
+inline TableDef UnMemo(const char* name = "notes") {
+  return {.name = name,
+          .fields = {Champ("N", FieldType::Long), Champ("Memo", FieldType::Memo)},
+          .indexes = {}};
+}
+
+inline TableDef UnTexte(int size) {
+  return {.name = "t", .fields = {Champ("A", FieldType::Text, size)}, .indexes = {}};
+}
+
 // --- Other readers -------------------------------------------------------------------------------
 
 /// The rows of a file as another program reads them, behind a row of names.
