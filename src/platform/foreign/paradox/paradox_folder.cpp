@@ -142,6 +142,15 @@ std::int64_t DossierParadox::InsereLignes(std::string_view table, RowSource& row
 
 }  // namespace
 
+bool EstTable(const std::string& path) {
+  try {
+    LitTete(OuvreEntree(path));
+    return true;
+  } catch (const TalpenaError&) {
+    return false;
+  }
+}
+
 std::unique_ptr<ForeignDatabase> OuvreDossier(const std::string& path,
                                               const ParadoxLimits& limits) {
   auto folder = std::make_unique<DossierParadox>(path, limits);

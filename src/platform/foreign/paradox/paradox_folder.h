@@ -8,6 +8,9 @@
 
 namespace talpena::paradox {
 
+/// True for the file of a table, also of one with a password. Never throws.
+bool EstTable(const std::string& path);
+
 /// For reading. As ForeignFormat::Ouvre.
 ///
 /// @param path  the folder, or the file of one table

@@ -16,8 +16,8 @@ class FormatParadox final : public ForeignFormat {
  public:
   explicit FormatParadox(const ParadoxLimits& limits) : limites_(limits) {}
 
-  bool Reconnait(const std::string&, std::string_view connect) override {
-    return EstParadox(connect);
+  bool Reconnait(const std::string& path, std::string_view connect) override {
+    return EstParadox(connect) || (connect.empty() && paradox::EstTable(path));
   }
   std::unique_ptr<ForeignDatabase> Ouvre(const std::string& path) override {
     return paradox::OuvreDossier(path, limites_);

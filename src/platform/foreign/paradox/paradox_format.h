@@ -15,7 +15,8 @@ struct ParadoxLimits {
   std::uint32_t blocs = 65535;                       ///< of a table that is written; never more
 };
 
-/// Folders of tables, or the file of one, by the connect strings "Paradox 3.X;" and "Paradox 4.X;".
+/// Folders of tables, or the file of one, by the connect strings "Paradox 3.X;" and "Paradox 4.X;";
+/// without one, a file that looks like a table.
 ///
 /// Read are levels 3.0 to 7, with and without a key, with their memo files; indexes are left alone.
 /// A damaged table ends in UnrecognizedFormat (3343), from Ouvre or from its rows, and never in

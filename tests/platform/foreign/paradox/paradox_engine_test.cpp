@@ -56,6 +56,20 @@ TEST(ParadoxEngine, ReadsATableByAStatement) {
             ErrorNumber::UnrecognizedFormat);
 }
 
+TEST(ParadoxEngine, KnowsATableByItsHead) {
+  NEEDS_PARADOX_FILES();
+  const auto engine = MoteurParadox();
+  for (const char* name : {"AREACODE.DB", "CUSTOMER.DB", "County.DB", "memo.db"}) {
+    const auto database = engine->OpenDatabase((paradoxFolder / name).string(), true);
+    EXPECT_EQ(database->TableNames().size(), 1U) << name;
+  }
+  for (const char* name : {"long.px", "memo.mb"}) {
+    EXPECT_EQ(Numero([&] { engine->OpenDatabase((paradoxFolder / name).string(), true); }),
+              ErrorNumber::UnrecognizedFormat)
+        << name;
+  }
+}
+
 TEST(ParadoxEngine, MakesATableInAFolderAndReadsItBack) {
   const TempFolder folder;
   const auto engine = MoteurParadox();
