@@ -164,6 +164,7 @@ class TableRows final : public RowSource {
       return Cell::Of(std::int64_t{cell.number != 0 ? -1 : 0});
     }
     texts_[column] = TexteDe(cell);
+    if (texts_[column].empty()) return Cell::Null();  // as where there is no cell
     return Cell::Of(std::string_view(texts_[column]));
   }
 

@@ -25,7 +25,7 @@ struct SheetTable {
 SheetTable DecritFeuille(const SheetInfo& sheet, SheetRows& rows);
 
 /// The rows of the table, also those in between that hold nothing. In a Text, numbers are by Str,
-/// truth values TRUE and FALSE.
+/// truth values TRUE and FALSE, and an empty text is Null.
 std::unique_ptr<RowSource> LignesDeTable(const SheetTable& table, std::unique_ptr<SheetRows> rows);
 
 }  // namespace talpena::excel

@@ -24,7 +24,9 @@ std::vector<Row> LignesDe(const char* file, FieldType second, FieldType third) {
   const auto database = CreeFormatExcel()->Ouvre((corpus / file).string());
   const TableDef table = database->Tables().at(0);
   EXPECT_EQ(table.fields.at(1).type, second);
-  if (table.fields.size() > 2) EXPECT_EQ(table.fields[2].type, third);
+  if (table.fields.size() > 2) {
+    EXPECT_EQ(table.fields[2].type, third);
+  }
   return LitLignes(*database, table.name, table.fields.size());
 }
 
