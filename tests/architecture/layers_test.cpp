@@ -106,7 +106,7 @@ struct LibraryRule {
 /// The first that a header meets counts.
 constexpr std::array libraryRules = {
     LibraryRule{"sqlite3.h", "platform/sqlite/"},
-    LibraryRule{"unicode/ucnv.h", "platform/foreign/"},  // code pages of makers' files
+    LibraryRule{"unicode/ucnv", "platform/foreign/"},  // code pages of makers' files
     LibraryRule{"unicode/", "platform/sqlite/"},
     LibraryRule{"mdbtools.h", "platform/foreign/"},
 };

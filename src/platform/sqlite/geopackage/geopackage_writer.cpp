@@ -20,7 +20,9 @@
 namespace talpena::sqlite {
 namespace {
 
-constexpr int rowsOfTransaction = 1000;
+/// Rows of a transaction, which a full disk takes back: few while there are few, so that most of
+/// them stay; many later, since each transaction writes much of the index of places anew.
+constexpr std::int64_t fewestAtOnce = 1000, mostAtOnce = 16000;
 
 /// Makes the file for SQLite to fill.
 const std::string& Nouveau(const std::string& path) {
@@ -97,7 +99,8 @@ class TableFiller {
     try {
       while (rows.Suivante(cells)) {
         Ajoute(cells);
-        if (++count_ % rowsOfTransaction != 0) continue;
+        if (++count_ < nextCommit_) continue;
+        nextCommit_ = count_ + std::clamp(count_, fewestAtOnce, mostAtOnce);
         connection_.Execute("COMMIT");
         connection_.Execute("BEGIN");
       }
@@ -172,6 +175,7 @@ class TableFiller {
   std::optional<std::size_t> geometry_;
   Extent extent_;
   std::int64_t count_ = 0;
+  std::int64_t nextCommit_ = fewestAtOnce;
 };
 
 class PaquetEcrit final : public ForeignDatabase {
