@@ -46,7 +46,7 @@ class User final : public test::NoDialogues, public ExportDialogs {
   Answer Demande(const MessageBox& box) override {
     return box.buttons == Buttons::YesNoCancel ? Answer::Yes : NoDialogues::Demande(box);
   }
-  bool MontreOptionsExport() override { return true; }
+  bool MontreOptionsExport(ExportKind) override { return true; }
 
  private:
   std::string path_;

@@ -9,15 +9,14 @@
 
 #include "common/msg_id.h"
 #include "common/msg_id_export.h"
-#include "common/paths.h"
 #include "common/string_table.h"
 #include "coords/datum.h"
+#include "interchange/export_file.h"
 #include "interchange/export_lines.h"
 #include "interchange/export_options.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/filter.h"
-#include "store/overwrite.h"
 #include "store/row_failures.h"
 #include "store/table.h"
 
@@ -26,42 +25,6 @@ namespace {
 
 /// Rows between two looks at whether the user gave up: some tenths of a millisecond.
 constexpr std::int64_t rowsPerBeat = 256;
-
-Answer DemandeRemplacement(CommandContext c, const std::string& path) {
-  Bip(c.state, c.io);
-  return c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::RemplaceFichier),
-                                 .icon = Icon::Exclamation,
-                                 .buttons = Buttons::YesNoCancel,
-                                 .defaultButton = Answer::No,
-                                 .detail = path});
-}
-
-/// The rows on show would be lost with their file: it may not be replaced. Told where it is.
-bool EstOuvert(CommandContext c, const std::string& path) {
-  const std::string& open = c.document().Fichier.NomFichier;
-  if (open.empty() || !c.io.files.MemeFichier(path, open)) return false;
-  Bip(c.state, c.io);
-  c.io.dialogues.Demande(
-      {.text = Texte(c.state.Langue, MsgId::ExportSurOuvert), .icon = Icon::Exclamation});
-  return true;
-}
-
-/// The file to write; "" when there is none. Whoever does not want a file replaced is asked for
-/// another one.
-std::string DemandeFichier(CommandContext c) {
-  std::string folder = DossierDe(c.state.FichierExporte);
-  if (folder.empty()) folder = DossierDe(c.document().Fichier.NomFichier);
-  for (;;) {
-    std::string path = c.io.dialogues.EnregistreFichier(
-        {.filter = "Fichiers texte (*.txt)|*.txt", .folder = folder});
-    if (path.empty() || !c.io.files.Existe(path)) return path;
-    folder = DossierDe(path);
-    if (EstOuvert(c, path)) continue;
-    const Answer answer = DemandeRemplacement(c, path);
-    if (answer == Answer::Cancel) return {};
-    if (answer == Answer::Yes && PeutEcraser(c, path)) return path;
-  }
-}
 
 class TextExport {
  public:
@@ -89,7 +52,7 @@ class TextExport {
       file->Remplace();
       return faute;
     } catch (const TalpenaError& failure) {
-      const int hint = Reste(former);
+      const int hint = ConseilDuReste(c_, path_, former);
       if (failure.number() == ErrorNumber::Cancelled && hint != 0) {
         c_.document().DitResultat(Texte(c_.state.Langue, hint));
       }
@@ -138,12 +101,6 @@ class TextExport {
     }
   }
 
-  /// What is to be said of the place of the file behind a failure to write it; 0 for nothing.
-  int Reste(const std::optional<FileStamp>& former) {
-    if (!c_.io.files.Existe(path_)) return former ? 0 : MsgId::ExportSansFichier;
-    return c_.io.files.Empreinte(path_) == former ? MsgId::AncienFichierReste : 0;
-  }
-
   CommandContext c_;
   Recordset& rows_;
   std::string path_;
@@ -167,8 +124,11 @@ void MnuExpAsciiMode(CommandContext c, ExportDialogs& dialogues, int index) {
   ExecuteCommande(c.state, c.io, {}, [&] {
     c.document().DitResultat({});
     const std::unique_ptr<Recordset> rows = c.document().Data1.Clone();
-    if (!dialogues.MontreOptionsExport()) return;
-    const std::string path = DemandeFichier(c);
+    if (!dialogues.MontreOptionsExport(ExportKind::Text)) return;
+    const std::string path =
+        DemandeFichierExport(c, "Fichiers texte (*.txt)|*.txt", [&](const std::string& chosen) {
+          return c.io.files.Existe(chosen) ? std::vector{chosen} : std::vector<std::string>();
+        });
     if (path.empty()) return;
     TextExport(c, *rows, path, index).Execute();
     c.state.FichierExporte = path;

@@ -41,6 +41,19 @@ class OutputFile {
   }
 };
 
+/// A folder of a program's own beside a place, for files that are made under their names and take
+/// their places together. It goes with whatever was not put in place.
+class SideFolder {
+ public:
+  virtual ~SideFolder() = default;
+  virtual const std::string& Chemin() const = 0;  ///< with a separator at its end
+  /// Puts all files of it in their places; the files of `former`, names there, go. Mode and owner
+  /// of a former file of the same name are kept. All of it or, with a failure, nothing: a file in
+  /// the way that `former` does not name is FileExists (58). A program killed in the middle leaves
+  /// the former files in this folder.
+  virtual void MetEnPlace(const std::vector<std::string>& former) = 0;
+};
+
 /// Tells two states of a file apart; equal when nothing touched the file between.
 struct FileStamp {
   std::int64_t size = -1;
@@ -74,6 +87,10 @@ class FileSystem {
                                                 [[maybe_unused]] const NewFile& wanted) {
     return Cree(path);
   }
+  /// A folder beside `path`. What was left of others goes as by SupprimeRestes.
+  virtual std::unique_ptr<SideFolder> CreeDossierACote(const std::string& path);
+  /// The path behind all links at the end of a path; the file itself need not be there.
+  virtual std::string SansLiens(const std::string& path) { return path; }
   virtual void Supprime(const std::string& path) = 0;
   /// True when nothing is there, or an ordinary file of this user's own that no program holds
   /// locked: what may be deleted without asking whose it is. A link, a pipe and a folder never are.

@@ -1,6 +1,9 @@
 """Rows go out as text, by keyboard."""
 
 import os
+import shutil
+import struct
+import subprocess
 
 from driver import accessible, application, descendants, wait_for
 
@@ -95,4 +98,63 @@ def exports_the_rows_of_a_filter(s):
     assert program.ends() == 0
 
 
-SCENARIOS = [exports_by_keyboard, exports_the_rows_of_a_filter]
+def opens_database_export(program, number):
+    """File, Export, the entry so many behind the first."""
+    program.menu("alt+f", "p", *["Down"] * number, "Return")
+    program.window("^Export options$")
+
+
+def rows_of_dbf(data):
+    """Records and their bytes, as the head of a dBase file tells them."""
+    count, head, length = struct.unpack("<IHH", data[4:12])
+    return [data[head + i * length:head + (i + 1) * length] for i in range(count)]
+
+
+def exports_databases_by_keyboard(s):
+    path = s.file([30, 10, 20])
+    program = s.start(path)
+    program.activate()
+    opens_database_export(program, 1)
+    program.keys("Return")
+    saves_to(program, os.path.join(s.folder, "moles"))
+    wait_for("the notice", lambda: says(program, "3 rows written and read back"))
+    access = os.path.join(s.folder, "moles.mdb")
+    assert s.bytes(access)[4:19] == b"Standard Jet DB"
+    if shutil.which("mdb-export"):
+        told = subprocess.run(["mdb-export", "-H", access, "moles"], capture_output=True,
+                              check=True, text=True).stdout
+        assert len(told.splitlines()) == 3 and ",30," in told.splitlines()[0], told
+
+    opens_database_export(program, 3)
+    program.keys("Return")
+    saves_to(program, os.path.join(s.folder, "my.file.dbf"))
+    table = os.path.join(s.folder, "my.dbf")
+    wait_for("the table", lambda: os.path.exists(table))
+    wait_for("its memos", lambda: os.path.exists(os.path.join(s.folder, "my.dbt")))
+    rows = rows_of_dbf(s.bytes(table))
+    assert [row[1:2] for row in rows] == [b"1", b"2", b"3"], rows
+    assert b"50.10000000000000" in rows[0] and b"row 0" in rows[0], rows
+
+    # The name is asked of the file that will be written. Escape keeps it, and so does No, which
+    # brings the dialog again.
+    former = s.bytes(table)
+    for answer in ("Escape", "n"):
+        opens_database_export(program, 3)
+        program.keys("Return")
+        saves_to(program, os.path.join(s.folder, "my.other.dbf"))
+        program.window("^Talpena$")
+        program.keys(answer)
+    assert s.bytes(table) == former
+    program.keys("Escape")
+    opens_database_export(program, 3)
+    program.keys("alt+2", "Return")  # without the second number
+    saves_to(program, os.path.join(s.folder, "my.dbf"))
+    program.window("^Talpena$")
+    program.keys("y")
+    wait_for("the new table", lambda: s.bytes(table) != former)
+    assert b"NUMBER_2" not in s.bytes(table)
+    program.keys("ctrl+q")
+    assert program.ends() == 0
+
+
+SCENARIOS = [exports_by_keyboard, exports_the_rows_of_a_filter, exports_databases_by_keyboard]

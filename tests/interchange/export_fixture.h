@@ -60,16 +60,18 @@ class TextExportTest : public testing::Test, protected Monde, protected ExportDi
     return Lignes(Exporte());
   }
 
-  bool MontreOptionsExport() override {
+  bool MontreOptionsExport(ExportKind kind) override {
+    genres.push_back(kind);
     ++options;
     if (choisit) choisit();
     return accepte;
   }
 
   std::string path = folder / "out.txt";
-  int options = 0;                ///< how often OptionsExport was shown
-  bool accepte = true;            ///< what it answers
-  std::function<void()> choisit;  ///< what the user does in it
+  int options = 0;                 ///< how often OptionsExport was shown
+  std::vector<ExportKind> genres;  ///< what it was shown for
+  bool accepte = true;             ///< what it answers
+  std::function<void()> choisit;   ///< what the user does in it
 };
 
 }  // namespace talpena::test

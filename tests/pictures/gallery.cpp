@@ -51,7 +51,7 @@ std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
 
 /// With X and Y, so that both notices stand in it.
 std::unique_ptr<QWidget> CreeOptionsExport(const GalleryContext& c) {
-  auto options = std::make_unique<OptionsExport>(c.state, c.io);
+  auto options = std::make_unique<OptionsExport>(c.state, c.io, ExportKind::Text);
   options->findChild<QComboBox*>(QStringLiteral("cmbSystem"))->setCurrentIndex(1);
   return options;
 }

@@ -24,21 +24,22 @@ namespace {
 constexpr std::size_t latitudeBox = 1;
 constexpr int rowsOfBoxes = 5;
 
-/// A line that tells what the export does. It keeps its room while it has nothing to say.
-QLabel* Avis(QWidget* parent, const QString& name) {
+/// A line that tells what the export does. It keeps its room while it has nothing to say, unless it
+/// never has.
+QLabel* Avis(QWidget* parent, const QString& name, bool speaks = true) {
   auto* label = Nomme(new QLabel(parent), name);
   label->setWordWrap(true);
   label->setTextFormat(Qt::PlainText);
   QSizePolicy policy = label->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
+  policy.setRetainSizeWhenHidden(speaks);
   label->setSizePolicy(policy);
   return label;
 }
 
 }  // namespace
 
-OptionsExport::OptionsExport(SharedState& state, Platform& io, QWidget* parent)
-    : QDialog(parent), state_(state), io_(io) {
+OptionsExport::OptionsExport(SharedState& state, Platform& io, ExportKind kind, QWidget* parent)
+    : QDialog(parent), state_(state), io_(io), kind_(kind) {
   setObjectName("OptionsExport");
   setModal(true);
   Construit();
@@ -56,7 +57,7 @@ void OptionsExport::Construit() {
   for (std::size_t i = 0; i < IncludeField.size(); ++i) {
     IncludeField[i] = Nomme(new QCheckBox(Frame3D1), NomIndexe("IncludeField", i));
   }
-  lblSansSud = Avis(Frame3D1, "lblSansSud");
+  lblSansSud = Avis(Frame3D1, "lblSansSud", kind_ == ExportKind::Text);
   lblCoordSystem = Nomme(new QLabel(this), "lblCoordSystem");
   cmbSystem = Nomme(new QComboBox(this), "cmbSystem");
   lblCoordSystem->setBuddy(cmbSystem);
@@ -132,7 +133,7 @@ void OptionsExport::Montre() {
 
 /// What a reader of the screen hears of a notice belongs to the control that brings it up.
 void OptionsExport::MontreAvis() {
-  const bool latitudes = IncludeField[latitudeBox]->isChecked();
+  const bool latitudes = kind_ == ExportKind::Text && IncludeField[latitudeBox]->isChecked();
   const bool xy = cmbSystem->currentData().toInt() > 0;
   lblSansSud->setVisible(latitudes);
   lblDatumXY->setVisible(xy);

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <array>
 
+#include "interchange/export_dialogs.h"
 #include "platform/platform.h"
 #include "platform/settings_state.h"
 
@@ -20,7 +21,7 @@ class OptionsExport : public QDialog {
   Q_OBJECT
 
  public:
-  OptionsExport(SharedState& state, Platform& io, QWidget* parent = nullptr);
+  OptionsExport(SharedState& state, Platform& io, ExportKind kind, QWidget* parent = nullptr);
 
   /// Asks the user, once; true when the choice was accepted.
   bool Demande() { return exec() == Accepted; }
@@ -41,10 +42,11 @@ class OptionsExport : public QDialog {
 
   SharedState& state_;
   Platform& io_;
+  ExportKind kind_;
 
   QGroupBox* Frame3D1;  ///< around IncludeField
   std::array<QCheckBox*, 10> IncludeField;
-  QLabel* lblSansSud;  ///< while latitudes are written: what becomes of their sign
+  QLabel* lblSansSud;  ///< while a text export writes latitudes: what becomes of their sign
   QLabel* lblCoordSystem;
   QComboBox* cmbSystem;
   QLabel* lblDatumXY;  ///< while X and Y are written: where they come from

@@ -16,6 +16,7 @@ namespace {
 constexpr std::string_view head = ".talpena-";
 constexpr std::string_view unfinished = ".tmp";
 constexpr std::string_view whole = ".new";
+constexpr std::string_view folderEnd = ".dir";
 constexpr std::size_t digits = 8;
 
 std::string EnHexa(std::uint32_t number) {
@@ -69,6 +70,17 @@ bool EstNomTemporaire(std::string_view name) {
   return name.substr(0, start.size()) == start &&
          middle.find_first_not_of("0123456789abcdef") == std::string_view::npos &&
          (FinitPar(name, unfinished) || FinitPar(name, whole));
+}
+
+std::string NomDeDossier(std::string_view name) {
+  const std::string temporary = NomTemporaire(name);
+  return temporary.substr(0, temporary.size() - unfinished.size()) + std::string(folderEnd);
+}
+
+bool EstNomDeDossier(std::string_view name) {
+  if (!FinitPar(name, folderEnd)) return false;
+  name.remove_suffix(folderEnd.size());
+  return EstNomTemporaire(std::string(name) + std::string(unfinished));
 }
 
 bool EstTemporaireDe(std::string_view name, std::string_view wanted) {

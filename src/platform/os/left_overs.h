@@ -17,6 +17,10 @@ bool EstNomEntier(std::string_view name);
 /// Whether a program on this machine gave this name.
 bool EstNomTemporaire(std::string_view name);
 
+/// The same for a folder of files that wait for their places, with ".dir" at its end.
+std::string NomDeDossier(std::string_view name);
+bool EstNomDeDossier(std::string_view name);
+
 /// Whether it did so for a file called `wanted`.
 bool EstTemporaireDe(std::string_view name, std::string_view wanted);
 

@@ -1,6 +1,5 @@
 #include "platform/os/posix_backup.h"
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <stdio.h>
 #include <sys/file.h>
@@ -9,13 +8,13 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <memory>
 
 #include "common/text.h"
 #include "platform/os/left_overs.h"
 #include "platform/os/posix_error.h"
 #include "platform/os/posix_output.h"
 #include "platform/os/posix_paths.h"
+#include "platform/os/posix_side_folder.h"
 
 namespace talpena {
 namespace {
@@ -29,14 +28,6 @@ bool EstDossier(const std::string& path) {
 
 void VerifieEcriture(const std::string& folder, const std::string& path) {
   if (faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) != 0) LanceErreurFichier(errno, path);
-}
-
-std::vector<std::string> NomsDe(const std::string& folder) {
-  std::vector<std::string> names;
-  const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
-  if (entries == nullptr) return names;
-  while (const dirent* entry = readdir(entries.get())) names.emplace_back(entry->d_name);
-  return names;
 }
 
 /// Opens a left-over, with as many rights as there are.
@@ -129,6 +120,9 @@ void SupprimeRestesPosix(const std::string& folder) {
                     [&](const std::string& name) { return EstTemporaireDe(*reste, name); })) {
       SupprimeSiAbandonne(folder + "/" + *reste);
     }
+  }
+  for (auto name = standing; name != names.end(); ++name) {
+    if (EstNomDeDossier(*name)) SupprimeDossierAbandonne(folder + "/" + *name);
   }
 }
 

@@ -1,6 +1,5 @@
 // The user's files by POSIX calls.
 #include <fcntl.h>
-#include <stdio.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -16,6 +15,7 @@
 #include "platform/os/posix_output.h"
 #include "platform/os/posix_owner.h"
 #include "platform/os/posix_paths.h"
+#include "platform/os/posix_side_folder.h"
 
 namespace talpena {
 namespace {
@@ -28,17 +28,6 @@ std::optional<struct stat> Etat(const std::string& path) {
 
 bool PeutEcrire(const std::string& path) {
   return faccessat(AT_FDCWD, path.c_str(), W_OK, AT_EACCESS) == 0;
-}
-
-/// Renames, never over another file.
-int RenommeSansEcraser(const std::string& from, const std::string& to) {
-#ifdef __linux__
-  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
-  if (errno != EINVAL && errno != ENOSYS) return errno;
-#endif
-  struct stat there {};
-  if (lstat(to.c_str(), &there) == 0) return EEXIST;
-  return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
 class PosixFileSystem final : public FileSystem {
@@ -71,6 +60,17 @@ class PosixFileSystem final : public FileSystem {
       attributes = AttributsDe(wanted.modele, *status);
     }
     return CreeSortiePosix(place, attributes);
+  }
+
+  std::unique_ptr<SideFolder> CreeDossierACote(const std::string& path) override {
+    VerifieChemin(path);
+    SupprimeRestes(path);
+    return CreeDossierPosix(path);
+  }
+
+  std::string SansLiens(const std::string& path) override {
+    VerifieChemin(path);
+    return SuitLiens(path);
   }
 
   void Supprime(const std::string& path) override {

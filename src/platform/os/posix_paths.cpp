@@ -1,11 +1,15 @@
 #include "platform/os/posix_paths.h"
 
+#include <dirent.h>
 #include <fcntl.h>
 #include <limits.h>
+#include <stdio.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <memory>
 #include <optional>
 
 #include "platform/os/posix_error.h"
@@ -59,6 +63,24 @@ void SynchroniseDossier(const std::string& path) {
   if (folder < 0) return;
   fsync(folder);
   close(folder);
+}
+
+std::vector<std::string> NomsDe(const std::string& folder) {
+  std::vector<std::string> names;
+  const std::unique_ptr<DIR, int (*)(DIR*)> entries(opendir(folder.c_str()), closedir);
+  if (entries == nullptr) return names;
+  while (const dirent* entry = readdir(entries.get())) names.emplace_back(entry->d_name);
+  return names;
+}
+
+int RenommeSansEcraser(const std::string& from, const std::string& to) {
+#ifdef __linux__
+  if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+  if (errno != EINVAL && errno != ENOSYS) return errno;
+#endif
+  struct stat there {};
+  if (lstat(to.c_str(), &there) == 0) return EEXIST;
+  return rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
 }  // namespace talpena

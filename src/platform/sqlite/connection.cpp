@@ -22,6 +22,21 @@ std::string_view Vue(const void* data, int size) {
 /// pattern, and many enough for the beats to cost nothing.
 constexpr int InstructionsParBattement = 200;
 
+/// A path as a name that says that nobody changes the file meanwhile, so that it is not locked.
+std::string NomImmuable(const std::string& path) {
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  std::string name = path.starts_with('/') ? "file://" : "file:";
+  for (const char c : path) {
+    if (std::string_view("%?#").find(c) == std::string_view::npos) {
+      name += c;
+    } else {
+      const auto byte = static_cast<unsigned char>(c);
+      name += {'%', digits[byte >> 4U], digits[byte & 15U]};
+    }
+  }
+  return name + "?immutable=1";
+}
+
 bool EstInterne(const char* table) {
   return table != nullptr && std::string_view(table).starts_with("sqlite_");
 }
@@ -40,14 +55,16 @@ Connection::~Connection() {
 
 void Connection::Ouvre(const std::string& path, Mode mode) {
   const int flags = mode == Mode::ReadOnly    ? SQLITE_OPEN_READONLY
+                    : mode == Mode::Foreign   ? SQLITE_OPEN_READONLY | SQLITE_OPEN_URI
                     : mode == Mode::ReadWrite ? SQLITE_OPEN_READWRITE
                     : mode == Mode::Fresh     ? SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOFOLLOW
                                               : SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE;
   sqlite3* handle = nullptr;
   // An empty name is a private database of SQLite's own: in memory, on disk when it grows.
-  const std::string name = mode == Mode::Private ? std::string()
-                           : mode == Mode::Fresh ? DossierSansLiens(path)
-                                                 : path;
+  const std::string name = mode == Mode::Private   ? std::string()
+                           : mode == Mode::Fresh   ? DossierSansLiens(path)
+                           : mode == Mode::Foreign ? NomImmuable(path)
+                                                   : path;
   const int rc = sqlite3_open_v2(name.c_str(), &handle,
                                  flags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
   db_.reset(handle);
@@ -73,7 +90,7 @@ void Connection::Regle(Mode mode) {
   sqlite3_update_hook(db, Note, this);
   // The file is thrown away: nothing is synced. The journal stands on disk all the same, so that
   // taking back a change of a million rows costs no memory.
-  writes_ = mode != Mode::ReadOnly;
+  writes_ = mode != Mode::ReadOnly && mode != Mode::Foreign;
   if (writes_) {
     Execute("PRAGMA page_size = 4096");
     Execute("PRAGMA synchronous = OFF");

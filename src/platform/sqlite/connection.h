@@ -37,6 +37,7 @@ class Connection {
     Fresh,  ///< an empty file, made just now; a link in its place is not followed
     ReadWrite,
     ReadOnly,
+    Foreign,  ///< another program's, read as it stands; nothing is made beside it
     Private,  ///< of SQLite's own, path unused
   };
 

@@ -4,6 +4,7 @@
 #include <numeric>
 #include <utility>
 
+#include "platform/field_names.h"
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/errors.h"
 #include "platform/sqlite/rows/insert_source.h"
@@ -75,18 +76,6 @@ class CheckedRows final : public RowSource {
   std::vector<Cell> given_;
   std::vector<std::string> scratch_;
 };
-
-/// Two columns of a query may bear one name; those of a table may not.
-void RendNomsDistincts(std::vector<FieldDef>& fields) {
-  for (std::size_t i = 0; i < fields.size(); ++i) {
-    const std::string name = fields[i].name;
-    const auto taken = [&](const std::string& candidate) {
-      return std::any_of(fields.begin(), fields.begin() + static_cast<std::ptrdiff_t>(i),
-                         [&](const FieldDef& field) { return MemeNom(field.name, candidate); });
-    };
-    for (int n = 2; taken(fields[i].name); ++n) fields[i].name = name + "_" + std::to_string(n);
-  }
-}
 
 /// Only columns are taken over: nothing is written here that a rule would have to guard.
 void OteRegles(std::vector<FieldDef>& fields) {
@@ -198,7 +187,7 @@ TableState* ImportedDatabase::ExecuteRequete(const QueryDef& query) {
   running_.pop_back();
   TableDef definition{.name = query.name, .fields = rows->Fields(), .indexes = {}};
   OteRegles(definition.fields);
-  RendNomsDistincts(definition.fields);
+  RendNomsDistincts(definition.fields);  // two columns of a query may bear one name
   const auto table =
       std::make_shared<TableState>(static_cast<int>(contents_.size()), std::move(definition));
   RecordsetRows source(*rows);

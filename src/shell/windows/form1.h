@@ -99,7 +99,7 @@ class Form1 : public QMainWindow,
   bool MontreAjustement() override;
 
   // ExportDialogs
-  bool MontreOptionsExport() override;
+  bool MontreOptionsExport(ExportKind kind) override;
 
   // ImportDialogs
   void MontreImportation() override;

@@ -290,7 +290,9 @@ void Form1::MnuDatumFichier_Click() {
 
 bool Form1::MontreAjustement() { return Ajustement(state_, this).Demande(); }
 
-bool Form1::MontreOptionsExport() { return OptionsExport(state_, io_, this).Demande(); }
+bool Form1::MontreOptionsExport(ExportKind kind) {
+  return OptionsExport(state_, io_, kind, this).Demande();
+}
 
 std::vector<Bookmark> Form1::LignesSelectionnees() { return TDBGrid1->LignesChoisies(); }
 

@@ -5,10 +5,12 @@
 #include <type_traits>
 
 #include "common/msg_id.h"
+#include "common/msg_id_export.h"
 #include "common/msg_id_menus.h"
 #include "coord_commands/adjust.h"
 #include "coord_commands/fill.h"
 #include "coords/grid_commands.h"
+#include "interchange/database_export.h"
 #include "interchange/text_export.h"
 #include "interchange/text_import.h"
 #include "interchange/waypoint_commands.h"
@@ -77,11 +79,20 @@ constexpr std::array menuExpAscii = {
 };
 constexpr std::array menuExporter = {
     MenuEntry{.control = "MnuExpAscii", .base = MsgId::MenuExpAscii, .children = menuExpAscii},
-    MenuEntry{.control = "MnuExpDB", .index = 0, .base = MsgId::MenuExpAccess},
-    MenuEntry{.control = "MnuExpDB", .index = 1, .base = MsgId::MenuExpFoxPro},
-    MenuEntry{.control = "MnuExpDB", .index = 2, .base = MsgId::MenuExpDBase},
-    MenuEntry{.control = "MnuExpDB", .index = 3, .base = MsgId::MenuExpParadox},
-    MenuEntry{.control = "MnuExpDB", .index = 4, .caption = "Fichier Excel"},
+    MenuEntry{.control = "MnuExpDB", .index = 0, .base = MsgId::MenuExpAccess,
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpDB>},
+    MenuEntry{.control = "MnuExpDB", .index = 1, .base = MsgId::MenuExpFoxPro,
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpDB>},
+    MenuEntry{.control = "MnuExpDB", .index = 2, .base = MsgId::MenuExpDBase,
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpDB>},
+    MenuEntry{.control = "MnuExpDB", .index = 3, .base = MsgId::MenuExpParadox,
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpDB>},
+    MenuEntry{.control = "MnuExpDB", .index = 4, .caption = "Fichier Excel",
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpDB>},
+    MenuEntry{.control = "MnuExpDB", .index = 5, .caption = "GeoPackage",
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpDB>},
+    MenuEntry{.control = "MnuExpDB", .index = 6, .base = MsgId::MenuExpXlsx,
+              .condition = MenuCondition::Rows, .run = Lance<MnuExpDB>},
 };
 constexpr std::array menuImportGarmin = {
     MenuEntry{.control = "mnuImportGarmin", .index = 0, .caption = "&Waypoints",

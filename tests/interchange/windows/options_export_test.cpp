@@ -27,10 +27,11 @@ class OptionsExportTest : public testing::Test, protected test::FakeMachine {
  protected:
   /// The window, shown, over the settings as they stand.
   void Ouvre() {
-    window = std::make_unique<OptionsExport>(state, io);
+    window = std::make_unique<OptionsExport>(state, io, kind);
     window->show();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window.get()));
   }
+  ExportKind kind = ExportKind::Text;
   QCheckBox& Case(int i) { return *Enfant<QCheckBox>(QString("IncludeField_%1").arg(i)); }
   QComboBox& Systeme() { return *Enfant<QComboBox>("cmbSystem"); }
   QPushButton& Commande(const char* name) { return *Enfant<QPushButton>(name); }
@@ -47,6 +48,15 @@ class OptionsExportTest : public testing::Test, protected test::FakeMachine {
   SharedState state;
   std::unique_ptr<OptionsExport> window;
 };
+
+// Only the text export loses the sign.
+TEST_F(OptionsExportTest, OfADatabaseSaysNothingOfSouthernLatitudes) {
+  kind = ExportKind::Database;
+  state.ExportLatitude = 1;
+  Ouvre();
+  EXPECT_FALSE(Avis("lblSansSud").isVisible());
+  EXPECT_EQ(Case(latitude).accessibleDescription(), "");
+}
 
 TEST_F(OptionsExportTest, OpensOnTheSettings) {
   state.ExportLatitude = state.ExportSex = 0;

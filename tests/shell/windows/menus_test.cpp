@@ -117,6 +117,8 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
                    "MnuSupprimer", "MnuSelection", "MnuVisAutre", "MnuVisCarte"});
   expected.insert(
       {"MnuExpAsciiMode_0", "MnuExpAsciiMode_1", "MnuExpAsciiMode_2", "MnuExpAsciiMode_3"});
+  expected.insert({"MnuExpDB_0", "MnuExpDB_1", "MnuExpDB_2", "MnuExpDB_3", "MnuExpDB_4",
+                   "MnuExpDB_5", "MnuExpDB_6"});
   expected.insert({"mnuImport_0", "mnuImport_1", "mnuImportGarmin_0"});
   EXPECT_EQ(Actifs(true), expected);
 }
