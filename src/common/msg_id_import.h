@@ -21,6 +21,11 @@ inline constexpr int ImportAbandonne = 572;   // "The import was ended: the firs
 inline constexpr int LignesAvantEchec = 573;  // "Rows added before it: %1."
 inline constexpr int ImportFini = 574;        // "Import: %1 rows added, %2 dropped, %3 ..."
 
+inline constexpr int ListeCoupee = 575;   // "An end-of-file character (1A) stands in line %1 ..."
+inline constexpr int SortHorsPage = 576;  // "characters that a .deg file cannot hold: “%1” ..."
+inline constexpr int RemedePasTexte = 577;   // "This seems to be no text file but one of ..."
+inline constexpr int ImportEchangees = 578;  // "... latitude and longitude seem to be exchanged"
+
 // Waypoints that do not enter, and what the rows of the others lack.
 inline constexpr int PointNonCoche = 603;      // "not checked"
 inline constexpr int PointSansPosition = 604;  // "no position"

@@ -47,7 +47,7 @@ bool EstNombre(std::string_view text) {
   return exponent > 0 && at + exponent == text.size();
 }
 
-/// What a failure shows of a field. A NUL would end the text of a box.
+/// What a failure shows of a field. A NUL would end the text of a box, and a tab look like a blank.
 std::string Extrait(std::string_view bytes, Encodage encodage) {
   constexpr std::string_view nul("\0", 1), shownNul = "\u2400";
   std::string kept;
@@ -55,19 +55,27 @@ std::string Extrait(std::string_view bytes, Encodage encodage) {
                                     ? PremiersCaracteres(bytes, shownCharacters)
                                     : bytes.substr(0, shownCharacters);
   const std::string text = SurUneLigne(TexteImporte(head, encodage, kept));
-  return Remplace(text, nul, shownNul) + (head.size() < bytes.size() ? "..." : "");
+  return Remplace(Remplace(text, nul, shownNul), "\t", TabMontree) +
+         (head.size() < bytes.size() ? "..." : "");
 }
 
 }  // namespace
 
 FieldReader::FieldReader(ImportFile file)
-    : lines_(std::move(file.file), DegLines::LineEnd::CrOrLf), encodage_(file.encodage) {
+    : lines_(std::move(file.file), DegLines::LineEnd::CrOrLf),
+      encodage_(file.encodage),
+      end_(std::move(file.fin)) {
   lines_.Limite(MaxRowLine);
 }
 
 double FieldReader::Part() const {
   const auto size = static_cast<double>(std::max<std::int64_t>(lines_.Taille(), 1));
   return std::min(static_cast<double>(lines_.Position()) / size, 1.0);
+}
+
+std::int64_t FieldReader::LigneCoupee() const {
+  if (!end_ || !end_->coupe) return 0;
+  return lines_.Numero() + (end_->enTete ? 1 : 0);
 }
 
 bool FieldReader::Reste() {
@@ -190,6 +198,7 @@ void FieldReader::Allonge(std::string_view text) {
 /// The bytes of a number, behind which the field is ended.
 std::string_view FieldReader::Nombre() {
   Ouvre();
+  words_ = RogneDroite(rest_.substr(0, rest_.find(',')));
   const std::size_t length = std::min(rest_.find_first_of(", "), rest_.size());
   const std::string_view value = rest_.substr(0, length);
   Prend(length);
@@ -209,7 +218,7 @@ double FieldReader::Valeur(std::string_view bytes, Vide vide) const {
     Refuse(ErrorNumber::TypeMismatch, MsgId::ChampVide, {field}, "Type mismatch: nothing");
   }
   if (!EstNombre(bytes)) {
-    const std::string text = Extrait(bytes, encodage_);
+    const std::string text = Extrait(words_, encodage_);
     Refuse(ErrorNumber::TypeMismatch, MsgId::ChampSansNombre, {field, text},
            "Type mismatch: " + text);
   }

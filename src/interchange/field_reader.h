@@ -2,6 +2,7 @@
 // record may go on in the next line, and the rest of a line is the start of the next record.
 #pragma once
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +11,9 @@
 #include "store/deg_lines.h"
 
 namespace talpena {
+
+/// A tab within what a failure shows of a field.
+inline constexpr std::string_view TabMontree = "\u2192";
 
 /// Blanks ahead of a field are skipped; a tab is no blank.
 ///
@@ -48,6 +52,8 @@ class FieldReader {
   std::int64_t Ligne() const { return line_; }  ///< of the field read last, where it begins; from 1
   int Champ() const { return field_; }          ///< its number in the record
   double Part() const;                          ///< of the file that was read, 0 to 1
+  /// Where nothing is left: the line that a byte 1A cuts off from what stands behind it; else 0.
+  std::int64_t LigneCoupee() const;
 
   // What the record in hand looks like beside its fields.
   std::string_view LigneCourante() const { return whole_; }  ///< its bytes; valid until the next
@@ -75,8 +81,10 @@ class FieldReader {
 
   DegLines lines_;
   Encodage encodage_;
+  std::shared_ptr<const ImportEnd> end_;
   std::string_view whole_;  ///< the current line
   std::string_view rest_;   ///< of it
+  std::string_view words_;  ///< of a number: all up to the next comma
   bool open_ = false;       ///< a field or the end of the current line is still to come
   std::int64_t line_ = 0;
   int field_ = 0;

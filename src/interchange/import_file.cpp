@@ -16,6 +16,9 @@ namespace {
 
 constexpr char endMark = 0x1A;  ///< old editors put it behind the last line
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
+/// What may stand behind the mark of the end, and so much of it is looked at.
+constexpr std::string_view nothing(" \t\r\n\x1A\0", 6);
+constexpr std::size_t lookedAt = 1 << 20;
 
 /// Bytes before the mark of the end; all where there is none.
 std::size_t AvantFin(std::span<const char> bytes) {
@@ -44,19 +47,35 @@ std::size_t SansCaractereCoupe(std::string_view text) {
 /// A file up to its byte 1A.
 class UpToMark : public InputFile {
  public:
-  explicit UpToMark(std::unique_ptr<InputFile> file) : file_(std::move(file)) {}
+  UpToMark(std::unique_ptr<InputFile> file, std::shared_ptr<ImportEnd> end)
+      : file_(std::move(file)), end_(std::move(end)) {}
 
   std::size_t Lit(std::span<char> buffer) override {
     if (ended_) return 0;
     const std::size_t count = file_->Lit(buffer);
     const std::size_t kept = AvantFin(buffer.first(count));
-    ended_ = kept < count;
+    if (kept > 0) last_ = buffer[kept - 1];
+    if (kept < count) Finit({buffer.data() + kept, count - kept});
     return kept;
   }
   std::int64_t Taille() const override { return file_->Taille(); }
 
  private:
+  void Finit(std::string_view behind) {
+    ended_ = true;
+    end_->enTete = last_ == '\n' || last_ == '\r';
+    std::array<char, 4096> block;
+    for (std::size_t seen = 0; seen < lookedAt; seen += behind.size()) {
+      end_->coupe = behind.find_first_not_of(nothing) != std::string_view::npos;
+      if (end_->coupe) return;
+      behind = {block.data(), file_->Lit(block)};
+      if (behind.empty()) return;
+    }
+  }
+
   std::unique_ptr<InputFile> file_;
+  std::shared_ptr<ImportEnd> end_;
+  char last_ = '\n';
   bool ended_ = false;
 };
 
@@ -162,9 +181,10 @@ Encodage ChercheEncodage(std::unique_ptr<InputFile> file) {
 }
 
 ImportFile PrendImport(std::unique_ptr<InputFile> file, Encodage encodage) {
-  std::unique_ptr<InputFile> bytes = std::make_unique<UpToMark>(std::move(file));
+  const auto end = std::make_shared<ImportEnd>();
+  std::unique_ptr<InputFile> bytes = std::make_unique<UpToMark>(std::move(file), end);
   if (encodage == Encodage::Utf8) bytes = std::make_unique<WithoutMark>(std::move(bytes));
-  return {std::move(bytes), encodage};
+  return {std::move(bytes), encodage, end};
 }
 
 ImportFile OuvreImport(FileSystem& files, const std::string& path, Encodage encodage) {

@@ -42,11 +42,18 @@ class EncodageCherche {
 /// The same at one go.
 Encodage ChercheEncodage(std::unique_ptr<InputFile> file);
 
+/// The byte 1A that ended a file, known once the file was read to there.
+struct ImportEnd {
+  bool coupe = false;   ///< more stands behind it than blanks, line ends and further such bytes
+  bool enTete = false;  ///< it stands at the start of a line
+};
+
 /// A file that is imported, up to its byte 1A and without the mark of UTF-8. While it is read it
 /// may not change: PathFileAccess (75) then, in words of its own.
 struct ImportFile {
   std::unique_ptr<InputFile> file;
   Encodage encodage = Encodage::Cp1252;
+  std::shared_ptr<const ImportEnd> fin = {};
 };
 
 /// Opens a file, which is read twice, for its characters the first time. Failures are those of the

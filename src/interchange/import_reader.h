@@ -32,6 +32,9 @@ class ImportReader {
   /// The next record; false behind the last. What ends an import before the end of the file is
   /// thrown, with its line, and every further call throws it again.
   virtual bool Suivant(ImportRecord& record) = 0;
+  /// Behind the last record: the line whose byte 1A ended the file though more stands behind it; 0
+  /// for none.
+  virtual std::int64_t LigneCoupee() const { return 0; }
   /// How much of the file was read, 0 to 1.
   virtual double Part() const = 0;
 };

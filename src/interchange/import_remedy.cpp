@@ -1,6 +1,7 @@
 #include "interchange/import_remedy.h"
 
 #include <algorithm>
+#include <array>
 #include <cctype>
 #include <string>
 #include <string_view>
@@ -14,8 +15,18 @@ namespace {
 /// Every other byte of plain text is NUL in it; the first line may be nothing but its mark.
 bool SembleUtf16(std::string_view line) {
   if (line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF")) return true;
-  const auto nuls = static_cast<std::size_t>(std::ranges::count(line, '\0'));
-  return nuls > 0 && 3 * nuls >= line.size();
+  std::array<std::size_t, 2> nuls{};  // in even and in odd places
+  for (std::size_t i = 0; i < line.size(); ++i) nuls.at(i % 2) += line[i] == '\0' ? 1 : 0;
+  const std::size_t most = std::max(nuls[0], nuls[1]);
+  return std::min(nuls[0], nuls[1]) == 0 && most > 0 && 3 * most >= line.size();
+}
+
+/// A database, a workbook, a picture. A NUL among many letters is a slip of a list.
+bool SembleBinaire(std::string_view line) {
+  constexpr std::size_t few = 4, oneIn = 16;
+  const auto controls = static_cast<std::size_t>(
+      std::ranges::count_if(line, [](unsigned char c) { return c < ' ' && c != '\t'; }));
+  return controls >= few && controls * oneIn >= line.size();
 }
 
 /// What stands where a number should; "" when it is something else that failed.
@@ -42,7 +53,10 @@ bool EstEnTete(std::string_view text, const FieldReader& fields) {
 int Remede(const TalpenaError& failure, const FieldReader& fields, bool first) {
   const std::string_view text = SansNombre(failure);
   if (SembleUtf16(fields.LigneCourante())) return MsgId::RemedeUtf16;
-  if (text.find_first_of(";\t") != std::string_view::npos) return MsgId::RemedeSeparateur;
+  if (SembleBinaire(fields.LigneCourante())) return MsgId::RemedePasTexte;
+  if (text.find(';') != std::string_view::npos || text.find(TabMontree) != std::string_view::npos) {
+    return MsgId::RemedeSeparateur;
+  }
   if (first && EstEnTete(text, fields)) return MsgId::RemedeEnTete;
   if (text.starts_with('*')) return MsgId::RemedeEtoiles;
   if (fields.LigneAPerdu()) return MsgId::RemedeGuillemets;

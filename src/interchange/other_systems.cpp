@@ -1,11 +1,19 @@
 #include "interchange/other_systems.h"
 
+#include <cmath>
+
 #include "common/talpena_error.h"
 
 namespace talpena {
 namespace {
 
 constexpr std::int64_t sampleRows = 1000;
+/// Points that lie no further from each other are one place.
+constexpr double onePlaceKm = 1;
+
+double Corde(SpherePoint a, SpherePoint b) {
+  return std::hypot(double{a.x} - b.x, double{a.y} - b.y, double{a.z} - b.z);
+}
 
 }  // namespace
 
@@ -38,9 +46,22 @@ bool OtherSystems::LitFiche() {
   ++trial_.rows;
   if (record.dropped != 0) return true;
   const ReadPoint point = points_.Lit(record.row.datum, record.row.original);
-  const bool there = point.outcome == ReadPoint::Outcome::Point;
-  if (there && near_.Contient(SurSphere(point.latitude, point.longitude))) ++trial_.near;
+  if (point.outcome != ReadPoint::Outcome::Point) return true;
+  const SpherePoint place = SurSphere(point.latitude, point.longitude);
+  NotePoint(record.row, place);
+  if (near_.Contient(place)) ++trial_.near;
   return true;
+}
+
+/// Degrees that are taken for metres all lie where the system begins.
+void OtherSystems::NotePoint(const ImportedRow& row, SpherePoint point) {
+  const std::string original = row.original.value_or("");
+  if (!trial_.first) {
+    trial_.first = point;
+    trial_.original = original;
+  }
+  trial_.several = trial_.several || original != trial_.original;
+  trial_.apart = trial_.apart || Corde(point, *trial_.first) > CordeDe(onePlaceKm);
 }
 
 void OtherSystems::Termine() {
@@ -54,10 +75,18 @@ void OtherSystems::Termine() {
   if (Suffit()) next_ = CoordSystemCount;
 }
 
-/// Far more than the chosen system, most rows of the file, and more than any before.
+/// Far more than the chosen system, most rows of the file, in more than one place, and better than
+/// any before.
 bool OtherSystems::Convient() const {
   return !trial_.ended && trial_.near > 2 * chosen_.near && 2 * trial_.near > trial_.rows &&
-         (!hint_ || trial_.near > hint_->near);
+         (trial_.apart || !trial_.several) && EstMeilleur();
+}
+
+/// A system that puts all rows near those of the table comes before one that reads more of them.
+bool OtherSystems::EstMeilleur() const {
+  if (!hint_) return true;
+  const bool complete = hint_->near == hint_->rows;
+  return trial_.Complet() == complete ? trial_.near > hint_->near : trial_.Complet();
 }
 
 }  // namespace talpena

@@ -3,10 +3,12 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "coord_commands/row_point_reader.h"
 #include "interchange/known_area.h"
 #include "interchange/rehearsal_plan.h"
+#include "interchange/sphere_cells.h"
 
 namespace talpena {
 
@@ -36,11 +38,18 @@ class OtherSystems {
     std::int64_t rows = 0;
     bool ended = false;  ///< by a failure: not all rows came
     bool beginning = false;
+    std::optional<SpherePoint> first = {};  ///< point
+    std::string original = {};              ///< of its row
+    bool several = false;                   ///< rows have another ORIGINAL
+    bool apart = false;                     ///< their points are not one place
+    bool Complet() const { return near == rows; }
   };
 
   bool LitFiche();
   void Termine();
+  void NotePoint(const ImportedRow& row, SpherePoint point);
   bool Convient() const;
+  bool EstMeilleur() const;
   bool Suffit() const { return chosen_.near * 10 >= chosen_.rows * 9 && !chosen_.ended; }
 
   const RehearsalPlan& plan_;

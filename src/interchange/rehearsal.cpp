@@ -1,6 +1,7 @@
 #include "interchange/rehearsal.h"
 
 #include "common/msg_id_import.h"
+#include "common/text.h"
 #include "coords/snap.h"
 #include "interchange/column_room.h"
 
@@ -17,6 +18,10 @@ bool Contient(const std::optional<std::string>& text, char c) {
   return text && text->find(c) != std::string::npos;
 }
 
+bool TientEnPage(const std::optional<std::string>& text) {
+  return !text || EstAscii(*text) || Utf8VersCp1252(*text).has_value();
+}
+
 /// What the user is to look at though the row enters; 0 for nothing.
 int DouteDe(const ImportRecord& record) {
   const ImportedRow& row = record.row;
@@ -24,7 +29,9 @@ int DouteDe(const ImportRecord& record) {
   if (Contient(row.comment, '\n')) return MsgId::SortSurPlusieurs;
   const bool nul =
       Contient(row.original, '\0') || Contient(row.date, '\0') || Contient(row.comment, '\0');
-  return nul ? MsgId::SortNul : record.doubt;
+  if (nul || record.doubt != 0) return nul ? MsgId::SortNul : record.doubt;
+  const bool holds = TientEnPage(row.original) && TientEnPage(row.date) && TientEnPage(row.comment);
+  return holds ? 0 : MsgId::SortHorsPage;
 }
 
 std::optional<std::string_view> TexteDe(const std::optional<std::string>& column) {
@@ -87,6 +94,7 @@ void Rehearsal::Interrompt(const TalpenaError& error) {
   if (step_ == Step::Table) return QuitteTable();
   failure_ = error;
   fileEnded_ = true;
+  if (reader_ && error.number() == ErrorNumber::InputPastEnd) cutLine_ = reader_->LigneCoupee();
   if (step_ == Step::Lecture) return CommenceEssais();
   step_ = Step::Table;
 }
@@ -100,7 +108,9 @@ void Rehearsal::Prepare() {
 void Rehearsal::LitFiche() {
   ImportRecord record;
   fileEnded_ = !reader_->Suivant(record);
-  if (!fileEnded_) {
+  if (fileEnded_) {
+    cutLine_ = reader_->LigneCoupee();
+  } else {
     RefuseTropLong(record);
     Ajoute(record);
   }

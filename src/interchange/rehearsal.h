@@ -48,6 +48,8 @@ class Rehearsal {
   const RehearsedRows& Lignes() const { return rows_; }
   /// What would end the import before the end of the file.
   const std::optional<TalpenaError>& Arret() const { return failure_; }
+  /// The line whose byte 1A ends the file though more stands behind it; 0 for none.
+  std::int64_t LigneCoupee() const { return cutLine_; }
   /// Base id of what is to be said of a file that holds no record; 0 for nothing.
   int SansFiche() const;
   std::optional<SystemHint> Conseil() const { return others_ ? others_->Conseil() : std::nullopt; }
@@ -78,6 +80,7 @@ class Rehearsal {
   RehearsalCounts counts_;
   RehearsedRows rows_;
   std::optional<TalpenaError> failure_;
+  std::int64_t cutLine_ = 0;
 };
 
 }  // namespace talpena

@@ -31,9 +31,18 @@ std::string SansPointParceQue(std::int16_t langue, const RehearsedRow& row) {
   }
 }
 
+/// The first character that code page 1252 lacks; "…" where it was cut off with the end of a text.
+std::string HorsPage(const RehearsedRow& row) {
+  std::string missing;
+  for (const std::string* text : {&row.original, &row.date, &row.comment}) {
+    if (!Utf8VersCp1252(*text, &missing)) return missing;
+  }
+  return "…";
+}
+
 std::string SortEnMots(std::int16_t langue, const RehearsedRow& row) {
   const bool enters = row.fate == Fate::Entre || row.fate == Fate::Loin;
-  if (enters && row.doubt != 0) return Texte(langue, row.doubt);
+  if (enters && row.doubt != 0) return Remplace(Texte(langue, row.doubt), "%1", HorsPage(row));
   switch (row.fate) {
     case Fate::Omise:
       return Remplace(Texte(langue, MsgId::SortOmise), "%1", Texte(langue, row.dropped));

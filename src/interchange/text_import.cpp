@@ -16,6 +16,7 @@
 #include "common/text.h"
 #include "coords/systems.h"
 #include "interchange/import_end.h"
+#include "interchange/import_notes.h"
 #include "interchange/text_import_reader.h"
 #include "interchange/waypoint_commands.h"
 #include "platform/commands.h"
@@ -51,12 +52,21 @@ void ExigeSysteme(std::int16_t type) {
   throw TalpenaError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
 }
 
-void Importe(ImportContext c, std::int16_t type, ImportedRows& rows) {
+/// The line at which a byte 1A cut the list; 0 for none.
+std::int64_t Importe(ImportContext c, std::int16_t type, ImportedRows& rows) {
   ExigeSysteme(type);
   const auto system = static_cast<CoordSystem>(type);
   TextImportReader reader(OuvreImport(c.io.files, c.interchange.FichierImportation), system,
                           DatumImporte(c.state, system));
   AjouteImportees(c, "Import", reader, rows);
+  return reader.LigneCoupee();
+}
+
+/// In the status bar, and in a box: not all of the list came in.
+void DitCoupe(ImportContext c, std::int64_t line) {
+  const std::string note = NoteDeCoupe(c.state.Langue, line);
+  c.document().DitResultat(c.document().Montre().avis + ". " + note);
+  c.io.dialogues.Demande({.text = note, .icon = Icon::Information});
 }
 
 /// So that a list that is chosen again can be told.
@@ -97,8 +107,9 @@ void ImportCoord(ImportContext c, std::int16_t type) {
   if (c.interchange.FichierImportation.empty()) return;
   const auto list = c.io.files.Empreinte(c.interchange.FichierImportation);
   ImportedRows rows;
+  std::int64_t cut = 0;
   try {
-    Importe(c, type, rows);
+    cut = Importe(c, type, rows);
   } catch (const TalpenaError& error) {
     if (error.number() != ErrorNumber::Cancelled) DitEchec(c, error, rows);
     return;
@@ -107,6 +118,7 @@ void ImportCoord(ImportContext c, std::int16_t type) {
   c.interchange.Variable = "1";
   NoteListe(c, list, rows);
   TermineImport(c, "Import", rows);
+  if (cut > 0) DitCoupe(c, cut);
 }
 
 void mnuImport_Click(ImportContext c, int index) {

@@ -22,6 +22,7 @@ class TextImportReader final : public ImportReader {
   TextImportReader(ImportFile file, CoordSystem system, std::string datum);
 
   bool Suivant(ImportRecord& record) override;
+  std::int64_t LigneCoupee() const override { return fields_.LigneCoupee(); }
   double Part() const override { return fields_.Part(); }
 
  private:

@@ -126,7 +126,7 @@ struct RefusedCase {
 const RefusedCase refusedCases[] = {
     {"a word", "\r\n1,abc", {ErrorNumber::TypeMismatch, 2, MsgId::ChampSansNombre, {"2", "abc"}}},
     {"a number with a tail", "1,2x", {ErrorNumber::TypeMismatch, 1, MsgId::ChampSansNombre, {"2", "2x"}}},
-    {"a tab", "1,2\t", {ErrorNumber::TypeMismatch, 1, MsgId::ChampSansNombre, {"2", "2\t"}}},
+    {"a tab", "1,2\t", {ErrorNumber::TypeMismatch, 1, MsgId::ChampSansNombre, {"2", "2→"}}},
     {"a quoted number", "1,\"2\"", {ErrorNumber::TypeMismatch, 1, MsgId::ChampSansNombre, {"2", "\"2\""}}},
     {"a sign alone", "1,-", {ErrorNumber::TypeMismatch, 1, MsgId::ChampSansNombre, {"2", "-"}}},
     {"a point alone", "1,.", {ErrorNumber::TypeMismatch, 1, MsgId::ChampSansNombre, {"2", "."}}},

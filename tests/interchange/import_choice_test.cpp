@@ -357,6 +357,36 @@ TEST_F(ImportChoiceTest, AFileThatIsGoneIsToldAndReadInNoOtherSystem) {
   EXPECT_FALSE(r->Conseil());
 }
 
+// Taken for metres, they all lie where Lambert begins.
+TEST_F(ImportChoiceTest, HintsAtNoSystemThatMakesOnePlaceOfAll) {
+  Montre({{"WGS84", "", "49.29", "2.31"}});
+  std::string bytes, same;
+  for (int i = 0; i < 20; ++i) {
+    bytes += "1,0." + std::to_string(10 + i) + ",0.5,1,1,,\n";
+    same += "1,0.5,0.5,1,1,,\n";
+  }
+  EXPECT_FALSE(Repete(ChoixDe(bytes))->Conseil());
+  EXPECT_TRUE(Repete(ChoixDe(same))->Conseil()) << "a list of one place";
+}
+
+TEST_F(ImportChoiceTest, TellsThatMoreStandsBehindAnEndMark) {
+  const auto coupee = [this](const std::string& bytes) {
+    return Repete(ChoixDe(bytes))->LigneCoupee();
+  };
+  EXPECT_EQ(coupee("1,50,4,1,1,,\n1,50,4,1,1,,a\x1A\n1,50,4,1,1,,\n"), 2);
+  EXPECT_EQ(coupee("1,50,4,1,1,,\n1,50,4,1,1,,\n\x1A"
+                   "1,50,4,1,1,,\n"),
+            3)
+      << "at its start";
+  EXPECT_EQ(coupee("1,50,4,1,1,,\n1,50\x1A,4,1,1,,\n"), 2) << "within a record";
+  EXPECT_EQ(coupee("1,50,4,1,1,,\nx,50,4,1,1,,\n\x1A"
+                   "1"),
+            0)
+      << "the import ends before it";
+  EXPECT_EQ(coupee("1,50,4,1,1,,\n\x1A" + std::string(9000, ' ') + "\r\n\x1A"), 0);
+  EXPECT_EQ(coupee("1,50,4,1,1,,\n\x1A" + std::string(9000, ' ') + "1"), 2);
+}
+
 TEST_F(ImportChoiceTest, HintsAtNothingWhereTheRowsLieInTheAreaOrThereIsNone) {
   const std::string bytes = "1,50.5,4.5,1,1,,\n1,50.6,4.6,1,1,,\n";
   EXPECT_FALSE(Repete(ChoixDe(bytes))->Conseil()) << "an empty table";

@@ -57,6 +57,10 @@ const RemedyCase remedyCases[] = {
     {"tabs", "1\t50.5\t4.25\t1\t0\t1998/07/14\tSpa\r\n", Deg, MsgId::RemedeSeparateur},
     {"UTF-16 with its mark", Utf16(good, true), Deg, MsgId::RemedeUtf16},
     {"UTF-16 without it", Utf16(good, false), Deg, MsgId::RemedeUtf16},
+    {"tabs are shown as arrows", "1\t50.5", Deg, MsgId::RemedeSeparateur},
+    {"a database", std::string("SQLite format 3\0\x10\0\x01\x01\0@  \0\0\0\x03\0\0\0\x07", 36), Deg, MsgId::RemedePasTexte},
+    {"a workbook", std::string("PK\x03\x04\x14\0\x06\0\b\0\0\0!\0", 14) + "[Content_Types].xml", Deg, MsgId::RemedePasTexte},
+    {"a NUL within a line is no database", std::string("1,50.5,4.25,1,0,1998/07/14,a\0b,c", 33), Deg, MsgId::RemedeChamps},
     {"UTF-16 with headings", Utf16("Period,Lat\r\n", true), Deg, MsgId::RemedeUtf16},
     {"doubled quotes", "1,50.5,4.25,1,0,,\"the \"\"old\"\", mill\"\r\n", Deg, MsgId::RemedeGuillemets},
     {"text behind a quote", "1,50.5,4.25,1,0,,\"a\" b, c\r\n", Deg, MsgId::RemedeGuillemets},
@@ -90,6 +94,20 @@ TEST(ImportRemedy, StaysWithAFailureThatIsThrownAgain) {
       EXPECT_EQ(failure.words().line, 1);
     }
   }
+}
+
+TEST(ImportRemedy, TellsThatLatitudeAndLongitudeAreExchanged) {
+  EXPECT_EQ(Fin("1,151.2,-33.8,1,0,,\r\n", Deg).text, MsgId::ImportEchangees);
+  EXPECT_EQ(Fin("1,151.2,-33.8,1,0,,\r\n", Dms).text, MsgId::ImportEchangees);
+  EXPECT_EQ(Fin("1,151,2,-33,8,1,0,,\r\n", Deg).text, MsgId::ImportOriginalTropLong)
+      << "decimal commas";
+  EXPECT_EQ(Fin("1,50.5,41234,1,0,,\r\n", Deg).text, MsgId::ImportOriginalTropLong);
+  EXPECT_EQ(Fin("1,1512,-33.8,1,0,,\r\n", Deg).text, MsgId::ImportOriginalTropLong);
+}
+
+TEST(ImportRemedy, ShowsAllOfAFieldThatIsNoNumber) {
+  EXPECT_EQ(Fin("1,50.5,4.25,three or four ,0,,\r\n", Deg).about[1], "three or four");
+  EXPECT_EQ(Fin("1\t50.5\t4.25", Deg).about[1], "1→50.5→4.25");
 }
 
 TEST(ImportRemedy, TellsThatBlanksCountWhereTheyAloneAreTooMany) {

@@ -162,6 +162,24 @@ TEST_F(RehearsalTest, MarksNulCharacters) {
   EXPECT_EQ(r.Lignes().Ligne(2).doubt, MsgId::SortNul);
 }
 
+// A save would write "?" for them.
+TEST_F(RehearsalTest, MarksCharactersThatTheFileCannotHold) {
+  Records records(4, Fiche("deg +50.00000 +004.00000"));
+  records[0].row.comment = "Sauvé – 2 €";
+  records[1].row.comment = "Rīga, parks";
+  records[2].row.date = "Ω";
+  records[3].row.comment = std::string(300, 'x') + "日";
+  const Rehearsal& r = Repete(PlanDe(records));
+  EXPECT_EQ(r.Comptes().doubtful, 3);
+  const auto words = [&r](std::int64_t row) {
+    return CellulesRepetition(1000, r.Lignes().Ligne(row))[RehearsalColumn::Fate];
+  };
+  EXPECT_EQ(words(0), "enters");
+  EXPECT_EQ(words(1), "characters that a .deg file cannot hold: “ī”; they would be saved as ?");
+  EXPECT_NE(words(2).find("“Ω”"), std::string::npos);
+  EXPECT_NE(words(3).find("“…”"), std::string::npos) << "where the list shows it no more";
+}
+
 TEST_F(RehearsalTest, MarksWhatTheReaderFindsOdd) {
   ImportRecord record = Fiche("itm O1 53346", "IRL  ");
   record.doubt = MsgId::IrlandaisUneLettre;

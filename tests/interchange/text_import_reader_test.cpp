@@ -331,7 +331,7 @@ const EndCase endCases[] = {
     {"an easting of ten digits", Utm, "1,31,6000000000,5,2,3,d,c", {ErrorNumber::Overflow, 1, MsgId::ChampTropGrand, {"3", "6000000000"}}},
     {"n1 beyond 32 bits", Ifb, "1,G3,2147483648,3,d,c", {ErrorNumber::Overflow, 1, MsgId::ChampTropGrand, {"3", "2147483648"}}},
     {"semicolons", Ifb, "1;G3;2;3;d;c", {ErrorNumber::TypeMismatch, 1, MsgId::ChampSansNombre, {"1", "1;G3;2;3;d;c"}}},
-    {"tabs", Ifb, "1\tG3\t2", {ErrorNumber::TypeMismatch, 1, MsgId::ChampSansNombre, {"1", "1\tG3\t2"}}},
+    {"tabs", Ifb, "1\tG3\t2", {ErrorNumber::TypeMismatch, 1, MsgId::ChampSansNombre, {"1", "1→G3→2"}}},
     {"a record cut by the end", Ifb, "\r\n1,G3,2,3,d\r\n", {ErrorNumber::InputPastEnd, 2, MsgId::FicheCoupee, {"6"}}},
     {"a quote that is not closed", Ifb, "1,G3,2,3,d,\"c\r\n", {ErrorNumber::InputPastEnd, 1, MsgId::GuillemetOuvert, {"6"}}},
 };

@@ -101,6 +101,23 @@ TEST_F(TextImport, TellsAddedDroppedAndThoseWithoutAPoint) {
   EXPECT_EQ(Points()[2], "- -");
 }
 
+// Old editors end a file so; a list that goes on behind it has lost rows.
+TEST_F(TextImport, TellsThatMoreStandsBehindAnEndMark) {
+  state.Langue = 1000;
+  Importe("1,50,4,1,0,,a\r\n1,51,4,1,0,,b\x1A\r\n1,52,4,1,0,,c\r\n");
+  EXPECT_EQ(Nombre(), 3);
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_TRUE(dialogues.boxes[0].text.starts_with("An end-of-file character (1A) stands in line 2"))
+      << dialogues.boxes[0].text;
+  EXPECT_TRUE(Avis().ends_with(dialogues.boxes[0].text)) << Avis();
+}
+
+TEST_F(TextImport, SaysNothingOfAnEndMarkBehindTheList) {
+  Importe("1,50,4,1,0,,a\r\n\x1A\x1A \r\n");
+  EXPECT_EQ(Nombre(), 2);
+  EXPECT_TRUE(dialogues.boxes.empty());
+}
+
 TEST_F(TextImport, PointsBeyondTheGlobeHaveNoBox) {
   Importe("1,95,4,0,0,d,c\r\n");
   EXPECT_EQ(Avis(), "Import: 1 rows added, 0 dropped, 1 without a point");

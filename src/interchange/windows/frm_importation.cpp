@@ -38,6 +38,7 @@ frmImportation::frmImportation(StoreState& state, InterchangeState& interchange,
   ConstruitBouton(0);  // Tab goes from one control to the next as they are made
   ConstruitChoix();
   pane_ = new RehearsalPane(state, this);
+  connect(pane_, &RehearsalPane::Avance, this, &frmImportation::OffreOk);
   for (const int index : {1, 2}) ConstruitBouton(index);
   cmdImportation[1]->setDefault(true);
   Dispose();
@@ -55,6 +56,13 @@ frmImportation::frmImportation(StoreState& state, InterchangeState& interchange,
   resize(TailleVisible({wantedCharacters * fontMetrics().averageCharWidth(),
                         wantedLines * fontMetrics().lineSpacing()}));
   PlaceFocus();
+}
+
+/// Enter is Ok once a row of the list that was just chosen is seen to enter.
+void frmImportation::OffreOk() {
+  if (!chosen_ || pane_->Entrent() == 0) return;
+  chosen_ = false;
+  if (cmdImportation[0]->hasFocus() && !choice_.DejaImportee()) cmdImportation[1]->setFocus();
 }
 
 /// Enter is Ok, but for a list that is still to be chosen or has come in already.
@@ -166,8 +174,9 @@ void frmImportation::cboImportation_Click(int index) {
 void frmImportation::cmdImportation_Click(int index) {
   if (index == 2) return reject();
   if (index == 0) {
-    if (choice_.Parcourt()) Repete();
-    return;
+    if (!choice_.Parcourt()) return;
+    chosen_ = true;
+    return Repete();
   }
   choice_.Ok();
   accept();

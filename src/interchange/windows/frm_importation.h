@@ -29,6 +29,7 @@ class frmImportation : public QDialog {
   void changeEvent(QEvent* event) override;
 
  private:
+  void OffreOk();
   void PlaceFocus();
   void ConstruitChoix();
   void ConstruitBouton(int index);
@@ -43,6 +44,7 @@ class frmImportation : public QDialog {
 
   StoreState& state_;
   ImportChoice choice_;
+  bool chosen_ = false;  ///< a list, and no row of it was seen to enter yet
 
   QComboBox* cboImportation;
   std::array<QLabel*, 7> lblImportation{};  ///< 0 the file, 3 the structure, 5 the preview

@@ -17,6 +17,7 @@
 
 #include "common/msg_id_import.h"
 #include "common/string_table.h"
+#include "interchange/import_notes.h"
 #include "interchange/rehearsal_words.h"
 #include "interchange/windows/rehearsal_model.h"
 #include "platform/qt/controls.h"
@@ -215,6 +216,8 @@ void RehearsalPane::MontreNotes(const std::vector<std::string>& notes) {
 
 bool RehearsalPane::EstFinie() const { return rehearsal_ && !timer_->isActive(); }
 
+std::int64_t RehearsalPane::Entrent() const { return rehearsal_ ? rehearsal_->Comptes().enter : 0; }
+
 void RehearsalPane::Travaille() {
   QElapsedTimer slice;
   slice.start();
@@ -222,6 +225,7 @@ void RehearsalPane::Travaille() {
   if (!more) timer_->stop();
   model_->Suit();
   if (!more || !sinceTexts_.isValid() || sinceTexts_.elapsed() >= textsEveryMs) MontreTextes();
+  Q_EMIT Avance();
 }
 
 /// A label without a text takes no room.
@@ -238,6 +242,9 @@ void RehearsalPane::MontreTextes() {
   if (rehearsal_ && rehearsal_->SansFiche() != 0) ends = Texte(langue, rehearsal_->SansFiche());
   if (rehearsal_ && rehearsal_->Arret()) {
     ends = ArretEnMots(langue, *rehearsal_->Arret(), rehearsal_->Comptes().enter);
+  }
+  if (rehearsal_ && rehearsal_->LigneCoupee() != 0) {
+    ends += (ends.empty() ? "" : "\n") + NoteDeCoupe(langue, rehearsal_->LigneCoupee());
   }
   if (rehearsal_ && rehearsal_->Conseil()) hint = ConseilEnMots(langue, *rehearsal_->Conseil());
   if (rehearsal_ && state_.document.Entete().DatumFichier == 0) {

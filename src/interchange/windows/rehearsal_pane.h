@@ -2,6 +2,7 @@
 #pragma once
 #include <QElapsedTimer>
 #include <QWidget>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -40,6 +41,12 @@ class RehearsalPane : public QWidget {
 
   /// The file was read to its end, and all is shown.
   bool EstFinie() const;
+  /// Rows that would enter, as far as the file was read.
+  std::int64_t Entrent() const;
+
+ Q_SIGNALS:
+  /// The file was read on.
+  void Avance();
 
  protected:
   void changeEvent(QEvent* event) override;

@@ -170,7 +170,8 @@ TEST_F(FrmImportation, IsUsedByTheKeyboardAlone) {
   dialogues.paths = {path};
   QTest::keyClick(Bouton(0), Qt::Key_Return);
   EXPECT_EQ(LignesMontrees(), 3);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_TRUE(Bouton(1)->hasFocus());
+  for (int i = 0; i < 3; ++i) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   EXPECT_TRUE(Liste()->hasFocus());
   QTest::keyClick(Liste(), Qt::Key_Down);
   EXPECT_EQ(Liste()->currentIndex(), 1);
@@ -190,6 +191,30 @@ TEST_F(FrmImportation, IsUsedByTheKeyboardAlone) {
   list->setFocus();
   QTest::keyClick(list, Qt::Key_Return);
   EXPECT_EQ(window->result(), QDialog::Accepted) << "Enter is Ok from the list too";
+}
+
+TEST_F(FrmImportation, AListThatWasChosenIsAnEnterAwayUnlessNoRowOfItEnters) {
+  files.Pose("/data/headings.txt", "Period,Lat\n");
+  Ouvre();
+  dialogues.paths = {"/data/headings.txt", path};
+  QTest::keyClick(Bouton(0), Qt::Key_Return);
+  LignesMontrees();
+  EXPECT_TRUE(Bouton(0)->hasFocus());
+  QTest::keyClick(Bouton(0), Qt::Key_Return);
+  LignesMontrees();
+  EXPECT_TRUE(Bouton(1)->hasFocus());
+  QTest::keyClick(Bouton(1), Qt::Key_Return);
+  EXPECT_EQ(interchange.FichierImportation, path);
+}
+
+TEST_F(FrmImportation, SaysThatMoreStandsBehindAnEndMark) {
+  files.Pose(path,
+             "1,50.5,4.5,1,2,,\n\x1A"
+             "1,50.6,4.6,1,2,,\n");
+  interchange.FichierImportation = path;
+  Ouvre();
+  EXPECT_EQ(LignesMontrees(), 1);
+  EXPECT_TRUE(Enfant<QLabel>("lblArret")->text().startsWith("An end-of-file character (1A)"));
 }
 
 TEST_F(FrmImportation, WithTheFileOfBeforeEnterIsOk) {
