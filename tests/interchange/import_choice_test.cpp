@@ -362,8 +362,8 @@ TEST_F(ImportChoiceTest, HintsAtNoSystemThatMakesOnePlaceOfAll) {
   Montre({{"WGS84", "", "49.29", "2.31"}});
   std::string bytes, same;
   for (int i = 0; i < 20; ++i) {
-    bytes += "1,0." + std::to_string(10 + i) + ",0.5,1,1,,\n";
-    same += "1,0.5,0.5,1,1,,\n";
+    bytes += "1,60." + std::to_string(10 + i) + ",24.5,1,1,,\n";
+    same += "1,60.5,24.5,1,1,,\n";
   }
   EXPECT_FALSE(Repete(ChoixDe(bytes))->Conseil());
   EXPECT_TRUE(Repete(ChoixDe(same))->Conseil()) << "a list of one place";

@@ -27,7 +27,7 @@ namespace {
 
 constexpr qint64 sliceMs = 10, textsEveryMs = 100;
 constexpr int linesShown = 6;
-constexpr int commentCharacters = 32;
+constexpr int commentCharacters = 32, commentAtLeast = 14;
 /// What a column has room for beside its heading; the fate takes what is left.
 constexpr std::array<const char*, RehearsalColumn::Count> samples{
     "999999", "",           "99", "deg +50.41234 +003.92120", "-50.41234", "-150.41234", "99999",
@@ -107,9 +107,7 @@ void RehearsalPane::ElargitColonnes() {
     return metrics.horizontalAdvance(EnQt(text)) + 2 * metrics.averageCharWidth();
   };
   QHeaderView* header = lstRepetition->horizontalHeader();
-  const int comment = std::max(commentCharacters * lstRepetition->fontMetrics().averageCharWidth(),
-                               largeur(titles[RehearsalColumn::Comment]));
-  int others = comment;
+  int others = 0;
   for (std::size_t i = 0; i < samples.size(); ++i) {
     if (i == RehearsalColumn::Fate || i == RehearsalColumn::Comment) continue;
     const int width = std::max(largeur(samples.at(i)), largeur(titles.at(i)));
@@ -118,7 +116,14 @@ void RehearsalPane::ElargitColonnes() {
   }
   const int least = std::max(largeur(Texte(state_.Langue, MsgId::SortLoin)),
                              largeur(titles[RehearsalColumn::Fate]));
-  const int room = lstRepetition->viewport()->width() - others;
+  // On a small screen the comments give way first.
+  const int character = lstRepetition->fontMetrics().averageCharWidth();
+  const int fewest =
+      std::max(commentAtLeast * character, largeur(titles[RehearsalColumn::Comment]));
+  const int wanted = std::max(commentCharacters * character, fewest);
+  const int left = lstRepetition->viewport()->width() - others;
+  const int comment = std::clamp(left - least, fewest, wanted);
+  const int room = left - comment;
   header->resizeSection(static_cast<int>(RehearsalColumn::Fate), std::max(least, room));
   // With large letters the list is scrolled rather than the last heading cut.
   header->setStretchLastSection(room >= least);

@@ -4,10 +4,13 @@
 
 #include <QApplication>
 #include <QComboBox>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
+#include <array>
 
 #include "common/msg_id_import.h"
 #include "common/string_table.h"
@@ -259,6 +262,29 @@ TEST_F(FrmImportation, FitsASmallScreenWithLongPathsAndLines) {
   EXPECT_LE(window->minimumSizeHint().width(), 1280);
   EXPECT_LE(window->minimumSizeHint().height(), 690);
   EXPECT_EQ(Etiquette(0), longPath);
+}
+
+TEST_F(FrmImportation, ItsListNeedsNoScrollBarOnASmallScreen) {
+  interchange.FichierImportation = path;
+  state.LabelNumeric1 = "Anzahl Männchen";
+  state.LabelNumeric2 = "Anzahl Weibchen";
+  Ouvre();
+  window->resize(1280, 690);
+  LignesMontrees();
+  auto* list = Enfant<QTableView>("lstRepetition");
+  for (const std::int16_t langue : std::array<std::int16_t, 5>{0, 1000, 3000, 4000, 5000}) {
+    state.Langue = langue;
+    for (QWidget* widget : {static_cast<QWidget*>(window.get()),
+                            static_cast<QWidget*>(window->findChild<RehearsalPane*>())}) {
+      QEvent change(QEvent::LanguageChange);
+      QCoreApplication::sendEvent(widget, &change);
+    }
+    LignesMontrees();
+    EXPECT_TRUE(
+        QTest::qWaitFor([list] { return list->horizontalScrollBar()->maximum() == 0; }, 500))
+        << langue << ": " << list->horizontalHeader()->length() << " of "
+        << list->viewport()->width();
+  }
 }
 
 TEST_F(FrmImportation, IsDrawnInADarkDesktop) {

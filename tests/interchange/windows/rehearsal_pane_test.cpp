@@ -8,13 +8,11 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
-#include <QScrollBar>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <array>
 #include <ctime>
 
 #include "common/msg_id_import.h"
@@ -110,23 +108,6 @@ TEST_F(RehearsalPaneTest, TheColumnsFillTheList) {
       const int gap = view->viewport()->width() - view->horizontalHeader()->length();
       return gap == 0;
     })) << width;
-  }
-}
-
-TEST_F(RehearsalPaneTest, NeedsNoScrollBarOnASmallScreen) {
-  state.LabelNumeric1 = "Number 1";
-  state.LabelNumeric2 = "Number 2";
-  RehearsalPlan plan = PlanDe(Trois());
-  plan.system = CoordSystem::Deg;
-  Repete(std::move(plan));
-  dialog.resize(1270, 500);
-  for (const std::int16_t langue : std::array<std::int16_t, 5>{0, 1000, 3000, 4000, 5000}) {
-    state.Langue = langue;
-    QEvent change(QEvent::LanguageChange);
-    QCoreApplication::sendEvent(pane, &change);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(view->horizontalScrollBar()->maximum(), 0)
-        << langue << " " << view->horizontalHeader()->length();
   }
 }
 
