@@ -11,6 +11,7 @@
 #include "common/talpena_error.h"
 #include "interchange/import_file.h"
 #include "interchange/import_notes.h"
+#include "interchange/imported_lists.h"
 #include "interchange/text_import.h"
 #include "interchange/text_import_reader.h"
 #include "platform/commands.h"
@@ -33,15 +34,6 @@ ImportChoice::Texts Textes(std::int16_t langue, Id id) {
   ImportChoice::Texts texts;
   for (std::size_t i = 0; i < texts.size(); ++i) texts[i] = Texte(langue, id(static_cast<int>(i)));
   return texts;
-}
-
-/// A bookmark is the row's key, and the rows of an import follow each other.
-bool ARangees(Document& document, const ImportedList& list) {
-  return document.Base()
-             .OpenRecordset("SELECT COUNT(*) FROM TALPENA WHERE Counter >= " + Str(list.firstRow) +
-                            " AND Counter <= " + Str(list.lastRow))
-             ->Get(0)
-             .integer > 0;
 }
 
 /// The text file under rehearsal, opened again and again: its characters are found out once.
@@ -145,11 +137,7 @@ std::optional<RehearsalPlan> ImportChoice::Plan() const {
 }
 
 bool ImportChoice::DejaImportee() const {
-  const auto standing = [this](const ImportedList& former) {
-    return former.list == stamp_ && former.contents == state_.document.NumeroContenu() &&
-           ARangees(state_.document, former);
-  };
-  return !path_.empty() && std::ranges::any_of(interchange_.ListesImportees, standing);
+  return !path_.empty() && EstDejaImportee(interchange_, state_.document, stamp_);
 }
 
 std::vector<std::string> ImportChoice::Notes() const {

@@ -9,7 +9,7 @@
 
 namespace talpena {
 
-/// A list that a text import has read to its end.
+/// A file that has come in: a list to its end, of waypoints some at least.
 struct ImportedList {
   FileStamp list;
   std::int64_t contents = 0;           ///< of the document that took it, NumeroContenu

@@ -17,6 +17,7 @@
 #include "coords/systems.h"
 #include "interchange/import_end.h"
 #include "interchange/import_notes.h"
+#include "interchange/imported_lists.h"
 #include "interchange/text_import_reader.h"
 #include "interchange/waypoint_commands.h"
 #include "platform/commands.h"
@@ -69,13 +70,6 @@ void DitCoupe(ImportContext c, std::int64_t line) {
   c.io.dialogues.Demande({.text = note, .icon = Icon::Information});
 }
 
-/// So that a list that is chosen again can be told.
-void NoteListe(ImportContext c, const std::optional<FileStamp>& list, const ImportedRows& rows) {
-  if (!list || rows.added.empty()) return;
-  c.interchange.ListesImportees.push_back(
-      {*list, c.document().NumeroContenu(), rows.added.front(), rows.added.back()});
-}
-
 void DitEchec(ImportContext c, const TalpenaError& error, const ImportedRows& rows) {
   const std::int16_t langue = c.state.Langue;
   Bip(c.state, c.io);
@@ -116,7 +110,7 @@ void ImportCoord(ImportContext c, std::int16_t type) {
   }
   c.state.UtmAjust = c.state.GridAjust = 0;
   c.interchange.Variable = "1";
-  NoteListe(c, list, rows);
+  NoteListe(c.interchange, c.document(), list, rows.added);
   TermineImport(c, "Import", rows);
   if (cut > 0) DitCoupe(c, cut);
 }
