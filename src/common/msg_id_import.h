@@ -40,7 +40,14 @@ inline constexpr int DouteDate = 493;        // "its date is not written as 17-A
 inline constexpr int DouteMois = 494;        // "the month of its date is not known, so it ..."
 inline constexpr int PointsAVoir = 495;      // "Rows to look at: %1; the first, line %2 ...: %3."
 inline constexpr int WptSansDatum = 496;     // "The datum line of the file lacks numbers: ..."
+inline constexpr int DouteLigne = 673;       // "the line does not begin with W: it is no ..."
+inline constexpr int ConseilLigne = 674;     // "This line does not begin with W: it is no ..."
 inline constexpr int PointsEntres = 499;     // "Waypoints that have come in and are no longer ..."
+
+// Waypoints that come in once more.
+inline constexpr int PointsDejaImportes = 671;  // "Waypoints of this file have been imported ..."
+inline constexpr int WptDejaImporte = 672;      // the same as a question
+inline constexpr int PointsSansNombres = 675;   // "Numbers 1 and 2 of these rows stay empty: ..."
 
 // What an import would do.
 inline constexpr int Repetition = 450;         // "What this import would do"

@@ -13,6 +13,7 @@
 #include "interchange/garmin_position.h"
 #include "interchange/gdate.h"
 #include "interchange/waypoint_row.h"
+#include "store/table.h"
 
 namespace talpena {
 namespace {
@@ -124,7 +125,12 @@ void MapSourceReader::Remplit(std::size_t item, ImportRecord& record) const {
 
 std::string MapSourceReader::Original(std::size_t item) const {
   try {
-    return OriginalDePosition(choice_.grid, text_.items.Texte(item, WaypointColumn::Position));
+    std::string original =
+        OriginalDePosition(choice_.grid, text_.items.Texte(item, WaypointColumn::Position));
+    if (CompteCaracteres(Rogne(original)) > Column::LargeurOriginal) {
+      throw TalpenaError(ErrorNumber::FieldTooSmall, "ORIGINAL");
+    }
+    return original;
   } catch (const TalpenaError& e) {
     const auto said = [&](std::size_t column) {
       constexpr std::size_t characters = 80;

@@ -22,6 +22,7 @@ inline constexpr std::array<std::string_view, 7> GrillesGarmin{
     "British National Grid", "Irish National Grid"};
 
 struct MapSourceText {
+  std::optional<FileStamp> file;  ///< before it was read; empty when it was read from elsewhere
   std::string header;       ///< txtHeader: path and first lines, CR LF each; long ones are cut
   std::optional<int> grid;  ///< of GrillesGarmin; empty when the file's grid is not there
   std::string datum;        ///< lblDatum: not padded, "" for a name that is not known

@@ -1,5 +1,6 @@
 #include "interchange/waypoint_commands.h"
 
+#include <optional>
 #include <utility>
 #include <vector>
 
@@ -8,6 +9,7 @@
 #include "common/string_table.h"
 #include "common/talpena_error.h"
 #include "interchange/import_end.h"
+#include "interchange/imported_lists.h"
 #include "interchange/wpt_reader.h"
 #include "platform/commands.h"
 
@@ -44,10 +46,7 @@ void Remarque(CommandContext c, const std::vector<std::string>& remarks) {
 /// There is no rehearsal of such a file: what is wrong with it is told in a box too.
 void RemarqueWpt(CommandContext c, const WptReader& reader) {
   const std::int16_t langue = c.state.Langue;
-  std::vector<std::string> remarks;
-  if (const std::string doubts = reader.Doutes().EnMots(langue); !doubts.empty()) {
-    remarks.push_back(doubts);
-  }
+  std::vector<std::string> remarks = reader.Doutes().EnMots(langue);
   if (!reader.ADatum()) remarks.push_back(Texte(langue, MsgId::WptSansDatum));
   std::string told;
   for (const std::string& remark : remarks) told += (told.empty() ? "" : "\n") + remark;
@@ -56,10 +55,21 @@ void RemarqueWpt(CommandContext c, const WptReader& reader) {
   if (!told.empty()) c.io.dialogues.Demande({.text = told, .icon = Icon::Information});
 }
 
+/// The file has come in before: its rows would be there twice. There is no window that tells it.
+bool Renonce(ImportContext c, const std::optional<FileStamp>& file) {
+  return EstDejaImportee(c.interchange, c.document(), file) &&
+         c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::WptDejaImporte),
+                                 .icon = Icon::Question,
+                                 .buttons = Buttons::YesNo,
+                                 .defaultButton = Answer::No}) != Answer::Yes;
+}
+
 void ImporteWpt(ImportContext c) {
   const std::string path =
       DemandeFichier(c, "Fichiers wpt (*.wpt)|*.wpt|Tous les fichiers (*.*)|*.*)");
   if (path.empty()) return;
+  const auto file = c.io.files.Empreinte(path);
+  if (Renonce(c, file)) return;
   WptReader reader(OuvreImport(c.io.files, path), c.state, c.document().Entete());
   if (!reader.LitEnTete()) {
     return DitArret(c.state, c.io,
@@ -67,8 +77,9 @@ void ImporteWpt(ImportContext c) {
                     "Importation annulée.");
   }
   ImportedRows rows;
-  if (!ImporteTout(c, "Waypoint import", reader, rows)) return;
-  RemarqueWpt(c, reader);
+  const bool finished = ImporteTout(c, "Waypoint import", reader, rows);
+  NoteListe(c.interchange, c.document(), file, rows.added);
+  if (finished) RemarqueWpt(c, reader);
 }
 
 /// What was not asked for does not count as dropped.
@@ -85,8 +96,7 @@ bool ImporteMapSource(CommandContext c, const MapSourceText& text, const MapSour
   }
   MapSourceReader reader(text, Coches(choice), options, c.document().Entete());
   if (!ImporteTout(c, "MapSource import", reader, rows)) return false;
-  const std::string doubts = reader.Doutes().EnMots(c.state.Langue);
-  if (!doubts.empty()) Remarque(c, {doubts});
+  Remarque(c, reader.Doutes().EnMots(c.state.Langue));
   return true;
 }
 
@@ -115,17 +125,20 @@ MapSourceText ChargeImportGarmin(const SharedState& state, Platform& io, const s
     DitArret(state, io, "This function is not yet abailable!", Icon::Information);
     return text;
   }
+  text.file = io.files.Empreinte(path);
   ExecuteCommande(state, io, {}, [&] { RempliLV(io.files, path, text); });
   if (text.wrongType) DitArret(state, io, "Wrong file type!");
   return text;
 }
 
-MapSourceOutcome ImportMapSource(CommandContext c, const MapSourceText& text,
-                                 const MapSourceChoice& choice, const objGraminImport& options) {
+MapSourceOutcome ImportMapSource(CommandContext c, InterchangeState& interchange,
+                                 const MapSourceText& text, const MapSourceChoice& choice,
+                                 const objGraminImport& options) {
   ImportedRows rows;
   bool finished = false;
   ExecuteCommande(c.state, c.io, {},
                   [&] { finished = ImporteMapSource(c, text, choice, options, rows); });
+  NoteListe(interchange, c.document(), text.file, rows.added);
   return {finished, static_cast<std::int64_t>(rows.added.size())};
 }
 

@@ -11,9 +11,10 @@
 namespace talpena {
 
 /// `mnuImport` 1: asks for a .wpt file; each of its lines becomes a row on the default datum, and
-/// the rows get their coordinates. Failures are shown, not thrown; rows added before one stay. What
-/// is odd about the file, lines without a position and a datum line without numbers, is told by a
-/// box and in the status bar.
+/// the rows get their coordinates. A file that the open document has got already comes in again
+/// only when the user says so. Failures are shown, not thrown; rows added before one stay. What is
+/// odd about the file, lines without a position and a datum line without numbers, is told by a box
+/// and in the status bar.
 void ImportGarmin(ImportContext c);
 
 /// `mnuImportGarmin` 0: asks for a text of MapSource and shows it (frmImportGarmin). Tracks, 1, are
@@ -39,7 +40,8 @@ struct MapSourceOutcome {
 /// For button 0 of frmImportGarmin, `options` being as the settings have them: the checked
 /// waypoints become rows, and the rows get their coordinates. A missing altitude field is told
 /// once. Failures are shown, not thrown; rows added before one stay.
-MapSourceOutcome ImportMapSource(CommandContext c, const MapSourceText& text,
-                                 const MapSourceChoice& choice, const objGraminImport& options);
+MapSourceOutcome ImportMapSource(CommandContext c, InterchangeState& interchange,
+                                 const MapSourceText& text, const MapSourceChoice& choice,
+                                 const objGraminImport& options);
 
 }  // namespace talpena

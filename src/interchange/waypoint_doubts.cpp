@@ -10,17 +10,21 @@ namespace talpena {
 
 void WaypointDoubts::Compte(const ImportRecord& record) {
   if (record.dropped != 0 || record.doubt == 0) return;
-  if (count_++ > 0) return;
-  line_ = record.line;
-  text_ = record.doubt;
+  Kind& kind = record.doubt == MsgId::DouteLigne ? noWaypoints_ : odd_;
+  if (kind.count++ > 0) return;
+  kind.line = record.line;
+  kind.text = record.doubt;
 }
 
-std::string WaypointDoubts::EnMots(std::int16_t langue) const {
-  if (count_ == 0) return {};
-  std::string words =
-      Remplace(Texte(langue, MsgId::PointsAVoir), "%1", NombreGroupe(langue, count_));
-  words = Remplace(words, "%2", Str(line_));
-  return Remplace(words, "%3", Texte(langue, text_));
+std::vector<std::string> WaypointDoubts::EnMots(std::int16_t langue) const {
+  std::vector<std::string> all;
+  for (const Kind& kind : {odd_, noWaypoints_}) {
+    if (kind.count == 0) continue;
+    const std::string words =
+        Remplace(Texte(langue, MsgId::PointsAVoir), "%1", NombreGroupe(langue, kind.count));
+    all.push_back(Remplace(Remplace(words, "%2", Str(kind.line)), "%3", Texte(langue, kind.text)));
+  }
+  return all;
 }
 
 }  // namespace talpena

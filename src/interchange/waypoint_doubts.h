@@ -2,6 +2,7 @@
 #pragma once
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "interchange/import_reader.h"
 
@@ -10,13 +11,18 @@ namespace talpena {
 class WaypointDoubts {
  public:
   void Compte(const ImportRecord& record);
-  /// How many, with line and reason of the first; "" when there were none.
-  std::string EnMots(std::int16_t langue) const;
+  /// How many, with line and reason of the first; lines that are no waypoints in a sentence of
+  /// their own. Empty when there were none.
+  std::vector<std::string> EnMots(std::int16_t langue) const;
 
  private:
-  std::int64_t count_ = 0;
-  std::int64_t line_ = 0;  ///< of the first
-  int text_ = 0;
+  struct Kind {
+    std::int64_t count = 0;
+    std::int64_t line = 0;  ///< of the first
+    int text = 0;
+  };
+  Kind odd_;
+  Kind noWaypoints_;
 };
 
 }  // namespace talpena

@@ -8,7 +8,7 @@
 namespace talpena {
 namespace {
 
-constexpr std::size_t blockBytes = std::size_t{1} << 20;
+constexpr std::size_t waypointBlockBytes = std::size_t{1} << 20;
 
 }  // namespace
 
@@ -25,7 +25,7 @@ std::string_view WaypointList::Texte(std::size_t item, std::size_t column) const
 /// With room for so many bytes.
 void WaypointList::CommenceBloc(std::size_t bytes) {
   const std::size_t taken = bytes_ + (items_.size() + 1) * sizeof(Item);
-  const std::size_t room = std::max(blockBytes, bytes);
+  const std::size_t room = std::max(waypointBlockBytes, bytes);
   if (taken > longest || room > longest - taken) {
     throw TalpenaError(ErrorNumber::OutOfMemory, "Out of memory", {.text = MsgId::TropDePoints});
   }

@@ -14,6 +14,7 @@
 #include "interchange/column_cut.h"
 #include "interchange/gdate.h"
 #include "interchange/waypoint_row.h"
+#include "store/table.h"
 
 namespace talpena {
 namespace {
@@ -75,6 +76,25 @@ int DouteDePosition(std::string_view line) {
   return ofLatitude != 0 ? ofLatitude : DouteDAngle(line, longitudeColumns);
 }
 
+/// A line of another kind begins with another letter: a track with T, a heading with H.
+bool EstDUneAutreSorte(std::string_view line) {
+  const std::string first = Majuscules(CoupeColonne(line, 1, 1));
+  return first >= "A" && first <= "Z" && first != "W";
+}
+
+int DouteDeLigne(std::string_view line) {
+  const int ofPosition = DouteDePosition(line);
+  return ofPosition != 0 && EstDUneAutreSorte(line) ? MsgId::DouteLigne : ofPosition;
+}
+
+/// The position that the columns of a line hold has no place on the earth.
+TalpenaError SansPoint(int number, const std::string& description, std::string_view line) {
+  const std::string position(CoupeColonne(line, latitudeColumns.hemisphere, 22));
+  const TalpenaError error(number, description + ": " + position,
+                           {.text = MsgId::PointIncalculable, .about = {position}});
+  return EstDUneAutreSorte(line) ? error.AvecConseil(MsgId::ConseilLigne) : error;
+}
+
 /// The century is always the twentieth. Held by WptReader.DatesAllWaypointsInThe1900s.
 std::string DateDe(std::string_view line, int month) {
   std::string date = "19";
@@ -122,7 +142,7 @@ bool WptReader::Suivant(ImportRecord& record) {
     record.line = lines_.Numero();
     record.dropped = 0;
     record.row = {};
-    record.doubt = DouteDePosition(line);
+    record.doubt = DouteDeLigne(line);
     Remplit(line, record);
     doubts_.Compte(record);
     return true;
@@ -151,12 +171,13 @@ std::string WptReader::Original(std::string_view line) const {
                       state_.DatumSpherique, -1);
     }
     const double point[] = {latitude, longitude};
-    return AssembleNombres(CoordSystem::Deg, point);
+    std::string original = AssembleNombres(CoordSystem::Deg, point);
+    if (original.size() > Column::LargeurOriginal) {
+      throw TalpenaError(ErrorNumber::FieldTooSmall, "ORIGINAL");
+    }
+    return original;
   } catch (const TalpenaError& e) {
-    const std::string position(CoupeColonne(line, latitudeColumns.hemisphere, 22));
-    const TalpenaError named(e.number(), e.description() + ": " + position,
-                             {.text = MsgId::PointIncalculable, .about = {position}});
-    throw named.SurLigne(lines_.Numero());
+    throw SansPoint(e.number(), e.description(), line).SurLigne(lines_.Numero());
   }
 }
 

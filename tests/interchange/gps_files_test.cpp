@@ -162,8 +162,8 @@ TEST_F(GpsFiles, ATrackIsReadAsWaypointsByItsColumnsAndItsLinesAreTold) {
   world.ImporteWpt(Bytes("pcx.trk"));
   EXPECT_EQ(world.Lignes().size(), 66U);
   EXPECT_EQ(world.Boites(),
-            Lines{"Rows to look at: 66; the first, line 11 of the file: no position "
-                  "where one should stand."});
+            Lines{"Rows to look at: 66; the first, line 11 of the file: the line does "
+                  "not begin with W, so it is probably no waypoint (a track?)."});
 }
 
 TEST_F(GpsFiles, AnotherDialectIsRefused) {

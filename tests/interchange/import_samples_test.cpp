@@ -141,7 +141,8 @@ TEST(WaypointSamples, OfMapSourceComeInWithAllTheirRows) {
   ASSERT_EQ(text.datum, "WGS84");
   options.DateImport = 2;
   options.DateField = "Date Modified";
-  ImportMapSource(world.context, text, {*text.grid, text.datum, TousLesPoints(text)}, options);
+  InterchangeState interchange;
+  ImportMapSource(world.context, interchange, text, {*text.grid, text.datum, TousLesPoints(text)}, options);
   ASSERT_TRUE(world.dialogues.boxes.empty()) << world.dialogues.boxes[0].text;
   const auto rows = world.Rows();
   ExpectSixPoints(rows);

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "common/error_words.h"
+#include "common/msg_id_errors.h"
 #include "common/msg_id_import.h"
 #include "common/talpena_error.h"
 #include "interchange/import_records.h"
@@ -238,12 +239,28 @@ TEST_F(MapSourceReaderTest, CountsDoubtsOfWaypointsThatEnter) {
   text = PointsDe(alpha + "Waypoint\tB\t\t\t1 2\nWaypoint\tC\t\t\t\nWaypoint\tD\t\t\t3 4\n");
   choice.items = TousLesPoints(text);
   MapSourceReader reader(text, choice, options, entete);
-  EXPECT_EQ(reader.Doutes().EnMots(1000), "");
+  EXPECT_TRUE(reader.Doutes().EnMots(1000).empty());
   EXPECT_EQ(test::Doutes(reader),
             (std::vector<int>{0, MsgId::DouteHemisphere, 0, MsgId::DouteHemisphere}));
   EXPECT_EQ(reader.Doutes().EnMots(1000),
-            "Rows to look at: 2; the first, line 7 of the file: its position has no N or S, or no "
-            "E or W.");
+            std::vector<std::string>{"Rows to look at: 2; the first, line 7 of the file: its "
+                                     "position has no N or S, or no E or W."});
+}
+
+// Of decimal commas and missing fields only lists can be suspected.
+TEST_F(MapSourceReaderTest, ANumberTooLongForItsColumnIsNotOfTheGrid) {
+  text = PointsDe("Waypoint\tB\t\t\tN123456789012345 E1234567890123\n");
+  choice.items = TousLesPoints(text);
+  MapSourceReader reader(text, choice, options, entete);
+  ImportRecord record;
+  try {
+    reader.Suivant(record);
+    ADD_FAILURE() << record.row.original.value_or("-");
+  } catch (const TalpenaError& e) {
+    EXPECT_EQ(e.number(), ErrorNumber::FieldTooSmall);
+    EXPECT_EQ(e.words().text, MsgId::PositionIllisible);
+    EXPECT_GT(e.words().line, 0);
+  }
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ struct WaypointWorld : CoordsWorld {
   }
   void Importe(const MapSourceText& text) {
     ImportMapSource(
-        context, text,
+        context, interchange, text,
         {.grid = text.grid.value_or(-1), .datum = text.datum, .items = TousLesPoints(text)},
         options);
   }

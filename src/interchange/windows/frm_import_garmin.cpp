@@ -23,6 +23,7 @@
 #include "common/text.h"
 #include "coords/windows/frm_datum.h"
 #include "interchange/import_notes.h"
+#include "interchange/imported_lists.h"
 #include "interchange/waypoint_commands.h"
 #include "interchange/windows/frm_garmin_options.h"
 #include "interchange/windows/rehearsal_pane.h"
@@ -50,8 +51,13 @@ constexpr int headerLines = 5;  ///< the path and what the file says above its w
 
 }  // namespace
 
-frmImportGarmin::frmImportGarmin(CommandContext c, std::string fileName, int type, QWidget* parent)
-    : QDialog(parent), c_(c), fichier_(std::move(fileName)), type_(type) {
+frmImportGarmin::frmImportGarmin(CommandContext c, InterchangeState& interchange,
+                                 std::string fileName, int type, QWidget* parent)
+    : QDialog(parent),
+      c_(c),
+      interchange_(interchange),
+      fichier_(std::move(fileName)),
+      type_(type) {
   setObjectName(u"frmImportGarmin"_s);
   setModal(true);
   Construit();
@@ -147,6 +153,8 @@ void frmImportGarmin::Charge() {
   LV->Points().Montre(text_);
   if (LV->Points().rowCount() > 0) LV->setCurrentIndex(LV->Points().index(0, 0));
   ExecuteCommande(c_.state, c_.io, {}, [this] { MontreLargeurs(); });
+  deja_ = EstDejaImportee(interchange_, c_.document(), text_.file);
+  if (deja_) cmdImportGarmin[buttonCancel]->setFocus();  // Enter would give the rows once more
   Repete();
 }
 
@@ -216,9 +224,11 @@ void frmImportGarmin::MontreNotes() {
     notes.push_back(Texte(c_.state.Langue, MsgId::PositionsUtmNonLues));
   }
   if (!text_.captions.empty()) {
+    notes.push_back(Texte(c_.state.Langue, MsgId::PointsSansNombres));
     std::ranges::move(AvisMapSource(c_.state.Langue, text_, cmbGrid->currentIndex(), aVenir_),
                       std::back_inserter(notes));
   }
+  if (deja_) notes.insert(notes.begin(), Texte(c_.state.Langue, MsgId::PointsDejaImportes));
   if (entres_ > 0) {
     notes.insert(notes.begin(), Remplace(Texte(c_.state.Langue, MsgId::PointsEntres), "%1",
                                          NombreGroupe(c_.state.Langue, entres_)));
@@ -262,7 +272,7 @@ void frmImportGarmin::Importe() {
   if (cmbGrid->currentIndex() < 0) return OffreGrilles();
   if (lblDatum->text().isEmpty()) return cmdChangeDatum_Click();
   repetition_->Arrete();
-  const MapSourceOutcome outcome = ImportMapSource(c_, text_, Choix(), options_);
+  const MapSourceOutcome outcome = ImportMapSource(c_, interchange_, text_, Choix(), options_);
   if (outcome.finished) return accept();
   ResteApresEchec(outcome.added);
 }

@@ -8,6 +8,7 @@
 #include "interchange/garmin_options.h"
 #include "interchange/mapsource_reader.h"
 #include "interchange/mapsource_text.h"
+#include "interchange/state.h"
 #include "store/command_context.h"
 
 class QCheckBox;
@@ -24,13 +25,14 @@ class WaypointView;
 /// Modal dialog over the waypoints of a MapSource text; its captions are English in every language.
 /// OK imports the checked ones; as long as no grid is chosen, or no datum is known, it asks for
 /// that instead. When the import fails on the way the dialog stays with its checks, but for those
-/// of the waypoints that have come in.
+/// of the waypoints that have come in. Over a file that came in before, Enter is Cancel.
 class frmImportGarmin : public QDialog {
   Q_OBJECT
 
  public:
   /// @param type  0 for a file of MapSource
-  frmImportGarmin(CommandContext c, std::string fileName, int type, QWidget* parent = nullptr);
+  frmImportGarmin(CommandContext c, InterchangeState& interchange, std::string fileName, int type,
+                  QWidget* parent = nullptr);
   ~frmImportGarmin() override;
 
   /// Reads the file. What cannot be read is told, and what was filled until then is shown.
@@ -64,10 +66,12 @@ class frmImportGarmin : public QDialog {
   void ChangeOptions();
 
   CommandContext c_;
+  InterchangeState& interchange_;
   const std::string fichier_;
   std::int64_t entres_ = 0;  ///< waypoints of this list that came in before a failure
   const int type_;
   MapSourceText text_;
+  bool deja_ = false;  ///< the open file held waypoints of this one when the window came up
   objGraminImport options_;
   objGraminImport aVenir_;  ///< what the settings would make them now
 

@@ -8,7 +8,7 @@ namespace talpena {
 void Form1::MontreImportation() { frmImportation(state_, state_.interchange, io_, this).exec(); }
 
 void Form1::MontreImportGarmin(const std::string& fileName, int type) {
-  frmImportGarmin window(Commandes(), fileName, type, this);
+  frmImportGarmin window(Commandes(), state_.interchange, fileName, type, this);
   window.Charge();
   window.exec();
 }

@@ -20,7 +20,7 @@ class FrmImportGarmin : public GarminWindow {
  protected:
   void Ouvre(const std::string& bytes = Texte(), int type = 0) {
     files.Pose("/data/w.txt", bytes);
-    auto window = std::make_unique<frmImportGarmin>(context, "/data/w.txt", type);
+    auto window = std::make_unique<frmImportGarmin>(context, interchange, "/data/w.txt", type);
     window->Charge();
     fenetre = std::move(window);
     Montre();
@@ -31,6 +31,7 @@ class FrmImportGarmin : public GarminWindow {
   QPushButton& Commande(int index) {
     return Enfant<QPushButton>(("cmdImportGarmin_" + std::to_string(index)).c_str());
   }
+  InterchangeState interchange;
   std::string Notes() { return Enfant<QLabel>("lblNotes").text().toStdString(); }
   bool Cochee(int row) {
     return LV().model()->index(row, 0).data(Qt::CheckStateRole).toInt() == Qt::Checked;
@@ -346,6 +347,42 @@ TEST_F(FrmImportGarmin, IsWorkedByTheKeyboardAlone) {
   QTest::keyClick(&LV(), Qt::Key_Return);
   EXPECT_FALSE(fenetre->isVisible());
   EXPECT_EQ(Importees().size(), 2U);
+}
+
+// Enter would give its rows a second time.
+TEST_F(FrmImportGarmin, OverAFileThatHasComeInEnterIsCancel) {
+  const std::string deja = "Waypoints of this file have been imported";
+  Ouvre();
+  EXPECT_FALSE(Notes().starts_with(deja));
+  EXPECT_FALSE(Commande(1).hasFocus());
+  Commande(0).click();
+  ASSERT_EQ(Importees().size(), 3U);
+  Ouvre();
+  EXPECT_TRUE(Notes().starts_with(deja));
+  ASSERT_TRUE(Commande(1).hasFocus());
+  QTest::keyClick(&Commande(1), Qt::Key_Return);
+  EXPECT_EQ(fenetre->result(), QDialog::Rejected);
+  EXPECT_EQ(Importees().size(), 3U);
+}
+
+TEST_F(FrmImportGarmin, SaysThatTheNumbersStayEmpty) {
+  Ouvre();
+  EXPECT_NE(Notes().find("Numbers 1 and 2 of these rows stay empty"), std::string::npos);
+  Ouvre("no waypoints");
+  EXPECT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_EQ(Notes().find("Numbers 1 and 2"), std::string::npos);
+}
+
+TEST_F(FrmImportGarmin, FitsASmallScreenInEveryLanguage) {
+  Ouvre(Texte("UTM"));
+  for (const int langue : {0, 1000, 3000, 4000, 5000}) {
+    SCOPED_TRACE(langue);
+    state.Langue = static_cast<std::int16_t>(langue);
+    QEvent change(QEvent::LanguageChange);
+    QCoreApplication::sendEvent(fenetre.get(), &change);
+    EXPECT_LE(fenetre->minimumSizeHint().width(), 1280);
+    EXPECT_LE(fenetre->minimumSizeHint().height(), 690);
+  }
 }
 
 }  // namespace
