@@ -142,7 +142,8 @@ TEST(WaypointSamples, OfMapSourceComeInWithAllTheirRows) {
   options.DateImport = 2;
   options.DateField = "Date Modified";
   InterchangeState interchange;
-  ImportMapSource(world.context, interchange, text, {*text.grid, text.datum, TousLesPoints(text)}, options);
+  ImportMapSource(world.context, interchange, text, {*text.grid, text.datum, TousLesPoints(text)},
+                  options);
   ASSERT_TRUE(world.dialogues.boxes.empty()) << world.dialogues.boxes[0].text;
   const auto rows = world.Rows();
   ExpectSixPoints(rows);

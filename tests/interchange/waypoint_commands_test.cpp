@@ -63,10 +63,11 @@ TEST(ImportGarmin, TellsLinesThatAreNoWaypointsInASentenceOfTheirOwn) {
   const std::string track = "T  N3003.73100 W09136.62100 25-MAY-02 17:06:21 1";
   world.ImporteWpt(FichierWpt({"W  A      somewhere", track, LigneWpt("B", "b"), track}));
   EXPECT_EQ(world.Lignes().size(), 4U) << "they enter all the same";
-  EXPECT_EQ(world.Boites(),
-            Lines{"Rows to look at: 1; the first, line 12 of the file: no position where one "
-                  "should stand.\nRows to look at: 2; the first, line 13 of the file: the line does "
-                  "not begin with W, so it is probably no waypoint (a track?)."});
+  EXPECT_EQ(
+      world.Boites(),
+      Lines{"Rows to look at: 1; the first, line 12 of the file: no position where one "
+            "should stand.\nRows to look at: 2; the first, line 13 of the file: the line does "
+            "not begin with W, so it is probably no waypoint (a track?)."});
 }
 
 TEST(ImportGarmin, AWaypointUnderAnotherLetterIsNotOdd) {

@@ -96,7 +96,8 @@ std::unique_ptr<Window> Repetee(std::unique_ptr<Window> window) {
 }
 
 std::unique_ptr<QWidget> CreeImportGarmin(const GalleryContext& c) {
-  auto window = std::make_unique<frmImportGarmin>(c.Commandes(), c.state.interchange, PointsDExemple(c), 0);
+  auto window =
+      std::make_unique<frmImportGarmin>(c.Commandes(), c.state.interchange, PointsDExemple(c), 0);
   window->Charge();
   return Repetee(std::move(window));
 }
