@@ -66,7 +66,8 @@ frmImportGarmin::frmImportGarmin(CommandContext c, InterchangeState& interchange
   Relie();
 }
 
-frmImportGarmin::~frmImportGarmin() = default;
+/// The list asks for its headings until it is hidden, and they are in a member.
+frmImportGarmin::~frmImportGarmin() { QDialog::setVisible(false); }
 
 void frmImportGarmin::Construit() {
   setWindowTitle(u"Garmin Import"_s);

@@ -387,6 +387,9 @@ TEST_F(FrmImportGarmin, FitsASmallScreenInEveryLanguage) {
     EXPECT_LE(fenetre->minimumSizeHint().width(), 1280);
     EXPECT_LE(fenetre->minimumSizeHint().height(), 690);
   }
+  fenetre->resize(1280, 690);
+  QTest::qWait(1);
+  fenetre.reset();  // also while it is shown
 }
 
 }  // namespace
