@@ -198,7 +198,7 @@ void FieldReader::Allonge(std::string_view text) {
 /// The bytes of a number, behind which the field is ended.
 std::string_view FieldReader::Nombre() {
   Ouvre();
-  words_ = RogneDroite(rest_.substr(0, rest_.find(',')));
+  words_ = rest_;
   const std::size_t length = std::min(rest_.find_first_of(", "), rest_.size());
   const std::string_view value = rest_.substr(0, length);
   Prend(length);
@@ -218,7 +218,7 @@ double FieldReader::Valeur(std::string_view bytes, Vide vide) const {
     Refuse(ErrorNumber::TypeMismatch, MsgId::ChampVide, {field}, "Type mismatch: nothing");
   }
   if (!EstNombre(bytes)) {
-    const std::string text = Extrait(words_, encodage_);
+    const std::string text = Extrait(RogneDroite(words_.substr(0, words_.find(','))), encodage_);
     Refuse(ErrorNumber::TypeMismatch, MsgId::ChampSansNombre, {field, text},
            "Type mismatch: " + text);
   }

@@ -84,7 +84,7 @@ class FieldReader {
   std::shared_ptr<const ImportEnd> end_;
   std::string_view whole_;  ///< the current line
   std::string_view rest_;   ///< of it
-  std::string_view words_;  ///< of a number: all up to the next comma
+  std::string_view words_;  ///< the rest of the line from the number on that was read last
   bool open_ = false;       ///< a field or the end of the current line is still to come
   std::int64_t line_ = 0;
   int field_ = 0;
