@@ -16,7 +16,7 @@ namespace {
 bool SembleUtf16(std::string_view line) {
   if (line.starts_with("\xFF\xFE") || line.starts_with("\xFE\xFF")) return true;
   std::array<std::size_t, 2> nuls{};  // in even and in odd places
-  for (std::size_t i = 0; i < line.size(); ++i) nuls.at(i % 2) += line[i] == '\0' ? 1 : 0;
+  for (std::size_t i = 0; i < line.size(); ++i) nuls.at(i % 2) += line[i] == '\0' ? 1U : 0U;
   const std::size_t most = std::max(nuls[0], nuls[1]);
   return std::min(nuls[0], nuls[1]) == 0 && most > 0 && 3 * most >= line.size();
 }
