@@ -26,7 +26,7 @@ void DitArret(const SharedState& state, Platform& io, const std::string& text,
 /// was chosen.
 std::string DemandeFichier(ImportContext c, std::string filter) {
   const std::string& last = c.interchange.DossierPoints;
-  const std::string path = c.io.dialogues.OuvreFichier(
+  std::string path = c.io.dialogues.OuvreFichier(
       {.filter = std::move(filter),
        .folder = last.empty() ? DossierDe(c.document().Fichier.NomFichier) : last});
   if (!path.empty()) c.interchange.DossierPoints = DossierDe(path);

@@ -118,9 +118,9 @@ class PosixSideFolder final : public SideFolder {
   }
 
   void Defait(const std::vector<Move>& done) {
-    for (auto move = done.rbegin(); move != done.rend(); ++move) {
-      if (RenommeSansEcraser(move->second, move->first) != 0) holdsFormer_ = true;
-    }
+    std::for_each(done.rbegin(), done.rend(), [this](const Move& move) {
+      if (RenommeSansEcraser(move.second, move.first) != 0) holdsFormer_ = true;
+    });
   }
 
   std::string place_;

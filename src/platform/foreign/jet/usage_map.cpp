@@ -21,7 +21,7 @@ Place MapRows::Nouvelle() {
   Page& page = pages_[page_];
   const std::uint32_t row = rows_++;
   const std::size_t start = taillePage - rows_ * rowBytes;
-  Pose16(page, headBytes + 2 * row, start);
+  Pose16(page, headBytes + std::size_t{2} * row, start);
   Pose16(page, 12, rows_);
   Pose16(page, 2, start - headBytes - std::size_t{2} * rows_);
   return {page_, row};

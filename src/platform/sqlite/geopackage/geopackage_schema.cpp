@@ -38,25 +38,25 @@ constexpr std::string_view packageTables[] = {
 /// Annex F.3: what keeps the index right for those who change rows. %t stands for the table, %c for
 /// its points, %r for the index.
 constexpr std::string_view indexTriggers[] = {
-    "CREATE TRIGGER \"%r_insert\" AFTER INSERT ON \"%t\" WHEN (new.\"%c\" NOT NULL AND NOT "
-    "ST_IsEmpty(NEW.\"%c\")) BEGIN INSERT OR REPLACE INTO \"%r\" VALUES (NEW.\"fid\", "
-    "ST_MinX(NEW.\"%c\"), ST_MaxX(NEW.\"%c\"), ST_MinY(NEW.\"%c\"), ST_MaxY(NEW.\"%c\")); END",
-    "CREATE TRIGGER \"%r_update1\" AFTER UPDATE OF \"%c\" ON \"%t\" WHEN OLD.\"fid\" = "
-    "NEW.\"fid\" AND (NEW.\"%c\" NOTNULL AND NOT ST_IsEmpty(NEW.\"%c\")) BEGIN INSERT OR REPLACE "
-    "INTO \"%r\" VALUES (NEW.\"fid\", ST_MinX(NEW.\"%c\"), ST_MaxX(NEW.\"%c\"), "
-    "ST_MinY(NEW.\"%c\"), ST_MaxY(NEW.\"%c\")); END",
-    "CREATE TRIGGER \"%r_update2\" AFTER UPDATE OF \"%c\" ON \"%t\" WHEN OLD.\"fid\" = "
-    "NEW.\"fid\" AND (NEW.\"%c\" ISNULL OR ST_IsEmpty(NEW.\"%c\")) BEGIN DELETE FROM \"%r\" WHERE "
-    "id = OLD.\"fid\"; END",
-    "CREATE TRIGGER \"%r_update3\" AFTER UPDATE ON \"%t\" WHEN OLD.\"fid\" != NEW.\"fid\" AND "
-    "(NEW.\"%c\" NOTNULL AND NOT ST_IsEmpty(NEW.\"%c\")) BEGIN DELETE FROM \"%r\" WHERE id = "
-    "OLD.\"fid\"; INSERT OR REPLACE INTO \"%r\" VALUES (NEW.\"fid\", ST_MinX(NEW.\"%c\"), "
-    "ST_MaxX(NEW.\"%c\"), ST_MinY(NEW.\"%c\"), ST_MaxY(NEW.\"%c\")); END",
-    "CREATE TRIGGER \"%r_update4\" AFTER UPDATE ON \"%t\" WHEN OLD.\"fid\" != NEW.\"fid\" AND "
-    "(NEW.\"%c\" ISNULL OR ST_IsEmpty(NEW.\"%c\")) BEGIN DELETE FROM \"%r\" WHERE id IN "
-    "(OLD.\"fid\", NEW.\"fid\"); END",
-    "CREATE TRIGGER \"%r_delete\" AFTER DELETE ON \"%t\" WHEN old.\"%c\" NOT NULL BEGIN DELETE "
-    "FROM \"%r\" WHERE id = OLD.\"fid\"; END"};
+    ("CREATE TRIGGER \"%r_insert\" AFTER INSERT ON \"%t\" WHEN (new.\"%c\" NOT NULL AND NOT "
+     "ST_IsEmpty(NEW.\"%c\")) BEGIN INSERT OR REPLACE INTO \"%r\" VALUES (NEW.\"fid\", "
+     "ST_MinX(NEW.\"%c\"), ST_MaxX(NEW.\"%c\"), ST_MinY(NEW.\"%c\"), ST_MaxY(NEW.\"%c\")); END"),
+    ("CREATE TRIGGER \"%r_update1\" AFTER UPDATE OF \"%c\" ON \"%t\" WHEN OLD.\"fid\" = "
+     "NEW.\"fid\" AND (NEW.\"%c\" NOTNULL AND NOT ST_IsEmpty(NEW.\"%c\")) BEGIN INSERT OR REPLACE "
+     "INTO \"%r\" VALUES (NEW.\"fid\", ST_MinX(NEW.\"%c\"), ST_MaxX(NEW.\"%c\"), "
+     "ST_MinY(NEW.\"%c\"), ST_MaxY(NEW.\"%c\")); END"),
+    ("CREATE TRIGGER \"%r_update2\" AFTER UPDATE OF \"%c\" ON \"%t\" WHEN OLD.\"fid\" = "
+     "NEW.\"fid\" AND (NEW.\"%c\" ISNULL OR ST_IsEmpty(NEW.\"%c\")) BEGIN DELETE FROM \"%r\" WHERE "
+     "id = OLD.\"fid\"; END"),
+    ("CREATE TRIGGER \"%r_update3\" AFTER UPDATE ON \"%t\" WHEN OLD.\"fid\" != NEW.\"fid\" AND "
+     "(NEW.\"%c\" NOTNULL AND NOT ST_IsEmpty(NEW.\"%c\")) BEGIN DELETE FROM \"%r\" WHERE id = "
+     "OLD.\"fid\"; INSERT OR REPLACE INTO \"%r\" VALUES (NEW.\"fid\", ST_MinX(NEW.\"%c\"), "
+     "ST_MaxX(NEW.\"%c\"), ST_MinY(NEW.\"%c\"), ST_MaxY(NEW.\"%c\")); END"),
+    ("CREATE TRIGGER \"%r_update4\" AFTER UPDATE ON \"%t\" WHEN OLD.\"fid\" != NEW.\"fid\" AND "
+     "(NEW.\"%c\" ISNULL OR ST_IsEmpty(NEW.\"%c\")) BEGIN DELETE FROM \"%r\" WHERE id IN "
+     "(OLD.\"fid\", NEW.\"fid\"); END"),
+    ("CREATE TRIGGER \"%r_delete\" AFTER DELETE ON \"%t\" WHEN old.\"%c\" NOT NULL BEGIN DELETE "
+     "FROM \"%r\" WHERE id = OLD.\"fid\"; END")};
 
 std::string EnTexteSql(std::string_view text) { return "'" + Remplace(text, "'", "''") + "'"; }
 
