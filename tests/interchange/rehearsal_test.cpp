@@ -175,7 +175,8 @@ TEST_F(RehearsalTest, MarksCharactersThatTheFileCannotHold) {
     return CellulesRepetition(1000, r.Lignes().Ligne(row))[RehearsalColumn::Fate];
   };
   EXPECT_EQ(words(0), "enters");
-  EXPECT_EQ(words(1), "characters that a .deg file cannot hold: “ī”; they would be saved as ?");
+  EXPECT_EQ(words(1),
+            "characters that a .deg file cannot hold: “ī”; they would be saved as question marks");
   EXPECT_NE(words(2).find("“Ω”"), std::string::npos);
   EXPECT_NE(words(3).find("“…”"), std::string::npos) << "where the list shows it no more";
 }
