@@ -7,10 +7,12 @@
 #include "check.h"
 #include "common/msg_id.h"
 #include "common/talpena_error.h"
+#include "common/text.h"
 #include "fakes/memory_input.h"
 #include "interchange/garmin_samples.h"
 #include "interchange/mapsource_reader.h"
 #include "interchange/mapsource_text.h"
+#include "store/table.h"
 
 using namespace talpena;
 using fuzz::Verifie;
@@ -44,6 +46,7 @@ void VerifieFiche(const ImportRecord& record, const objGraminImport& options) {
   const ImportedRow& row = record.row;
   Verifie(record.line > 0 && row.datum == "WGS84" && row.period == 1 && !row.n1 && !row.n2);
   Verifie(!row.original || row.original->size() > 4);
+  Verifie(!row.original || CompteCaracteres(*row.original) <= Column::LargeurOriginal);
   Verifie(record.dropped == 0 || !row.original);
   Verifie(row.date.has_value() == (options.DateImport == 1) ||
           (options.DateImport == 2 && row.date && row.date->size() >= 10));
@@ -88,7 +91,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   } catch (const TalpenaError& e) {
     Verifie(e.number() == ErrorNumber::InputPastEnd || e.number() == ErrorNumber::Overflow ||
             e.number() == ErrorNumber::SubscriptOutOfRange ||
-            e.number() == ErrorNumber::TooManyFields || e.number() == ErrorNumber::InvalidCall);
+            e.number() == ErrorNumber::TooManyFields || e.number() == ErrorNumber::InvalidCall ||
+            e.number() == ErrorNumber::FieldTooSmall);
   }
   return 0;
 }

@@ -8,6 +8,7 @@
 #include "common/talpena_error.h"
 #include "fakes/memory_input.h"
 #include "interchange/wpt_reader.h"
+#include "store/table.h"
 
 using namespace talpena;
 using fuzz::Verifie;
@@ -38,6 +39,7 @@ void VerifieFiche(const ImportRecord& record, std::int64_t before) {
   Verifie(record.line > before && record.dropped == 0);
   Verifie(row.period == 1 && row.n1 == 1 && row.n2 == 1 && row.datum == "EUR-M");
   Verifie(row.original && EstAscii(*row.original) && row.original->starts_with("deg "));
+  Verifie(row.original->size() <= Column::LargeurOriginal);
   Verifie(row.date && CompteCaracteres(*row.date) <= 10);
   Verifie(row.comment && CompteCaracteres(*row.comment) <= 56);
 }
@@ -66,7 +68,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Lit(PrendImport(open(), ChercheEncodage(open())), data[0] / 13 % 4);
   } catch (const TalpenaError& e) {
     Verifie(e.number() == ErrorNumber::InputPastEnd || e.number() == ErrorNumber::Overflow ||
-            e.number() == ErrorNumber::DivisionByZero || e.number() == ErrorNumber::InvalidCall);
+            e.number() == ErrorNumber::DivisionByZero || e.number() == ErrorNumber::InvalidCall ||
+            e.number() == ErrorNumber::FieldTooSmall);
   }
   return 0;
 }
