@@ -1,12 +1,11 @@
 #include "datum_database.h"
 
-#include <algorithm>
 #include <cstdint>
-#include <span>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "made_table.h"
 #include "platform/foreign_format.h"
 
 namespace talpena {
@@ -19,34 +18,8 @@ FieldDef Champ(std::string name, FieldType type, int size = 0) {
 Cell Entier(int value) { return Cell::Of(std::int64_t{value}); }
 Cell Texte(std::string_view text) { return Cell::Of(text); }
 
-/// The rows of one of the sources.
-template <typename Record, typename Maker>
-class SourceRows final : public RowSource {
- public:
-  SourceRows(const std::vector<Record>& records, Maker maker)
-      : records_(records), maker_(std::move(maker)) {}
-  bool Suivante(std::span<Cell> cells) override {
-    if (next_ == records_.size()) return false;
-    const std::vector<Cell> row = maker_(records_[next_++]);
-    std::copy(row.begin(), row.end(), cells.begin());
-    return true;
-  }
-
- private:
-  const std::vector<Record>& records_;
-  Maker maker_;
-  std::size_t next_ = 0;
-};
-
-void EcritTable(Database& database, const TableDef& table, RowSource& rows) {
-  database.CreateTable(table);
-  std::vector<std::string_view> columns;
-  for (const FieldDef& field : table.fields) columns.push_back(field.name);
-  database.InsertRows(table.name, columns, rows);
-}
-
 void EcritEllipsoides(Database& database, const CatalogueSource& source) {
-  SourceRows rows(source.ellipsoids, [](const EllipsoidSource& e) {
+  MadeRows rows(source.ellipsoids, [](const EllipsoidSource& e) {
     return std::vector<Cell>{Entier(e.id), Texte(e.code), Texte(e.name), Cell::Of(e.a),
                              Cell::Of(e.fInv)};
   });
@@ -60,7 +33,7 @@ void EcritEllipsoides(Database& database, const CatalogueSource& source) {
 }
 
 void EcritDatums(Database& database, const CatalogueSource& source) {
-  SourceRows rows(source.datums, [&](const DatumSource& d) {
+  MadeRows rows(source.datums, [&](const DatumSource& d) {
     return std::vector<Cell>{Entier(d.da),    Cell::Of(d.df),       Cell::Of(d.dx), Cell::Of(d.dy),
                              Cell::Of(d.dz),  Entier(d.ellipsoid),  Texte(d.code),  Texte(d.name),
                              Texte(d.applic), Entier(source.Use(d))};

@@ -1,7 +1,6 @@
 // The datum catalogue as its two source tables in data/datum hold it.
 #pragma once
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace talpena {
@@ -29,11 +28,6 @@ struct CatalogueSource {
   /// Value of column Use: 2 on an ellipsoid that MGRS knows, else 1.
   int Use(const DatumSource& datum) const;
 };
-
-/// The records of a comma-separated text with a heading line, fields in double quotes where they
-/// hold a comma. Throws std::runtime_error when a record has not as many fields as the heading.
-std::vector<std::vector<std::string>> LitCsv(std::string_view text,
-                                             std::vector<std::string>& heading);
 
 /// Reads both tables; throws std::runtime_error naming the file and the fault: a missing file or
 /// column, a field that is no number, an unknown ellipsoid, ids that do not run 1, 2, 3 ...

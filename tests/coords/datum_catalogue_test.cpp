@@ -17,6 +17,7 @@
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/test_catalogue.h"
+#include "csv_table.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_platform.h"
 #include "fakes/fake_tables.h"
