@@ -1,8 +1,8 @@
 // A table of another maker that is kept between openings.
 #include <sys/stat.h>
 
-#include <filesystem>
 #include <chrono>
+#include <filesystem>
 #include <utility>
 
 #include "platform/foreign_format.h"
@@ -14,9 +14,9 @@ namespace {
 namespace fs = std::filesystem;
 
 struct MakersFile {
-  std::vector<std::vector<Value>> rows{{"BRUGES", "Bruges", 51.2}, {"GHENT", "Ghent", 51.05},
+  std::vector<std::vector<Value>> rows{{"BRUGES", "Bruges", 51.2},      {"GHENT", "Ghent", 51.05},
                                        {"BRUSSELS", "Brussels", 50.85}, {"GHENT", "Gent", 51.0},
-                                       {"ÉTANG", "Étang", 1.5}, {Value(), "nameless", 0.0}};
+                                       {"ÉTANG", "Étang", 1.5},         {Value(), "nameless", 0.0}};
   int reads = 0;
 };
 
@@ -26,13 +26,15 @@ class PlacesDatabase final : public ForeignDatabase {
   std::vector<TableDef> Tables() override {
     TableDef places;
     places.name = "Places";
-    places.fields = {{"Key", FieldType::Text, 50}, {"Name", FieldType::Text, 50},
-                     {"Lat", FieldType::Double}};
+    places.fields = {
+        {"Key", FieldType::Text, 50}, {"Name", FieldType::Text, 50}, {"Lat", FieldType::Double}};
     return {places};
   }
   std::vector<QueryDef> Queries() override {
-    return {{.name = "North", .kind = QueryDef::Select,
-             .sql = "SELECT Key, Name FROM Places WHERE Lat > 51", .fields = {}}};
+    return {{.name = "North",
+             .kind = QueryDef::Select,
+             .sql = "SELECT Key, Name FROM Places WHERE Lat > 51",
+             .fields = {}}};
   }
   std::unique_ptr<RowSource> Rows(std::string_view) override {
     ++file_.reads;
@@ -102,10 +104,10 @@ TEST_F(KeptTableTest, ALaterSearchGivesTheSameRows) {
        {"[Key] = 'Ghent'", "[Key] LIKE 'g*'", "[Key] LIKE 'BR?G*'", "[Key] LIKE '*S'",
         "[Key] LIKE 'étang*'", "[Key] LIKE 'etang*'", "[Key] LIKE '[BG]*'", "[Key] LIKE ''",
         "[Key] LIKE '*'", "NOT [Key] LIKE 'G*'", "[Key] NOT LIKE 'G*'", "[Name] LIKE 'G*'"}) {
-    const Strings plain = Colonne(
-        *makers->OpenDatabase(path, true)->OpenRecordset(
-            std::string("SELECT * FROM Places WHERE ") + where + " ORDER BY [Key]"),
-        "Name");
+    const Strings plain = Colonne(*makers->OpenDatabase(path, true)
+                                       ->OpenRecordset(std::string("SELECT * FROM Places WHERE ") +
+                                                       where + " ORDER BY [Key]"),
+                                  "Name");
     EXPECT_EQ(Noms(where), plain) << where;  // first while it is kept, then from the copy
     EXPECT_EQ(Noms(where), plain) << where;
   }
@@ -115,7 +117,8 @@ TEST_F(KeptTableTest, ALaterSearchGivesTheSameRows) {
 TEST_F(KeptTableTest, OneConnectionGoesOnWithWhatItKept) {
   const auto base = Ouvre();
   const auto search = [&](const char* where) {
-    return Colonne(*base->OpenRecordset(std::string("SELECT * FROM Places WHERE ") + where), "Name");
+    return Colonne(*base->OpenRecordset(std::string("SELECT * FROM Places WHERE ") + where),
+                   "Name");
   };
   EXPECT_EQ(search("[Key] LIKE 'G*'"), (Strings{"Ghent", "Gent"}));
   EXPECT_EQ(search("[Key] LIKE 'B*'"), (Strings{"Bruges", "Brussels"}));
