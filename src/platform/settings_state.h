@@ -47,21 +47,21 @@ struct SettingsState {
   float DiamPoints = -1;  ///< negative: automatic
 
   // Gazetteer.
-  std::string GazetteerFile;
-  std::int16_t GazetteerSort = 0;
-  std::string GazetteerTable = "TLPGazet_Decoding";
-  std::string ResearchField = "Sort_Name";
-  std::string LatitudeField = "Latitude";
-  std::string LongitudeField = "Longitude";
-  std::string FullNameField = "Full_Name";
-  std::string FipsField = "FIPS_QRN";
-  std::string ProvinceField;
-  std::string FeatureField = "Feature_Desig_Code";
-  std::int16_t CoordinatesType = 1;
-  std::string CountryName = "Country_Name";
-  std::string ProvinceName = "Province_Name";
-  std::string GazetteerDatum = "WGS84";
-  std::string DbType;
+  std::string GeoFile;
+  std::int16_t GeoSort = 0;
+  std::string GeoTable = "TLPGazet_Decoding";
+  std::string GeoResearchField = "Sort_Name";
+  std::string GeoLatitudeField = "Latitude";
+  std::string GeoLongitudeField = "Longitude";
+  std::string GeoFullNameField = "Full_Name";
+  std::string GeoFipsField = "FIPS_QRN";
+  std::string GeoProvinceField;
+  std::string GeoFeatureField = "Feature_Desig_Code";
+  std::int16_t GeoCoordType = 1;
+  std::string GeoCountryName = "Country_Name";
+  std::string GeoProvinceName = "Province_Name";
+  std::string GeoDatum = "WGS84";
+  std::string GeoDbType;
 
   std::array<std::string, 4> LastFiles;  ///< newest first
   std::string LastDeg;  ///< folder of the last opened file, as the start found it; Open keeps it

@@ -320,6 +320,15 @@ struct NewDatabase {
   friend bool operator==(const NewDatabase&, const NewDatabase&) = default;
 };
 
+/// A table, or the rows of a saved query, of another maker's file that is kept between openings.
+struct KeptTable {
+  std::string folder;  ///< holds the copies and nothing else; made, for the user alone, when absent
+  std::string stamp;   ///< tells the state of the file and what is kept of it from all others
+  std::string table;
+  std::string field;  ///< what is searched: by `=` and by LIKE 'text*' it is found by an index
+  std::int64_t most = std::int64_t{512} << 20;  ///< bytes of all copies; the oldest go
+};
+
 class TableEngine {
  public:
   virtual ~TableEngine() = default;
@@ -343,6 +352,14 @@ class TableEngine {
   /// are not waited for, NotSupported (3251).
   virtual std::unique_ptr<Database> OpenDatabase(const std::string& path, bool readOnly,
                                                  std::string_view connect = {}) = 0;
+
+  /// OpenDatabase for reading, where one table is read from a copy that was kept when it was named
+  /// in a statement before, under the same stamp. Such a database has that table alone. A copy that
+  /// is damaged, or in use, is passed over, and one that cannot be kept is done without.
+  virtual std::unique_ptr<Database> OpenKept(const std::string& path, std::string_view connect,
+                                             [[maybe_unused]] const KeptTable& kept) {
+    return OpenDatabase(path, true, connect);
+  }
 
   /// A new, empty file of another maker's for tables to be made in, as OpenDatabase opens them for
   /// writing. Raises FileExists (58), NotSupported (3251) for a format that is not written.

@@ -2,6 +2,7 @@
 #pragma once
 #include <string>
 
+#include "gazetteer/state.h"
 #include "interchange/state.h"
 #include "store/state.h"
 
@@ -9,6 +10,7 @@ namespace talpena {
 
 struct ProcessState : StoreState {
   InterchangeState interchange;
+  GazetteerState gazetteer;
   std::string DossierRefuse;  ///< working folder that WorkingDir stands in for; "" when it is used
   std::string DossierCartes;  ///< copy of AppDir through which the map windows find their files
   std::string FichierAide;    ///< path of the help file of the current language

@@ -88,21 +88,21 @@ constexpr std::array reglages = {
     Reglage{"Symbols",    "SymbolColor2",        Element<&S::SymbolColor, 2>},
     Reglage{"Symbols",    "StrokeColor",         Global<&S::StrokeColor>},
     Reglage{"Symbols",    "DiamPoints",          Global<&S::DiamPoints>},
-    Reglage{"Localities", "File",                Global<&S::GazetteerFile>},
-    Reglage{"Localities", "Sort",                Global<&S::GazetteerSort>},
-    Reglage{"Localities", "Table",               Global<&S::GazetteerTable>},
-    Reglage{"Localities", "ResearchField",       Global<&S::ResearchField>},
-    Reglage{"Localities", "LatitudeField",       Global<&S::LatitudeField>},
-    Reglage{"Localities", "LongitudeField",      Global<&S::LongitudeField>},
-    Reglage{"Localities", "FullNameField",       Global<&S::FullNameField>},
-    Reglage{"Localities", "FipsField",           Global<&S::FipsField>},
-    Reglage{"Localities", "ProvinceField",       Global<&S::ProvinceField>},
-    Reglage{"Localities", "FeatureField",        Global<&S::FeatureField>},
-    Reglage{"Localities", "CoordinatesType",     Global<&S::CoordinatesType>},
-    Reglage{"Localities", "CountryName",         Global<&S::CountryName>},
-    Reglage{"Localities", "ProvinceName",        Global<&S::ProvinceName>},
-    Reglage{"Localities", "Datum",               Global<&S::GazetteerDatum>},
-    Reglage{"Localities", "DbType",              Global<&S::DbType>},
+    Reglage{"Localities", "File",                Global<&S::GeoFile>},
+    Reglage{"Localities", "Sort",                Global<&S::GeoSort>},
+    Reglage{"Localities", "Table",               Global<&S::GeoTable>},
+    Reglage{"Localities", "ResearchField",       Global<&S::GeoResearchField>},
+    Reglage{"Localities", "LatitudeField",       Global<&S::GeoLatitudeField>},
+    Reglage{"Localities", "LongitudeField",      Global<&S::GeoLongitudeField>},
+    Reglage{"Localities", "FullNameField",       Global<&S::GeoFullNameField>},
+    Reglage{"Localities", "FipsField",           Global<&S::GeoFipsField>},
+    Reglage{"Localities", "ProvinceField",       Global<&S::GeoProvinceField>},
+    Reglage{"Localities", "FeatureField",        Global<&S::GeoFeatureField>},
+    Reglage{"Localities", "CoordinatesType",     Global<&S::GeoCoordType>},
+    Reglage{"Localities", "CountryName",         Global<&S::GeoCountryName>},
+    Reglage{"Localities", "ProvinceName",        Global<&S::GeoProvinceName>},
+    Reglage{"Localities", "Datum",               Global<&S::GeoDatum>},
+    Reglage{"Localities", "DbType",              Global<&S::GeoDbType>},
     Reglage{"Files",      "LastFile1",           Element<&S::LastFiles, 0>},
     Reglage{"Files",      "LastFile2",           Element<&S::LastFiles, 1>},
     Reglage{"Files",      "LastFile3",           Element<&S::LastFiles, 2>},
@@ -146,7 +146,7 @@ SettingsState Defauts(const SharedState& state, Platform& io, ScreenSize screen)
   SettingsState defauts;
   defauts.GrilleHauteur = screen.hauteurTwips;
   defauts.GrilleLargeur = screen.largeurTwips;
-  defauts.GazetteerFile = io.environment.LecteurCD() + "tlpgazet.mdb";
+  defauts.GeoFile = io.environment.LecteurCD() + "tlpgazet.mdb";
   defauts.LastDeg = state.AppDir;
   return defauts;
 }

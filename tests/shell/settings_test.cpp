@@ -205,7 +205,7 @@ TEST_F(Settings, GlobalsTakeTheStoredValues) {
   EXPECT_TRUE(state.AutoSave);
   EXPECT_EQ(state.SymbolColor[2], 0xFF0000U);
   EXPECT_EQ(state.DiamPoints, 0.5F);
-  EXPECT_EQ(state.GazetteerDatum, "NTF");
+  EXPECT_EQ(state.GeoDatum, "NTF");
   EXPECT_EQ(state.LastFiles[2], "/home/bees/a.deg");
   EXPECT_TRUE(dialogues.boxes.empty());
 }
@@ -240,12 +240,12 @@ TEST_F(Settings, LastDegStartsAtTheProgramsFolder) {
 TEST_F(Settings, TheGazetteerIsLookedForOnTheCdDrive) {
   environment.cd = "F:\\";
   Charge();
-  EXPECT_EQ(state.GazetteerFile, "F:\\tlpgazet.mdb");
+  EXPECT_EQ(state.GeoFile, "F:\\tlpgazet.mdb");
 }
 
 TEST_F(Settings, WithoutACdDriveTheGazetteerIsLookedForOnDriveD) {
   Charge();
-  EXPECT_EQ(state.GazetteerFile, "D:\\tlpgazet.mdb");
+  EXPECT_EQ(state.GeoFile, "D:\\tlpgazet.mdb");
 }
 
 // ---- Ellipsoid

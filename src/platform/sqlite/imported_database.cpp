@@ -88,7 +88,12 @@ void OteRegles(std::vector<FieldDef>& fields) {
 }  // namespace
 
 ImportedDatabase::ImportedDatabase(std::unique_ptr<ForeignDatabase> foreign, bool writable)
-    : SqliteDatabase(std::make_shared<Connection>(std::string(), Connection::Mode::Private), true),
+    : ImportedDatabase(std::move(foreign), writable,
+                       std::make_shared<Connection>(std::string(), Connection::Mode::Private)) {}
+
+ImportedDatabase::ImportedDatabase(std::unique_ptr<ForeignDatabase> foreign, bool writable,
+                                   std::shared_ptr<Connection> connection)
+    : SqliteDatabase(std::move(connection), true),
       foreign_(std::move(foreign)),
       writable_(writable),
       queries_(foreign_->Queries()) {

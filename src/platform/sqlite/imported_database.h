@@ -11,9 +11,12 @@ namespace talpena::sqlite {
 
 /// A table, or the rows of a saved query, is copied into a private database when a statement first
 /// names it. Tables that are made here go to the maker's file at once.
-class ImportedDatabase final : public SqliteDatabase {
+class ImportedDatabase : public SqliteDatabase {
  public:
   ImportedDatabase(std::unique_ptr<ForeignDatabase> foreign, bool writable);
+  /// The same with the rows in a database of the caller's.
+  ImportedDatabase(std::unique_ptr<ForeignDatabase> foreign, bool writable,
+                   std::shared_ptr<Connection> connection);
 
   void CreateTable(const TableDef& table) override;
   std::vector<std::string> TableNames() override;

@@ -70,9 +70,7 @@ void VerifieDefinition(const TableDef& table) {
 
 std::unique_ptr<SqliteDatabase> SqliteDatabase::Cree(const std::string& path) {
   auto connection = std::make_shared<Connection>(path, Connection::Mode::Fresh);
-  connection->Execute("PRAGMA application_id = " + std::to_string(ApplicationId));
-  connection->Execute(std::string("CREATE TABLE ") + DefinitionTable +
-                      " (name TEXT PRIMARY KEY, definition TEXT NOT NULL) STRICT");
+  MarqueLeNotre(*connection);
   return std::unique_ptr<SqliteDatabase>(new SqliteDatabase(std::move(connection), false));
 }
 
@@ -83,6 +81,21 @@ std::unique_ptr<SqliteDatabase> SqliteDatabase::Ouvre(const std::string& path, b
   if (!database->EstLeNotre()) throw FormatInconnu(path);
   database->ChargeDefinitions();
   return database;
+}
+
+void SqliteDatabase::MarqueLeNotre(Connection& connection) {
+  connection.Execute("PRAGMA application_id = " + std::to_string(ApplicationId));
+  connection.Execute(std::string("CREATE TABLE ") + DefinitionTable +
+                     " (name TEXT PRIMARY KEY, definition TEXT NOT NULL) STRICT");
+}
+
+void SqliteDatabase::NoteDefinition(Connection& connection, const TableDef& table) {
+  Statement note = connection.Prepare(std::string("INSERT INTO ") + DefinitionTable +
+                                      " (name, definition) VALUES (?1, ?2)");
+  const std::string definition = EcritDefinition(table);
+  note.Lie(0, Cell::Of(std::string_view(table.name)));
+  note.Lie(1, Cell::Of(std::string_view(definition)));
+  note.Execute();
 }
 
 // Only tables and their indexes belong in such a file: whatever would run by itself is refused.
@@ -133,12 +146,7 @@ void SqliteDatabase::CreateTable(const TableDef& table) {
   connection_->ArreteLecteurs();
   PointDeReprise point(*connection_);
   for (const std::string& sql : statements) connection_->Execute(sql);
-  Statement note = connection_->Prepare(std::string("INSERT INTO ") + DefinitionTable +
-                                        " (name, definition) VALUES (?1, ?2)");
-  const std::string definition = EcritDefinition(table);
-  note.Lie(0, Cell::Of(std::string_view(table.name)));
-  note.Lie(1, Cell::Of(std::string_view(definition)));
-  note.Execute();
+  NoteDefinition(*connection_, table);
   point.Valide();
   Declare(table);
 }

@@ -50,11 +50,16 @@ class SqliteDatabase : public Database {
   static std::vector<int> ChampsDe(const TableState& table,
                                    std::span<const std::string_view> columns);
 
+  bool EstLeNotre();  ///< the file is of the engine's own
+  void ChargeDefinitions();
+
+  /// Marks a file as the engine's own, and notes a table's definition in it.
+  static void MarqueLeNotre(Connection& connection);
+  static void NoteDefinition(Connection& connection, const TableDef& table);
+
   std::shared_ptr<Connection> connection_;
 
  private:
-  bool EstLeNotre();
-  void ChargeDefinitions();
   TableFinder Chercheur();
   std::shared_ptr<TableState> TrouveTable(std::string_view name);
   std::unique_ptr<Recordset> Ouvre(const Selection& selection);

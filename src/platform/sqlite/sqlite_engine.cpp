@@ -8,6 +8,7 @@
 
 #include "platform/sqlite/errors.h"
 #include "platform/sqlite/imported_database.h"
+#include "platform/sqlite/kept_table.h"
 #include "platform/sqlite/private_file.h"
 #include "platform/sqlite/sqlite_database.h"
 
@@ -93,15 +94,17 @@ class SqliteEngine final : public TableEngine {
       return std::make_unique<sqlite::ImportedDatabase>(FormatEcrit(connect).OuvrePourEcrire(path),
                                                         true);
     }
-    if (!Existe(path)) throw sqlite::FichierIntrouvable(path);
-    RefuseTuyaux(path);
+    VerifieSource(path);
     if (connect.empty() && EstFichierSqlite(path)) return OuvreLeNotre(path, readOnly);
-    for (const auto& format : formats_) {
-      if (format->Reconnait(path, connect)) {
-        return std::make_unique<sqlite::ImportedDatabase>(format->Ouvre(path), false);
-      }
-    }
-    throw sqlite::FormatInconnu(path);
+    return std::make_unique<sqlite::ImportedDatabase>(FormatLu(path, connect).Ouvre(path), false);
+  }
+
+  std::unique_ptr<Database> OpenKept(const std::string& path, std::string_view connect,
+                                     const KeptTable& kept) override {
+    VerifieSource(path);
+    if (connect.empty() && EstFichierSqlite(path)) return OuvreLeNotre(path, true);
+    if (auto copy = sqlite::OuvreCopie(kept)) return copy;
+    return sqlite::OuvreEnGardant(FormatLu(path, connect).Ouvre(path), kept);
   }
 
   std::unique_ptr<Database> CreateForeignDatabase(const std::string& path, std::string_view connect,
@@ -118,6 +121,18 @@ class SqliteEngine final : public TableEngine {
       throw TalpenaError(ErrorNumber::FileExists, "File already exists: '" + path + "'.",
                          {.about = {path}});
     }
+  }
+
+  static void VerifieSource(const std::string& path) {
+    if (!Existe(path)) throw sqlite::FichierIntrouvable(path);
+    RefuseTuyaux(path);
+  }
+
+  ForeignFormat& FormatLu(const std::string& path, std::string_view connect) {
+    for (const auto& format : formats_) {
+      if (format->Reconnait(path, connect)) return *format;
+    }
+    throw sqlite::FormatInconnu(path);
   }
 
   ForeignFormat& FormatEcrit(std::string_view connect) {

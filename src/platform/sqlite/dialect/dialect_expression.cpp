@@ -3,12 +3,24 @@
 
 #include "platform/sqlite/collation.h"
 #include "platform/sqlite/dialect/dialect_parser.h"
+#include "platform/sqlite/dialect/like_pattern.h"
 #include "platform/sqlite/errors.h"
 
 namespace talpena::sqlite {
 namespace {
 
 constexpr int DeepestNesting = 200;
+
+std::string LitteralOctets(std::string_view bytes) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string literal = "x'";
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    literal.push_back(digits[byte >> 4]);
+    literal.push_back(digits[byte & 15U]);
+  }
+  return literal + "'";
+}
 
 // From the loosest to the tightest.
 enum Precedence : int {
@@ -216,15 +228,34 @@ bool DialectParser::LitComparaison(Expression& left) {
     left = LitAppartenance(std::move(left), negated);
   } else {
     Passe();
-    Expression pattern = Lit(Comparison + 1);
-    Expression result;
-    result.kind = ValueKind::Logical;
-    result.aggregate = left.aggregate || pattern.aggregate;
-    result.sql = std::string(negated ? "(NOT " : "(") + "tlp_like(" + EnTexte(std::move(pattern)) +
-                 ", " + EnTexte(std::move(left)) + "))";
-    left = std::move(result);
+    left = LitMotif(std::move(left), negated);
   }
   return true;
+}
+
+Expression DialectParser::LitMotif(Expression left, bool negated) {
+  Expression pattern = Lit(Comparison + 1);
+  Expression result;
+  result.kind = ValueKind::Logical;
+  result.aggregate = left.aggregate || pattern.aggregate;
+  const std::string range = negated ? std::string() : Etendue(left, pattern);
+  result.sql = std::string(negated ? "(NOT " : "(") + range + "tlp_like(" +
+               EnTexte(std::move(pattern)) + ", " + EnTexte(std::move(left)) + "))";
+  return result;
+}
+
+// What an index finds: the texts that begin as the pattern does. The pattern is matched all the
+// same.
+std::string DialectParser::Etendue(const Expression& field, const Expression& pattern) const {
+  const bool indexed = sources_.size() == 1 && sources_[0].table != nullptr &&
+                       field.column != nullptr && field.field >= 0 &&
+                       field.field == sources_[0].table->ChampDePrefixe();
+  if (!indexed || !pattern.text) return {};
+  const std::string start = DebutDuMotif(*pattern.text);
+  if (start.empty()) return {};
+  const std::string key = "tlp_fold(" + field.sql + ")";
+  return key + " >= " + LitteralOctets(start) + " AND " + key + " < " +
+         LitteralOctets(start + '\xFF') + " AND ";
 }
 
 Expression DialectParser::LitEncadrement(Expression left, bool negated) {

@@ -94,6 +94,8 @@ class DialectParser {
   Expression LitPrimaire();
   bool LitSuite(Expression& left, int minimum);
   bool LitComparaison(Expression& left);
+  Expression LitMotif(Expression left, bool negated);
+  std::string Etendue(const Expression& field, const Expression& pattern) const;
   Expression LitAppartenance(Expression left, bool negated);
   Expression LitEncadrement(Expression left, bool negated);
 

@@ -59,8 +59,9 @@ enum class Travail : std::uint8_t {
   Soi,          ///< the function tells of its steps itself, where they become many
 };
 
-/// Makes a function known to SQLite under `name`. No exception leaves its body.
-template <Function body, Travail travail = Travail::SelonTextes>
+/// Makes a function known to SQLite under `name`. No exception leaves its body. `place`: whether
+/// it is for statements alone, or may stand in an index too.
+template <Function body, Travail travail = Travail::SelonTextes, int place = SQLITE_DIRECTONLY>
 void Enregistre(Connection& connection, const char* name, int argumentCount) {
   const auto wrapper = [](sqlite3_context* context, int count, sqlite3_value** values) {
     FunctionCall call(context, count, values);
@@ -75,8 +76,8 @@ void Enregistre(Connection& connection, const char* name, int argumentCount) {
     }
   };
   const int rc = sqlite3_create_function_v2(connection.Poignee(), name, argumentCount,
-                                            SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_DIRECTONLY,
-                                            &connection, wrapper, nullptr, nullptr, nullptr);
+                                            SQLITE_UTF8 | SQLITE_DETERMINISTIC | place, &connection,
+                                            wrapper, nullptr, nullptr, nullptr);
   if (rc != SQLITE_OK) connection.Echoue(rc);
 }
 

@@ -30,13 +30,13 @@ struct RecordHead {
   std::uint32_t size;
 };
 
-std::int64_t UnNombre(Connection& connection, const std::string& sql) {
+std::int64_t LitUnNombre(Connection& connection, const std::string& sql) {
   Statement statement = connection.Prepare(sql);
   return statement.Avance() ? statement.Entier(0) : 0;
 }
 
 std::int64_t OctetsDe(Connection& connection) {
-  return UnNombre(connection, "PRAGMA page_count") * UnNombre(connection, "PRAGMA page_size");
+  return LitUnNombre(connection, "PRAGMA page_count") * LitUnNombre(connection, "PRAGMA page_size");
 }
 
 }  // namespace
@@ -45,7 +45,7 @@ std::unique_ptr<RowsAhead> RowsAhead::Lit(Connection& connection, const TableSta
                                           const RowList& rows, const Recordset::Progress& avance) {
   if (rows.Croissant() || rows.Vivants() < FewestRows) return nullptr;
   try {
-    const std::int64_t all = UnNombre(connection, "SELECT count(*) FROM " + table.NomSql());
+    const std::int64_t all = LitUnNombre(connection, "SELECT count(*) FROM " + table.NomSql());
     const std::int64_t bytes = OctetsDe(connection);
     if (all > WidestWalk * rows.Vivants() ||
         bytes > PartBytes * static_cast<std::int64_t>(MostParts)) {

@@ -1,0 +1,202 @@
+#include "gazetteer/place_index.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <numeric>
+#include <utility>
+
+#include "common/text.h"
+#include "gazetteer/plain_form.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::uint32_t SameAsPlain = std::numeric_limits<std::uint32_t>::max();
+constexpr SphereDirection nowhere{std::numeric_limits<float>::quiet_NaN(), 0, 0};
+
+/// The most bytes of names that are taken up: what offsets of 32 bits reach.
+constexpr std::size_t mostBytes = std::size_t{1} << 31;
+
+bool EstQuelquePart(const SphereDirection& d) { return !std::isnan(d[0]); }
+
+/// The first place from `from` on where a piece of at least two bytes stands; npos when there is
+/// none. Looks at 64 places at once for its first and last byte, in a loop that compilers turn into
+/// wide comparisons.
+std::size_t ChercheOctets(std::string_view text, std::string_view piece, std::size_t from) {
+  constexpr std::size_t block = 64;
+  const std::size_t gap = piece.size() - 1;
+  const char first = piece.front(), last = piece.back();
+  for (; from + block + gap <= text.size(); from += block) {
+    const char* at = text.data() + from;
+    unsigned char any = 0;
+    for (std::size_t i = 0; i < block; ++i) {
+      any |= static_cast<unsigned char>((at[i] == first) & (at[i + gap] == last));
+    }
+    if (any == 0) continue;
+    for (std::size_t i = 0; i < block; ++i) {
+      if (at[i] == first && at[i + gap] == last && std::memcmp(at + i, piece.data(), gap) == 0) {
+        return from + i;
+      }
+    }
+  }
+  return text.find(piece, std::min(from, text.size()));
+}
+
+/// A place that meets the search, and by what it is ordered.
+struct Candidate {
+  std::uint32_t rank = 0;
+  PlaceMatch match = PlaceMatch::Plain;
+  float chord = 0;  ///< square; infinite without a point
+
+  bool operator<(const Candidate& other) const {
+    if (match != other.match) return match < other.match;
+    return chord != other.chord ? chord < other.chord : rank < other.rank;
+  }
+};
+
+}  // namespace
+
+struct PlaceIndex::Search {
+  std::string typed;  ///< small letters
+  std::string plain;
+  std::optional<SphereDirection> near = std::nullopt;
+  std::size_t most = 0;
+  std::pair<std::uint32_t, std::uint32_t> begins{};  ///< ranks whose plain forms begin with it
+  std::vector<Candidate> found{};
+  std::size_t better = 0;  ///< found that begin with it or contain it as typed
+
+  /// Without a point the first ones of the alphabet are the best: no more are needed.
+  bool Assez() const { return !near && better >= most; }
+  void Ajoute(std::uint32_t rank, PlaceMatch match, const SphereDirection& point) {
+    float chord = 0;
+    if (near) {
+      chord = EstQuelquePart(point) ? Corde2(point, *near) : std::numeric_limits<float>::infinity();
+    }
+    found.push_back({rank, match, chord});
+    if (match != PlaceMatch::Plain) ++better;
+  }
+};
+
+void PlaceIndex::Ajoute(std::string_view name, std::optional<GeoPoint> point) {
+  const std::string small = Minuscules(name);
+  const std::string plain = FormeSimple(name);
+  const bool room =
+      plain_.size() + plain.size() < mostBytes && names_.size() + small.size() < mostBytes;
+  starts_.push_back(static_cast<std::uint32_t>(plain_.size()));
+  if (room) plain_ += plain;
+  plain_ += '\0';
+  const bool same = !room || small == plain;
+  nameAt_.push_back(same ? SameAsPlain : static_cast<std::uint32_t>(names_.size()));
+  if (!same) names_.append(small).push_back('\0');
+  points_.push_back(point ? DirectionDe(*point) : nowhere);
+}
+
+void PlaceIndex::Termine() {
+  rows_.resize(starts_.size());
+  std::iota(rows_.begin(), rows_.end(), 0U);
+  const auto plain = [this](std::uint32_t row) {
+    return std::string_view(plain_.c_str() + starts_[row]);
+  };
+  std::stable_sort(rows_.begin(), rows_.end(),
+                   [&](std::uint32_t a, std::uint32_t b) { return plain(a) < plain(b); });
+  PlaceIndex sorted;
+  sorted.plain_.reserve(plain_.size());
+  sorted.starts_.reserve(rows_.size() + 1);
+  sorted.nameAt_.reserve(rows_.size());
+  sorted.points_.reserve(rows_.size());
+  for (const std::uint32_t row : rows_) {
+    sorted.starts_.push_back(static_cast<std::uint32_t>(sorted.plain_.size()));
+    sorted.plain_.append(plain(row)).push_back('\0');
+    sorted.nameAt_.push_back(nameAt_[row]);
+    sorted.points_.push_back(points_[row]);
+  }
+  sorted.starts_.push_back(static_cast<std::uint32_t>(sorted.plain_.size()));
+  plain_ = std::move(sorted.plain_);
+  starts_ = std::move(sorted.starts_);
+  nameAt_ = std::move(sorted.nameAt_);
+  points_ = std::move(sorted.points_);
+  names_.shrink_to_fit();
+}
+
+std::string_view PlaceIndex::Simple(std::uint32_t rank) const {
+  return std::string_view(plain_).substr(starts_[rank], starts_[rank + 1] - starts_[rank] - 1);
+}
+
+std::string_view PlaceIndex::Nom(std::uint32_t rank) const {
+  return nameAt_[rank] == SameAsPlain ? Simple(rank)
+                                      : std::string_view(names_.c_str() + nameAt_[rank]);
+}
+
+// Accents stand for themselves in the text as typed: only there do they have to be the same.
+PlaceMatch PlaceIndex::Correspond(std::uint32_t rank, const Search& search) const {
+  const std::size_t at = Nom(rank).find(search.typed);
+  if (at == std::string_view::npos) return PlaceMatch::Plain;
+  return at == 0 ? PlaceMatch::Begins : PlaceMatch::Contains;
+}
+
+std::pair<std::uint32_t, std::uint32_t> PlaceIndex::Debuts(const std::string& plain) const {
+  const auto count = static_cast<std::uint32_t>(rows_.size());
+  const auto partition = [&](auto before) {
+    std::uint32_t low = 0, high = count;
+    while (low < high) {
+      const std::uint32_t middle = low + (high - low) / 2;
+      if (before(Simple(middle))) {
+        low = middle + 1;
+      } else {
+        high = middle;
+      }
+    }
+    return low;
+  };
+  return {partition([&](std::string_view name) { return name < plain; }),
+          partition([&](std::string_view name) { return name.substr(0, plain.size()) <= plain; })};
+}
+
+void PlaceIndex::AjouteDebuts(Search& search) const {
+  for (std::uint32_t rank = search.begins.first; rank < search.begins.second; ++rank) {
+    if (search.Assez()) return;
+    search.Ajoute(rank, Correspond(rank, search), points_[rank]);
+  }
+}
+
+void PlaceIndex::AjouteContenus(Search& search) const {
+  const std::string_view text = plain_;
+  std::uint32_t rank = 0;
+  std::size_t at = 0;
+  while ((at = ChercheOctets(text, search.plain, at)) != std::string_view::npos) {
+    const auto next = std::upper_bound(starts_.begin() + rank, starts_.end(), at);
+    rank = static_cast<std::uint32_t>(next - starts_.begin()) - 1;
+    const bool known = rank >= search.begins.first && rank < search.begins.second;
+    if (!known) search.Ajoute(rank, Correspond(rank, search), points_[rank]);
+    if (search.Assez()) return;
+    at = *next;
+  }
+}
+
+std::vector<PlaceHit> PlaceIndex::Cherche(std::string_view typed, std::optional<GeoPoint> near,
+                                          std::size_t most) const {
+  Search search{.typed = Minuscules(Rogne(typed)), .plain = FormeSimple(typed), .most = most};
+  if (search.plain.size() < FewestLetters || rows_.empty()) return {};
+  if (near) search.near = DirectionDe(*near);
+  search.begins = Debuts(search.plain);
+  AjouteDebuts(search);
+  const auto begin = [](const Candidate& c) { return c.match == PlaceMatch::Begins; };
+  // A page of places that begin with the text leaves no room for those that contain it.
+  const auto begun = std::count_if(search.found.begin(), search.found.end(), begin);
+  if (static_cast<std::size_t>(begun) < most) AjouteContenus(search);
+  const std::size_t count = std::min(most, search.found.size());
+  std::partial_sort(search.found.begin(), search.found.begin() + static_cast<std::ptrdiff_t>(count),
+                    search.found.end());
+  std::vector<PlaceHit> hits;
+  for (std::size_t i = 0; i < count; ++i) {
+    const Candidate& c = search.found[i];
+    PlaceHit& hit = hits.emplace_back(PlaceHit{rows_[c.rank], c.match, std::nullopt});
+    if (near && EstQuelquePart(points_[c.rank]))
+      hit.km = DistanceKm(*near, PointDe(points_[c.rank]));
+  }
+  return hits;
+}
+
+}  // namespace talpena
