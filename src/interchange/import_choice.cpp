@@ -9,12 +9,12 @@
 #include "common/paths.h"
 #include "common/string_table.h"
 #include "common/talpena_error.h"
-#include "interchange/import_file.h"
 #include "interchange/import_notes.h"
 #include "interchange/imported_lists.h"
 #include "interchange/text_import.h"
 #include "interchange/text_import_reader.h"
 #include "platform/commands.h"
+#include "platform/import_file.h"
 
 namespace talpena {
 namespace {

@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "interchange/import_file.h"
-#include "store/deg_lines.h"
+#include "platform/deg_lines.h"
+#include "platform/import_file.h"
 
 namespace talpena {
 

@@ -1,7 +1,7 @@
 // What can be done about the record that ends the import of a list, as far as the record tells.
 #pragma once
 #include "common/talpena_error.h"
-#include "interchange/field_reader.h"
+#include "platform/field_reader.h"
 
 namespace talpena {
 

@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "interchange/import_file.h"
 #include "interchange/waypoint_list.h"
 #include "platform/files.h"
+#include "platform/import_file.h"
 
 namespace talpena {
 

@@ -4,8 +4,8 @@
 #include <string>
 
 #include "coords/systems.h"
-#include "interchange/field_reader.h"
 #include "interchange/import_reader.h"
+#include "platform/field_reader.h"
 
 namespace talpena {
 

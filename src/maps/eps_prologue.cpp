@@ -6,7 +6,7 @@
 #include "common/paths.h"
 #include "common/text.h"
 #include "maps/eps.h"
-#include "store/deg_lines.h"
+#include "platform/deg_lines.h"
 
 namespace talpena {
 namespace {

@@ -32,7 +32,8 @@ class ForeignDatabase {
 
   /// The tables whose rows can be read, with their attributes.
   virtual std::vector<TableDef> Tables() = 0;
-  /// The maker's own tables: names and attributes.
+  /// Tables that are there and whose rows cannot be read, with names and attributes: the maker's
+  /// own, and damaged ones of a folder.
   virtual std::vector<TableDef> SystemTables() { return {}; }
   /// Saved queries; `fields` is not looked at.
   virtual std::vector<QueryDef> Queries() { return {}; }

@@ -249,8 +249,8 @@ class Database {
   virtual void CreateTable(const TableDef& table) = 0;  ///< TableExists (3010)
   virtual std::vector<std::string> TableNames() = 0;    ///< of those that can be opened
   virtual TableDef Table(std::string_view name) = 0;    ///< TableNotFound (3078)
-  /// All tables of the file. Those of the maker's own come last, with their names and attributes
-  /// but without fields: they cannot be opened.
+  /// All tables of the file. Those of the maker's own, and the damaged ones of a folder, come last,
+  /// with their names and attributes but without fields: they cannot be opened.
   virtual std::vector<TableDef> Tables() = 0;
   /// The saved queries of the file, without their fields.
   virtual std::vector<QueryDef> Queries() = 0;

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "coords/state.h"
+#include "platform/deg_lines.h"
 #include "platform/files.h"
 #include "store/deg_file_rows.h"
-#include "store/deg_lines.h"
 #include "store/deg_row_reader.h"
 #include "store/deg_sink.h"
 #include "store/distribution_header.h"

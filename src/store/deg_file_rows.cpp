@@ -5,7 +5,7 @@
 namespace talpena {
 namespace {
 
-Cell Texte(const std::string& text) { return Cell::Of(std::string_view(text)); }
+Cell EnCellule(const std::string& text) { return Cell::Of(std::string_view(text)); }
 
 void Remplit(const DegRow& row, std::span<Cell> cells) {
   cells[0] = Cell::Of(std::int64_t{row.period});
@@ -13,11 +13,11 @@ void Remplit(const DegRow& row, std::span<Cell> cells) {
   cells[2] = Cell::Of(double{row.longitude});
   cells[3] = Cell::Of(std::int64_t{row.n1});
   cells[4] = Cell::Of(std::int64_t{row.n2});
-  cells[5] = row.sex.empty() ? Cell::Null() : Texte(row.sex);
-  cells[6] = Texte(row.datum);
-  cells[7] = Texte(row.original);
-  cells[8] = Texte(row.date);
-  cells[9] = Texte(row.comment);
+  cells[5] = row.sex.empty() ? Cell::Null() : EnCellule(row.sex);
+  cells[6] = EnCellule(row.datum);
+  cells[7] = EnCellule(row.original);
+  cells[8] = EnCellule(row.date);
+  cells[9] = EnCellule(row.comment);
 }
 
 }  // namespace

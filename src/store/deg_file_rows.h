@@ -6,8 +6,8 @@
 #include <span>
 #include <string_view>
 
+#include "platform/deg_lines.h"
 #include "platform/table_engine.h"
-#include "store/deg_lines.h"
 #include "store/deg_row_reader.h"
 #include "store/distribution_header.h"
 

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "coords/state.h"
-#include "store/deg_lines.h"
+#include "platform/deg_lines.h"
 #include "store/distribution_header.h"
 
 namespace talpena {

@@ -2,8 +2,8 @@
 #pragma once
 #include <string>
 
+#include "platform/deg_lines.h"
 #include "store/command_context.h"
-#include "store/deg_lines.h"
 
 namespace talpena {
 

@@ -7,7 +7,7 @@
 #include "common/paths.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
-#include "store/deg_lines.h"
+#include "platform/deg_lines.h"
 
 namespace talpena {
 namespace {

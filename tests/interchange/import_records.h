@@ -7,8 +7,8 @@
 
 #include "common/numbers.h"
 #include "fakes/memory_input.h"
-#include "interchange/import_file.h"
 #include "interchange/import_reader.h"
+#include "platform/import_file.h"
 #include "store/distribution_header.h"
 
 namespace talpena::test {

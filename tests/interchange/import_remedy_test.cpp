@@ -5,8 +5,8 @@
 
 #include "common/msg_id_errors.h"
 #include "common/msg_id_import.h"
+#include "fakes/import_texts.h"
 #include "interchange/column_room.h"
-#include "interchange/import_texts.h"
 #include "interchange/text_import_reader.h"
 
 namespace talpena {

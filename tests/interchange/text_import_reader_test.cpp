@@ -11,7 +11,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "coords/test_catalogue.h"
-#include "interchange/import_texts.h"
+#include "fakes/import_texts.h"
 
 namespace talpena {
 namespace {

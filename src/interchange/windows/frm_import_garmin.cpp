@@ -21,6 +21,7 @@
 #include "common/msg_id_import.h"
 #include "common/string_table.h"
 #include "common/text.h"
+#include "coords/datum_choice.h"
 #include "coords/windows/frm_datum.h"
 #include "interchange/import_notes.h"
 #include "interchange/imported_lists.h"
@@ -248,10 +249,12 @@ MapSourceChoice frmImportGarmin::Choix() const {
 /// The datum of the rows to come; that of the gazetteer stays.
 void frmImportGarmin::cmdChangeDatum_Click() {
   frmDatum chooser(c_.state, this);
-  chooser.Selectionne(lblDatum->text().toStdString());
+  const std::string label = lblDatum->text().toStdString();
+  chooser.Selectionne(CodeDuLabel(label));
   chooser.exec();
-  if (chooser.Resultat().empty()) return;
-  lblDatum->setText(EnQt(chooser.Resultat()));
+  const DatumChoisi chosen = ChoisitDatum(c_.state, c_.io, label, chooser.Resultat());
+  if (chosen.label == label) return;
+  lblDatum->setText(EnQt(chosen.label));
   Repete();
 }
 

@@ -13,7 +13,7 @@
 #include "common/msg_id.h"
 #include "common/msg_id_import.h"
 #include "common/string_table.h"
-#include "interchange/windows/elided_label.h"
+#include "platform/qt/elided_label.h"
 #include "interchange/windows/rehearsal_pane.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"

@@ -14,12 +14,12 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "platform/deg_lines.h"
 #include "platform/qt/command_actions.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/icons.h"
 #include "platform/qt/one_line.h"
 #include "shell/windows/form1.h"
-#include "store/deg_lines.h"
 #include "store/windows/tdb_grid.h"
 
 namespace talpena {

@@ -26,6 +26,7 @@ class DossierLu : public ForeignDatabase {
   explicit DossierLu(FolderReader reader) : reader_(std::move(reader)) {}
 
   std::vector<TableDef> Tables() override { return reader_.Tables(); }
+  std::vector<TableDef> SystemTables() override { return reader_.Illisibles(); }
   std::unique_ptr<RowSource> Rows(std::string_view table) override { return reader_.Rows(table); }
   std::int64_t NombreLignes(std::string_view table) override { return reader_.NombreLignes(table); }
 

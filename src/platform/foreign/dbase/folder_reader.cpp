@@ -84,6 +84,19 @@ std::vector<TableDef> FolderReader::Tables() const {
   return tables;
 }
 
+std::vector<TableDef> FolderReader::Illisibles() const {
+  std::vector<TableDef> tables;
+  for (const TableFile& file : folder_.Tables()) {
+    try {
+      Definition(file);
+    } catch (const TalpenaError& error) {
+      if (!EstPasse(error)) throw;
+      tables.push_back({.name = file.table, .fields = {}, .indexes = {}});
+    }
+  }
+  return tables;
+}
+
 TableReader FolderReader::Trouve(std::string_view table) const {
   for (const TableFile& file : folder_.Tables()) {
     if (EgalSansCasse(file.table, table)) return Ouvre(file.path);

@@ -26,6 +26,8 @@ class FolderReader {
   const FolderOfTables& Dossier() const { return folder_; }
   /// Those that can be read; a file that was named itself raises UnrecognizedFormat (3343) instead.
   std::vector<TableDef> Tables() const;
+  /// The others, by their names alone.
+  std::vector<TableDef> Illisibles() const;
   std::unique_ptr<RowSource> Rows(std::string_view table) const;
   /// Deleted ones too.
   std::int64_t NombreLignes(std::string_view table) const;

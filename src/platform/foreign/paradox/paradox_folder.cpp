@@ -68,6 +68,7 @@ class DossierParadox final : public ForeignDatabase {
         files_.push_back(std::move(file));
       } catch (const TalpenaError&) {
         if (!first) first = std::current_exception();
+        illisibles_.push_back({.name = file.table, .fields = {}, .indexes = {}});
       }
     }
     if (files_.empty() && first) std::rethrow_exception(first);
@@ -78,6 +79,7 @@ class DossierParadox final : public ForeignDatabase {
     for (const TableWriter& table : written_) tables.push_back(table.Definition());
     return tables;
   }
+  std::vector<TableDef> SystemTables() override { return illisibles_; }
   std::unique_ptr<RowSource> Rows(std::string_view table) override;
   std::int64_t NombreLignes(std::string_view table) override {
     return LitTeteLisible(FichierDe(table)).records;
@@ -102,6 +104,7 @@ class DossierParadox final : public ForeignDatabase {
   FolderOfTables folder_;
   ParadoxLimits limits_;
   std::vector<TableDef> definitions_;
+  std::vector<TableDef> illisibles_;  ///< names of those that cannot be read
   std::vector<TableFile> files_;
   std::list<TableWriter> written_;
 };

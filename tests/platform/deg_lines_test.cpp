@@ -1,4 +1,4 @@
-#include "store/deg_lines.h"
+#include "platform/deg_lines.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "interchange/import_file.h"
+#include "platform/import_file.h"
 
 #include <algorithm>
 #include <cstring>
@@ -14,7 +14,7 @@
 namespace talpena {
 namespace {
 
-constexpr char endMark = 0x1A;  ///< old editors put it behind the last line
+constexpr char fileEnd = 0x1A;  ///< old editors put it behind the last line
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 /// What may stand behind the mark of the end, and so much of it is looked at.
 constexpr std::string_view nothing(" \t\r\n\x1A\0", 6);
@@ -23,7 +23,7 @@ constexpr std::size_t lookedAt = 1 << 20;
 /// Bytes before the mark of the end; all where there is none.
 std::size_t AvantFin(std::span<const char> bytes) {
   if (bytes.empty()) return 0;
-  const void* const found = std::memchr(bytes.data(), endMark, bytes.size());
+  const void* const found = std::memchr(bytes.data(), fileEnd, bytes.size());
   if (found == nullptr) return bytes.size();
   return static_cast<std::size_t>(static_cast<const char*>(found) - bytes.data());
 }

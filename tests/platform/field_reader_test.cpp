@@ -1,12 +1,12 @@
 // Comma-separated fields.
-#include "interchange/field_reader.h"
+#include "platform/field_reader.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
 #include "common/msg_id_errors.h"
-#include "interchange/import_texts.h"
+#include "fakes/import_texts.h"
 
 namespace talpena {
 namespace {

@@ -1,4 +1,4 @@
-#include "interchange/windows/elided_label.h"
+#include "platform/qt/elided_label.h"
 
 #include <QPainter>
 #include <QStyle>

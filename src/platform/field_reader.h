@@ -7,8 +7,8 @@
 #include <string_view>
 #include <vector>
 
-#include "interchange/import_file.h"
-#include "store/deg_lines.h"
+#include "platform/deg_lines.h"
+#include "platform/import_file.h"
 
 namespace talpena {
 

@@ -1,12 +1,12 @@
 // The bytes of files that are imported: characters, end, changes while they are read.
-#include "interchange/import_file.h"
+#include "platform/import_file.h"
 
 #include <gtest/gtest.h>
 
 #include "common/msg_id_errors.h"
 #include "fakes/fake_files.h"
+#include "fakes/import_texts.h"
 #include "fakes/temp_folder.h"
-#include "interchange/import_texts.h"
 #include "platform/os/file_system.h"
 
 namespace talpena {

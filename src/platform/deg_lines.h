@@ -1,4 +1,4 @@
-// The lines of a .deg file, in the bytes of code page 1252, read in blocks.
+// The lines of a .deg file or a typed list, in the bytes of their code page, read in blocks.
 #pragma once
 #include <cstdint>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "interchange/field_reader.h"
+#include "platform/field_reader.h"
 
 #include <algorithm>
 #include <cmath>

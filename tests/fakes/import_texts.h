@@ -7,7 +7,7 @@
 
 #include "common/talpena_error.h"
 #include "fakes/memory_input.h"
-#include "interchange/import_file.h"
+#include "platform/import_file.h"
 
 namespace talpena::test {
 

@@ -1,0 +1,139 @@
+#include "gazetteer/setup_sample.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <iterator>
+#include <memory>
+#include <span>
+#include <utility>
+
+#include "gazetteer/place_point.h"
+#include "platform/busy.h"
+#include "platform/commands.h"
+
+namespace talpena {
+namespace {
+
+constexpr std::array optionalLists{GeoList::Fips, GeoList::Province, GeoList::Feature,
+                                   GeoList::CountryName, GeoList::ProvinceName};
+constexpr std::array optionalFields{&PlaceFields::fips, &PlaceFields::province,
+                                    &PlaceFields::feature, &PlaceFields::country,
+                                    &PlaceFields::provinceName};
+
+std::vector<Value> Garde(std::span<const Cell> cells) {
+  std::vector<Value> row;
+  std::ranges::transform(cells, std::back_inserter(row), &Cell::Garde);
+  return row;
+}
+
+std::vector<Cell> Vue(const std::vector<Value>& row) {
+  std::vector<Cell> cells;
+  std::ranges::transform(row, std::back_inserter(cells), &Cell::Vue);
+  return cells;
+}
+
+}  // namespace
+
+void SetupSample::Lit() {
+  rows_.clear();
+  guess_ = {};
+  if (setup_.Base() == nullptr || setup_.Champs().empty()) return;
+  ExecuteCommande(c_.state, c_.io, {}, [&] {
+    Busy busy(c_.attente);
+    busy.Annulable();
+    const auto rows = setup_.Base()->OpenRecordset(Table());
+    std::vector<Cell> cells(rows->Fields().size());
+    for (; !rows->EOF_() && rows_.size() < most; rows->MoveNext()) {
+      rows->LitLigne(cells);
+      rows_.push_back(Garde(cells));
+    }
+  });
+  guess_ = DevineChamps(setup_.Champs(), rows_);
+}
+
+std::string SetupSample::Propose(GeoList list) const {
+  const GeoChoices& choices = setup_.Form().Liste(list);
+  return choices.choix >= 0 ? std::string() : guess_.Noms[static_cast<std::size_t>(list)];
+}
+
+bool SetupSample::Propose() const {
+  for (std::size_t i = 1; i < GeoListCount; ++i) {
+    if (!Propose(static_cast<GeoList>(i)).empty()) return true;
+  }
+  return false;
+}
+
+std::optional<int> SetupSample::ProposeOption2() const {
+  const bool both = !Propose(GeoList::Latitude).empty() && !Propose(GeoList::Longitude).empty();
+  return both ? guess_.Option2 : std::nullopt;
+}
+
+std::string SetupSample::Champ(GeoList list) const {
+  const std::string proposed = Propose(list);
+  return proposed.empty() ? setup_.Form().Liste(list).Texte() : proposed;
+}
+
+std::int16_t SetupSample::CoordType() const {
+  return static_cast<std::int16_t>(ProposeOption2().value_or(setup_.Form().Option2));
+}
+
+std::optional<PlaceFields> SetupSample::Champs() const {
+  const auto place = [&](GeoList list) {
+    const auto found = std::ranges::find(setup_.Champs(), Champ(list), &FieldDef::name);
+    return found == setup_.Champs().end() ? -1 : static_cast<int>(found - setup_.Champs().begin());
+  };
+  PlaceFields fields{.name = place(GeoList::FullName),
+                     .latitude = place(GeoList::Latitude),
+                     .longitude = place(GeoList::Longitude),
+                     .coordType = CoordType()};
+  if (fields.name < 0 || fields.latitude < 0 || fields.longitude < 0) return {};
+  for (std::size_t i = 0; i < optionalLists.size(); ++i) {
+    fields.*optionalFields[i] = place(optionalLists[i]);
+  }
+  return fields;
+}
+
+bool SetupSample::EstUtilisable(const PlaceFields& fields, const PlaceItem& item,
+                                std::span<const Cell> row) const {
+  const auto cell = [&](int field) { return row[static_cast<std::size_t>(field)]; };
+  return !item.Texte(PlaceColumn::Name).empty() &&
+         PointDuLieu(cell(fields.latitude), cell(fields.longitude), fields.coordType).has_value();
+}
+
+std::vector<SampleRow> SetupSample::Lignes() const {
+  std::vector<SampleRow> lines;
+  const auto fields = Champs();
+  if (!fields) return lines;
+  for (const std::vector<Value>& row : rows_) {
+    const std::vector<Cell> cells = Vue(row);
+    PlaceItem item = FaitItem(*fields, cells);
+    const bool usable = EstUtilisable(*fields, item, cells);
+    lines.push_back({std::move(item), usable});
+  }
+  return lines;
+}
+
+std::optional<SampleTally> SetupSample::Essaie() const {
+  const auto fields = Champs();
+  std::optional<SampleTally> tally;
+  if (!fields || setup_.Base() == nullptr) return tally;
+  ExecuteCommande(c_.state, c_.io, {}, [&] {
+    Busy busy(c_.attente);
+    busy.Annulable(Annulation::Boucle).Barre();
+    const auto rows = setup_.Base()->OpenRecordset(Table());
+    const std::int64_t total = rows->RecordCount();
+    std::vector<Cell> cells(rows->Fields().size());
+    SampleTally count;
+    for (; !rows->EOF_(); rows->MoveNext()) {
+      rows->LitLigne(cells);
+      count.utilisables += EstUtilisable(*fields, FaitItem(*fields, cells), cells) ? 1 : 0;
+      busy.Avance(++count.lignes, total);
+      busy.Bat();
+    }
+    tally = count;
+  });
+  return tally;
+}
+
+}  // namespace talpena
