@@ -46,7 +46,7 @@ void VerifieFiche(const ImportRecord& record, const objGraminImport& options) {
   const ImportedRow& row = record.row;
   Verifie(record.line > 0 && row.datum == "WGS84" && row.period == 1 && !row.n1 && !row.n2);
   Verifie(!row.original || row.original->size() > 4);
-  Verifie(!row.original || CompteCaracteres(*row.original) <= Column::LargeurOriginal);
+  Verifie(!row.original || CompteCaracteres(Rogne(*row.original)) <= Column::LargeurOriginal);
   Verifie(record.dropped == 0 || !row.original);
   Verifie(row.date.has_value() == (options.DateImport == 1) ||
           (options.DateImport == 2 && row.date && row.date->size() >= 10));
