@@ -140,12 +140,12 @@ std::size_t Meilleur(const FieldWords& words, const std::vector<FieldLook>& look
 
 using Places = PerGeoList<std::size_t>;
 
-std::size_t& Place(Places& places, GeoList list) { return places[static_cast<std::size_t>(list)]; }
+std::size_t& PlaceDe(Places& places, GeoList list) { return places[static_cast<std::size_t>(list)]; }
 
 /// The first two columns of decimals that may be degrees.
 void DevineParContenu(const std::vector<FieldLook>& looks, Places& places) {
-  std::size_t& latitude = Place(places, GeoList::Latitude);
-  std::size_t& longitude = Place(places, GeoList::Longitude);
+  std::size_t& latitude = PlaceDe(places, GeoList::Latitude);
+  std::size_t& longitude = PlaceDe(places, GeoList::Longitude);
   if (latitude != nowhere || longitude != nowhere) return;
   for (std::size_t i = 0; i < looks.size() && longitude == nowhere; ++i) {
     const FieldLook& look = looks[i];
@@ -158,7 +158,7 @@ void DevineParContenu(const std::vector<FieldLook>& looks, Places& places) {
 
 /// The first column of words.
 void DevineNom(const std::vector<FieldLook>& looks, Places& places) {
-  std::size_t& name = Place(places, GeoList::FullName);
+  std::size_t& name = PlaceDe(places, GeoList::FullName);
   for (std::size_t i = 0; i < looks.size() && name == nowhere; ++i) {
     if (looks[i].valeurs > 0 && looks[i].nombres == 0) name = i;
   }
@@ -180,18 +180,18 @@ FieldGuess DevineChamps(std::span<const FieldDef> fields, const SampleRows& rows
   for (std::size_t i = 0; i < fields.size(); ++i) looks.push_back(Regarde(fields[i], i, rows));
   Places places;
   places.fill(nowhere);
-  for (const FieldWords& words : fieldWords) Place(places, words.list) = Meilleur(words, looks);
+  for (const FieldWords& words : fieldWords) PlaceDe(places, words.list) = Meilleur(words, looks);
   DevineParContenu(looks, places);
   DevineNom(looks, places);
-  if (Place(places, GeoList::Research) == nowhere) {
-    Place(places, GeoList::Research) = Place(places, GeoList::FullName);
+  if (PlaceDe(places, GeoList::Research) == nowhere) {
+    PlaceDe(places, GeoList::Research) = PlaceDe(places, GeoList::FullName);
   }
   FieldGuess guess;
   for (std::size_t i = 0; i < GeoListCount; ++i) {
     if (places[i] != nowhere) guess.Noms[i] = fields[places[i]].name;
   }
-  const std::size_t latitude = Place(places, GeoList::Latitude);
-  const std::size_t longitude = Place(places, GeoList::Longitude);
+  const std::size_t latitude = PlaceDe(places, GeoList::Latitude);
+  const std::size_t longitude = PlaceDe(places, GeoList::Longitude);
   if (latitude != nowhere && longitude != nowhere) {
     guess.Option2 = DevineCoordonnees(rows, latitude, longitude);
   }
