@@ -9,11 +9,10 @@
 
 #include "common/text.h"
 #include "gazetteer/place_point.h"
+#include "gazetteer/state.h"
 
 namespace talpena {
 namespace {
-
-constexpr int ddmmss = 0, decimalDegrees = 1;
 
 enum class Contents : std::uint8_t { Words, Latitude, Longitude };
 
@@ -140,7 +139,9 @@ std::size_t Meilleur(const FieldWords& words, const std::vector<FieldLook>& look
 
 using Places = PerGeoList<std::size_t>;
 
-std::size_t& PlaceDe(Places& places, GeoList list) { return places[static_cast<std::size_t>(list)]; }
+std::size_t& PlaceDe(Places& places, GeoList list) {
+  return places[static_cast<std::size_t>(list)];
+}
 
 /// The first two columns of decimals that may be degrees.
 void DevineParContenu(const std::vector<FieldLook>& looks, Places& places) {
@@ -169,8 +170,8 @@ void DevineNom(const std::vector<FieldLook>& looks, Places& places) {
 std::optional<int> DevineCoordonnees(const SampleRows& rows, std::size_t latitude,
                                      std::size_t longitude) {
   const FieldLook north = Regarde({}, latitude, rows), east = Regarde({}, longitude, rows);
-  if (north.fractions + east.fractions > 0) return decimalDegrees;
-  if (north.largest > HighestLatitude || east.largest > HighestLongitude) return ddmmss;
+  if (north.fractions + east.fractions > 0) return GeoCoord::Degres;
+  if (north.largest > HighestLatitude || east.largest > HighestLongitude) return GeoCoord::Ddmmss;
   return {};
 }
 

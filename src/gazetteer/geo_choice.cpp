@@ -6,6 +6,7 @@
 #include "common/text.h"
 #include "coords/datum.h"
 #include "gazetteer/geo_query.h"
+#include "gazetteer/state.h"
 #include "platform/commands.h"
 #include "store/record/compute.h"
 #include "store/record/input_boxes.h"
@@ -14,8 +15,6 @@
 
 namespace talpena {
 namespace {
-
-constexpr std::int16_t decimalDegrees = 1;  // of GeoCoordType
 
 double Nombre(const PlaceItem& item, PlaceColumn column) {
   return Val(Remplace(item.Texte(column), ",", "."));
@@ -35,7 +34,7 @@ PlaceInput SaisieDe(const SettingsState& settings, const PlaceItem& item) {
   const double longitude = Nombre(item, PlaceColumn::Longitude);
   // The eight characters of the list are what a place has: four decimals of a latitude, three of a
   // longitude. Held by GeoChoice.DecimalDegreesComeWithTheDecimalsOfTheList.
-  if (settings.GeoCoordType == decimalDegrees) {
+  if (settings.GeoCoordType == GeoCoord::Degres) {
     return {CoordSystem::Deg, Str(EnSimple(latitude)), Str(EnSimple(longitude))};
   }
   constexpr double unit = 10000;  // DDMMSS to DD.MMSS

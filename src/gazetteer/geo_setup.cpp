@@ -14,6 +14,7 @@
 #include "coords/datum_choice.h"
 #include "gazetteer/drive.h"
 #include "gazetteer/geo_settings.h"
+#include "gazetteer/state.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
 #include "platform/foreign_format.h"
@@ -239,7 +240,7 @@ GeoSuite GeoSetup::Accepte() {
   }
   PrendReglages(c_.state, Releve());
   c_.state.GeoSort = form_.Option1 == 0 ? 0 : 1;
-  c_.state.GeoCoordType = form_.Option2 == 0 ? 0 : 1;
+  c_.state.GeoCoordType = form_.Option2 == 0 ? GeoCoord::Ddmmss : GeoCoord::Degres;
   if (Majuscules(c_.state.GeoTable) == normalisedTable) {
     c_.state.EllipsoideReglage = ellipsoidOfNormalised;
     ChoisitEllipsoide(c_.state.Catalogue, c_.state.Catalogue.DatumWgs84);

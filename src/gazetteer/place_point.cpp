@@ -6,14 +6,13 @@
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "gazetteer/state.h"
 
 namespace talpena {
 namespace {
 
-constexpr std::int16_t packedType = 0;
-
 std::optional<double> DegresDe(double value, std::int16_t type) {
-  if (type != packedType) return value;
+  if (type != GeoCoord::Ddmmss) return value;
   const double whole = std::nearbyint(std::fabs(value));
   const double seconds = std::fmod(whole, 100);
   const double minutes = std::fmod(std::trunc(whole / 100), 100);

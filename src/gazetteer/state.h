@@ -7,6 +7,12 @@
 
 namespace talpena {
 
+/// How the coordinates of a gazetteer are written, GeoCoordType.
+namespace GeoCoord {
+inline constexpr std::int16_t Ddmmss = 0;  ///< whole numbers, degrees times 10000
+inline constexpr std::int16_t Degres = 1;
+}  // namespace GeoCoord
+
 /// The font in which the names of one region are shown.
 struct RegionFont {
   std::string Nom = "Courier New";
