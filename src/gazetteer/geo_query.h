@@ -45,9 +45,15 @@ void ChargeGeoQuery(GazetteerContext c, GeoQueryScreen& ecran);
 std::string InstructionRecherche(const SettingsState& settings, GeoSearch kind,
                                  std::string_view typed);
 
+/// That of all rows, in the order of the table.
+std::string InstructionTable(const SettingsState& settings);
+
 /// The search. Any failure is told; then frmGeoSetup opens where the database was not found, and
 /// otherwise the dialog closes.
 void cmd_Click(GazetteerContext c, GeoQueryScreen& ecran, GeoSearch kind);
+
+/// The font that an item asks for; empty for one outside the table.
+std::optional<RegionFont> PoliceDe(const GazetteerState& gazetteer, const PlaceItem& item);
 
 /// Shows the name of an item in the font that it asks for; one outside the table is told (9) and
 /// shown in the first.
