@@ -6,6 +6,7 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "gazetteer/drive.h"
+#include "gazetteer/followed_reading.h"
 #include "gazetteer/gazetteer_settings.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
@@ -14,27 +15,6 @@ namespace talpena {
 namespace {
 
 constexpr int PathInvalid = 3044;  // the engine of other makers raises it for a path without sense
-
-/// Whose work is told of while it lives.
-class Suivi {
- public:
-  Suivi(Database& base, Busy& busy, WaitView& attente) : base_(base) {
-    base_.SuitImport([&busy](std::int64_t done, std::int64_t total) {
-      if (total > 0) busy.Avance(done, total);
-      busy.Bat();
-    });
-    base_.SuitTravail([&attente] { return attente.Bat(); });
-  }
-  ~Suivi() {
-    base_.SuitImport({});
-    base_.SuitTravail({});
-  }
-  Suivi(const Suivi&) = delete;
-  Suivi& operator=(const Suivi&) = delete;
-
- private:
-  Database& base_;
-};
 
 std::string EntreCrochets(const std::string& table) {
   const bool bracketed = table.size() > 1 && table.front() == '[' && table.back() == ']';
@@ -53,9 +33,7 @@ void VideListe(GeoQueryScreen& ecran) {
 }
 
 void MontreLieux(GazetteerContext c, GeoQueryScreen& ecran, Database& base, GeoSearch kind) {
-  Busy busy(c.attente);
-  busy.Barre().Annulable();
-  const Suivi suivi(base, busy, c.attente);
+  const FollowedReading reading(base, c.attente);
   ecran.ListView1 =
       PlaceList(c.state, base.OpenRecordset(InstructionRecherche(c.state, kind, ecran.txt)));
   ecran.lblNbre = Str(static_cast<std::int64_t>(ecran.ListView1.Nombre()));
@@ -77,23 +55,12 @@ void DitEchec(GazetteerContext c, GeoQueryScreen& ecran, const TalpenaError& err
   ecran.suite = GeoAfter::Closes;
 }
 
-void ChercheUneFois(GazetteerContext c, GeoQueryScreen& ecran, GeoSearch kind) {
-  Database& base = ecran.base.Ouvre(c.state, c.io);
-  VideListe(ecran);
-  if (ecran.txt.empty()) return Bip(c.state, c.io);
-  MontreLieux(c, ecran, base, kind);
-}
-
-/// A damaged copy is gone by then: the second time the gazetteer itself is read.
 void Recherche(GazetteerContext c, GeoQueryScreen& ecran, GeoSearch kind) {
-  try {
-    ChercheUneFois(c, ecran, kind);
-  } catch (const TalpenaError& error) {
-    if (error.number() != ErrorNumber::UnrecognizedFormat) throw;
+  ecran.base.Lit(c.state, c.io, [&](Database& base) {
     VideListe(ecran);
-    ecran.base.Ferme();
-    ChercheUneFois(c, ecran, kind);
-  }
+    if (ecran.txt.empty()) return Bip(c.state, c.io);
+    MontreLieux(c, ecran, base, kind);
+  });
 }
 
 }  // namespace

@@ -171,7 +171,7 @@ TEST_F(Setup, ListsSelectQueriesAndTheirFields) {
   if (!std::filesystem::exists(source)) GTEST_SKIP() << source;
   Regle(source, "", "");
   setup.Charge();
-  for (const QueryDef& query : setup.Base()->Queries()) {
+  for (const QueryDef& query : engine->OpenDatabase(source, true)->Queries()) {
     const bool listed = std::ranges::count(Entrees(Table), query.name) > 0;
     EXPECT_EQ(listed, query.kind == 0 && !query.name.starts_with('~')) << query.name;
   }

