@@ -8,6 +8,7 @@
 #include "gazetteer/drive.h"
 #include "gazetteer/followed_reading.h"
 #include "gazetteer/gazetteer_settings.h"
+#include "gazetteer/geo_settings.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
 
@@ -15,11 +16,6 @@ namespace talpena {
 namespace {
 
 constexpr int PathInvalid = 3044;  // the engine of other makers raises it for a path without sense
-
-std::string EntreCrochets(const std::string& table) {
-  const bool bracketed = table.size() > 1 && table.front() == '[' && table.back() == ']';
-  return bracketed ? table : "[" + table + "]";
-}
 
 void ControleLecteur(GazetteerContext c) {
   const std::string path = FichierGazetier(c.state, c.io);
@@ -79,8 +75,7 @@ std::string InstructionRecherche(const SettingsState& settings, GeoSearch kind,
   text = Rogne(Majuscules(text));
   const std::string& order =
       settings.GeoSort != 0 ? settings.GeoFipsField : settings.GeoResearchField;
-  return "SELECT * FROM " + EntreCrochets(settings.GeoTable) + " WHERE [" +
-         settings.GeoResearchField + "]" +
+  return ToutesLesLignes(settings) + " WHERE [" + settings.GeoResearchField + "]" +
          (kind == GeoSearch::Exact ? " = '" + text + "'" : " LIKE '" + text + "*'") +
          " ORDER BY [" + order + "];";
 }

@@ -68,7 +68,7 @@ SharedState SetupSample::Reglages() const {
 
 void SetupSample::LitLignes(Database& base) {
   const FollowedReading reading(base, c_.attente);
-  const auto rows = base.OpenRecordset(lus_.GeoTable);
+  const auto rows = base.OpenRecordset(ToutesLesLignes(lus_));
   champs_ = rows->Fields();
   rows_.clear();
   std::vector<Cell> cells(champs_.size());
@@ -152,7 +152,7 @@ std::optional<SampleTally> SetupSample::Essaie() {
 std::optional<SampleTally> SetupSample::Compte(Database& base) {
   const auto rows = [&] {
     const FollowedReading reading(base, c_.attente);
-    return base.OpenRecordset(lus_.GeoTable);
+    return base.OpenRecordset(ToutesLesLignes(lus_));
   }();
   const auto fields = Champs(rows->Fields());
   if (!fields) return {};
