@@ -79,8 +79,8 @@ class GeoSetup {
   const GeoSetupForm& Form() const { return form_; }
   /// The fields of the chosen table or query; none when none is chosen or it cannot be read.
   const std::vector<FieldDef>& Champs() const { return champs_; }
-  /// What is open; nullptr when nothing is.
-  Database* Base() const { return base_.get(); }
+  /// What the controls say.
+  SetupFile Releve() const;
 
  private:
   struct Source {
@@ -107,7 +107,6 @@ class GeoSetup {
   void OuvreSetup();
   bool TrouveFichier(SetupFile& setup, const std::string& path);
   void Prend(const SetupRead& read);
-  SetupFile Releve() const;
 
   CommandContext c_;
   GeoSetupDialogs& dialogs_;
