@@ -28,6 +28,7 @@ constexpr std::array targets = {
     HelpTarget{"frmGarminOptions", "import-waypoints.html#options"},
     HelpTarget{"frmGeoSetup", "gazetteer-setup.html#setup"},
     HelpTarget{"frmFonts", "gazetteer-setup.html#fonts"},
+    HelpTarget{"frmGeoQuery", "gazetteer-setup.html"},
     HelpTarget{"frmEastern", "licence.html"},
     HelpTarget{"frmAide", "keys.html#help"},
     HelpTarget{"frmMessage", "trouble.html"},
