@@ -56,6 +56,10 @@ void GeoChoices::Choisit(std::string_view text) {
   choix = found == entrees.end() ? -1 : static_cast<int>(found - entrees.begin());
 }
 
+void GeoChoices::Choisit(int position) {
+  choix = position < static_cast<int>(entrees.size()) ? std::max(position, -1) : -1;
+}
+
 void GeoSetup::Charge() {
   form_.lblFile = GazetierFourni(c_.state, c_.io).value_or(c_.state.GeoFile);
   form_.lblDbType = c_.state.GeoDbType;
@@ -192,7 +196,7 @@ void GeoSetup::AppliqueRegleFips() {
 }
 
 void GeoSetup::cmb_Click(GeoList list, int index) {
-  form_.Liste(list).choix = index;
+  form_.Liste(list).Choisit(index);
   if (list == GeoList::Table) {
     Busy busy(c_.attente);
     busy.Annulable();

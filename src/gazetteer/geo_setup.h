@@ -25,6 +25,10 @@ struct GeoChoices {
   }
   /// Chooses the entry that equals a text; none where there is no such.
   void Choisit(std::string_view text);
+  /// Chooses the entry at a position; none where there is no such.
+  void Choisit(int position);
+
+  friend bool operator==(const GeoChoices&, const GeoChoices&) = default;
 };
 
 /// What stands in the controls.

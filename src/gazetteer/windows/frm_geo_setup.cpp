@@ -97,12 +97,14 @@ void frmGeoSetup::MontreListe(GeoList list) {
   QComboBox& box = *cmb[Rang(list)];
   const GeoChoices& choices = setup_.Form().Liste(list);
   const std::string proposed = apercu_.Propose(list);
-  box.clear();
-  for (const std::string& entry : choices.entrees) box.addItem(EnQt(entry));
   box.setPlaceholderText(
       proposed.empty()
           ? QString()
           : EnQt(Remplace(Texte(c_.state.Langue, MsgId::SetupProposition), "%1", proposed)));
+  if (choices == montrees_[Rang(list)]) return;
+  montrees_[Rang(list)] = choices;
+  box.clear();
+  for (const std::string& entry : choices.entrees) box.addItem(EnQt(entry));
   box.setCurrentIndex(choices.choix);
 }
 

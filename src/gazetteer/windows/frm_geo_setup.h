@@ -73,7 +73,8 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   Aide aide_;
   GeoSetup setup_;
   SetupSample apercu_;
-  bool montre_ = false;  ///< the controls are being filled
+  bool montre_ = false;              ///< the controls are being filled
+  PerGeoList<GeoChoices> montrees_;  ///< what the lists show
 
   QLabel* lblTitreFile = nullptr;
   ElidedLabel* lblFile = nullptr;
