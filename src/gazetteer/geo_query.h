@@ -45,9 +45,6 @@ void ChargeGeoQuery(GazetteerContext c, GeoQueryScreen& ecran);
 std::string InstructionRecherche(const SettingsState& settings, GeoSearch kind,
                                  std::string_view typed);
 
-/// That of all rows, in the order of the table.
-std::string InstructionTable(const SettingsState& settings);
-
 /// The search. Any failure is told; then frmGeoSetup opens where the database was not found, and
 /// otherwise the dialog closes.
 void cmd_Click(GazetteerContext c, GeoQueryScreen& ecran, GeoSearch kind);

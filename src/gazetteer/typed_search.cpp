@@ -6,8 +6,7 @@
 #include "common/numbers.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
-#include "gazetteer/followed_work.h"
-#include "gazetteer/geo_query.h"
+#include "gazetteer/followed_reading.h"
 #include "gazetteer/geo_settings.h"
 #include "gazetteer/place_point.h"
 
@@ -46,11 +45,10 @@ void TypedSearch::Commence(GazetteerContext c) {
 }
 
 void TypedSearch::Ouvre(GazetteerContext c) {
-  Busy busy(c.attente);
-  busy.Barre().Annulable();
-  Database& base = base_.Ouvre(c.state, c.io);
-  const FollowedWork followed(base, busy, c.attente);
-  liste_ = PlaceList(c.state, base.OpenRecordset(InstructionTable(c.state)));
+  base_.Lit(c.state, c.io, [&](Database& base) {
+    const FollowedReading reading(base, c.attente);
+    liste_ = PlaceList(c.state, base.OpenRecordset(ToutesLesLignes(c.state) + ";"));
+  });
 }
 
 /// The records, when rows of the file came, went or changed.

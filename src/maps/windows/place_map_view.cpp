@@ -34,17 +34,22 @@ void PlaceMapView::Demande() {
 }
 
 void PlaceMapView::Trace() {
-  if (!carte_ || width() < 2 || height() < 2) return;
+  if (!carte_) return;
+  Dessine();
+  update();
+}
+
+void PlaceMapView::Dessine() {
   canvas_.ChangeFeuille(size(), devicePixelRatioF());
   TracePlaceMap(canvas_, files_, folder_, *carte_);
   trace_ = true;
-  update();
 }
 
 /// The map is ink on paper, in a dark desktop too.
 void PlaceMapView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
+  if (carte_ && !trace_) Dessine();  // the first place comes up with the window
   if (trace_) {
     painter.drawImage(rect(), canvas_.Surface());
   } else {

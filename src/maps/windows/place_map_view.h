@@ -32,6 +32,7 @@ class PlaceMapView : public QWidget {
  private:
   void Demande();
   void Trace();
+  void Dessine();
 
   FileSystem& files_;
   std::string folder_;

@@ -26,6 +26,8 @@ constexpr std::array targets = {
     HelpTarget{"frmImportation", "import-text.html"},
     HelpTarget{"frmImportGarmin", "import-waypoints.html#mapsource"},
     HelpTarget{"frmGarminOptions", "import-waypoints.html#options"},
+    HelpTarget{"frmGeoSetup", "gazetteer-setup.html#setup"},
+    HelpTarget{"frmFonts", "gazetteer-setup.html#fonts"},
     HelpTarget{"frmGeoQuery", "gazetteer.html"},
     HelpTarget{"frmEastern", "licence.html"},
     HelpTarget{"frmAide", "keys.html#help"},
