@@ -13,6 +13,7 @@ import faults
 import kills
 import lists
 import maps
+import places
 import start_stop
 import table
 import waits
@@ -23,7 +24,7 @@ SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
 SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
              + lists.SCENARIOS + waits.SCENARIOS + waypoints.SCENARIOS + kills.SCENARIOS
-             + faults.SCENARIOS + exports.SCENARIOS)
+             + faults.SCENARIOS + exports.SCENARIOS + places.SCENARIOS)
 
 
 class WindowManager:

@@ -7,6 +7,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTreeWidget>
 #include <QWindow>
@@ -88,6 +89,8 @@ void frmGeoQuery::AppliqueLangue() {
   lblNombre->setText(EnQt(Texte(langue, MsgId::GeoNombre)));
   onglets->setTabText(tabTyped, letters.Marque(Texte(langue, MsgId::TypedOnglet)));
   onglets->setTabText(tabResult, letters.Marque(Texte(langue, MsgId::TypedResultat)));
+  onglets->tabBar()->setAccessibleName(windowTitle());
+  onglets->setAccessibleName(windowTitle());
   typed_->AppliqueLangue();
   ListView1->setAccessibleName(windowTitle());
 }

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QSignalBlocker>
 #include <QTreeWidget>
+#include <algorithm>
 #include <array>
 
 #include "common/msg_id.h"
@@ -27,7 +28,7 @@ constexpr qint64 sliceMs = 8;
 
 enum Column { Name, Distance, Country, Province, Match, ColumnCount };
 /// What a column has room for at first.
-constexpr std::array samples{"Saint-Ghislain-sur-Mer", "99999.9", "Deutschland", "Niederösterr.",
+constexpr std::array samples{"Saint-Ghislain", "9999.9", "Deutschland", "Niederösterr.",
                              "graphie voisine"};
 
 int TexteDe(PlaceMatch match) {
@@ -219,6 +220,10 @@ void TypedPane::AppliqueLangue() {
   lstTape->setHeaderLabels({titre(PlaceColumn::Name), texte(MsgId::TypedDistance),
                             titre(PlaceColumn::Country), titre(PlaceColumn::Province),
                             texte(MsgId::TypedRencontre)});
+  QHeaderView& header = *lstTape->header();
+  for (int i = 0; i < ColumnCount; ++i) {
+    header.resizeSection(i, std::max(header.sectionSize(i), header.sectionSizeHint(i)));
+  }
   lstTape->setAccessibleName(texte(MsgId::TypedOnglet));
   PicCarte->setAccessibleName(texte(MsgId::TypedCarte));
   PicCarte->setToolTip(texte(MsgId::TypedCarte));

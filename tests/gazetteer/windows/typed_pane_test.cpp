@@ -134,17 +134,6 @@ TEST_F(TypedPlaces, AGazetteerThatIsNotThereIsToldInALineAlone) {
   m.Avec([&] { EXPECT_EQ(m.Noms("lstTape"), (Lines{"Mons"})) << "read at the next opening"; });
 }
 
-TEST_F(TypedPlaces, ReadingThatWasGivenUpIsToldAndBeginsAnew) {
-  m.state.GeoFile = m.path = m.working / "large.mdb";
-  m.Fait(std::vector<test::GazetteerRow>(5000, Place("Mons", 50.45, 3.95)));
-  m.vue.abandonDans = 1;
-  m.Avec([&] { EXPECT_TRUE(m.Libelle("lblTape").starts_with("Reading was given up")); });
-  m.Avec([&] {
-    m.Tape("mons");
-    EXPECT_EQ(m.Noms("lstTape").size(), 50U) << "a page of them";
-  });
-}
-
 TEST_F(TypedPlaces, AnotherSetUpIsReadAtOnce) {
   m.Avec([&] {
     m.state.GeoFullNameField = "Country_Name";
