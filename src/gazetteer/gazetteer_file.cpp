@@ -64,17 +64,19 @@ std::string EmpreinteTable(FileSystem& files, const std::string& folder, const s
 
 }  // namespace
 
+std::optional<std::string> GazetierFourni(const SharedState& state, Platform& io) {
+  const bool first = state.GeoFile == io.environment.LecteurCD() + std::string(DefaultName);
+  if (!first || TrouveChemin(state.GeoFile)) return {};
+  return TrouveChemin(AvecSeparateur(state.AppDir) + std::string(DefaultName));
+}
+
 std::string FichierGazetier(const SharedState& state, Platform& io) {
   const std::string& file = state.GeoFile;
   if (const FolderTable* format = FormatDeDossier(state.GeoDbType);
       format != nullptr && FinitPar(file, format->extensions[0])) {
     return RendNatif(SansSeparateur(DossierDe(file)));
   }
-  const auto there = TrouveChemin(file);
-  if (there || file != io.environment.LecteurCD() + std::string(DefaultName))
-    return RendNatif(file);
-  const std::string own = AvecSeparateur(state.AppDir) + std::string(DefaultName);
-  return TrouveChemin(own).value_or(RendNatif(file));
+  return GazetierFourni(state, io).value_or(RendNatif(file));
 }
 
 std::string EmpreinteGazetier(const SharedState& state, FileSystem& files,

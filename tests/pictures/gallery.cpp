@@ -13,6 +13,9 @@
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
+#include "gazetteer/gazetteer_file.h"
+#include "gazetteer/windows/frm_fonts.h"
+#include "gazetteer/windows/frm_geo_setup.h"
 #include "interchange/windows/frm_garmin_options.h"
 #include "interchange/windows/frm_import_garmin.h"
 #include "interchange/windows/frm_importation.h"
@@ -140,6 +143,18 @@ class OptionsGarminMontrees final : private ExempleGarmin, public frmGarminOptio
       : ExempleGarmin(c), frmGarminOptions(c.state, c.io, options, text, items) {}
 };
 
+/// Over the gazetteer that ships, where it is there.
+std::unique_ptr<QWidget> CreeGeoSetup(const GalleryContext& c) {
+  auto window =
+      std::make_unique<frmGeoSetup>(c.Commandes(), c.state.gazetteer, [](const QWidget*) {});
+  if (TrouveChemin(FichierGazetier(c.state, c.io))) window->Charge();
+  return window;
+}
+
+std::unique_ptr<QWidget> CreePolices(const GalleryContext& c) {
+  return std::make_unique<frmFonts>(c.state, c.io, c.state.gazetteer);
+}
+
 using Context = const GalleryContext&;
 using Window = std::unique_ptr<QWidget>;
 
@@ -151,6 +166,8 @@ constexpr std::array windows = {
     GalleryWindow{"export",  CreeOptionsExport},
     GalleryWindow{"garmin", CreeImportGarmin},
     GalleryWindow{"garmin-options", [](Context c) -> Window { return std::make_unique<OptionsGarminMontrees>(c); }},
+    GalleryWindow{"gazetteer-fonts", CreePolices},
+    GalleryWindow{"gazetteer-setup", CreeGeoSetup},
     GalleryWindow{"help",    CreeAide},
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
     GalleryWindow{"import", CreeImportation},

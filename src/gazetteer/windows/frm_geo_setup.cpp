@@ -38,8 +38,7 @@ std::size_t Rang(GeoList list) { return static_cast<std::size_t>(list); }
 
 }  // namespace
 
-frmGeoSetup::frmGeoSetup(CommandContext c, GazetteerState& gazetteer, std::function<void()> aide,
-                         QWidget* parent)
+frmGeoSetup::frmGeoSetup(CommandContext c, GazetteerState& gazetteer, Aide aide, QWidget* parent)
     : QDialog(parent),
       c_(c),
       gazetteer_(gazetteer),
@@ -70,8 +69,9 @@ std::string frmGeoSetup::MontreDatums(const std::string& code) {
 
 /// Behind another file or table.
 void frmGeoSetup::Relit() {
-  Montre();
+  apercu_.Oublie();
   lblTest->clear();
+  Montre();
   apercu_.Lit();
   Montre();
 }
@@ -97,12 +97,14 @@ void frmGeoSetup::MontreListe(GeoList list) {
   QComboBox& box = *cmb[Rang(list)];
   const GeoChoices& choices = setup_.Form().Liste(list);
   const std::string proposed = apercu_.Propose(list);
-  box.clear();
-  for (const std::string& entry : choices.entrees) box.addItem(EnQt(entry));
   box.setPlaceholderText(
       proposed.empty()
           ? QString()
           : EnQt(Remplace(Texte(c_.state.Langue, MsgId::SetupProposition), "%1", proposed)));
+  if (choices == montrees_[Rang(list)]) return;
+  montrees_[Rang(list)] = choices;
+  box.clear();
+  for (const std::string& entry : choices.entrees) box.addItem(EnQt(entry));
   box.setCurrentIndex(choices.choix);
 }
 
@@ -197,9 +199,17 @@ void frmGeoSetup::Relie() {
   }
   connect(cmdChangeDatum, &QPushButton::clicked, this, &frmGeoSetup::cmdChangeDatum_Click);
   connect(cmdFonts, &QPushButton::clicked, this, &frmGeoSetup::cmdFonts_Click);
-  connect(cmdHelp, &QPushButton::clicked, this, [this] { aide_(); });
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { aide_(this); });
   connect(cmdPropositions, &QPushButton::clicked, this, &frmGeoSetup::cmdPropositions_Click);
   connect(cmdTest, &QPushButton::clicked, this, &frmGeoSetup::cmdTest_Click);
+}
+
+void MontreGeoSetup(CommandContext c, GazetteerState& gazetteer, frmGeoSetup::Aide aide,
+                    QWidget* parent) {
+  frmGeoSetup window(c, gazetteer, std::move(aide), parent);
+  window.show();
+  window.Charge();
+  window.exec();
 }
 
 }  // namespace talpena

@@ -28,9 +28,10 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   Q_OBJECT
 
  public:
-  /// @param aide  opens the guide at the page of this window
-  frmGeoSetup(CommandContext c, GazetteerState& gazetteer, std::function<void()> aide,
-              QWidget* parent = nullptr);
+  /// Opens the guide at the page of a window.
+  using Aide = std::function<void(const QWidget* window)>;
+
+  frmGeoSetup(CommandContext c, GazetteerState& gazetteer, Aide aide, QWidget* parent = nullptr);
   ~frmGeoSetup() override;
 
   /// Opens the file of the settings.
@@ -69,10 +70,11 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
 
   CommandContext c_;
   GazetteerState& gazetteer_;
-  std::function<void()> aide_;
+  Aide aide_;
   GeoSetup setup_;
   SetupSample apercu_;
-  bool montre_ = false;  ///< the controls are being filled
+  bool montre_ = false;              ///< the controls are being filled
+  PerGeoList<GeoChoices> montrees_;  ///< what the lists show
 
   QLabel* lblTitreFile = nullptr;
   ElidedLabel* lblFile = nullptr;
@@ -95,5 +97,9 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   QPushButton* cmdTest = nullptr;
   QLabel* lblTest = nullptr;
 };
+
+/// Shows the dialog until it is left. Its file is opened once it is up: that may last.
+void MontreGeoSetup(CommandContext c, GazetteerState& gazetteer, frmGeoSetup::Aide aide,
+                    QWidget* parent);
 
 }  // namespace talpena

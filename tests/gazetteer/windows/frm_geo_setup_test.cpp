@@ -22,7 +22,7 @@ struct FrmGeoSetup : testing::Test, test::SetupWorld {
   std::unique_ptr<frmGeoSetup> form;
 
   void Ouvre() {
-    form = std::make_unique<frmGeoSetup>(context, gazetteer, [this] { ++aides; });
+    form = std::make_unique<frmGeoSetup>(context, gazetteer, [this](const QWidget*) { ++aides; });
     form->Charge();
     form->show();
     form->activateWindow();
