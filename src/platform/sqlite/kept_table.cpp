@@ -74,6 +74,8 @@ class KeepingDatabase final : public ImportedDatabase {
 
  protected:
   TableState* Trouve(std::string_view name) override {
+    // A copy is never changed: no other table joins it.
+    if (placed_ && !MemeNom(name, kept_.table)) throw TableIntrouvable(name);
     TableState* table = ImportedDatabase::Trouve(name);
     if (table != nullptr && !tried_ && MemeNom(name, kept_.table)) {
       tried_ = true;
@@ -108,9 +110,18 @@ class KeepingDatabase final : public ImportedDatabase {
     connection_->Execute(std::string("INSERT INTO ") + StampTable + " VALUES (" +
                          Litteral(kept_.stamp) + ")");
     point.Valide();
-    // What stood ready for taking back goes; the lock stays, which readers of copies pass over.
-    connection_->Execute("PRAGMA journal_mode = DELETE");
+    OteJournal();
     if (EstTexte(table, field)) order_.emplace(*connection_, table, field);
+  }
+
+  /// What stood ready for taking back goes with the lock, which comes back for reading: no row that
+  /// is looked at needs one of its own then.
+  void OteJournal() {
+    for (const char* sql :
+         {"PRAGMA locking_mode = NORMAL", "PRAGMA journal_mode = DELETE",
+          "SELECT 1 FROM sqlite_schema LIMIT 1", "PRAGMA locking_mode = EXCLUSIVE"}) {
+      connection_->Execute(sql);
+    }
   }
 
   std::optional<std::vector<RowKey>> LignesConnues(const Selection& selection) override {

@@ -185,6 +185,14 @@ TEST_F(KeptTableTest, ASavedQueryIsKeptToo) {
   EXPECT_EQ(file.reads, 1);
 }
 
+TEST_F(KeptTableTest, NoOtherTableJoinsACopy) {
+  const auto base = Ouvre();
+  base->OpenRecordset("SELECT * FROM Places WHERE [Key] = 'GHENT'");
+  EXPECT_EQ(FailureOf([&] { base->OpenRecordset("North"); }).number, ErrorNumber::TableNotFound);
+  EXPECT_EQ(FailureOf([&] { base->Query("North"); }).number, ErrorNumber::TableNotFound);
+  EXPECT_EQ(Copies().size(), 1U) << "and nothing beside it";
+}
+
 TEST_F(KeptTableTest, CopiesAreForTheUserAlone) {
   Noms("[Key] = 'GHENT'");
   struct stat status {};
