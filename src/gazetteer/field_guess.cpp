@@ -7,9 +7,9 @@
 #include <cstdint>
 #include <string_view>
 
+#include "common/plain_form.h"
 #include "common/text.h"
 #include "gazetteer/place_point.h"
-#include "gazetteer/plain_form.h"
 #include "gazetteer/state.h"
 
 namespace talpena {

@@ -8,7 +8,7 @@
 #include <utility>
 
 #include "common/text.h"
-#include "gazetteer/plain_form.h"
+#include "common/plain_form.h"
 
 namespace talpena {
 namespace {

@@ -2,13 +2,12 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
 #include "common/numbers.h"
-#include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/dms_text.h"
 #include "gazetteer/place_name.h"
+#include "gazetteer/place_point.h"
 
 namespace talpena {
 namespace {
@@ -26,17 +25,6 @@ std::string Champ(std::span<const Cell> row, int field) {
 
 std::string ChampRogne(std::span<const Cell> row, int field) {
   return std::string(Rogne(Champ(row, field)));
-}
-
-std::optional<double> Coordonnee(const Cell& cell) {
-  const bool text = cell.kind == Cell::Kind::Text;
-  if (cell.EstNull() || (text && Rogne(cell.text).empty())) return std::nullopt;
-  try {
-    const double value = text ? Val(Remplace(cell.text, ",", ".")) : cell.Nombre();
-    return std::isfinite(value) ? std::optional(value) : std::nullopt;
-  } catch (const TalpenaError&) {
-    return std::nullopt;
-  }
 }
 
 std::string Assemble(double degrees, double minutes, double seconds, char letter) {
@@ -64,7 +52,7 @@ constexpr std::array coordinateForms{
 void RemplitCoordonnees(const PlaceFields& fields, std::span<const Cell> row, PlaceItem& item) {
   constexpr std::size_t rawWidth = 8;
   for (const CoordinateForm& form : coordinateForms) {
-    const auto value = Coordonnee(row[static_cast<std::size_t>(fields.*form.field)]);
+    const auto value = CoordonneeDuLieu(row[static_cast<std::size_t>(fields.*form.field)]);
     if (!value) continue;
     item.Texte(form.raw) = PremiersCaracteres(Format(*value, form.mask), rawWidth);
     const std::string dms = TexteDmsDuLieu(*value, fields.coordType, form.letters);

@@ -1,0 +1,189 @@
+#include "gazetteer/windows/frm_geo_query.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QTreeView>
+#include <QWindow>
+#include <utility>
+
+#include "common/msg_id.h"
+#include "common/string_table.h"
+#include "gazetteer/windows/place_model.h"
+#include "platform/qt/controls.h"
+#include "platform/qt/mnemonics.h"
+#include "store/record/record_screen.h"
+
+namespace talpena {
+
+frmGeoQuery::frmGeoQuery(GazetteerContext c, QWidget* parent) : QDialog(parent), c_(c) {
+  setObjectName("frmGeoQuery");
+  setModal(true);
+  Construit();
+  Dispose();
+  AppliqueLangue();
+  Relie();
+}
+
+/// It belongs to the main window, but stands over the window that asks.
+void frmGeoQuery::PlaceDevant() {
+  QWidget* over = QApplication::activeModalWidget();
+  if (over == nullptr) return;
+  winId();  // makes the handle
+  windowHandle()->setTransientParent(over->windowHandle());
+}
+
+bool frmGeoQuery::Cherche(RecordScreen& fiche) {
+  if (!charge_) Charge();
+  fiche_ = &fiche;
+  PlaceDevant();
+  txt->setFocus();
+  txt->selectAll();
+  const bool chosen = exec() == Accepted;
+  fiche_ = nullptr;
+  return chosen;
+}
+
+void frmGeoQuery::Charge() {
+  place_ = ChargePlaceGeoQuery(c_.io.settings);
+  PlaceFenetre();
+  ecran_ = {};
+  ChargeGeoQuery(c_, ecran_);
+  txt->setText(EnQt(ecran_.txt));
+  Montre();
+  charge_ = true;
+}
+
+void frmGeoQuery::Decharge() {
+  charge_ = false;
+  lieux_->Vide();
+  ecran_ = {};
+  reject();
+}
+
+void frmGeoQuery::AppliqueLangue() {
+  const auto& langue = c_.state.Langue;
+  setWindowTitle(EnQt(Texte(langue, MsgId::GeoFenetre)));
+  Mnemonics letters;
+  lblNom->setText(letters.Marque(Texte(langue, MsgId::GeoNom)));
+  lblNombre->setText(EnQt(Texte(langue, MsgId::GeoNombre)));
+  ListView1->setAccessibleName(windowTitle());
+}
+
+void frmGeoQuery::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() == QEvent::LanguageChange) AppliqueLangue();
+  if (event->type() == QEvent::PaletteChange) lieux_->ChargeIcones(palette());
+}
+
+/// Whoever closes the window wants another one the next time.
+void frmGeoQuery::closeEvent(QCloseEvent* event) {
+  Decharge();
+  event->accept();
+}
+
+void frmGeoQuery::hideEvent(QHideEvent* event) {
+  QDialog::hideEvent(event);
+  if (!event->spontaneous()) SauvePlace();
+}
+
+bool frmGeoQuery::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == txt && event->type() == QEvent::FocusIn) {
+    // Behind the click that brought the focus, which puts the cursor somewhere.
+    QMetaObject::invokeMethod(txt, &QLineEdit::selectAll, Qt::QueuedConnection);
+  }
+  if (watched == ListView1 && event->type() == QEvent::KeyPress) {
+    return ToucheDeListe(static_cast<QKeyEvent*>(event)->key());
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+/// Enter in the list is no press of the button that the dialog has for it.
+bool frmGeoQuery::ToucheDeListe(int key) {
+  if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
+  ListView1_DblClick();
+  return true;
+}
+
+template <typename Procedure>
+void frmGeoQuery::Execute(Procedure procedure) {
+  Releve();
+  lieux_->Vide();
+  procedure();
+  Montre();
+  Suit();
+}
+
+void frmGeoQuery::Releve() {
+  ecran_.txt = txt->text().toStdString();
+  const QModelIndex current = ListView1->currentIndex();
+  if (current.isValid()) {
+    ecran_.choisi = static_cast<std::size_t>(current.row());
+  } else {
+    ecran_.choisi.reset();
+  }
+}
+
+void frmGeoQuery::Montre() {
+  const QScopedValueRollback showing(montre_, true);
+  lieux_->Montre();
+  lblNbre->setText(EnQt(ecran_.lblNbre));
+  MontreChoix();
+  MontreNom();
+}
+
+void frmGeoQuery::MontreChoix() {
+  if (!ecran_.choisi) return ListView1->clearSelection();
+  const QModelIndex index = lieux_->index(static_cast<int>(*ecran_.choisi), 0);
+  ListView1->setCurrentIndex(index);
+  ListView1->scrollTo(index);
+}
+
+void frmGeoQuery::MontreNom() {
+  PicName->setFont(QFont(EnQt(ecran_.police.Nom), ecran_.police.Taille));
+  PicName->setText(EnQt(ecran_.PicName));
+}
+
+void frmGeoQuery::Suit() {
+  if (std::exchange(ecran_.focusTxt, false)) {
+    txt->setFocus();
+    txt->selectAll();
+  }
+  const GeoAfter after = std::exchange(ecran_.suite, GeoAfter::Stays);
+  if (after == GeoAfter::Hides) accept();
+  if (after == GeoAfter::Closes) Decharge();
+}
+
+void frmGeoQuery::cmd_Click(std::size_t index) {
+  Execute([&] { talpena::cmd_Click(c_, ecran_, static_cast<GeoSearch>(index)); });
+}
+
+void frmGeoQuery::cmdSetup_Click() {
+  c_.dialogs.MontreGeoSetup();
+  MontreNom();
+}
+
+void frmGeoQuery::ListView1_ItemClick() {
+  const QModelIndex current = ListView1->currentIndex();
+  if (montre_ || !current.isValid()) return;
+  Releve();
+  talpena::ListView1_ItemClick(c_, ecran_, *ecran_.choisi);
+  MontreNom();
+}
+
+void frmGeoQuery::ListView1_DblClick() {
+  if (fiche_ == nullptr) return;
+  Releve();
+  talpena::ListView1_DblClick(c_, ecran_, *fiche_);
+  Suit();
+}
+
+void frmGeoQuery::ListView1_ColumnClick(int column) {
+  Execute([&] { talpena::ListView1_ColumnClick(c_, ecran_, static_cast<PlaceColumn>(column)); });
+}
+
+}  // namespace talpena
