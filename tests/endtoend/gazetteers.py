@@ -4,7 +4,7 @@ import os
 import shutil
 from dataclasses import dataclass
 
-from driver import application, descendants, wait_for, xdotool
+from driver import accessible, application, descendants, wait_for, xdotool
 from editor import closes_form, opens_form
 
 DATA = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "..", "shared", "data",
@@ -53,18 +53,34 @@ def shows(program, text):
     wait_for(text, lambda: any(node.name == text for node in descendants(application(program))))
 
 
-def brings_setup(program):
+def opens_query(program):
+    """From the form; its text has the keys."""
+    return program.brings(QUERY, "F3")
+
+
+def waits_for_rows(program):
+    """The set-up has read the first rows of its table: they can be tested."""
+    import pyatspi
+    button = accessible(program, "Test", "push button", "Database setup")
+    wait_for("the first rows", lambda: button.getState().contains(pyatspi.STATE_SENSITIVE), 60)
+
+
+def opens_setup(program):
     """The button Setup of the query."""
-    number = program.brings(SETUP, "Tab", "Tab", "Tab", "space")
+    program.keys("Tab", "Tab", "Tab", "space")
+    number = program.window(SETUP)
+    waits_for_rows(program)
+    xdotool("windowactivate", "--sync", number)
     wait_for("the keys", lambda: xdotool("getwindowfocus") == [number]
              or xdotool("windowfocus", "--sync", number))
 
 
-def chooses_file(program, path):
-    """In the file dialog that is up, and back in the set-up."""
-    program.window("^Open")
+def answers(program, title, path):
+    """A file dialog that comes up."""
+    number = program.window(title)
+    xdotool("windowactivate", "--sync", number)
     program.enters(path)
-    program.closes("^Open")
+    program.closes(title)
 
 
 def fills_lists(program, source):
@@ -81,10 +97,16 @@ def expected(source, path):
     return "".join(line + "\r\n" for line in lines)
 
 
-def searches(program, source):
-    program.keys("ctrl+a")
+def accepts_and_searches(program, query, source):
+    """Ok, a name in the query, and back to the form."""
+    program.keys("Return")
+    program.closes(SETUP)
+    xdotool("windowactivate", "--sync", query)
+    program.keys(*["shift+Tab"] * 3, "ctrl+a")
     program.enters(source.name)
     shows(program, str(source.found))
+    program.keys("Escape")
+    program.closes(QUERY)
 
 
 def sets_up_gazetteers_by_keyboard(s):
@@ -93,38 +115,29 @@ def sets_up_gazetteers_by_keyboard(s):
     opens_form(program)
     kept = []
     for source, path in sources(s):
-        query = program.brings(QUERY, "F3")
-        brings_setup(program)
-        program.brings("^Open", "shift+Tab", "space")
-        chooses_file(program, path)
+        query = opens_query(program)
+        opens_setup(program)
+        program.keys("shift+Tab", "space")
+        answers(program, "^Open", path)
         fills_lists(program, source)
+        waits_for_rows(program)
         setup = os.path.join(s.folder, f"{len(kept)}.cfg")
-        program.brings("^Save As$", "alt+s")
-        program.enters(setup)
+        program.keys("alt+s")
+        answers(program, "^Save", setup)
         wait_for("the set-up", lambda name=setup: os.path.exists(name))
         with open(setup, encoding="cp1252", newline="") as file:
-            assert file.read() == expected(source, path)
-        program.closes("^Save As$")
-        program.keys("Return")
-        program.closes(SETUP)
-        xdotool("windowactivate", "--sync", query)
-        searches(program, source)
-        program.keys("Escape")
-        program.closes(QUERY)
+            found = file.read()
+        assert found == expected(source, path), found
+        accepts_and_searches(program, query, source)
         kept.append((source, setup))
 
     # Each of them opened again.
     for source, setup in kept:
-        query = program.brings(QUERY, "F3")
-        brings_setup(program)
-        program.brings("^Open", *["shift+Tab"] * 7, "space")
-        chooses_file(program, setup)
-        program.keys("Return")
-        program.closes(SETUP)
-        xdotool("windowactivate", "--sync", query)
-        searches(program, source)
-        program.keys("Escape")
-        program.closes(QUERY)
+        query = opens_query(program)
+        opens_setup(program)
+        program.keys(*["shift+Tab"] * 7, "space")
+        answers(program, "^Open", setup)
+        accepts_and_searches(program, query, source)
     closes_form(program)
     program.keys("ctrl+q")
     assert program.ends() == 0
