@@ -50,6 +50,7 @@ class PlaceIndex {
                                 std::size_t most = 50) const;
 
  private:
+  struct Candidate;
   struct Search;
 
   bool EstMesure() const { return !rows_.empty() && kms_.size() == rows_.size(); }

@@ -18,7 +18,6 @@
 #include "gazetteer/windows/frm_fonts.h"
 #include "gazetteer/windows/frm_geo_query.h"
 #include "gazetteer/windows/frm_geo_setup.h"
-#include "gazetteer/windows/typed_pane.h"
 #include "interchange/windows/frm_garmin_options.h"
 #include "interchange/windows/frm_import_garmin.h"
 #include "interchange/windows/frm_importation.h"
@@ -168,11 +167,9 @@ class RequeteMontree final : private RequeteDExemple, public frmGeoQuery {
   }
 };
 
-/// A name half typed, among the places of the gazetteer that ships where it is there.
+/// A name half typed; its places come once the gazetteer that ships is read, where it is there.
 std::unique_ptr<QWidget> CreeRequete(const GalleryContext& c) {
   auto window = std::make_unique<RequeteMontree>(c);
-  const auto* typed = window->findChild<TypedPane*>();
-  while (!typed->EstAuRepos()) QCoreApplication::processEvents();
   window->resize(720, 420);
   window->findChild<QLineEdit*>(QStringLiteral("txt"))->setText(QStringLiteral("saint-g"));
   return window;
