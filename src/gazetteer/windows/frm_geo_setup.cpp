@@ -49,6 +49,7 @@ frmGeoSetup::frmGeoSetup(CommandContext c, GazetteerState& gazetteer, Aide aide,
   setModal(true);
   Construit();
   Dispose();
+  OrdonneTabulation();
   AppliqueLangue();
   Relie();
 }
@@ -58,6 +59,8 @@ frmGeoSetup::~frmGeoSetup() = default;
 void frmGeoSetup::Charge() {
   setup_.Charge();
   Relit();
+  const bool nothing = setup_.Form().Liste(GeoList::Table).entrees.empty();
+  (nothing ? static_cast<QWidget*>(Bouton(GeoCommand::Change)) : cmb[0])->setFocus();
 }
 
 std::string frmGeoSetup::MontreDatums(const std::string& code) {
@@ -159,7 +162,7 @@ void frmGeoSetup::cmdPropositions_Click() {
   }
   if (type) setup_.Option2_Click(*type);
   Montre();
-  Command1[static_cast<std::size_t>(GeoCommand::Ok)]->setFocus();
+  Bouton(GeoCommand::Ok)->setFocus();
 }
 
 void frmGeoSetup::cmdTest_Click() {

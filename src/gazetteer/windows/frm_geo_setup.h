@@ -54,6 +54,7 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   QLayout* DisposeChoix();
   QLayout* DisposeApercu();
   QLayout* DisposeBoutons();
+  void OrdonneTabulation();
   void Relie();
 
   void Montre();
@@ -63,6 +64,9 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
 
   void cmb_Click(GeoList list, int index);
   void Command1_Click(GeoCommand command);
+  QPushButton* Bouton(GeoCommand command) const {
+    return Command1[static_cast<std::size_t>(command)];
+  }
   void cmdChangeDatum_Click();
   void cmdFonts_Click();
   void cmdPropositions_Click();

@@ -19,11 +19,9 @@ void Form1::ChercheLieu(RecordScreen& fiche) {
 
 void Form1::MontreGeoSetup() {
   QWidget* over = QApplication::activeModalWidget();
-  frmGeoSetup setup(
+  talpena::MontreGeoSetup(
       Commandes(), state_.gazetteer, [this](const QWidget* window) { aide_->AidePour(window); },
       over == nullptr ? this : over);
-  setup.Charge();
-  setup.exec();
 }
 
 }  // namespace talpena
