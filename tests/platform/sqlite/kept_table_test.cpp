@@ -124,7 +124,7 @@ std::string NomAuHasard(std::mt19937& random) {
                                                "E\u0301", "Ｂ", "\u0E40", "\u0E01", "\x01",
                                                "ß",       "-",  "'",      "ǆ"};
   std::string name;
-  for (unsigned n = random() % 5; n > 0; --n) name += pieces[random() % pieces.size()];
+  for (auto n = random() % 5; n > 0; --n) name += pieces[random() % pieces.size()];
   return random() % 50 == 0 ? std::string(200, 'x') + name : name;
 }
 
