@@ -203,6 +203,13 @@ TEST_F(KeptTableTest, CopiesAreForTheUserAlone) {
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
 }
 
+TEST_F(KeptTableTest, AFolderThatOthersMayEnterIsClosedToThem) {
+  fs::create_directory(kept.folder);
+  fs::permissions(kept.folder, fs::perms::all);
+  Noms("[Key] = 'GHENT'");
+  EXPECT_EQ(fs::status(kept.folder).permissions(), fs::perms::owner_all);
+}
+
 TEST_F(KeptTableTest, ADamagedCopyIsThrownAway) {
   Noms("[Key] = 'GHENT'");
   test::EcritFichier(Copies().at(0), "no database at all");
