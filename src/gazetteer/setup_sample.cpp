@@ -55,7 +55,6 @@ void SetupSample::Lit() {
     busy.Annulable();
     base_.Lit(lus_, c_.io, [&](Database& base) { LitLignes(base); });
   });
-  guess_ = DevineChamps(champs_, rows_);
 }
 
 /// As Ok would store them; what is searched stands by its proposal.
@@ -76,6 +75,7 @@ void SetupSample::LitLignes(Database& base) {
     rows->LitLigne(cells);
     rows_.push_back(Garde(cells));
   }
+  guess_ = DevineChamps(champs_, rows_);
 }
 
 std::string SetupSample::Propose(GeoList list) const {
@@ -142,9 +142,13 @@ std::vector<SampleRow> SetupSample::Lignes() const {
 
 std::optional<SampleTally> SetupSample::Essaie() {
   std::optional<SampleTally> tally;
-  if (rows_.empty() || !Champs(champs_)) return tally;
-  ExecuteCommande(c_.state, c_.io, {},
-                  [&] { base_.Lit(lus_, c_.io, [&](Database& base) { tally = Compte(base); }); });
+  if (!PeutEssayer()) return tally;
+  ExecuteCommande(c_.state, c_.io, {}, [&] {
+    base_.Lit(lus_, c_.io, [&](Database& base) {
+      if (rows_.empty()) LitLignes(base);
+      tally = Compte(base);
+    });
+  });
   return tally;
 }
 
