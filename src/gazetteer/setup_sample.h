@@ -61,8 +61,6 @@ class SetupSample {
   std::string Champ(GeoList list) const;
   std::optional<PlaceFields> Champs(const std::vector<FieldDef>& given) const;
   std::int16_t CoordType() const;
-  bool EstUtilisable(const PlaceFields& fields, const PlaceItem& item,
-                     std::span<const Cell> row) const;
 
   CommandContext c_;
   const GeoSetup& setup_;
