@@ -94,19 +94,34 @@ Database& OpenGazetteer::Ouvre(const SharedState& state, Platform& io) {
   const std::string stamp = EmpreinteGazetier(state, io.files, path);
   if (base_ != nullptr && !stamp.empty() && stamp == stamp_) return *base_;
   Ferme();
-  std::string folder;
-  try {
-    folder = stamp.empty() ? std::string() : io.environment.DossierPrive();
-  } catch (const TalpenaError&) {  // the table is read at each opening
-  }
+  const std::string folder = stamp.empty() ? std::string() : DossierDesCopies(io);
   base_ = folder.empty() ? io.engine.OpenDatabase(path, true, state.GeoDbType)
                          : io.engine.OpenKept(path, state.GeoDbType,
-                                              {.folder = folder + SeparateurChemin() + "gazetteer",
+                                              {.folder = folder,
                                                .stamp = stamp,
                                                .table = state.GeoTable,
                                                .field = state.GeoResearchField});
   stamp_ = stamp;
   return *base_;
+}
+
+std::string OpenGazetteer::DossierDesCopies(Platform& io) const {
+  if (withoutCopy_) return {};
+  try {
+    return io.environment.DossierPrive() + SeparateurChemin() + "gazetteer";
+  } catch (const TalpenaError&) {  // the table is read at each opening
+    return {};
+  }
+}
+
+/// True when the failure is that of a copy, which is out of the way now.
+bool OpenGazetteer::Recommence(const TalpenaError& error) {
+  const int number = error.number();
+  const bool noRoom = number == ErrorNumber::DiskFull || number == ErrorNumber::DeviceFault;
+  if (number != ErrorNumber::UnrecognizedFormat && (!noRoom || withoutCopy_)) return false;
+  Ferme();
+  withoutCopy_ = withoutCopy_ || noRoom;
+  return true;
 }
 
 void OpenGazetteer::Ferme() {

@@ -30,23 +30,26 @@ class OpenGazetteer {
   /// A table is read once and kept in the user's cache; where this is not to be had it is read at
   /// each opening. Raises what TableEngine::OpenDatabase raises.
   Database& Ouvre(const SharedState& state, Platform& io);
-  /// Reads what is open. A copy that is found damaged is gone by then: the second time `read` gets
-  /// the gazetteer itself.
+  /// Reads what is open. A copy that is found damaged is gone by then, and one for which there is
+  /// no room is done without: the second time `read` gets the gazetteer itself.
   template <typename Read>
   void Lit(const SharedState& state, Platform& io, Read&& read) {
     try {
       read(Ouvre(state, io));
     } catch (const TalpenaError& error) {
-      if (error.number() != ErrorNumber::UnrecognizedFormat) throw;
-      Ferme();
+      if (!Recommence(error)) throw;
       read(Ouvre(state, io));
     }
   }
   void Ferme();
 
  private:
+  bool Recommence(const TalpenaError& error);
+  std::string DossierDesCopies(Platform& io) const;
+
   std::string stamp_;
   std::unique_ptr<Database> base_;
+  bool withoutCopy_ = false;  ///< there was no room for one
 };
 
 }  // namespace talpena

@@ -7,8 +7,8 @@
 #include <numeric>
 #include <utility>
 
-#include "common/text.h"
 #include "common/plain_form.h"
+#include "common/text.h"
 
 namespace talpena {
 namespace {
@@ -44,8 +44,19 @@ std::size_t ChercheOctets(std::string_view text, std::string_view piece, std::si
   return text.find(piece, std::min(from, text.size()));
 }
 
+/// Puts an array into the order of `rows`; the former one goes before the next is made.
+template <typename Element>
+void Range(std::vector<Element>& array, const std::vector<std::uint32_t>& rows) {
+  std::vector<Element> sorted;
+  sorted.reserve(rows.size());
+  for (const std::uint32_t row : rows) sorted.push_back(array[row]);
+  array = std::move(sorted);
+}
+
+}  // namespace
+
 /// A place that meets the search, and by what it is ordered.
-struct Candidate {
+struct PlaceIndex::Candidate {
   std::uint32_t rank = 0;
   PlaceMatch match = PlaceMatch::Plain;
   float chord = 0;  ///< square; infinite without a point
@@ -55,8 +66,6 @@ struct Candidate {
     return chord != other.chord ? chord < other.chord : rank < other.rank;
   }
 };
-
-}  // namespace
 
 struct PlaceIndex::Search {
   std::string typed;  ///< small letters
@@ -101,22 +110,17 @@ void PlaceIndex::Termine() {
   };
   std::stable_sort(rows_.begin(), rows_.end(),
                    [&](std::uint32_t a, std::uint32_t b) { return plain(a) < plain(b); });
-  PlaceIndex sorted;
-  sorted.plain_.reserve(plain_.size());
-  sorted.starts_.reserve(rows_.size() + 1);
-  sorted.nameAt_.reserve(rows_.size());
-  sorted.points_.reserve(rows_.size());
-  for (const std::uint32_t row : rows_) {
-    sorted.starts_.push_back(static_cast<std::uint32_t>(sorted.plain_.size()));
-    sorted.plain_.append(plain(row)).push_back('\0');
-    sorted.nameAt_.push_back(nameAt_[row]);
-    sorted.points_.push_back(points_[row]);
+  Range(nameAt_, rows_);
+  Range(points_, rows_);
+  std::string texts;
+  texts.reserve(plain_.size());
+  for (const std::uint32_t row : rows_) texts.append(plain(row)).push_back('\0');
+  plain_ = std::move(texts);
+  starts_.clear();
+  for (std::size_t at = 0; at < plain_.size(); at = plain_.find('\0', at) + 1) {
+    starts_.push_back(static_cast<std::uint32_t>(at));
   }
-  sorted.starts_.push_back(static_cast<std::uint32_t>(sorted.plain_.size()));
-  plain_ = std::move(sorted.plain_);
-  starts_ = std::move(sorted.starts_);
-  nameAt_ = std::move(sorted.nameAt_);
-  points_ = std::move(sorted.points_);
+  starts_.push_back(static_cast<std::uint32_t>(plain_.size()));
   names_.shrink_to_fit();
 }
 

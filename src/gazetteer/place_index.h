@@ -44,6 +44,7 @@ class PlaceIndex {
                                 std::size_t most = 50) const;
 
  private:
+  struct Candidate;
   struct Search;
 
   std::string_view Simple(std::uint32_t rank) const;

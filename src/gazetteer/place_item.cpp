@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "common/decimal_columns.h"
 #include "common/numbers.h"
 #include "common/text.h"
 #include "coords/dms_text.h"
@@ -27,9 +28,26 @@ std::string ChampRogne(std::span<const Cell> row, int field) {
   return std::string(Rogne(Champ(row, field)));
 }
 
+/// A number that is not negative as "00" makes it: halves go up.
+void AjouteDeux(std::string& text, double number) {
+  constexpr double mostQuick = 1e9;  // what is longer is cut off by its column
+  if (number < mostQuick) {
+    AjouteEntier(text, std::llround(number), 2);
+  } else {
+    text += Format(number, "00");
+  }
+}
+
 std::string Assemble(double degrees, double minutes, double seconds, char letter) {
-  return Format(degrees, "00") + "°" + Format(minutes, "00") + "'" + Format(seconds, "00") + "\"" +
-         letter;
+  std::string text;
+  AjouteDeux(text, degrees);
+  text += "°";
+  AjouteDeux(text, minutes);
+  text += '\'';
+  AjouteDeux(text, seconds);
+  text += '"';
+  text += letter;
+  return text;
 }
 
 /// What one coordinate puts into the list.
