@@ -93,15 +93,18 @@ void cmd_Click(GazetteerContext c, GeoQueryScreen& ecran, GeoSearch kind) {
   });
 }
 
+std::optional<RegionFont> PoliceDe(const GazetteerState& gazetteer, const PlaceItem& item) {
+  const double font = Val(item.Texte(PlaceColumn::Font));
+  if (font < 1 || font > static_cast<double>(RegionCount)) return {};
+  return gazetteer.Polices[static_cast<std::size_t>(font) - 1];
+}
+
 void AfficheNom(GazetteerContext c, GeoQueryScreen& ecran, const PlaceItem& item) {
+  const auto font = PoliceDe(c.gazetteer, item);
   ecran.PicName = item.Texte(PlaceColumn::Name);
-  ecran.police = c.gazetteer.Polices[0];
+  ecran.police = font.value_or(c.gazetteer.Polices[0]);
   ExecuteCommande(c.state, c.io, {}, [&] {
-    const double font = Val(item.Texte(PlaceColumn::Font));
-    if (font < 1 || font > static_cast<double>(RegionCount)) {
-      throw TalpenaError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
-    }
-    ecran.police = c.gazetteer.Polices[static_cast<std::size_t>(font) - 1];
+    if (!font) throw TalpenaError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
   });
 }
 

@@ -72,11 +72,11 @@ void Range(std::vector<Element>& array, const std::vector<std::uint32_t>& rows) 
 struct PlaceIndex::Candidate {
   std::uint32_t rank = 0;
   PlaceMatch match = PlaceMatch::Plain;
-  float chord = 0;  ///< square; infinite without a point
+  float away = 0;  ///< what orders as the distance does; infinite without a point
 
   bool operator<(const Candidate& other) const {
     if (match != other.match) return match < other.match;
-    return chord != other.chord ? chord < other.chord : rank < other.rank;
+    return away != other.away ? away < other.away : rank < other.rank;
   }
 };
 
@@ -84,21 +84,14 @@ struct PlaceIndex::Search {
   std::string typed;  ///< small letters
   std::string plain;
   std::optional<SphereDirection> near = std::nullopt;
+  bool nearest = false;  ///< first, by that point or by the measures
   std::size_t most = 0;
   std::pair<std::uint32_t, std::uint32_t> begins{};  ///< ranks whose plain forms begin with it
   std::vector<Candidate> found{};
   std::size_t better = 0;  ///< found that begin with it or contain it as typed
 
-  /// Without a point the first ones of the alphabet are the best: no more are needed.
-  bool Assez() const { return !near && better >= most; }
-  void Ajoute(std::uint32_t rank, PlaceMatch match, const SphereDirection& point) {
-    float chord = 0;
-    if (near) {
-      chord = EstQuelquePart(point) ? Corde2(point, *near) : std::numeric_limits<float>::infinity();
-    }
-    found.push_back({rank, match, chord});
-    if (match != PlaceMatch::Plain) ++better;
-  }
+  /// In alphabetical order the first ones are the best: no more are needed.
+  bool Assez() const { return !nearest && better >= most; }
 };
 
 void PlaceIndex::Ajoute(std::string_view name, std::optional<GeoPoint> point) {
@@ -171,10 +164,33 @@ std::pair<std::uint32_t, std::uint32_t> PlaceIndex::Debuts(const std::string& pl
           partition([&](std::string_view name) { return name.substr(0, plain.size()) <= plain; })};
 }
 
+void PlaceIndex::Trouve(Search& search, std::uint32_t rank) const {
+  const PlaceMatch match = Correspond(rank, search);
+  float away = 0;
+  if (search.near) {
+    const SphereDirection& point = points_[rank];
+    away = EstQuelquePart(point) ? Corde2(point, *search.near)
+                                 : std::numeric_limits<float>::infinity();
+  } else if (search.nearest) {
+    away = kms_[rank];
+  }
+  search.found.push_back({rank, match, away});
+  if (match != PlaceMatch::Plain) ++search.better;
+}
+
+bool PlaceIndex::Mesure(const NearestRecord& records, std::size_t count) {
+  for (const std::size_t end = std::min(kms_.size() + count, rows_.size()); kms_.size() < end;) {
+    const SphereDirection& point = points_[kms_.size()];
+    const auto km = EstQuelquePart(point) ? records.DistanceKm(PointDe(point)) : std::nullopt;
+    kms_.push_back(km ? static_cast<float>(*km) : std::numeric_limits<float>::infinity());
+  }
+  return kms_.size() < rows_.size();
+}
+
 void PlaceIndex::AjouteDebuts(Search& search) const {
   for (std::uint32_t rank = search.begins.first; rank < search.begins.second; ++rank) {
     if (search.Assez()) return;
-    search.Ajoute(rank, Correspond(rank, search), points_[rank]);
+    Trouve(search, rank);
   }
 }
 
@@ -186,7 +202,7 @@ void PlaceIndex::AjouteContenus(Search& search) const {
     const std::size_t next = PremierAuDessus(starts_, rank, at);
     rank = static_cast<std::uint32_t>(next) - 1;
     const bool known = rank >= search.begins.first && rank < search.begins.second;
-    if (!known) search.Ajoute(rank, Correspond(rank, search), points_[rank]);
+    if (!known) Trouve(search, rank);
     if (search.Assez()) return;
     at = starts_[next];
   }
@@ -197,6 +213,7 @@ std::vector<PlaceHit> PlaceIndex::Cherche(std::string_view typed, std::optional<
   Search search{.typed = Minuscules(Rogne(typed)), .plain = FormeSimple(typed), .most = most};
   if (search.plain.size() < FewestLetters || rows_.empty()) return {};
   if (near) search.near = DirectionDe(*near);
+  search.nearest = near || EstMesure();
   search.begins = Debuts(search.plain);
   AjouteDebuts(search);
   const auto begin = [](const Candidate& c) { return c.match == PlaceMatch::Begins; };

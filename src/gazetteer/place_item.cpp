@@ -78,12 +78,20 @@ void RemplitCoordonnees(const PlaceFields& fields, std::span<const Cell> row, Pl
   }
 }
 
+/// As it is stored, its tags among it.
+std::string NomStocke(const PlaceFields& fields, std::span<const Cell> row) {
+  return std::string(PremiersCaracteres(Champ(row, fields.name), LongestPlaceName));
+}
+
+std::string NomMontre(std::string stored) {
+  GeoFormat(stored);
+  return std::string(Rogne(stored));
+}
+
 void RemplitNom(const PlaceFields& fields, std::span<const Cell> row, PlaceItem& item) {
-  const std::string whole = Champ(row, fields.name);
-  std::string name(PremiersCaracteres(whole, LongestPlaceName));
-  item.Texte(PlaceColumn::Font) = std::to_string(NumeroPolice(name));
-  GeoFormat(name);
-  item.Texte(PlaceColumn::Name) = Rogne(name);
+  const std::string stored = NomStocke(fields, row);
+  item.Texte(PlaceColumn::Font) = std::to_string(NumeroPolice(stored));
+  item.Texte(PlaceColumn::Name) = NomMontre(stored);
 }
 
 /// Country and division: two characters each.
@@ -157,6 +165,10 @@ PlaceItem FaitItem(const PlaceFields& fields, std::span<const Cell> row) {
   item.Texte(PlaceColumn::Country) = ChampRogne(row, fields.country);
   item.Texte(PlaceColumn::Province) = ChampRogne(row, fields.provinceName);
   return item;
+}
+
+std::string NomDuLieu(const PlaceFields& fields, std::span<const Cell> row) {
+  return NomMontre(NomStocke(fields, row));
 }
 
 std::string TexteDmsDuLieu(double value, std::int16_t type, std::string_view letters) {

@@ -14,6 +14,7 @@ import gazetteers
 import kills
 import lists
 import maps
+import places
 import start_stop
 import table
 import waits
@@ -24,7 +25,7 @@ SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
 SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
              + lists.SCENARIOS + waits.SCENARIOS + waypoints.SCENARIOS + kills.SCENARIOS
-             + faults.SCENARIOS + exports.SCENARIOS + gazetteers.SCENARIOS)
+             + faults.SCENARIOS + exports.SCENARIOS + gazetteers.SCENARIOS + places.SCENARIOS)
 
 
 class WindowManager:

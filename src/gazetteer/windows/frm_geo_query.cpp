@@ -7,18 +7,28 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
-#include <QTreeView>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTreeWidget>
 #include <QWindow>
 #include <utility>
 
 #include "common/msg_id.h"
+#include "common/msg_id_gazetteer.h"
 #include "common/string_table.h"
 #include "gazetteer/windows/place_model.h"
+#include "gazetteer/windows/typed_pane.h"
+#include "platform/commands.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/mnemonics.h"
 #include "store/record/record_screen.h"
 
 namespace talpena {
+namespace {
+
+constexpr int tabTyped = 0, tabResult = 1;  // of onglets
+
+}  // namespace
 
 frmGeoQuery::frmGeoQuery(GazetteerContext c, QWidget* parent) : QDialog(parent), c_(c) {
   setObjectName("frmGeoQuery");
@@ -37,14 +47,20 @@ void frmGeoQuery::PlaceDevant() {
   windowHandle()->setTransientParent(over->windowHandle());
 }
 
-bool frmGeoQuery::Cherche(RecordScreen& fiche) {
+void frmGeoQuery::Prepare(RecordScreen& fiche) {
   if (!charge_) Charge();
   fiche_ = &fiche;
-  PlaceDevant();
   txt->setFocus();
   txt->selectAll();
+  typed_->Ouvre(PointDeLaFiche(fiche));
+}
+
+bool frmGeoQuery::Cherche(RecordScreen& fiche) {
+  Prepare(fiche);
+  PlaceDevant();
   const bool chosen = exec() == Accepted;
   fiche_ = nullptr;
+  typed_->Suspend();
   return chosen;
 }
 
@@ -71,13 +87,20 @@ void frmGeoQuery::AppliqueLangue() {
   Mnemonics letters;
   lblNom->setText(letters.Marque(Texte(langue, MsgId::GeoNom)));
   lblNombre->setText(EnQt(Texte(langue, MsgId::GeoNombre)));
+  onglets->setTabText(tabTyped, letters.Marque(Texte(langue, MsgId::TypedOnglet)));
+  onglets->setTabText(tabResult, letters.Marque(Texte(langue, MsgId::TypedResultat)));
+  onglets->tabBar()->setAccessibleName(windowTitle());
+  onglets->setAccessibleName(windowTitle());
+  typed_->AppliqueLangue();
   ListView1->setAccessibleName(windowTitle());
 }
 
 void frmGeoQuery::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() == QEvent::LanguageChange) AppliqueLangue();
-  if (event->type() == QEvent::PaletteChange) lieux_->ChargeIcones(palette());
+  if (event->type() != QEvent::PaletteChange) return;
+  icones_.Charge(palette());
+  typed_->Montre();
 }
 
 /// Whoever closes the window wants another one the next time.
@@ -96,8 +119,9 @@ bool frmGeoQuery::eventFilter(QObject* watched, QEvent* event) {
     // Behind the click that brought the focus, which puts the cursor somewhere.
     QMetaObject::invokeMethod(txt, &QLineEdit::selectAll, Qt::QueuedConnection);
   }
-  if (watched == ListView1 && event->type() == QEvent::KeyPress) {
-    return ToucheDeListe(static_cast<QKeyEvent*>(event)->key());
+  if (event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (watched == txt ? ToucheDeTexte(key) : ToucheDeListe(key)) return true;
   }
   return QDialog::eventFilter(watched, event);
 }
@@ -105,15 +129,46 @@ bool frmGeoQuery::eventFilter(QObject* watched, QEvent* event) {
 /// Enter in the list is no press of the button that the dialog has for it.
 bool frmGeoQuery::ToucheDeListe(int key) {
   if (key != Qt::Key_Return && key != Qt::Key_Enter) return false;
-  ListView1_DblClick();
+  MontreTapes() ? ChoisitTape() : ListView1_DblClick();
   return true;
+}
+
+/// Arrow down goes to what was found.
+bool frmGeoQuery::ToucheDeTexte(int key) {
+  if (key != Qt::Key_Down) return false;
+  if (MontreTapes()) {
+    typed_->PrendFocus();
+  } else {
+    ListView1->setFocus();
+  }
+  return true;
+}
+
+bool frmGeoQuery::MontreTapes() const { return onglets->currentIndex() == tabTyped; }
+
+void frmGeoQuery::TexteTape(const QString& text) {
+  if (!text.trimmed().isEmpty()) onglets->setCurrentIndex(tabTyped);
+}
+
+void frmGeoQuery::TypedPane_LieuChange() {
+  if (MontreTapes()) MontreNom();
+}
+
+void frmGeoQuery::ChoisitTape() {
+  const PlaceItem* place = typed_->Lieu();
+  if (fiche_ == nullptr || place == nullptr) return;
+  ExecuteCommande(c_.state, c_.io, {},
+                  [&] { ChoisitLieu(c_, ecran_, PlaceItem(*place), *fiche_); });
+  Suit();
 }
 
 template <typename Procedure>
 void frmGeoQuery::Execute(Procedure procedure) {
   Releve();
   lieux_->Vide();
+  typed_->Suspend();
   procedure();
+  typed_->Reprend();
   Montre();
   Suit();
 }
@@ -143,9 +198,18 @@ void frmGeoQuery::MontreChoix() {
   ListView1->scrollTo(index);
 }
 
+/// Of the list on show.
 void frmGeoQuery::MontreNom() {
-  PicName->setFont(QFont(EnQt(ecran_.police.Nom), ecran_.police.Taille));
-  PicName->setText(EnQt(ecran_.PicName));
+  const PlaceItem* typed = typed_->Lieu();
+  RegionFont font = ecran_.police;
+  std::string name = ecran_.PicName;
+  if (MontreTapes()) {
+    // No letter that is typed brings up a message: a font out of the table is the first one.
+    name = typed == nullptr ? std::string() : typed->Texte(PlaceColumn::Name);
+    if (typed != nullptr) font = PoliceDe(c_.gazetteer, *typed).value_or(c_.gazetteer.Polices[0]);
+  }
+  PicName->setFont(QFont(EnQt(font.Nom), font.Taille));
+  PicName->setText(EnQt(name));
 }
 
 void frmGeoQuery::Suit() {
@@ -159,11 +223,16 @@ void frmGeoQuery::Suit() {
 }
 
 void frmGeoQuery::cmd_Click(std::size_t index) {
+  onglets->setCurrentIndex(tabResult);
+  const std::string before = c_.state.GeoFile + c_.state.GeoTable;
   Execute([&] { talpena::cmd_Click(c_, ecran_, static_cast<GeoSearch>(index)); });
+  if (before != c_.state.GeoFile + c_.state.GeoTable) typed_->Relit();  // the set-up came up
 }
 
 void frmGeoQuery::cmdSetup_Click() {
+  typed_->Suspend();
   c_.dialogs.MontreGeoSetup();
+  typed_->Relit();
   MontreNom();
 }
 

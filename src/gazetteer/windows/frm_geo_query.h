@@ -7,27 +7,34 @@
 #include "gazetteer/gazetteer_context.h"
 #include "gazetteer/gazetteer_settings.h"
 #include "gazetteer/geo_query.h"
+#include "gazetteer/windows/place_icons.h"
 
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QTabWidget;
 class QTreeView;
 
 namespace talpena {
 
 class PlaceModel;
+class TypedPane;
 struct RecordScreen;
 
-/// Modal over the record editor. Enter in txt searches for the exact name; Enter or a double click
-/// in the list chooses a place; Escape hides the dialog, whose list stays for the next opening. A
-/// click on a caption, or Ctrl and the number of its column, sorts by it, the same again the other
-/// way round. The window is kept in application "TALPENA", section "GeoQuery".
+/// Modal over the record editor. While a name is typed into txt the first tab shows what comes
+/// next; the two buttons fill the second. Enter in txt searches for the exact name; Enter or a
+/// double click in a list chooses a place; Arrow down goes from txt to the list on show; Escape
+/// hides the dialog, whose list stays for the next opening. A click on a caption, or Ctrl and the
+/// number of its column, sorts by it, the same again the other way round. The window is kept in
+/// application "TALPENA", section "GeoQuery".
 class frmGeoQuery : public QDialog {
   Q_OBJECT
 
  public:
   explicit frmGeoQuery(GazetteerContext c, QWidget* parent = nullptr);
 
+  /// All but showing it.
+  void Prepare(RecordScreen& fiche);
   /// Shows the dialog over a record form, which takes the place that is chosen. True when one was.
   bool Cherche(RecordScreen& fiche);
 
@@ -61,6 +68,11 @@ class frmGeoQuery : public QDialog {
   void MontreNom();
   void Suit();
   bool ToucheDeListe(int key);
+  bool ToucheDeTexte(int key);
+  bool MontreTapes() const;
+  void TexteTape(const QString& text);
+  void TypedPane_LieuChange();
+  void ChoisitTape();
 
   void cmd_Click(std::size_t index);
   void cmdSetup_Click();
@@ -79,7 +91,10 @@ class frmGeoQuery : public QDialog {
   QLineEdit* txt;
   std::array<QPushButton*, 2> cmd;
   QPushButton* cmdSetup;
+  QTabWidget* onglets;
+  TypedPane* typed_;
   QTreeView* ListView1;
+  PlaceIcons icones_;
   PlaceModel* lieux_;
   QLabel* lblNombre;
   QLabel* lblNbre;

@@ -4,11 +4,13 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
-#include <QTreeView>
+#include <QTabWidget>
+#include <QTreeWidget>
 #include <QVBoxLayout>
 
 #include "gazetteer/windows/frm_geo_query.h"
 #include "gazetteer/windows/place_model.h"
+#include "gazetteer/windows/typed_pane.h"
 #include "platform/qt/controls.h"
 #include "platform/qt/one_line.h"
 #include "platform/qt/window_place.h"
@@ -43,7 +45,14 @@ void frmGeoQuery::Construit() {
   cmd[1]->setText(u"Recherche approx."_s);
   cmd[0]->setDefault(true);
   cmdSetup = Nomme(new QPushButton(u"Setup"_s, this), u"cmdSetup"_s);
+  icones_.Charge(palette());
+  typed_ = new TypedPane(c_, icones_, this);
+  typed_->Liste()->installEventFilter(this);
   ConstruitListe();
+  onglets = Nomme(new QTabWidget(this), u"onglets"_s);
+  onglets->setDocumentMode(true);
+  onglets->addTab(typed_, {});
+  onglets->addTab(ListView1, {});
   lblNombre = Nomme(new QLabel(this), u"lblNombre"_s);
   lblNbre = Nomme(new QLabel(this), u"lblNbre"_s);
   PicName = Nomme(new QLabel(this), u"PicName"_s);
@@ -53,8 +62,7 @@ void frmGeoQuery::Construit() {
 }
 
 void frmGeoQuery::ConstruitListe() {
-  lieux_ = new PlaceModel(ecran_.ListView1, this);
-  lieux_->ChargeIcones(palette());
+  lieux_ = new PlaceModel(ecran_.ListView1, icones_, this);
   ListView1 = Nomme(new QTreeView(this), u"ListView1"_s);
   ListView1->setModel(lieux_);
   ListView1->setRootIsDecorated(false);
@@ -68,10 +76,12 @@ void frmGeoQuery::ConstruitListe() {
 }
 
 void frmGeoQuery::Dispose() {
+  auto* name = new QHBoxLayout;
+  name->addWidget(lblNom);
+  name->addWidget(txt, 1);
   auto* search = new QHBoxLayout;
-  search->addWidget(lblNom);
-  search->addWidget(txt, 1);
   for (QPushButton* button : cmd) search->addWidget(button);
+  search->addStretch();
   search->addWidget(cmdSetup);
   auto* foot = new QHBoxLayout;
   foot->addWidget(PicName, 1);
@@ -79,8 +89,9 @@ void frmGeoQuery::Dispose() {
   foot->addWidget(lblNbre);
   auto* layout = new QVBoxLayout(this);
   layout->setSizeConstraint(QLayout::SetNoConstraint);
+  layout->addLayout(name);
   layout->addLayout(search);
-  layout->addWidget(ListView1, 1);
+  layout->addWidget(onglets, 1);
   layout->addLayout(foot);
 }
 
@@ -92,6 +103,11 @@ void frmGeoQuery::Relie() {
   connect(ListView1->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           &frmGeoQuery::ListView1_ItemClick);
   connect(ListView1, &QTreeView::doubleClicked, this, &frmGeoQuery::ListView1_DblClick);
+  connect(txt, &QLineEdit::textChanged, typed_, &TypedPane::Cherche);
+  connect(txt, &QLineEdit::textEdited, this, &frmGeoQuery::TexteTape);
+  connect(typed_, &TypedPane::LieuChange, this, &frmGeoQuery::TypedPane_LieuChange);
+  connect(typed_->Liste(), &QTreeView::doubleClicked, this, &frmGeoQuery::ChoisitTape);
+  connect(onglets, &QTabWidget::currentChanged, this, &frmGeoQuery::MontreNom);
   RelieTris();
 }
 

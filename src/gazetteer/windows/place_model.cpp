@@ -1,25 +1,16 @@
 #include "gazetteer/windows/place_model.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 
 #include "common/talpena_error.h"
 #include "platform/qt/controls.h"
-#include "platform/qt/icons.h"
 
 using namespace Qt::StringLiterals;
 
 namespace talpena {
-namespace {
-
-constexpr std::array imageKeys{PlaceIcon::Stream, PlaceIcon::Mountain, PlaceIcon::Populated,
-                               PlaceIcon::Forest, PlaceIcon::Farm};
-
-}  // namespace
-
-PlaceModel::PlaceModel(PlaceList& list, QObject* parent)
-    : QAbstractTableModel(parent), list_(list) {}
+PlaceModel::PlaceModel(PlaceList& list, const PlaceIcons& icons, QObject* parent)
+    : QAbstractTableModel(parent), list_(list), icons_(icons) {}
 
 void PlaceModel::PoseLignes(std::size_t rows) {
   constexpr std::size_t most = std::numeric_limits<int>::max();
@@ -32,12 +23,6 @@ void PlaceModel::Vide() { PoseLignes(0); }
 
 void PlaceModel::Montre() { PoseLignes(list_.Nombre()); }
 
-void PlaceModel::ChargeIcones(const QPalette& palette) {
-  for (const std::string_view key : imageKeys) {
-    icons_[EnQt(key)] = Icone(u"place_"_s + EnQt(key).toLower(), palette);
-  }
-}
-
 int PlaceModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
 
 int PlaceModel::columnCount(const QModelIndex& parent) const {
@@ -46,7 +31,7 @@ int PlaceModel::columnCount(const QModelIndex& parent) const {
 
 QVariant PlaceModel::DonneesDe(const PlaceItem& item, int column, int role) const {
   if (role == Qt::DecorationRole) {
-    return column == 0 && !item.icon.empty() ? QVariant(icons_.value(EnQt(item.icon))) : QVariant();
+    return column == 0 && !item.icon.empty() ? QVariant(icons_.De(item)) : QVariant();
   }
   return EnQt(item.texts[static_cast<std::size_t>(column)]);
 }

@@ -1,12 +1,9 @@
 // The list of places as the view of frmGeoQuery asks for it.
 #pragma once
 #include <QAbstractTableModel>
-#include <QHash>
-#include <QIcon>
 
 #include "gazetteer/place_list.h"
-
-class QPalette;
+#include "gazetteer/windows/place_icons.h"
 
 namespace talpena {
 
@@ -16,14 +13,12 @@ class PlaceModel : public QAbstractTableModel {
   Q_OBJECT
 
  public:
-  explicit PlaceModel(PlaceList& list, QObject* parent = nullptr);
+  PlaceModel(PlaceList& list, const PlaceIcons& icons, QObject* parent = nullptr);
 
   /// No rows, while the list is at work.
   void Vide();
   /// The list as it stands now.
   void Montre();
-  /// Pictures in the colours of a palette.
-  void ChargeIcones(const QPalette& palette);
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -37,7 +32,7 @@ class PlaceModel : public QAbstractTableModel {
 
   PlaceList& list_;
   int rows_ = 0;
-  QHash<QString, QIcon> icons_;  ///< ImageList1, by the keys of PlaceIcon
+  const PlaceIcons& icons_;
 };
 
 }  // namespace talpena

@@ -84,9 +84,22 @@ void QtCanvas::ChargeImage(const std::string& path) {
   if (picture.isNull()) RefuseImage(native);
   picture.setDevicePixelRatio(1);
   picturePath_ = path;
-  pictureSize_ = base.size();
-  background_ = std::move(picture);
-  mask_.Dimensionne(size.width(), size.height());
+  PoseFond(std::move(picture), base.size());
+}
+
+void QtCanvas::ChangeFeuille(QSize size, double ratio) {
+  ratio_ = std::clamp(ratio, 0.25, 8.0);
+  picturePath_.clear();
+  QImage sheet(std::max(1, qRound(size.width() * ratio_)),
+               std::max(1, qRound(size.height() * ratio_)), QImage::Format_ARGB32_Premultiplied);
+  sheet.fill(Qt::white);
+  PoseFond(std::move(sheet), size);
+}
+
+void QtCanvas::PoseFond(QImage background, QSize size) {
+  pictureSize_ = size;
+  background_ = std::move(background);
+  mask_.Dimensionne(background_.width(), background_.height());
   Cls();
   ChangeEchelle(scale_);
 }

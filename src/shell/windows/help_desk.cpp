@@ -26,7 +26,7 @@ constexpr std::array targets = {
     HelpTarget{"frmImportation", "import-text.html"},
     HelpTarget{"frmImportGarmin", "import-waypoints.html#mapsource"},
     HelpTarget{"frmGarminOptions", "import-waypoints.html#options"},
-    HelpTarget{"frmGeoQuery", "gazetteer-setup.html"},
+    HelpTarget{"frmGeoQuery", "gazetteer.html"},
     HelpTarget{"frmGeoSetup", "gazetteer-setup.html#setup"},
     HelpTarget{"frmFonts", "gazetteer-setup.html#fonts"},
     HelpTarget{"frmEastern", "licence.html"},

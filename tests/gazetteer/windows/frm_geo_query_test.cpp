@@ -122,6 +122,7 @@ TEST_F(GeoQueryWindow, KeepsPlaceAndWidthsButThatOfTheLastColumn) {
 
 TEST_F(GeoQueryWindow, ANarrowWindowCutsTheListInsteadOfShrinkingIt) {
   m.Avec([&] {
+    m.Cherche("saint", "cmd_1");
     m.form->resize(600, 400);
     QApplication::processEvents();
     EXPECT_GT(m.Liste()->width(), 500);
