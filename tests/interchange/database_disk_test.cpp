@@ -97,6 +97,9 @@ TEST_F(FullTargetDisk, TellsHowManyRowsANewFileHolds) {
         VerifieBoite(Boites()[0], "No file was written.");
         continue;
       }
+      for (const std::string& name : disk.Noms()) {
+        EXPECT_TRUE(name == "filler" || name.find_first_of("-~") == std::string::npos) << name;
+      }
       const std::size_t rows =
           LitTable(*makers, disk / c.chosen, CibleBase(c.target).connect).rows.size();
       EXPECT_GT(rows, some);

@@ -49,9 +49,12 @@ void Exchange::Fait(const std::vector<std::string>& former) {
 
 void Exchange::MetDeCote(const std::vector<std::string>& former) {
   const std::string aside = side_ + formerFolder;
-  if (mkdir(aside.c_str(), modeDossier) != 0) LanceErreurFichier(errno, aside);
+  const auto verifie = [this](int error) {  // in the name of a file that the user knows
+    if (error != 0) LanceErreurFichier(error, place_ + FichiersDe(side_).front());
+  };
+  verifie(mkdir(aside.c_str(), modeDossier) == 0 ? 0 : errno);
   for (const std::string& name : former) Deplace(place_ + name, aside + "/" + name);
-  Deplace(aside, side_ + replacedFolder);
+  verifie(RenommeSansEcraser(aside, side_ + replacedFolder));
 }
 
 void Exchange::PlaceNouveaux() {
