@@ -135,7 +135,6 @@ void MnuExpDB(CommandContext c, ExportDialogs& dialogues, int index) {
     std::vector<std::string> former;
     const std::string path = DemandeFichierExport(c, target.filter, [&](const std::string& chosen) {
       const DatabasePlace place = PlaceDe(target, chosen);
-      AcheveExports(c, place.Chemin());
       VerifieSansUsager(target, place, c.io.files);
       return former = FichiersRemplaces(target, place, c.io.files);
     });

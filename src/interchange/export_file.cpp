@@ -65,6 +65,7 @@ std::string DemandeFichierExport(CommandContext c, std::string_view filter,
     std::string path =
         c.io.dialogues.EnregistreFichier({.filter = std::string(filter), .folder = folder});
     if (path.empty()) return path;
+    AcheveExports(c, path);
     const std::vector<std::string> standing = former(path);
     if (standing.empty()) return path;
     folder = DossierDe(path);

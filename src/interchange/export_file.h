@@ -15,9 +15,8 @@ namespace talpena {
 using FormerFiles = std::function<std::vector<std::string>(const std::string& path)>;
 
 /// Asks for the file to write, and whether those that stand in its place may go (question 500, with
-/// all their names); ""
-/// when there is none. Whoever does not want a file replaced is asked for another one. The open
-/// distribution is never replaced.
+/// all their names); "" when there is none. Whoever does not want a file replaced is asked for
+/// another one. The open distribution is never replaced. AcheveExports goes before the question.
 std::string DemandeFichierExport(CommandContext c, std::string_view filter,
                                  const FormerFiles& former);
 
