@@ -13,6 +13,7 @@
 #include "coords/datum.h"
 #include "coords/datum_choice.h"
 #include "gazetteer/drive.h"
+#include "gazetteer/followed_reading.h"
 #include "gazetteer/gazetteer_file.h"
 #include "gazetteer/geo_settings.h"
 #include "gazetteer/state.h"
@@ -158,6 +159,7 @@ void GeoSetup::LitChamps() {
   if (chosen < 0) return;
   const Source& source = sources_[static_cast<std::size_t>(chosen)];
   if (source.abimee) OuvreAbimee(source.nom);
+  const FollowedReading reading(*base_, c_.attente);  // a query is run for its fields
   champs_ = source.requete ? base_->Query(source.nom).fields : base_->Table(source.nom).fields;
 }
 

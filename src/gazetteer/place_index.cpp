@@ -22,17 +22,18 @@ constexpr std::size_t mostBytes = std::size_t{1} << 31;
 bool EstQuelquePart(const SphereDirection& d) { return !std::isnan(d[0]); }
 
 /// The first place from `from` on where a piece of at least two bytes stands; npos when there is
-/// none. Looks at 64 places at once for its first and last byte, in a loop that compilers turn into
-/// wide comparisons.
+/// none. Looks at 64 places at once for its first two bytes and its last, in a loop that compilers
+/// turn into wide comparisons.
 std::size_t ChercheOctets(std::string_view text, std::string_view piece, std::size_t from) {
   constexpr std::size_t block = 64;
   const std::size_t gap = piece.size() - 1;
-  const char first = piece.front(), last = piece.back();
+  const char first = piece[0], second = piece[1], last = piece.back();
   for (; from + block + gap <= text.size(); from += block) {
     const char* at = text.data() + from;
     unsigned char any = 0;
     for (std::size_t i = 0; i < block; ++i) {
-      any |= static_cast<unsigned char>((at[i] == first) & (at[i + gap] == last));
+      any |= static_cast<unsigned char>((at[i] == first) & (at[i + 1] == second) &
+                                        (at[i + gap] == last));
     }
     if (any == 0) continue;
     for (std::size_t i = 0; i < block; ++i) {
@@ -42,6 +43,18 @@ std::size_t ChercheOctets(std::string_view text, std::string_view piece, std::si
     }
   }
   return text.find(piece, std::min(from, text.size()));
+}
+
+/// The first of rising numbers above `value`, from `from` on, near which it is expected.
+std::size_t PremierAuDessus(const std::vector<std::uint32_t>& numbers, std::size_t from,
+                            std::size_t value) {
+  std::size_t step = 1;
+  while (from + step < numbers.size() && numbers[from + step] <= value) step *= 2;
+  const auto at = [&](std::size_t i) {
+    return numbers.begin() + static_cast<std::ptrdiff_t>(std::min(i, numbers.size()));
+  };
+  const auto next = std::upper_bound(at(from + step / 2), at(from + step + 1), value);
+  return static_cast<std::size_t>(next - numbers.begin());
 }
 
 /// Puts an array into the order of `rows`; the former one goes before the next is made.
@@ -186,12 +199,12 @@ void PlaceIndex::AjouteContenus(Search& search) const {
   std::uint32_t rank = 0;
   std::size_t at = 0;
   while ((at = ChercheOctets(text, search.plain, at)) != std::string_view::npos) {
-    const auto next = std::upper_bound(starts_.begin() + rank, starts_.end(), at);
-    rank = static_cast<std::uint32_t>(next - starts_.begin()) - 1;
+    const std::size_t next = PremierAuDessus(starts_, rank, at);
+    rank = static_cast<std::uint32_t>(next) - 1;
     const bool known = rank >= search.begins.first && rank < search.begins.second;
     if (!known) Trouve(search, rank);
     if (search.Assez()) return;
-    at = *next;
+    at = starts_[next];
   }
 }
 

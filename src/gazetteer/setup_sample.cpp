@@ -6,10 +6,13 @@
 #include <iterator>
 #include <memory>
 #include <span>
+#include <string>
 #include <utility>
 
+#include "common/text.h"
 #include "gazetteer/followed_reading.h"
 #include "gazetteer/geo_settings.h"
+#include "gazetteer/place_name.h"
 #include "gazetteer/place_point.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
@@ -35,6 +38,20 @@ std::vector<Cell> Vue(const std::vector<Value>& row) {
   return cells;
 }
 
+/// Something of it would stand in the list.
+bool EstNom(const Cell& cell) {
+  std::string name(PremiersCaracteres(cell.Texte(), LongestPlaceName));
+  if (name.find('<') != std::string::npos) GeoFormat(name);
+  return !Rogne(name).empty();
+}
+
+/// Of a row no more is looked at than that asks for: a table may have a million of them.
+bool EstUtilisable(const PlaceFields& fields, std::span<const Cell> row) {
+  const auto cell = [&](int field) { return row[static_cast<std::size_t>(field)]; };
+  return EstNom(cell(fields.name)) &&
+         PointDuLieu(cell(fields.latitude), cell(fields.longitude), fields.coordType).has_value();
+}
+
 }  // namespace
 
 void SetupSample::Oublie() {
@@ -55,7 +72,6 @@ void SetupSample::Lit() {
     busy.Annulable();
     base_.Lit(lus_, c_.io, [&](Database& base) { LitLignes(base); });
   });
-  guess_ = DevineChamps(champs_, rows_);
 }
 
 /// As Ok would store them; what is searched stands by its proposal.
@@ -76,6 +92,7 @@ void SetupSample::LitLignes(Database& base) {
     rows->LitLigne(cells);
     rows_.push_back(Garde(cells));
   }
+  guess_ = DevineChamps(champs_, rows_);
 }
 
 std::string SetupSample::Propose(GeoList list) const {
@@ -120,13 +137,6 @@ std::optional<PlaceFields> SetupSample::Champs(const std::vector<FieldDef>& give
   return fields;
 }
 
-bool SetupSample::EstUtilisable(const PlaceFields& fields, const PlaceItem& item,
-                                std::span<const Cell> row) const {
-  const auto cell = [&](int field) { return row[static_cast<std::size_t>(field)]; };
-  return !item.Texte(PlaceColumn::Name).empty() &&
-         PointDuLieu(cell(fields.latitude), cell(fields.longitude), fields.coordType).has_value();
-}
-
 std::vector<SampleRow> SetupSample::Lignes() const {
   std::vector<SampleRow> lines;
   const auto fields = Champs(champs_);
@@ -134,7 +144,7 @@ std::vector<SampleRow> SetupSample::Lignes() const {
   for (const std::vector<Value>& row : rows_) {
     const std::vector<Cell> cells = Vue(row);
     PlaceItem item = FaitItem(*fields, cells);
-    const bool usable = EstUtilisable(*fields, item, cells);
+    const bool usable = EstUtilisable(*fields, cells);
     lines.push_back({std::move(item), usable});
   }
   return lines;
@@ -142,9 +152,13 @@ std::vector<SampleRow> SetupSample::Lignes() const {
 
 std::optional<SampleTally> SetupSample::Essaie() {
   std::optional<SampleTally> tally;
-  if (rows_.empty() || !Champs(champs_)) return tally;
-  ExecuteCommande(c_.state, c_.io, {},
-                  [&] { base_.Lit(lus_, c_.io, [&](Database& base) { tally = Compte(base); }); });
+  if (!PeutEssayer()) return tally;
+  ExecuteCommande(c_.state, c_.io, {}, [&] {
+    base_.Lit(lus_, c_.io, [&](Database& base) {
+      if (rows_.empty()) LitLignes(base);
+      tally = Compte(base);
+    });
+  });
   return tally;
 }
 
@@ -163,7 +177,7 @@ std::optional<SampleTally> SetupSample::Compte(Database& base) {
   std::vector<Cell> cells(rows->Fields().size());
   for (; !rows->EOF_(); rows->MoveNext()) {
     rows->LitLigne(cells);
-    count.utilisables += EstUtilisable(*fields, FaitItem(*fields, cells), cells) ? 1 : 0;
+    count.utilisables += EstUtilisable(*fields, cells) ? 1 : 0;
     busy.Avance(++count.lignes, total);
     busy.Bat();
   }

@@ -47,8 +47,11 @@ class SetupSample {
   /// The rows by the fields that are chosen or proposed; none as long as name and coordinates have
   /// no field.
   std::vector<SampleRow> Lignes() const;
-  /// Reads the whole table for that; empty when it cannot be read, which is told, when the user
-  /// gives up and when name or coordinates have no field.
+  /// Name and coordinates have fields.
+  bool PeutEssayer() const { return Champs(champs_).has_value(); }
+  /// Reads the whole table for that, and the first rows when they were not read; empty when it
+  /// cannot be read, which is told, when the user gives up and when name or coordinates have no
+  /// field.
   std::optional<SampleTally> Essaie();
 
  private:
@@ -58,8 +61,6 @@ class SetupSample {
   std::string Champ(GeoList list) const;
   std::optional<PlaceFields> Champs(const std::vector<FieldDef>& given) const;
   std::int16_t CoordType() const;
-  bool EstUtilisable(const PlaceFields& fields, const PlaceItem& item,
-                     std::span<const Cell> row) const;
 
   CommandContext c_;
   const GeoSetup& setup_;

@@ -95,9 +95,9 @@ class DatabaseExport {
 
   static int Conseil(const TalpenaError& faute) {
     if (EstFauteDeRangee(faute)) return MsgId::ExportJusquIci;
-    // The words of a limit say what is in the file.
-    const bool limit = faute.words().text != 0 || faute.number() == ErrorNumber::SpreadsheetFull;
-    return limit ? 0 : MsgId::ExportJusqualors;
+    // These words say what is in the file.
+    const bool told = EstLimiteDuFormat(faute) || faute.words().text == MsgId::ExportPremieres;
+    return told ? 0 : MsgId::ExportJusqualors;
   }
 
   void DitMemoCoupe() {
@@ -138,7 +138,9 @@ void MnuExpDB(CommandContext c, ExportDialogs& dialogues, int index) {
     if (!dialogues.MontreOptionsExport(ExportKind::Database)) return;
     std::vector<std::string> former;
     const std::string path = DemandeFichierExport(c, target.filter, [&](const std::string& chosen) {
-      return former = FichiersRemplaces(target, PlaceDe(target, chosen), c.io.files);
+      const DatabasePlace place = PlaceDe(target, chosen);
+      VerifieSansUsager(target, place, c.io.files);
+      return former = FichiersRemplaces(target, place, c.io.files);
     });
     if (path.empty()) return;
     DatabaseExport(c, *rows, target, path, std::move(former)).Execute();

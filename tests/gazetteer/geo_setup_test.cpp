@@ -10,7 +10,6 @@
 #include <vector>
 
 #include "common/text.h"
-#include "coords/datum.h"
 #include "fakes/fake_tables.h"
 #include "gazetteer/geo_settings.h"
 #include "gazetteer/geo_setup_fixture.h"
@@ -194,7 +193,9 @@ TEST_F(Setup, ListsHiddenTablesButNoneOfTheMakersNorLinkedOnesNorQueriesOfOtherK
        .attributes = TableAttribute::System},
       {.name = "HiddenByTheMaker", .fields = fields, .indexes = {}, .attributes = 2},
       {.name = "Linked", .fields = {}, .indexes = {}}};
-  tables.queries = {{.name = "Chosen"}, {.name = "~sq_cForm"}, {.name = "Append", .kind = 64}};
+  tables.queries = {{.name = "Chosen", .sql = {}, .fields = {}},
+                    {.name = "~sq_cForm", .sql = {}, .fields = {}},
+                    {.name = "Append", .kind = 64, .sql = {}, .fields = {}}};
   Platform other{tables, *files, settings, dialogues, clock, environment, sound};
   GeoSetup here({state, other, vue, vue, vue}, *this);
   Regle("geo.mdb", "", "");
@@ -230,14 +231,12 @@ TEST_F(Setup, OnAFirstRunTheGazetteerBesideTheProgramIsShown) {
   EXPECT_EQ(Choisi(Table), "Places");
 }
 
-TEST_F(Setup, GivingUpWhileAQueryIsAskedForItsFieldsLeavesTheListsEmpty) {
+TEST_F(Setup, AChosenQueryGivesItsFields) {
   const std::string source = TALPENA_SHARED_DATA "/db/mdb/queryTestV2003.mdb";
   if (!std::filesystem::exists(source)) GTEST_SKIP() << source;
   Regle(source, "", "");
   setup.Charge();
-  vue.calls.clear();
   Clique(Table, "SelectQuery");
-  EXPECT_EQ(vue.annulable, Annulation::Aucune) << "again";
   EXPECT_FALSE(Entrees(Research).empty());
 }
 
@@ -359,55 +358,6 @@ TEST_F(Setup, ChangeAsksForTheThreeKindsOfFiles) {
             "Access (*.mdb)|*.mdb|dBase IV (*.dbf)|*.dbf|Paradox 4.x (*.db)|*.db");
   EXPECT_EQ(dialogues.fileDialogs[0].name, state.GeoFile);
   EXPECT_EQ(Form().lblFile, state.GeoFile) << "after Cancel";
-}
-
-// ---- The datum
-
-TEST_F(Setup, TheDatumThatIsChosenIsThatOfTheGazetteerAtOnce) {
-  Access();
-  state.GeoDatum = "WGS84";
-  setup.Charge();
-  datum = "EUR-M";
-  setup.cmdChangeDatum_Click();
-  EXPECT_EQ(datumVu, "WGS84");
-  EXPECT_EQ(Form().lblDatum, "EUR-M");
-  EXPECT_EQ(state.GeoDatum, "EUR-M");
-  Bouton(GeoCommand::Escape);
-  EXPECT_EQ(state.GeoDatum, "EUR-M");
-}
-
-TEST_F(Setup, ADatumThatIsRefusedForUtmChangesNothing) {
-  Access();
-  setup.Charge();
-  state.InputMode = 2;
-  const auto& datums = state.Catalogue.Datums;
-  const auto refused =
-      std::ranges::find_if(datums, [](const DatumRecord& d) { return !PermetUtm(d); });
-  ASSERT_NE(refused, datums.end());
-  datum = Rogne(refused->code);
-  setup.cmdChangeDatum_Click();
-  EXPECT_EQ(Boites(), Texts{"This datum is not allowed for UTM or MGRS input!\n" + datum});
-  EXPECT_EQ(Form().lblDatum, "WGS84");
-  EXPECT_EQ(state.GeoDatum, "WGS84");
-}
-
-TEST_F(Setup, ADatumThatTheCatalogueLacksKeepsTheLabelWhichBecomesTheDatum) {
-  Access();
-  state.GeoDatum = "EUR-M";
-  setup.Charge();
-  state.GeoDatum = "elsewhere";
-  datum = "XXXXX";
-  setup.cmdChangeDatum_Click();
-  EXPECT_EQ(Form().lblDatum, "EUR-M");
-  EXPECT_EQ(state.GeoDatum, "EUR-M");
-}
-
-TEST_F(Setup, WithoutAChoiceTheDatumStays) {
-  Access();
-  setup.Charge();
-  datum = "";
-  setup.cmdChangeDatum_Click();
-  EXPECT_EQ(Form().lblDatum, "WGS84");
 }
 
 }  // namespace

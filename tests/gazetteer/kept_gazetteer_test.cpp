@@ -239,6 +239,62 @@ TEST_F(KeptGazetteer, ACoordinateOfAnyTypeIsReadAsFarAsItIsANumber) {
   }
 }
 
+TEST_F(KeptGazetteer, TablesWithAwkwardNamesAreSearched) {
+  for (const char* name : {"Order Details", "Table", "Umsätze", "SELECT"}) {
+    const std::string file = std::string(name) + ".mdb";
+    Regle(Cree(file, "", {name}), "", name);
+    EXPECT_EQ(Trouve("mons"), Names{"Mons"}) << name;
+    state.GeoTable = "[" + std::string(name) + "]";
+    EXPECT_EQ(Trouve("mons"), Names{"Mons"}) << name;
+  }
+}
+
+TEST_F(KeptGazetteer, GivingUpWhileTheTableIsReadShowsNothingAndKeepsNothing) {
+  Rows rows;
+  for (int i = 0; i < 20'000; ++i) rows.push_back(Lieu("KEY" + std::to_string(i), "Place"));
+  Fait(std::move(rows));
+  vue.abandonDans = 1;
+  Cherche("key7");
+  EXPECT_EQ(dialogues.boxes.size(), 0U);
+  EXPECT_EQ(query.ListView1.Nombre(), 0U);
+  EXPECT_EQ(query.suite, GeoAfter::Stays);
+  EXPECT_FALSE(vue.barre);
+  EXPECT_EQ(Trouve("key7"), Names{"Place"}) << "the next search reads it";
+  EXPECT_FALSE(vue.progression.empty()) << "and says how far it is";
+  EXPECT_EQ(Copies().size(), 1U);
+}
+
+/// An engine that knows no path.
+class NoPaths final : public TableEngine {
+ public:
+  std::unique_ptr<Database> CreateDatabase(const std::string&, const NewDatabase&) override {
+    return Refuse();
+  }
+  std::unique_ptr<Database> OpenDatabase(const std::string&, bool, std::string_view) override {
+    return Refuse();
+  }
+  std::unique_ptr<Database> CreateForeignDatabase(const std::string&, std::string_view,
+                                                  const NewDatabase&) override {
+    return Refuse();
+  }
+
+ private:
+  static std::unique_ptr<Database> Refuse() { throw TalpenaError(3044, "not a valid path"); }
+};
+
+TEST_F(KeptGazetteer, APathWithoutSenseOpensTheSetupToo) {
+  NoPaths none;
+  Platform other{none, *files, settings, dialogues, clock, environment, sound};
+  GazetteerContext c{{state, other, vue, vue, vue}, gazetteer, *this};
+  Fait({Lieu("GENT", "Gent")});
+  query.txt = "gent";
+  cmd_Click(c, query, GeoSearch::Exact);
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_TRUE(dialogues.boxes[0].text.ends_with(" 3044")) << dialogues.boxes[0].text;
+  EXPECT_EQ(setups, 1);
+  EXPECT_EQ(query.suite, GeoAfter::Stays);
+}
+
 TEST_F(KeptGazetteer, ANumberMayBeTheFieldThatIsSearched) {
   Fait({Lieu("A", "a"), Lieu("B", "b")});
   state.GeoResearchField = "LAT";

@@ -80,6 +80,17 @@ TEST(PlaceIndex, GivesNoMoreThanAPage) {
   EXPECT_EQ(p.index.Cherche("same", GeoPoint{1, 1}, 7).size(), 7U);
 }
 
+TEST(PlaceIndex, TakesAMillionEqualNames) {
+  PlaceIndex index;
+  for (int i = 0; i < 1'000'000; ++i) index.Ajoute("Same", GeoPoint{0.0001 * (i % 900'000), 0});
+  index.Termine();
+  for (const char* typed : {"sa", "ame"}) {
+    const auto hits = index.Cherche(typed, GeoPoint{0.0500, 0});
+    ASSERT_EQ(hits.size(), 50U);
+    EXPECT_EQ(hits[0].row, 500U);
+  }
+}
+
 TEST(PlaceIndex, OddNamesDoNoHarm) {
   PlaceIndex index;
   index.Ajoute("", {});

@@ -125,7 +125,7 @@ void frmGeoSetup::MontreApercu() {
     }
   }
   for (int i = 0; i < lstApercu->columnCount(); ++i) lstApercu->resizeColumnToContents(i);
-  cmdTest->setEnabled(!rows.empty());
+  cmdTest->setEnabled(apercu_.PeutEssayer());
 }
 
 void frmGeoSetup::cmb_Click(GeoList list, int index) {
@@ -167,6 +167,7 @@ void frmGeoSetup::cmdPropositions_Click() {
 
 void frmGeoSetup::cmdTest_Click() {
   const auto tally = apercu_.Essaie();
+  Montre();
   if (!tally) return lblTest->clear();
   const std::string text = Remplace(Texte(c_.state.Langue, MsgId::SetupBilan), "%1",
                                     NombreGroupe(c_.state.Langue, tally->utilisables));

@@ -124,7 +124,7 @@ std::string NomAuHasard(std::mt19937& random) {
                                                "E\u0301", "Ｂ", "\u0E40", "\u0E01", "\x01",
                                                "ß",       "-",  "'",      "ǆ"};
   std::string name;
-  for (unsigned n = random() % 5; n > 0; --n) name += pieces[random() % pieces.size()];
+  for (auto n = random() % 5; n > 0; --n) name += pieces[random() % pieces.size()];
   return random() % 50 == 0 ? std::string(200, 'x') + name : name;
 }
 
@@ -201,6 +201,13 @@ TEST_F(KeptTableTest, CopiesAreForTheUserAlone) {
   ASSERT_EQ(Copies().size(), 1U);
   ASSERT_EQ(stat(Copies()[0].c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
+}
+
+TEST_F(KeptTableTest, AFolderThatOthersMayEnterIsClosedToThem) {
+  fs::create_directory(kept.folder);
+  fs::permissions(kept.folder, fs::perms::all);
+  Noms("[Key] = 'GHENT'");
+  EXPECT_EQ(fs::status(kept.folder).permissions(), fs::perms::owner_all);
 }
 
 TEST_F(KeptTableTest, ADamagedCopyIsThrownAway) {
