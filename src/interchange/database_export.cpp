@@ -33,6 +33,7 @@ class DatabaseExport {
       : c_(c),
         target_(target),
         place_(PlaceDe(target, path)),
+        autreNom_(place_.Chemin() != path),
         former_(std::move(former)),
         row_(c.state, target),
         rows_(rows, row_) {}
@@ -111,12 +112,15 @@ class DatabaseExport {
                               : (some ? MsgId::LignesNonReluesSur : MsgId::LignesNonRelues);
     const NombresDeLignes rows =
         some ? CompteLignes(c_.document()) : NombresDeLignes{rows_.Total(), rows_.Total()};
-    c_.document().DitResultat(AvecNombres(c_.state.Langue, Texte(c_.state.Langue, text), rows));
+    std::string notice = AvecNombres(c_.state.Langue, Texte(c_.state.Langue, text), rows);
+    if (autreNom_) notice += " (" + place_.file + ")";
+    c_.document().DitResultat(notice);
   }
 
   CommandContext c_;
   const DatabaseTarget& target_;
   DatabasePlace place_;
+  bool autreNom_;  ///< the file does not bear the name that was typed
   std::vector<std::string> former_;
   DatabaseRow row_;
   DatabaseRows rows_;
