@@ -23,7 +23,7 @@ namespace {
 constexpr int EngineFault = 3000;      // what no input may lead to
 constexpr int QueryTooComplex = 3360;  // what no short one may: its translation would be wrong
 constexpr std::size_t Short = 120;
-constexpr std::ptrdiff_t Deep = 12;  // parentheses, from which on it may be
+constexpr std::ptrdiff_t Deep = 12;  // parentheses and signs, from which on it may be
 constexpr std::size_t Chained = 6;   // a pattern behind a pattern says its operand twice
 constexpr int MostBeats = 20;
 
@@ -156,7 +156,7 @@ class World final : public sqlite::SqliteDatabase {
       const auto rows = OuvreRequete(text);
       for (; !rows->EOF_(); rows->MoveNext()) rows->Get(0);
     } catch (const TalpenaError& error) {
-      const auto open = std::count(text.begin(), text.end(), '(');
+      const auto open = std::ranges::count_if(text, [](char c) { return c == '(' || c == '-'; });
       const bool simple = text.size() < Short && open < Deep && Compte(text, " Like ") < Chained;
       const bool tooComplex = error.number() == QueryTooComplex && simple;
       if (error.number() != EngineFault && !tooComplex) return;
