@@ -78,7 +78,8 @@ void frmGeoSetup::ConstruitListes() {
     lblCmb[i] = Nomme(new QLabel(this), NomIndexe("lblCmb", i));
     cmb[i] = Nomme(new QComboBox(this), NomIndexe("cmb", i));
     cmb[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    cmb[i]->setMinimumContentsLength(12);
+    cmb[i]->setMinimumContentsLength(22);
+    cmb[i]->setMinimumWidth(fontMetrics().averageCharWidth() * 12);  // on a small screen
     lblCmb[i]->setBuddy(cmb[i]);
   }
 }
