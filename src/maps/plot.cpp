@@ -66,6 +66,16 @@ void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std
   if (shape == 1) canvas.Circle(x, y, diameter / 2.0);
 }
 
+void CacheSymbole(Canvas& canvas, double x, double y, double diameter) {
+  constexpr std::uint32_t white = 0xFFFFFF;
+  const std::uint32_t before = canvas.Attributs.ForeColor;
+  canvas.Attributs.ForeColor = white;
+  canvas.Attributs.FillColor = white;
+  canvas.Attributs.fillStyle = FillStyle::Solid;
+  canvas.Circle(x, y, diameter / 4.0);
+  canvas.Attributs.ForeColor = before;
+}
+
 void PlotDistri(MapContext c, MapSink& sink) {
   if (!c.state.document.Data1.EstLie() || c.state.document.Data1.recordset().RecordCount() == 0) {
     Bip(c.state, c.io);

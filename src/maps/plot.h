@@ -17,6 +17,9 @@ void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std
 /// The outline of symbols: black, solid, one pixel wide.
 void PrepareSymboles(Canvas& canvas);
 
+/// A white spot hides the middle of a symbol of this diameter, user units.
+void CacheSymbole(Canvas& canvas, double x, double y, double diameter);
+
 /// Diameter of the symbols in user units.
 float DiametreSymbole(const MapState& carte, const MapOption& options);
 
