@@ -91,7 +91,6 @@ class frmCarte : public QDialog, public MapWindow {
   void SetOptions(OngletCartes onglet);
   void picCarte_MouseDown(Qt::MouseButton button, QPointF pixel);
   void SuitPosition();
-  QPointF EnUnites(QPointF pixel) const;
 
   void CalculeScroll();
   MapFrame Cadre() const;

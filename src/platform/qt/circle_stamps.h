@@ -1,4 +1,5 @@
-// Circles of one look, drawn once for each sub-pixel place of their centre and copied from then on.
+// Circles of a few looks, drawn once for each sub-pixel place of their centre and copied from then
+// on.
 #pragma once
 #include <QImage>
 #include <array>
@@ -48,14 +49,23 @@ class CircleStamps {
     std::vector<Span> spans;
   };
 
-  const Stamp& Donne(int phaseX, int phaseY);
-  Stamp Fabrique(int phaseX, int phaseY) const;
+  /// The stamps of one look.
+  struct Set {
+    CircleLook look;
+    int margin = 0;  ///< pixels from a stamp's corner to its centre; 0 for a set not in use
+    std::array<Stamp, std::size_t{phases} * phases> stamps;
+  };
+
+  /// That of a look, which may have taken the place of the set made first.
+  Set& SetDe(const CircleLook& look);
+  static const Stamp& Donne(Set& set, int phaseX, int phaseY);
+  static Stamp Fabrique(const Set& set, int phaseX, int phaseY);
   static void Decoupe(Stamp& stamp);
   static std::ptrdiff_t Rangee(const Stamp& stamp, int row);  ///< where its pixels start
 
-  CircleLook look_;
-  int margin_ = 0;  ///< pixels from a stamp's corner to its centre
-  std::array<Stamp, std::size_t{phases} * phases> stamps_;
+  std::array<Set, 4> sets_;  ///< as many as the looks that alternate on a map
+  std::size_t last_ = 0;     ///< the set used last
+  std::size_t next_ = 0;     ///< the set that a new look takes
 };
 
 }  // namespace talpena

@@ -23,6 +23,7 @@
 
 class QAbstractButton;
 class QComboBox;
+class QDialog;
 class QLabel;
 class QLineEdit;
 class QMenu;
@@ -38,7 +39,6 @@ class Attente;
 class EditForm;
 class HelpDesk;
 class TDBGrid;
-class frmCarte;
 
 /// Menu bar, tool buttons, title lines, the grid and the status bar. What its controls do are
 /// procedures of the logic; every one of them runs inside Commande.
@@ -81,6 +81,8 @@ class Form1 : public QMainWindow,
   void MnuInfo_Click();
   void MontreEdition();
   void cmdMap_Click();
+  void MontreCarteRaster(CarteRaster choisie);
+  void MnuOptionsCartes_Click();
 
   // MainWindowView
   std::vector<Bookmark> LignesSelectionnees() override;
@@ -151,7 +153,9 @@ class Form1 : public QMainWindow,
   void cmdFirstLast_Click(int index);
   void ChangeCouleur(std::uint32_t& stored, QColor GridColours::*shown);
   void CmbTri_Click();
+  bool PeutMontrerCarte();
   void MontreCarte(bool choisit);
+  void ApresCarte();
   void Timer1_Tick();
   void SuitDocument(Changes changes);
   void MontreEntete();
@@ -211,9 +215,9 @@ class Form1 : public QMainWindow,
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   Attente* attente_ = nullptr;
-  EditForm* editForm_ = nullptr;    ///< while it is open
-  frmCarte* frmCarte_ = nullptr;    ///< as is this
-  std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
+  EditForm* editForm_ = nullptr;     ///< while it is open
+  QDialog* carteOuverte_ = nullptr;  ///< a map, of either kind, while it is open
+  std::unique_ptr<HelpDesk> aide_;   ///< opens the user guide
   Subscription observed_;
 };
 
