@@ -87,6 +87,7 @@ void OptionsMap::AppliqueLangue() {
   }
   pose(lblCouleur[outline], LabelCoulFill[outline], texte(MsgId::CouleurContour));
   pose(lblDiametre, Combo1, texte(MsgId::DiametrePoints));
+  Combo1->lineEdit()->setAccessibleName(Combo1->accessibleName());
 }
 
 void OptionsMap::changeEvent(QEvent* event) {
