@@ -88,7 +88,8 @@ void QtCanvas::ChargeImage(const std::string& path) {
   const bool tooLarge = std::max(size.width(), size.height()) > longestSide ||
                         qint64{size.width()} * size.height() > mostPixels;
   if (tooLarge) RefuseImage(native);
-  // Before it is scaled: of one with a colour table the toolkit would make a pattern of its colours.
+  // Before it is scaled: of one with a colour table the toolkit would make a pattern of its
+  // colours.
   picture.convertTo(QImage::Format_ARGB32_Premultiplied);
   if (picture.size() != size) {
     picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
@@ -97,9 +98,23 @@ void QtCanvas::ChargeImage(const std::string& path) {
   picture.setDevicePixelRatio(1);
   picturePath_ = path;
   fileSize_ = base.size();
-  pictureSize_ = shown;
-  background_ = std::move(picture);
-  mask_.Dimensionne(size.width(), size.height());
+  PoseFond(std::move(picture), shown);
+}
+
+void QtCanvas::ChangeFeuille(QSize size, double ratio) {
+  ratio_ = std::clamp(ratio, 0.25, 8.0);
+  picturePath_.clear();
+  fileSize_ = size;
+  QImage sheet(std::max(1, qRound(size.width() * ratio_)),
+               std::max(1, qRound(size.height() * ratio_)), QImage::Format_ARGB32_Premultiplied);
+  sheet.fill(Qt::white);
+  PoseFond(std::move(sheet), size);
+}
+
+void QtCanvas::PoseFond(QImage background, QSize size) {
+  pictureSize_ = size;
+  background_ = std::move(background);
+  mask_.Dimensionne(background_.width(), background_.height());
   Cls();
   ChangeEchelle(scale_);
 }

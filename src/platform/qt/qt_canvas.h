@@ -32,6 +32,8 @@ class QtCanvas final : public Canvas {
   /// Another size than its own for the picture, from now on; an empty one: its own. As by another
   /// ratio, what was drawn is gone.
   void ChangeTaille(QSize size);
+  /// A white sheet of that size takes the place of the picture.
+  void ChangeFeuille(QSize size, double ratio);
   QSize TailleFichier() const { return fileSize_; }   ///< of the picture in its file
   QSize TailleImage() const { return pictureSize_; }  ///< as it is shown, empty without one
   QPointF EnUnites(QPointF pixel) const;  ///< user units at a position of the picture shown
@@ -60,6 +62,7 @@ class QtCanvas final : public Canvas {
   SurfaceRect Cadre(double margin) const;
   SurfacePoint EnPixels(double x, double y) const;
   PixelRows Rangees();
+  void PoseFond(QImage background, QSize size);
   void Prepare();  ///< before a shape goes to the mask
   void Vide();     ///< paints what the mask holds
   void Trace(SurfacePoint from, SurfacePoint to);

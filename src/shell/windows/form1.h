@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "coord_commands/adjust.h"
+#include "gazetteer/gazetteer_context.h"
 #include "interchange/export_dialogs.h"
 #include "interchange/import_context.h"
 #include "platform/platform.h"
@@ -39,6 +40,7 @@ class Attente;
 class EditForm;
 class HelpDesk;
 class TDBGrid;
+class frmGeoQuery;
 
 /// Menu bar, tool buttons, title lines, the grid and the status bar. What its controls do are
 /// procedures of the logic; every one of them runs inside Commande.
@@ -48,6 +50,7 @@ class Form1 : public QMainWindow,
               public AdjustDialogs,
               public ExportDialogs,
               public ImportDialogs,
+              public GazetteerDialogs,
               public ShellView {
   Q_OBJECT
 
@@ -96,6 +99,7 @@ class Form1 : public QMainWindow,
   // StorePort
   void MontreOptionsPeriodes() override;
   void RecalculeCoordonnees() override;
+  void ChercheLieu(RecordScreen& fiche) override;
 
   // AdjustDialogs
   bool MontreAjustement() override;
@@ -106,6 +110,9 @@ class Form1 : public QMainWindow,
   // ImportDialogs
   void MontreImportation() override;
   void MontreImportGarmin(const std::string& fileName, int type) override;
+
+  // GazetteerDialogs
+  void MontreGeoSetup() override;
 
   // ShellView
   ScreenSize TailleEcran() const override;
@@ -215,9 +222,10 @@ class Form1 : public QMainWindow,
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   Attente* attente_ = nullptr;
-  EditForm* editForm_ = nullptr;     ///< while it is open
-  QDialog* carteOuverte_ = nullptr;  ///< a map, of either kind, while it is open
-  std::unique_ptr<HelpDesk> aide_;   ///< opens the user guide
+  EditForm* editForm_ = nullptr;        ///< while it is open
+  QDialog* carteOuverte_ = nullptr;     ///< a map, of either kind, while it is open
+  frmGeoQuery* frmGeoQuery_ = nullptr;  ///< from its first opening on
+  std::unique_ptr<HelpDesk> aide_;      ///< opens the user guide
   Subscription observed_;
 };
 
