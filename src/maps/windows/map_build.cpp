@@ -186,8 +186,6 @@ void Map::PlaceFenetre() {
   const QRect place = PlaceVisible(QRect(QPoint(stored("Left"), stored("Top")), wanted));
   resize(place.size());
   move(place.topLeft());
-  layout()->activate();
-  AjusteTaille();
 }
 
 }  // namespace talpena

@@ -24,6 +24,8 @@ TEST(Map, ShowsThePictureAndTheRows) {
   RasterMachine m;
   m.Ouvre(CarteRaster::Europe);
   EXPECT_EQ(m.form->windowTitle(), "Europe");
+  const QSize shown = m.Vue()->TailleImage(), room = m.Vue()->size();
+  EXPECT_TRUE(shown.width() == room.width() || shown.height() == room.height());
   EXPECT_EQ(m.Couleur({50, 5}), red);
   EXPECT_EQ(m.Couleur({60, 20}), white);
 }
@@ -50,7 +52,7 @@ TEST(Map, ThePictureKeepsItsProportionsInAWindowOfAnySize) {
 TEST(Map, TheReadOutFollowsTheMouseAndEndsWithThePicture) {
   RasterMachine m;
   m.Ouvre(CarteRaster::Europe);
-  m.Survole({50, 10});
+  m.Survole({52.5, 10});
   EXPECT_EQ(m.Texte("LblPosition").substr(0, 6), "Lat=+5");
   EXPECT_EQ(m.Texte("LblUTM").substr(0, 2), "E=");
   EXPECT_EQ(m.Texte("LblMGRS").substr(0, 3), "32U");
