@@ -44,7 +44,7 @@ class DatabaseExport {
     const std::vector<std::string> unknown = row_.DatumsInconnus();
     if (!unknown.empty()) DitDatumsAbsents(c_.state, c_.io, unknown);
     if (row_.MemoCoupe() && rows_.Rangee() > 0) DitMemoCoupe();
-    if (faute) throw faute->AvecConseil(Conseil(*faute));
+    if (faute) throw Conseillee(*faute);
     DitResultat(Relit());
   }
 
@@ -93,11 +93,9 @@ class DatabaseExport {
     busy.Bat();
   }
 
-  static int Conseil(const TalpenaError& faute) {
-    if (EstFauteDeRangee(faute)) return MsgId::ExportJusquIci;
-    // These words say what is in the file.
-    const bool told = EstLimiteDuFormat(faute) || faute.words().text == MsgId::ExportPremieres;
-    return told ? 0 : MsgId::ExportJusqualors;
+  /// Others say by themselves what is in the file.
+  static TalpenaError Conseillee(const TalpenaError& faute) {
+    return EstFauteDeRangee(faute) ? faute.AvecConseil(MsgId::ExportJusquIci) : faute;
   }
 
   void DitMemoCoupe() {

@@ -8,12 +8,11 @@
 #include <utility>
 #include <vector>
 
-#include "common/error_words.h"
-#include "common/grouped_number.h"
 #include "common/msg_id_export.h"
-#include "common/numbers.h"
 #include "common/paths.h"
+#include "common/string_table.h"
 #include "common/text.h"
+#include "store/filter.h"
 
 namespace talpena {
 namespace {
@@ -95,14 +94,13 @@ class DatabaseFile {
   TalpenaError FauteDuDisque(const TalpenaError& faute, std::int64_t total) {
     if (!former_.empty()) throw faute;
     const std::optional<std::int64_t> rows = CompteLignes();
-    if (!rows) return faute;
+    if (!rows) return faute.AvecConseil(MsgId::ExportJusqualors);
     if (*rows == 0) throw faute;
     const std::int16_t langue = c_.state.Langue;
-    return {faute.number(),
-            faute.description() + " (" + Str(*rows) + " rows are in the file)",
-            {.text = MsgId::ExportPremieres,
-             .about = {NombreGroupe(langue, *rows), NombreGroupe(langue, total),
-                       DescriptionErreur(langue, faute)}}};
+    ErrorWords words = faute.words();
+    words.about.push_back(
+        AvecNombres(langue, Texte(langue, MsgId::ExportPremieres), {*rows, total}));
+    return {faute.number(), faute.description(), std::move(words)};
   }
 
   std::optional<std::int64_t> CompteLignes() {

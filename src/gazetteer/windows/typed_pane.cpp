@@ -28,7 +28,7 @@ constexpr qint64 sliceMs = 8;
 
 enum Column { Name, Distance, Country, Province, Match, ColumnCount };
 /// What a column has room for at first.
-constexpr std::array samples{"Saint-Ghislain", "9999.9", "Deutschland", "Niederösterr.",
+constexpr std::array samples{"Saint-Germain-en-Laye", "9999.9", "Deutschland", "Niederösterr.",
                              "graphie voisine"};
 
 int TexteDe(PlaceMatch match) {

@@ -34,7 +34,7 @@ void PlaceMapView::Demande() {
 }
 
 void PlaceMapView::Trace() {
-  if (!carte_) return;
+  if (!carte_ || !isVisible()) return;  // it has its size once it is on show
   Dessine();
   update();
 }
