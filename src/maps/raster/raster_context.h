@@ -1,6 +1,5 @@
 // What the commands of the raster map window work with.
 #pragma once
-#include <optional>
 #include <vector>
 
 #include "maps/raster/raster_map.h"
@@ -27,9 +26,9 @@ struct GridLinePoint {
 
 /// One opening of the window.
 struct RasterSession {
-  /// The rows chosen in the grid when the map was first painted: it shows these and what is added,
-  /// or all rows when none was. Unset before.
-  std::optional<std::vector<Bookmark>> choisies;
+  /// The rows chosen in the grid when the map was opened: it shows these and what is added, or all
+  /// rows when none was.
+  std::vector<Bookmark> choisies;
   std::vector<Bookmark> ajoutes;      ///< rows of clicks, some of which may be gone again
   std::vector<GridLinePoint> lignes;  ///< drawn with PRN files
 };

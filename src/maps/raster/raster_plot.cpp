@@ -30,15 +30,14 @@ bool EstPlace(PointDegres place) {
 }
 
 /// The rows that the map shows; empty for all.
-std::vector<Bookmark> LignesMontrees(RasterSession& session, MainWindowView& vue) {
-  if (!session.choisies) session.choisies = vue.LignesSelectionnees();
-  std::vector<Bookmark> rows = *session.choisies;
+std::vector<Bookmark> LignesMontrees(const RasterSession& session) {
+  std::vector<Bookmark> rows = session.choisies;
   if (!rows.empty()) rows.insert(rows.end(), session.ajoutes.begin(), session.ajoutes.end());
   return rows;
 }
 
 void DessineDistribution(RasterContext c) {
-  const std::vector<Bookmark> chosen = LignesMontrees(c.session, c.vue);
+  const std::vector<Bookmark> chosen = LignesMontrees(c.session);
   if (!c.state.document.Data1.EstLie()) return;
   Recordset& rows = c.state.document.Data1.recordset();
   const std::int64_t total =
@@ -73,7 +72,7 @@ void ChargeCarteRaster(RasterContext c, CarteRaster choisie) {
   c.canvas.ChargeImage(carte.FichierCarte);
   c.canvas.ChangeEchelle(EchelleRaster(carte, row));
   c.carte = std::move(carte);
-  c.session = {};
+  c.session = {c.vue.LignesSelectionnees(), {}, {}};
 }
 
 void RedessineRaster(RasterContext c) {

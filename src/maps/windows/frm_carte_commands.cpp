@@ -19,6 +19,7 @@ void frmCarte::Commande(const std::function<void()>& body) {
   ExecuteCommande(state_, io_, {}, body);
   enCours_ = false;
   MontreCanevas();
+  if (attendue_ && isVisible()) QTimer::singleShot(0, this, &frmCarte::DessineAttendue);
 }
 
 void frmCarte::Charge() {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "common/talpena_error.h"
+#include "maps/raster/raster_clicks.h"
 #include "maps/raster/raster_world.h"
 
 namespace talpena {
@@ -104,6 +105,33 @@ TEST(RasterPlot, RowsChosenLaterDoNotLimitTheMap) {
   w.canvas.calls.clear();
   RedessineRaster(w.Carte());
   EXPECT_EQ(w.Cercles().size(), 2U);
+}
+
+// What was chosen limits the map though none of it is left.
+TEST(RasterPlot, AChosenRowThatWasTakenBackIsNotDrawnAnew) {
+  RasterWorld w;
+  w.Remplit({{1, 10, 20}, {2, -20, 30}, {3, 5, 5}});
+  w.vue.selection = {3, 1};
+  w.Ouvre(CarteRaster::Afrique);
+  for (const std::size_t left : {2U, 1U, 0U}) {
+    w.canvas.calls.clear();
+    RedessineRaster(w.Carte());
+    EXPECT_EQ(w.Cercles().size(), left);
+    if (left > 0) RetirePointRaster(w.Carte());
+  }
+}
+
+TEST(RasterPlot, RowsThatWereAddedAreDrawnAnewWithThoseThatWereChosen) {
+  RasterWorld w;
+  w.Remplit({{1, 10, 20}, {2, -20, 30}});
+  w.vue.selection = {2};
+  w.Ouvre(CarteRaster::Afrique);
+  RedessineRaster(w.Carte());
+  AjoutePointRaster(w.Carte(), {3, ""}, ProjetteRaster(w.carte, {5, 5}));
+  w.canvas.calls.clear();
+  RedessineRaster(w.Carte());
+  EXPECT_EQ(w.Couleurs(),
+            (std::vector<std::uint32_t>{w.state.SymbolColor[1], w.state.SymbolColor[2]}));
 }
 
 /// Diameter of a circle as a share of the picture's width.

@@ -30,6 +30,15 @@ TEST(Map, ShowsThePictureAndTheRows) {
   EXPECT_EQ(m.Couleur({60, 20}), white);
 }
 
+TEST(Map, IsOnTheScreenWithItsPictureBeforeTheRows) {
+  RasterMachine m;
+  m.Charge(CarteRaster::Europe);
+  m.form->show();
+  EXPECT_EQ(m.Couleur({50, 5}), white);
+  RasterMachine::Traite();
+  EXPECT_EQ(m.Couleur({50, 5}), red);
+}
+
 TEST(Map, AMissingPictureIsThrown) {
   RasterMachine m;
   std::filesystem::remove(m.folder / "europe.bmp");

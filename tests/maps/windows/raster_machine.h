@@ -33,10 +33,13 @@ struct RasterMachine : CoordsWorld {
   RasterMachine(const RasterMachine&) = delete;
   RasterMachine& operator=(const RasterMachine&) = delete;
 
-  Map& Ouvre(CarteRaster which) {
+  void Charge(CarteRaster which) {
     choisie = which;
     form = std::make_unique<Map>(CommandContext{state, reel, vue, vue, vue}, carte);
     form->Charge(which);
+  }
+  Map& Ouvre(CarteRaster which) {
+    Charge(which);
     form->show();
     form->activateWindow();
     Traite();
@@ -78,7 +81,8 @@ struct RasterMachine : CoordsWorld {
   }
   /// What the picture shows at a place.
   QRgb Couleur(PointDegres place) const {
-    return Vue()->grab().toImage().pixel(Point(place)) | 0xFF000000U;
+    const QImage shown = Vue()->grab().toImage();  // which may have moved the picture
+    return shown.pixel(Point(place)) | 0xFF000000U;
   }
 
   TempFolder folder;

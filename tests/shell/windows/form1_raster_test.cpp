@@ -36,11 +36,14 @@ struct RasterForm : test::Form1Machine {
   bool Ouvre(const char* entry, Body body) const {
     bool seen = false;
     {
-      const DialogDriver driver("Map", [&](QDialog& dialog) {
-        seen = true;
-        body(dialog);
-        dialog.reject();
-      });
+      const DialogDriver driver(
+          "Map",
+          [&](QDialog& dialog) {
+            seen = true;
+            body(dialog);
+            dialog.reject();
+          },
+          DialogDriver::Quand::Libre);
       Entree(entry)->trigger();
     }
     return seen;
