@@ -47,6 +47,7 @@ void Map::Charge(CarteRaster choisie) {
   chargee_ = true;
   AppliqueCarte();
   PlaceFenetre();
+  MontreCanevas();
 }
 
 void Map::AppliqueCarte() {
