@@ -19,6 +19,7 @@
 #include "maps/canvas_sink.h"
 #include "maps/map_files.h"
 #include "maps/plot.h"
+#include "maps/projection.h"
 #include "maps/raster/raster_plot.h"
 #include "maps/raster/raster_readout.h"
 #include "measure.h"
@@ -59,7 +60,11 @@ struct Mapped {
     state.document.WorkingDb->InsertRows("TALPENA", bench::generatedColumns, generator);
     state.document.Data1.Lie(*state.document.WorkingDb);
     state.document.RelieSqlCourant();
-    ChargeCarte(vector, (folder / "world.dsw").string());
+    InitFacteurs(carte);
+    if (!ChargeCarte(vector, (folder / "world.dsw").string())) {
+      std::puts("the vector map cannot be read");
+      std::exit(1);
+    }
     ChargeCarteRaster(raster, CarteRaster::Monde);
   }
   ~Mapped() { state.document.Data1 = DataControl(); }
