@@ -4,6 +4,7 @@
 #include <cmath>
 #include <utility>
 
+#include "maps/plot.h"
 #include "platform/busy.h"
 #include "store/table.h"
 
@@ -44,6 +45,7 @@ void DessineDistribution(RasterContext c) {
       chosen.empty() ? rows.RecordCount() : static_cast<std::int64_t>(chosen.size());
   if (total == 0) return;
   Busy busy(c.attente);
+  AnnonceAttente(busy, c.state, total);
   busy.Barre();
   PrepareCercles(c);
   const double radius = DiametreRaster(c) / 2;
