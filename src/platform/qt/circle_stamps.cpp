@@ -117,7 +117,7 @@ void CircleStamps::Pose(const PixelRows& target, double x, double y, const Circl
     const int first = std::max<int>(span.first, -left);
     const int count = std::min<int>(span.last, target.width - left) - first;
     if (row < 0 || row >= target.height || count <= 0) continue;
-    const std::uint32_t* above = stamp.pixels.data() + Rangee(stamp, span.row) + first;
+    const std::uint32_t* above = stamp.pixels.data() + span.from + (first - span.first);
     std::uint32_t* below =
         target.pixels + static_cast<std::ptrdiff_t>(row) * target.width + left + first;
     if (span.opaque) {
@@ -128,57 +128,62 @@ void CircleStamps::Pose(const PixelRows& target, double x, double y, const Circl
   }
 }
 
-std::ptrdiff_t CircleStamps::Rangee(const Stamp& stamp, int row) {
-  return static_cast<std::ptrdiff_t>(row) * stamp.side;
-}
-
 const CircleStamps::Stamp& CircleStamps::Donne(Set& set, int phaseX, int phaseY) {
   Stamp& stamp =
       set.stamps[static_cast<std::size_t>(phaseY) * phases + static_cast<std::size_t>(phaseX)];
-  if (stamp.side == 0) stamp = Fabrique(set, phaseX, phaseY);
+  if (!stamp.made) stamp = Fabrique(set, phaseX, phaseY);
   return stamp;
 }
 
 CircleStamps::Stamp CircleStamps::Fabrique(const Set& set, int phaseX, int phaseY) {
-  Stamp stamp;
-  stamp.side = 2 * set.margin + 2 + group;  // room on the right for whole groups
-  QImage image(stamp.side, stamp.side, QImage::Format_ARGB32_Premultiplied);
+  const int side = 2 * set.margin + 2 + group;  // room on the right for whole groups
+  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);
   DessineCercle(painter, set.margin + static_cast<double>(phaseX) / phases,
                 set.margin + static_cast<double>(phaseY) / phases, set.look);
   painter.end();
-  stamp.pixels.resize(static_cast<std::size_t>(stamp.side) * static_cast<std::size_t>(stamp.side));
-  std::memcpy(stamp.pixels.data(), image.constBits(), stamp.pixels.size() * sizeof(std::uint32_t));
-  Decoupe(stamp);
+  Stamp stamp;
+  stamp.made = true;
+  Decoupe(stamp, image);
   return stamp;
 }
 
-void CircleStamps::Decoupe(Stamp& stamp) {
-  for (int row = 0; row < stamp.side; ++row) {
-    const std::uint32_t* pixels = stamp.pixels.data() + Rangee(stamp, row);
-    const std::size_t before = stamp.spans.size();
-    for (int first = 0; first < stamp.side;) {
-      int last = first + 1;
-      while (last < stamp.side && Sorte(pixels[last]) == Sorte(pixels[first])) ++last;
-      const Cover cover = Sorte(pixels[first]);
-      const bool opaque = cover == Cover::All && last - first >= shortestCopy;
-      Span* const former = stamp.spans.size() > before ? &stamp.spans.back() : nullptr;
-      if (cover == Cover::None) {
-        // nothing to copy
-      } else if (!opaque && former != nullptr && !former->opaque && first - former->last < group) {
-        former->last = static_cast<std::int16_t>(last);
-      } else {
-        stamp.spans.push_back({static_cast<std::int16_t>(row), static_cast<std::int16_t>(first),
-                               static_cast<std::int16_t>(last), opaque});
-      }
-      first = last;
-    }
+void CircleStamps::Decoupe(Stamp& stamp, const QImage& image) {
+  const int side = image.width();
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(side) *
+                                    static_cast<std::size_t>(side));
+  std::memcpy(pixels.data(), image.constBits(), pixels.size() * sizeof(std::uint32_t));
+  for (int row = 0; row < side; ++row) {
+    DecoupeRangee(stamp, pixels.data() + static_cast<std::ptrdiff_t>(row) * side, side, row);
   }
   // What a blended span gains stays as it is: nothing is drawn there, or it is opaque.
   for (Span& span : stamp.spans) {
     const int over = (span.last - span.first) % group;
     if (!span.opaque && over != 0) span.last = static_cast<std::int16_t>(span.last + group - over);
+    span.from = static_cast<std::uint32_t>(stamp.pixels.size());
+    const auto start = pixels.begin() + static_cast<std::ptrdiff_t>(span.row) * side;
+    stamp.pixels.insert(stamp.pixels.end(), start + span.first, start + span.last);
+  }
+}
+
+void CircleStamps::DecoupeRangee(Stamp& stamp, const std::uint32_t* pixels, int side, int row) {
+  const std::size_t before = stamp.spans.size();
+  for (int first = 0; first < side;) {
+    int last = first + 1;
+    while (last < side && Sorte(pixels[last]) == Sorte(pixels[first])) ++last;
+    const Cover cover = Sorte(pixels[first]);
+    const bool opaque = cover == Cover::All && last - first >= shortestCopy;
+    Span* const former = stamp.spans.size() > before ? &stamp.spans.back() : nullptr;
+    if (cover == Cover::None) {
+      // nothing to copy
+    } else if (!opaque && former != nullptr && !former->opaque && first - former->last < group) {
+      former->last = static_cast<std::int16_t>(last);
+    } else {
+      stamp.spans.push_back({static_cast<std::int16_t>(row), static_cast<std::int16_t>(first),
+                             static_cast<std::int16_t>(last), opaque, 0});
+    }
+    first = last;
   }
 }
 

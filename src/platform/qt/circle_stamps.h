@@ -42,9 +42,12 @@ class CircleStamps {
     std::int16_t first;
     std::int16_t last;  ///< behind the last
     bool opaque;
+    std::uint32_t from;  ///< its first pixel among those of the stamp
   };
+  /// Its spans alone are kept, one behind the other, so that the stamps of all looks of a map stay
+  /// near the processor.
   struct Stamp {
-    int side = 0;
+    bool made = false;
     std::vector<std::uint32_t> pixels;
     std::vector<Span> spans;
   };
@@ -60,8 +63,8 @@ class CircleStamps {
   Set& SetDe(const CircleLook& look);
   static const Stamp& Donne(Set& set, int phaseX, int phaseY);
   static Stamp Fabrique(const Set& set, int phaseX, int phaseY);
-  static void Decoupe(Stamp& stamp);
-  static std::ptrdiff_t Rangee(const Stamp& stamp, int row);  ///< where its pixels start
+  static void Decoupe(Stamp& stamp, const QImage& image);
+  static void DecoupeRangee(Stamp& stamp, const std::uint32_t* pixels, int side, int row);
 
   std::array<Set, 4> sets_;  ///< as many as the looks that alternate on a map
   std::size_t last_ = 0;     ///< the set used last
