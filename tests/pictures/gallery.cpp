@@ -25,6 +25,8 @@
 #include "interchange/windows/rehearsal_pane.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/frm_cartes_options.h"
+#include "maps/windows/map.h"
+#include "maps/windows/options_map.h"
 #include "shell/windows/frm_aide.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/frm_message.h"
@@ -73,6 +75,14 @@ std::unique_ptr<QWidget> CreeCarte(const GalleryContext& c) {
     c.io.settings.Ecrit("TALPENA", "Carto", "LastMap", region);
   auto view = std::make_unique<frmCarte>(c.Commandes());
   if (TrouveChemin(derniere(carto + "world.dsw"))) view->Charge();
+  return view;
+}
+
+/// On one of the raster maps, where they ship.
+std::unique_ptr<QWidget> CreeRaster(const GalleryContext& c) {
+  auto view = std::make_unique<Map>(c.Commandes(), c.state.raster);
+  if (c.io.files.Existe(RasterDe(LigneRaster(CarteRaster::Gaule), c.state.AppDir).FichierCarte))
+    view->Charge(CarteRaster::Gaule);
   return view;
 }
 
@@ -198,6 +208,8 @@ constexpr std::array windows = {
     GalleryWindow{"import", CreeImportation},
     GalleryWindow{"map", CreeCarte},
     GalleryWindow{"map-options", CreeOptionsCarte},
+    GalleryWindow{"raster", CreeRaster},
+    GalleryWindow{"raster-options", [](Context c) -> Window { return std::make_unique<OptionsMap>(c.state, c.io); }},
     GalleryWindow{"message", CreeAttente},
     GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io, c.attente); }},
     GalleryWindow{"preferences", [](Context c) -> Window { return std::make_unique<Prefer>(c.Commandes()); }},

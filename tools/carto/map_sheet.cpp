@@ -74,6 +74,9 @@ Ring Coins(const Frame& f) {
 MapSheet::MapSheet(const MapRow& row)
     : row_(row), state_(EtatDe(row)), horizon_(HorizonDe(row)), window_(FenetreDe(row)) {}
 
+MapSheet::MapSheet(const MapRow& row, const MapState& cylinder)
+    : row_(row), state_(cylinder), window_{row.west, row.south, row.east, row.north} {}
+
 Frame MapSheet::Cadre() const {
   return {state_.XGauche, state_.YBas, state_.XDroite, state_.YHaut};
 }

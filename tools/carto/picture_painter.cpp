@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
+#include <QSize>
 
 namespace talpena {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 /// corner of the box on the middle of the first pixel.
 class PixelScale {
  public:
-  PixelScale(const MapSheet& sheet, int scale)
+  PixelScale(const MapSheet& sheet, double scale)
       : box_(sheet.Cadre()),
         shift_(0.5 / scale),
         beyond_(sheet.Limbe().empty() ? 1 : 0),
@@ -73,13 +74,15 @@ void PeintCouche(QPainter& painter, const DrawnLayer& layer, const Ink& ink,
 
 }  // namespace
 
-QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, int scale) {
+QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
   const PictureSize size = TailleImage(sheet.Etat());
-  QImage image(size.width * scale, size.height * scale, QImage::Format_RGB32);
+  const QSize pixels(qRound(size.width * scale), qRound(size.height * scale));
+  QImage image(pixels, QImage::Format_RGB32);
   image.fill(Qt::white);
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(scale, scale);
+  painter.scale(static_cast<double>(pixels.width()) / size.width,
+                static_cast<double>(pixels.height()) / size.height);
   const PixelScale pixel(sheet, scale);
   for (const DrawnLayer& layer : drawing)
     PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel);

@@ -24,6 +24,7 @@
 
 class QAbstractButton;
 class QComboBox;
+class QDialog;
 class QLabel;
 class QLineEdit;
 class QMenu;
@@ -39,7 +40,6 @@ class Attente;
 class EditForm;
 class HelpDesk;
 class TDBGrid;
-class frmCarte;
 class frmGeoQuery;
 
 /// Menu bar, tool buttons, title lines, the grid and the status bar. What its controls do are
@@ -84,6 +84,8 @@ class Form1 : public QMainWindow,
   void MnuInfo_Click();
   void MontreEdition();
   void cmdMap_Click();
+  void MontreCarteRaster(CarteRaster choisie);
+  void MnuOptionsCartes_Click();
 
   // MainWindowView
   std::vector<Bookmark> LignesSelectionnees() override;
@@ -158,7 +160,9 @@ class Form1 : public QMainWindow,
   void cmdFirstLast_Click(int index);
   void ChangeCouleur(std::uint32_t& stored, QColor GridColours::*shown);
   void CmbTri_Click();
+  bool PeutMontrerCarte();
   void MontreCarte(bool choisit);
+  void ApresCarte();
   void Timer1_Tick();
   void SuitDocument(Changes changes);
   void MontreEntete();
@@ -219,7 +223,7 @@ class Form1 : public QMainWindow,
   QTimer* Timer1 = nullptr;
   Attente* attente_ = nullptr;
   EditForm* editForm_ = nullptr;        ///< while it is open
-  frmCarte* frmCarte_ = nullptr;        ///< as is this
+  QDialog* carteOuverte_ = nullptr;     ///< a map, of either kind, while it is open
   frmGeoQuery* frmGeoQuery_ = nullptr;  ///< from its first opening on
   std::unique_ptr<HelpDesk> aide_;      ///< opens the user guide
   Subscription observed_;

@@ -23,6 +23,8 @@ constexpr std::array targets = {
     HelpTarget{"OptionsExport", "export-text.html"},
     HelpTarget{"frmCarte", "maps.html"},
     HelpTarget{"frmCartesOptions", "maps.html#layers"},
+    HelpTarget{"Map", "maps.html#raster"},
+    HelpTarget{"OptionsMap", "maps.html#raster"},
     HelpTarget{"frmImportation", "import-text.html"},
     HelpTarget{"frmImportGarmin", "import-waypoints.html#mapsource"},
     HelpTarget{"frmGarminOptions", "import-waypoints.html#options"},

@@ -63,6 +63,17 @@ void Directement(Form1& form, int index) {
   Appelle<Procedure>(form, index);
 }
 
+/// A raster map by the entry of its own.
+template <CarteRaster choisie>
+void OuvreRaster(Form1& form, int /*index*/) {
+  form.MontreCarteRaster(choisie);
+}
+
+/// mnuEurope: the entries are the first rows of the table of raster maps.
+void OuvreEurope(Form1& form, int index) {
+  form.MontreCarteRaster(static_cast<CarteRaster>(index));
+}
+
 /// The entries count from 1, behind their separator.
 void OuvreDernierFichier(CommandContext c, int index) { MnuLastFile_Click(c, index - 1); }
 
@@ -195,23 +206,37 @@ constexpr std::array menuEdition = {
               .condition = MenuCondition::Rows, .run = Lance<&Form1::MnuSelection_Click>},
 };
 constexpr std::array menuEurope = {
-    MenuEntry{.control = "mnuEurope", .index = 0, .base = MsgId::MenuEurope},
-    MenuEntry{.control = "mnuEurope", .index = 1, .base = MsgId::MenuEuropeCentrale},
-    MenuEntry{.control = "mnuEurope", .index = 2, .base = MsgId::MenuGaule},
-    MenuEntry{.control = "mnuEurope", .index = 3, .base = MsgId::MenuBelgique},
-    MenuEntry{.control = "mnuEurope", .index = 4, .base = MsgId::MenuPaysBas},
-    MenuEntry{.control = "mnuEurope", .index = 5, .base = MsgId::MenuIlesBritanniques},
-    MenuEntry{.control = "mnuEurope", .index = 6, .base = MsgId::MenuIberie},
-    MenuEntry{.control = "mnuEurope", .index = 7, .base = MsgId::MenuTurquie},
+    MenuEntry{.control = "mnuEurope", .index = 0, .base = MsgId::MenuEurope,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 1, .base = MsgId::MenuEuropeCentrale,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 2, .base = MsgId::MenuGaule,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 3, .base = MsgId::MenuBelgique,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 4, .base = MsgId::MenuPaysBas,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 5, .base = MsgId::MenuIlesBritanniques,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 6, .base = MsgId::MenuIberie,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 7, .base = MsgId::MenuTurquie,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
 };
 constexpr std::array menuVisualiser = {
-    MenuEntry{.control = "MnuVisMonde", .base = MsgId::MenuMonde},
+    MenuEntry{.control = "MnuVisMonde", .base = MsgId::MenuMonde,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::Monde>},
     MenuEntry{.control = "mnuEurope", .base = MsgId::MenuEurope, .children = menuEurope},
-    MenuEntry{.control = "MnuVisAsiEur", .base = MsgId::MenuAsieEurope},
-    MenuEntry{.control = "MnuVisAfrica", .base = MsgId::MenuAfrique},
-    MenuEntry{.control = "MnuVisNamer", .base = MsgId::MenuAmeriqueNord},
-    MenuEntry{.control = "MnuVisSamer", .base = MsgId::MenuAmeriqueSud},
-    MenuEntry{.control = "MnuVisAsiocea", .base = MsgId::MenuAsieOceanie},
+    MenuEntry{.control = "MnuVisAsiEur", .base = MsgId::MenuAsieEurope,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::AsieEurope>},
+    MenuEntry{.control = "MnuVisAfrica", .base = MsgId::MenuAfrique,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::Afrique>},
+    MenuEntry{.control = "MnuVisNamer", .base = MsgId::MenuAmeriqueNord,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::AmeriqueNord>},
+    MenuEntry{.control = "MnuVisSamer", .base = MsgId::MenuAmeriqueSud,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::AmeriqueSud>},
+    MenuEntry{.control = "MnuVisAsiocea", .base = MsgId::MenuAsieOceanie,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::AsieOceanie>},
     MenuEntry{.control = "MnuVisAutre", .base = MsgId::MenuAutreCarte,
               .condition = MenuCondition::Rows, .run = Directement<&Form1::MnuVisAutre_Click>},
     MenuEntry{.control = "MnuSepar", .index = 4, .caption = menuSeparator},
@@ -254,7 +279,8 @@ constexpr std::array menuOptions = {
     MenuEntry{.control = "MnuOptionsPeriodes", .base = MsgId::MenuPeriodes,
               .condition = MenuCondition::File, .run = Lance<&Form1::MontreOptionsPeriodes>},
     MenuEntry{.control = "MnuCouleurs", .base = MsgId::MenuCouleurs, .children = menuCouleurs},
-    MenuEntry{.control = "MnuOptionsCartes", .base = MsgId::MenuOptionsCartes},
+    MenuEntry{.control = "MnuOptionsCartes", .base = MsgId::MenuOptionsCartes,
+              .run = Lance<&Form1::MnuOptionsCartes_Click>},
     MenuEntry{.control = "MnuLangue", .base = MsgId::MenuLangue, .children = menuLangues},
     MenuEntry{.control = "MnuOutils", .base = MsgId::MenuOutils, .children = menuOutils},
 };
