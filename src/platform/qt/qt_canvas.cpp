@@ -82,11 +82,22 @@ void QtCanvas::ChargeImage(const std::string& path) {
   }
   picture.convertTo(QImage::Format_ARGB32_Premultiplied);
   if (picture.isNull()) RefuseImage(native);
-  picture.setDevicePixelRatio(1);
   picturePath_ = path;
-  pictureSize_ = base.size();
+  PrendImage(std::move(picture), base.size());
+}
+
+void QtCanvas::MontreImage(const QImage& picture) {
+  picturePath_.clear();
+  PrendImage(picture.convertToFormat(QImage::Format_ARGB32_Premultiplied),
+             (QSizeF(picture.size()) / ratio_).toSize());
+}
+
+/// @param size  as it is shown, before the ratio
+void QtCanvas::PrendImage(QImage picture, QSize size) {
+  picture.setDevicePixelRatio(1);
+  pictureSize_ = size;
   background_ = std::move(picture);
-  mask_.Dimensionne(size.width(), size.height());
+  mask_.Dimensionne(background_.width(), background_.height());
   Cls();
   ChangeEchelle(scale_);
 }

@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -14,6 +15,7 @@
 #include "coord_commands/adjust.h"
 #include "interchange/export_dialogs.h"
 #include "interchange/import_context.h"
+#include "platform/chart.h"
 #include "platform/platform.h"
 #include "shell/process_state.h"
 #include "shell/shell_view.h"
@@ -23,6 +25,7 @@
 
 class QAbstractButton;
 class QComboBox;
+class QDialog;
 class QLabel;
 class QLineEdit;
 class QMenu;
@@ -48,6 +51,7 @@ class Form1 : public QMainWindow,
               public AdjustDialogs,
               public ExportDialogs,
               public ImportDialogs,
+              public ChartPort,
               public ShellView {
   Q_OBJECT
 
@@ -64,6 +68,10 @@ class Form1 : public QMainWindow,
   CommandContext Commandes() { return Contexte().Commandes(); }
   ImportContext Importations() { return {Commandes(), state_.interchange, *this}; }
 
+  /// Runs one that makes a chart, which is shown once the command has ended: it may stay open all
+  /// day.
+  void CommandeGraphique(const std::function<void()>& body);
+
   /// Runs a command under the common handler, with what is typed in the grid stored before. A
   /// tick of Timer1 and the close box wait until it has ended. False when it did not end well.
   bool Commande(const std::function<void()>& body);
@@ -77,6 +85,7 @@ class Form1 : public QMainWindow,
   void MnuDatumFichier_Click();
   void MnuLmbIfbl_Click();
   void MnuVisAutre_Click();
+  void mnuResume_Click();
   void MnuAideTexte_Click();
   void MnuInfo_Click();
   void MontreEdition();
@@ -104,6 +113,9 @@ class Form1 : public QMainWindow,
   // ImportDialogs
   void MontreImportation() override;
   void MontreImportGarmin(const std::string& fileName, int type) override;
+
+  // ChartPort
+  void MontreGraphique(const ChartPicture& picture) override { graphique_ = picture; }
 
   // ShellView
   ScreenSize TailleEcran() const override;
@@ -152,6 +164,7 @@ class Form1 : public QMainWindow,
   void ChangeCouleur(std::uint32_t& stored, QColor GridColours::*shown);
   void CmbTri_Click();
   void MontreCarte(bool choisit);
+  void MontreAnalyse(QDialog& window);
   void Timer1_Tick();
   void SuitDocument(Changes changes);
   void MontreEntete();
@@ -211,9 +224,11 @@ class Form1 : public QMainWindow,
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   Attente* attente_ = nullptr;
-  EditForm* editForm_ = nullptr;    ///< while it is open
-  frmCarte* frmCarte_ = nullptr;    ///< as is this
-  std::unique_ptr<HelpDesk> aide_;  ///< opens the user guide
+  EditForm* editForm_ = nullptr;           ///< while it is open
+  frmCarte* frmCarte_ = nullptr;           ///< as is this
+  QDialog* analyse_ = nullptr;             ///< and this: a chart, a summary
+  std::optional<ChartPicture> graphique_;  ///< what the command under way made
+  std::unique_ptr<HelpDesk> aide_;         ///< opens the user guide
   Subscription observed_;
 };
 

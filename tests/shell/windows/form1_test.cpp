@@ -119,7 +119,7 @@ TEST(Form1, AMissingFileEnablesTheMenusOverAnEmptyTable) {
 TEST(Form1, EntriesWithoutACommandStayDisabledWithAFile) {
   Form1Machine m;
   m.form->Charge(m.Fichier(Form1Machine::Lignes(1)));
-  for (const char* name : {"MnuVisMonde", "mnuImportGarmin_1", "MnuParametres"}) {
+  for (const char* name : {"MnuVisMonde", "mnuImportGarmin_1"}) {
     EXPECT_FALSE(m.Entree(name)->isEnabled()) << name;
   }
 }
