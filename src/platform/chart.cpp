@@ -33,7 +33,11 @@ int PasLisible(const ChartPicture& picture, double shown, double room) {
   const auto& factors = picture.labels.empty() ? byNumber : byName;
   double step = std::max(1, picture.labelEvery);
   for (std::size_t i = 0; shown / step > std::max(1.0, room); ++i) step *= factors[i % 3];
-  while (step > 1 && shown / step < 2) step = std::max(1.0, std::floor(step / 2));
+  while (step > 1 && shown / step < 2) {
+    const double closer = std::max(1.0, std::floor(step / 2));
+    if (shown / closer > room) break;
+    step = closer;
+  }
   return static_cast<int>(step);
 }
 

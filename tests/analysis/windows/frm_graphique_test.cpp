@@ -116,7 +116,9 @@ TEST_F(ChartWindow, PicturesAreOnWhitePaperOnADarkDesktopToo) {
   const QImage light = Graphe()->EnImage({400, 300}, 1);
   window->setPalette(PaletteSombre());
   QTest::keyClick(Graphe(), Qt::Key_Right);
-  EXPECT_EQ(Graphe()->EnImage({400, 300}, 1), light);
+  const QImage dark = Graphe()->EnImage({400, 300}, 1);
+  light.save("/tmp/A16_light.png"), dark.save("/tmp/A16_dark.png");
+  EXPECT_EQ(dark, light);
   EXPECT_EQ(Graphe()->PointCourant(), 1) << "the mark comes back";
 }
 
