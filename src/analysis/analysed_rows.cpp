@@ -1,6 +1,5 @@
 #include "analysis/analysed_rows.h"
 
-#include "common/grouped_number.h"
 #include "common/msg_id_analysis.h"
 #include "common/numbers.h"
 #include "common/string_table.h"
@@ -51,16 +50,18 @@ void AnalysedRows::Parcourt(const RowVisitor& visit) const {
   }
 }
 
-std::string AnalysedRows::Lesquelles() const {
-  const std::int16_t langue = c_.state.Langue;
+CountedRows AnalysedRows::Lesquelles() const {
   const NombresDeLignes counts = CompteLignes(c_.document());
   if (!chosen_.empty()) {
-    return Remplace(Texte(langue, MsgId::LignesChoisies), "%1",
-                    NombreGroupe(langue, static_cast<std::int64_t>(chosen_.size())));
+    return {MsgId::LignesChoisies, static_cast<std::int64_t>(chosen_.size()), counts.toutes};
   }
   const bool filtered = c_.document().FiltreActif();
-  const int text = filtered ? MsgId::LignesDuFiltre : MsgId::LignesToutes;
-  return AvecNombres(langue, Texte(langue, text), counts);
+  return {filtered ? MsgId::LignesDuFiltre : MsgId::LignesToutes, counts.montrees, counts.toutes};
+}
+
+std::string TexteDesLignes(std::int16_t langue, const CountedRows& rows) {
+  if (rows.texte == 0) return {};
+  return AvecNombres(langue, Texte(langue, rows.texte), {rows.montrees, rows.toutes});
 }
 
 DateParts LitDate(std::string_view date) {

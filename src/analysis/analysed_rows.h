@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/chart.h"
 #include "store/command_context.h"
 
 namespace talpena {
@@ -16,13 +17,15 @@ class AnalysedRows {
   /// Hands over every row with all its fields, in no promised order, under the hourglass; the user
   /// may give up.
   void Parcourt(const RowVisitor& visit) const;
-  /// Which rows these are, in the interface's language.
-  std::string Lesquelles() const;
+  CountedRows Lesquelles() const;
 
  private:
   CommandContext c_;
   std::vector<Bookmark> chosen_;
 };
+
+/// Which rows were counted, in words; "" where that goes without saying.
+std::string TexteDesLignes(std::int16_t langue, const CountedRows& rows);
 
 /// Parts of a DATE, "yyyy/mm/dd", by the numeric parse of the characters at their places; 0 where
 /// the text is too short, has no number there, or one that no calendar has.

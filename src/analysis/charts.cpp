@@ -8,7 +8,6 @@
 #include "analysis/ogu_counter.h"
 #include "common/msg_id_analysis.h"
 #include "common/numbers.h"
-#include "common/string_table.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/filter.h"
@@ -54,10 +53,10 @@ void CompteUnites(Document& document, const std::string& column, Chart& graph) {
 }
 
 /// The whole table is counted: under a filter the chart says so.
-std::string RemarqueDuFiltre(CommandContext c) {
-  if (!c.document().FiltreActif()) return {};
-  return AvecNombres(c.state.Langue, Texte(c.state.Langue, MsgId::TableEntiereComptee),
-                     CompteLignes(c.document()));
+CountedRows LignesSousFiltre(Document& document) {
+  if (!document.FiltreActif()) return {};
+  const NombresDeLignes counts = CompteLignes(document);
+  return {MsgId::TableEntiereComptee, counts.montrees, counts.toutes};
 }
 
 }  // namespace
@@ -88,7 +87,7 @@ void mnuAnalyse_Click(CommandContext c, ChartPort& port, int index) {
   graph.BottomTitle(index == 0 ? c.state.LabelNumeric1 : c.state.LabelNumeric2);
   graph.LeftTitle("OGUs");
   graph.GraphTitle(c.document().Entete().BoxTitre);
-  graph.Remarque(RemarqueDuFiltre(c));
+  graph.Lignes(LignesSousFiltre(c.document()));
   graph.DrawMode();
   graph.Show();
 }
@@ -117,7 +116,7 @@ void mnuPhenolo_Click(CommandContext c, ChartPort& port) {
   graph.BottomTitle("");
   graph.LeftTitle("N");
   graph.GraphTitle(c.document().Entete().BoxTitre);
-  graph.Remarque(rows.Lesquelles());
+  graph.Lignes(rows.Lesquelles());
   graph.DrawMode();
   graph.Show();
 }

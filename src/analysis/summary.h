@@ -21,7 +21,7 @@ struct SummaryGroup {
 struct Summary {
   std::array<std::string, SummedValues> names;  ///< of the values
   std::vector<SummaryGroup> groups;             ///< all rows, then the periods, then the sexes
-  std::string lignes;                           ///< which rows these are
+  CountedRows lignes;
 };
 
 /// Of the rows chosen in the grid, else of all that it shows. A row without a year or a month

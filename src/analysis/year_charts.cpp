@@ -70,7 +70,7 @@ void AjouteSerie(Chart& graph, const std::string& name, std::span<const double> 
 
 void Acheve(CommandContext c, Chart& graph, const AnalysedRows& rows) {
   graph.GraphTitle(c.document().Entete().BoxTitre);
-  graph.Remarque(rows.Lesquelles());
+  graph.Lignes(rows.Lesquelles());
   graph.DrawMode();
   graph.Show();
 }

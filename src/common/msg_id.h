@@ -98,7 +98,7 @@ inline constexpr int EditionChamps = 983;        // "Free fields:"
 inline constexpr int AideRemarque = 984;         // "Enter begins a new line; Tab or ..."
 inline constexpr int AideChamps = 985;           // "Typing replaces the value, F2 edits it; ..."
 inline constexpr int AideDatumImpose = 986;      // "The datum is given by the coordinate system."
-inline constexpr int AideSansRepertoire = 987;   // "There is no gazetteer yet."
+inline constexpr int AideRepertoire = 987;       // "Takes coordinates and name of a place ..."
 
 // Hints of the record editor.
 inline constexpr int ReferenceSansPoint = 970;  // "This reference names no point: latitude and ..."

@@ -27,5 +27,9 @@ inline constexpr int MenuExpXlsx = 591;       // "Excel workbook (.xlsx)"
 inline constexpr int TitreEtCommentaire = 592;  // "Title and comment"
 inline constexpr int Relecture = 593;           // "Reading back..."
 inline constexpr int TableDansDossier = 594;    // "There is a table “%1” in this folder ..."
+inline constexpr int JournalACote = 404;        // "“%1” lies beside this place, so another ..."
+inline constexpr int AnciensRendus = 405;    // "An export into this folder was ...; the former ..."
+inline constexpr int NouveauxPlaces = 408;   // "An export into this folder was ... while its ..."
+inline constexpr int ExportPremieres = 409;  // "The file holds the first %1 of %2 rows."
 
 }  // namespace talpena::MsgId

@@ -91,6 +91,7 @@ inline constexpr int RemedeSeparateur = 479;  // "Commas alone part fields; repl
 inline constexpr int RemedeUtf16 = 480;       // "This file is written in UTF-16; save it as ..."
 inline constexpr int RemedeGuillemets = 481;  // "What stands behind a closing quote is dropped ..."
 inline constexpr int RemedeChamps = 482;      // "Every line needs exactly the fields ..."
+inline constexpr int RemedeCoupee = 401;      // "An end-of-file character (1A) ends ..."
 inline constexpr int RemedeEtoiles = 489;     // "Of two lines in a row that begin with * ..."
 
 // Waypoint imports: options.

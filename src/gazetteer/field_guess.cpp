@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "common/plain_form.h"
 #include "common/text.h"
 #include "gazetteer/place_point.h"
 #include "gazetteer/state.h"
@@ -40,8 +41,8 @@ constexpr std::array fieldWords{
                "breedte breedtegraad y", "latit breit breedte lat"},
     FieldWords{GeoList::Longitude, Contents::Longitude,
                "longitude long lon lng londd longdd londec longdms declon declong decimallongitude "
-               "laenge länge längengrad laengengrad longitudine lengte lengtegraad x",
-               "longit laenge länge lengte lon lng"},
+               "laenge lange langengrad laengengrad longitudine lengte lengtegraad x",
+               "longit laenge lange lengte lon lng"},
     FieldWords{GeoList::Fips, Contents::Words, "fipsqrn fips fipscode qrn", "fips"},
     FieldWords{GeoList::Province, Contents::Words,
                "adm1 provincecode provcode codeprovince adm1code provinzcode", "provcode adm1"},
@@ -56,10 +57,10 @@ constexpr std::array fieldWords{
 };
 // clang-format on
 
-/// Small letters and digits, of whatever else the name is made.
+/// Small letters without accents and digits, of whatever else the name is made.
 std::string Reduit(std::string_view name) {
   std::string kept;
-  for (const char c : Minuscules(name)) {
+  for (const char c : FormeSimple(name)) {
     const bool plain = (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9');
     if (plain || static_cast<unsigned char>(c) >= 0x80) kept += c;
   }

@@ -64,17 +64,19 @@ std::string EmpreinteTable(FileSystem& files, const std::string& folder, const s
 
 }  // namespace
 
+std::optional<std::string> GazetierFourni(const SharedState& state, Platform& io) {
+  const bool first = state.GeoFile == io.environment.LecteurCD() + std::string(DefaultName);
+  if (!first || TrouveChemin(state.GeoFile)) return {};
+  return TrouveChemin(AvecSeparateur(state.AppDir) + std::string(DefaultName));
+}
+
 std::string FichierGazetier(const SharedState& state, Platform& io) {
   const std::string& file = state.GeoFile;
   if (const FolderTable* format = FormatDeDossier(state.GeoDbType);
       format != nullptr && FinitPar(file, format->extensions[0])) {
     return RendNatif(SansSeparateur(DossierDe(file)));
   }
-  const auto there = TrouveChemin(file);
-  if (there || file != io.environment.LecteurCD() + std::string(DefaultName))
-    return RendNatif(file);
-  const std::string own = AvecSeparateur(state.AppDir) + std::string(DefaultName);
-  return TrouveChemin(own).value_or(RendNatif(file));
+  return GazetierFourni(state, io).value_or(RendNatif(file));
 }
 
 std::string EmpreinteGazetier(const SharedState& state, FileSystem& files,
@@ -92,19 +94,34 @@ Database& OpenGazetteer::Ouvre(const SharedState& state, Platform& io) {
   const std::string stamp = EmpreinteGazetier(state, io.files, path);
   if (base_ != nullptr && !stamp.empty() && stamp == stamp_) return *base_;
   Ferme();
-  std::string folder;
-  try {
-    folder = stamp.empty() ? std::string() : io.environment.DossierPrive();
-  } catch (const TalpenaError&) {  // the table is read at each opening
-  }
+  const std::string folder = stamp.empty() ? std::string() : DossierDesCopies(io);
   base_ = folder.empty() ? io.engine.OpenDatabase(path, true, state.GeoDbType)
                          : io.engine.OpenKept(path, state.GeoDbType,
-                                              {.folder = folder + SeparateurChemin() + "gazetteer",
+                                              {.folder = folder,
                                                .stamp = stamp,
                                                .table = state.GeoTable,
                                                .field = state.GeoResearchField});
   stamp_ = stamp;
   return *base_;
+}
+
+std::string OpenGazetteer::DossierDesCopies(Platform& io) const {
+  if (withoutCopy_) return {};
+  try {
+    return io.environment.DossierPrive() + SeparateurChemin() + "gazetteer";
+  } catch (const TalpenaError&) {  // the table is read at each opening
+    return {};
+  }
+}
+
+/// True when the failure is that of a copy, which is out of the way now.
+bool OpenGazetteer::Recommence(const TalpenaError& error) {
+  const int number = error.number();
+  const bool noRoom = number == ErrorNumber::DiskFull || number == ErrorNumber::DeviceFault;
+  if (number != ErrorNumber::UnrecognizedFormat && (!noRoom || withoutCopy_)) return false;
+  Ferme();
+  withoutCopy_ = withoutCopy_ || noRoom;
+  return true;
 }
 
 void OpenGazetteer::Ferme() {

@@ -6,7 +6,9 @@
 #include "common/numbers.h"
 #include "common/text.h"
 #include "gazetteer/drive.h"
+#include "gazetteer/followed_reading.h"
 #include "gazetteer/gazetteer_settings.h"
+#include "gazetteer/geo_settings.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
 
@@ -14,32 +16,6 @@ namespace talpena {
 namespace {
 
 constexpr int PathInvalid = 3044;  // the engine of other makers raises it for a path without sense
-
-/// Whose work is told of while it lives.
-class Suivi {
- public:
-  Suivi(Database& base, Busy& busy, WaitView& attente) : base_(base) {
-    base_.SuitImport([&busy](std::int64_t done, std::int64_t total) {
-      if (total > 0) busy.Avance(done, total);
-      busy.Bat();
-    });
-    base_.SuitTravail([&attente] { return attente.Bat(); });
-  }
-  ~Suivi() {
-    base_.SuitImport({});
-    base_.SuitTravail({});
-  }
-  Suivi(const Suivi&) = delete;
-  Suivi& operator=(const Suivi&) = delete;
-
- private:
-  Database& base_;
-};
-
-std::string EntreCrochets(const std::string& table) {
-  const bool bracketed = table.size() > 1 && table.front() == '[' && table.back() == ']';
-  return bracketed ? table : "[" + table + "]";
-}
 
 void ControleLecteur(GazetteerContext c) {
   const std::string path = FichierGazetier(c.state, c.io);
@@ -53,9 +29,7 @@ void VideListe(GeoQueryScreen& ecran) {
 }
 
 void MontreLieux(GazetteerContext c, GeoQueryScreen& ecran, Database& base, GeoSearch kind) {
-  Busy busy(c.attente);
-  busy.Barre().Annulable();
-  const Suivi suivi(base, busy, c.attente);
+  const FollowedReading reading(base, c.attente);
   ecran.ListView1 =
       PlaceList(c.state, base.OpenRecordset(InstructionRecherche(c.state, kind, ecran.txt)));
   ecran.lblNbre = Str(static_cast<std::int64_t>(ecran.ListView1.Nombre()));
@@ -77,23 +51,12 @@ void DitEchec(GazetteerContext c, GeoQueryScreen& ecran, const TalpenaError& err
   ecran.suite = GeoAfter::Closes;
 }
 
-void ChercheUneFois(GazetteerContext c, GeoQueryScreen& ecran, GeoSearch kind) {
-  Database& base = ecran.base.Ouvre(c.state, c.io);
-  VideListe(ecran);
-  if (ecran.txt.empty()) return Bip(c.state, c.io);
-  MontreLieux(c, ecran, base, kind);
-}
-
-/// A damaged copy is gone by then: the second time the gazetteer itself is read.
 void Recherche(GazetteerContext c, GeoQueryScreen& ecran, GeoSearch kind) {
-  try {
-    ChercheUneFois(c, ecran, kind);
-  } catch (const TalpenaError& error) {
-    if (error.number() != ErrorNumber::UnrecognizedFormat) throw;
+  ecran.base.Lit(c.state, c.io, [&](Database& base) {
     VideListe(ecran);
-    ecran.base.Ferme();
-    ChercheUneFois(c, ecran, kind);
-  }
+    if (ecran.txt.empty()) return Bip(c.state, c.io);
+    MontreLieux(c, ecran, base, kind);
+  });
 }
 
 }  // namespace
@@ -112,8 +75,7 @@ std::string InstructionRecherche(const SettingsState& settings, GeoSearch kind,
   text = Rogne(Majuscules(text));
   const std::string& order =
       settings.GeoSort != 0 ? settings.GeoFipsField : settings.GeoResearchField;
-  return "SELECT * FROM " + EntreCrochets(settings.GeoTable) + " WHERE [" +
-         settings.GeoResearchField + "]" +
+  return ToutesLesLignes(settings) + " WHERE [" + settings.GeoResearchField + "]" +
          (kind == GeoSearch::Exact ? " = '" + text + "'" : " LIKE '" + text + "*'") +
          " ORDER BY [" + order + "];";
 }
@@ -131,15 +93,18 @@ void cmd_Click(GazetteerContext c, GeoQueryScreen& ecran, GeoSearch kind) {
   });
 }
 
+std::optional<RegionFont> PoliceDe(const GazetteerState& gazetteer, const PlaceItem& item) {
+  const double font = Val(item.Texte(PlaceColumn::Font));
+  if (font < 1 || font > static_cast<double>(RegionCount)) return {};
+  return gazetteer.Polices[static_cast<std::size_t>(font) - 1];
+}
+
 void AfficheNom(GazetteerContext c, GeoQueryScreen& ecran, const PlaceItem& item) {
+  const auto font = PoliceDe(c.gazetteer, item);
   ecran.PicName = item.Texte(PlaceColumn::Name);
-  ecran.police = c.gazetteer.Polices[0];
+  ecran.police = font.value_or(c.gazetteer.Polices[0]);
   ExecuteCommande(c.state, c.io, {}, [&] {
-    const double font = Val(item.Texte(PlaceColumn::Font));
-    if (font < 1 || font > static_cast<double>(RegionCount)) {
-      throw TalpenaError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
-    }
-    ecran.police = c.gazetteer.Polices[static_cast<std::size_t>(font) - 1];
+    if (!font) throw TalpenaError(ErrorNumber::SubscriptOutOfRange, "Subscript out of range");
   });
 }
 

@@ -49,6 +49,9 @@ std::string InstructionRecherche(const SettingsState& settings, GeoSearch kind,
 /// otherwise the dialog closes.
 void cmd_Click(GazetteerContext c, GeoQueryScreen& ecran, GeoSearch kind);
 
+/// The font that an item asks for; empty for one outside the table.
+std::optional<RegionFont> PoliceDe(const GazetteerState& gazetteer, const PlaceItem& item);
+
 /// Shows the name of an item in the font that it asks for; one outside the table is told (9) and
 /// shown in the first.
 void AfficheNom(GazetteerContext c, GeoQueryScreen& ecran, const PlaceItem& item);

@@ -47,4 +47,10 @@ std::string ConnectDuFichier(std::string_view path, const std::string& before) {
   return before;
 }
 
+std::string ToutesLesLignes(const SettingsState& settings) {
+  const std::string& table = settings.GeoTable;
+  const bool bracketed = table.size() > 1 && table.front() == '[' && table.back() == ']';
+  return "SELECT * FROM " + (bracketed ? table : "[" + table + "]");
+}
+
 }  // namespace talpena

@@ -17,6 +17,9 @@ PerGeoList<std::string> NomsGeo(const SettingsState& state);
 /// File, connect string, datum and all names.
 void PrendReglages(SettingsState& state, const SetupFile& setup);
 
+/// The beginning of a statement over the table, whose name is put in brackets unless it has them.
+std::string ToutesLesLignes(const SettingsState& settings);
+
 /// Formats whose tables are files of one folder.
 struct FolderFormat {
   std::string_view connect;

@@ -13,6 +13,8 @@
 #include "coords/datum.h"
 #include "coords/datum_choice.h"
 #include "gazetteer/drive.h"
+#include "gazetteer/followed_reading.h"
+#include "gazetteer/gazetteer_file.h"
 #include "gazetteer/geo_settings.h"
 #include "gazetteer/state.h"
 #include "platform/busy.h"
@@ -55,8 +57,12 @@ void GeoChoices::Choisit(std::string_view text) {
   choix = found == entrees.end() ? -1 : static_cast<int>(found - entrees.begin());
 }
 
+void GeoChoices::Choisit(int position) {
+  choix = position < static_cast<int>(entrees.size()) ? std::max(position, -1) : -1;
+}
+
 void GeoSetup::Charge() {
-  form_.lblFile = c_.state.GeoFile;
+  form_.lblFile = GazetierFourni(c_.state, c_.io).value_or(c_.state.GeoFile);
   form_.lblDbType = c_.state.GeoDbType;
   form_.lblDatum = c_.state.GeoDatum;
   form_.Option1 = c_.state.GeoSort;
@@ -74,7 +80,8 @@ void GeoSetup::MapGeo() {
   ControleDisque();
   if (form_.lblFile.empty()) return;
   try {
-    const Busy busy(c_.attente);
+    Busy busy(c_.attente);
+    busy.Annulable();
     OuvreBase();
     ListeTables();
     form_.Liste(GeoList::Table).Choisit(c_.state.GeoTable);
@@ -152,6 +159,7 @@ void GeoSetup::LitChamps() {
   if (chosen < 0) return;
   const Source& source = sources_[static_cast<std::size_t>(chosen)];
   if (source.abimee) OuvreAbimee(source.nom);
+  const FollowedReading reading(*base_, c_.attente);  // a query is run for its fields
   champs_ = source.requete ? base_->Query(source.nom).fields : base_->Table(source.nom).fields;
 }
 
@@ -190,9 +198,10 @@ void GeoSetup::AppliqueRegleFips() {
 }
 
 void GeoSetup::cmb_Click(GeoList list, int index) {
-  form_.Liste(list).choix = index;
+  form_.Liste(list).Choisit(index);
   if (list == GeoList::Table) {
-    const Busy busy(c_.attente);
+    Busy busy(c_.attente);
+    busy.Annulable();
     MapFieldGeo();
   }
   if (list == GeoList::Fips) AppliqueRegleFips();

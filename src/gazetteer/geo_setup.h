@@ -25,6 +25,10 @@ struct GeoChoices {
   }
   /// Chooses the entry that equals a text; none where there is no such.
   void Choisit(std::string_view text);
+  /// Chooses the entry at a position; none where there is no such.
+  void Choisit(int position);
+
+  friend bool operator==(const GeoChoices&, const GeoChoices&) = default;
 };
 
 /// What stands in the controls.
@@ -79,8 +83,8 @@ class GeoSetup {
   const GeoSetupForm& Form() const { return form_; }
   /// The fields of the chosen table or query; none when none is chosen or it cannot be read.
   const std::vector<FieldDef>& Champs() const { return champs_; }
-  /// What is open; nullptr when nothing is.
-  Database* Base() const { return base_.get(); }
+  /// What the controls say.
+  SetupFile Releve() const;
 
  private:
   struct Source {
@@ -107,7 +111,6 @@ class GeoSetup {
   void OuvreSetup();
   bool TrouveFichier(SetupFile& setup, const std::string& path);
   void Prend(const SetupRead& read);
-  SetupFile Releve() const;
 
   CommandContext c_;
   GeoSetupDialogs& dialogs_;

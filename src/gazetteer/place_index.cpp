@@ -7,8 +7,8 @@
 #include <numeric>
 #include <utility>
 
+#include "common/plain_form.h"
 #include "common/text.h"
-#include "gazetteer/plain_form.h"
 
 namespace talpena {
 namespace {
@@ -22,17 +22,18 @@ constexpr std::size_t mostBytes = std::size_t{1} << 31;
 bool EstQuelquePart(const SphereDirection& d) { return !std::isnan(d[0]); }
 
 /// The first place from `from` on where a piece of at least two bytes stands; npos when there is
-/// none. Looks at 64 places at once for its first and last byte, in a loop that compilers turn into
-/// wide comparisons.
+/// none. Looks at 64 places at once for its first two bytes and its last, in a loop that compilers
+/// turn into wide comparisons.
 std::size_t ChercheOctets(std::string_view text, std::string_view piece, std::size_t from) {
   constexpr std::size_t block = 64;
   const std::size_t gap = piece.size() - 1;
-  const char first = piece.front(), last = piece.back();
+  const char first = piece[0], second = piece[1], last = piece.back();
   for (; from + block + gap <= text.size(); from += block) {
     const char* at = text.data() + from;
     unsigned char any = 0;
     for (std::size_t i = 0; i < block; ++i) {
-      any |= static_cast<unsigned char>((at[i] == first) & (at[i + gap] == last));
+      any |= static_cast<unsigned char>((at[i] == first) & (at[i + 1] == second) &
+                                        (at[i + gap] == last));
     }
     if (any == 0) continue;
     for (std::size_t i = 0; i < block; ++i) {
@@ -44,39 +45,53 @@ std::size_t ChercheOctets(std::string_view text, std::string_view piece, std::si
   return text.find(piece, std::min(from, text.size()));
 }
 
+/// The first of rising numbers above `value`, from `from` on, near which it is expected.
+std::size_t PremierAuDessus(const std::vector<std::uint32_t>& numbers, std::size_t from,
+                            std::size_t value) {
+  std::size_t step = 1;
+  while (from + step < numbers.size() && numbers[from + step] <= value) step *= 2;
+  const auto at = [&](std::size_t i) {
+    return numbers.begin() + static_cast<std::ptrdiff_t>(std::min(i, numbers.size()));
+  };
+  const auto next = std::upper_bound(at(from + step / 2), at(from + step + 1), value);
+  return static_cast<std::size_t>(next - numbers.begin());
+}
+
+/// Puts an array into the order of `rows`; the former one goes before the next is made.
+template <typename Element>
+void Range(std::vector<Element>& array, const std::vector<std::uint32_t>& rows) {
+  std::vector<Element> sorted;
+  sorted.reserve(rows.size());
+  for (const std::uint32_t row : rows) sorted.push_back(array[row]);
+  array = std::move(sorted);
+}
+
+}  // namespace
+
 /// A place that meets the search, and by what it is ordered.
-struct Candidate {
+struct PlaceIndex::Candidate {
   std::uint32_t rank = 0;
   PlaceMatch match = PlaceMatch::Plain;
-  float chord = 0;  ///< square; infinite without a point
+  float away = 0;  ///< what orders as the distance does; infinite without a point
 
   bool operator<(const Candidate& other) const {
     if (match != other.match) return match < other.match;
-    return chord != other.chord ? chord < other.chord : rank < other.rank;
+    return away != other.away ? away < other.away : rank < other.rank;
   }
 };
-
-}  // namespace
 
 struct PlaceIndex::Search {
   std::string typed;  ///< small letters
   std::string plain;
   std::optional<SphereDirection> near = std::nullopt;
+  bool nearest = false;  ///< first, by that point or by the measures
   std::size_t most = 0;
   std::pair<std::uint32_t, std::uint32_t> begins{};  ///< ranks whose plain forms begin with it
   std::vector<Candidate> found{};
   std::size_t better = 0;  ///< found that begin with it or contain it as typed
 
-  /// Without a point the first ones of the alphabet are the best: no more are needed.
-  bool Assez() const { return !near && better >= most; }
-  void Ajoute(std::uint32_t rank, PlaceMatch match, const SphereDirection& point) {
-    float chord = 0;
-    if (near) {
-      chord = EstQuelquePart(point) ? Corde2(point, *near) : std::numeric_limits<float>::infinity();
-    }
-    found.push_back({rank, match, chord});
-    if (match != PlaceMatch::Plain) ++better;
-  }
+  /// In alphabetical order the first ones are the best: no more are needed.
+  bool Assez() const { return !nearest && better >= most; }
 };
 
 void PlaceIndex::Ajoute(std::string_view name, std::optional<GeoPoint> point) {
@@ -101,22 +116,17 @@ void PlaceIndex::Termine() {
   };
   std::stable_sort(rows_.begin(), rows_.end(),
                    [&](std::uint32_t a, std::uint32_t b) { return plain(a) < plain(b); });
-  PlaceIndex sorted;
-  sorted.plain_.reserve(plain_.size());
-  sorted.starts_.reserve(rows_.size() + 1);
-  sorted.nameAt_.reserve(rows_.size());
-  sorted.points_.reserve(rows_.size());
-  for (const std::uint32_t row : rows_) {
-    sorted.starts_.push_back(static_cast<std::uint32_t>(sorted.plain_.size()));
-    sorted.plain_.append(plain(row)).push_back('\0');
-    sorted.nameAt_.push_back(nameAt_[row]);
-    sorted.points_.push_back(points_[row]);
+  Range(nameAt_, rows_);
+  Range(points_, rows_);
+  std::string texts;
+  texts.reserve(plain_.size());
+  for (const std::uint32_t row : rows_) texts.append(plain(row)).push_back('\0');
+  plain_ = std::move(texts);
+  starts_.clear();
+  for (std::size_t at = 0; at < plain_.size(); at = plain_.find('\0', at) + 1) {
+    starts_.push_back(static_cast<std::uint32_t>(at));
   }
-  sorted.starts_.push_back(static_cast<std::uint32_t>(sorted.plain_.size()));
-  plain_ = std::move(sorted.plain_);
-  starts_ = std::move(sorted.starts_);
-  nameAt_ = std::move(sorted.nameAt_);
-  points_ = std::move(sorted.points_);
+  starts_.push_back(static_cast<std::uint32_t>(plain_.size()));
   names_.shrink_to_fit();
 }
 
@@ -154,10 +164,33 @@ std::pair<std::uint32_t, std::uint32_t> PlaceIndex::Debuts(const std::string& pl
           partition([&](std::string_view name) { return name.substr(0, plain.size()) <= plain; })};
 }
 
+void PlaceIndex::Trouve(Search& search, std::uint32_t rank) const {
+  const PlaceMatch match = Correspond(rank, search);
+  float away = 0;
+  if (search.near) {
+    const SphereDirection& point = points_[rank];
+    away = EstQuelquePart(point) ? Corde2(point, *search.near)
+                                 : std::numeric_limits<float>::infinity();
+  } else if (search.nearest) {
+    away = kms_[rank];
+  }
+  search.found.push_back({rank, match, away});
+  if (match != PlaceMatch::Plain) ++search.better;
+}
+
+bool PlaceIndex::Mesure(const NearestRecord& records, std::size_t count) {
+  for (const std::size_t end = std::min(kms_.size() + count, rows_.size()); kms_.size() < end;) {
+    const SphereDirection& point = points_[kms_.size()];
+    const auto km = EstQuelquePart(point) ? records.DistanceKm(PointDe(point)) : std::nullopt;
+    kms_.push_back(km ? static_cast<float>(*km) : std::numeric_limits<float>::infinity());
+  }
+  return kms_.size() < rows_.size();
+}
+
 void PlaceIndex::AjouteDebuts(Search& search) const {
   for (std::uint32_t rank = search.begins.first; rank < search.begins.second; ++rank) {
     if (search.Assez()) return;
-    search.Ajoute(rank, Correspond(rank, search), points_[rank]);
+    Trouve(search, rank);
   }
 }
 
@@ -166,12 +199,12 @@ void PlaceIndex::AjouteContenus(Search& search) const {
   std::uint32_t rank = 0;
   std::size_t at = 0;
   while ((at = ChercheOctets(text, search.plain, at)) != std::string_view::npos) {
-    const auto next = std::upper_bound(starts_.begin() + rank, starts_.end(), at);
-    rank = static_cast<std::uint32_t>(next - starts_.begin()) - 1;
+    const std::size_t next = PremierAuDessus(starts_, rank, at);
+    rank = static_cast<std::uint32_t>(next) - 1;
     const bool known = rank >= search.begins.first && rank < search.begins.second;
-    if (!known) search.Ajoute(rank, Correspond(rank, search), points_[rank]);
+    if (!known) Trouve(search, rank);
     if (search.Assez()) return;
-    at = *next;
+    at = starts_[next];
   }
 }
 
@@ -180,6 +213,7 @@ std::vector<PlaceHit> PlaceIndex::Cherche(std::string_view typed, std::optional<
   Search search{.typed = Minuscules(Rogne(typed)), .plain = FormeSimple(typed), .most = most};
   if (search.plain.size() < FewestLetters || rows_.empty()) return {};
   if (near) search.near = DirectionDe(*near);
+  search.nearest = near || EstMesure();
   search.begins = Debuts(search.plain);
   AjouteDebuts(search);
   const auto begin = [](const Candidate& c) { return c.match == PlaceMatch::Begins; };

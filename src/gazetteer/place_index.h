@@ -33,19 +33,28 @@ class PlaceIndex {
   void Ajoute(std::string_view name, std::optional<GeoPoint> point);
   void Termine();
 
+  /// Behind Termine: how far the next `count` places are from the nearest of these records. False
+  /// once all are measured; from then on searches without a point give the nearest first.
+  bool Mesure(const NearestRecord& records, std::size_t count);
+  void OublieMesures() { kms_.clear(); }
+
   std::size_t Nombre() const { return points_.size(); }
 
   /// The fewest letters, as FormeSimple has them, that are looked for.
   static constexpr std::size_t FewestLetters = 2;
 
   /// The best `most` places for a text as it was typed: by their match, then the nearest to `near`
-  /// first, without a point in alphabetical order. Places without a point go last.
+  /// first, without a point by their measures or in alphabetical order. Places without a point go
+  /// last.
   std::vector<PlaceHit> Cherche(std::string_view typed, std::optional<GeoPoint> near,
                                 std::size_t most = 50) const;
 
  private:
+  struct Candidate;
   struct Search;
 
+  bool EstMesure() const { return !rows_.empty() && kms_.size() == rows_.size(); }
+  void Trouve(Search& search, std::uint32_t rank) const;
   std::string_view Simple(std::uint32_t rank) const;
   std::string_view Nom(std::uint32_t rank) const;
   PlaceMatch Correspond(std::uint32_t rank, const Search& search) const;
@@ -60,6 +69,7 @@ class PlaceIndex {
   std::vector<std::uint32_t> nameAt_;    ///< where in names_; SameAsPlain when it does not
   std::vector<SphereDirection> points_;  ///< NaN for none
   std::vector<std::uint32_t> rows_;      ///< by ranks
+  std::vector<float> kms_;               ///< to the nearest record, by ranks, as far as measured
 };
 
 }  // namespace talpena

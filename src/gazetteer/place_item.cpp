@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 
+#include "common/decimal_columns.h"
 #include "common/numbers.h"
-#include "common/talpena_error.h"
 #include "common/text.h"
 #include "coords/dms_text.h"
 #include "gazetteer/place_name.h"
+#include "gazetteer/place_point.h"
 
 namespace talpena {
 namespace {
@@ -28,20 +28,26 @@ std::string ChampRogne(std::span<const Cell> row, int field) {
   return std::string(Rogne(Champ(row, field)));
 }
 
-std::optional<double> Coordonnee(const Cell& cell) {
-  const bool text = cell.kind == Cell::Kind::Text;
-  if (cell.EstNull() || (text && Rogne(cell.text).empty())) return std::nullopt;
-  try {
-    const double value = text ? Val(Remplace(cell.text, ",", ".")) : cell.Nombre();
-    return std::isfinite(value) ? std::optional(value) : std::nullopt;
-  } catch (const TalpenaError&) {
-    return std::nullopt;
+/// A number that is not negative as "00" makes it: halves go up.
+void AjouteDeux(std::string& text, double number) {
+  constexpr double mostQuick = 1e9;  // what is longer is cut off by its column
+  if (number < mostQuick) {
+    AjouteEntier(text, std::llround(number), 2);
+  } else {
+    text += Format(number, "00");
   }
 }
 
 std::string Assemble(double degrees, double minutes, double seconds, char letter) {
-  return Format(degrees, "00") + "°" + Format(minutes, "00") + "'" + Format(seconds, "00") + "\"" +
-         letter;
+  std::string text;
+  AjouteDeux(text, degrees);
+  text += "°";
+  AjouteDeux(text, minutes);
+  text += '\'';
+  AjouteDeux(text, seconds);
+  text += '"';
+  text += letter;
+  return text;
 }
 
 /// What one coordinate puts into the list.
@@ -64,7 +70,7 @@ constexpr std::array coordinateForms{
 void RemplitCoordonnees(const PlaceFields& fields, std::span<const Cell> row, PlaceItem& item) {
   constexpr std::size_t rawWidth = 8;
   for (const CoordinateForm& form : coordinateForms) {
-    const auto value = Coordonnee(row[static_cast<std::size_t>(fields.*form.field)]);
+    const auto value = CoordonneeDuLieu(row[static_cast<std::size_t>(fields.*form.field)]);
     if (!value) continue;
     item.Texte(form.raw) = PremiersCaracteres(Format(*value, form.mask), rawWidth);
     const std::string dms = TexteDmsDuLieu(*value, fields.coordType, form.letters);
@@ -72,12 +78,20 @@ void RemplitCoordonnees(const PlaceFields& fields, std::span<const Cell> row, Pl
   }
 }
 
+/// As it is stored, its tags among it.
+std::string NomStocke(const PlaceFields& fields, std::span<const Cell> row) {
+  return std::string(PremiersCaracteres(Champ(row, fields.name), LongestPlaceName));
+}
+
+std::string NomMontre(std::string stored) {
+  GeoFormat(stored);
+  return std::string(Rogne(stored));
+}
+
 void RemplitNom(const PlaceFields& fields, std::span<const Cell> row, PlaceItem& item) {
-  const std::string whole = Champ(row, fields.name);
-  std::string name(PremiersCaracteres(whole, LongestPlaceName));
-  item.Texte(PlaceColumn::Font) = std::to_string(NumeroPolice(name));
-  GeoFormat(name);
-  item.Texte(PlaceColumn::Name) = Rogne(name);
+  const std::string stored = NomStocke(fields, row);
+  item.Texte(PlaceColumn::Font) = std::to_string(NumeroPolice(stored));
+  item.Texte(PlaceColumn::Name) = NomMontre(stored);
 }
 
 /// Country and division: two characters each.
@@ -151,6 +165,10 @@ PlaceItem FaitItem(const PlaceFields& fields, std::span<const Cell> row) {
   item.Texte(PlaceColumn::Country) = ChampRogne(row, fields.country);
   item.Texte(PlaceColumn::Province) = ChampRogne(row, fields.provinceName);
   return item;
+}
+
+std::string NomDuLieu(const PlaceFields& fields, std::span<const Cell> row) {
+  return NomMontre(NomStocke(fields, row));
 }
 
 std::string TexteDmsDuLieu(double value, std::int16_t type, std::string_view letters) {

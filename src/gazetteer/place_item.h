@@ -85,6 +85,9 @@ PlaceFields ChampsDesLieux(const SettingsState& settings, const Recordset& rows)
 /// leaves its columns empty.
 PlaceItem FaitItem(const PlaceFields& fields, std::span<const Cell> row);
 
+/// The name alone: cut, without tags, trimmed.
+std::string NomDuLieu(const PlaceFields& fields, std::span<const Cell> row);
+
 /// A coordinate as the list shows it: degrees, minutes, seconds and a letter, which has the sign.
 /// @param type  of the stored value: 0 DDMMSS, 1 decimal degrees; "" for any other
 /// @param letters  for a positive and a negative value

@@ -7,6 +7,7 @@
 
 #include "common/talpena_error.h"
 #include "common/text.h"
+#include "gazetteer/place_point.h"
 
 namespace talpena {
 
@@ -24,12 +25,31 @@ const PlaceItem& PlaceList::Item(std::size_t place) {
   row_ = row;
   item_ = {};
   try {
-    rows_->SetAbsolutePosition(static_cast<std::int64_t>(row));
-    rows_->LitLigne(cells_);
-    item_ = FaitItem(fields_, cells_);
+    item_ = FaitItem(fields_, Ligne(row));
   } catch (const TalpenaError&) {  // a list that is painted has nobody to tell: the line is empty
   }
   return item_;
+}
+
+std::span<const Cell> PlaceList::Ligne(std::size_t row) {
+  rows_->SetAbsolutePosition(static_cast<std::int64_t>(row));
+  rows_->LitLigne(cells_);
+  return cells_;
+}
+
+NamedPoint PlaceList::NomEtPoint(std::size_t place) {
+  try {
+    const auto cells = Ligne(RangeeDe(place));
+    NamedPoint named{NomDuLieu(fields_, cells), {}};
+    const auto cell = [&](int field) { return cells[static_cast<std::size_t>(field)]; };
+    if (const auto point =
+            PointDuLieu(cell(fields_.latitude), cell(fields_.longitude), fields_.coordType)) {
+      named.point = GeoPoint{point->latitude, point->longitude};
+    }
+    return named;
+  } catch (const TalpenaError&) {  // as in Item
+    return {};
+  }
 }
 
 std::size_t PlaceList::RangeeDe(std::size_t place) const {

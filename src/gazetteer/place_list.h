@@ -4,11 +4,20 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <span>
+#include <string>
 #include <vector>
 
+#include "gazetteer/nearest_record.h"
 #include "gazetteer/place_item.h"
 
 namespace talpena {
+
+/// What the search while typing keeps of a place.
+struct NamedPoint {
+  std::string nom;
+  std::optional<GeoPoint> point;
+};
 
 /// Items are made when they are looked at, so that a list of a million places costs a few bytes
 /// each.
@@ -22,6 +31,9 @@ class PlaceList {
   /// The item at a place of the list; valid until the next call.
   const PlaceItem& Item(std::size_t place);
 
+  /// The same place in short.
+  NamedPoint NomEtPoint(std::size_t place);
+
   /// Sorts by the texts of a column, without regard to case; by the same column again: the other
   /// way round.
   void TrieParColonne(PlaceColumn column);
@@ -30,6 +42,8 @@ class PlaceList {
   std::size_t PlaceDe(std::size_t row) const;
 
  private:
+  std::span<const Cell> Ligne(std::size_t row);
+
   std::unique_ptr<Recordset> rows_;
   PlaceFields fields_;
   std::size_t count_ = 0;

@@ -28,16 +28,20 @@ std::optional<double> Coordonnee(const Cell& cell, std::int16_t type, double hig
 
 }  // namespace
 
-std::optional<double> NombreDuLieu(const Cell& cell) {
-  if (cell.EstNull()) return {};
-  if (cell.kind == Cell::Kind::Text && !EstNumerique(cell.text)) return {};
+std::optional<double> CoordonneeDuLieu(const Cell& cell) {
+  const bool text = cell.kind == Cell::Kind::Text;
+  if (cell.EstNull() || (text && Rogne(cell.text).empty())) return {};
   try {
-    const double value =
-        cell.kind == Cell::Kind::Text ? Val(Remplace(cell.text, ",", ".")) : cell.Nombre();
+    const double value = text ? Val(Remplace(cell.text, ",", ".")) : cell.Nombre();
     return std::isfinite(value) ? std::optional(value) : std::nullopt;
   } catch (const TalpenaError&) {  // beyond all numbers
     return {};
   }
+}
+
+std::optional<double> NombreDuLieu(const Cell& cell) {
+  const bool words = cell.kind == Cell::Kind::Text && !EstNumerique(cell.text);
+  return words ? std::nullopt : CoordonneeDuLieu(cell);
 }
 
 std::optional<PlacePoint> PointDuLieu(const Cell& latitude, const Cell& longitude,

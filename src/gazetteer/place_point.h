@@ -10,8 +10,11 @@ namespace talpena {
 /// Degrees that no coordinate exceeds.
 inline constexpr double HighestLatitude = 90, HighestLongitude = 180;
 
-/// A number of a table; a text has to be one as a whole, with a point or a comma. Empty for
-/// anything else.
+/// A stored coordinate as a search reads it: of a text the number that it begins with, with a point
+/// or a comma, and 0 when it begins with none. Empty for Null, for blanks and beyond all numbers.
+std::optional<double> CoordonneeDuLieu(const Cell& cell);
+
+/// The same, but of a text only when it is a number as a whole.
 std::optional<double> NombreDuLieu(const Cell& cell);
 
 /// Decimal degrees, north and east positive.

@@ -37,7 +37,7 @@ struct SetupFile {
   std::string File;    ///< the database, or the folder of the tables
   std::string DbType;  ///< connect string
   std::string Datum;
-  PerGeoList<std::string> Noms;
+  PerGeoList<std::string> Noms{};
   std::array<bool, 2> Option1{};  ///< sorted by the locality, by FIPS
   std::array<bool, 2> Option2{};  ///< DDMMSS, decimal degrees
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "gazetteer/field_guess.h"
+#include "gazetteer/gazetteer_file.h"
 #include "gazetteer/geo_setup.h"
 #include "gazetteer/place_item.h"
 
@@ -23,12 +24,16 @@ struct SampleTally {
   std::int64_t lignes = 0;
 };
 
+/// They are read through the copy of the table that the query keeps too: once a table was looked
+/// at here, the first search finds it read.
 class SetupSample {
  public:
   static constexpr std::size_t most = 20;  ///< rows that are kept
 
   SetupSample(CommandContext c, const GeoSetup& setup) : c_(c), setup_(setup) {}
 
+  /// Nothing is read, nothing proposed.
+  void Oublie();
   /// Reads the first rows of the chosen table and thinks of fields for the lists in which none is
   /// chosen. What cannot be read is told in the common box and shows nothing.
   void Lit();
@@ -42,20 +47,26 @@ class SetupSample {
   /// The rows by the fields that are chosen or proposed; none as long as name and coordinates have
   /// no field.
   std::vector<SampleRow> Lignes() const;
-  /// Reads the whole table for that; empty when it cannot be read, which is told, when the user
-  /// gives up and when name or coordinates have no field.
-  std::optional<SampleTally> Essaie() const;
+  /// Name and coordinates have fields.
+  bool PeutEssayer() const { return Champs(champs_).has_value(); }
+  /// Reads the whole table for that, and the first rows when they were not read; empty when it
+  /// cannot be read, which is told, when the user gives up and when name or coordinates have no
+  /// field.
+  std::optional<SampleTally> Essaie();
 
  private:
+  void LitLignes(Database& base);
+  std::optional<SampleTally> Compte(Database& base);
+  SharedState Reglages() const;
   std::string Champ(GeoList list) const;
-  std::optional<PlaceFields> Champs() const;
+  std::optional<PlaceFields> Champs(const std::vector<FieldDef>& given) const;
   std::int16_t CoordType() const;
-  bool EstUtilisable(const PlaceFields& fields, const PlaceItem& item,
-                     std::span<const Cell> row) const;
-  std::string Table() const { return setup_.Form().Liste(GeoList::Table).Texte(); }
 
   CommandContext c_;
   const GeoSetup& setup_;
+  SharedState lus_;  ///< the settings under which the table was read
+  OpenGazetteer base_;
+  std::vector<FieldDef> champs_;  ///< of the rows
   SampleRows rows_;
   FieldGuess guess_;
 };

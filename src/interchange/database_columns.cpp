@@ -46,8 +46,10 @@ constexpr std::array<ColumnRule, 10> databaseRules{{
 }};
 // clang-format on
 
-/// The same columns for who reads headings: a period is a number, and nothing is too long.
+/// The same columns for who reads headings: a period is a number, nothing is too long, and the
+/// blanks of an empty column are no text.
 ColumnRule SansLimite(ColumnRule rule) {
+  if (rule.source == ColumnSource::Text) rule.source = ColumnSource::TrimmedText;
   if (rule.place == Column::PERIOD) {
     rule.type = FieldType::Long;
     rule.size = 0;

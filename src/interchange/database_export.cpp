@@ -33,6 +33,7 @@ class DatabaseExport {
       : c_(c),
         target_(target),
         place_(PlaceDe(target, path)),
+        autreNom_(place_.Chemin() != path),
         former_(std::move(former)),
         row_(c.state, target),
         rows_(rows, row_) {}
@@ -43,7 +44,7 @@ class DatabaseExport {
     const std::vector<std::string> unknown = row_.DatumsInconnus();
     if (!unknown.empty()) DitDatumsAbsents(c_.state, c_.io, unknown);
     if (row_.MemoCoupe() && rows_.Rangee() > 0) DitMemoCoupe();
-    if (faute) throw faute->AvecConseil(Conseil(*faute));
+    if (faute) throw Conseillee(*faute);
     DitResultat(Relit());
   }
 
@@ -92,11 +93,9 @@ class DatabaseExport {
     busy.Bat();
   }
 
-  static int Conseil(const TalpenaError& faute) {
-    if (EstFauteDeRangee(faute)) return MsgId::ExportJusquIci;
-    // The words of a limit say what is in the file.
-    const bool limit = faute.words().text != 0 || faute.number() == ErrorNumber::SpreadsheetFull;
-    return limit ? 0 : MsgId::ExportJusqualors;
+  /// Others say by themselves what is in the file.
+  static TalpenaError Conseillee(const TalpenaError& faute) {
+    return EstFauteDeRangee(faute) ? faute.AvecConseil(MsgId::ExportJusquIci) : faute;
   }
 
   void DitMemoCoupe() {
@@ -113,12 +112,15 @@ class DatabaseExport {
                               : (some ? MsgId::LignesNonReluesSur : MsgId::LignesNonRelues);
     const NombresDeLignes rows =
         some ? CompteLignes(c_.document()) : NombresDeLignes{rows_.Total(), rows_.Total()};
-    c_.document().DitResultat(AvecNombres(c_.state.Langue, Texte(c_.state.Langue, text), rows));
+    std::string notice = AvecNombres(c_.state.Langue, Texte(c_.state.Langue, text), rows);
+    if (autreNom_) notice += " (" + place_.file + ")";
+    c_.document().DitResultat(notice);
   }
 
   CommandContext c_;
   const DatabaseTarget& target_;
   DatabasePlace place_;
+  bool autreNom_;  ///< the file does not bear the name that was typed
   std::vector<std::string> former_;
   DatabaseRow row_;
   DatabaseRows rows_;
@@ -134,7 +136,9 @@ void MnuExpDB(CommandContext c, ExportDialogs& dialogues, int index) {
     if (!dialogues.MontreOptionsExport(ExportKind::Database)) return;
     std::vector<std::string> former;
     const std::string path = DemandeFichierExport(c, target.filter, [&](const std::string& chosen) {
-      return former = FichiersRemplaces(target, PlaceDe(target, chosen), c.io.files);
+      const DatabasePlace place = PlaceDe(target, chosen);
+      VerifieSansUsager(target, place, c.io.files);
+      return former = FichiersRemplaces(target, place, c.io.files);
     });
     if (path.empty()) return;
     DatabaseExport(c, *rows, target, path, std::move(former)).Execute();

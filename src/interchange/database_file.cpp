@@ -1,6 +1,7 @@
 #include "interchange/database_file.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -9,7 +10,9 @@
 
 #include "common/msg_id_export.h"
 #include "common/paths.h"
+#include "common/string_table.h"
 #include "common/text.h"
+#include "store/filter.h"
 
 namespace talpena {
 namespace {
@@ -40,6 +43,9 @@ class DatabaseFile {
     std::optional<TalpenaError> faute;
     try {
       faute = EcritACote(rows);
+      if (faute && !EstFauteDeRangee(*faute) && !EstLimiteDuFormat(*faute)) {
+        faute = FauteDuDisque(*faute, rows.Total());
+      }
     } catch (const TalpenaError& failure) {
       throw SousSonNom(failure);
     }
@@ -83,6 +89,32 @@ class DatabaseFile {
     return {};
   }
 
+  /// The rows until there are worth more than nothing, and less than a former table. With their
+  /// number, where the file tells it.
+  TalpenaError FauteDuDisque(const TalpenaError& faute, std::int64_t total) {
+    if (!former_.empty()) throw faute;
+    const std::optional<std::int64_t> rows = CompteLignes();
+    if (!rows) return faute.AvecConseil(MsgId::ExportJusqualors);
+    if (*rows == 0) throw faute;
+    const std::int16_t langue = c_.state.Langue;
+    ErrorWords words = faute.words();
+    words.about.push_back(
+        AvecNombres(langue, Texte(langue, MsgId::ExportPremieres), {*rows, total}));
+    return {faute.number(), faute.description(), std::move(words)};
+  }
+
+  std::optional<std::int64_t> CompteLignes() {
+    try {
+      const std::unique_ptr<Database> database =
+          c_.io.engine.OpenDatabase(side_->Chemin() + place_.file, true, target_.connect);
+      const std::vector<std::string> tables = database->TableNames();
+      if (tables.empty()) return 0;
+      return database->OpenRecordset(tables.front())->RecordCount();
+    } catch (const TalpenaError&) {  // the failure before this one is told
+      return {};
+    }
+  }
+
   std::unique_ptr<Database> Ouvre() {
     TableEngine& engine = c_.io.engine;
     switch (target_.place) {
@@ -97,6 +129,7 @@ class DatabaseFile {
   }
 
   void Place() {
+    VerifieSansUsager(target_, place_, c_.io.files);
     try {
       side_->MetEnPlace(former_);
     } catch (const TalpenaError& failure) {

@@ -6,6 +6,7 @@
 
 #include "common/error_words.h"
 #include "common/msg_id.h"
+#include "common/msg_id_errors.h"
 #include "common/msg_id_export.h"
 #include "common/numbers.h"
 #include "common/text.h"
@@ -79,6 +80,11 @@ TalpenaError DatabaseRows::Situe(std::int16_t langue, const TalpenaError& failur
 bool EstFauteDeRangee(const TalpenaError& failure) {
   return EstSituee(failure) ||
          std::find(rowFailures.begin(), rowFailures.end(), failure.number()) != rowFailures.end();
+}
+
+bool EstLimiteDuFormat(const TalpenaError& failure) {
+  return failure.number() == ErrorNumber::SpreadsheetFull ||
+         failure.words().text == MsgId::FichierAccessPlein;
 }
 
 }  // namespace talpena

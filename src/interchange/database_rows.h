@@ -48,4 +48,7 @@ class DatabaseRows final : public RowSource {
 /// A failure that a row has brought about, and not the place that it was to be written to.
 bool EstFauteDeRangee(const TalpenaError& failure);
 
+/// A failure of the format, which holds no more; its words say what is in the file.
+bool EstLimiteDuFormat(const TalpenaError& failure);
+
 }  // namespace talpena

@@ -1,7 +1,9 @@
 #include "interchange/database_targets.h"
 
 #include <array>
+#include <utility>
 
+#include "common/msg_id_export.h"
 #include "common/paths.h"
 #include "common/talpena_error.h"
 #include "platform/foreign_format.h"
@@ -13,6 +15,7 @@ namespace {
 constexpr std::array<std::string_view, 4> foxProFiles{".dbf", ".fpt", ".dbt", ".cpg"};
 constexpr std::array<std::string_view, 4> dBaseFiles{".dbf", ".dbt", ".fpt", ".cpg"};
 constexpr std::array<std::string_view, 2> paradoxFiles{".db", ".mb"};
+constexpr std::array<std::string_view, 3> sqliteJournals{"-wal", "-shm", "-journal"};
 
 constexpr std::size_t longestExcelText = 255, longestXlsxText = 32767;
 
@@ -29,12 +32,18 @@ constexpr std::array<DatabaseTarget, 7> targets{{
     {.filter = "Fichiers Excel (*.xls)|*.xls", .connect = Connect::Excel5,
      .place = TargetPlace::File, .longestMemo = longestExcelText},
     {.filter = "GeoPackage (*.gpkg)|*.gpkg", .connect = Connect::GeoPackage,
-     .place = TargetPlace::NewFile, .style = ColumnStyle::Geographic},
+     .place = TargetPlace::NewFile, .style = ColumnStyle::Geographic,
+     .journals = sqliteJournals},
     {.filter = "Excel (*.xlsx)|*.xlsx", .connect = Connect::Excel12,
      .place = TargetPlace::NewFile, .style = ColumnStyle::Headings,
      .longestMemo = longestXlsxText},
 }};
 // clang-format on
+
+TalpenaError EnUsage(const std::string& path, ErrorWords words) {
+  return {ErrorNumber::FileInUse, "Could not use '" + path + "'; file already in use.",
+          std::move(words)};
+}
 
 }  // namespace
 
@@ -69,6 +78,18 @@ std::vector<std::string> FichiersRemplaces(const DatabaseTarget& target, const D
     ajoute(place.folder + place.table + std::string(ending));
   }
   return standing;
+}
+
+void VerifieSansUsager(const DatabaseTarget& target, const DatabasePlace& place,
+                       FileSystem& files) {
+  for (const std::string_view ending : target.journals) {
+    const std::string journal = files.SansLiens(place.Chemin()) + std::string(ending);
+    if (!files.Existe(journal)) continue;
+    throw EnUsage(place.Chemin(), {.text = MsgId::JournalACote, .about = {journal}});
+  }
+  for (const std::string& path : FichiersRemplaces(target, place, files)) {
+    if (files.EstVerrouille(path)) throw EnUsage(path, {.about = {path}});
+  }
 }
 
 }  // namespace talpena

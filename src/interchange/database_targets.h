@@ -29,6 +29,8 @@ struct DatabaseTarget {
   ColumnStyle style = ColumnStyle::Database;
   /// In a folder: what the table's file ends in, then the files that belong to it alone.
   std::span<const std::string_view> endings = {};
+  /// What a program that has not finished with the file keeps beside it: the endings of its path.
+  std::span<const std::string_view> journals = {};
   std::size_t longestMemo = 0;  ///< characters; a longer one is cut, 0 for any number
   bool losesEndBlanks = false;  ///< of texts
 };
@@ -51,5 +53,9 @@ DatabasePlace PlaceDe(const DatabaseTarget& target, std::string_view path);
 /// folder letter case does not count, as it does not for those who read tables there.
 std::vector<std::string> FichiersRemplaces(const DatabaseTarget& target, const DatabasePlace& place,
                                            FileSystem& files);
+
+/// Raises FileInUse (3045) when a file that would go is locked by another program, or when
+/// something lies beside the place that a reader would take for changes to the new file.
+void VerifieSansUsager(const DatabaseTarget& target, const DatabasePlace& place, FileSystem& files);
 
 }  // namespace talpena

@@ -11,14 +11,17 @@
 
 namespace talpena {
 
-/// The files that would go when the path is written.
+/// The files that would go when the path is written; throws where none may.
 using FormerFiles = std::function<std::vector<std::string>(const std::string& path)>;
 
-/// Asks for the file to write, and whether those that stand in its place may go (question 500); ""
-/// when there is none. Whoever does not want a file replaced is asked for another one. The open
-/// distribution is never replaced.
+/// Asks for the file to write, and whether those that stand in its place may go (question 500, with
+/// all their names); "" when there is none. Whoever does not want a file replaced is asked for
+/// another one. The open distribution is never replaced. AcheveExports goes before the question.
 std::string DemandeFichierExport(CommandContext c, std::string_view filter,
                                  const FormerFiles& former);
+
+/// Ends what a killed export left half done beside the path, and tells which files stand again.
+void AcheveExports(CommandContext c, const std::string& path);
 
 /// What is to be said of the place of a file that could not be written; 0 for nothing.
 /// @param former  what stood there before

@@ -54,14 +54,16 @@ int Remede(const TalpenaError& failure, const FieldReader& fields, bool first) {
   const std::string_view text = SansNombre(failure);
   if (SembleUtf16(fields.LigneCourante())) return MsgId::RemedeUtf16;
   if (SembleBinaire(fields.LigneCourante())) return MsgId::RemedePasTexte;
+  const bool ended = failure.words().text == MsgId::FicheCoupee;
+  if (ended && fields.LigneCoupee() != 0) return MsgId::RemedeCoupee;
   if (text.find(';') != std::string_view::npos || text.find(TabMontree) != std::string_view::npos) {
     return MsgId::RemedeSeparateur;
   }
   if (first && EstEnTete(text, fields)) return MsgId::RemedeEnTete;
   if (text.starts_with('*')) return MsgId::RemedeEtoiles;
   if (fields.LigneAPerdu()) return MsgId::RemedeGuillemets;
-  const bool counted = fields.EstDecalee() || fields.EstSurPlusieurs() || text.starts_with('"') ||
-                       failure.words().text == MsgId::FicheCoupee;
+  const bool counted =
+      fields.EstDecalee() || fields.EstSurPlusieurs() || text.starts_with('"') || ended;
   return counted ? MsgId::RemedeChamps : 0;
 }
 

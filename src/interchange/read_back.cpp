@@ -34,7 +34,8 @@ class ReadBack {
       : langue_(c.state.Langue), target_(target), rows_(rows), avance_(avance) {
     database_ = c.io.engine.OpenDatabase(place.Chemin(), true, target.connect);
     database_->SuitImport([this](std::int64_t done, std::int64_t) { Avance(done, 0); });
-    table_ = database_->OpenRecordset(NomDeTable(place.table));
+    // In brackets it is a name whatever its words: a table may be called "select it".
+    table_ = database_->OpenRecordset("[" + NomDeTable(place.table) + "]");
   }
 
   void Compare() {

@@ -17,6 +17,13 @@ struct ChartSeries {
 /// How several series stand at a point.
 enum class ChartStyle : std::uint8_t { Beside, Stacked };
 
+/// Which rows were counted, to be put into the words of any language.
+struct CountedRows {
+  int texte = 0;              ///< base id; 0 where that goes without saying
+  std::int64_t montrees = 0;  ///< %1
+  std::int64_t toutes = 0;    ///< %2
+};
+
 /// All that there is to see of a chart.
 struct ChartPicture {
   int numPoints = 0;
@@ -24,7 +31,7 @@ struct ChartPicture {
   std::vector<std::string> labels;  ///< of the points; empty: these are called by `firstPoint`
   int firstPoint = 1;               ///< what point 1 is called without labels
   std::string bottomTitle, leftTitle, rightTitle, graphTitle;
-  std::string remarque;  ///< which rows it counts; "" where that goes without saying
+  CountedRows lignes;
   ChartStyle style = ChartStyle::Beside;
   std::vector<ChartSeries> series;
 };
@@ -85,7 +92,7 @@ class Chart {
   void PremierPoint(int name) { picture_.firstPoint = name; }
   void Empile() { picture_.style = ChartStyle::Stacked; }
   void RightTitle(const std::string& text) { picture_.rightTitle = text; }
-  void Remarque(const std::string& text) { picture_.remarque = text; }
+  void Lignes(const CountedRows& rows) { picture_.lignes = rows; }
 
  private:
   ChartSeries& Courante();

@@ -49,8 +49,8 @@ class SideFolder {
   virtual const std::string& Chemin() const = 0;  ///< with a separator at its end
   /// Puts all files of it in their places; the files of `former`, names there, go. Mode and owner
   /// of a former file of the same name are kept. All of it or, with a failure, nothing: a file in
-  /// the way that `former` does not name is FileExists (58). A program killed in the middle leaves
-  /// the former files in this folder.
+  /// the way that `former` does not name is FileExists (58). One file takes the place of one of its
+  /// name in one step. A program killed in the middle of several leaves it to AcheveEchanges.
   virtual void MetEnPlace(const std::vector<std::string>& former) = 0;
 };
 
@@ -66,6 +66,13 @@ struct FileStamp {
 struct LeftOver {
   std::string path;
   bool entier = false;  ///< nothing of it is missing
+};
+
+/// A file that a killed program kept from its place, and that stands there now.
+struct PlacedFile {
+  std::string path;
+  bool nouveau = false;  ///< one that was to take the place, not the former one
+  bool operator==(const PlacedFile&) const = default;
 };
 
 /// What a new file takes over, and what it may replace.
@@ -95,6 +102,8 @@ class FileSystem {
   /// True when nothing is there, or an ordinary file of this user's own that no program holds
   /// locked: what may be deleted without asking whose it is. A link, a pipe and a folder never are.
   virtual bool EstLibre(const std::string& path) { return !Empreinte(path) || Existe(path); }
+  /// True when another program holds a lock on the file that a path leads to.
+  virtual bool EstVerrouille([[maybe_unused]] const std::string& path) { return false; }
   /// Refuses (58) when the target exists. On a symbolic link the contents move; the link stays
   /// and names a file that Cree will make anew.
   virtual void Renomme(const std::string& from, const std::string& to) = 0;
@@ -120,6 +129,14 @@ class FileSystem {
   /// those that a program is writing now and those whose file is not there: they may be all that is
   /// left of it. Never fails.
   virtual void SupprimeRestes([[maybe_unused]] const std::string& path) noexcept {}
+  /// Ends what programs were killed in beside `path` while SideFolder::MetEnPlace ran: once all
+  /// former files are out of the way the new ones take their places, before that the former ones
+  /// go back. Where another file has come into one of these places, all stays as it is. Gives the
+  /// files that stand again. Never fails.
+  virtual std::vector<PlacedFile> AcheveEchanges(
+      [[maybe_unused]] const std::string& path) noexcept {
+    return {};
+  }
 };
 
 }  // namespace talpena

@@ -1,6 +1,8 @@
 #include "shell/start_stop.h"
 
 #include <array>
+#include <string>
+#include <vector>
 
 #include "common/error_words.h"
 #include "common/msg_id.h"
@@ -8,6 +10,7 @@
 #include "common/string_table.h"
 #include "common/text.h"
 #include "coords/datum.h"
+#include "interchange/export_file.h"
 #include "platform/commands.h"
 #include "store/file_commands.h"
 #include "store/open_file.h"
@@ -85,12 +88,22 @@ void AppliqueLangue(ShellContext c) {
   c.state.FichierAide = CheminAide(c.state);
 }
 
-/// What a killed save left beside the files that were worked on last.
+/// Where the files lie that were worked on last.
+std::vector<std::string> DerniersDossiers(Load& l) {
+  std::vector<std::string> paths{l.c.io.settings.Lit("TALPENA", "Paths", "LastDeg", {}),
+                                 l.c.state.LastFiles[0]};
+  std::erase(paths, std::string());
+  return paths;
+}
+
+/// What a killed save left there.
 void SupprimeRestes(Load& l) {
-  const std::string folder = l.c.io.settings.Lit("TALPENA", "Paths", "LastDeg", {});
-  for (const std::string& path : {folder, l.c.state.LastFiles[0]}) {
-    if (!path.empty()) l.c.io.files.SupprimeRestes(path);
-  }
+  for (const std::string& path : DerniersDossiers(l)) l.c.io.files.SupprimeRestes(path);
+}
+
+/// And a killed export.
+void AcheveExportsTues(Load& l) {
+  for (const std::string& path : DerniersDossiers(l)) AcheveExports(l.c.Commandes(), path);
 }
 
 void OuvreFichierNomme(Load& l) {
@@ -150,7 +163,7 @@ void OuvreBase(Load& l) {
 }
 
 // clang-format off
-constexpr std::array<Step, 22> steps = {
+constexpr std::array<Step, 23> steps = {
     [](Load& l) { l.c.attente.ChangeSablier(true); },
     [](Load& l) { l.c.shell.DesactiveMenus(); },
     [](Load& l) { l.c.state.DossierCartes = l.c.state.AppDir; },
@@ -171,6 +184,7 @@ constexpr std::array<Step, 22> steps = {
     [](Load& l) { l.c.shell.FermeSplash(); },
     SupprimeRestes,
     OuvreFichierNomme,
+    AcheveExportsTues,
     [](Load& l) { l.c.attente.ChangeSablier(false); },
     [](Load& l) { l.c.attente.TraiteMessages(); },
 };

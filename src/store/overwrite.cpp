@@ -24,12 +24,13 @@ int ContenuAutre(CommandContext c, const std::string& path) {
   return changed ? MsgId::FichierChange : 0;
 }
 
-bool Accepte(CommandContext c, const std::string& question) {
+bool Accepte(CommandContext c, const std::string& question, const std::string& path = {}) {
   Bip(c.state, c.io);
   return c.io.dialogues.Demande({.text = question,
                                  .icon = Icon::Exclamation,
                                  .buttons = Buttons::YesNo,
-                                 .defaultButton = Answer::No}) == Answer::Yes;
+                                 .defaultButton = Answer::No,
+                                 .detail = path}) == Answer::Yes;
 }
 
 /// "bees.deg" of half past eight is "bees 2011-07-04 08-30-00.deg". No point may come into it: a
@@ -72,7 +73,8 @@ bool FautDemander(CommandContext c, const std::string& path) {
 }
 
 bool PeutEcraser(CommandContext c, const std::string& path) {
-  if (c.io.files.EstProtege(path) && !Accepte(c, Texte(c.state.Langue, MsgId::FichierProtege))) {
+  if (c.io.files.EstProtege(path) &&
+      !Accepte(c, Texte(c.state.Langue, MsgId::FichierProtege), path)) {
     return false;
   }
   const int question = ContenuAutre(c, path);

@@ -30,7 +30,7 @@ TEST(MnuAnalyse, CountsTheDistinctPointsOfEachNumber) {
   EXPECT_EQ(w.Dernier().bottomTitle, "Males");
   EXPECT_EQ(w.Dernier().leftTitle, "OGUs");
   EXPECT_EQ(w.Dernier().graphTitle, "Talpa europaea");
-  EXPECT_EQ(w.Dernier().remarque, "");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "");
   EXPECT_FALSE(w.state.document.FichierModifie());
 }
 
@@ -113,7 +113,7 @@ TEST(MnuAnalyse, UnderAFilterTheWholeTableIsCountedAndTheChartSaysSo) {
   w.Filtre("N1 = 1");
   w.Analyse();
   EXPECT_EQ(w.charts.Valeurs(), (Values{1, 1, -1}));
-  EXPECT_EQ(w.Dernier().remarque,
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes),
             "All 2 rows of the table are counted, also those that the filter hides.");
 }
 
@@ -228,7 +228,7 @@ TEST(MnuPhenolo, SumsN1OverTheMonths) {
   EXPECT_EQ(w.Dernier().leftTitle, "N");
   EXPECT_EQ(w.Dernier().bottomTitle, "");
   EXPECT_EQ(w.Dernier().graphTitle, "Talpa europaea");
-  EXPECT_EQ(w.Dernier().remarque, "All 4 rows are counted.");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "All 4 rows are counted.");
 }
 
 TEST(MnuPhenolo, DatesWithoutAMonthAndRowsWithoutDateOrNumberFallOut) {
@@ -257,11 +257,12 @@ TEST(MnuPhenolo, TakesTheSelectedRowsElseThoseOnShow) {
   w.Filtre("N1 > 1");
   w.Phenologie();
   EXPECT_EQ(w.charts.Valeurs(), (Values{0, 2, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(w.Dernier().remarque, "The 2 rows that the filter shows are counted, of 3.");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes),
+            "The 2 rows that the filter shows are counted, of 3.");
   w.Choisit({2});
   w.Phenologie();
   EXPECT_EQ(w.charts.Valeurs(), (Values{0, 0, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(w.Dernier().remarque, "The 1 selected rows are counted.");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "The 1 selected rows are counted.");
 }
 
 TEST(MnuPhenolo, AnEmptySetIsAnEmptyChartWithoutABeep) {

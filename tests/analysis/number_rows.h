@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/analysed_rows.h"
 #include "analysis/selection.h"
 #include "fakes/fake_charts.h"
 #include "store/world.h"

@@ -4,6 +4,7 @@ import os
 import shutil
 
 from driver import application, descendants, wait_for, xdotool
+from exports import opens_database_export, saves_to, says as shows
 from kills import Killed, left_overs
 
 BOX = "^Talpena$"
@@ -88,5 +89,48 @@ def keeps_the_former_file_where_the_new_one_cannot_take_its_place(s):
         program.kill()  # the settings cannot be saved either
 
 
-SCENARIOS = [saves_where_files_cannot_have_two_names,
+def exports_table(s, program, name):
+    """A dBase table without the second number, over the one that stands."""
+    opens_database_export(program, 3)
+    program.keys("alt+2", "Return")
+    saves_to(program, name)
+    program.window(BOX)
+    xdotool("key", "--clearmodifiers", "y")
+
+
+def ends_an_export_that_was_killed_between_its_files(s):
+    path = s.file([30, 10, 20])
+    table, memos = (os.path.join(s.folder, name) for name in ("my.dbf", "my.dbt"))
+    program = s.start(path)
+    program.activate()
+    opens_database_export(program, 3)
+    program.keys("Return")
+    saves_to(program, table)
+    wait_for("the notice", lambda: shows(program, "3 rows written and read back"))
+    program.keys("ctrl+q")
+    assert program.ends() == 0
+    former = s.bytes(table)
+    # The second former file is still there; the first new one has its place.
+    for call, told in ((2, "the former files are back"), (5, "they stand there now")):
+        program = s.start("-D", "-f", "-o", "/dev/null", "-e", "trace=renameat2", "-e",
+                          f"inject=renameat2:signal=KILL:when={call}", s.binary, path,
+                          binary=shutil.which("strace"))
+        program.activate()
+        exports_table(s, program, table)
+        program.ends()
+        assert len(left_overs(s.folder)) == 1
+        program = s.start(path)
+        says(program, told)
+        program.keys("Return")
+        program.closes(BOX)
+        assert left_overs(s.folder) == []
+        assert os.path.exists(memos)
+        assert (s.bytes(table) == former) == (call == 2)
+        program.activate()
+        program.keys("ctrl+q")
+        assert program.ends() == 0
+
+
+SCENARIOS = [ends_an_export_that_was_killed_between_its_files,
+             saves_where_files_cannot_have_two_names,
              keeps_the_former_file_where_the_new_one_cannot_take_its_place]

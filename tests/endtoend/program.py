@@ -10,9 +10,11 @@ import tempfile
 import editor
 import exports
 import faults
+import gazetteers
 import kills
 import lists
 import maps
+import places
 import start_stop
 import table
 import waits
@@ -23,7 +25,7 @@ SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
 SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
              + lists.SCENARIOS + waits.SCENARIOS + waypoints.SCENARIOS + kills.SCENARIOS
-             + faults.SCENARIOS + exports.SCENARIOS)
+             + faults.SCENARIOS + exports.SCENARIOS + gazetteers.SCENARIOS + places.SCENARIOS)
 
 
 class WindowManager:

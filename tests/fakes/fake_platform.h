@@ -99,10 +99,12 @@ class FakeDialogues : public Dialogues {
   std::deque<std::string> inputs;                    ///< for input boxes
   std::deque<std::string> paths;                     ///< for file and folder dialogs; "" is Cancel
   std::deque<std::optional<std::uint32_t>> colours;  ///< for colour dialogs; empty is Cancel
-  ShownBoxes boxes;                                  ///< message boxes shown
-  std::vector<InputBox> asked;                       ///< input boxes shown
-  std::vector<FileDialog> fileDialogs;               ///< open and save dialogs shown
-  bool imprimeAnnule = false;                        ///< the print dialog is left by Cancel
+  std::deque<std::optional<Font>> polices;  ///< for font dialogs; empty is Cancel; none: no change
+  std::vector<Font> policesVues;            ///< what these began at
+  ShownBoxes boxes;                         ///< message boxes shown
+  std::vector<InputBox> asked;              ///< input boxes shown
+  std::vector<FileDialog> fileDialogs;      ///< open and save dialogs shown
+  bool imprimeAnnule = false;               ///< the print dialog is left by Cancel
   FakePrinter imprimante;
 
   Answer Demande(const MessageBox& box) override {
@@ -142,7 +144,14 @@ class FakeDialogues : public Dialogues {
     if (!colour) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
     return *colour;
   }
-  Font ChoisitPolice(const Font& start) override { return start; }
+  Font ChoisitPolice(const Font& start) override {
+    policesVues.push_back(start);
+    if (polices.empty()) return start;
+    const std::optional<Font> font = polices.front();
+    polices.pop_front();
+    if (!font) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
+    return *font;
+  }
   void Imprime() override {
     if (imprimeAnnule) throw TalpenaError(ErrorNumber::Cancelled, "Cancel was selected.");
   }

@@ -24,6 +24,8 @@ struct FakeAnswer {
 class FakeTables : public TableEngine {
  public:
   std::map<std::string, std::map<std::string, FakeAnswer>> bases;
+  std::vector<TableDef> tables;      ///< of every database
+  std::vector<QueryDef> queries;     ///< so are these
   std::vector<std::string> journal;  ///< "Open path" or "OpenReadOnly path", then statements
   int ouverts = 0;                   ///< databases and recordsets open at this moment
 
@@ -119,8 +121,8 @@ class FakeTables : public TableEngine {
     void CreateTable(const TableDef&) override { Refuse(); }
     std::vector<std::string> TableNames() override { return {}; }
     TableDef Table(std::string_view) override { return {}; }
-    std::vector<TableDef> Tables() override { return {}; }
-    std::vector<QueryDef> Queries() override { return {}; }
+    std::vector<TableDef> Tables() override { return ouvert_.owner_.tables; }
+    std::vector<QueryDef> Queries() override { return ouvert_.owner_.queries; }
     QueryDef Query(std::string_view) override { return {}; }
     void SuitImport(ImportProgress) override {}
     void SuitTravail(WorkBeat) override {}

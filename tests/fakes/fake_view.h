@@ -27,11 +27,12 @@ class FakeView : public MainWindowView,
   std::vector<int> progression;
   bool menusActifs = false, sablier = false, barre = false, titresVisibles = false,
        grilleVisible = false;
-  int periodes = 0;                     ///< how often frmOptionsPeriodes was shown
-  bool ajustement = true;               ///< what Ajustement answers
-  std::function<void()> importation;    ///< what is done in frmImportation
-  std::vector<Bookmark> selection;      ///< rows chosen in the grid
-  std::optional<ColumnRange> colonnes;  ///< columns chosen in the grid
+  int periodes = 0;                         ///< how often frmOptionsPeriodes was shown
+  bool ajustement = true;                   ///< what Ajustement answers
+  std::function<void()> importation;        ///< what is done in frmImportation
+  std::function<void(RecordScreen&)> lieu;  ///< and in frmGeoQuery
+  std::vector<Bookmark> selection;          ///< rows chosen in the grid
+  std::optional<ColumnRange> colonnes;      ///< columns chosen in the grid
   int colonneCourante = 0;
   bool grilleGelee = false;
   Annulation annulable = Annulation::Aucune;  ///< the user may give up
@@ -67,6 +68,10 @@ class FakeView : public MainWindowView,
 
   void MontreOptionsPeriodes() override { ++periodes, Note("MontreOptionsPeriodes"); }
   void RecalculeCoordonnees() override { Note("RecalculeCoordonnees"); }
+  void ChercheLieu(RecordScreen& fiche) override {
+    Note("ChercheLieu");
+    if (lieu) lieu(fiche);
+  }
   bool MontreAjustement() override { return Note("MontreAjustement"), ajustement; }
 
   void MontreImportation() override {

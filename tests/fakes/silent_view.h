@@ -25,6 +25,7 @@ class SilentView : public MainWindowView, public WaitView, public StorePort, pub
   void GeleGrille(bool) override {}
   void MontreOptionsPeriodes() override {}
   void RecalculeCoordonnees() override {}
+  void ChercheLieu(RecordScreen&) override {}
   bool MontreAjustement() override { return false; }
   std::vector<Bookmark> LignesSelectionnees() override { return {}; }
   void ChoisitLignes(const std::vector<Bookmark>&) override {}

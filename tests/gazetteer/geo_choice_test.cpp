@@ -13,6 +13,7 @@ struct ChoiceWorld : GeoWorld {
   ChoiceWorld() {
     Fait({{"GHISLAIN", "Saint/Ghislain", 50.44876, 3.81886, "BE03", "PPL", "Belgium"},
           {"DMS", "Packed", 503015.0, -1234.0, "", "PPL", ""},
+          {"HALF", "Half", 50.0, 4.0, "BE"},
           {"NULL", "Nowhere", Value(), 3.0}});
   }
   void Definit(const std::vector<std::string>& codes) {
@@ -140,6 +141,15 @@ TEST(GeoChoice, FipsHasNoBlanksBehindIt) {
   w.Ligne();
   w.Choisit("dms");
   EXPECT_EQ(w.ecran.Grid, std::vector<std::string>{""});
+}
+
+TEST(GeoChoice, ACountryAloneHasNoBlanksBehindItEither) {
+  ChoiceWorld w;
+  w.Definit({"STAT.FIPS"});
+  w.Ligne();
+  w.Choisit("half");
+  EXPECT_EQ(w.ecran.Grid, std::vector<std::string>{"BE"});
+  EXPECT_EQ(w.ecran.ChampLibre, "Half (BE)");
 }
 
 TEST(GeoChoice, WithoutASelectedPlaceNothingHappens) {

@@ -188,6 +188,29 @@ TEST(GeoQuery, TheGazetteerOfTheProgramStandsInForTheDiscOfAFirstRun) {
   EXPECT_EQ(w.state.GeoFile, "D:\\tlpgazet.mdb");
 }
 
+TEST(GeoQuery, AFirstRunWithoutAnyGazetteerAsksForTheDiscAndOpensTheSetup) {
+  GeoWorld w;
+  w.state.AppDir = w.working.path().string();
+  w.state.GeoFile = w.environment.LecteurCD() + "tlpgazet.mdb";
+  w.Cherche("gent");
+  ASSERT_EQ(w.dialogues.boxes.size(), 2U);
+  EXPECT_EQ(w.dialogues.boxes[0].text, "Please insert CD-ROM in drive D:\\\\");
+  EXPECT_TRUE(w.dialogues.boxes[1].text.ends_with(" 3024")) << w.dialogues.boxes[1].text;
+  EXPECT_EQ(w.dialogs.setups, 1);
+  EXPECT_TRUE(w.environment.dossiers.empty()) << "the process stays in its folder";
+}
+
+TEST(GeoQuery, CaseDoesNotCountAndAccentsDo) {
+  GeoWorld w;
+  w.Fait({{"étang", "with", 1.0, 1.0}, {"ETANG", "without", 1.0, 1.0}});
+  for (const GeoSearch kind : {GeoSearch::Exact, GeoSearch::Approximate}) {
+    w.Cherche("Étang", kind);
+    EXPECT_EQ(w.Noms(), Names{"with"});
+    w.Cherche("etang", kind);
+    EXPECT_EQ(w.Noms(), Names{"without"});
+  }
+}
+
 TEST(GeoQuery, ThePathOfATableMeansItsFolder) {
   GeoWorld w;
   for (const auto& [connect, file] : {std::pair{"dBase IV;", "/geo/names.DBF"},

@@ -3,11 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "common/text.h"
+#include "fakes/fake_tables.h"
 #include "gazetteer/geo_settings.h"
 #include "gazetteer/geo_setup_fixture.h"
 
@@ -171,10 +174,70 @@ TEST_F(Setup, ListsSelectQueriesAndTheirFields) {
   if (!std::filesystem::exists(source)) GTEST_SKIP() << source;
   Regle(source, "", "");
   setup.Charge();
-  for (const QueryDef& query : setup.Base()->Queries()) {
+  for (const QueryDef& query : engine->OpenDatabase(source, true)->Queries()) {
     const bool listed = std::ranges::count(Entrees(Table), query.name) > 0;
     EXPECT_EQ(listed, query.kind == 0 && !query.name.starts_with('~')) << query.name;
   }
+}
+
+TEST_F(Setup, ListsHiddenTablesButNoneOfTheMakersNorLinkedOnesNorQueriesOfOtherKinds) {
+  test::FakeTables tables;
+  const std::vector<FieldDef> fields{{.name = "NAME"}};
+  tables.bases["geo.mdb"];
+  tables.tables = {
+      {.name = "Seen", .fields = fields, .indexes = {}},
+      {.name = "Hidden", .fields = fields, .indexes = {}, .attributes = TableAttribute::Hidden},
+      {.name = "MSysObjects",
+       .fields = fields,
+       .indexes = {},
+       .attributes = TableAttribute::System},
+      {.name = "HiddenByTheMaker", .fields = fields, .indexes = {}, .attributes = 2},
+      {.name = "Linked", .fields = {}, .indexes = {}}};
+  tables.queries = {{.name = "Chosen", .sql = {}, .fields = {}},
+                    {.name = "~sq_cForm", .sql = {}, .fields = {}},
+                    {.name = "Append", .kind = 64, .sql = {}, .fields = {}}};
+  Platform other{tables, *files, settings, dialogues, clock, environment, sound};
+  GeoSetup here({state, other, vue, vue, vue}, *this);
+  Regle("geo.mdb", "", "");
+  state.GeoFile = "geo.mdb";
+  here.Charge();
+  Boites();
+  EXPECT_EQ(here.Form().Liste(Table).entrees, (Texts{"Seen", "Hidden", "Chosen"}));
+}
+
+TEST_F(Setup, TheFolderOfAFileInTheRootIsTheRoot) {
+  for (const auto& [file, folder] :
+       {std::pair{"C:\\names.dbf", "C:\\"}, std::pair{"C:\\geo\\names.dbf", "C:\\geo"}}) {
+    Change(file);
+    EXPECT_EQ(Form().lblFile, folder);
+    Boites();
+  }
+}
+
+TEST_F(Setup, AStoredPathOfATableIsUnderstoodAsItsFolder) {
+  const std::string folder = Cree("geo", Connect::DBase4, {"names"});
+  Regle(folder + "/NAMES.DBF", "dbase iv;", "");
+  setup.Charge();
+  EXPECT_EQ(Form().lblFile, folder);
+  EXPECT_EQ(Form().lblDbType, "dBase IV;");
+  EXPECT_EQ(Entrees(Table).size(), 1U);
+}
+
+TEST_F(Setup, OnAFirstRunTheGazetteerBesideTheProgramIsShown) {
+  const std::string path = Cree("tlpgazet.mdb", "", {"Places"});
+  Regle(environment.cd + "tlpgazet.mdb", "", "Places");
+  setup.Charge();
+  EXPECT_EQ(Form().lblFile, path);
+  EXPECT_EQ(Choisi(Table), "Places");
+}
+
+TEST_F(Setup, AChosenQueryGivesItsFields) {
+  const std::string source = TALPENA_SHARED_DATA "/db/mdb/queryTestV2003.mdb";
+  if (!std::filesystem::exists(source)) GTEST_SKIP() << source;
+  Regle(source, "", "");
+  setup.Charge();
+  Clique(Table, "SelectQuery");
+  EXPECT_FALSE(Entrees(Research).empty());
 }
 
 // ---- Sorting
@@ -295,29 +358,6 @@ TEST_F(Setup, ChangeAsksForTheThreeKindsOfFiles) {
             "Access (*.mdb)|*.mdb|dBase IV (*.dbf)|*.dbf|Paradox 4.x (*.db)|*.db");
   EXPECT_EQ(dialogues.fileDialogs[0].name, state.GeoFile);
   EXPECT_EQ(Form().lblFile, state.GeoFile) << "after Cancel";
-}
-
-// ---- The datum
-
-TEST_F(Setup, TheDatumThatIsChosenIsThatOfTheGazetteerAtOnce) {
-  Access();
-  state.GeoDatum = "WGS84";
-  setup.Charge();
-  datum = "EUR-M";
-  setup.cmdChangeDatum_Click();
-  EXPECT_EQ(datumVu, "WGS84");
-  EXPECT_EQ(Form().lblDatum, "EUR-M");
-  EXPECT_EQ(state.GeoDatum, "EUR-M");
-  Bouton(GeoCommand::Escape);
-  EXPECT_EQ(state.GeoDatum, "EUR-M");
-}
-
-TEST_F(Setup, WithoutAChoiceTheDatumStays) {
-  Access();
-  setup.Charge();
-  datum = "";
-  setup.cmdChangeDatum_Click();
-  EXPECT_EQ(Form().lblDatum, "WGS84");
 }
 
 }  // namespace

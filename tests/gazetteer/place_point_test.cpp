@@ -47,5 +47,26 @@ TEST(PlacePoint, IsThatOfTwoUsableValues) {
   }
 }
 
+struct NumberCase {
+  Value stored;
+  std::optional<double> searched;  ///< as a search reads it
+  std::optional<double> whole;
+};
+
+const NumberCase numberCases[] = {
+    {50.5, 50.5, 50.5},     {std::int64_t{503015}, 503015, 503015},
+    {" 50,5 ", 50.5, 50.5}, {"50,5 N", 50.5, {}},
+    {"north", 0, {}},       {"", {}, {}},
+    {"  ", {}, {}},         {Value(), {}, {}},
+    {"1E999", {}, {}},      {std::numeric_limits<double>::quiet_NaN(), {}, {}},
+};
+
+TEST(PlacePoint, ASearchTakesTheNumberThatATextBeginsWith) {
+  for (const NumberCase& c : numberCases) {
+    EXPECT_EQ(CoordonneeDuLieu(Cell::Vue(c.stored)), c.searched) << Cell::Vue(c.stored).Texte();
+    EXPECT_EQ(NombreDuLieu(Cell::Vue(c.stored)), c.whole) << Cell::Vue(c.stored).Texte();
+  }
+}
+
 }  // namespace
 }  // namespace talpena

@@ -127,7 +127,9 @@ TEST(SetupFile, TellsWhatWillNotComeBack) {
     setup.File = c.file;
     const auto lost = SetupPerdu(setup);
     EXPECT_EQ(lost.has_value(), c.lost);
-    if (lost) EXPECT_EQ(*lost, c.file);
+    if (lost) {
+      EXPECT_EQ(*lost, c.file);
+    }
   }
 }
 

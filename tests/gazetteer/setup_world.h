@@ -53,6 +53,7 @@ struct SetupWorld : FakeServices {
   CommandContext context{state, io, vue, vue, vue};
 
   SetupWorld() {
+    environment.prive = dossier / "cache";
     state.Langue = 1000;
     state.InputMode = 0;
     state.AppDir = dossier.path().string();
@@ -88,6 +89,19 @@ struct SetupWorld : FakeServices {
       ListedRows rows(Lieux());
       base->InsertRows(table, columns, rows);
     }
+    return path;
+  }
+
+  /// An Access file with one table of these rows; its path.
+  std::string CreeTable(const std::string& name, const TableDef& table,
+                        std::vector<std::vector<Value>> lines) {
+    const std::string path = dossier / name;
+    const auto base = engine->CreateForeignDatabase(path, "", {});
+    base->CreateTable(table);
+    std::vector<std::string_view> fields;
+    for (const FieldDef& field : table.fields) fields.push_back(field.name);
+    ListedRows rows(std::move(lines));
+    base->InsertRows(table.name, fields, rows);
     return path;
   }
 

@@ -1,6 +1,8 @@
 // Database exports that fail: the rows before stay, or everything is as it was.
 #include <new>
 
+#include "common/grouped_number.h"
+#include "common/msg_id_errors.h"
 #include "fakes/file_limit.h"
 #include "interchange/database_fixture.h"
 
@@ -152,10 +154,71 @@ TEST_F(DatabaseFailure, OfTheDiskBehindSomeRowsKeepsThemAndSaysSo) {
     };
     Exporte();
     EXPECT_EQ(Boites(), Texts{"Error " + std::to_string(c.number) + "\n" + c.words +
-                              "\nThe file holds the rows that were written until then."});
+                              "\nThe file holds the first 2 of 3 rows."});
     EXPECT_EQ(Ecrites(), 2U);
     EXPECT_EQ(folder.Noms(), (Texts{"deg.dbf", "deg.dbt"}));
   }
+}
+
+TEST_F(DatabaseFailure, OfTheDiskTellsNoNumberWhereTheFileCannotBeReadEither) {
+  AjouteToutes(Ligne(), Ligne());
+  const auto echoue = [] { throw TalpenaError(ErrorNumber::DeviceFault, "gone", {}); };
+  rules.avantLigne = [&](std::int64_t n) {
+    if (n == 2) echoue();
+  };
+  rules.avantLecture = echoue;
+  Exporte();
+  rules.avantLecture = {};
+  EXPECT_EQ(Boites(), Texts{std::string("Error 57\n") + placeCases[0].words +
+                            "\nThe file holds the rows that were written until then."});
+  EXPECT_EQ(Ecrites(), 1U);
+}
+
+TEST_F(DatabaseFailure, OfTheDiskBeforeTheFirstRowLeavesNoFile) {
+  Ajoute(Ligne());
+  rules.avantLigne = [](std::int64_t) { throw TalpenaError(ErrorNumber::DiskFull, "full", {}); };
+  Exporte();
+  EXPECT_EQ(Boites(),
+            Texts{std::string("Error 61\n") + placeCases[1].words + "\nNo file was written."});
+  EXPECT_TRUE(folder.Noms().empty());
+}
+
+TEST_F(DatabaseFailure, OfTheDiskKeepsAFormerTable) {
+  AjouteToutes(Ligne(), Ligne(), Ligne());
+  for (const PlaceCase& c : placeCases) {
+    dialogues.boxes.clear();
+    EcritFichier(folder / "deg.dbf", "former");
+    EcritFichier(folder / "deg.dbt", "its memos");
+    dialogues.answers = {Answer::Yes};
+    rules.avantLigne = [&](std::int64_t n) {
+      if (n == 3) throw TalpenaError(c.number, c.name, {});
+    };
+    Exporte();
+    ASSERT_EQ(Boites().size(), 2U);
+    EXPECT_EQ(Boites()[1], "Error " + std::to_string(c.number) + "\n" + c.words +
+                               "\nThe former file stands unchanged.");
+    EXPECT_EQ(LitFichier(folder / "deg.dbf"), "former");
+    EXPECT_EQ(LitFichier(folder / "deg.dbt"), "its memos");
+    EXPECT_EQ(folder.Noms(), (Texts{"deg.dbf", "deg.dbt"}));
+  }
+}
+
+// The limit of a format is no fault of the disk.
+TEST_F(DatabaseFailure, OfTheFormatReplacesTheFormerTableByTheRowsUntilThere) {
+  AjouteToutes(Ligne(), Ligne());
+  EcritFichier(folder / "deg.dbf", "former");
+  dialogues.answers = {Answer::Yes};
+  rules.avantLigne = [](std::int64_t n) {
+    if (n == 2) {
+      throw TalpenaError(ErrorNumber::InvalidArgument, "full", {.text = MsgId::FichierAccessPlein});
+    }
+  };
+  Exporte();
+  ASSERT_EQ(Boites().size(), 2U);
+  EXPECT_EQ(Boites()[1],
+            "Error 3001\nThe file has reached the 2 GB that its format allows; the "
+            "rows up to here are in it.");
+  EXPECT_EQ(Ecrites(), 1U);
 }
 
 TEST_F(DatabaseFailure, BeforeThereIsATableLeavesEverythingAsItWas) {
@@ -292,10 +355,12 @@ TEST_F(DatabaseFailure, ADiskThatFillsLeavesAnAccessFileWithTheRowsUntilThen) {
     ExporteVers(Access, folder / "deg.mdb");
   }
   ASSERT_EQ(Boites().size(), 1U);
+  const std::size_t rows = LitTable(*makers, folder / "deg.mdb", "").rows.size();
   EXPECT_EQ(Boites()[0], "Error 61\nThe disk is full; make room on it and try again.\n" +
-                             (folder / "deg.mdb") +
-                             "\nThe file holds the rows that were written until then.");
-  EXPECT_GT(LitTable(*makers, folder / "deg.mdb", "").rows.size(), 500U);
+                             (folder / "deg.mdb") + "\nThe file holds the first " +
+                             NombreGroupe(state.Langue, static_cast<std::int64_t>(rows)) +
+                             " of 3,000 rows.");
+  EXPECT_GT(rows, 500U);
 }
 
 }  // namespace

@@ -279,6 +279,20 @@ TEST_F(EveryTarget, AWorkbookHasTheHeadingsOfTheGrid) {
                                  "Titre et commentaire"}));
 }
 
+TEST_F(EveryTarget, TheBlanksOfAnEmptyColumnAreNoTextToReadersOfHeadings) {
+  auto row = Ligne();
+  row.datum = std::string(5, ' ');
+  row.original = std::string(24, ' ');
+  Ajoute(row);
+  const ReadTable places = Exporte(Cibles()[GeoPackageFile]);
+  EXPECT_EQ(places.rows[0][5], "");
+  EXPECT_EQ(places.rows[0][6], "");
+  const ReadTable sheet = Exporte(Cibles()[Workbook]);
+  EXPECT_EQ(sheet.rows[0][5], "(null)") << "a cell without a value";
+  EXPECT_EQ(sheet.rows[0][6], "(null)");
+  EXPECT_EQ(Boites(), Texts{});
+}
+
 // --- files of its own making in other programs ------------------------------------------------
 
 TEST_F(EveryTarget, OpensInAnUnrelatedReader) {

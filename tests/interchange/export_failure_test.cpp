@@ -375,7 +375,9 @@ TEST_F(ExportFailure, AWriteProtectedFileIsAskedForOnceMore) {
   EXPECT_EQ(guarded.Contenu("/d/a.txt"), ",Periode,Comment\r\n");
   EXPECT_TRUE(guarded.asked);
   EXPECT_EQ(dialogues.fileDialogs.size(), 2U);
-  EXPECT_EQ(dialogues.boxes.size(), 4U);
+  ASSERT_EQ(dialogues.boxes.size(), 4U);
+  EXPECT_EQ(dialogues.boxes[1].text, "The file is write-protected. Replace it all the same?");
+  EXPECT_EQ(dialogues.boxes[1].detail, "/d/a.txt");
 }
 
 }  // namespace

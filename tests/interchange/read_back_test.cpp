@@ -53,6 +53,25 @@ TEST_F(ReadBackTest, NoTargetGoesWithoutIt) {
   }
 }
 
+TEST_F(ReadBackTest, ATableMayBeCalledAsAStatementIs) {
+  for (const char* name : {"select", "Select it", "[all]", "select (2)"}) {
+    SCOPED_TRACE(name);
+    chosen = std::string(name) + ".dbf";
+    Exporte(DBase);
+    EXPECT_EQ(Avis(), "2,000 rows written and read back");
+    Oublie();
+  }
+}
+
+TEST_F(ReadBackTest, AFileOfAnotherNameThanTheOneTypedIsNamed) {
+  for (const char* typed : {"my.file.dbf", "my.txt"}) {
+    chosen = typed;
+    Exporte(DBase);
+    EXPECT_EQ(Avis(), "2,000 rows written and read back (my.dbf)") << typed;
+    Oublie();
+  }
+}
+
 struct BentCase {
   const char* name;
   std::size_t column;

@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QCoreApplication>
+#include <QLineEdit>
 #include <array>
 #include <utility>
 
@@ -16,6 +17,10 @@
 #include "coords/windows/ajustement.h"
 #include "coords/windows/frm_datum.h"
 #include "coords/windows/frm_lmb_ifbl.h"
+#include "gazetteer/gazetteer_file.h"
+#include "gazetteer/windows/frm_fonts.h"
+#include "gazetteer/windows/frm_geo_query.h"
+#include "gazetteer/windows/frm_geo_setup.h"
 #include "interchange/windows/frm_garmin_options.h"
 #include "interchange/windows/frm_import_garmin.h"
 #include "interchange/windows/frm_importation.h"
@@ -157,6 +162,40 @@ class OptionsGarminMontrees final : private ExempleGarmin, public frmGarminOptio
       : ExempleGarmin(c), frmGarminOptions(c.state, c.io, options, text, items) {}
 };
 
+/// Over the gazetteer that ships, where it is there.
+std::unique_ptr<QWidget> CreeGeoSetup(const GalleryContext& c) {
+  auto window =
+      std::make_unique<frmGeoSetup>(c.Commandes(), c.state.gazetteer, [](const QWidget*) {});
+  if (TrouveChemin(FichierGazetier(c.state, c.io))) window->Charge();
+  return window;
+}
+
+/// A query, and what it stands on.
+struct RequeteDExemple : GazetteerDialogs {
+  void MontreGeoSetup() override {}
+  RecordScreen fiche;
+};
+
+class RequeteMontree final : private RequeteDExemple, public frmGeoQuery {
+ public:
+  explicit RequeteMontree(const GalleryContext& c)
+      : frmGeoQuery({c.Commandes(), c.state.gazetteer, static_cast<RequeteDExemple&>(*this)}) {
+    Prepare(fiche);
+  }
+};
+
+/// A name half typed; its places come once the gazetteer that ships is read, where it is there.
+std::unique_ptr<QWidget> CreeRequete(const GalleryContext& c) {
+  auto window = std::make_unique<RequeteMontree>(c);
+  window->resize(720, 420);
+  window->findChild<QLineEdit*>(QStringLiteral("txt"))->setText(QStringLiteral("saint-g"));
+  return window;
+}
+
+std::unique_ptr<QWidget> CreePolices(const GalleryContext& c) {
+  return std::make_unique<frmFonts>(c.state, c.io, c.state.gazetteer);
+}
+
 using Context = const GalleryContext&;
 using Window = std::unique_ptr<QWidget>;
 
@@ -169,6 +208,9 @@ constexpr std::array windows = {
     GalleryWindow{"export",  CreeOptionsExport},
     GalleryWindow{"garmin", CreeImportGarmin},
     GalleryWindow{"garmin-options", [](Context c) -> Window { return std::make_unique<OptionsGarminMontrees>(c); }},
+    GalleryWindow{"gazetteer", CreeRequete},
+    GalleryWindow{"gazetteer-fonts", CreePolices},
+    GalleryWindow{"gazetteer-setup", CreeGeoSetup},
     GalleryWindow{"help",    CreeAide},
     GalleryWindow{"ifbl",    [](Context c) -> Window { return std::make_unique<frmLmbIfbl>(c.state); }},
     GalleryWindow{"import", CreeImportation},

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "fakes/dark_palette.h"
+#include "gazetteer/windows/typed_pane.h"
 #include "machine.h"
 #include "pictures/gallery.h"
 #include "platform/qt/single_instance.h"
@@ -66,6 +67,9 @@ void PrendToutes(Photographer& photographer, Form1& form, const GalleryContext& 
   photographer.Prend(form, QStringLiteral("main") + suffix);
   for (const GalleryWindow& entry : ToutesLesFenetres()) {
     const std::unique_ptr<QWidget> window = entry.cree(context);
+    if (const auto* typed = window->findChild<TypedPane*>()) {
+      while (!typed->EstAuRepos()) QCoreApplication::processEvents();
+    }
     photographer.PrendFenetre(*window, QLatin1String(entry.name) + suffix);
   }
 }

@@ -5,6 +5,7 @@
 #include <deque>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fakes/document_states.h"
@@ -148,6 +149,10 @@ class JournalFiles : public FakeFiles {
   }
   std::vector<std::string> nettoyes;  ///< paths beside which left-overs were cleared away
   void SupprimeRestes(const std::string& path) noexcept override { nettoyes.push_back(path); }
+  std::vector<PlacedFile> places;  ///< by what a killed export left
+  std::vector<PlacedFile> AcheveEchanges(const std::string&) noexcept override {
+    return std::exchange(places, {});
+  }
 
  private:
   Journal& steps_;

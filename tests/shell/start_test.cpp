@@ -199,6 +199,18 @@ TEST(ChargeForm1, ClearsLeftOversAwayWhereFilesWereOpenLast) {
   EXPECT_EQ(m.files.nettoyes, (std::vector<std::string>{"/data/moles/", "/data/b.deg"}));
 }
 
+TEST(ChargeForm1, TellsOfTheFilesOfAKilledExportThere) {
+  StartMachine m;
+  m.settings.values[FakeSettings::Cle("TALPENA", "Paths", "LastDeg")] = "/data/moles/";
+  m.files.places = {{"/data/moles/a.dbf", false}, {"/data/moles/a.dbt", false}};
+  m.Charge({});
+  ASSERT_EQ(m.dialogues.boxes.size(), 1U);
+  EXPECT_EQ(m.dialogues.boxes[0].text,
+            "An export into this folder was interrupted; the former files are back in their "
+            "places.");
+  EXPECT_EQ(m.dialogues.boxes[0].detail, "/data/moles/a.dbf\n/data/moles/a.dbt");
+}
+
 TEST(ChargeForm1, TheSplashIsGoneBeforeTheFileIsRead) {
   StartMachine m;
   m.Charge("/data/missing.deg");

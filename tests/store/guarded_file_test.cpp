@@ -209,6 +209,7 @@ TEST_F(ProtectedFile, IsNotSavedOverWithoutAYes) {
   CommeNobody([&] { MnuEnregistrer_Click(context); });
   EXPECT_EQ(Boites(), std::vector<std::string>{question});
   EXPECT_EQ(dialogues.boxes[0].defaultButton, Answer::No);
+  EXPECT_EQ(dialogues.boxes[0].detail, path);
   EXPECT_EQ(LitFichier(path), before);
   EXPECT_EQ(folder.Noms(), std::vector<std::string>{"a.deg"});
 }

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "analysis/analysed_rows.h"
 #include "analysis/output_file.h"
 #include "analysis/text_table.h"
 #include "common/msg_id.h"
@@ -56,8 +57,7 @@ void frmGraphique::Construit() {
   Graph1->Montre(picture_);
   lblPoint = Nomme(new QLabel(this), QStringLiteral("lblPoint"));
   lblRemarque = Nomme(new QLabel(this), QStringLiteral("lblRemarque"));
-  lblRemarque->setText(EnQt(picture_.remarque));
-  lblRemarque->setVisible(!picture_.remarque.empty());
+  lblRemarque->setVisible(picture_.lignes.texte != 0);
   for (QLabel* label : {lblPoint, lblRemarque}) {
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
@@ -107,6 +107,7 @@ void frmGraphique::AppliqueLangue() {
   const std::string& titre = picture_.graphTitle;
   setWindowTitle(EnQt(titre.empty() ? texte(MsgId::GraphiqueFenetre) : titre));
   Graph1->setAccessibleName(EnQt(texte(MsgId::GraphiqueFenetre)));
+  lblRemarque->setText(EnQt(TexteDesLignes(state_.Langue, picture_.lignes)));
   Mnemonics letters;
   const auto bouton = [&](QPushButton* button, int caption) {
     button->setText(letters.Marque(texte(caption)));

@@ -12,6 +12,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "analysis/analysed_rows.h"
 #include "analysis/output_file.h"
 #include "common/msg_id.h"
 #include "common/msg_id_analysis.h"
@@ -49,7 +50,6 @@ void frmResume::Construit() {
   Grid->setTabKeyNavigation(false);
   Grid->verticalHeader()->hide();
   lblRemarque = Nomme(new QLabel(this), QStringLiteral("lblRemarque"));
-  lblRemarque->setText(EnQt(summary_.lignes));
   lblRemarque->setWordWrap(true);
   cmdCopier = Nomme(new QPushButton(this), QStringLiteral("cmdCopier"));
   cmdNombres = Nomme(new QPushButton(this), QStringLiteral("cmdNombres"));
@@ -81,6 +81,7 @@ void frmResume::AppliqueLangue() {
   const auto texte = [this](int id) { return Texte(state_.Langue, id); };
   setWindowTitle(EnQt(SansMnemonique(texte(MsgId::MenuResume))));
   Grid->setAccessibleName(windowTitle());
+  lblRemarque->setText(EnQt(TexteDesLignes(state_.Langue, summary_.lignes)));
   Mnemonics letters;
   const auto bouton = [&](QPushButton* button, int caption) {
     button->setText(letters.Marque(texte(caption)));

@@ -38,8 +38,7 @@ std::size_t Rang(GeoList list) { return static_cast<std::size_t>(list); }
 
 }  // namespace
 
-frmGeoSetup::frmGeoSetup(CommandContext c, GazetteerState& gazetteer, std::function<void()> aide,
-                         QWidget* parent)
+frmGeoSetup::frmGeoSetup(CommandContext c, GazetteerState& gazetteer, Aide aide, QWidget* parent)
     : QDialog(parent),
       c_(c),
       gazetteer_(gazetteer),
@@ -50,6 +49,7 @@ frmGeoSetup::frmGeoSetup(CommandContext c, GazetteerState& gazetteer, std::funct
   setModal(true);
   Construit();
   Dispose();
+  OrdonneTabulation();
   AppliqueLangue();
   Relie();
 }
@@ -59,6 +59,8 @@ frmGeoSetup::~frmGeoSetup() = default;
 void frmGeoSetup::Charge() {
   setup_.Charge();
   Relit();
+  const bool nothing = setup_.Form().Liste(GeoList::Table).entrees.empty();
+  (nothing ? static_cast<QWidget*>(Bouton(GeoCommand::Change)) : cmb[0])->setFocus();
 }
 
 std::string frmGeoSetup::MontreDatums(const std::string& code) {
@@ -70,8 +72,9 @@ std::string frmGeoSetup::MontreDatums(const std::string& code) {
 
 /// Behind another file or table.
 void frmGeoSetup::Relit() {
-  Montre();
+  apercu_.Oublie();
   lblTest->clear();
+  Montre();
   apercu_.Lit();
   Montre();
 }
@@ -97,12 +100,14 @@ void frmGeoSetup::MontreListe(GeoList list) {
   QComboBox& box = *cmb[Rang(list)];
   const GeoChoices& choices = setup_.Form().Liste(list);
   const std::string proposed = apercu_.Propose(list);
-  box.clear();
-  for (const std::string& entry : choices.entrees) box.addItem(EnQt(entry));
   box.setPlaceholderText(
       proposed.empty()
           ? QString()
           : EnQt(Remplace(Texte(c_.state.Langue, MsgId::SetupProposition), "%1", proposed)));
+  if (choices == montrees_[Rang(list)]) return;
+  montrees_[Rang(list)] = choices;
+  box.clear();
+  for (const std::string& entry : choices.entrees) box.addItem(EnQt(entry));
   box.setCurrentIndex(choices.choix);
 }
 
@@ -120,7 +125,7 @@ void frmGeoSetup::MontreApercu() {
     }
   }
   for (int i = 0; i < lstApercu->columnCount(); ++i) lstApercu->resizeColumnToContents(i);
-  cmdTest->setEnabled(!rows.empty());
+  cmdTest->setEnabled(apercu_.PeutEssayer());
 }
 
 void frmGeoSetup::cmb_Click(GeoList list, int index) {
@@ -157,11 +162,12 @@ void frmGeoSetup::cmdPropositions_Click() {
   }
   if (type) setup_.Option2_Click(*type);
   Montre();
-  Command1[static_cast<std::size_t>(GeoCommand::Ok)]->setFocus();
+  Bouton(GeoCommand::Ok)->setFocus();
 }
 
 void frmGeoSetup::cmdTest_Click() {
   const auto tally = apercu_.Essaie();
+  Montre();
   if (!tally) return lblTest->clear();
   const std::string text = Remplace(Texte(c_.state.Langue, MsgId::SetupBilan), "%1",
                                     NombreGroupe(c_.state.Langue, tally->utilisables));
@@ -197,9 +203,17 @@ void frmGeoSetup::Relie() {
   }
   connect(cmdChangeDatum, &QPushButton::clicked, this, &frmGeoSetup::cmdChangeDatum_Click);
   connect(cmdFonts, &QPushButton::clicked, this, &frmGeoSetup::cmdFonts_Click);
-  connect(cmdHelp, &QPushButton::clicked, this, [this] { aide_(); });
+  connect(cmdHelp, &QPushButton::clicked, this, [this] { aide_(this); });
   connect(cmdPropositions, &QPushButton::clicked, this, &frmGeoSetup::cmdPropositions_Click);
   connect(cmdTest, &QPushButton::clicked, this, &frmGeoSetup::cmdTest_Click);
+}
+
+void MontreGeoSetup(CommandContext c, GazetteerState& gazetteer, frmGeoSetup::Aide aide,
+                    QWidget* parent) {
+  frmGeoSetup window(c, gazetteer, std::move(aide), parent);
+  window.show();
+  window.Charge();
+  window.exec();
 }
 
 }  // namespace talpena

@@ -28,9 +28,10 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   Q_OBJECT
 
  public:
-  /// @param aide  opens the guide at the page of this window
-  frmGeoSetup(CommandContext c, GazetteerState& gazetteer, std::function<void()> aide,
-              QWidget* parent = nullptr);
+  /// Opens the guide at the page of a window.
+  using Aide = std::function<void(const QWidget* window)>;
+
+  frmGeoSetup(CommandContext c, GazetteerState& gazetteer, Aide aide, QWidget* parent = nullptr);
   ~frmGeoSetup() override;
 
   /// Opens the file of the settings.
@@ -53,6 +54,7 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   QLayout* DisposeChoix();
   QLayout* DisposeApercu();
   QLayout* DisposeBoutons();
+  void OrdonneTabulation();
   void Relie();
 
   void Montre();
@@ -62,6 +64,9 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
 
   void cmb_Click(GeoList list, int index);
   void Command1_Click(GeoCommand command);
+  QPushButton* Bouton(GeoCommand command) const {
+    return Command1[static_cast<std::size_t>(command)];
+  }
   void cmdChangeDatum_Click();
   void cmdFonts_Click();
   void cmdPropositions_Click();
@@ -69,10 +74,11 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
 
   CommandContext c_;
   GazetteerState& gazetteer_;
-  std::function<void()> aide_;
+  Aide aide_;
   GeoSetup setup_;
   SetupSample apercu_;
-  bool montre_ = false;  ///< the controls are being filled
+  bool montre_ = false;              ///< the controls are being filled
+  PerGeoList<GeoChoices> montrees_;  ///< what the lists show
 
   QLabel* lblTitreFile = nullptr;
   ElidedLabel* lblFile = nullptr;
@@ -95,5 +101,9 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   QPushButton* cmdTest = nullptr;
   QLabel* lblTest = nullptr;
 };
+
+/// Shows the dialog until it is left. Its file is opened once it is up: that may last.
+void MontreGeoSetup(CommandContext c, GazetteerState& gazetteer, frmGeoSetup::Aide aide,
+                    QWidget* parent);
 
 }  // namespace talpena

@@ -10,6 +10,8 @@
 #include <QVBoxLayout>
 #include <array>
 #include <cstddef>
+#include <utility>
+#include <vector>
 
 #include "common/msg_id.h"
 #include "common/msg_id_gazetteer.h"
@@ -64,7 +66,7 @@ void frmGeoSetup::Construit() {
   cmdTest = Nomme(new QPushButton(this), u"cmdTest"_s);
   lblTest = Nomme(new QLabel(this), u"lblTest"_s);
   for (QPushButton* button : findChildren<QPushButton*>()) button->setAutoDefault(false);
-  Command1[static_cast<std::size_t>(GeoCommand::Ok)]->setDefault(true);
+  Bouton(GeoCommand::Ok)->setDefault(true);
 }
 
 void frmGeoSetup::ConstruitListes() {
@@ -95,7 +97,7 @@ QLayout* frmGeoSetup::DisposeFichier() {
   row->addWidget(lblTitreFile);
   row->addWidget(lblFile, 1);
   row->addWidget(lblDbType);
-  row->addWidget(Command1[static_cast<std::size_t>(GeoCommand::Change)]);
+  row->addWidget(Bouton(GeoCommand::Change));
   return row;
 }
 
@@ -144,15 +146,27 @@ QLayout* frmGeoSetup::DisposeApercu() {
 QLayout* frmGeoSetup::DisposeBoutons() {
   auto* row = new QHBoxLayout;
   for (const GeoCommand command : {GeoCommand::Open, GeoCommand::Save}) {
-    row->addWidget(Command1[static_cast<std::size_t>(command)]);
+    row->addWidget(Bouton(command));
   }
   row->addWidget(cmdFonts);
   row->addWidget(cmdHelp);
   row->addStretch(1);
   for (const GeoCommand command : {GeoCommand::Ok, GeoCommand::Escape}) {
-    row->addWidget(Command1[static_cast<std::size_t>(command)]);
+    row->addWidget(Bouton(command));
   }
   return row;
+}
+
+/// From top to bottom, as the window is read.
+void frmGeoSetup::OrdonneTabulation() {
+  std::vector<QWidget*> order{Bouton(GeoCommand::Change)};
+  order.insert(order.end(), cmb.begin(), cmb.end());
+  order.insert(order.end(), Option1.begin(), Option1.end());
+  order.insert(order.end(), Option2.begin(), Option2.end());
+  order.insert(order.end(), {cmdChangeDatum, cmdPropositions, cmdTest, lstApercu,
+                             Bouton(GeoCommand::Open), Bouton(GeoCommand::Save), cmdFonts, cmdHelp,
+                             Bouton(GeoCommand::Ok), Bouton(GeoCommand::Escape)});
+  for (std::size_t i = 1; i < order.size(); ++i) setTabOrder(order[i - 1], order[i]);
 }
 
 void frmGeoSetup::AppliqueLangue() {

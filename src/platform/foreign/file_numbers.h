@@ -1,23 +1,24 @@
-// Whole numbers in the bytes of files.
+// Whole numbers at places of a text that holds the bytes of a file.
 #pragma once
+#include <algorithm>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
 
+#include "platform/foreign/little_endian.h"
+
 namespace talpena {
 
 // Read where they stand; the bytes have to be there.
 
-inline std::uint16_t Lit16(std::string_view bytes, std::size_t place) {
-  const auto at = [&](std::size_t i) { return static_cast<unsigned char>(bytes[place + i]); };
-  return static_cast<std::uint16_t>(at(0) | at(1) << 8);
-}
-
 /// Least significant byte first.
+inline std::uint16_t Lit16(std::string_view bytes, std::size_t place) {
+  return NombreLu<std::uint16_t>(bytes.data() + place);
+}
 inline std::uint32_t Lit32(std::string_view bytes, std::size_t place) {
-  return Lit16(bytes, place) | std::uint32_t{Lit16(bytes, place + 2)} << 16;
+  return NombreLu<std::uint32_t>(bytes.data() + place);
 }
 
 /// Most significant byte first.
@@ -31,17 +32,14 @@ inline std::uint32_t Lit32Inverse(std::string_view bytes, std::size_t place) {
 /// Least significant byte first.
 template <std::unsigned_integral Number>
 void Pose(std::string& bytes, std::size_t place, Number value) {
-  for (std::size_t i = 0; i < sizeof value; ++i) {
-    bytes[place + i] = static_cast<char>(value >> (8 * i));
-  }
+  PoseNombre(bytes.data() + place, value);
 }
 
 /// Most significant byte first.
 template <std::unsigned_integral Number>
 void PoseInverse(std::string& bytes, std::size_t place, Number value) {
-  for (std::size_t i = 0; i < sizeof value; ++i) {
-    bytes[place + sizeof value - 1 - i] = static_cast<char>(value >> (8 * i));
-  }
+  Pose(bytes, place, value);
+  std::reverse(bytes.data() + place, bytes.data() + place + sizeof value);
 }
 
 }  // namespace talpena

@@ -6,6 +6,7 @@
 #include <system_error>
 #include <utility>
 
+#include "common/msg_id_errors.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
 
@@ -81,6 +82,16 @@ std::string Dans(const std::string& folder, std::string_view name) {
 }
 
 }  // namespace
+
+void VerifieNomDeTable(const std::string& name) {
+  const bool refused = name.empty() || name.front() == ' ' || !EstUtf8(name) ||
+                       std::ranges::any_of(name, [](char c) {
+                         return static_cast<unsigned char>(c) < ' ' || c == '/' || c == '\\';
+                       });
+  if (!refused) return;
+  throw TalpenaError(ErrorNumber::InvalidName, "'" + name + "' is not a valid name of a table.",
+                     {.text = MsgId::EchecNomDeFichier, .about = {name}});
+}
 
 FolderOfTables::FolderOfTables(const std::string& path, std::string_view extension)
     : extension_(extension) {

@@ -14,6 +14,9 @@ struct TableFile {
   std::string path;
 };
 
+/// Refuses a name of a new table that no file can have on some system: InvalidName (3125).
+void VerifieNomDeTable(const std::string& name);
+
 class FolderOfTables {
  public:
   /// @param path       the folder, or the file of one of its tables, which need not be there yet

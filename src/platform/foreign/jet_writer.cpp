@@ -52,6 +52,11 @@ void VerifieDefinition(const TableDef& table) {
   if (names.empty()) throw foreign::DefinitionRefusee();
 }
 
+bool EstDuCatalogue(std::string_view name) {
+  return std::ranges::any_of(SystemTableNames,
+                             [&](std::string_view own) { return EgalSansCasse(own, name); });
+}
+
 /// A table of the user's with the maps of its own pages.
 struct NewTable {
   NewTable(PageFile& file, const TableDef& table)
@@ -100,7 +105,9 @@ class BaseEcrite final : public ForeignDatabase {
 
   void CreeTable(const TableDef& table) override {
     VerifieDefinition(table);
-    if (Trouve(table.name) != nullptr) throw foreign::TableExiste(table.name);
+    if (Trouve(table.name) != nullptr || EstDuCatalogue(table.name)) {
+      throw foreign::TableExiste(table.name);
+    }
     const std::string properties = Proprietes(table.fields);
     tables_.emplace_back(file_, table);
     try {

@@ -21,11 +21,6 @@ namespace {
 
 constexpr int attempts = 100;
 
-bool EstDossier(const std::string& path) {
-  struct stat status {};
-  return lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
-}
-
 void VerifieEcriture(const std::string& folder, const std::string& path) {
   if (faccessat(AT_FDCWD, folder.c_str(), W_OK, AT_EACCESS) != 0) LanceErreurFichier(errno, path);
 }

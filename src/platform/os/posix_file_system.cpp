@@ -88,6 +88,11 @@ class PosixFileSystem final : public FileSystem {
     return EstLibrePosix(path);
   }
 
+  bool EstVerrouille(const std::string& path) override {
+    VerifieChemin(path);
+    return EstVerrouillePosix(path);
+  }
+
   void Renomme(const std::string& from, const std::string& to) override {
     VerifieChemin(from);
     VerifieChemin(to);
@@ -141,16 +146,30 @@ class PosixFileSystem final : public FileSystem {
 
   void SupprimeRestes(const std::string& path) noexcept override {
     try {
-      VerifieChemin(path);
-      const std::string folder = DossierParent(path);
-      const std::string targets = DossierParent(SuitLiens(path));
-      SupprimeRestesPosix(folder);  // of backups
-      if (targets != folder) SupprimeRestesPosix(targets);
+      for (const std::string& folder : DossiersDe(path)) SupprimeRestesPosix(folder);
     } catch (...) {  // they may stay until the next time
     }
   }
 
+  std::vector<PlacedFile> AcheveEchanges(const std::string& path) noexcept override {
+    std::vector<PlacedFile> placed;
+    try {
+      for (const std::string& folder : DossiersDe(path)) AcheveEchangesPosix(folder, placed);
+    } catch (...) {  // they may wait until the next time
+    }
+    return placed;
+  }
+
  private:
+  /// That of a path, where backups lie, and that of the file behind a link.
+  static std::vector<std::string> DossiersDe(const std::string& path) {
+    VerifieChemin(path);
+    std::vector<std::string> folders{DossierParent(path)};
+    const std::string targets = DossierParent(SuitLiens(path));
+    if (targets != folders.front()) folders.push_back(targets);
+    return folders;
+  }
+
   /// Moves between two file systems: whole and synced over there before it goes over here.
   static void Deplace(const std::string& source, const std::string& from, const std::string& to) {
     CopieSansEcraser(source, to);

@@ -21,6 +21,15 @@ bool EstVerrouille(int file) {
 
 }  // namespace
 
+bool EstVerrouillePosix(const std::string& path) {
+  const int file = open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  if (file < 0) return false;
+  struct stat status {};
+  const bool locked = fstat(file, &status) == 0 && S_ISREG(status.st_mode) && EstVerrouille(file);
+  close(file);
+  return locked;
+}
+
 bool EstLibrePosix(const std::string& path) {
   struct stat status {};
   if (lstat(path.c_str(), &status) != 0) return errno == ENOENT;

@@ -51,6 +51,11 @@ std::string SuitLiens(const std::string& path) {
   LanceErreurFichier(ELOOP, path);
 }
 
+bool EstDossier(const std::string& path) {
+  struct stat status {};
+  return lstat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 void VerifieChemin(const std::string& path) {
   if (path.empty()) LanceErreurFichier(ENOENT, path);
   if (path.find('\0') != std::string::npos) {

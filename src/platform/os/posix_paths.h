@@ -14,6 +14,9 @@ std::string NomDansDossier(const std::string& path);
 /// The path behind all links at the end of a path; the file itself need not be there.
 std::string SuitLiens(const std::string& path);
 
+/// A folder itself, no link to one.
+bool EstDossier(const std::string& path);
+
 /// Refuses what no file can be called: "" and names with a NUL byte.
 void VerifieChemin(const std::string& path);
 

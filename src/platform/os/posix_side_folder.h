@@ -2,6 +2,7 @@
 #pragma once
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "platform/files.h"
 
@@ -11,7 +12,10 @@ namespace talpena {
 /// alone.
 std::unique_ptr<SideFolder> CreeDossierPosix(const std::string& path);
 
-/// Removes such a folder that a killed program left, unless it holds former files.
+/// Removes such a folder that a killed program left before any file was moved.
 void SupprimeDossierAbandonne(const std::string& path);
+
+/// As FileSystem::AcheveEchanges says of one folder.
+void AcheveEchangesPosix(const std::string& folder, std::vector<PlacedFile>& placed);
 
 }  // namespace talpena

@@ -83,20 +83,28 @@ void QtCanvas::ChargeImage(const std::string& path) {
   picture.convertTo(QImage::Format_ARGB32_Premultiplied);
   if (picture.isNull()) RefuseImage(native);
   picturePath_ = path;
-  PrendImage(std::move(picture), base.size());
+  PoseFond(std::move(picture), base.size());
 }
 
 void QtCanvas::MontreImage(const QImage& picture) {
   picturePath_.clear();
-  PrendImage(picture.convertToFormat(QImage::Format_ARGB32_Premultiplied),
-             (QSizeF(picture.size()) / ratio_).toSize());
+  PoseFond(picture.convertToFormat(QImage::Format_ARGB32_Premultiplied),
+           (QSizeF(picture.size()) / ratio_).toSize());
 }
 
-/// @param size  as it is shown, before the ratio
-void QtCanvas::PrendImage(QImage picture, QSize size) {
-  picture.setDevicePixelRatio(1);
+void QtCanvas::ChangeFeuille(QSize size, double ratio) {
+  ratio_ = std::clamp(ratio, 0.25, 8.0);
+  picturePath_.clear();
+  QImage sheet(std::max(1, qRound(size.width() * ratio_)),
+               std::max(1, qRound(size.height() * ratio_)), QImage::Format_ARGB32_Premultiplied);
+  sheet.fill(Qt::white);
+  PoseFond(std::move(sheet), size);
+}
+
+void QtCanvas::PoseFond(QImage background, QSize size) {
+  background.setDevicePixelRatio(1);
   pictureSize_ = size;
-  background_ = std::move(picture);
+  background_ = std::move(background);
   mask_.Dimensionne(background_.width(), background_.height());
   Cls();
   ChangeEchelle(scale_);

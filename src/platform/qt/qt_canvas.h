@@ -28,6 +28,8 @@ class QtCanvas final : public Canvas {
   /// Another ratio, as on a move to another screen. The picture is read again where it can be;
   /// what was drawn on it is gone.
   void ChangeRapport(double ratio);
+  /// A white sheet of that size takes the place of the picture.
+  void ChangeFeuille(QSize size, double ratio);
   QSize TailleImage() const { return pictureSize_; }  ///< of the picture, empty without one
   const QImage& Surface();  ///< what is on show, ARGB32_Premultiplied; valid until the next drawing
 
@@ -52,11 +54,11 @@ class QtCanvas final : public Canvas {
   void SauveBmp(const std::string& path) override;
 
  private:
-  void PrendImage(QImage picture, QSize size);
   double LargeurTrait() const;  ///< pixels of the surface
   SurfaceRect Cadre(double margin) const;
   SurfacePoint EnPixels(double x, double y) const;
   PixelRows Rangees();
+  void PoseFond(QImage background, QSize size);
   void Prepare();  ///< before a shape goes to the mask
   void Vide();     ///< paints what the mask holds
   void Trace(SurfacePoint from, SurfacePoint to);

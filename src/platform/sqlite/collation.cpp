@@ -154,6 +154,11 @@ bool Collation::CompareAscii(std::string_view a, std::string_view b, int& result
   return true;
 }
 
+bool Collation::EstSimple(std::string_view text) const {
+  return std::all_of(text.begin(), text.end(),
+                     [this](char c) { return (c & 0x80) == 0 && Poids(c) != 0; });
+}
+
 int Collation::Compare(std::string_view a, std::string_view b) const {
   int result = 0;
   if (CompareAscii(a, b, result)) return result;

@@ -21,6 +21,10 @@ class Collation {
   /// Below, at or above 0.
   int Compare(std::string_view a, std::string_view b) const;
 
+  /// ASCII alone, and each of its characters counts: two such texts are equal just when they are
+  /// without regard to case.
+  bool EstSimple(std::string_view text) const;
+
   /// Bytes whose order (memcmp, the shorter first) is that of the texts, appended to `key`.
   /// The key holds at most one zero byte: keys of several texts may be joined with "\0\0".
   void AjouteCle(std::string_view text, std::string& key) const;

@@ -134,6 +134,7 @@ TalpenaError Connection::Erreur(int resultCode) {
     pending_.reset();
     return error;
   }
+  if ((resultCode & 0xff) == SQLITE_FULL && !file_.empty()) return DisquePlein(file_);
   return ErreurSqlite(db_.get(), resultCode);
 }
 

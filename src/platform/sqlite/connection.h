@@ -57,6 +57,9 @@ class Connection {
   /// SQLite's own.
   TalpenaError Erreur(int resultCode);
   [[noreturn]] void Echoue(int resultCode) { throw Erreur(resultCode); }
+  /// The database is a file of the user's own, known by this path: it is what a full disk is told
+  /// of, in place of the working folder.
+  void NommeFichier(std::string path) { file_ = std::move(path); }
   void LaisseErreur(const TalpenaError& error) { pending_.emplace(error); }
 
   /// Who is told while statements are at work, of any kind; what it throws is not passed on.
@@ -108,6 +111,7 @@ class Connection {
 
   Collation collation_;
   std::unique_ptr<sqlite3, Ferme> db_;
+  std::string file_;  ///< of the user's own; empty for the working database
   std::optional<TalpenaError> pending_;
   std::vector<std::shared_ptr<TableState>> tables_;
   std::vector<RunningReader*> readers_;

@@ -9,7 +9,7 @@ namespace talpena::sqlite {
 namespace {
 
 /// A full disk is that of the database, whatever was being read meanwhile.
-TalpenaError DisquePlein(sqlite3* db) {
+TalpenaError DossierPlein(sqlite3* db) {
   const char* path = db != nullptr ? sqlite3_db_filename(db, "main") : nullptr;
   if (path == nullptr || *path == 0) return {ErrorNumber::DiskFull, "Disk full."};
   std::string folder = DossierDe(path);
@@ -45,6 +45,10 @@ constexpr ResultCode resultCodes[] = {
 // clang-format on
 
 }  // namespace
+
+TalpenaError DisquePlein(std::string_view path) {
+  return {ErrorNumber::DiskFull, "Disk full: " + std::string(path), {.about = {std::string(path)}}};
+}
 
 TalpenaError AppelInvalide() { return {ErrorNumber::InvalidCall, "Invalid procedure call"}; }
 
@@ -170,7 +174,7 @@ TalpenaError ErreurSqlite(sqlite3* db, int resultCode) {
     if (extended == SQLITE_CONSTRAINT_DATATYPE) return ConversionImpossible();
     return CleEnDouble();
   }
-  if (primary == SQLITE_FULL) return DisquePlein(db);
+  if (primary == SQLITE_FULL) return DossierPlein(db);
   for (const ResultCode& entry : resultCodes) {
     if (entry.code == primary) return {entry.number, entry.description};
   }

@@ -9,6 +9,7 @@ struct sqlite3;
 
 namespace talpena::sqlite {
 
+TalpenaError DisquePlein(std::string_view path);  ///< 61: that of a file of the user's
 TalpenaError AppelInvalide();                     ///< 5
 TalpenaError Debordement();                       ///< 6
 TalpenaError AccesRefuse(std::string_view path);  ///< 75

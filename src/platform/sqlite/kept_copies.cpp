@@ -92,9 +92,8 @@ std::string CheminCopie(const KeptTable& kept) {
 std::string CheminNouvelleCopie(const KeptTable& kept) {
   const fs::path folder = EnChemin(kept.folder);
   std::error_code failed;
-  if (fs::create_directories(folder, failed)) {
-    fs::permissions(folder, fs::perms::owner_all, fs::perm_options::replace, failed);
-  }
+  fs::create_directories(folder, failed);
+  if (!failed) fs::permissions(folder, fs::perms::owner_all, fs::perm_options::replace, failed);
   if (failed || !fs::is_directory(folder, failed)) throw AccesRefuse(kept.folder);
   const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
   return EnUtf8(folder /

@@ -1,12 +1,15 @@
 #include "platform/sqlite/kept_table.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <system_error>
 #include <utility>
+#include <vector>
 
 #include "platform/sqlite/imported_database.h"
 #include "platform/sqlite/kept_copies.h"
+#include "platform/sqlite/kept_order.h"
 #include "platform/sqlite/private_file.h"
 #include "platform/sqlite/savepoint.h"
 
@@ -22,13 +25,14 @@ bool EstTexte(const TableState& table, int field) {
 class KeptDatabase final : public SqliteDatabase {
  public:
   KeptDatabase(const KeptTable& kept, std::string path)
-      : SqliteDatabase(std::make_shared<Connection>(path, Connection::Mode::ReadOnly), true),
+      // Nobody ever changes a copy: it is not locked for each row that is looked at.
+      : SqliteDatabase(std::make_shared<Connection>(path, Connection::Mode::Foreign), true),
         path_(std::move(path)) {
     if (!EstLeNotre() || LitEmpreinte() != kept.stamp) throw FormatInconnu(path_);
     ChargeDefinitions();
-    if (TableState* table = connection_->Table(kept.table)) {
+    if (const TableState* table = connection_->Table(kept.table)) {
       const int field = table->Champ(kept.field);
-      if (EstTexte(*table, field)) table->NoteChampDePrefixe(field);
+      if (EstTexte(*table, field)) order_.emplace(*connection_, *table, field);
     }
   }
 
@@ -47,7 +51,12 @@ class KeptDatabase final : public SqliteDatabase {
     return rows.Avance() ? std::string(rows.Texte(0)) : std::string();
   }
 
+  std::optional<std::vector<RowKey>> LignesConnues(const Selection& selection) override {
+    return order_ ? order_->Cherche(selection) : std::nullopt;
+  }
+
   std::string path_;
+  std::optional<KeptOrder> order_;
 };
 
 class KeepingDatabase final : public ImportedDatabase {
@@ -65,6 +74,8 @@ class KeepingDatabase final : public ImportedDatabase {
 
  protected:
   TableState* Trouve(std::string_view name) override {
+    // A copy is never changed: no other table joins it.
+    if (placed_ && !MemeNom(name, kept_.table)) throw TableIntrouvable(name);
     TableState* table = ImportedDatabase::Trouve(name);
     if (table != nullptr && !tried_ && MemeNom(name, kept_.table)) {
       tried_ = true;
@@ -87,36 +98,41 @@ class KeepingDatabase final : public ImportedDatabase {
   void Acheve(TableState& table) {
     const int field = table.Champ(kept_.field);
     PointDeReprise point(*connection_);
-    if (field >= 0) Indexe(table, field);
+    if (EstTexte(table, field)) {
+      KeptOrder::Garde(*connection_, table, field);
+    } else if (field >= 0) {
+      connection_->Execute("CREATE INDEX \"tlp:equal\" ON " + table.NomSql() + " (" +
+                           table.ChampSql(field) + ")");
+    }
     MarqueLeNotre(*connection_);
     NoteDefinition(*connection_, table.Definition());
     connection_->Execute(std::string("CREATE TABLE ") + StampTable + " (stamp TEXT) STRICT");
     connection_->Execute(std::string("INSERT INTO ") + StampTable + " VALUES (" +
                          Litteral(kept_.stamp) + ")");
     point.Valide();
-    if (EstTexte(table, field)) table.NoteChampDePrefixe(field);
-    LibereFichier();
+    OteJournal();
+    if (EstTexte(table, field)) order_.emplace(*connection_, table, field);
   }
 
-  void Indexe(const TableState& table, int field) {
-    const std::string name = table.ChampSql(field);
-    const std::string on = " ON " + table.NomSql();
-    connection_->Execute("CREATE INDEX \"tlp:equal\"" + on + " (" + name + ")");
-    if (!EstTexte(table, field)) return;
-    connection_->Execute("CREATE INDEX \"tlp:start\"" + on + " (tlp_fold(" + name + "))");
+  /// What stood ready for taking back goes with the lock, which comes back for reading: no row that
+  /// is looked at needs one of its own then.
+  void OteJournal() {
+    for (const char* sql :
+         {"PRAGMA locking_mode = NORMAL", "PRAGMA journal_mode = DELETE",
+          "SELECT 1 FROM sqlite_schema LIMIT 1", "PRAGMA locking_mode = EXCLUSIVE"}) {
+      connection_->Execute(sql);
+    }
   }
 
-  /// Others may read it from now on; the lock goes with the next statement.
-  void LibereFichier() {
-    connection_->Execute("PRAGMA locking_mode = NORMAL");
-    connection_->Execute("PRAGMA journal_mode = DELETE");
-    connection_->Execute("SELECT 1 FROM sqlite_schema LIMIT 1");
+  std::optional<std::vector<RowKey>> LignesConnues(const Selection& selection) override {
+    return order_ ? order_->Cherche(selection) : std::nullopt;
   }
 
   KeptTable kept_;
   std::string path_;
   bool tried_ = false;
   bool placed_ = false;
+  std::optional<KeptOrder> order_;
 };
 
 bool EstLa(const std::string& path) {

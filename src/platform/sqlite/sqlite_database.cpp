@@ -189,7 +189,8 @@ std::unique_ptr<Recordset> SqliteDatabase::OpenRecordset(std::string_view source
     if (name.size() > 2 && name.front() == '[' && name.back() == ']') {
       name = name.substr(1, name.size() - 2);
     }
-    return OuvreTable(TrouveTable(name), {}, {});
+    const auto table = TrouveTable(name);
+    return OuvreLignes(table, Trie(*connection_, *table, {}, {}));
   }
   return Ouvre(TraduitSelect(source, Chercheur()));
 }
@@ -200,14 +201,14 @@ std::unique_ptr<Recordset> SqliteDatabase::OuvreRequete(std::string_view text) {
 
 std::unique_ptr<Recordset> SqliteDatabase::Ouvre(const Selection& selection) {
   if (selection.table == nullptr) return LitEnMemoire(selection);
-  const auto number = static_cast<std::size_t>(selection.table->Numero());
-  return OuvreTable(connection_->Tables()[number], selection.condition, selection.order);
+  const auto& table = connection_->Tables()[static_cast<std::size_t>(selection.table->Numero())];
+  if (auto keys = LignesConnues(selection)) return OuvreLignes(table, RowList(std::move(*keys)));
+  return OuvreLignes(table, Trie(*connection_, *table, selection.condition, selection.order));
 }
 
-std::unique_ptr<Recordset> SqliteDatabase::OuvreTable(std::shared_ptr<TableState> table,
-                                                      const std::string& condition,
-                                                      const std::vector<OrderTerm>& order) {
-  auto rows = std::make_shared<RowList>(Trie(*connection_, *table, condition, order));
+std::unique_ptr<Recordset> SqliteDatabase::OuvreLignes(std::shared_ptr<TableState> table,
+                                                       RowList list) {
+  auto rows = std::make_shared<RowList>(std::move(list));
   table->Inscrit(rows, connection_->EnTransaction());
   return std::make_unique<TableRecordset>(connection_, std::move(table), std::move(rows),
                                           readOnly_);

@@ -1,6 +1,7 @@
 // A database of the engine's own.
 #pragma once
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -50,6 +51,12 @@ class SqliteDatabase : public Database {
   static std::vector<int> ChampsDe(const TableState& table,
                                    std::span<const std::string_view> columns);
 
+  /// The rows of a selection of one table where they are known without looking at all of them.
+  virtual std::optional<std::vector<RowKey>> LignesConnues(const Selection& selection) {
+    static_cast<void>(selection);
+    return std::nullopt;
+  }
+
   bool EstLeNotre();  ///< the file is of the engine's own
   void ChargeDefinitions();
 
@@ -63,9 +70,7 @@ class SqliteDatabase : public Database {
   TableFinder Chercheur();
   std::shared_ptr<TableState> TrouveTable(std::string_view name);
   std::unique_ptr<Recordset> Ouvre(const Selection& selection);
-  std::unique_ptr<Recordset> OuvreTable(std::shared_ptr<TableState> table,
-                                        const std::string& condition,
-                                        const std::vector<OrderTerm>& order);
+  std::unique_ptr<Recordset> OuvreLignes(std::shared_ptr<TableState> table, RowList list);
   std::int64_t ExecuteChangement(const Change& change);
   std::unique_ptr<Recordset> LitEnMemoire(const Selection& selection);
 

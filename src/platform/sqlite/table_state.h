@@ -46,10 +46,6 @@ class TableState {
   /// The statements that make the table and its indexes.
   std::vector<std::string> SqlCreation() const;
 
-  /// A text field that an index over tlp_fold finds by its first characters; -1 for none.
-  int ChampDePrefixe() const { return prefixField_; }
-  void NoteChampDePrefixe(int field) { prefixField_ = field; }
-
   // Every change of the table's rows.
   std::uint64_t Version() const { return version_; }
   void NoteChangement() { ++version_; }
@@ -78,7 +74,6 @@ class TableState {
   std::string key_;
   std::string quotedKey_;
   int keyField_ = -1;
-  int prefixField_ = -1;
   std::uint64_t version_ = 0;
   std::int64_t highestKey_ = 0;
   std::vector<std::weak_ptr<RowList>> lists_;

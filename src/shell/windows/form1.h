@@ -13,6 +13,7 @@
 #include <vector>
 
 #include "coord_commands/adjust.h"
+#include "gazetteer/gazetteer_context.h"
 #include "interchange/export_dialogs.h"
 #include "interchange/import_context.h"
 #include "platform/chart.h"
@@ -42,6 +43,7 @@ class EditForm;
 class HelpDesk;
 class TDBGrid;
 class frmCarte;
+class frmGeoQuery;
 
 /// Menu bar, tool buttons, title lines, the grid and the status bar. What its controls do are
 /// procedures of the logic; every one of them runs inside Commande.
@@ -52,6 +54,7 @@ class Form1 : public QMainWindow,
               public ExportDialogs,
               public ImportDialogs,
               public ChartPort,
+              public GazetteerDialogs,
               public ShellView {
   Q_OBJECT
 
@@ -103,6 +106,7 @@ class Form1 : public QMainWindow,
   // StorePort
   void MontreOptionsPeriodes() override;
   void RecalculeCoordonnees() override;
+  void ChercheLieu(RecordScreen& fiche) override;
 
   // AdjustDialogs
   bool MontreAjustement() override;
@@ -116,6 +120,9 @@ class Form1 : public QMainWindow,
 
   // ChartPort
   void MontreGraphique(const ChartPicture& picture) override { graphique_ = picture; }
+
+  // GazetteerDialogs
+  void MontreGeoSetup() override;
 
   // ShellView
   ScreenSize TailleEcran() const override;
@@ -228,6 +235,7 @@ class Form1 : public QMainWindow,
   frmCarte* frmCarte_ = nullptr;           ///< as is this
   QDialog* analyse_ = nullptr;             ///< and this: a chart, a summary
   std::optional<ChartPicture> graphique_;  ///< what the command under way made
+  frmGeoQuery* frmGeoQuery_ = nullptr;     ///< from its first opening on
   std::unique_ptr<HelpDesk> aide_;         ///< opens the user guide
   Subscription observed_;
 };

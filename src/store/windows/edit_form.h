@@ -127,6 +127,7 @@ class EditForm : public QDialog {
   void Grid_Abandonne();
   void cmbSystem_Click(int index);
   void cmdChangeDatum_Click();
+  void cmdSearch_Click();
   void ButNew_Click();
   void ButDupl_Click();
   void ButOk_Click();

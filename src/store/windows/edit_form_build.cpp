@@ -124,7 +124,6 @@ void EditForm::ConstruitCoordonnees(QWidget* parent) {
   cmdChangeDatum->setObjectName("cmdChangeDatum");
   cmdSearch = new QPushButton(parent);
   cmdSearch->setObjectName("cmdSearch");
-  cmdSearch->setEnabled(false);
   LabelLatitude = Etiquette(parent, "LabelLatitude");
   ChampLatitude = Ligne(parent, "ChampLatitude", 9);
   LabelLongitude = Etiquette(parent, "LabelLongitude");
@@ -254,6 +253,7 @@ void EditForm::RelieBoutons() {
       {cmdNavig[0], &EditForm::Suivant, {u"PgDown"_s, u"Ctrl+Down"_s}},
       {cmdNavig[1], &EditForm::Precedent, {u"PgUp"_s, u"Ctrl+Up"_s}},
       {cmdChangeDatum, &EditForm::cmdChangeDatum_Click, {u"F4"_s}},
+      {cmdSearch, &EditForm::cmdSearch_Click, {u"F3"_s}},
       {ButEsc, &EditForm::reject, {}}};
   for (const Bouton& b : buttons) {
     connect(b.button, &QPushButton::clicked, this, b.pressed);

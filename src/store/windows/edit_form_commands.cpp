@@ -68,6 +68,11 @@ void EditForm::cmdChangeDatum_Click() {
   });
 }
 
+void EditForm::cmdSearch_Click() {
+  if (enCours_ || !ApresChamp()) return;
+  Execute([](CommandContext c, RecordScreen& ecran) { c.port.ChercheLieu(ecran); });
+}
+
 void EditForm::ButNew_Click() {
   Execute(talpena::ButNew_Click);
   if (!ecran_.modifie) commence_ = false;

@@ -88,7 +88,8 @@ void EditForm::NommeBoutons(Mnemonics& letters) {
     b.button->setAccessibleName(Nom(caption));
     b.button->setToolTip(AvecTouches(Nom(caption), TouchesDe(*b.button)));
   }
-  cmdSearch->setToolTip(Nom(Texte(state_.Langue, MsgId::AideSansRepertoire)));
+  cmdSearch->setToolTip(AvecTouches(
+      QString::fromStdString(Texte(state_.Langue, MsgId::AideRepertoire)), TouchesDe(*cmdSearch)));
 }
 
 void EditForm::NommeChamps(Mnemonics& letters) {

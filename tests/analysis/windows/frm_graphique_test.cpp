@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QTest>
 
+#include "common/msg_id_analysis.h"
 #include "fakes/dark_palette.h"
 #include "platform/qt/chart/chart_plot.h"
 #include "platform/qt/qt_canvas.h"
@@ -24,7 +25,7 @@ ChartPicture Mois() {
                     "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
   picture.leftTitle = "N";
   picture.graphTitle = "Talpa/europaea";
-  picture.remarque = "All 3 rows are counted.";
+  picture.lignes = {MsgId::LignesToutes, 3, 3};
   picture.series.push_back({"", std::vector<std::optional<double>>(12, 2.0), false});
   picture.series[0].values[4] = 7;
   return picture;
@@ -178,7 +179,9 @@ TEST_F(ChartWindow, FollowsTheLanguage) {
   state.Langue = 0;
   QEvent event(QEvent::LanguageChange);
   QApplication::sendEvent(window.get(), &event);
-  EXPECT_TRUE(Enfant<QPushButton>("cmdCopier")->accessibleName() == "Copier");
+  EXPECT_EQ(Enfant<QPushButton>("cmdCopier")->accessibleName(), "Copier");
+  EXPECT_EQ(Enfant<QLabel>("lblRemarque")->text(),
+            QString::fromUtf8("Toutes les 3 lignes sont comptées."));
 }
 
 TEST_F(ChartWindow, ScaleAndPlaceStayWithinThePoints) {

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "gazetteer/setup_world.h"
@@ -54,6 +55,31 @@ TEST_F(FrmFonts, OkKeepsAllSix) {
     EXPECT_EQ(settings.Lit("TALPENA", "Polices", "Name" + number, "none"), "Courier New");
     EXPECT_EQ(settings.Lit("TALPENA", "Polices", "Size" + number, "none"), "10");
   }
+}
+
+TEST_F(FrmFonts, TheFontDialogBeginsAtTheEntryAndGivesAnother) {
+  settings.Ecrit("TALPENA", "Polices", "Name2", "Serif");
+  settings.Ecrit("TALPENA", "Polices", "Size2", "12");
+  Ouvre();
+  dialogues.polices = {Font{.family = "Sans", .sizePoints = 14.4}};
+  Clique("cmdOpen_1");
+  EXPECT_EQ(dialogues.policesVues[0].family, "Serif");
+  EXPECT_EQ(dialogues.policesVues[0].sizePoints, 12);
+  EXPECT_EQ(Montre("lblFont_1"), "Sans");
+  EXPECT_EQ(Montre("lblSize_1"), "14");
+  EXPECT_EQ(Montre("lblFont_0"), "Courier New") << "the others stay";
+  EXPECT_EQ(settings.Lit("TALPENA", "Polices", "Name2", ""), "Serif") << "until Ok";
+  Clique("cmdFont_0");
+  EXPECT_EQ(settings.Lit("TALPENA", "Polices", "Name2", ""), "Sans");
+  EXPECT_EQ(gazetteer.Polices[1].Nom, "Sans") << "the table that names are shown by";
+}
+
+TEST_F(FrmFonts, CancelInTheFontDialogLeavesTheEntryInSilence) {
+  Ouvre();
+  dialogues.polices = {std::nullopt};
+  Clique("cmdOpen_1");
+  EXPECT_EQ(Montre("lblFont_1"), "Courier New");
+  EXPECT_TRUE(dialogues.boxes.empty());
 }
 
 TEST_F(FrmFonts, CancelKeepsNothing) {

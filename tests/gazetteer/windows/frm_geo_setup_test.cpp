@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
@@ -11,6 +12,7 @@
 #include <QTreeWidget>
 #include <memory>
 
+#include "fakes/dialog_driver.h"
 #include "gazetteer/setup_world.h"
 
 namespace talpena {
@@ -22,7 +24,7 @@ struct FrmGeoSetup : testing::Test, test::SetupWorld {
   std::unique_ptr<frmGeoSetup> form;
 
   void Ouvre() {
-    form = std::make_unique<frmGeoSetup>(context, gazetteer, [this] { ++aides; });
+    form = std::make_unique<frmGeoSetup>(context, gazetteer, [this](const QWidget*) { ++aides; });
     form->Charge();
     form->show();
     form->activateWindow();
@@ -110,6 +112,58 @@ TEST_F(FrmGeoSetup, HelpOpensTheGuide) {
   OuvreAccess();
   Bouton("cmdHelp").click();
   EXPECT_EQ(aides, 1);
+}
+
+TEST_F(FrmGeoSetup, ChangeTakesAnotherFile) {
+  OuvreAccess();
+  const std::string folder = Cree("geo", Connect::DBase4, {"names"});
+  dialogues.paths = {folder + "/names.dbf"};
+  Bouton("Command1_0").click();
+  EXPECT_EQ(Enfant<QLabel>("lblFile").text().toStdString(), folder);
+  EXPECT_EQ(Enfant<QLabel>("lblDbType").text(), "dBase IV;");
+  EXPECT_EQ(Liste(0).count(), 1);
+  EXPECT_EQ(Enfant<QTreeWidget>("lstApercu").topLevelItemCount(), 3);
+  EXPECT_EQ(state.GeoDbType, "") << "until Ok";
+}
+
+TEST_F(FrmGeoSetup, TheDatumIsChosenInItsDialog) {
+  OuvreAccess();
+  {
+    test::DialogDriver driver("frmDatum", [](QDialog& dialog) {
+      QTest::keyClicks(dialog.findChild<QWidget*>("ListView1"), "bel72");
+      dialog.findChild<QPushButton*>("cmdDatum_0")->click();
+    });
+    Bouton("cmdChangeDatum").click();
+  }
+  EXPECT_EQ(Enfant<QLabel>("lblDatum").text(), "BEL72");
+  EXPECT_EQ(state.GeoDatum, "BEL72");
+}
+
+TEST_F(FrmGeoSetup, ASetUpIsSavedAndOpenedAgain) {
+  OuvreAccess();
+  dialogues.paths = {dossier / "my.cfg", dossier / "my.cfg"};
+  Bouton("Command1_3").click();
+  state.GeoTable = "Other";
+  Bouton("Command1_4").click();
+  EXPECT_EQ(Liste(0).currentText(), "Places");
+  EXPECT_EQ(state.GeoTable, "Places");
+}
+
+TEST_F(FrmGeoSetup, WithoutAFileTheKeysAreAtChange) {
+  state.GeoFile.clear();
+  Ouvre();
+  EXPECT_TRUE(Bouton("Command1_0").hasFocus());
+}
+
+TEST_F(FrmGeoSetup, TabGoesFromTopToBottom) {
+  OuvreAccess();
+  EXPECT_TRUE(Liste(0).hasFocus());
+  for (int i = 1; i < 10; ++i) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(Liste(i).hasFocus()) << i;
+  }
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  EXPECT_TRUE(Enfant<QRadioButton>("Option1_0").hasFocus());
 }
 
 TEST_F(FrmGeoSetup, EscapeLeaves) {

@@ -68,6 +68,10 @@ TEST(JetEngine, RefusesWhatIsThereAlready) {
   made->CreateTable(TableCourte());
   EXPECT_EQ(Numero([&] { made->CreateTable(TableCourte()); }), ErrorNumber::TableExists);
   TableDef badly = TableCourte();
+  for (const char* system : {"MSysObjects", "msysACES", "MSysQueries", "MSysRelationships"}) {
+    badly.name = system;
+    EXPECT_EQ(Numero([&] { made->CreateTable(badly); }), ErrorNumber::TableExists) << system;
+  }
   badly.name = "bees!";
   EXPECT_EQ(Numero([&] { made->CreateTable(badly); }), ErrorNumber::InvalidName);
   EXPECT_EQ(Numero([&] { engine->CreateForeignDatabase(path, Connect::Access, NewDatabase{}); }),

@@ -1,8 +1,11 @@
 // A table of another maker that is kept between openings.
 #include <sys/stat.h>
 
+#include <array>
 #include <chrono>
 #include <filesystem>
+#include <random>
+#include <string>
 #include <utility>
 
 #include "platform/foreign_format.h"
@@ -114,6 +117,47 @@ TEST_F(KeptTableTest, ALaterSearchGivesTheSameRows) {
   EXPECT_EQ(Noms("[Key] LIKE 'étang*'"), Strings{"Étang"});
 }
 
+// Letters with and without accents, one of another script, characters that do not count when texts
+// are compared, and long names that differ at their ends.
+std::string NomAuHasard(std::mt19937& random) {
+  constexpr std::array<const char*, 14> pieces{"a",       "B",  "l",      "\u00B7", "é",
+                                               "E\u0301", "Ｂ", "\u0E40", "\u0E01", "\x01",
+                                               "ß",       "-",  "'",      "ǆ"};
+  std::string name;
+  for (auto n = random() % 5; n > 0; --n) name += pieces[random() % pieces.size()];
+  return random() % 50 == 0 ? std::string(200, 'x') + name : name;
+}
+
+std::string SansApostrophe(std::string text) {
+  std::erase(text, '\'');
+  return text;
+}
+
+TEST_F(KeptTableTest, FindsWhatLookingAtEveryRowFinds) {
+  std::mt19937 random(3);
+  file.rows.clear();
+  for (int i = 0; i < 700; ++i) {
+    const Value key = i % 100 == 0 ? Value() : Value(NomAuHasard(random));
+    file.rows.push_back({key, std::to_string(i), double(i % 7)});
+  }
+  const auto plain = makers->OpenDatabase(path, true);
+  const auto once = Ouvre();
+  for (int i = 0; i < 120; ++i) {
+    const std::string text = SansApostrophe(NomAuHasard(random));
+    static constexpr std::array<const char*, 4> wildcards{"*", "?*", "", "*a"};
+    for (const std::string& where :
+         {"[Key] = '" + text + "'", "[Key] LIKE '" + text + wildcards[random() % 4] + "'"}) {
+      for (const char* order : {"[Key]", "[Name]", "[Lat]", "[Key] DESC"}) {
+        const std::string select = "SELECT * FROM Places WHERE " + where + " ORDER BY " + order;
+        EXPECT_EQ(Colonne(*once->OpenRecordset(select), "Name"),
+                  Colonne(*plain->OpenRecordset(select), "Name"))
+            << select;
+      }
+    }
+  }
+  EXPECT_EQ(file.reads, 2);
+}
+
 TEST_F(KeptTableTest, OneConnectionGoesOnWithWhatItKept) {
   const auto base = Ouvre();
   const auto search = [&](const char* where) {
@@ -141,6 +185,14 @@ TEST_F(KeptTableTest, ASavedQueryIsKeptToo) {
   EXPECT_EQ(file.reads, 1);
 }
 
+TEST_F(KeptTableTest, NoOtherTableJoinsACopy) {
+  const auto base = Ouvre();
+  base->OpenRecordset("SELECT * FROM Places WHERE [Key] = 'GHENT'");
+  EXPECT_EQ(FailureOf([&] { base->OpenRecordset("North"); }).number, ErrorNumber::TableNotFound);
+  EXPECT_EQ(FailureOf([&] { base->Query("North"); }).number, ErrorNumber::TableNotFound);
+  EXPECT_EQ(Copies().size(), 1U) << "and nothing beside it";
+}
+
 TEST_F(KeptTableTest, CopiesAreForTheUserAlone) {
   Noms("[Key] = 'GHENT'");
   struct stat status {};
@@ -149,6 +201,13 @@ TEST_F(KeptTableTest, CopiesAreForTheUserAlone) {
   ASSERT_EQ(Copies().size(), 1U);
   ASSERT_EQ(stat(Copies()[0].c_str(), &status), 0);
   EXPECT_EQ(status.st_mode & 0777U, 0600U);
+}
+
+TEST_F(KeptTableTest, AFolderThatOthersMayEnterIsClosedToThem) {
+  fs::create_directory(kept.folder);
+  fs::permissions(kept.folder, fs::perms::all);
+  Noms("[Key] = 'GHENT'");
+  EXPECT_EQ(fs::status(kept.folder).permissions(), fs::perms::owner_all);
 }
 
 TEST_F(KeptTableTest, ADamagedCopyIsThrownAway) {

@@ -164,6 +164,7 @@ TEST(EditForm, TellsTheKeysInTheToolTips) {
       {"cmdNavig_0", "Next (PgDown, Ctrl+Down)"},
       {"cmdNavig_1", "Previous (PgUp, Ctrl+Up)"},
       {"cmdChangeDatum", "Change... (F4)"},
+      {"cmdSearch", "Takes coordinates and name of a place from the gazetteer. (F3)"},
       {"ButEsc", "Close (Esc)"}};
   for (const auto& [name, tip] : tips) EXPECT_EQ(m.Bouton(name)->toolTip().toStdString(), tip);
 }

@@ -36,8 +36,23 @@ TEST(EditForm, ShowsTheRow) {
   EXPECT_FALSE(m.Bouton("ButOk")->isEnabled());
   EXPECT_FALSE(m.form->isWindowModified());
   EXPECT_EQ(FormMachine::Focus(), "ChampPeriode");
-  EXPECT_FALSE(m.Bouton("cmdSearch")->isEnabled());
   EXPECT_TRUE(m.dialogues.boxes.empty());
+}
+
+TEST(EditForm, APlaceThatIsChosenStandsInTheFormAndIsUnsaved) {
+  FormMachine m;
+  m.Ouvre();
+  m.vue.lieu = [](RecordScreen& fiche) {
+    EXPECT_EQ(fiche.ChampLibre, "remark") << "what is typed is taken in";
+    fiche.ChampLibre = "Saint-Ghislain remark";
+    fiche.modifie = fiche.ButOk = true;
+  };
+  QTest::mouseClick(m.Bouton("cmdSearch"), Qt::LeftButton);
+  EXPECT_EQ(m.Controle<QPlainTextEdit>("ChampLibre")->toPlainText(), "Saint-Ghislain remark");
+  EXPECT_TRUE(m.form->isWindowModified());
+  m.vue.lieu = [](RecordScreen& fiche) { EXPECT_EQ(fiche.ChampLibre, "Saint-Ghislain remark"); };
+  QTest::keyClick(m.form.get(), Qt::Key_F3);
+  EXPECT_EQ(std::count(m.vue.calls.begin(), m.vue.calls.end(), "ChercheLieu"), 2);
 }
 
 TEST(EditForm, HasTheCaptions) {
@@ -77,15 +92,16 @@ TEST(EditForm, TabFollowsALabelFromTopToBottom) {
   FormMachine m;
   m.Ouvre();
   Lines order;
-  for (int i = 0; i < 20; ++i) {
+  for (int i = 0; i < 21; ++i) {
     order.push_back(FormMachine::Focus());
     FormMachine::Touche(Qt::Key_Tab);
   }
-  EXPECT_EQ(order, (Lines{"ChampPeriode",   "ChampAnnee", "cmbSystem",      "EditBox_0",
-                          "EditBox_1",      "EditBox_2",  "cmdChangeDatum", "ChampLatitude",
-                          "ChampLongitude", "ChampCh1",   "ChampCh2",       "ChampSex",
-                          "Grid",           "Grid",       "ChampLibre",     "ButNew",
-                          "ButDupl",        "ButEsc",     "cmdNavig_1",     "cmdNavig_0"}))
+  EXPECT_EQ(order,
+            (Lines{"ChampPeriode", "ChampAnnee",     "cmbSystem", "EditBox_0",     "EditBox_1",
+                   "EditBox_2",    "cmdChangeDatum", "cmdSearch", "ChampLatitude", "ChampLongitude",
+                   "ChampCh1",     "ChampCh2",       "ChampSex",  "Grid",          "Grid",
+                   "ChampLibre",   "ButNew",         "ButDupl",   "ButEsc",        "cmdNavig_1",
+                   "cmdNavig_0"}))
       << "two free fields";
   EXPECT_EQ(FormMachine::Focus(), "ChampPeriode");
 }

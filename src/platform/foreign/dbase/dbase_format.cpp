@@ -7,13 +7,13 @@
 #include <system_error>
 #include <utility>
 
-#include "common/msg_id_errors.h"
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "platform/foreign/dbase/columns.h"
 #include "platform/foreign/dbase/folder_reader.h"
 #include "platform/foreign/dbase/table_writer.h"
 #include "platform/foreign/errors.h"
+#include "platform/foreign/folder_of_tables.h"
 
 namespace talpena {
 namespace {
@@ -37,14 +37,6 @@ class DossierLu : public ForeignDatabase {
   FolderReader reader_;
 };
 
-void VerifieNom(const std::string& table) {
-  const bool refused = table.empty() || table.find('/') != std::string::npos ||
-                       table.find('\0') != std::string::npos;
-  if (!refused) return;
-  throw TalpenaError(ErrorNumber::InvalidName, "'" + table + "' is not a valid name of a table.",
-                     {.text = MsgId::EchecNomDeFichier, .about = {table}});
-}
-
 /// The same, and tables may be made in it.
 class DossierEcrit final : public DossierLu {
  public:
@@ -52,7 +44,7 @@ class DossierEcrit final : public DossierLu {
       : DossierLu(std::move(reader)), product_(product), limits_(limits) {}
 
   void CreeTable(const TableDef& table) override {
-    VerifieNom(table.name);
+    VerifieNomDeTable(table.name);
     if (!table.indexes.empty()) throw foreign::NonEcrit("an index of a table in such a folder");
     if (Dossier().FichierDe(table.name)) throw foreign::TableExiste(table.name);
     made_.emplace_back(product_, Dossier(), table, limits_);

@@ -22,10 +22,11 @@ namespace talpena::excel {
 namespace {
 
 /// Takes a name that nothing bears.
-void ReserveNom(const std::string& path) {
+/// @param shown  the path that messages name
+void ReserveNom(const std::string& path, const std::string& shown) {
   constexpr mode_t anyone = 0666;  // less what the user's mask takes off
   const Descripteur file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, anyone));
-  if (!file.Ouvert()) LanceErreurFichier(errno, path);
+  if (!file.Ouvert()) LanceErreurFichier(errno, shown);
 }
 
 /// Takes a name beside a path.
@@ -34,7 +35,7 @@ std::string NomVoisin(const std::string& path) {
   for (int i = 1;; ++i) {
     std::string name = path + "~" + std::to_string(i);
     try {
-      ReserveNom(name);
+      ReserveNom(name, path);
       return name;
     } catch (const TalpenaError& error) {
       if (error.number() != ErrorNumber::FileExists || i == most) throw;
@@ -42,25 +43,27 @@ std::string NomVoisin(const std::string& path) {
   }
 }
 
-void Synchronise(const std::string& path) {
+void Synchronise(const std::string& path, const std::string& shown) {
   const Descripteur file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
   if (!file.Ouvert() || (fsync(file.Numero()) != 0 && errno != EINVAL && errno != EROFS)) {
-    LanceErreurFichier(errno, path);
+    LanceErreurFichier(errno, shown);
   }
 }
 
 /// A workbook on its way, at most one row of which is in memory.
 class BookInProgress {
  public:
-  BookInProgress(std::string path, const std::vector<FieldDef>& fields, const std::string& sheet)
-      : path_(std::move(path)) {
+  /// @param shown  the path that messages name
+  BookInProgress(const std::string& path, std::string shown, const std::vector<FieldDef>& fields,
+                 const std::string& sheet)
+      : shown_(std::move(shown)) {
     lxw_workbook_options options{};
     options.constant_memory = LXW_TRUE;
-    book_ = workbook_new_opt(path_.c_str(), &options);
+    book_ = workbook_new_opt(path.c_str(), &options);
     sheet_ = book_ == nullptr ? nullptr : workbook_add_worksheet(book_, sheet.c_str());
     if (sheet_ == nullptr) {
       lxw_workbook_free(book_);
-      LanceErreurFichier(ENOSPC, path_);  // no temporary file
+      LanceErreurFichier(ENOSPC, shown_);  // no temporary file
     }
     text_ = workbook_add_format(book_);
     format_set_num_format(text_, "@");
@@ -88,7 +91,7 @@ class BookInProgress {
 
   /// Raises DiskFull when the rows could not all be kept.
   void Verifie() const {
-    if (std::ferror(sheet_->optimize_tmpfile) != 0) LanceErreurFichier(ENOSPC, path_);
+    if (std::ferror(sheet_->optimize_tmpfile) != 0) LanceErreurFichier(ENOSPC, shown_);
   }
 
   /// Makes the file of what was written.
@@ -99,7 +102,7 @@ class BookInProgress {
     errno = 0;
     lxw_workbook* const book = std::exchange(book_, nullptr);
     if (workbook_close(book) != LXW_NO_ERROR) {
-      LanceErreurFichier(errno == 0 ? ENOSPC : errno, path_);
+      LanceErreurFichier(errno == 0 ? ENOSPC : errno, shown_);
     }
   }
 
@@ -120,11 +123,11 @@ class BookInProgress {
     const off_t rows = ftello(sheet_->optimize_tmpfile);
     if (rows < 0 || fstatvfs(fileno(sheet_->optimize_tmpfile), &disk) != 0) return;
     if (std::uint64_t{disk.f_bavail} * disk.f_frsize < static_cast<std::uint64_t>(rows) + others) {
-      LanceErreurFichier(ENOSPC, path_);
+      LanceErreurFichier(ENOSPC, shown_);
     }
   }
 
-  std::string path_;
+  std::string shown_;
   lxw_workbook* book_ = nullptr;
   lxw_worksheet* sheet_ = nullptr;
   lxw_format* text_ = nullptr;
@@ -136,10 +139,10 @@ class XlsxSheet final : public SheetWriter {
   XlsxSheet(std::string path, const TableDef& table, std::string sheet)
       : path_(std::move(path)), sheet_(std::move(sheet)), fields_(table.fields) {
     const SansSignalDeTaille guard;
-    ReserveNom(path_);
+    ReserveNom(path_, path_);
     try {
-      BookInProgress(path_, fields_, sheet_).Ferme();
-      Synchronise(path_);
+      BookInProgress(path_, path_, fields_, sheet_).Ferme();
+      Synchronise(path_, path_);
     } catch (...) {
       unlink(path_.c_str());
       throw;
@@ -166,7 +169,7 @@ class XlsxSheet final : public SheetWriter {
     try {
       workbook_->Ferme();
       workbook_.reset();
-      Synchronise(beside_);
+      Synchronise(beside_, path_);
       if (std::rename(beside_.c_str(), path_.c_str()) != 0) LanceErreurFichier(errno, path_);
     } catch (...) {
       workbook_.reset();
@@ -185,7 +188,7 @@ class XlsxSheet final : public SheetWriter {
 
   void Commence() {
     beside_ = NomVoisin(path_);
-    workbook_ = std::make_unique<BookInProgress>(beside_, fields_, sheet_);
+    workbook_ = std::make_unique<BookInProgress>(beside_, path_, fields_, sheet_);
   }
 
   void Abandonne() {

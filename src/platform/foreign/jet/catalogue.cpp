@@ -87,9 +87,9 @@ SystemCatalogue::SystemCatalogue(PageFile& file, double now)
   AjouteObjet({lesBases, racine, Object::AContainer, "Databases"});
   AjouteObjet({lesLiens, racine, Object::AContainer, "Relationships"});
   AjouteObjet({laBase, lesBases, Object::ADatabase, "MSysDb", admin});
-  constexpr std::array names = {"MSysObjects", "MSysACEs", "MSysQueries", "MSysRelationships"};
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    AjouteObjet({static_cast<std::int32_t>(pages_[i]), lesTables, Object::ATable, names[i]});
+  for (std::size_t i = 0; i < SystemTableNames.size(); ++i) {
+    AjouteObjet(
+        {static_cast<std::int32_t>(pages_[i]), lesTables, Object::ATable, SystemTableNames[i]});
   }
   for (const Right& r : firstRights) AjouteDroit(r.object, r.rights, r.inherited, r.who);
 }

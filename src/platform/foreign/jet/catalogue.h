@@ -11,7 +11,10 @@
 
 namespace talpena::jet {
 
-/// Saved queries and relationships have their tables too, which stay empty.
+/// Their names. Saved queries and relationships have their tables too, which stay empty.
+inline constexpr std::array<std::string_view, 4> SystemTableNames{
+    "MSysObjects", "MSysACEs", "MSysQueries", "MSysRelationships"};
+
 class SystemCatalogue {
  public:
   /// Makes the catalogue of an empty database; its first table is defined on page 2, so two pages
@@ -34,7 +37,7 @@ class SystemCatalogue {
   void AjouteDroit(std::int32_t object, std::int32_t rights, bool inherited, std::string_view who);
 
   double now_;
-  std::array<std::uint32_t, 4> pages_;  ///< of the definitions
+  std::array<std::uint32_t, SystemTableNames.size()> pages_;  ///< of the definitions
   MapRows maps_;
   TableWriter objects_;
   TableWriter rights_;

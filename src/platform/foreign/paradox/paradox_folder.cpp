@@ -43,17 +43,6 @@ TableDef DefinitionDe(const TableFile& file) {
   return definition;
 }
 
-/// Refuses a name that no file can have.
-void VerifieNomDeTable(const std::string& name) {
-  const bool refused = name.empty() || name.front() == ' ' || !EstUtf8(name) ||
-                       std::ranges::any_of(name, [](char c) {
-                         return static_cast<unsigned char>(c) < ' ' || c == '/' || c == '\\';
-                       });
-  if (!refused) return;
-  throw TalpenaError(ErrorNumber::InvalidName, "'" + name + "' is not a valid name of a table.",
-                     {.text = MsgId::EchecNomDeFichier, .about = {name}});
-}
-
 class DossierParadox final : public ForeignDatabase {
  public:
   DossierParadox(const std::string& path, const ParadoxLimits& limits)

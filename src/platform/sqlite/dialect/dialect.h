@@ -1,6 +1,7 @@
 // The engine's SQL dialect in terms of SQLite's. docs/table-engine.md describes it.
 #pragma once
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,12 +19,20 @@ struct OrderTerm {
   bool descending = false;
 };
 
+/// A whole condition that is one text column against one literal.
+struct TextSearch {
+  int field = -1;     ///< of the table
+  bool like = false;  ///< LIKE, else `=`
+  std::string text;   ///< the pattern, or what the column equals
+};
+
 /// What a SELECT asks for.
 struct Selection {
   /// The one table whose rows are shown whole, with `condition` (empty for all rows) and
   /// `order`; null for any other SELECT: then `sql` gives its rows and `fields` their columns.
   TableState* table = nullptr;
   std::string condition;
+  std::optional<TextSearch> search;  ///< what `condition` says, when it is no more than that
   std::vector<OrderTerm> order;
   std::string sql;
   std::vector<FieldDef> fields;

@@ -90,6 +90,7 @@ Selection DialectParser::Simple(SelectPart part) {
     selection.table = sources_[0].table;
     selection.fields = selection.table->Definition().fields;
     selection.condition = std::move(part.condition);
+    selection.search = std::move(part.search);
     return selection;
   }
   selection.fields = part.fields;

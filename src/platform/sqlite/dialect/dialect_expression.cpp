@@ -11,17 +11,6 @@ namespace {
 
 constexpr int DeepestNesting = 200;
 
-std::string LitteralOctets(std::string_view bytes) {
-  constexpr std::string_view digits = "0123456789abcdef";
-  std::string literal = "x'";
-  for (const char c : bytes) {
-    const auto byte = static_cast<unsigned char>(c);
-    literal.push_back(digits[byte >> 4]);
-    literal.push_back(digits[byte & 15U]);
-  }
-  return literal + "'";
-}
-
 // From the loosest to the tightest.
 enum Precedence : int {
   Imp = 1,
@@ -193,7 +182,9 @@ bool DialectParser::LitSuite(Expression& left, int minimum) {
   Expression right = Lit(op->precedence + 1);
   const bool aggregate = left.aggregate || right.aggregate;
   if (op->precedence == Comparison) {
+    const auto search = op->text == "=" ? Recherche(left, right, false) : std::nullopt;
     left = Compare(std::move(left), op->text, std::move(right));
+    left.search = search;
   } else if (op->precedence < Not) {
     left = Logique(std::move(left), op->precedence, right);
   } else {
@@ -238,24 +229,18 @@ Expression DialectParser::LitMotif(Expression left, bool negated) {
   Expression result;
   result.kind = ValueKind::Logical;
   result.aggregate = left.aggregate || pattern.aggregate;
-  const std::string range = negated ? std::string() : Etendue(left, pattern);
-  result.sql = std::string(negated ? "(NOT " : "(") + range + "tlp_like(" +
-               EnTexte(std::move(pattern)) + ", " + EnTexte(std::move(left)) + "))";
+  if (!negated) result.search = Recherche(left, pattern, true);
+  result.sql = std::string(negated ? "(NOT " : "(") + "tlp_like(" + EnTexte(std::move(pattern)) +
+               ", " + EnTexte(std::move(left)) + "))";
   return result;
 }
 
-// What an index finds: the texts that begin as the pattern does. The pattern is matched all the
-// same.
-std::string DialectParser::Etendue(const Expression& field, const Expression& pattern) const {
-  const bool indexed = sources_.size() == 1 && sources_[0].table != nullptr &&
-                       field.column != nullptr && field.field >= 0 &&
-                       field.field == sources_[0].table->ChampDePrefixe();
-  if (!indexed || !pattern.text) return {};
-  const std::string start = DebutDuMotif(*pattern.text);
-  if (start.empty()) return {};
-  const std::string key = "tlp_fold(" + field.sql + ")";
-  return key + " >= " + LitteralOctets(start) + " AND " + key + " < " +
-         LitteralOctets(start + '\xFF') + " AND ";
+std::optional<TextSearch> DialectParser::Recherche(const Expression& column, const Expression& text,
+                                                   bool like) const {
+  const bool plain = sources_.size() == 1 && column.column != nullptr && column.field >= 0 &&
+                     StockageDe(column.column->type) == Storage::Text;
+  if (!plain || !text.text) return {};
+  return TextSearch{column.field, like, *text.text};
 }
 
 Expression DialectParser::LitEncadrement(Expression left, bool negated) {

@@ -31,6 +31,7 @@ struct Expression {
   Outer outer = Outer::Atom;
   std::optional<double> number;      ///< of a literal
   std::optional<std::string> text;   ///< of a literal
+  std::optional<TextSearch> search;  ///< what `sql` says, as it came out of Recherche
   const FieldDef* column = nullptr;  ///< when it is a plain column
   int field = -1;                    ///< its place in its table
   bool aggregate = false;            ///< calls an aggregate function
@@ -53,6 +54,7 @@ struct SelectPart {
   std::vector<FieldDef> fields;
   std::string from;
   std::string condition;
+  std::optional<TextSearch> search;  ///< the same as Selection has it
   std::string groups;
   bool distinct = false;
   bool whole = false;               ///< all columns of one table, in their order
@@ -95,7 +97,8 @@ class DialectParser {
   bool LitSuite(Expression& left, int minimum);
   bool LitComparaison(Expression& left);
   Expression LitMotif(Expression left, bool negated);
-  std::string Etendue(const Expression& field, const Expression& pattern) const;
+  std::optional<TextSearch> Recherche(const Expression& column, const Expression& text,
+                                      bool like) const;
   Expression LitAppartenance(Expression left, bool negated);
   Expression LitEncadrement(Expression left, bool negated);
 
@@ -128,7 +131,7 @@ class DialectParser {
   void LitListe(SelectPart& part);
   void AjouteToutes(const std::string& qualifier, std::vector<Expression>& items,
                     std::vector<FieldDef>& fields);
-  std::string LitCondition();
+  std::string LitCondition(std::optional<TextSearch>* search = nullptr);
   std::vector<OrderTerm> LitOrdre(const std::vector<Expression>& items,
                                   const std::vector<FieldDef>& fields, bool grouped);
   OrderTerm LitTerme(const std::vector<Expression>& items, const std::vector<FieldDef>& fields);

@@ -48,7 +48,7 @@ SelectPart DialectParser::LitPartie() {
   at_ = rest;
   part.whole = whole && part.items.size() == sources_[0].fields->size();
 
-  part.condition = LitCondition();
+  part.condition = LitCondition(&part.search);
   part.groups = LitGroupes();
   return part;
 }
@@ -207,11 +207,17 @@ void DialectParser::AjouteToutes(const std::string& qualifier, std::vector<Expre
   if (!found) throw TableIntrouvable(qualifier);
 }
 
-std::string DialectParser::LitCondition() {
+std::string DialectParser::LitCondition(std::optional<TextSearch>* search) {
   if (!Mot("WHERE")) return {};
   clause_ = "WHERE";
   expressionStart_ = Ici().start;
-  std::string sql = EnConditionSql(Lit());
+  const std::size_t first = at_;
+  Expression condition = Lit();
+  // A column, an operator and a literal are the whole of it.
+  // Held by KeptTableTest.ALaterSearchGivesTheSameRows.
+  constexpr std::size_t fewestTokens = 3;
+  if (search != nullptr && at_ - first == fewestTokens) *search = condition.search;
+  std::string sql = EnConditionSql(std::move(condition));
   // What cannot follow a condition is part of the user's mistake in it.
   const bool goesOn =
       EstMot("GROUP") || EstMot("HAVING") || EstMot("ORDER") || (unionAllowed_ && EstMot("UNION"));

@@ -27,13 +27,6 @@ void Like(FunctionCall& call) {
   }
 }
 
-// The characters as LIKE compares them, as bytes that an index orders.
-void SansCasseEnOctets(FunctionCall& call) {
-  if (call.EstNull(0)) return call.RendNull();
-  const std::string folded = TexteSansCasse(call.Texte(0));
-  sqlite3_result_blob64(call.Contexte(), folded.data(), folded.size(), SQLITE_TRANSIENT);
-}
-
 void Texte(FunctionCall& call) {
   const Cell cell = call.Cellule(0);
   if (cell.EstNull()) return call.RendNull();
@@ -69,7 +62,6 @@ void Range(FunctionCall& call) {
 
 void EnregistreFonctions(Connection& connection) {
   Enregistre<Like, Travail::Soi>(connection, "tlp_like", 2);
-  Enregistre<SansCasseEnOctets, Travail::SelonTextes, SQLITE_INNOCUOUS>(connection, "tlp_fold", 1);
   Enregistre<Texte>(connection, "tlp_text", 1);
   Enregistre<TexteSimple>(connection, "tlp_textsingle", 1);
   Enregistre<TexteDate>(connection, "tlp_textdate", 1);

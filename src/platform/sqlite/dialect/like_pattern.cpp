@@ -51,20 +51,6 @@ std::u32string PointsDeCode(std::string_view utf8) {
   return points;
 }
 
-// Three bytes a character, the highest first: all there are fit.
-std::string TexteSansCasse(std::string_view utf8) {
-  std::string bytes;
-  for (std::size_t at = 0; at < utf8.size();) {
-    const char32_t c = SansCasse(LitPoint(utf8, at));
-    for (const int shift : {16, 8, 0}) bytes.push_back(static_cast<char>(c >> shift & 0xFF));
-  }
-  return bytes;
-}
-
-std::string DebutDuMotif(std::string_view pattern) {
-  return TexteSansCasse(pattern.substr(0, pattern.find_first_of("*?#[")));
-}
-
 LikePattern::LikePattern(std::string_view pattern, const Collation& collation)
     : collation_(&collation) {
   const std::u32string points = PointsDeCode(pattern);

@@ -51,12 +51,4 @@ class LikePattern {
 /// The code points of a text; malformed bytes count as U+FFFD each.
 std::u32string PointsDeCode(std::string_view utf8);
 
-/// A text in characters without their case, as bytes: one text begins with another under LIKE just
-/// when its bytes do.
-std::string TexteSansCasse(std::string_view utf8);
-
-/// The characters that every text has to begin with that meets a pattern, as TexteSansCasse has
-/// them; "" when it begins with a wildcard.
-std::string DebutDuMotif(std::string_view pattern);
-
 }  // namespace talpena::sqlite

@@ -182,6 +182,7 @@ class PaquetEcrit final : public ForeignDatabase {
  public:
   explicit PaquetEcrit(const std::string& path)
       : path_(path), connection_(Nouveau(path), Connection::Mode::Fresh) {
+    connection_.NommeFichier(path_);
     Execute(SqlDuPaquet());
   }
 

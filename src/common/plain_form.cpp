@@ -1,4 +1,4 @@
-#include "gazetteer/plain_form.h"
+#include "common/plain_form.h"
 
 #include <algorithm>
 #include <array>
@@ -24,12 +24,13 @@ constexpr std::array letterBlocks{
         "i.i.i.i.d.n.o.o.o.o.o...o.u.u.u.u.y.thy.a.a.a.a.a.a.c.c.c.c.c.c.c.c.d.d.d.d.e.e.e.e.e.e."
         "e.e.e.e.g.g.g.g.g.g.g.g.h.h.h.h.i.i.i.i.i.i.i.i.i.i.ijijj.j.k.k.k.l.l.l.l.l.l.l.l.l.l.n."
         "n.n.n.n.n.n.ngngo.o.o.o.o.o.oeoer.r.r.r.r.r.s.s.s.s.s.s.s.s.t.t.t.t.t.t.u.u.u.u.u.u.u.u."
-        "u.u.u.u.w.w.y.y.y.z.z.z.z.z.z.s.b.b...............d.d.......e.e...f.f.........i.k.k.l..."
+        "u.u.u.u.w.w.y.y.y.z.z.z.z.z.z.s.b.b...............d.d.......e.a...f.f.........i.k.k.l..."
         "....n...o.o.....p.p.............t.t...u.u.....y.y.z.z...........................dzdzdzlj"
         "ljljnjnjnja.a.i.i.o.o.u.u.u.u.u.u.u.u.u.u.e.a.a.a.a.aeaeg.g.g.g.k.k.o.o.o.o.....j.dzdzdz"
         "g.g.....n.n.a.a.aeaeo.o.a.a.a.a.e.e.e.e.i.i.i.i.o.o.o.o.r.r.r.r.u.u.u.u.s.s.t.t.....h.h."
         "n.......z.z.a.a.e.e.o.o.o.o.o.o.o.o.y.y...............c.c.l...........b.u..............."
         "........"},
+    LetterBlock{U'\u0259', "a."},
     LetterBlock{
         U'\u1E00',
         "a.a.b.b.b.b.b.b.c.c.d.d.d.d.d.d.d.d.d.d.e.e.e.e.e.e.e.e.e.e.f.f.g.g.h.h.h.h.h.h.h.h.h.h."
