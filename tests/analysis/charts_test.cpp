@@ -228,7 +228,7 @@ TEST(MnuPhenolo, SumsN1OverTheMonths) {
   EXPECT_EQ(w.Dernier().leftTitle, "N");
   EXPECT_EQ(w.Dernier().bottomTitle, "");
   EXPECT_EQ(w.Dernier().graphTitle, "Talpa europaea");
-  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "All 4 rows are counted.");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "Rows counted: 4 (all)");
 }
 
 TEST(MnuPhenolo, DatesWithoutAMonthAndRowsWithoutDateOrNumberFallOut) {
@@ -257,12 +257,11 @@ TEST(MnuPhenolo, TakesTheSelectedRowsElseThoseOnShow) {
   w.Filtre("N1 > 1");
   w.Phenologie();
   EXPECT_EQ(w.charts.Valeurs(), (Values{0, 2, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes),
-            "The 2 rows that the filter shows are counted, of 3.");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "Rows counted: 2 of 3 (filter)");
   w.Choisit({2});
   w.Phenologie();
   EXPECT_EQ(w.charts.Valeurs(), (Values{0, 0, 4, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
-  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "The 1 selected rows are counted.");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "Rows counted: 1 (selected)");
 }
 
 TEST(MnuPhenolo, AnEmptySetIsAnEmptyChartWithoutABeep) {

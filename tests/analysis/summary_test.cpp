@@ -29,7 +29,7 @@ TEST(SummaryOfRows, CountsNumbersYearsAndMonths) {
   EXPECT_EQ(year.nulls, 1);
   EXPECT_EQ(month.count, 1);
   EXPECT_EQ(month.nulls, 2);
-  EXPECT_EQ(TexteDesLignes(1000, summary.lignes), "All 3 rows are counted.");
+  EXPECT_EQ(TexteDesLignes(1000, summary.lignes), "Rows counted: 3 (all)");
 }
 
 TEST(SummaryOfRows, GroupsByPeriodAndBySex) {
@@ -58,8 +58,7 @@ TEST(SummaryOfRows, SeesTheRowsOfTheFilterElseTheSelectedOnes) {
   w.Montre({{1, 1}, {2, 1}, {9, 1}});
   w.Filtre("N1 < 5");
   EXPECT_EQ(ResumeLignes(w.context).groups[0].values[0].maximum, 2);
-  EXPECT_EQ(TexteDesLignes(1000, ResumeLignes(w.context).lignes),
-            "The 2 rows that the filter shows are counted, of 3.");
+  EXPECT_EQ(TexteDesLignes(1000, ResumeLignes(w.context).lignes), "Rows counted: 2 of 3 (filter)");
   w.Choisit({0});
   EXPECT_EQ(ResumeLignes(w.context).groups[0].values[0].maximum, 1);
 }

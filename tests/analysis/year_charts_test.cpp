@@ -80,7 +80,7 @@ TEST(TenDaySteps, SeeTheSelectedRowsAndSaySo) {
   w.Choisit({1});
   w.Decades();
   EXPECT_EQ(w.Pas(0), "1=3");
-  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "The 1 selected rows are counted.");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "Rows counted: 1 (selected)");
 }
 
 TEST(RecordsThroughTheYears, CountRowsAndPointsNeverSeenBefore) {
@@ -96,7 +96,7 @@ TEST(RecordsThroughTheYears, CountRowsAndPointsNeverSeenBefore) {
   EXPECT_EQ(w.charts.Valeurs(0), (Values{1, 0, 4}));
   EXPECT_EQ(w.charts.Valeurs(1), (Values{1, 0, 1}));
   EXPECT_EQ(w.Dernier().bottomTitle, "Year");
-  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "All 5 rows are counted.");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "Rows counted: 5 (all)");
 }
 
 TEST(RecordsThroughTheYears, RowsWithoutAYearFallOut) {

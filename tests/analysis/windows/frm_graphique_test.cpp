@@ -58,7 +58,7 @@ class ChartWindow : public testing::Test, protected World {
 
 TEST_F(ChartWindow, SaysWhichRowsAreCountedAndHowTheKeysLead) {
   Ouvre();
-  EXPECT_EQ(Enfant<QLabel>("lblRemarque")->text(), "All 3 rows are counted.");
+  EXPECT_EQ(Enfant<QLabel>("lblRemarque")->text(), "Rows counted: 3 (all)");
   EXPECT_TRUE(Ligne().starts_with("The arrow keys"));
   EXPECT_EQ(window->windowTitle(), "Talpa/europaea");
   EXPECT_TRUE(Graphe()->hasFocus());
@@ -117,9 +117,7 @@ TEST_F(ChartWindow, PicturesAreOnWhitePaperOnADarkDesktopToo) {
   const QImage light = Graphe()->EnImage({400, 300}, 1);
   window->setPalette(PaletteSombre());
   QTest::keyClick(Graphe(), Qt::Key_Right);
-  const QImage dark = Graphe()->EnImage({400, 300}, 1);
-  light.save("/tmp/A16_light.png"), dark.save("/tmp/A16_dark.png");
-  EXPECT_EQ(dark, light);
+  EXPECT_EQ(Graphe()->EnImage({400, 300}, 1), light);
   EXPECT_EQ(Graphe()->PointCourant(), 1) << "the mark comes back";
 }
 
@@ -181,7 +179,7 @@ TEST_F(ChartWindow, FollowsTheLanguage) {
   QApplication::sendEvent(window.get(), &event);
   EXPECT_EQ(Enfant<QPushButton>("cmdCopier")->accessibleName(), "Copier");
   EXPECT_EQ(Enfant<QLabel>("lblRemarque")->text(),
-            QString::fromUtf8("Toutes les 3 lignes sont comptées."));
+            QString::fromUtf8("Lignes comptées : 3 (toutes)"));
 }
 
 TEST_F(ChartWindow, ScaleAndPlaceStayWithinThePoints) {

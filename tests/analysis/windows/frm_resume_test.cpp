@@ -36,7 +36,7 @@ TEST_F(SummaryWindow, ShowsALineForEachGroupAndValue) {
   EXPECT_EQ(Table().horizontalHeaderItem(6)->text(), "Median");
   EXPECT_EQ(Table().item(0, 6)->text(), "1.5");
   EXPECT_EQ(Table().item(4, 0)->text(), "Period 1");
-  EXPECT_EQ(window->findChild<QLabel*>("lblRemarque")->text(), "All 2 rows are counted.");
+  EXPECT_EQ(window->findChild<QLabel*>("lblRemarque")->text(), "Rows counted: 2 (all)");
   EXPECT_EQ(window->windowTitle(), "Summary");
 }
 

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 #include "platform/qt/chart/chart_axis.h"
 #include "platform/qt/chart/plot_library.h"
@@ -21,6 +22,8 @@ constexpr double BarWidth = 0.8;    ///< of the distance of two points
 constexpr double Headroom = 1.06;   ///< above the highest value
 constexpr double FewestPoints = 3;  ///< on show at the largest scale
 constexpr double ZoomStep = 1.5;
+constexpr int LegendColumns = 4;
+constexpr double NoStretch = 0.001;  ///< of a row of the layout, which takes none that is 0
 
 /// Colours that those who see few colours tell apart too. Source: Okabe and Ito, Color universal
 /// design (2008).
@@ -44,8 +47,9 @@ ChartPlot::ChartPlot(QWidget* parent) : QWidget(parent) {
   plot_->axisRect()->setRangeDrag(Qt::Horizontal);
   plot_->axisRect()->setRangeZoom(Qt::Horizontal);
   title_ = new QCPTextElement(plot_);
-  plot_->plotLayout()->insertRow(0);
-  plot_->plotLayout()->addElement(0, 0, title_);
+  plot_->axisRect()->insetLayout()->take(plot_->legend);
+  plot_->legend->setFillOrder(QCPLayoutGrid::foColumnsFirst);
+  plot_->legend->setWrap(LegendColumns);
   mark_ = new QCPItemRect(plot_);
   mark_->setLayer(QStringLiteral("background"));
   mark_->topLeft->setTypeY(QCPItemPosition::ptAxisRectRatio);
@@ -55,6 +59,7 @@ ChartPlot::ChartPlot(QWidget* parent) : QWidget(parent) {
   plot_->yAxis2->setTicker(QSharedPointer<QCPAxisTicker>(new WholeTicker));
   connect(plot_->xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
           &ChartPlot::LimiteEtendue);
+  connect(plot_, &QCustomPlot::afterReplot, this, &ChartPlot::SuitLargeur);
 }
 
 ChartPlot::~ChartPlot() = default;
@@ -68,12 +73,28 @@ void ChartPlot::Montre(const ChartPicture& picture) {
   AjouteSeries();
   RegleAxes();
   title_->setText(EnQt(picture.graphTitle));
-  title_->setVisible(!picture.graphTitle.empty());
-  const auto named = std::count_if(picture.series.begin(), picture.series.end(),
-                                   [](const ChartSeries& one) { return !one.name.empty(); });
-  plot_->legend->setVisible(named > 0);
+  const bool named = std::any_of(picture.series.begin(), picture.series.end(),
+                                 [](const ChartSeries& one) { return !one.name.empty(); });
+  DisposeAuDessus(!picture.graphTitle.empty(), named);
   Colore(palette());
   MontreTout();
+}
+
+/// Title and legend have rows of their own over the bars, if there are any.
+void ChartPlot::DisposeAuDessus(bool title, bool legend) {
+  QCPLayoutGrid* rows = plot_->plotLayout();
+  int row = 0;
+  const auto place = [&](QCPLayoutElement* element, bool shown) {
+    if (element->layout() == rows) rows->take(element);
+    rows->simplify();
+    element->setVisible(shown);
+    if (!shown) return;
+    rows->insertRow(row);
+    rows->addElement(row, 0, element);
+    rows->setRowStretchFactor(row++, NoStretch);
+  };
+  place(title_, title);
+  place(plot_->legend, legend);
 }
 
 void ChartPlot::AjouteSeries() {
@@ -230,6 +251,12 @@ int ChartPlot::PointSous(QPoint pixel) const {
   if (!plot_->axisRect()->rect().contains(pixel)) return 0;
   const auto point = static_cast<int>(std::lround(plot_->xAxis->pixelToCoord(pixel.x())));
   return point >= 1 && point <= picture_.numPoints ? point : 0;
+}
+
+/// Labels are chosen before the layout is made: in another width they are chosen anew.
+void ChartPlot::SuitLargeur() {
+  const int width = plot_->axisRect()->width();
+  if (std::exchange(width_, width) != width) Redessine();
 }
 
 void ChartPlot::Redessine() { plot_->replot(QCustomPlot::rpQueuedReplot); }

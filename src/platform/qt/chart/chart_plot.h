@@ -54,6 +54,7 @@ class ChartPlot : public QWidget {
  private:
   class Paper;
 
+  void DisposeAuDessus(bool title, bool legend);
   void AjouteSeries();
   QCPAbstractPlottable* AjouteBarres(const ChartSeries& series);
   QCPAbstractPlottable* AjouteLigne(const ChartSeries& series);
@@ -64,6 +65,7 @@ class ChartPlot : public QWidget {
   void LimiteEtendue(const QCPRange& range);
   void MarquePoint();
   int PointSous(QPoint pixel) const;
+  void SuitLargeur();
   void Redessine();
 
   QCustomPlot* plot_ = nullptr;
@@ -72,6 +74,7 @@ class ChartPlot : public QWidget {
   std::vector<QCPAbstractPlottable*> series_;
   ChartPicture picture_;
   int point_ = 0;
+  int width_ = 0;  ///< of the bars when the labels were chosen, pixels
 };
 
 }  // namespace talpena

@@ -38,10 +38,12 @@ class ChartPlot::Paper {
   }
 
   QImage Image(QSize size, double dots) {
+    Dispose(size);
     return chart_.plot_->toPixmap(size.width(), size.height(), dots).toImage();
   }
   /// On a device with so many dots for a pixel.
   void Peint(QPaintDevice& device, QSize size, double dots) {
+    Dispose(size);
     QCPPainter painter;
     painter.begin(&device);
     painter.setMode(QCPPainter::pmVectorized);
@@ -52,6 +54,9 @@ class ChartPlot::Paper {
   }
 
  private:
+  /// The labels are chosen before the layout is made: this makes that of the size.
+  void Dispose(QSize size) { chart_.plot_->toPixmap(size.width(), size.height(), 1); }
+
   ChartPlot& chart_;
 };
 
