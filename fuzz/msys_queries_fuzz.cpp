@@ -23,7 +23,8 @@ namespace {
 constexpr int EngineFault = 3000;      // what no input may lead to
 constexpr int QueryTooComplex = 3360;  // what no short one may: its translation would be wrong
 constexpr std::size_t Short = 120;
-constexpr std::ptrdiff_t Deep = 12;  // parentheses, from which on it may be
+constexpr std::ptrdiff_t Deep = 12;  // parentheses and signs, from which on it may be
+constexpr std::size_t Chained = 6;   // a pattern behind a pattern says its operand twice
 constexpr int MostBeats = 20;
 
 /// What texts are made of besides plain characters: bytes from 80 (hexadecimal) on.
@@ -118,6 +119,14 @@ std::vector<QueryRow> Lignes(Bytes& bytes) {
   return rows;
 }
 
+std::size_t Compte(std::string_view text, std::string_view word) {
+  std::size_t count = 0;
+  for (std::size_t at = text.find(word); at != std::string_view::npos; ++count) {
+    at = text.find(word, at + word.size());
+  }
+  return count;
+}
+
 /// Two small tables.
 class World final : public sqlite::SqliteDatabase {
  public:
@@ -147,9 +156,9 @@ class World final : public sqlite::SqliteDatabase {
       const auto rows = OuvreRequete(text);
       for (; !rows->EOF_(); rows->MoveNext()) rows->Get(0);
     } catch (const TalpenaError& error) {
-      const auto open = std::count(text.begin(), text.end(), '(');
-      const bool tooComplex =
-          error.number() == QueryTooComplex && text.size() < Short && open < Deep;
+      const auto open = std::ranges::count_if(text, [](char c) { return c == '(' || c == '-'; });
+      const bool simple = text.size() < Short && open < Deep && Compte(text, " Like ") < Chained;
+      const bool tooComplex = error.number() == QueryTooComplex && simple;
       if (error.number() != EngineFault && !tooComplex) return;
       std::fprintf(stderr, "%s\n%s\n", error.what(), text.c_str());
       std::abort();

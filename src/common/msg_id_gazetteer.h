@@ -1,22 +1,22 @@
-// Base ids of what the search while typing and the set-up of the gazetteer say beside their captions
-// (common/msg_id.h).
+// Base ids of what the search while typing and the set-up of the gazetteer say beside their
+// captions (common/msg_id.h).
 #pragma once
 
 namespace talpena::MsgId {
 
-inline constexpr int TypedContient = 595;    // "contains it"
-inline constexpr int TypedSemblable = 596;   // "similar spelling"
-inline constexpr int TypedAide = 597;        // "From the second letter on, places appear here; ..."
-inline constexpr int TypedLecture = 598;     // "Reading the gazetteer..."
-inline constexpr int TypedIllisible = 599;   // "The gazetteer cannot be read: ..."
-inline constexpr int TypedAucun = 613;       // "No place is called like this."
-inline constexpr int TypedCarte = 614;       // "Map of the place and of the records around it"
-inline constexpr int TypedProche = 615;      // "Nearest record of the file: %1 km"
-inline constexpr int TypedAbandon = 616;     // "Reading was given up; ..."
-inline constexpr int TypedOnglet = 668;      // "While typing"
-inline constexpr int TypedResultat = 669;    // "Search result"
-inline constexpr int TypedDistance = 670;    // "Distance (km)"
-inline constexpr int TypedRencontre = 676;   // "Match"
+inline constexpr int TypedContient = 595;   // "contains it"
+inline constexpr int TypedSemblable = 596;  // "similar spelling"
+inline constexpr int TypedAide = 597;       // "From the second letter on, places appear here; ..."
+inline constexpr int TypedLecture = 598;    // "Reading the gazetteer..."
+inline constexpr int TypedIllisible = 599;  // "The gazetteer cannot be read: ..."
+inline constexpr int TypedAucun = 613;      // "No place is called like this."
+inline constexpr int TypedCarte = 614;      // "Map of the place and of the records around it"
+inline constexpr int TypedProche = 615;     // "Nearest record of the file: %1 km"
+inline constexpr int TypedAbandon = 616;    // "Reading was given up; ..."
+inline constexpr int TypedOnglet = 668;     // "While typing"
+inline constexpr int TypedResultat = 669;   // "Search result"
+inline constexpr int TypedDistance = 670;   // "Distance (km)"
+inline constexpr int TypedRencontre = 676;  // "Match"
 
 inline constexpr int SetupCoupe = 677;          // "The set-up file ends behind line %1: ..."
 inline constexpr int SetupPerdu = 678;          // "“%1” will not come back from this file: ..."

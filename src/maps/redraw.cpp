@@ -17,7 +17,7 @@ namespace {
 
 using Panels = std::array<std::string, 3>;
 
-Panels PositionGeographique(const MapState& carte, float x, float y) {
+Panels PanneauxGeographiques(const MapState& carte, float x, float y) {
   float lat = 0, lon = 0;
   ProjectionInverse(carte, x, y, lat, lon);
   lat = Degre(lat);
@@ -28,10 +28,10 @@ Panels PositionGeographique(const MapState& carte, float x, float y) {
   return {"lat=" + Format(lat, "00.000"), "lon=" + Format(lon, "00.000"), reference};
 }
 
-Panels Position(const MapState& carte, float x, float y) {
+Panels PanneauxDe(const MapState& carte, float x, float y) {
   if (carte.CodeProjection == 0) return {"X:" + FormeLibre(x), "Y:" + FormeLibre(y), ""};
   try {
-    return PositionGeographique(carte, x, y);
+    return PanneauxGeographiques(carte, x, y);
   } catch (const TalpenaError&) {
     return {};
   }
@@ -79,7 +79,7 @@ void AfficheTLP(MapContext c, CanvasSink& surface, const std::string& path) {
 }
 
 void MontrePosition(MapContext c, float x, float y) {
-  const Panels panels = Position(c.carte, x, y);
+  const Panels panels = PanneauxDe(c.carte, x, y);
   for (std::size_t i = 0; i < panels.size(); ++i) {
     c.fenetre.MontrePanneau(static_cast<int>(i) + 1, panels[i]);
   }

@@ -108,7 +108,9 @@ TEST_F(FullTargetDisk, TellsHowManyRowsANewFileHolds) {
                                     NombreGroupe(1000, static_cast<std::int64_t>(rows)) +
                                     " of 3,000 rows.");
     }
-    if (c.target != Excel && c.target != Workbook) EXPECT_GT(some, 0U);
+    if (c.target != Excel && c.target != Workbook) {
+      EXPECT_GT(some, 0U);
+    }
   }
 }
 

@@ -52,7 +52,9 @@ TEST_F(DatabaseInUse, AJournalBesideAGeoPackageIsRefusedBeforeAnythingIsAsked) {
       ExporteVers(GeoPackageFile, folder / "deg.gpkg");
       EXPECT_EQ(Boites(), Texts{JournalDit(journal)});
       EXPECT_EQ(folder.Noms(), before);
-      if (there) EXPECT_EQ(LitFichier(folder / "deg.gpkg"), "former");
+      if (there) {
+        EXPECT_EQ(LitFichier(folder / "deg.gpkg"), "former");
+      }
     }
   }
 }
@@ -86,7 +88,9 @@ TEST_F(DatabaseInUse, OtherTargetsKnowNoJournals) {
 }
 
 TEST_F(DatabaseInUse, AFileThatAnotherProgramHoldsLockedIsRefusedBeforeAnythingIsAsked) {
-  for (const auto& [target, name] : {std::pair{GeoPackageFile, "deg.gpkg"}, {DBase, "deg.dbt"}}) {
+  constexpr std::pair<Target, const char*> held[] = {{GeoPackageFile, "deg.gpkg"},
+                                                     {DBase, "deg.dbt"}};
+  for (const auto& [target, name] : held) {
     Vide();
     EcritFichier(folder / name, "former");
     const LockedElsewhere lock(folder / name);

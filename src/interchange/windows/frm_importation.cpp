@@ -13,9 +13,9 @@
 #include "common/msg_id.h"
 #include "common/msg_id_import.h"
 #include "common/string_table.h"
-#include "platform/qt/elided_label.h"
 #include "interchange/windows/rehearsal_pane.h"
 #include "platform/qt/controls.h"
+#include "platform/qt/elided_label.h"
 #include "platform/qt/mnemonics.h"
 #include "platform/qt/window_place.h"
 

@@ -271,7 +271,8 @@ OrderTerm DialectParser::LitTerme(const std::vector<Expression>& items,
 OrderTerm DialectParser::Terme(const Expression& e) {
   OrderTerm term;
   term.field = e.column != nullptr && !e.aggregate ? e.field : -1;
-  term.sql = AvecOrdre(e);
+  // A number as it stands would be the place of a column to SQLite; as a value it orders nothing.
+  term.sql = e.number ? "NULL" : AvecOrdre(e);
   return term;
 }
 

@@ -288,6 +288,10 @@ TEST_F(DialectTest, OtherSelects) {
             (Strings{"2", "1"}));
   EXPECT_EQ(Colonne("SELECT SEX, SUM(N1) AS s FROM TALPENA GROUP BY SEX ORDER BY 2 DESC", "s"),
             (Strings{"12", "5", "4", "4", "2"}));
+  EXPECT_EQ(Colonne("SELECT 0 AS zero, N1 FROM TALPENA ORDER BY 1, 1", "zero").size(),
+            Colonne("SELECT N1 FROM TALPENA", "N1").size());
+  EXPECT_EQ(Colonne("SELECT 2 AS two, N1 FROM TALPENA ORDER BY two, N1 DESC", "N1"),
+            Colonne("SELECT N1 FROM TALPENA ORDER BY N1 DESC", "N1"));
   EXPECT_EQ(Colonne("SELECT N1 + 1 FROM TALPENA WHERE N1 = 1", "Expr1000"), (Strings{"2"}));
   EXPECT_EQ(Colonne("SELECT T.N1 FROM TALPENA AS T WHERE T.N1 < 3 ORDER BY T.N1 DESC", "N1"),
             (Strings{"2", "1"}));
