@@ -1,6 +1,7 @@
 #include "analysis/statistics.h"
 
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <optional>
 #include <string>
@@ -60,12 +61,23 @@ std::string EnMasque(const std::optional<double>& value) {
   return value ? Format(*value, "######.##") : std::string();
 }
 
+/// The shortest text that is this number, never with an exponent.
+std::string EnDecimales(double value) {
+  std::array<char, 400> buffer{};
+  return {buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                       std::chars_format::fixed)
+                             .ptr};
+}
+
 double UnPlusLogarithme(const Cell& number) {
   const double value = number.Nombre();
   if (number.EstNull() || value <= 0) {
     throw TalpenaError(ErrorNumber::InvalidCall, "Invalid procedure call or argument");
   }
-  return static_cast<double>(1 + static_cast<float>(std::log(value) / std::log(10.0)));
+  // Single, as it is kept: from some millions on halves come up that are none in double.
+  // Held by Mnustd.TheLogarithmIsASingle.
+  const double single = static_cast<float>(value);
+  return 1 + static_cast<double>(static_cast<float>(std::log(single) / std::log(10.0)));
 }
 
 double Reduite(double value, const Parameters& column) {
@@ -138,8 +150,8 @@ void mnustd_Click(CommandContext c, int index) {
   // N1 by this name, whatever its label, and nothing of N2.
   // Held by Mnustd.TheBoxTellsOfN1AloneUnderThatName.
   Dit(c,
-      "Moyenne N1=" + Str(both->front().mean.value_or(0)) +
-          "\rSTD N1=" + Str(*both->front().deviation),
+      "Moyenne N1=" + EnDecimales(both->front().mean.value_or(0)) +
+          "\rSTD N1=" + EnDecimales(*both->front().deviation),
       Icon::None);
   ValeursReduites change(*both);
   Reecrit(c, "Valeurs normales réduites", change);

@@ -18,13 +18,14 @@ namespace {
 using Counts = std::array<ValueCounts, SummedValues>;
 using Period = std::optional<std::int64_t>;  ///< empty for Null
 
-/// Rows of one period and one sex. Every row falls into one of these; groups are sums of them.
+/// Rows of one period and one sex, "" for blank and Null. Every row falls into one of these; groups
+/// are sums of them.
 using Key = std::pair<Period, std::string>;
 
 class Collector {
  public:
   void Ajoute(std::span<const Cell> cells) {
-    Counts& counts = CompteDe(cells[Column::PERIOD], cells[Column::SEX].text);
+    Counts& counts = CompteDe(cells[Column::PERIOD], Rogne(cells[Column::SEX].text));
     Nombre(counts[0], cells[Column::N1]);
     Nombre(counts[1], cells[Column::N2]);
     const Cell& date = cells[Column::DATE];
@@ -83,7 +84,7 @@ void AjouteGroupes(Summary& summary, const std::map<Key, Counts>& cases, Part pa
 }
 
 std::string NomDeSexe(std::int16_t langue, const std::string& sex) {
-  if (Rogne(sex).empty()) return Texte(langue, MsgId::SansSexe);
+  if (sex.empty()) return Texte(langue, MsgId::SansSexe);
   return Remplace(Texte(langue, MsgId::SexeN), "%1", sex);
 }
 

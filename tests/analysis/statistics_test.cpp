@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <utility>
+
 #include "analysis/number_rows.h"
 #include "common/talpena_error.h"
 #include "platform/commands.h"
@@ -40,6 +43,23 @@ TEST(MnuParametres, EqualValuesHaveTheDeviationZero) {
   MnuParametres_Click(w.context);
   EXPECT_EQ(w.Boites(),
             Texts{"Moyenne Number 1=3.\rSTD Number 1=.\rMoyenne Number 2=3.\rSTD Number 2=."});
+}
+
+TEST(MnuParametres, EqualValuesHaveTheDeviationZeroHoweverLarge) {
+  NumberWorld w;
+  w.Montre({{2147483647, -2147483647}, {2147483647, -2147483647}, {2147483647, -2147483647}});
+  MnuParametres_Click(w.context);
+  EXPECT_EQ(w.Boites(), Texts{"Moyenne Number 1=2147483647.\rSTD Number 1=.\r"
+                              "Moyenne Number 2=-2147483647.\rSTD Number 2=."});
+}
+
+TEST(MnuParametres, WritesTheSignOfAFraction) {
+  NumberWorld w;
+  w.Montre({{-1, 0}, {0, -3}});
+  MnuParametres_Click(w.context);
+  EXPECT_EQ(
+      w.Boites(),
+      Texts{"Moyenne Number 1=-.5\rSTD Number 1=.71\rMoyenne Number 2=-1.5\rSTD Number 2=2.12"});
 }
 
 TEST(MnuParametres, FewerThanTwoValuesOfN1HaveNoDeviation) {
@@ -98,6 +118,14 @@ TEST(Mnustd, TheLogarithmIsOneMoreAndRounded) {
   EXPECT_EQ(w.Nombres(), (Texts{"1/2", "4/2", "3/10"}));
   EXPECT_TRUE(w.state.document.FichierModifie());
   EXPECT_TRUE(w.dialogues.boxes.empty()) << "no question";
+}
+
+// The decimal logarithms are 6.49999991 and 7.5000000055, in single 6.5 and 7.5.
+TEST(Mnustd, TheLogarithmIsASingle) {
+  NumberWorld w;
+  w.Montre({{3162277, 31622777}, {316227, 316228}});
+  mnustd_Click(w.context, Logarithme);
+  EXPECT_EQ(w.Nombres(), (Texts{"8/8", "6/7"}));
 }
 
 TEST(Mnustd, ASecondLogarithmWorksOnTheResultOfTheFirst) {
@@ -160,6 +188,36 @@ TEST(Mnustd, TheBoxTellsOfN1AloneUnderThatName) {
   EXPECT_EQ(w.Boites(), Texts{"Moyenne N1=1.5\rSTD N1=" + Str(std::sqrt(0.5))});
 }
 
+TEST(Mnustd, TheBoxHasTheShortestPlainDecimals) {
+  NumberWorld w;
+  w.Montre({{3, 1}, {5, 1}, {0, 1}});
+  mnustd_Click(w.context, ValeursNormalesReduites);
+  EXPECT_EQ(w.Boites(), Texts{"Moyenne N1=2.6666666666666665\rSTD N1=2.516611478423583"});
+}
+
+/// N1 is 1 and then 0, so often that the mean is 2 to the power of -17.
+struct OneAndZeros final : RowSource {
+  int rows = 1 << 17;
+  std::int64_t value = 1;
+  bool Suivante(std::span<Cell> cells) override {
+    cells[0] = Cell::Of(std::exchange(value, 0));
+    return rows-- > 0;
+  }
+};
+
+TEST(Mnustd, TheBoxNeverHasAnExponent) {
+  NumberWorld w;
+  OneAndZeros source;
+  const std::array<std::string_view, 1> columns = {"N1"};
+  w.state.document.WorkingDb->InsertRows("TALPENA", columns, source);
+  w.Montre({});
+  w.Filtre("N1 = 1");
+  mnustd_Click(w.context, ValeursNormalesReduites);
+  const Texts boxes = w.Boites();
+  ASSERT_EQ(boxes.size(), 1U);
+  EXPECT_TRUE(boxes[0].starts_with("Moyenne N1=0.00000762939453125\rSTD N1=0.0027621")) << boxes[0];
+}
+
 TEST(Mnustd, AColumnWithoutDeviationStays) {
   NumberWorld zero;
   zero.Montre({{7, 1}, {7, 3}});
@@ -212,7 +270,7 @@ TEST(Mnustd, TheRowsStandInTheirOrderAnew) {
   EXPECT_EQ(rows.Get("N1").integer, -1);
 }
 
-TEST(Mnustd, IsOneWorkUnderTheHourglassThatCanBeGivenUp) {
+TEST(Mnustd, IsOneTransactionUnderTheHourglass) {
   NumberWorld w;
   w.Montre({{10, 1}, {30, 2}});
   mnustd_Click(w.context, Logarithme);

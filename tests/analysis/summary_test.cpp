@@ -47,6 +47,17 @@ TEST(SummaryOfRows, GroupsByPeriodAndBySex) {
   EXPECT_EQ(summary.groups[5].values[0].mean, 3);
 }
 
+TEST(SummaryOfRows, ABlankSexIsNone) {
+  NumberWorld w;
+  w.Montre({{1, 1, 50, 4, nullptr, 1, " "},
+            {3, 1, 50, 4, nullptr, 1, nullptr},
+            {5, 1, 50, 4, nullptr, 1, ""},
+            {7, 1, 50, 4, nullptr, 1, "M"}});
+  const Summary summary = ResumeLignes(w.context);
+  EXPECT_EQ(NomsDesGroupes(summary), (std::vector<std::string>{"All rows", "No sex", "Sex M"}));
+  EXPECT_EQ(summary.groups[1].values[0].mean, 3);
+}
+
 TEST(SummaryOfRows, OnePeriodOrSexAloneMakesNoGroup) {
   NumberWorld w;
   w.Montre({{1, 1, 50, 4, nullptr, 1, "M"}, {3, 1, 50, 4, nullptr, 1, "M"}});
@@ -78,7 +89,7 @@ TEST(SummaryOfRows, IsATableOfTexts) {
   const TextTable table = TableDuResume(ResumeLignes(w.context), 1000);
   ASSERT_EQ(table.size(), 5U);
   EXPECT_EQ(AvecVirgules({table[0]}),
-            "Rows,Value,Number,Null,Minimum,1st quartile,Median,3rd quartile,Maximum,Mean,"
+            "Rows,Value,n,Null,Minimum,1st quartile,Median,3rd quartile,Maximum,Mean,"
             "Deviation\r\n");
   EXPECT_EQ(AvecVirgules({table[1]}), "All rows,Males,2,0,1,1.25,1.5,1.75,2,1.5,0.7071\r\n");
   EXPECT_EQ(AvecVirgules({table[4]}), "All rows,Month,2,0,5,5,5,5,5,5,0\r\n");

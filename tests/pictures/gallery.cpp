@@ -64,11 +64,11 @@ std::unique_ptr<QWidget> CreeGraphique(const GalleryContext& c) {
     void MontreGraphique(const ChartPicture& shown) override { picture = shown; }
   } kept;
   mnuDecades_Click(c.Commandes(), kept);
-  return std::make_unique<frmGraphique>(c.state, c.io, kept.picture);
+  return std::make_unique<frmGraphique>(c.state, c.io, kept.picture, std::string());
 }
 
 std::unique_ptr<QWidget> CreeResume(const GalleryContext& c) {
-  return std::make_unique<frmResume>(c.state, c.io, ResumeLignes(c.Commandes()));
+  return std::make_unique<frmResume>(c.state, c.io, ResumeLignes(c.Commandes()), std::string());
 }
 
 /// With X and Y, so that both notices stand in it.

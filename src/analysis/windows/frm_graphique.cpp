@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <utility>
 
 #include "analysis/analysed_rows.h"
 #include "analysis/output_file.h"
@@ -39,8 +40,8 @@ std::string EnOctets(const QByteArray& bytes) {
 }  // namespace
 
 frmGraphique::frmGraphique(const SharedState& state, Platform& io, const ChartPicture& picture,
-                           QWidget* parent)
-    : QDialog(parent), state_(state), io_(io), picture_(picture) {
+                           std::string folder, QWidget* parent)
+    : QDialog(parent), state_(state), io_(io), picture_(picture), folder_(std::move(folder)) {
   setObjectName(QStringLiteral("frmGraphique"));
   setModal(true);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -134,16 +135,8 @@ void frmGraphique::MontrePoint(int point) {
   Graph1->setAccessibleDescription(lblPoint->text());
 }
 
-/// What the file is called that a chart is saved in.
-std::string frmGraphique::NomPropose() const {
-  std::string name = picture_.graphTitle;
-  std::replace_if(
-      name.begin(), name.end(),
-      [](char c) {
-        return std::string_view("/\\:*?\"<>|\r\n\t").find(c) != std::string_view::npos;
-      },
-      ' ');
-  return name;
+OfferedFile frmGraphique::Propose(const char* suffix) const {
+  return {folder_, windowTitle().toStdString(), suffix};
 }
 
 void frmGraphique::cmdCopier_Click() {
@@ -152,7 +145,7 @@ void frmGraphique::cmdCopier_Click() {
 
 void frmGraphique::cmdEnregistrer_Click() {
   ExecuteCommande(state_, io_, {}, [this] {
-    SauveSous(io_, Texte(state_.Langue, MsgId::FiltreImages), NomPropose(),
+    SauveSous(io_, Texte(state_.Langue, MsgId::FiltreImages), Propose(".png"),
               [this](const std::string& path) {
                 const QString suffix = QFileInfo(EnQt(path)).suffix().toLower();
                 if (suffix == QLatin1String("svg")) return EnOctets(Graph1->EnSvg(PageSize));
@@ -164,7 +157,7 @@ void frmGraphique::cmdEnregistrer_Click() {
 
 void frmGraphique::cmdNombres_Click() {
   ExecuteCommande(state_, io_, {}, [this] {
-    SauveSous(io_, Texte(state_.Langue, MsgId::FiltreCsv), NomPropose(),
+    SauveSous(io_, Texte(state_.Langue, MsgId::FiltreCsv), Propose(".csv"),
               [this](const std::string&) { return AvecVirgules(NombresDe(picture_)); });
   });
 }

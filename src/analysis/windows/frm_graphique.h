@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "analysis/output_file.h"
 #include "platform/chart.h"
 #include "platform/platform.h"
 #include "platform/settings_state.h"
@@ -21,8 +22,9 @@ class frmGraphique : public QDialog {
   Q_OBJECT
 
  public:
+  /// @param folder  offered for what is saved
   frmGraphique(const SharedState& state, Platform& io, const ChartPicture& picture,
-               QWidget* parent = nullptr);
+               std::string folder, QWidget* parent = nullptr);
 
   void AppliqueLangue();
 
@@ -41,11 +43,12 @@ class frmGraphique : public QDialog {
   void Relie();
   void MontrePoint(int point);
   void Imprime(Printer& printer);
-  std::string NomPropose() const;
+  OfferedFile Propose(const char* suffix) const;
 
   const SharedState& state_;
   Platform& io_;
   ChartPicture picture_;
+  std::string folder_;
 
   ChartPlot* Graph1 = nullptr;
   QLabel* lblPoint = nullptr;

@@ -30,8 +30,13 @@ constexpr int FirstNumber = 2;  ///< column, behind the rows and the value
 
 }  // namespace
 
-frmResume::frmResume(const SharedState& state, Platform& io, Summary summary, QWidget* parent)
-    : QDialog(parent), state_(state), io_(io), summary_(std::move(summary)) {
+frmResume::frmResume(const SharedState& state, Platform& io, Summary summary, std::string folder,
+                     QWidget* parent)
+    : QDialog(parent),
+      state_(state),
+      io_(io),
+      summary_(std::move(summary)),
+      folder_(std::move(folder)) {
   setObjectName(QStringLiteral("frmResume"));
   setModal(true);
   setWindowFlag(Qt::WindowMaximizeButtonHint);
@@ -121,9 +126,10 @@ void frmResume::cmdCopier_Click() {
 
 void frmResume::cmdNombres_Click() {
   ExecuteCommande(state_, io_, {}, [this] {
-    SauveSous(io_, Texte(state_.Langue, MsgId::FiltreCsv), {}, [this](const std::string&) {
-      return AvecVirgules(TableDuResume(summary_, state_.Langue));
-    });
+    SauveSous(io_, Texte(state_.Langue, MsgId::FiltreCsv),
+              {folder_, windowTitle().toStdString(), ".csv"}, [this](const std::string&) {
+                return AvecVirgules(TableDuResume(summary_, state_.Langue));
+              });
   });
 }
 

@@ -1,6 +1,7 @@
 // frmResume: the summary of the rows as a table.
 #pragma once
 #include <QDialog>
+#include <string>
 
 #include "analysis/summary.h"
 #include "platform/platform.h"
@@ -17,7 +18,9 @@ class frmResume : public QDialog {
   Q_OBJECT
 
  public:
-  frmResume(const SharedState& state, Platform& io, Summary summary, QWidget* parent = nullptr);
+  /// @param folder  offered for what is saved
+  frmResume(const SharedState& state, Platform& io, Summary summary, std::string folder,
+            QWidget* parent = nullptr);
 
   void AppliqueLangue();
 
@@ -36,6 +39,7 @@ class frmResume : public QDialog {
   const SharedState& state_;
   Platform& io_;
   Summary summary_;
+  std::string folder_;
 
   QTableWidget* Grid = nullptr;
   QLabel* lblRemarque = nullptr;

@@ -5,12 +5,17 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QFontInfo>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <cstdlib>
+#include <set>
+#include <utility>
 
 #include "common/msg_id_analysis.h"
 #include "fakes/dark_palette.h"
+#include "fakes/temp_folder.h"
 #include "platform/qt/chart/chart_plot.h"
 #include "platform/qt/qt_canvas.h"
 #include "store/world.h"
@@ -35,7 +40,7 @@ class ChartWindow : public testing::Test, protected World {
  protected:
   void Ouvre(const ChartPicture& picture = Mois()) {
     state.Langue = 1000;
-    window = std::make_unique<frmGraphique>(state, io, picture);
+    window = std::make_unique<frmGraphique>(state, io, picture, "/moles");
     window->show();
     window->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
@@ -102,6 +107,9 @@ TEST_F(ChartWindow, AnEmptyChartSaysThatNoRowHasAValue) {
   EXPECT_EQ(Ligne(), "No row has a value for this chart.");
   EXPECT_EQ(window->windowTitle(), "Chart");
   EXPECT_FALSE(Enfant<QLabel>("lblRemarque")->isVisible());
+  dialogues.paths = {""};
+  Presse("cmdNombres");
+  EXPECT_EQ(dialogues.fileDialogs.back().name, "Chart.csv");
 }
 
 TEST_F(ChartWindow, CopiesAPictureOnWhitePaper) {
@@ -135,8 +143,47 @@ TEST_F(ChartWindow, SavesPngSvgAndPdfByTheNameOfTheFile) {
     Presse("cmdEnregistrer");
     EXPECT_TRUE(files.Contenu(path).starts_with(begin)) << path;
     EXPECT_TRUE(dialogues.fileDialogs.back().confirmReplace);
-    EXPECT_EQ(dialogues.fileDialogs.back().name, "Talpa europaea");
+    EXPECT_EQ(dialogues.fileDialogs.back().name, "Talpa europaea.png");
+    EXPECT_EQ(dialogues.fileDialogs.back().folder, "/moles");
   }
+}
+
+/// Where there is ink, in eighths of a picture's width and height.
+std::set<std::pair<int, int>> Encre(const QImage& picture) {
+  std::set<std::pair<int, int>> cells;
+  for (int y = 0; y < picture.height(); ++y) {
+    for (int x = 0; x < picture.width(); ++x) {
+      if (qGray(picture.pixel(x, y)) < 128) {
+        cells.insert({8 * x / picture.width(), 8 * y / picture.height()});
+      }
+    }
+  }
+  return cells;
+}
+
+// Texts that are measured by another device than they are drawn on fill the page, or are lost.
+TEST_F(ChartWindow, APageLooksAsThePictureDoes) {
+  if (std::system("gs --version > /dev/null 2>&1") != 0) GTEST_SKIP() << "needs Ghostscript";
+  Ouvre();
+  const TempFolder folder;
+  const std::string pdf = folder / "chart.pdf", png = folder / "chart.png";
+  EcritFichier(pdf, Graphe()->EnPdf({720, 480}).toStdString());
+  const std::string command =
+      "gs -q -dBATCH -dNOPAUSE -dSAFER -sDEVICE=pnggray -r96 -dTextAlphaBits=4 "
+      "-dGraphicsAlphaBits=4 -sOutputFile='" +
+      png + "' '" + pdf + "'";
+  ASSERT_EQ(std::system(command.c_str()), 0);
+  const QImage page(QString::fromStdString(png));
+  EXPECT_EQ(page.size(), QSize(720, 480));
+  EXPECT_EQ(Encre(page), Encre(Graphe()->EnImage({720, 480}, 1)));
+}
+
+TEST_F(ChartWindow, TextsOfADrawingAreAsLargeAsOnTheScreen) {
+  Ouvre();
+  const int pixels = QFontInfo(Graphe()->font()).pixelSize();
+  const QByteArray svg = Graphe()->EnSvg({720, 480});
+  EXPECT_TRUE(svg.contains("font-size=\"" + QByteArray::number(pixels) + "\""));
+  EXPECT_FALSE(svg.contains("opacity=\"0.")) << "not every reader knows half a colour";
 }
 
 TEST_F(ChartWindow, SavesTheNumbersWithCommas) {
@@ -144,6 +191,7 @@ TEST_F(ChartWindow, SavesTheNumbersWithCommas) {
   dialogues.paths = {"/out/chart.csv"};
   Presse("cmdNombres");
   EXPECT_TRUE(files.Contenu("/out/chart.csv").starts_with(",N\r\nJan,2\r\nFeb,2\r\n"));
+  EXPECT_EQ(dialogues.fileDialogs.back().name, "Talpa europaea.csv");
 }
 
 TEST_F(ChartWindow, ASaveDialogLeftByCancelSavesNothingAndSaysNothing) {

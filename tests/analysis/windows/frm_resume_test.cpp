@@ -19,7 +19,7 @@ class SummaryWindow : public testing::Test, protected NumberWorld {
  protected:
   SummaryWindow() {
     Montre({{1, 1, 50, 4, "1999/05/01", 1, "F"}, {2, 1, 50, 4, "1999/05/01", 2, "F"}});
-    window = std::make_unique<frmResume>(state, io, ResumeLignes(context));
+    window = std::make_unique<frmResume>(state, io, ResumeLignes(context), "/moles");
     window->show();
   }
   QTableWidget& Table() { return *window->findChild<QTableWidget*>(QStringLiteral("Grid")); }
@@ -43,14 +43,15 @@ TEST_F(SummaryWindow, ShowsALineForEachGroupAndValue) {
 TEST_F(SummaryWindow, CopiesTheWholeTableWithTabs) {
   Presse("cmdCopier");
   const QString copied = QApplication::clipboard()->text();
-  EXPECT_TRUE(copied.startsWith("Rows\tValue\tNumber\t"));
+  EXPECT_TRUE(copied.startsWith("Rows\tValue\tn\t"));
   EXPECT_EQ(copied.count('\n'), 13);
 }
 
 TEST_F(SummaryWindow, SavesItWithCommas) {
   dialogues.paths = {"/out/summary.csv"};
   Presse("cmdNombres");
-  EXPECT_TRUE(files.Contenu("/out/summary.csv").starts_with("Rows,Value,Number,"));
+  EXPECT_TRUE(files.Contenu("/out/summary.csv").starts_with("Rows,Value,n,"));
+  EXPECT_EQ(dialogues.fileDialogs.back().folder, "/moles");
 }
 
 TEST_F(SummaryWindow, FollowsTheLanguage) {

@@ -41,6 +41,9 @@ QString PointTicker::getTickLabel(double tick, const QLocale&, QChar, int) {
 }
 
 double WholeTicker::getTickStep(const QCPRange& range) {
+  constexpr int fewest = 2, most = 6, linesApart = 3;
+  const int lines = axis_.axisRect()->height() / QFontMetrics(axis_.tickLabelFont()).height();
+  setTickCount(std::clamp(lines / linesApart, fewest, most));
   return std::max(1.0, std::round(QCPAxisTicker::getTickStep(range)));
 }
 

@@ -24,12 +24,19 @@ class PointTicker final : public QCPAxisTicker {
 };
 
 /// Of values: whole numbers, as everything that is counted or summed up is.
+/// Fewer of them on a low axis, so that none touches its neighbour.
 class WholeTicker final : public QCPAxisTicker {
+ public:
+  explicit WholeTicker(const QCPAxis& axis) : axis_(axis) {}
+
  protected:
   double getTickStep(const QCPRange& range) override;
   QString getTickLabel(double tick, const QLocale& locale, QChar formatChar,
                        int precision) override;
   int getSubTickCount(double) override { return 0; }
+
+ private:
+  const QCPAxis& axis_;
 };
 
 }  // namespace talpena

@@ -17,6 +17,7 @@
 namespace talpena {
 namespace {
 
+constexpr QSize SmallestSize(280, 180);
 constexpr double HalfPoint = 0.5;
 constexpr double BarWidth = 0.8;    ///< of the distance of two points
 constexpr double Headroom = 1.06;   ///< above the highest value
@@ -36,6 +37,7 @@ QPen Trait(const QColor& colour, double width = 1) { return {QBrush(colour), wid
 
 ChartPlot::ChartPlot(QWidget* parent) : QWidget(parent) {
   setFocusPolicy(Qt::StrongFocus);
+  setMinimumSize(SmallestSize);
   plot_ = new QCustomPlot(this);
   plot_->setFocusPolicy(Qt::NoFocus);
   plot_->setMouseTracking(true);
@@ -55,11 +57,12 @@ ChartPlot::ChartPlot(QWidget* parent) : QWidget(parent) {
   mark_->topLeft->setTypeY(QCPItemPosition::ptAxisRectRatio);
   mark_->bottomRight->setTypeY(QCPItemPosition::ptAxisRectRatio);
   mark_->setVisible(false);
-  plot_->yAxis->setTicker(QSharedPointer<QCPAxisTicker>(new WholeTicker));
-  plot_->yAxis2->setTicker(QSharedPointer<QCPAxisTicker>(new WholeTicker));
+  for (QCPAxis* axis : {plot_->yAxis, plot_->yAxis2}) {
+    axis->setTicker(QSharedPointer<QCPAxisTicker>(new WholeTicker(*axis)));
+  }
   connect(plot_->xAxis, qOverload<const QCPRange&>(&QCPAxis::rangeChanged), this,
           &ChartPlot::LimiteEtendue);
-  connect(plot_, &QCustomPlot::afterReplot, this, &ChartPlot::SuitLargeur);
+  connect(plot_, &QCustomPlot::afterReplot, this, &ChartPlot::SuitTaille);
 }
 
 ChartPlot::~ChartPlot() = default;
@@ -161,19 +164,27 @@ void ChartPlot::Colore(const QPalette& colours) {
   const QColor text = TexteLisible(background, colours.color(QPalette::Text));
   QColor grid = text;
   grid.setAlphaF(0.2F);
+  grid = VuSur(grid, background);  // not every reader of drawings knows half a colour
   plot_->setBackground(background);
   ColoreAxes(text, grid);
   title_->setTextColor(text);
-  title_->setFont(EnGras(font()));
-  plot_->legend->setFont(font());
+  title_->setFont(EnGras(Police()));
+  plot_->legend->setFont(Police());
   plot_->legend->setTextColor(text);
   plot_->legend->setBrush(background);
-  plot_->legend->setBorderPen(Trait(grid));
+  plot_->legend->setBorderPen(Qt::NoPen);
   QColor mark = colours.color(QPalette::Highlight);
   mark.setAlphaF(0.3F);
   mark_->setBrush(mark);
   mark_->setPen(Qt::NoPen);
   for (std::size_t i = 0; i < series_.size(); ++i) ColoreSerie(i, background);
+}
+
+/// By pixels, so that texts are as large in drawings and on pages, beside the bars, as here.
+QFont ChartPlot::Police() const {
+  QFont sized = font();
+  sized.setPixelSize(QFontInfo(font()).pixelSize());
+  return sized;
 }
 
 void ChartPlot::ColoreAxes(const QColor& text, const QColor& grid) {
@@ -183,8 +194,8 @@ void ChartPlot::ColoreAxes(const QColor& text, const QColor& grid) {
     axis->setSubTickPen(Trait(text));
     axis->setTickLabelColor(text);
     axis->setLabelColor(text);
-    axis->setTickLabelFont(font());
-    axis->setLabelFont(font());
+    axis->setTickLabelFont(Police());
+    axis->setLabelFont(Police());
     axis->grid()->setPen(Trait(grid, 0));
     axis->grid()->setZeroLinePen(Trait(text));
   }
@@ -253,10 +264,10 @@ int ChartPlot::PointSous(QPoint pixel) const {
   return point >= 1 && point <= picture_.numPoints ? point : 0;
 }
 
-/// Labels are chosen before the layout is made: in another width they are chosen anew.
-void ChartPlot::SuitLargeur() {
-  const int width = plot_->axisRect()->width();
-  if (std::exchange(width_, width) != width) Redessine();
+/// Labels are chosen before the layout is made: in another size they are chosen anew.
+void ChartPlot::SuitTaille() {
+  const QSize size = plot_->axisRect()->size();
+  if (std::exchange(within_, size) != size) Redessine();
 }
 
 void ChartPlot::Redessine() { plot_->replot(QCustomPlot::rpQueuedReplot); }

@@ -65,7 +65,8 @@ class ChartPlot : public QWidget {
   void LimiteEtendue(const QCPRange& range);
   void MarquePoint();
   int PointSous(QPoint pixel) const;
-  void SuitLargeur();
+  QFont Police() const;
+  void SuitTaille();
   void Redessine();
 
   QCustomPlot* plot_ = nullptr;
@@ -74,7 +75,7 @@ class ChartPlot : public QWidget {
   std::vector<QCPAbstractPlottable*> series_;
   ChartPicture picture_;
   int point_ = 0;
-  int width_ = 0;  ///< of the bars when the labels were chosen, pixels
+  QSize within_;  ///< size of the axes when the labels were chosen, pixels
 };
 
 }  // namespace talpena

@@ -48,6 +48,7 @@ class ChartPlot::Paper {
     painter.begin(&device);
     painter.setMode(QCPPainter::pmVectorized);
     painter.setMode(QCPPainter::pmNoCaching);
+    painter.setMode(QCPPainter::pmNonCosmetic);
     painter.scale(dots, dots);
     painter.fillRect(QRect(QPoint(0, 0), size), Qt::white);
     chart_.plot_->toPainter(&painter, size.width(), size.height());
