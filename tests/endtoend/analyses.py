@@ -77,7 +77,8 @@ def standardises_by_keyboard(s):
     says(program, "Moyenne N1=20", "STD N1=10")
     program.keys("ctrl+s")
     wait_for("the save", lambda: os.path.exists(path[:-3] + "BAK"))
-    wait_for("the numbers", lambda: [int(row[21:26]) for row in s.rows(path)] == [1, -1, 0])
+    wait_for("the numbers", lambda:
+             [int(row[21:31].split()[0]) for row in s.rows(path)] == [1, -1, 0])
     program.keys("ctrl+q")
     assert program.ends() == 0
 
