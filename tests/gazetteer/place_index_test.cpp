@@ -111,7 +111,7 @@ TEST(PlaceIndex, AgreesWithLookingAtEveryName) {
   Places p;
   for (int i = 0; i < 3000; ++i) {
     std::string name;
-    for (unsigned n = 1 + random() % 12; n > 0; --n) name += "abc -e"[random() % 6];
+    for (auto n = 1 + random() % 12; n > 0; --n) name += "abc -e"[random() % 6];
     p.Ajoute(name);
   }
   p.index.Termine();
