@@ -73,6 +73,16 @@ void CompareLectures(CommandContext c, BareTable& bare) {
   compare("Records through the years", 0, scan, [&] { mnuAnnees_Click(c, charts); });
 }
 
+/// A column less its mean, divided by its deviation, both by SQLite's own means.
+std::string Reduit(const std::string& column) {
+  const auto of = [](const std::string& what) { return "(SELECT " + what + " FROM TALPENA)"; };
+  const std::string deviation = "sqrt((sum(" + column + " * " + column + ") - sum(" + column +
+                                ") * 1.0 * sum(" + column + ") / count(" + column + ")) / (count(" +
+                                column + ") - 1))";
+  return column + " = ifnull(round((" + column + " - " + of("avg(" + column + ")") + ") / nullif(" +
+         of(deviation) + ", 0)), " + column + ")";
+}
+
 void CompareEcritures(CommandContext c, BareTable& bare) {
   const auto compare = [&](const char* task, const char* sql, int index) {
     const double floor = Millisecondes([&] {
@@ -82,12 +92,12 @@ void CompareEcritures(CommandContext c, BareTable& bare) {
     });
     Rapporte(task, Millisecondes([&] { mnustd_Click(c, index); }), floor, 1.2);
   };
-  compare("mnustd, Valeurs normales réduites",
-          "UPDATE TALPENA SET N1 = round((N1 - 499) / 288.0), N2 = N2", ValeursNormalesReduites);
+  const std::string reduced = "UPDATE TALPENA SET " + Reduit("N1") + ", " + Reduit("N2");
+  compare("mnustd, Valeurs normales réduites", reduced.c_str(), ValeursNormalesReduites);
   c.document().Base().Execute("UPDATE TALPENA SET N1 = 10 + Counter Mod 990, N2 = 10");
   bare.Execute("UPDATE TALPENA SET N1 = 10 + Counter % 990, N2 = 10");
-  compare("mnustd, Logarithme", "UPDATE TALPENA SET N1 = round(1 + N1 / 500.0), N2 = 2",
-          Logarithme);
+  compare("mnustd, Logarithme",
+          "UPDATE TALPENA SET N1 = round(1 + log10(N1)), N2 = round(1 + log10(N2))", Logarithme);
 }
 
 }  // namespace

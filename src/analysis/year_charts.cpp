@@ -144,7 +144,9 @@ void mnuDecades_Click(CommandContext c, ChartPort& port) {
   for (const auto& [period, sums] : year.sums) {
     AjouteSerie(graph, NomDePeriode(langue, period ? Cell::Of(*period) : Cell::Null()), sums);
   }
-  AjouteSerie(graph, Texte(langue, MsgId::Enregistrements), year.rows, true);
+  if (!year.sums.empty()) {
+    AjouteSerie(graph, Texte(langue, MsgId::Enregistrements), year.rows, true);
+  }
   graph.LeftTitle(c.state.LabelNumeric1);
   graph.RightTitle(Texte(langue, MsgId::Enregistrements));
   Acheve(c, graph, rows);
