@@ -57,6 +57,21 @@ TEST(PlaceIndex, BeginsWithTheSecondLetter) {
   EXPECT_EQ(p.Trouve("aa"), Names{"Aa"});
 }
 
+// Dinan before Dinant, however near that is; the same among those of another spelling.
+TEST(PlaceIndex, OfEachKindTheNameItselfGoesFirstThenWhatBeginsSo) {
+  Places p;
+  p.Ajoute("Dinant", GeoPoint{50, 5});
+  p.Ajoute("Dinan", GeoPoint{48, -2});
+  p.Ajoute("Los Málagas", GeoPoint{50, 5});
+  p.Ajoute("Málagana", GeoPoint{50, 5});
+  p.Ajoute("Málaga", GeoPoint{36, -4});
+  p.Ajoute("Malagana", GeoPoint{50, 5});
+  p.index.Termine();
+  const GeoPoint here{50, 5};
+  EXPECT_EQ(p.Trouve("dinan", here), (Names{"Dinan", "Dinant"}));
+  EXPECT_EQ(p.Trouve("malaga", here), (Names{"Malagana", "Málaga", "Málagana", "Los Málagas"}));
+}
+
 TEST(PlaceIndex, TheNearestOfEachKindGoesFirst) {
   Places p;
   p.Ajoute("Gent far", GeoPoint{-40, 170});
