@@ -6,8 +6,11 @@
 #include <array>
 #include <utility>
 
+#include "analysis/windows/frm_graphique.h"
 #include "analysis/windows/frm_options_periodes.h"
+#include "analysis/windows/frm_resume.h"
 #include "analysis/windows/selection_form.h"
+#include "analysis/year_charts.h"
 #include "common/msg_id.h"
 #include "common/paths.h"
 #include "common/string_table.h"
@@ -54,6 +57,20 @@ std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
   auto help = std::make_unique<frmAide>(c.state, c.io, std::make_shared<HelpPlace>());
   if (help->Ouvre()) help->Montre(QStringLiteral("table.html#erase"));
   return help;
+}
+
+/// The phenology by ten-day steps, which has all that a chart may have.
+std::unique_ptr<QWidget> CreeGraphique(const GalleryContext& c) {
+  struct Kept final : ChartPort {
+    ChartPicture picture;
+    void MontreGraphique(const ChartPicture& shown) override { picture = shown; }
+  } kept;
+  mnuDecades_Click(c.Commandes(), kept);
+  return std::make_unique<frmGraphique>(c.state, c.io, kept.picture, std::string());
+}
+
+std::unique_ptr<QWidget> CreeResume(const GalleryContext& c) {
+  return std::make_unique<frmResume>(c.state, c.io, ResumeLignes(c.Commandes()), std::string());
 }
 
 /// With X and Y, so that both notices stand in it.
@@ -196,6 +213,7 @@ using Window = std::unique_ptr<QWidget>;
 constexpr std::array windows = {
     GalleryWindow{"about",   [](Context c) -> Window { return std::make_unique<frmEastern>(c.state); }},
     GalleryWindow{"adjust",  [](Context c) -> Window { return std::make_unique<Ajustement>(c.state); }},
+    GalleryWindow{"chart",   CreeGraphique},
     GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
     GalleryWindow{"export",  CreeOptionsExport},
     GalleryWindow{"garmin", CreeImportGarmin},
@@ -215,6 +233,7 @@ constexpr std::array windows = {
     GalleryWindow{"preferences", [](Context c) -> Window { return std::make_unique<Prefer>(c.Commandes()); }},
     GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.Commandes()); }},
     GalleryWindow{"selection", [](Context c) -> Window { return std::make_unique<Selection>(c.state, c.io, c.attente); }},
+    GalleryWindow{"summary", CreeResume},
     GalleryWindow{"wait-cancel", CreeAttenteAnnulable},
     GalleryWindow{"splash",  [](Context c) -> Window { return std::make_unique<Start>(c.state); }},
 };

@@ -95,10 +95,15 @@ void QtCanvas::ChargeImage(const std::string& path) {
     picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
   if (picture.isNull()) RefuseImage(native);
-  picture.setDevicePixelRatio(1);
   picturePath_ = path;
   fileSize_ = base.size();
   PoseFond(std::move(picture), shown);
+}
+
+void QtCanvas::MontreImage(const QImage& picture) {
+  picturePath_.clear();
+  PoseFond(picture.convertToFormat(QImage::Format_ARGB32_Premultiplied),
+           (QSizeF(picture.size()) / ratio_).toSize());
 }
 
 void QtCanvas::ChangeFeuille(QSize size, double ratio) {
@@ -112,6 +117,7 @@ void QtCanvas::ChangeFeuille(QSize size, double ratio) {
 }
 
 void QtCanvas::PoseFond(QImage background, QSize size) {
+  background.setDevicePixelRatio(1);
   pictureSize_ = size;
   background_ = std::move(background);
   mask_.Dimensionne(background_.width(), background_.height());

@@ -41,6 +41,8 @@ class QtCanvas final : public Canvas {
 
   /// A picture NAME@2x.EXT beside NAME.EXT is shown in its place when the ratio is above 1.
   void ChargeImage(const std::string& path) override;
+  /// Shows a picture that stands in no file; a pixel of it is one of the surface.
+  void MontreImage(const QImage& picture);
   int LargeurPixels() const override { return surface_.width(); }
   int HauteurPixels() const override { return surface_.height(); }
   int LargeurTwips() const override { return pictureSize_.width() * 15; }

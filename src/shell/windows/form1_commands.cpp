@@ -360,6 +360,11 @@ void Form1::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
+  if (analyse_ != nullptr) {
+    closeWaits_ = analyse_->close();
+    event->ignore();
+    return;
+  }
   TDBGrid1->TermineEdition();
   const Running running(running_);
   ExecuteCommande(state_, io_, {}, [this] { Form1_Unload(Contexte()); });

@@ -21,6 +21,8 @@ constexpr std::array targets = {
     HelpTarget{"frmDatum", "coordinates.html#datums"},
     HelpTarget{"frmLmbIfbl", "coordinates.html#ifbl"},
     HelpTarget{"OptionsExport", "export-text.html"},
+    HelpTarget{"frmGraphique", "statistics.html#chart"},
+    HelpTarget{"frmResume", "statistics.html#summary"},
     HelpTarget{"frmCarte", "maps.html"},
     HelpTarget{"frmCartesOptions", "maps.html#layers"},
     HelpTarget{"Map", "maps.html#raster"},

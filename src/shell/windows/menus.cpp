@@ -4,7 +4,11 @@
 #include <array>
 #include <type_traits>
 
+#include "analysis/charts.h"
+#include "analysis/statistics.h"
+#include "analysis/year_charts.h"
 #include "common/msg_id.h"
+#include "common/msg_id_analysis.h"
 #include "common/msg_id_export.h"
 #include "common/msg_id_menus.h"
 #include "coord_commands/adjust.h"
@@ -39,6 +43,8 @@ void Appelle(Form1& form, int index) {
     Procedure(form.Commandes(), index);
   } else if constexpr (std::is_invocable_v<P, CommandContext, Form1&, int>) {
     Procedure(form.Commandes(), form, index);
+  } else if constexpr (std::is_invocable_v<P, CommandContext, Form1&>) {
+    Procedure(form.Commandes(), form);
   } else if constexpr (std::is_invocable_v<P, ImportContext, int>) {
     Procedure(form.Importations(), index);
   } else if constexpr (std::is_invocable_v<P, CommandContext>) {
@@ -55,6 +61,12 @@ void Appelle(Form1& form, int index) {
 template <auto Procedure>
 void Lance(Form1& form, int index) {
   form.Commande([&] { Appelle<Procedure>(form, index); });
+}
+
+/// One that makes a chart.
+template <auto Procedure>
+void Trace(Form1& form, int index) {
+  form.CommandeGraphique([&] { Appelle<Procedure>(form, index); });
 }
 
 /// One that sees to that itself.
@@ -285,16 +297,29 @@ constexpr std::array menuOptions = {
     MenuEntry{.control = "MnuOutils", .base = MsgId::MenuOutils, .children = menuOutils},
 };
 constexpr std::array menuStandardisation = {
-    MenuEntry{.control = "mnustd", .index = 0, .caption = "Logarithme"},
-    MenuEntry{.control = "mnustd", .index = 1, .caption = "Valeurs normales réduites"},
+    MenuEntry{.control = "mnustd", .index = 0, .caption = "Logarithme",
+              .condition = MenuCondition::Rows, .run = Lance<mnustd_Click>},
+    MenuEntry{.control = "mnustd", .index = 1, .caption = "Valeurs normales réduites",
+              .condition = MenuCondition::Rows, .run = Lance<mnustd_Click>},
 };
 constexpr std::array menuAnalyse = {
-    MenuEntry{.control = "MnuParametres", .caption = "Paramètres statistiques"},
+    MenuEntry{.control = "MnuParametres", .caption = "Paramètres statistiques",
+              .condition = MenuCondition::Rows, .run = Lance<MnuParametres_Click>},
     MenuEntry{.control = "mnuStandardisation", .caption = "Standardisation des valeurs",
               .children = menuStandardisation},
-    MenuEntry{.control = "mnuAnalyse", .index = 0, .caption = "Graphique Chiffre1/OGU"},
-    MenuEntry{.control = "mnuAnalyse", .index = 1, .caption = "Graphique Chiffre2/OGU"},
-    MenuEntry{.control = "mnuPhenolo", .caption = "P&hénologie"},
+    MenuEntry{.control = "mnuAnalyse", .index = 0, .caption = "Graphique Chiffre1/OGU",
+              .condition = MenuCondition::Rows, .run = Trace<mnuAnalyse_Click>},
+    MenuEntry{.control = "mnuAnalyse", .index = 1, .caption = "Graphique Chiffre2/OGU",
+              .condition = MenuCondition::Rows, .run = Trace<mnuAnalyse_Click>},
+    MenuEntry{.control = "mnuPhenolo", .caption = "P&hénologie",
+              .condition = MenuCondition::Rows, .run = Trace<mnuPhenolo_Click>},
+    MenuEntry{.control = "MnuSepar", .index = 5, .caption = menuSeparator},
+    MenuEntry{.control = "mnuResume", .base = MsgId::MenuResume,
+              .condition = MenuCondition::Rows, .run = Directement<&Form1::mnuResume_Click>},
+    MenuEntry{.control = "mnuDecades", .base = MsgId::MenuDecades,
+              .condition = MenuCondition::Rows, .run = Trace<mnuDecades_Click>},
+    MenuEntry{.control = "mnuAnnees", .base = MsgId::MenuAnnees,
+              .condition = MenuCondition::Rows, .run = Trace<mnuAnnees_Click>},
 };
 constexpr std::array menuAide = {
     MenuEntry{.control = "MnuAideTexte", .base = MsgId::MenuAide, .key = "F1",

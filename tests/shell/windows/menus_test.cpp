@@ -123,6 +123,8 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
   expected.insert({"MnuExpDB_0", "MnuExpDB_1", "MnuExpDB_2", "MnuExpDB_3", "MnuExpDB_4",
                    "MnuExpDB_5", "MnuExpDB_6"});
   expected.insert({"mnuImport_0", "mnuImport_1", "mnuImportGarmin_0"});
+  expected.insert({"MnuParametres", "mnustd_0", "mnustd_1", "mnuAnalyse_0", "mnuAnalyse_1",
+                   "mnuPhenolo", "mnuResume", "mnuDecades", "mnuAnnees"});
   EXPECT_EQ(Actifs(true), expected);
 }
 
