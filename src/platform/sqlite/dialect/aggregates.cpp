@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <new>
 
 #include "platform/sqlite/connection.h"
@@ -14,28 +15,39 @@ namespace {
 /// Welford's running sums (Technometrics 4, 1962, p. 419): exact where sums of squares are not.
 /// Wider than the values, so that the last digit of the result is right too.
 struct Spread {
-  std::int64_t count;
-  long double mean;
-  long double squares;  ///< of the distances to the mean
+  std::int64_t count = 0;
+  long double mean = 0;
+  long double squares = 0;  ///< of the distances to the mean
 };
+
+/// The engine's memory starts with zeros and is aligned for 8 bytes, too few for such sums: they
+/// are copied out of it and back.
+Spread Lit(const void* kept) {
+  Spread spread;
+  std::memcpy(&spread, kept, sizeof spread);
+  return spread;
+}
 
 void Ajoute(sqlite3_context* context, int, sqlite3_value** values) {
   if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
-  auto* spread = static_cast<Spread*>(sqlite3_aggregate_context(context, sizeof(Spread)));
-  if (spread == nullptr) return sqlite3_result_error_nomem(context);
+  void* kept = sqlite3_aggregate_context(context, sizeof(Spread));
+  if (kept == nullptr) return sqlite3_result_error_nomem(context);
+  Spread spread = Lit(kept);
   const long double value = sqlite3_value_double(values[0]);
-  const long double distance = value - spread->mean;
-  ++spread->count;
-  spread->mean += distance / static_cast<long double>(spread->count);
-  spread->squares += distance * (value - spread->mean);
+  const long double distance = value - spread.mean;
+  ++spread.count;
+  spread.mean += distance / static_cast<long double>(spread.count);
+  spread.squares += distance * (value - spread.mean);
+  std::memcpy(kept, &spread, sizeof spread);
 }
 
 /// Null for fewer than `fewest` values; the divisor is the count less `less`.
 template <int fewest, int less, bool root>
 void Rend(sqlite3_context* context) {
-  const auto* spread = static_cast<Spread*>(sqlite3_aggregate_context(context, 0));
-  if (spread == nullptr || spread->count < fewest) return sqlite3_result_null(context);
-  const long double variance = spread->squares / static_cast<long double>(spread->count - less);
+  const void* kept = sqlite3_aggregate_context(context, 0);
+  const Spread spread = kept == nullptr ? Spread{} : Lit(kept);
+  if (spread.count < fewest) return sqlite3_result_null(context);
+  const long double variance = spread.squares / static_cast<long double>(spread.count - less);
   sqlite3_result_double(context, static_cast<double>(root ? std::sqrt(variance) : variance));
 }
 
