@@ -53,7 +53,7 @@ bool EstAccent(char32_t c) { return c >= 0x300 && c <= 0x36F; }
 std::string_view Lettres(char32_t c) {
   for (const LetterBlock& block : letterBlocks) {
     if (c < block.first || c >= block.first + block.letters.size() / 2) continue;
-    const std::string_view two = block.letters.substr((c - block.first) * 2, 2);
+    const std::string_view two = block.letters.substr(std::size_t{2} * (c - block.first), 2);
     return two.substr(0, two.find('.'));
   }
   return {};

@@ -50,12 +50,12 @@ bool Manque(const SetupRead& read, std::size_t value) {
 
 void LitValeurs(FieldReader& fields, SetupRead& read) {
   fields.CommenceFiche();
-  std::string first = LitTexte(fields);
+  const std::string first = LitTexte(fields);
   read.ancien = Majuscules(first) != magic;
   const std::vector<std::string*> texts = Textes(read.setup);
   for (std::size_t i = 0; i < texts.size(); ++i, ++read.valeurs) {
     if (Manque(read, i)) continue;
-    *texts[i] = read.ancien && i == 0 ? std::move(first) : LitTexte(fields);
+    *texts[i] = read.ancien && i == 0 ? first : LitTexte(fields);
   }
   for (bool* option : Options(read.setup)) {
     *option = fields.Entier16() != 0;

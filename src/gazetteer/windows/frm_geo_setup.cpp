@@ -51,6 +51,7 @@ frmGeoSetup::frmGeoSetup(CommandContext c, GazetteerState& gazetteer, Aide aide,
   Dispose();
   OrdonneTabulation();
   AppliqueLangue();
+  PrendTaille();
   Relie();
 }
 

@@ -21,6 +21,7 @@ class QTreeWidget;
 namespace talpena {
 
 class ElidedLabel;
+class Scrolled;
 
 /// Modal dialog over GeoSetup. Beside what is set up it shows the first rows as they would be read,
 /// and proposes fields in the lists in which none is chosen, in grey: a button takes them.
@@ -49,6 +50,7 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   void Construit();
   void ConstruitListes();
   void Dispose();
+  void PrendTaille();
   QLayout* DisposeFichier();
   QLayout* DisposeListes();
   QLayout* DisposeChoix();
@@ -86,6 +88,7 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   QLabel* lblDbType = nullptr;
   PerGeoList<QLabel*> lblCmb{};
   PerGeoList<QComboBox*> cmb{};
+  Scrolled* zone = nullptr;  ///< the lists and choices
   QGroupBox* fraSort = nullptr;
   std::array<QRadioButton*, 2> Option1{};
   QGroupBox* fraCoord = nullptr;

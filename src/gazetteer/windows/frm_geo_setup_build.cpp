@@ -20,7 +20,7 @@
 #include "platform/qt/controls.h"
 #include "platform/qt/elided_label.h"
 #include "platform/qt/mnemonics.h"
-#include "platform/qt/window_place.h"
+#include "platform/qt/scrolled.h"
 
 using namespace Qt::StringLiterals;
 
@@ -79,7 +79,6 @@ void frmGeoSetup::ConstruitListes() {
     cmb[i] = Nomme(new QComboBox(this), NomIndexe("cmb", i));
     cmb[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cmb[i]->setMinimumContentsLength(22);
-    cmb[i]->setMinimumWidth(fontMetrics().averageCharWidth() * 12);  // on a small screen
     lblCmb[i]->setBuddy(cmb[i]);
   }
 }
@@ -87,14 +86,23 @@ void frmGeoSetup::ConstruitListes() {
 void frmGeoSetup::Dispose() {
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(DisposeFichier());
-  auto* middle = new QHBoxLayout;
+  zone = new Scrolled(this);
+  auto* content = new QWidget;
+  auto* middle = new QHBoxLayout(content);
+  middle->setContentsMargins({});
   middle->addLayout(DisposeListes(), 1);
   middle->addLayout(DisposeChoix());
-  layout->addLayout(middle);
+  zone->setWidget(content);
+  layout->addWidget(zone);
   layout->addLayout(DisposeApercu(), 1);
   layout->addLayout(DisposeBoutons());
   lstApercu->setMinimumHeight(linesShown * fontMetrics().lineSpacing());
-  resize(TailleVisible({fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 36}));
+}
+
+/// With room for all captions and names of fields, as far as the screen has it.
+void frmGeoSetup::PrendTaille() {
+  const QSize liked(fontMetrics().averageCharWidth() * 150, fontMetrics().height() * 36);
+  resize(zone->TailleDeFenetre(liked.expandedTo(sizeHint())));
 }
 
 QLayout* frmGeoSetup::DisposeFichier() {
