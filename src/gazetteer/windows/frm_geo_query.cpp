@@ -16,6 +16,7 @@
 #include "common/msg_id.h"
 #include "common/msg_id_gazetteer.h"
 #include "common/string_table.h"
+#include "common/text.h"
 #include "gazetteer/windows/place_model.h"
 #include "gazetteer/windows/typed_pane.h"
 #include "platform/commands.h"
