@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "carto/surface_clip.h"
 #include "maps/projection.h"
 
 namespace talpena {
@@ -96,15 +97,14 @@ Line MapSheet::Projete(const Line& lonLat) const {
 }
 
 Surface MapSheet::CoupeEnLongitudes(const Surface& lonLat) const {
-  Surface kept;
-  for (const Ring& ring : lonLat) {
-    for (const double turn : {-360.0, 0.0, 360.0}) {
-      Ring part = RogneAnneau(Decale(ring, turn), window_);
-      if (part.empty()) continue;
-      part = Densifie(Ferme(part), curveStepDegrees);
-      part.pop_back();
-      kept.push_back(std::move(part));
-    }
+  Surface turned;
+  for (const double turn : {-360.0, 0.0, 360.0}) {
+    for (const Ring& ring : lonLat) turned.push_back(Decale(ring, turn));
+  }
+  Surface kept = RogneSurface(turned, window_);
+  for (Ring& ring : kept) {
+    ring = Densifie(Ferme(ring), curveStepDegrees);
+    ring.pop_back();
   }
   return kept;
 }
@@ -119,13 +119,9 @@ std::vector<Line> MapSheet::CoupeEnLongitudes(const Line& lonLat) const {
 }
 
 Surface MapSheet::PlaceSurface(const Surface& lonLat) const {
-  Surface placed;
-  for (const Ring& ring : horizon_ ? horizon_->Rogne(lonLat) : CoupeEnLongitudes(lonLat)) {
-    Line outline = Projete(Ferme(ring));
-    outline.pop_back();
-    if (Ring part = RogneAnneau(outline, Cadre()); !part.empty()) placed.push_back(std::move(part));
-  }
-  return placed;
+  Surface placed = horizon_ ? horizon_->Rogne(lonLat) : CoupeEnLongitudes(lonLat);
+  for (Ring& ring : placed) ring = Projete(ring);
+  return RogneSurface(placed, Cadre());
 }
 
 std::vector<Line> MapSheet::PlaceLignes(const std::vector<Line>& lonLat) const {
@@ -146,7 +142,7 @@ Line MapSheet::Bord() const {
 Surface MapSheet::Terre() const {
   Ring outline = Bord();
   outline.pop_back();
-  return {RogneAnneau(outline, Cadre())};
+  return RogneSurface({outline}, Cadre());
 }
 
 std::vector<Line> MapSheet::Limbe() const {

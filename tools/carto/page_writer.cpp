@@ -7,6 +7,7 @@
 #include <string_view>
 #include <utility>
 
+#include "carto/surface_clip.h"
 #include "common/numbers.h"
 
 namespace talpena {
@@ -42,14 +43,6 @@ std::size_t NombrePoints(const Surface& surface) {
   std::size_t count = 0;
   for (const Ring& ring : surface) count += ring.size() + 1;
   return count;
-}
-
-Surface RogneSurface(const Surface& surface, const Frame& frame) {
-  Surface kept;
-  for (const Ring& ring : surface) {
-    if (Ring part = RogneAnneau(ring, frame); !part.empty()) kept.push_back(std::move(part));
-  }
-  return kept;
 }
 
 /// Gathers words into lines of a bounded length.
