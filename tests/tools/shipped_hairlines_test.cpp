@@ -35,10 +35,9 @@ std::string PageDeSurfaces(const std::string& name) {
   }
   drawing.replace(ink, end - ink,
                   "/ink {4 1 roll pop pop pop .95 gt {1} {0} ifelse setgray} bind def");
-  return "%!\n/m {moveto} bind def /l {lineto} bind def /c {closepath} bind def\n"
-         "/s {newpath} bind def /sg {setgray} bind def /show {pop} bind def\n"
-         "-50 -300 translate\n" +
-         drawing + "\nshowpage\n";
+  return ToutLeFichier(TALPENA_SOURCE_DIR "/data/carto/proltlp.ps") +
+         "\n/s {newpath} bind def /show {pop} bind def\n-50 -300 translate\n" + drawing +
+         "\nshowpage\n";
 }
 
 /// One page, a byte for eight pixels, 1 where it is black.

@@ -73,7 +73,28 @@ Ring Coins(const Frame& f) {
 }  // namespace
 
 MapSheet::MapSheet(const MapRow& row)
-    : row_(row), state_(EtatDe(row)), horizon_(HorizonDe(row)), window_(FenetreDe(row)) {}
+    : row_(row), state_(EtatDe(row)), horizon_(HorizonDe(row)), window_(FenetreDe(row)) {
+  if (row.code == 1 || row.code == 4) ResserreFenetre();
+}
+
+// Most of a conic's window lies far outside of its box; what is not in it need not be projected.
+// A corner of the box may lie between the samples: half a degree of latitude is up to some
+// degrees of longitude, but near a pole.
+void MapSheet::ResserreFenetre() {
+  constexpr double step = 0.5, beyond = 1, beyondAcross = 6, nearPole = 85;
+  std::vector<PlanePoint> shown;
+  for (double lat = window_.bottom; lat <= window_.top; lat += step) {
+    for (double lon = window_.left; lon <= window_.right; lon += step) {
+      if (Cadre().Contient(Projette({lon, lat}))) shown.push_back({lon, lat});
+    }
+  }
+  const Frame seen = CadreDe(shown);
+  if (row_.code == 1 && seen.top > nearPole) return;
+  window_ = {std::max(window_.left, seen.left - beyondAcross),
+             std::max(window_.bottom, seen.bottom - beyond),
+             std::min(window_.right, seen.right + beyondAcross),
+             std::min(window_.top, seen.top + beyond)};
+}
 
 Frame MapSheet::Cadre() const {
   return {state_.XGauche, state_.YBas, state_.XDroite, state_.YHaut};
@@ -111,7 +132,9 @@ Surface MapSheet::CoupeEnLongitudes(const Surface& lonLat) const {
 
 std::vector<Line> MapSheet::CoupeEnLongitudes(const Line& lonLat) const {
   std::vector<Line> kept;
+  const Frame own = CadreDe(lonLat);
   for (const double turn : {-360.0, 0.0, 360.0}) {
+    if (!SeTouchent({own.left + turn, own.bottom, own.right + turn, own.top}, window_)) continue;
     for (const Line& part : RogneLigne(Decale(lonLat, turn), window_))
       kept.push_back(Densifie(part, curveStepDegrees));
   }

@@ -1,10 +1,16 @@
 #include "carto/picture_painter.h"
 
 #include <QColor>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QList>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
+#include <QString>
+
+#include "carto/map_furniture.h"
 
 namespace talpena {
 namespace {
@@ -49,6 +55,41 @@ void AjouteLigne(QPainterPath& path, const Line& line, bool closed, const PixelS
   if (closed) path.closeSubpath();
 }
 
+constexpr int textPixels = 11;
+constexpr QColor textInk(50, 58, 64);
+constexpr QColor textRing(255, 255, 255);
+
+/// What `Garnit` lays out, in a light ring. Letters need the fonts of an application.
+void PeintGarniture(QPainter& painter, const MapSheet& sheet, const PixelScale& pixel) {
+  const double kmPerPixel =
+      static_cast<double>(sheet.Etat().LargeurKm) / TailleImage(sheet.Etat()).width;
+  const MapFurniture furniture = Garnit(sheet, textPixels * kmPerPixel);
+  QPainterPath lines, letters;
+  for (const Line& line : furniture.lines) AjouteLigne(lines, line, false, pixel);
+  if (qGuiApp != nullptr) {
+    QFont font("DejaVu Sans");
+    font.setPixelSize(textPixels);
+    const QFontMetricsF metrics(font);
+    for (const PlacedText& placed : furniture.texts) {
+      const QString text = QString::fromLatin1(placed.text);
+      const double left = metrics.horizontalAdvance(text) * placed.across;
+      letters.addText(pixel(placed.at) - QPointF(left, 0), font, text);
+    }
+  }
+  painter.setBrush(Qt::NoBrush);
+  painter.strokePath(lines, QPen(textRing, 3.5));
+  painter.strokePath(letters, QPen(textRing, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.strokePath(lines, QPen(textInk, 1));
+  painter.fillPath(letters, textInk);
+}
+
+/// The neat line: the outermost pixel all round.
+void PeintCadre(QPainter& painter, const PictureSize& size) {
+  painter.setPen(QPen(textInk, 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(0.5, 0.5, size.width - 1, size.height - 1));
+}
+
 QPen PlumeDe(const Ink& ink) {
   QPen pen(QColor(ink.red, ink.green, ink.blue), ink.width);
   pen.setCapStyle(Qt::FlatCap);
@@ -83,6 +124,8 @@ QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, int scale) {
   const PixelScale pixel(sheet, scale);
   for (const DrawnLayer& layer : drawing)
     PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel);
+  PeintGarniture(painter, sheet, pixel);
+  PeintCadre(painter, size);
   painter.end();
   return image;
 }
