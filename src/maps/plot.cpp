@@ -57,6 +57,7 @@ void PrepareSymboles(Canvas& canvas) {
   canvas.Attributs.DrawWidth = 1;
   canvas.Attributs.ForeColor = 0;
   canvas.Attributs.drawStyle = DrawStyle::Solid;
+  canvas.Attributs.RingWidth = 1;  // neighbours that overlap stay apart
 }
 
 void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std::uint32_t colour,

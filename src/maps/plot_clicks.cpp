@@ -73,8 +73,10 @@ void EffaceSymbole(MapContext c, MapPoint point) {
   c.canvas.Attributs.ForeColor = White;
   c.canvas.Attributs.FillColor = White;
   c.canvas.Attributs.fillStyle = FillStyle::Solid;
+  c.canvas.Attributs.RingWidth = 0;
   c.canvas.Circle(point.X, point.Y, DiametreSymbole(c.carte, c.options) / 4.0);
   c.canvas.Attributs.ForeColor = before.ForeColor;
+  c.canvas.Attributs.RingWidth = before.RingWidth;
   c.fenetre.MontreCanevas();
 }
 
