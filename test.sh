@@ -152,7 +152,7 @@ run_fuzz() {
   mkdir -p build/asan/fuzz
   rm -f build/asan/fuzz/*.passed build/asan/fuzz/*.failed
   for name in deg_header deg_reader period_line original dsw tlp text_import; do echo "$name $fuzz_seconds"; done >build/stamps/fuzz.list
-  for name in numbers jet_values jet_pages msys_queries dbase foxpro paradox excel xlsx mapsource wpt gdate condition geo_format; do
+  for name in numbers jet_values jet_pages msys_queries dbase foxpro paradox excel xlsx mapsource wpt gdate condition geo_format cfg; do
     echo "$name $((fuzz_seconds / 3))"
   done >>build/stamps/fuzz.list
   xargs -P"$jobs" -L1 scripts/fuzz_one.sh <build/stamps/fuzz.list

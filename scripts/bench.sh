@@ -10,7 +10,7 @@ need_packages $packages_build $packages_test $packages_bench
 [ -f build/bench/build.ninja ] || cmake --preset bench >/dev/null
 cmake --build --preset bench >/dev/null
 for rows in 100000 1000000; do
-  for name in load_bench first_rows_bench save_bench access_bench paradox_bench engine_bench grid_bench adjust_bench eps_bench map_bench export_bench database_bench gazetteer_bench; do
+  for name in load_bench first_rows_bench save_bench access_bench paradox_bench engine_bench grid_bench adjust_bench eps_bench map_bench raster_bench export_bench database_bench gazetteer_bench analysis_bench; do
     echo "== $name, $rows rows"
     build/bench/bin/$name "$rows"
   done

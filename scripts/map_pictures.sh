@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Draws distributions on the maps that ship and leaves the pictures in build/pictures/maps: each
-# map as the window shows it (NAME.png) and as it prints (NAME.eps, NAME.page.png).
+# map as the window shows it (NAME.png) and as it prints (NAME.eps, NAME.page.png), and the raster
+# maps (raster-NAME.png).
 #   scripts/map_pictures.sh [FILE.deg...]     the real files when there are any, else the sample
 set -euo pipefail
 here=$(cd "$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")/.." && pwd)
@@ -12,7 +13,7 @@ cd "$here"
 # shellcheck disable=SC2086
 need_packages $packages_build $packages_test
 [ -f build/dev/build.ninja ] || cmake --preset dev >/dev/null
-cmake --build --preset dev --target map_pictures talpena_carto
+cmake --build --preset dev --target map_pictures talpena_carto talpena_raster_maps
 
 if [ ${#files[@]} = 0 ]; then
   shopt -s nullglob

@@ -157,6 +157,13 @@ inline constexpr int ConseilDiametre = 617;       // "With “Auto” the symbol
 
 // Raster maps.
 inline constexpr int DiametrePoints = 231;       // "Points diametre (in km):"
+inline constexpr int RasterAnnee = 232;          // "Year:"
+inline constexpr int RasterTouches = 233;        // "The arrow keys move a cross, ten pixels ..."
+inline constexpr int CouleurPeriode = 234;       // "Period %1:"
+inline constexpr int CouleurContour = 235;       // "Outline:"
+inline constexpr int OptionsMapFenetre = 236;    // "Circles on the maps"
+inline constexpr int GrillesPrn = 237;           // "PRN grids..."
+inline constexpr int GrillesPrnAide = 238;       // "British and Irish grid lines as PRN files"
 inline constexpr int GardeNouveauxPoints = 550;  // "Save new points?"
 inline constexpr int DiametreInvalide = 555;     // "Invalid points diameter"
 

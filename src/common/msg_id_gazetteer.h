@@ -4,7 +4,9 @@
 
 namespace talpena::MsgId {
 
-inline constexpr int TypedContient = 595;   // "contains it"
+inline constexpr int TypedSansPoint = 579;  // "This place has no usable point: ..."
+inline constexpr int TypedAilleurs = 580;  // "Nothing is written like this in the search field ..."
+inline constexpr int TypedContient = 595;  // "contains it"
 inline constexpr int TypedSemblable = 596;  // "similar spelling"
 inline constexpr int TypedAide = 597;       // "From the second letter on, places appear here; ..."
 inline constexpr int TypedLecture = 598;    // "Reading the gazetteer..."
@@ -31,5 +33,6 @@ inline constexpr int SetupBilan = 686;          // "%1 of %2 rows have a usable 
 inline constexpr int SetupProposition = 687;    // "proposed: %1"
 inline constexpr int SetupSansPoint = 688;      // "no point"
 inline constexpr int SetupAbsente = 689;        // "not on this computer: shown in %1"
+inline constexpr int SetupReste = 988;          // "Still to be chosen: %1"
 
 }  // namespace talpena::MsgId

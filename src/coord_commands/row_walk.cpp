@@ -24,14 +24,16 @@ class ShownWalk final : public RowChange {
 
 }  // namespace
 
+void ModifieEnMontrant(CommandContext c, Edition& edition, const RowPass& pass, RowChange& change) {
+  Busy busy(c.attente);
+  busy.GrilleGelee().Barre();
+  ShownWalk walk(change, busy);
+  edition.ModifieLignes(pass, walk);
+}
+
 void ParcourtLignes(CommandContext c, Edition& edition, const RowPass& pass, RowChange& change) {
   if (!c.document().Data1.EstLie()) return edition.Valide();
-  {
-    Busy busy(c.attente);
-    busy.GrilleGelee().Barre();
-    ShownWalk walk(change, busy);
-    edition.ModifieLignes(pass, walk);
-  }
+  ModifieEnMontrant(c, edition, pass, change);
   edition.Valide();
   Bip(c.state, c.io);
 }

@@ -11,6 +11,10 @@
 
 namespace talpena {
 
+/// Runs a change over the rows of the pass under the hourglass, with the bar and with the grid not
+/// drawn; its own Avance is not called. The edition goes on.
+void ModifieEnMontrant(CommandContext c, Edition& edition, const RowPass& pass, RowChange& change);
+
 /// Runs a change over the rows that the grid shows, or over those of the pass, under the hourglass
 /// and with the grid not drawn; its own Avance is not called. Then the bar is reset, the edition
 /// ends, by which the grid shows the new values and FichierModifie is set if a row was changed, and

@@ -80,9 +80,11 @@ void CreationIFBLGridPolygon(CoordState& state, Platform& io) {
 
 void CreationPrnNational(Platform& io, WaitView& attente, Grille grid,
                          const DessinePoint& dessine) {
-  const std::string name = io.dialogues.Saisie(
-      {.prompt = grid == Grille::British ? "File Name for the PRN British National Grid"
-                                         : "File Name for the PRN Irish TM Grid"});
+  const std::string name = io.dialogues.EnregistreFichier(
+      {.title = grid == Grille::British ? "File Name for the PRN British National Grid"
+                                        : "File Name for the PRN Irish TM Grid",
+       .filter = "Fichiers PRN (*.prn)|*.prn|Tous les fichiers (*.*)|*.*",
+       .confirmReplace = true});
   if (name.empty()) return;
   const Busy busy(attente);
   const auto file = io.files.Cree(name);

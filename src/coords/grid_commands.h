@@ -19,8 +19,8 @@ void CreationIFBLGrid(CoordState& state, Platform& io);
 /// .mid files there; message "traitement terminé". None is put in place before all are written.
 void CreationIFBLGridPolygon(CoordState& state, Platform& io);
 
-/// Asks for a file name (empty: nothing happens) and writes a national grid to it under the
-/// hourglass, see EcritPrnNational. No message at the end.
+/// Asks where to save (an empty name: nothing happens; Cancel is thrown) and writes a national grid
+/// there under the hourglass, see EcritPrnNational. No message at the end.
 void CreationPrnNational(Platform& io, WaitView& attente, Grille grid,
                          const DessinePoint& dessine = {});
 

@@ -72,10 +72,14 @@ void Range(std::vector<Element>& array, const std::vector<std::uint32_t>& rows) 
 struct PlaceIndex::Candidate {
   std::uint32_t rank = 0;
   PlaceMatch match = PlaceMatch::Plain;
-  float away = 0;  ///< what orders as the distance does; infinite without a point
+  bool exact = false;      ///< the whole name, its plain form taken
+  bool beginning = false;  ///< the beginning of that form
+  float away = 0;          ///< what orders as the distance does; infinite without a point
 
   bool operator<(const Candidate& other) const {
     if (match != other.match) return match < other.match;
+    if (exact != other.exact) return exact;
+    if (beginning != other.beginning) return beginning;
     return away != other.away ? away < other.away : rank < other.rank;
   }
 };
@@ -174,7 +178,9 @@ void PlaceIndex::Trouve(Search& search, std::uint32_t rank) const {
   } else if (search.nearest) {
     away = kms_[rank];
   }
-  search.found.push_back({rank, match, away});
+  const bool beginning = rank >= search.begins.first && rank < search.begins.second;
+  const bool exact = beginning && Simple(rank).size() == search.plain.size();
+  search.found.push_back({rank, match, exact, beginning, away});
   if (match != PlaceMatch::Plain) ++search.better;
 }
 

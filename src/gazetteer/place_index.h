@@ -43,9 +43,9 @@ class PlaceIndex {
   /// The fewest letters, as FormeSimple has them, that are looked for.
   static constexpr std::size_t FewestLetters = 2;
 
-  /// The best `most` places for a text as it was typed: by their match, then the nearest to `near`
-  /// first, without a point by their measures or in alphabetical order. Places without a point go
-  /// last.
+  /// The best `most` places for a text as it was typed: by their match, of each kind those first
+  /// that are called exactly so, then those that begin so; then the nearest to `near` first,
+  /// without a point by their measures or in alphabetical order. Places without a point go last.
   std::vector<PlaceHit> Cherche(std::string_view typed, std::optional<GeoPoint> near,
                                 std::size_t most = 50) const;
 

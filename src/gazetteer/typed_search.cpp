@@ -82,6 +82,10 @@ bool TypedSearch::LitNoms() {
   return prochain_ < liste_.Nombre();
 }
 
+bool TypedSearch::EstPerime(GazetteerContext c) const {
+  return EstPret() && Lu(c.state, c.io) != lu_;
+}
+
 std::vector<TypedPlace> TypedSearch::Cherche(std::string_view typed, std::optional<GeoPoint> near) {
   std::vector<TypedPlace> places;
   if (!EstPret()) return places;

@@ -38,6 +38,9 @@ class TypedSearch {
   /// All names are there. Distances may follow: once they are known searches have another order.
   bool EstPret() const { return etape_ > Step::Read; }
 
+  /// What was read is no longer what the settings and the disk say: Commence reads it anew.
+  bool EstPerime(GazetteerContext c) const;
+
   /// The first places for a text as it was typed; none before EstPret. Nearest first by the point
   /// `near`, or else by the nearest record of the file; without both in alphabetical order.
   std::vector<TypedPlace> Cherche(std::string_view typed, std::optional<GeoPoint> near);

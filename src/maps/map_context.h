@@ -1,5 +1,6 @@
 // What the commands of the map view work with.
 #pragma once
+#include <functional>
 #include <string>
 
 #include "maps/map_option.h"
@@ -18,6 +19,9 @@ class MapWindow {
   virtual void ChangeTitre(const std::string& text) = 0;
   virtual void MontrePanneau(int panel, const std::string& text) = 0;  ///< 1 to 3
   virtual void MontreCanevas() = 0;  ///< what was drawn becomes visible
+  /// Runs what takes its time once the window and its picture stand on the screen: at once when
+  /// they do.
+  virtual void QuandPeinte(const std::function<void()>& body) = 0;
   virtual std::string Signature() const { return {}; }
 };
 

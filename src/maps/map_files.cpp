@@ -133,7 +133,7 @@ void OuvrirCarte(MapContext c) {
        .folder = c.io.settings.Lit(application, "Paths", "Carto", DossierDesCartes(c.state))});
   ChargeCarte(c, path);
   if (!path.empty()) c.io.settings.Ecrit(application, "Paths", "Carto", DossierDe(path));
-  RedrawMap(c);
+  c.fenetre.QuandPeinte([c] { RedrawMap(c); });
 }
 
 void ChargeVue(MapContext c) {
@@ -150,9 +150,11 @@ void ChargeVue(MapContext c) {
   } else if (OuvrePremiereCarte(c)) {
     return;  // with the distribution on it
   }
-  ScreenSink ecran(c);
-  PlotDistri(c, ecran);
-  c.fenetre.MontreCanevas();
+  c.fenetre.QuandPeinte([c] {
+    ScreenSink ecran(c);
+    PlotDistri(c, ecran);
+    c.fenetre.MontreCanevas();
+  });
 }
 
 void SauveVue(MapContext c) {

@@ -4,8 +4,9 @@
 #include <cmath>
 #include <vector>
 
+#include "common/msg_id.h"
+#include "common/string_table.h"
 #include "maps/projection.h"
-#include "platform/busy.h"
 #include "platform/commands.h"
 #include "store/table.h"
 
@@ -35,17 +36,24 @@ struct Points {
 
 void Trace(MapContext c, MapSink& sink) {
   const std::vector<Bookmark> chosen = c.vue.LignesSelectionnees();
-  const Busy busy(c.attente);
+  Recordset& rows = c.state.document.Data1.recordset();
+  Busy busy(c.attente);
+  AnnonceAttente(busy, c.state,
+                 chosen.empty() ? rows.RecordCount() : static_cast<std::int64_t>(chosen.size()));
   Points points;
-  c.state.document.Data1.recordset().LitNombres(std::array{Column::LATITUDE, Column::LONGITUDE},
-                                                chosen.empty() ? nullptr : &chosen,
-                                                [&](const NumberBlock& block) {
-                                                  points.Projette(c.carte, block);
-                                                  sink.TraceSymboles(points.X, points.Y);
-                                                });
+  rows.LitNombres(std::array{Column::LATITUDE, Column::LONGITUDE},
+                  chosen.empty() ? nullptr : &chosen, [&](const NumberBlock& block) {
+                    points.Projette(c.carte, block);
+                    sink.TraceSymboles(points.X, points.Y);
+                  });
 }
 
 }  // namespace
+
+void AnnonceAttente(Busy& busy, const SharedState& state, std::int64_t rows) {
+  constexpr std::int64_t many = 200000;
+  if (rows >= many) busy.Message(Texte(state.Langue, MsgId::Patientez));
+}
 
 float DiametreSymbole(const MapState& carte, const MapOption& options) {
   if (options.SymbolDiameter == -1) return static_cast<float>(carte.CoteKm / 50.0);
@@ -65,6 +73,18 @@ void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std
   canvas.Attributs.FillColor = colour;
   canvas.Attributs.fillStyle = fill;
   if (shape == 1) canvas.Circle(x, y, diameter / 2.0);
+}
+
+void CacheSymbole(Canvas& canvas, double x, double y, double diameter) {
+  constexpr std::uint32_t white = 0xFFFFFF;
+  const DrawAttributes before = canvas.Attributs;
+  canvas.Attributs.ForeColor = white;
+  canvas.Attributs.FillColor = white;
+  canvas.Attributs.fillStyle = FillStyle::Solid;
+  canvas.Attributs.RingWidth = 0;
+  canvas.Circle(x, y, diameter / 4.0);
+  canvas.Attributs.ForeColor = before.ForeColor;
+  canvas.Attributs.RingWidth = before.RingWidth;
 }
 
 void PlotDistri(MapContext c, MapSink& sink) {

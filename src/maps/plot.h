@@ -4,11 +4,16 @@
 
 #include "maps/map_context.h"
 #include "maps/map_sink.h"
+#include "platform/busy.h"
 
 namespace talpena {
 
 /// Draws the chosen rows, or all.
 void PlotDistri(MapContext c, MapSink& sink);
+
+/// The wait window at once for so many rows that they take longer than the eye waits; fewer may
+/// bring it up by the clock.
+void AnnonceAttente(Busy& busy, const SharedState& state, std::int64_t rows);
 
 /// Shape 1 is a circle of the diameter in user units; no other shape is drawn.
 void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std::uint32_t colour,
@@ -16,6 +21,9 @@ void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std
 
 /// The outline of symbols: black, solid, one pixel wide.
 void PrepareSymboles(Canvas& canvas);
+
+/// A white spot hides the middle of a symbol of this diameter, user units.
+void CacheSymbole(Canvas& canvas, double x, double y, double diameter);
 
 /// Diameter of the symbols in user units.
 float DiametreSymbole(const MapState& carte, const MapOption& options);

@@ -167,7 +167,7 @@ TEST(GridCommands, ReportADatumThatTheCatalogueLacks) {
 
 struct NationalCase {
   Grille grid;
-  const char* prompt;
+  const char* title;
   std::size_t lines;
 };
 constexpr NationalCase NationalCases[] = {
@@ -175,17 +175,17 @@ constexpr NationalCase NationalCases[] = {
     {Grille::Irish, "File Name for the PRN Irish TM Grid", 4867},
 };
 
-TEST(GridCommands, NationalFilesAreNamedInABox) {
+TEST(GridCommands, NationalFilesAreNamedInASaveDialog) {
   for (const NationalCase& c : NationalCases) {
-    SCOPED_TRACE(c.prompt);
+    SCOPED_TRACE(c.title);
     World w;
-    w.dialogues.inputs = {"/maps/national.prn"};
+    w.dialogues.paths = {"/maps/national.prn"};
     int drawn = 0;
     CreationPrnNational(w.io, w.vue, c.grid, [&](double, double, bool) {
       EXPECT_TRUE(w.vue.sablier);
       ++drawn;
     });
-    EXPECT_EQ(w.dialogues.asked.at(0).prompt, c.prompt);
+    EXPECT_EQ(w.dialogues.fileDialogs.at(0).title, c.title);
     EXPECT_EQ(Lignes(w.files.Contenu("/maps/national.prn")), c.lines);
     EXPECT_FALSE(w.vue.sablier);
     EXPECT_GT(drawn, 0);
@@ -193,16 +193,16 @@ TEST(GridCommands, NationalFilesAreNamedInABox) {
   }
 }
 
-TEST(GridCommands, AnEmptyFileNameEndsTheNationalCommand) {
+TEST(GridCommands, LeavingTheSaveDialogEndsTheNationalCommand) {
   World w;
-  w.dialogues.inputs = {""};
-  CreationPrnNational(w.io, w.vue, Grille::British);
+  w.dialogues.paths = {""};
+  EXPECT_THROW(CreationPrnNational(w.io, w.vue, Grille::British), TalpenaError);
   EXPECT_TRUE(w.files.journal.empty());
 }
 
 TEST(GridCommands, TheHourglassEndsWithAFailureToo) {
   World w;
-  w.dialogues.inputs = {"/maps/national.prn"};
+  w.dialogues.paths = {"/maps/national.prn"};
   w.files.ecritureJusqua = 1000;
   EXPECT_THROW(CreationPrnNational(w.io, w.vue, Grille::Irish), TalpenaError);
   EXPECT_FALSE(w.vue.sablier);

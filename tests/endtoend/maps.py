@@ -1,4 +1,4 @@
-"""The map view, by keyboard."""
+"""The map views, by keyboard and mouse."""
 
 import os
 import struct
@@ -67,4 +67,46 @@ def adds_a_row_on_the_map_by_keyboard(s):
     assert program.ends() == 0
 
 
-SCENARIOS = [adds_a_row_on_the_map_by_keyboard]
+def adds_rows_on_a_raster_map(s):
+    """By keyboard and mouse; a double click adds one row. Two rows stay, the third is taken back."""
+    path = s.file([30, 10, 20])
+    program = s.start(path)
+    program.activate()
+    program.brings("^Belgium$", "alt+v", "e", "b")
+    program.keys("Right")  # the cross, in the middle
+    wait_for("the read-out", lambda: any((node.name or "").startswith("Lat=+50.")
+                                         for node in descendants(application(program))))
+    shows(program, "Lambert belge")
+    program.keys("Tab")
+    program.type("1995-06-30")
+    program.keys("shift+Tab", "Return")
+    window = program.window("^Belgium$")
+    place = dict(line.split("=") for line in xdotool("getwindowgeometry", "--shell", window)
+                 if "=" in line)
+    x, y = int(place["X"]) + int(place["WIDTH"]) // 3, int(place["Y"]) + int(place["HEIGHT"]) // 2
+    xdotool("mousemove", str(x), str(y))
+    shows(program, "4/4")
+    xdotool("click", "--repeat", "2", "--delay", "60", "1")
+    shows(program, "5/5")
+    program.keys("Escape")
+    xdotool("windowactivate", "--sync", program.window("^Talpena$"))
+    program.keys("alt+y")
+    program.closes("^Belgium$")
+    program.activate()
+    program.keys("ctrl+s")
+    wait_for("the save", lambda: os.path.exists(path[:-3] + "BAK"))
+    wait_for("the new rows", lambda: os.path.exists(path) and len(s.rows(path)) == 5)
+    for row in s.rows(path)[3:]:
+        assert row[0] == "3" and row[42:47] == "EUR-M" and "1995-06-30" in row, row
+    program.brings("^Belgium$", "alt+v", "e", "b")
+    program.keys("Return", "Return")
+    shows(program, "6/6")
+    program.keys("Escape")
+    xdotool("windowactivate", "--sync", program.window("^Talpena$"))
+    program.keys("alt+n")
+    program.closes("^Belgium$")
+    shows(program, "5/5")
+    program.kill()
+
+
+SCENARIOS = [adds_a_row_on_the_map_by_keyboard, adds_rows_on_a_raster_map]

@@ -7,6 +7,7 @@ import subprocess
 import sys
 import tempfile
 
+import analyses
 import editor
 import exports
 import faults
@@ -25,7 +26,8 @@ SKIPPED = 77
 NEEDED = ["Xvfb", "xdotool", "openbox", "dbus-run-session"]
 SCENARIOS = (start_stop.SCENARIOS + table.SCENARIOS + editor.SCENARIOS + maps.SCENARIOS
              + lists.SCENARIOS + waits.SCENARIOS + waypoints.SCENARIOS + kills.SCENARIOS
-             + faults.SCENARIOS + exports.SCENARIOS + gazetteers.SCENARIOS + places.SCENARIOS)
+             + faults.SCENARIOS + exports.SCENARIOS + gazetteers.SCENARIOS + places.SCENARIOS
+             + analyses.SCENARIOS)
 
 
 class WindowManager:

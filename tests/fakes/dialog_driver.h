@@ -13,10 +13,13 @@ namespace talpena::test {
 /// window that does not come, or that the handler leaves open, fails the test and is closed.
 class DialogDriver : public QObject {
  public:
+  /// A window that is at work hears no user until its hourglass has gone.
+  enum class Quand { Montree, Libre };
+
   using Handler = std::function<void(QDialog&)>;
 
-  DialogDriver(const QString& objectName, Handler handler)
-      : name_(objectName), handler_(std::move(handler)) {
+  DialogDriver(const QString& objectName, Handler handler, Quand when = Quand::Montree)
+      : name_(objectName), handler_(std::move(handler)), when_(when) {
     QObject::connect(&timer_, &QTimer::timeout, this, [this] { Regarde(); });
     timer_.start(5);
   }
@@ -33,12 +36,14 @@ class DialogDriver : public QObject {
     }
     auto* dialog = qobject_cast<QDialog*>(window);
     if (served_ || dialog == nullptr || dialog->objectName() != name_) return;
+    if (when_ == Quand::Libre && QApplication::overrideCursor() != nullptr) return;
     served_ = true;
     handler_(*dialog);
   }
 
   QString name_;
   Handler handler_;
+  Quand when_;
   QTimer timer_;
   bool served_ = false;
   int looks_ = 0;

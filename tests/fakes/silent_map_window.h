@@ -1,5 +1,6 @@
 // A map window that shows nothing, for benchmarks, fuzzing and pictures.
 #pragma once
+#include <functional>
 #include <string>
 
 #include "maps/map_context.h"
@@ -13,6 +14,7 @@ class SilentMapWindow : public MapWindow {
   void ChangeTitre(const std::string&) override {}
   void MontrePanneau(int, const std::string&) override {}
   void MontreCanevas() override {}
+  void QuandPeinte(const std::function<void()>& body) override { body(); }
 };
 
 }  // namespace talpena::test

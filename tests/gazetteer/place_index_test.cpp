@@ -57,6 +57,21 @@ TEST(PlaceIndex, BeginsWithTheSecondLetter) {
   EXPECT_EQ(p.Trouve("aa"), Names{"Aa"});
 }
 
+// Dinan before Dinant, however near that is; the same among those of another spelling.
+TEST(PlaceIndex, OfEachKindTheNameItselfGoesFirstThenWhatBeginsSo) {
+  Places p;
+  p.Ajoute("Dinant", GeoPoint{50, 5});
+  p.Ajoute("Dinan", GeoPoint{48, -2});
+  p.Ajoute("Los Málagas", GeoPoint{50, 5});
+  p.Ajoute("Málagana", GeoPoint{50, 5});
+  p.Ajoute("Málaga", GeoPoint{36, -4});
+  p.Ajoute("Malagana", GeoPoint{50, 5});
+  p.index.Termine();
+  const GeoPoint here{50, 5};
+  EXPECT_EQ(p.Trouve("dinan", here), (Names{"Dinan", "Dinant"}));
+  EXPECT_EQ(p.Trouve("malaga", here), (Names{"Malagana", "Málaga", "Málagana", "Los Málagas"}));
+}
+
 TEST(PlaceIndex, TheNearestOfEachKindGoesFirst) {
   Places p;
   p.Ajoute("Gent far", GeoPoint{-40, 170});
@@ -111,7 +126,7 @@ TEST(PlaceIndex, AgreesWithLookingAtEveryName) {
   Places p;
   for (int i = 0; i < 3000; ++i) {
     std::string name;
-    for (unsigned n = 1 + random() % 12; n > 0; --n) name += "abc -e"[random() % 6];
+    for (auto n = 1 + random() % 12; n > 0; --n) name += "abc -e"[random() % 6];
     p.Ajoute(name);
   }
   p.index.Termine();

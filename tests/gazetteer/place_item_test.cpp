@@ -68,7 +68,7 @@ TEST(Icons, FollowTheFeatureCode) {
 struct Row {
   Cell name = Cell::Of(std::string_view("Name"));
   Cell latitude = Cell::Of(1.0), longitude = Cell::Of(2.0);
-  Cell fips, province, feature, country, provinceName;
+  Cell fips{}, province{}, feature{}, country{}, provinceName{};
 };
 
 constexpr PlaceFields AllFields{0, 1, 2, 3, 4, 5, 6, 7, 1};

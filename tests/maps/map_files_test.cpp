@@ -381,6 +381,22 @@ TEST(ChargeVue, AsksForAMapWhenTheLastOneIsGone) {
   EXPECT_EQ(w.canvas.Appels("Circle").size(), 1U) << "drawn once";
 }
 
+TEST(ChargeVue, TheWindowIsOnTheScreenBeforeTheRows) {
+  for (const bool last : {true, false}) {
+    SCOPED_TRACE(last ? "the map of the last time" : "a map that is chosen");
+    MapFilesWorld w;
+    w.Remplit({{45, 5}, {46, 6}});
+    w.files.Pose("/maps/a.dsw", europe);
+    if (last) w.settings.values["TALPENA/CARTO/LASTMAP"] = "/maps/a.dsw";
+    if (!last) w.dialogues.paths = {"/maps/a.dsw"};
+    std::vector<std::size_t> drawn;
+    w.fenetre.avantLignes = [&] { drawn.push_back(w.canvas.Appels("Circle").size()); };
+    ChargeVue(w.context);
+    EXPECT_EQ(drawn, std::vector<std::size_t>{0});
+    EXPECT_EQ(w.canvas.Appels("Circle").size(), 2U);
+  }
+}
+
 TEST(ChargeVue, SaysThatThereIsNoMapWhenNoneIsChosen) {
   MapFilesWorld w;
   w.Remplit({{45, 5}});

@@ -1,7 +1,8 @@
 // Pictures of the shipped maps with distributions on them, as the window shows them and as EPS:
 //   map_pictures CARTO OUT FILE.deg...
 // Every map in the folder CARTO gets the two files that have most rows within its limits, the first
-// of them with line layers and grid as well. Leaves MAP-FILE.png and MAP-FILE.eps in OUT.
+// of them with line layers and grid as well. Leaves MAP-FILE.png and MAP-FILE.eps in OUT. Of the
+// raster maps beside the folder CARTO each has the file with most rows: raster-MAP-FILE.png.
 #include <QGuiApplication>
 #include <algorithm>
 #include <cstdio>
@@ -18,6 +19,7 @@
 #include "maps/grid_overlay.h"
 #include "maps/map_files.h"
 #include "maps/projection.h"
+#include "maps/raster/raster_plot.h"
 #include "maps/redraw.h"
 #include "platform/os/file_system.h"
 #include "platform/qt/qt_canvas.h"
@@ -36,13 +38,14 @@ struct Distribution : test::CoordsWorld {
   }
   ~Distribution() { state.document.Data1 = DataControl(); }
 
-  int LignesSur(const MapState& carte) {
-    const auto inside = [](const char* column, float from, float to) {
+  /// How many rows lie within limits.
+  int LignesEntre(double south, double north, double west, double east) {
+    const auto inside = [](const char* column, double from, double to) {
       return std::string(column) + " BETWEEN " + Str(from) + " AND " + Str(to);
     };
     const auto rows = state.document.WorkingDb->OpenRecordset(
-        "SELECT * FROM TALPENA WHERE " + inside("LATITUDE", carte.LatSud, carte.LatNord) + " AND " +
-        inside("LONGITUDE", carte.LonOuest, carte.LonEst));
+        "SELECT * FROM TALPENA WHERE " + inside("LATITUDE", south, north) + " AND " +
+        inside("LONGITUDE", west, east));
     return static_cast<int>(rows->RecordCount());
   }
 
@@ -87,7 +90,9 @@ class Feuille {
 
   int Lignes(Distribution& distribution) {
     Vue vue(distribution, *files_);
-    return ChargeCarte(vue.context, path_.string()) ? distribution.LignesSur(vue.carte) : 0;
+    if (!ChargeCarte(vue.context, path_.string())) return 0;
+    const MapState& carte = vue.carte;
+    return distribution.LignesEntre(carte.LatSud, carte.LatNord, carte.LonOuest, carte.LonEst);
   }
 
  private:
@@ -103,10 +108,50 @@ class Feuille {
   std::unique_ptr<FileSystem> files_ = CreeSystemeDeFichiers();
 };
 
-int Dessine(const fs::path& carto, const fs::path& out, const std::vector<fs::path>& files) {
-  std::vector<std::unique_ptr<Distribution>> all;
-  for (const fs::path& file : files) all.push_back(std::make_unique<Distribution>(file));
+using Distributions = std::vector<std::unique_ptr<Distribution>>;
+
+class SilentRasterWindow : public RasterWindow {
+ public:
+  void MontreCanevas() override {}
+};
+
+bool DessineRaster(CarteRaster choisie, Distribution& distribution, const fs::path& out) {
+  const std::unique_ptr<FileSystem> files = CreeSystemeDeFichiers();
+  Vue vue(distribution, *files);
+  RasterMap carte;
+  RasterSession session;
+  SilentRasterWindow window;
+  const RasterContext context{carte,  session,          vue.canvas,      window, distribution.state,
+                              vue.io, distribution.vue, distribution.vue};
+  ChargeCarteRaster(context, choisie);
+  vue.canvas.ChangeTaille(vue.canvas.TailleFichier().scaled(1280, 760, Qt::KeepAspectRatio));
+  RedessineRaster(context);
+  const std::string map = fs::path(LigneRaster(choisie).file).stem().string();
+  const fs::path picture = out / ("raster-" + map + "-" + distribution.name + ".png");
+  return vue.canvas.Surface().save(QString::fromStdString(picture.string()));
+}
+
+/// Every raster map, with the file that has most rows on it.
+int DessineRasters(const fs::path& folder, const fs::path& out, const Distributions& all) {
   int failures = 0;
+  for (std::size_t i = 0; i < CartesRaster().size(); ++i) {
+    const RasterRow& row = CartesRaster()[i];
+    const auto lignes = [&row](const auto& d) {
+      return d->LignesEntre(row.south, row.north, row.west, row.east);
+    };
+    const auto& most = *std::max_element(all.begin(), all.end(), [&](const auto& a, const auto& b) {
+      return lignes(a) < lignes(b);
+    });
+    most->state.AppDir = folder.string();
+    failures += !DessineRaster(static_cast<CarteRaster>(i), *most, out);
+  }
+  return failures;
+}
+
+int Dessine(const fs::path& carto, const fs::path& out, const std::vector<fs::path>& files) {
+  Distributions all;
+  for (const fs::path& file : files) all.push_back(std::make_unique<Distribution>(file));
+  int failures = DessineRasters(carto.parent_path(), out, all);
   for (const auto& entry : fs::directory_iterator(carto)) {
     if (entry.path().extension() != ".dsw") continue;
     Feuille sheet(entry.path(), out);

@@ -2,6 +2,7 @@
 #pragma once
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <optional>
 #include <string>
@@ -23,6 +24,7 @@ class FakeMapWindow : public MapWindow {
   std::map<int, std::string> panneaux;  ///< of the status bar
   bool eps = true;                      ///< the button "eps" is enabled
   int ajustements = 0;                  ///< how often the window was fitted
+  std::function<void()> avantLignes;    ///< it has to be on the screen
 
   int Compte(const std::string& call) const {
     return static_cast<int>(std::count(calls.begin(), calls.end(), call));
@@ -32,6 +34,10 @@ class FakeMapWindow : public MapWindow {
   void ChangeTitre(const std::string& text) override { titre = text; }
   void MontrePanneau(int panel, const std::string& text) override { panneaux[panel] = text; }
   void MontreCanevas() override { calls.emplace_back("MontreCanevas"); }
+  void QuandPeinte(const std::function<void()>& body) override {
+    if (avantLignes) avantLignes();
+    body();
+  }
   std::string Signature() const override { return signature; }
 };
 

@@ -204,5 +204,17 @@ TEST(PlotSymbol, OnlyShape1IsDrawn) {
   EXPECT_EQ(canvas.calls[0].attributs.fillStyle, FillStyle::Transparent);
 }
 
+TEST(AnnonceAttente, BringsUpTheWaitWindowAtOnceForManyRows) {
+  MapWorld w;
+  {
+    Busy few(w.vue);
+    AnnonceAttente(few, w.state, 199999);
+    EXPECT_EQ(w.vue.message, "");
+  }
+  Busy many(w.vue);
+  AnnonceAttente(many, w.state, 200000);
+  EXPECT_EQ(w.vue.message, "Please wait...");
+}
+
 }  // namespace
 }  // namespace talpena

@@ -6,8 +6,11 @@
 #include <array>
 #include <utility>
 
+#include "analysis/windows/frm_graphique.h"
 #include "analysis/windows/frm_options_periodes.h"
+#include "analysis/windows/frm_resume.h"
 #include "analysis/windows/selection_form.h"
+#include "analysis/year_charts.h"
 #include "common/msg_id.h"
 #include "common/paths.h"
 #include "common/string_table.h"
@@ -25,6 +28,8 @@
 #include "interchange/windows/rehearsal_pane.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/frm_cartes_options.h"
+#include "maps/windows/map.h"
+#include "maps/windows/options_map.h"
 #include "shell/windows/frm_aide.h"
 #include "shell/windows/frm_eastern.h"
 #include "shell/windows/frm_message.h"
@@ -54,6 +59,20 @@ std::unique_ptr<QWidget> CreeAide(const GalleryContext& c) {
   return help;
 }
 
+/// The phenology by ten-day steps, which has all that a chart may have.
+std::unique_ptr<QWidget> CreeGraphique(const GalleryContext& c) {
+  struct Kept final : ChartPort {
+    ChartPicture picture;
+    void MontreGraphique(const ChartPicture& shown) override { picture = shown; }
+  } kept;
+  mnuDecades_Click(c.Commandes(), kept);
+  return std::make_unique<frmGraphique>(c.state, c.io, kept.picture, std::string());
+}
+
+std::unique_ptr<QWidget> CreeResume(const GalleryContext& c) {
+  return std::make_unique<frmResume>(c.state, c.io, ResumeLignes(c.Commandes()), std::string());
+}
+
 /// With X and Y, so that both notices stand in it.
 std::unique_ptr<QWidget> CreeOptionsExport(const GalleryContext& c) {
   auto options = std::make_unique<OptionsExport>(c.state, c.io, ExportKind::Text);
@@ -73,6 +92,14 @@ std::unique_ptr<QWidget> CreeCarte(const GalleryContext& c) {
     c.io.settings.Ecrit("TALPENA", "Carto", "LastMap", region);
   auto view = std::make_unique<frmCarte>(c.Commandes());
   if (TrouveChemin(derniere(carto + "world.dsw"))) view->Charge();
+  return view;
+}
+
+/// On one of the raster maps, where they ship.
+std::unique_ptr<QWidget> CreeRaster(const GalleryContext& c) {
+  auto view = std::make_unique<Map>(c.Commandes(), c.state.raster);
+  if (c.io.files.Existe(RasterDe(LigneRaster(CarteRaster::Gaule), c.state.AppDir).FichierCarte))
+    view->Charge(CarteRaster::Gaule);
   return view;
 }
 
@@ -186,6 +213,7 @@ using Window = std::unique_ptr<QWidget>;
 constexpr std::array windows = {
     GalleryWindow{"about",   [](Context c) -> Window { return std::make_unique<frmEastern>(c.state); }},
     GalleryWindow{"adjust",  [](Context c) -> Window { return std::make_unique<Ajustement>(c.state); }},
+    GalleryWindow{"chart",   CreeGraphique},
     GalleryWindow{"datum",   [](Context c) -> Window { return std::make_unique<frmDatum>(c.state); }},
     GalleryWindow{"export",  CreeOptionsExport},
     GalleryWindow{"garmin", CreeImportGarmin},
@@ -198,11 +226,14 @@ constexpr std::array windows = {
     GalleryWindow{"import", CreeImportation},
     GalleryWindow{"map", CreeCarte},
     GalleryWindow{"map-options", CreeOptionsCarte},
+    GalleryWindow{"raster", CreeRaster},
+    GalleryWindow{"raster-options", [](Context c) -> Window { return std::make_unique<OptionsMap>(c.state, c.io); }},
     GalleryWindow{"message", CreeAttente},
     GalleryWindow{"periods", [](Context c) -> Window { return std::make_unique<frmOptionsPeriodes>(c.state, c.io, c.attente); }},
     GalleryWindow{"preferences", [](Context c) -> Window { return std::make_unique<Prefer>(c.Commandes()); }},
     GalleryWindow{"record",  [](Context c) -> Window { return std::make_unique<EditForm>(c.Commandes()); }},
     GalleryWindow{"selection", [](Context c) -> Window { return std::make_unique<Selection>(c.state, c.io, c.attente); }},
+    GalleryWindow{"summary", CreeResume},
     GalleryWindow{"wait-cancel", CreeAttenteAnnulable},
     GalleryWindow{"splash",  [](Context c) -> Window { return std::make_unique<Start>(c.state); }},
 };

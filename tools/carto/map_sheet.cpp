@@ -96,6 +96,9 @@ void MapSheet::ResserreFenetre() {
              std::min(window_.top, seen.top + beyond)};
 }
 
+MapSheet::MapSheet(const MapRow& row, const MapState& cylinder)
+    : row_(row), state_(cylinder), window_{row.west, row.south, row.east, row.north} {}
+
 Frame MapSheet::Cadre() const {
   return {state_.XGauche, state_.YBas, state_.XDroite, state_.YHaut};
 }

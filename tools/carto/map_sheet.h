@@ -14,6 +14,8 @@ namespace talpena {
 class MapSheet {
  public:
   explicit MapSheet(const MapRow& row);
+  /// A cylinder with constants and a box of its own, which its limits fill.
+  MapSheet(const MapRow& row, const MapState& cylinder);
 
   const MapRow& Description() const { return row_; }
   const MapState& Etat() const { return state_; }

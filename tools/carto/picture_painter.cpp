@@ -20,7 +20,7 @@ namespace {
 /// corner of the box on the middle of the first pixel.
 class PixelScale {
  public:
-  PixelScale(const MapSheet& sheet, int scale)
+  PixelScale(const MapSheet& sheet, double scale)
       : box_(sheet.Cadre()),
         shift_(0.5 / scale),
         beyond_(sheet.Limbe().empty() ? 1 : 0),
@@ -90,6 +90,13 @@ void PeintCadre(QPainter& painter, const PictureSize& size) {
   painter.drawRect(QRectF(0.5, 0.5, size.width - 1, size.height - 1));
 }
 
+/// In pixels of the picture at its normal size.
+void Prepare(QPainter& painter, const PictureSize& size) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(static_cast<double>(painter.device()->width()) / size.width,
+                static_cast<double>(painter.device()->height()) / size.height);
+}
+
 QPen PlumeDe(const Ink& ink) {
   QPen pen(QColor(ink.red, ink.green, ink.blue), ink.width);
   pen.setCapStyle(Qt::FlatCap);
@@ -114,17 +121,25 @@ void PeintCouche(QPainter& painter, const DrawnLayer& layer, const Ink& ink,
 
 }  // namespace
 
-QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, int scale) {
+QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
   const PictureSize size = TailleImage(sheet.Etat());
-  QImage image(size.width * scale, size.height * scale, QImage::Format_RGB32);
+  QImage image(qRound(size.width * scale), qRound(size.height * scale), QImage::Format_RGB32);
   image.fill(Qt::white);
   QPainter painter(&image);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(scale, scale);
+  Prepare(painter, size);
   const PixelScale pixel(sheet, scale);
   for (const DrawnLayer& layer : drawing)
     PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel);
-  PeintGarniture(painter, sheet, pixel);
+  painter.end();
+  return image;
+}
+
+QImage PeintCarte(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
+  QImage image = PeintImage(sheet, drawing, scale);
+  const PictureSize size = TailleImage(sheet.Etat());
+  QPainter painter(&image);
+  Prepare(painter, size);
+  PeintGarniture(painter, sheet, PixelScale(sheet, scale));
   PeintCadre(painter, size);
   painter.end();
   return image;

@@ -144,6 +144,21 @@ bool frmGeoQuery::ToucheDeTexte(int key) {
   return true;
 }
 
+/// The count is that of the search by a button.
+void frmGeoQuery::onglets_Change() {
+  for (QLabel* label : {lblNombre, lblNbre}) label->setVisible(!MontreTapes());
+  MontreNom();
+}
+
+/// A search that found nothing says where names like it stand.
+void frmGeoQuery::MontreAilleurs() {
+  const bool nothing = ecran_.lblNbre == "0" && typed_->TrouveQuelqueChose();
+  lblAilleurs->setText(nothing ? EnQt(Remplace(Texte(c_.state.Langue, MsgId::TypedAilleurs), "%1",
+                                               Texte(c_.state.Langue, MsgId::TypedOnglet)))
+                               : QString());
+  lblAilleurs->setVisible(nothing);
+}
+
 bool frmGeoQuery::MontreTapes() const { return onglets->currentIndex() == tabTyped; }
 
 void frmGeoQuery::TexteTape(const QString& text) {
@@ -155,8 +170,9 @@ void frmGeoQuery::TypedPane_LieuChange() {
 }
 
 void frmGeoQuery::ChoisitTape() {
-  const PlaceItem* place = typed_->Lieu();
-  if (fiche_ == nullptr || place == nullptr) return;
+  if (fiche_ == nullptr) return;
+  const PlaceItem* place = typed_->LieuAPrendre();
+  if (place == nullptr) return;
   ExecuteCommande(c_.state, c_.io, {},
                   [&] { ChoisitLieu(c_, ecran_, PlaceItem(*place), *fiche_); });
   Suit();
@@ -187,6 +203,7 @@ void frmGeoQuery::Montre() {
   const QScopedValueRollback showing(montre_, true);
   lieux_->Montre();
   lblNbre->setText(EnQt(ecran_.lblNbre));
+  MontreAilleurs();
   MontreChoix();
   MontreNom();
 }

@@ -50,6 +50,7 @@ class frmGeoQuery : public QDialog {
  private:
   void Construit();
   void ConstruitListe();
+  QWidget* AvecAilleurs();
   void Dispose();
   void Relie();
   void RelieTris();
@@ -66,6 +67,8 @@ class frmGeoQuery : public QDialog {
   void Montre();
   void MontreChoix();
   void MontreNom();
+  void MontreAilleurs();
+  void onglets_Change();
   void Suit();
   bool ToucheDeListe(int key);
   bool ToucheDeTexte(int key);
@@ -94,6 +97,7 @@ class frmGeoQuery : public QDialog {
   QTabWidget* onglets;
   TypedPane* typed_;
   QTreeView* ListView1;
+  QLabel* lblAilleurs;
   PlaceIcons icones_;
   PlaceModel* lieux_;
   QLabel* lblNombre;

@@ -7,6 +7,7 @@
 #include <QTabWidget>
 #include <QTreeWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "gazetteer/windows/frm_geo_query.h"
 #include "gazetteer/windows/place_model.h"
@@ -52,13 +53,27 @@ void frmGeoQuery::Construit() {
   onglets = Nomme(new QTabWidget(this), u"onglets"_s);
   onglets->setDocumentMode(true);
   onglets->addTab(typed_, {});
-  onglets->addTab(ListView1, {});
+  onglets->addTab(AvecAilleurs(), {});
   lblNombre = Nomme(new QLabel(this), u"lblNombre"_s);
   lblNbre = Nomme(new QLabel(this), u"lblNbre"_s);
   PicName = Nomme(new QLabel(this), u"PicName"_s);
   PicName->setTextFormat(Qt::PlainText);
   PicName->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | QFrame::Sunken);
   PicName->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);  // a name may be long
+}
+
+/// The list of results, and under it a line for a search that found nothing.
+QWidget* frmGeoQuery::AvecAilleurs() {
+  lblAilleurs = Nomme(new QLabel(this), u"lblAilleurs"_s);
+  lblAilleurs->setTextFormat(Qt::PlainText);
+  lblAilleurs->setWordWrap(true);
+  lblAilleurs->hide();
+  auto* page = new QWidget(this);
+  auto* layout = new QVBoxLayout(page);
+  layout->setContentsMargins({});
+  layout->addWidget(ListView1, 1);
+  layout->addWidget(lblAilleurs);
+  return page;
 }
 
 void frmGeoQuery::ConstruitListe() {
@@ -107,7 +122,8 @@ void frmGeoQuery::Relie() {
   connect(txt, &QLineEdit::textEdited, this, &frmGeoQuery::TexteTape);
   connect(typed_, &TypedPane::LieuChange, this, &frmGeoQuery::TypedPane_LieuChange);
   connect(typed_->Liste(), &QTreeView::doubleClicked, this, &frmGeoQuery::ChoisitTape);
-  connect(onglets, &QTabWidget::currentChanged, this, &frmGeoQuery::MontreNom);
+  connect(onglets, &QTabWidget::currentChanged, this, &frmGeoQuery::onglets_Change);
+  onglets_Change();
   RelieTris();
 }
 
@@ -124,8 +140,12 @@ void frmGeoQuery::RelieTris() {
 }
 
 void frmGeoQuery::PlaceFenetre() {
-  setGeometry(PlaceVisible(
-      {Pixels(place_.left), Pixels(place_.top), Pixels(place_.width), Pixels(place_.height)}));
+  int buttons = 4 * fontMetrics().height();  // what stands between them
+  for (const QPushButton* button : {cmd[0], cmd[1], cmdSetup}) {
+    buttons += button->sizeHint().width();
+  }
+  setGeometry(PlaceVisible({Pixels(place_.left), Pixels(place_.top),
+                            std::max(Pixels(place_.width), buttons), Pixels(place_.height)}));
   for (std::size_t i = 0; i < PlaceColumnCount; ++i) {
     ListView1->header()->resizeSection(static_cast<int>(i), Pixels(place_.columns[i]));
   }

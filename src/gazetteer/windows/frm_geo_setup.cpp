@@ -139,8 +139,17 @@ void frmGeoSetup::cmb_Click(GeoList list, int index) {
 void frmGeoSetup::Command1_Click(GeoCommand command) {
   const GeoSuite next = setup_.Command1_Click(command);
   if (next.ferme) return command == GeoCommand::Ok ? accept() : reject();
-  if (next.focus) cmb[Rang(*next.focus)]->setFocus();
+  if (next.focus) Reclame(*next.focus);
   if (command == GeoCommand::Change || command == GeoCommand::Open) Relit();
+}
+
+/// A list that has to be filled before Ok.
+void frmGeoSetup::Reclame(GeoList list) {
+  cmb[Rang(list)]->setFocus();
+  QString name = cmb[Rang(list)]->accessibleName();
+  while (name.endsWith(u':') || (!name.isEmpty() && name.back().isSpace())) name.chop(1);
+  lblTest->setText(
+      EnQt(Remplace(Texte(c_.state.Langue, MsgId::SetupReste), "%1", name.toStdString())));
 }
 
 void frmGeoSetup::cmdChangeDatum_Click() {

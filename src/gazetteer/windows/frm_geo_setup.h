@@ -61,6 +61,7 @@ class frmGeoSetup : public QDialog, private GeoSetupDialogs {
   void MontreListe(GeoList list);
   void MontreApercu();
   void Relit();
+  void Reclame(GeoList list);
 
   void cmb_Click(GeoList list, int index);
   void Command1_Click(GeoCommand command);

@@ -48,6 +48,10 @@ void frmGeoSetup::Construit() {
   }
   lblTitreDatum = Nomme(new QLabel(this), u"lblTitreDatum"_s);
   lblDatum = Nomme(new QLabel(this), u"lblDatum"_s);
+  for (QLabel* label : {lblDbType, lblDatum}) {  // a set-up file may hold anything
+    label->setTextFormat(Qt::PlainText);
+    label->setMaximumWidth(fontMetrics().averageCharWidth() * 20);
+  }
   cmdChangeDatum = Nomme(new QPushButton(u"&Change"_s, this), u"cmdChangeDatum"_s);
   cmdFonts = Nomme(new QPushButton(u"Fonts"_s, this), u"cmdFonts"_s);
   cmdHelp = Nomme(new QPushButton(u"&Help"_s, this), u"cmdHelp"_s);
@@ -75,6 +79,7 @@ void frmGeoSetup::ConstruitListes() {
     cmb[i] = Nomme(new QComboBox(this), NomIndexe("cmb", i));
     cmb[i]->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     cmb[i]->setMinimumContentsLength(22);
+    cmb[i]->setMinimumWidth(fontMetrics().averageCharWidth() * 12);  // on a small screen
     lblCmb[i]->setBuddy(cmb[i]);
   }
 }

@@ -1,5 +1,6 @@
 #include "gazetteer/windows/place_icons.h"
 
+#include <QPixmap>
 #include <array>
 
 #include "platform/qt/controls.h"
@@ -7,6 +8,8 @@
 
 namespace talpena {
 namespace {
+
+constexpr int side = 16;
 
 constexpr std::array imageKeys{PlaceIcon::Stream, PlaceIcon::Mountain, PlaceIcon::Populated,
                                PlaceIcon::Forest, PlaceIcon::Farm};
@@ -17,10 +20,13 @@ void PlaceIcons::Charge(const QPalette& palette) {
   for (const std::string_view key : imageKeys) {
     icons_[EnQt(key)] = Icone(QStringLiteral("place_") + EnQt(key).toLower(), palette);
   }
+  QPixmap nothing(side, side);
+  nothing.fill(Qt::transparent);
+  aucune_ = QIcon(nothing);
 }
 
 QIcon PlaceIcons::De(const PlaceItem& item) const {
-  return item.icon.empty() ? QIcon() : icons_.value(EnQt(item.icon));
+  return item.icon.empty() ? aucune_ : icons_.value(EnQt(item.icon));
 }
 
 }  // namespace talpena

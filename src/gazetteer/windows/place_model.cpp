@@ -31,7 +31,7 @@ int PlaceModel::columnCount(const QModelIndex& parent) const {
 
 QVariant PlaceModel::DonneesDe(const PlaceItem& item, int column, int role) const {
   if (role == Qt::DecorationRole) {
-    return column == 0 && !item.icon.empty() ? QVariant(icons_.De(item)) : QVariant();
+    return column == 0 ? QVariant(icons_.De(item)) : QVariant();
   }
   return EnQt(item.texts[static_cast<std::size_t>(column)]);
 }

@@ -17,6 +17,7 @@
 #include "common/talpena_error.h"
 #include "common/text.h"
 #include "maps/windows/place_map_view.h"
+#include "platform/commands.h"
 #include "platform/qt/controls.h"
 
 using namespace Qt::StringLiterals;
@@ -28,7 +29,7 @@ constexpr qint64 sliceMs = 8;
 
 enum Column { Name, Distance, Country, Province, Match, ColumnCount };
 /// What a column has room for at first.
-constexpr std::array samples{"Saint-Germain-en-Laye", "9999.9", "Deutschland", "Niederösterr.",
+constexpr std::array samples{"Saint-Germain", "9999.9", "Deutschland", "Niederösterr.",
                              "graphie voisine"};
 
 int TexteDe(PlaceMatch match) {
@@ -51,6 +52,7 @@ TypedPane::TypedPane(GazetteerContext c, const PlaceIcons& icons, QWidget* paren
   Dispose();
   connect(&timer_, &QTimer::timeout, this, &TypedPane::Travaille);
   connect(lstTape, &QTreeWidget::currentItemChanged, this, [this] {
+    MontreAide();
     MontreCarte();
     Q_EMIT LieuChange();
   });
@@ -137,7 +139,7 @@ void TypedPane::Travaille() {
 
 void TypedPane::Cherche(const QString& typed) {
   tape_ = typed.toStdString();
-  Montre();
+  recherche_.EstPerime(c_) ? Relit() : Montre();
 }
 
 /// The same line stays chosen where the order alone changed.
@@ -182,13 +184,22 @@ void TypedPane::MontreAide() {
   } else if (lieux_.empty()) {
     text = MsgId::TypedAucun;
   }
+  Dit(text);
+}
+
+/// In the line under the list; 0 for nothing.
+void TypedPane::Dit(int text) {
   lblTape->setText(text == 0 ? QString() : EnQt(Texte(c_.state.Langue, text)));
   lblTape->setVisible(text != 0);
 }
 
-void TypedPane::MontreCarte() {
+const TypedPlace* TypedPane::Choisi() const {
   const int line = lstTape->indexOfTopLevelItem(lstTape->currentItem());
-  const TypedPlace* place = line < 0 ? nullptr : &lieux_[static_cast<std::size_t>(line)];
+  return line < 0 ? nullptr : &lieux_[static_cast<std::size_t>(line)];
+}
+
+void TypedPane::MontreCarte() {
+  const TypedPlace* place = Choisi();
   const bool known = place != nullptr && place->point;
   lblProche->setText(known && place->km ? EnQt(Remplace(Texte(c_.state.Langue, MsgId::TypedProche),
                                                         "%1", Km(place->km).toStdString()))
@@ -208,8 +219,21 @@ void TypedPane::PrendFocus() {
 }
 
 const PlaceItem* TypedPane::Lieu() const {
-  const int line = lstTape->indexOfTopLevelItem(lstTape->currentItem());
-  return line < 0 ? nullptr : &lieux_[static_cast<std::size_t>(line)].lieu;
+  const TypedPlace* place = Choisi();
+  return place == nullptr ? nullptr : &place->lieu;
+}
+
+const PlaceItem* TypedPane::LieuAPrendre() {
+  if (recherche_.EstPerime(c_)) {
+    Relit();
+    return nullptr;
+  }
+  const TypedPlace* place = Choisi();
+  if (place == nullptr) return nullptr;
+  if (place->point) return &place->lieu;
+  Bip(c_.state, c_.io);
+  Dit(MsgId::TypedSansPoint);
+  return nullptr;
 }
 
 void TypedPane::AppliqueLangue() {

@@ -39,9 +39,13 @@ class TypedPane : public QWidget {
   QTreeWidget* Liste() { return lstTape; }
   /// The line that is chosen; nullptr for none.
   const PlaceItem* Lieu() const;
+  /// The same as a place that can be taken. None of a gazetteer that changed on disk: it is read
+  /// anew. None of a place without a usable point: a line says so, with a beep.
+  const PlaceItem* LieuAPrendre();
   /// The same lines again: their pictures or words are others.
   void Montre();
   /// All is read and measured.
+  bool TrouveQuelqueChose() const { return !lieux_.empty(); }
   bool EstAuRepos() const { return !timer_.isActive() && !attendu_; }
 
   void AppliqueLangue();
@@ -55,7 +59,9 @@ class TypedPane : public QWidget {
   void Commence();
   void Travaille();
   void Ajoute(const TypedPlace& place);
+  const TypedPlace* Choisi() const;
   void MontreAide();
+  void Dit(int text);
   void MontreCarte();
   QString Km(std::optional<double> km) const;
 

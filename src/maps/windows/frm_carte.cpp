@@ -16,6 +16,7 @@
 #include <QToolButton>
 #include <QWindow>
 #include <algorithm>
+#include <utility>
 
 #include "common/msg_id.h"
 #include "common/numbers.h"
@@ -108,6 +109,17 @@ void frmCarte::MontreCanevas() {
   picCarte->Rafraichit();
   pages_->setCurrentWidget(canevas_.TailleImage().isEmpty() ? lblVide : cadre_);
   ActiveControles();
+}
+
+void frmCarte::QuandPeinte(const std::function<void()>& body) {
+  attendue_ = nullptr;
+  if (isVisible()) return body();
+  attendue_ = body;
+}
+
+void frmCarte::DessineAttendue() {
+  if (enCours_ || !chargee_) return;
+  if (const auto body = std::exchange(attendue_, nullptr)) Commande(body);
 }
 
 /// A position, as long as no other map is opened.
@@ -243,6 +255,9 @@ bool frmCarte::eventFilter(QObject* watched, QEvent* event) {
   if (watched == centre_ && event->type() == QEvent::Resize) {
     AjusteOutils();
     CalculeScroll();
+  }
+  if (attendue_ && event->type() == QEvent::Paint) {
+    QTimer::singleShot(0, this, &frmCarte::DessineAttendue);
   }
   if (watched == picCarte && event->type() == QEvent::KeyPress) {
     const auto* key = static_cast<const QKeyEvent*>(event);

@@ -65,6 +65,7 @@ class frmCarte : public QDialog, public MapWindow {
   void ChangeTitre(const std::string& text) override;
   void MontrePanneau(int panel, const std::string& text) override;
   void MontreCanevas() override;
+  void QuandPeinte(const std::function<void()>& body) override;
 
   /// Keeps its place and the look of the symbols.
   void done(int result) override;
@@ -91,7 +92,6 @@ class frmCarte : public QDialog, public MapWindow {
   void SetOptions(OngletCartes onglet);
   void picCarte_MouseDown(Qt::MouseButton button, QPointF pixel);
   void SuitPosition();
-  QPointF EnUnites(QPointF pixel) const;
 
   void CalculeScroll();
   MapFrame Cadre() const;
@@ -103,6 +103,7 @@ class frmCarte : public QDialog, public MapWindow {
   void AjusteOutils();
   void ActiveControles();
   void AppliqueTitre();
+  void DessineAttendue();
 
   CommandContext contexte_;
   StoreState& state_;
@@ -110,6 +111,7 @@ class frmCarte : public QDialog, public MapWindow {
   MapState carte_;
   MapOption options_;
   QtCanvas canevas_;
+  std::function<void()> attendue_;  ///< runs once the window is painted and no command under way
   bool chargee_ = false;
   bool enCours_ = false;     ///< a command is under way
   bool eps_ = false;         ///< the map is georeferenced

@@ -22,6 +22,7 @@ void frmCarte::Commande(const std::function<void()>& body) {
   ExecuteCommande(state_, io_, {}, body);
   enCours_ = false;
   MontreCanevas();
+  if (attendue_ && isVisible()) QTimer::singleShot(0, this, &frmCarte::DessineAttendue);
 }
 
 void frmCarte::Charge() {
@@ -69,22 +70,15 @@ void frmCarte::SetOptions(OngletCartes onglet) {
 }
 
 void frmCarte::picCarte_MouseDown(Qt::MouseButton button, QPointF pixel) {
-  const QPointF at = EnUnites(pixel);
+  const QPointF at = canevas_.EnUnites(pixel);
   const auto x = static_cast<float>(at.x()), y = static_cast<float>(at.y());
   if (button == Qt::LeftButton) Commande([&] { AjouteLigneCarte(Contexte(), x, y); });
   if (button == Qt::RightButton) Commande([&] { RetireLigneCarte(Contexte(), x, y); });
 }
 
-QPointF frmCarte::EnUnites(QPointF pixel) const {
-  const UserScale scale = canevas_.Echelle();
-  const QSize size = canevas_.TailleImage();
-  return {scale.left + scale.width * pixel.x() / size.width(),
-          scale.top + scale.height * pixel.y() / size.height()};
-}
-
 void frmCarte::SuitPosition() {
   if (enCours_ || canevas_.TailleImage().isEmpty()) return;
-  const QPointF at = EnUnites(position_);
+  const QPointF at = canevas_.EnUnites(position_);
   ExecuteCommande(state_, io_, {}, [&] {
     MontrePosition(Contexte(), static_cast<float>(at.x()), static_cast<float>(at.y()));
   });

@@ -91,7 +91,17 @@ void MapView::paintEvent(QPaintEvent* event) {
 void MapView::mouseMoveEvent(QMouseEvent* event) {
   if (cross_) PlaceCroix(std::nullopt);
   const QPointF pixel = event->position() - Origine();
-  if (EstSurImage(pixel)) Q_EMIT Survole(pixel);
+  if (!EstSurImage(pixel)) return Quitte();
+  Q_EMIT Survole(pixel);
+}
+
+void MapView::leaveEvent(QEvent* event) {
+  QWidget::leaveEvent(event);
+  if (!cross_) Q_EMIT Quitte();
+}
+
+void MapView::mouseDoubleClickEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton) mousePressEvent(event);
 }
 
 void MapView::mousePressEvent(QMouseEvent* event) {

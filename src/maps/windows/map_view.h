@@ -36,6 +36,7 @@ class MapView : public QWidget {
 
  Q_SIGNALS:
   void Survole(QPointF pixel);  ///< the mouse, or the cross, is at this position
+  void Quitte();                ///< the mouse is no longer on the picture
   void Appuie(Qt::MouseButton button, QPointF pixel);
   void Roule(QPoint pixels);  ///< the wheel asks for another part of the picture
   void DemandeMenu(QPoint global);
@@ -45,6 +46,9 @@ class MapView : public QWidget {
   void paintEvent(QPaintEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  /// The second left press of a double click is none: it would add a second row at the same place.
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void leaveEvent(QEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;

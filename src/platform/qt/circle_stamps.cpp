@@ -97,27 +97,38 @@ void DessineCercle(QPainter& painter, double x, double y, const CircleLook& look
   painter.drawEllipse(centre, radius, radius);
 }
 
-void CircleStamps::Pose(const PixelRows& target, double x, double y, const CircleLook& look) {
-  if (!(look == look_)) {
-    look_ = look;
-    margin_ = static_cast<int>(std::ceil(look.RayonTotal())) + 1;
-    for (Stamp& stamp : stamps_) stamp = Stamp();
+CircleStamps::Set& CircleStamps::SetDe(const CircleLook& look) {
+  const auto fits = [&look](const Set& set) { return set.margin > 0 && set.look == look; };
+  if (fits(sets_[last_])) return sets_[last_];
+  auto found = std::find_if(sets_.begin(), sets_.end(), fits);
+  if (found == sets_.end()) {
+    found = sets_.begin() + static_cast<std::ptrdiff_t>(next_);
+    next_ = (next_ + 1) % sets_.size();
+    const int margin = static_cast<int>(std::ceil(look.RayonTotal())) + 1;
+    *found = Set{look, margin, {}};
   }
-  if (!(x > -margin_ - 1 && x < target.width + margin_ && y > -margin_ - 1 &&
-        y < target.height + margin_)) {
+  last_ = static_cast<std::size_t>(found - sets_.begin());
+  return *found;
+}
+
+void CircleStamps::Pose(const PixelRows& target, double x, double y, const CircleLook& look) {
+  Set& set = SetDe(look);
+  const int margin = set.margin;
+  if (!(x > -margin - 1 && x < target.width + margin && y > -margin - 1 &&
+        y < target.height + margin)) {
     return;
   }
   const int stepX = PlusProche(x * phases);
   const int stepY = PlusProche(y * phases);
-  const Stamp& stamp = Donne(stepX & (phases - 1), stepY & (phases - 1));
-  const int left = (stepX - (stepX & (phases - 1))) / phases - margin_;
-  const int top = (stepY - (stepY & (phases - 1))) / phases - margin_;
+  const Stamp& stamp = Donne(set, stepX & (phases - 1), stepY & (phases - 1));
+  const int left = (stepX - (stepX & (phases - 1))) / phases - margin;
+  const int top = (stepY - (stepY & (phases - 1))) / phases - margin;
   for (const Span& span : stamp.spans) {
     const int row = top + span.row;
     const int first = std::max<int>(span.first, -left);
     const int count = std::min<int>(span.last, target.width - left) - first;
     if (row < 0 || row >= target.height || count <= 0) continue;
-    const std::uint32_t* above = stamp.pixels.data() + Rangee(stamp, span.row) + first;
+    const std::uint32_t* above = stamp.pixels.data() + span.from + (first - span.first);
     std::uint32_t* below =
         target.pixels + static_cast<std::ptrdiff_t>(row) * target.width + left + first;
     if (span.opaque) {
@@ -128,57 +139,62 @@ void CircleStamps::Pose(const PixelRows& target, double x, double y, const Circl
   }
 }
 
-std::ptrdiff_t CircleStamps::Rangee(const Stamp& stamp, int row) {
-  return static_cast<std::ptrdiff_t>(row) * stamp.side;
-}
-
-const CircleStamps::Stamp& CircleStamps::Donne(int phaseX, int phaseY) {
+const CircleStamps::Stamp& CircleStamps::Donne(Set& set, int phaseX, int phaseY) {
   Stamp& stamp =
-      stamps_[static_cast<std::size_t>(phaseY) * phases + static_cast<std::size_t>(phaseX)];
-  if (stamp.side == 0) stamp = Fabrique(phaseX, phaseY);
+      set.stamps[static_cast<std::size_t>(phaseY) * phases + static_cast<std::size_t>(phaseX)];
+  if (!stamp.made) stamp = Fabrique(set, phaseX, phaseY);
   return stamp;
 }
 
-CircleStamps::Stamp CircleStamps::Fabrique(int phaseX, int phaseY) const {
-  Stamp stamp;
-  stamp.side = 2 * margin_ + 2 + group;  // room on the right for whole groups
-  QImage image(stamp.side, stamp.side, QImage::Format_ARGB32_Premultiplied);
+CircleStamps::Stamp CircleStamps::Fabrique(const Set& set, int phaseX, int phaseY) {
+  const int side = 2 * set.margin + 2 + group;  // room on the right for whole groups
+  QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
   image.fill(Qt::transparent);
   QPainter painter(&image);
-  DessineCercle(painter, margin_ + static_cast<double>(phaseX) / phases,
-                margin_ + static_cast<double>(phaseY) / phases, look_);
+  DessineCercle(painter, set.margin + static_cast<double>(phaseX) / phases,
+                set.margin + static_cast<double>(phaseY) / phases, set.look);
   painter.end();
-  stamp.pixels.resize(static_cast<std::size_t>(stamp.side) * static_cast<std::size_t>(stamp.side));
-  std::memcpy(stamp.pixels.data(), image.constBits(), stamp.pixels.size() * sizeof(std::uint32_t));
-  Decoupe(stamp);
+  Stamp stamp;
+  stamp.made = true;
+  Decoupe(stamp, image);
   return stamp;
 }
 
-void CircleStamps::Decoupe(Stamp& stamp) {
-  for (int row = 0; row < stamp.side; ++row) {
-    const std::uint32_t* pixels = stamp.pixels.data() + Rangee(stamp, row);
-    const std::size_t before = stamp.spans.size();
-    for (int first = 0; first < stamp.side;) {
-      int last = first + 1;
-      while (last < stamp.side && Sorte(pixels[last]) == Sorte(pixels[first])) ++last;
-      const Cover cover = Sorte(pixels[first]);
-      const bool opaque = cover == Cover::All && last - first >= shortestCopy;
-      Span* const former = stamp.spans.size() > before ? &stamp.spans.back() : nullptr;
-      if (cover == Cover::None) {
-        // nothing to copy
-      } else if (!opaque && former != nullptr && !former->opaque && first - former->last < group) {
-        former->last = static_cast<std::int16_t>(last);
-      } else {
-        stamp.spans.push_back({static_cast<std::int16_t>(row), static_cast<std::int16_t>(first),
-                               static_cast<std::int16_t>(last), opaque});
-      }
-      first = last;
-    }
+void CircleStamps::Decoupe(Stamp& stamp, const QImage& image) {
+  const int side = image.width();
+  std::vector<std::uint32_t> pixels(static_cast<std::size_t>(side) *
+                                    static_cast<std::size_t>(side));
+  std::memcpy(pixels.data(), image.constBits(), pixels.size() * sizeof(std::uint32_t));
+  for (int row = 0; row < side; ++row) {
+    DecoupeRangee(stamp, pixels.data() + static_cast<std::ptrdiff_t>(row) * side, side, row);
   }
   // What a blended span gains stays as it is: nothing is drawn there, or it is opaque.
   for (Span& span : stamp.spans) {
     const int over = (span.last - span.first) % group;
     if (!span.opaque && over != 0) span.last = static_cast<std::int16_t>(span.last + group - over);
+    span.from = static_cast<std::uint32_t>(stamp.pixels.size());
+    const auto start = pixels.begin() + static_cast<std::ptrdiff_t>(span.row) * side;
+    stamp.pixels.insert(stamp.pixels.end(), start + span.first, start + span.last);
+  }
+}
+
+void CircleStamps::DecoupeRangee(Stamp& stamp, const std::uint32_t* pixels, int side, int row) {
+  const std::size_t before = stamp.spans.size();
+  for (int first = 0; first < side;) {
+    int last = first + 1;
+    while (last < side && Sorte(pixels[last]) == Sorte(pixels[first])) ++last;
+    const Cover cover = Sorte(pixels[first]);
+    const bool opaque = cover == Cover::All && last - first >= shortestCopy;
+    Span* const former = stamp.spans.size() > before ? &stamp.spans.back() : nullptr;
+    if (cover == Cover::None) {
+      // nothing to copy
+    } else if (!opaque && former != nullptr && !former->opaque && first - former->last < group) {
+      former->last = static_cast<std::int16_t>(last);
+    } else {
+      stamp.spans.push_back({static_cast<std::int16_t>(row), static_cast<std::int16_t>(first),
+                             static_cast<std::int16_t>(last), opaque, 0});
+    }
+    first = last;
   }
 }
 

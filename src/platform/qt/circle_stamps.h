@@ -1,4 +1,5 @@
-// Circles of one look, drawn once for each sub-pixel place of their centre and copied from then on.
+// Circles of a few looks, drawn once for each sub-pixel place of their centre and copied from then
+// on.
 #pragma once
 #include <QImage>
 #include <array>
@@ -42,21 +43,33 @@ class CircleStamps {
     std::int16_t first;
     std::int16_t last;  ///< behind the last
     bool opaque;
+    std::uint32_t from;  ///< its first pixel among those of the stamp
   };
+  /// Its spans alone are kept, one behind the other, so that the stamps of all looks of a map stay
+  /// near the processor.
   struct Stamp {
-    int side = 0;
+    bool made = false;
     std::vector<std::uint32_t> pixels;
     std::vector<Span> spans;
   };
 
-  const Stamp& Donne(int phaseX, int phaseY);
-  Stamp Fabrique(int phaseX, int phaseY) const;
-  static void Decoupe(Stamp& stamp);
-  static std::ptrdiff_t Rangee(const Stamp& stamp, int row);  ///< where its pixels start
+  /// The stamps of one look.
+  struct Set {
+    CircleLook look;
+    int margin = 0;  ///< pixels from a stamp's corner to its centre; 0 for a set not in use
+    std::array<Stamp, std::size_t{phases} * phases> stamps;
+  };
 
-  CircleLook look_;
-  int margin_ = 0;  ///< pixels from a stamp's corner to its centre
-  std::array<Stamp, std::size_t{phases} * phases> stamps_;
+  /// That of a look, which may have taken the place of the set made first.
+  Set& SetDe(const CircleLook& look);
+  static const Stamp& Donne(Set& set, int phaseX, int phaseY);
+  static Stamp Fabrique(const Set& set, int phaseX, int phaseY);
+  static void Decoupe(Stamp& stamp, const QImage& image);
+  static void DecoupeRangee(Stamp& stamp, const std::uint32_t* pixels, int side, int row);
+
+  std::array<Set, 4> sets_;  ///< as many as the looks that alternate on a map
+  std::size_t last_ = 0;     ///< the set used last
+  std::size_t next_ = 0;     ///< the set that a new look takes
 };
 
 }  // namespace talpena

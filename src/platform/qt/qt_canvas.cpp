@@ -60,6 +60,16 @@ void QtCanvas::ChangeRapport(double ratio) {
   if (!picturePath_.empty()) ChargeImage(std::string(picturePath_));
 }
 
+void QtCanvas::ChangeTaille(QSize size) {
+  wantedSize_ = size;
+  if (!picturePath_.empty()) ChargeImage(std::string(picturePath_));
+}
+
+QPointF QtCanvas::EnUnites(QPointF pixel) const {
+  return {scale_.left + scale_.width * pixel.x() / pictureSize_.width(),
+          scale_.top + scale_.height * pixel.y() / pictureSize_.height()};
+}
+
 void QtCanvas::ChargeImage(const std::string& path) {
   const std::string native = RendNatif(path);
   const QString file = QString::fromStdString(native);
@@ -72,24 +82,34 @@ void QtCanvas::ChargeImage(const std::string& path) {
   if (const QString dense = VarianteDense(file); ratio_ > 1 && QFileInfo(dense).isFile()) {
     if (const QImage sharper = LitImage(dense); !sharper.isNull()) picture = sharper;
   }
-  const QSize size(std::max(1, qRound(base.width() * ratio_)),
-                   std::max(1, qRound(base.height() * ratio_)));
+  const QSize shown = wantedSize_.isEmpty() ? base.size() : wantedSize_;
+  const QSize size(std::max(1, qRound(shown.width() * ratio_)),
+                   std::max(1, qRound(shown.height() * ratio_)));
   const bool tooLarge = std::max(size.width(), size.height()) > longestSide ||
                         qint64{size.width()} * size.height() > mostPixels;
   if (tooLarge) RefuseImage(native);
+  // Before it is scaled: of one with a colour table the toolkit would make a pattern of its
+  // colours.
+  picture.convertTo(QImage::Format_ARGB32_Premultiplied);
   if (picture.size() != size) {
     picture = picture.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   }
-  picture.convertTo(QImage::Format_ARGB32_Premultiplied);
   if (picture.isNull()) RefuseImage(native);
-  picture.setDevicePixelRatio(1);
   picturePath_ = path;
-  PoseFond(std::move(picture), base.size());
+  fileSize_ = base.size();
+  PoseFond(std::move(picture), shown);
+}
+
+void QtCanvas::MontreImage(const QImage& picture) {
+  picturePath_.clear();
+  PoseFond(picture.convertToFormat(QImage::Format_ARGB32_Premultiplied),
+           (QSizeF(picture.size()) / ratio_).toSize());
 }
 
 void QtCanvas::ChangeFeuille(QSize size, double ratio) {
   ratio_ = std::clamp(ratio, 0.25, 8.0);
   picturePath_.clear();
+  fileSize_ = size;
   QImage sheet(std::max(1, qRound(size.width() * ratio_)),
                std::max(1, qRound(size.height() * ratio_)), QImage::Format_ARGB32_Premultiplied);
   sheet.fill(Qt::white);
@@ -97,6 +117,7 @@ void QtCanvas::ChangeFeuille(QSize size, double ratio) {
 }
 
 void QtCanvas::PoseFond(QImage background, QSize size) {
+  background.setDevicePixelRatio(1);
   pictureSize_ = size;
   background_ = std::move(background);
   mask_.Dimensionne(background_.width(), background_.height());

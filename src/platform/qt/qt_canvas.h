@@ -1,6 +1,7 @@
 // The canvas of the maps as a picture in memory.
 #pragma once
 #include <QImage>
+#include <QPointF>
 #include <QSize>
 #include <span>
 #include <string>
@@ -28,13 +29,20 @@ class QtCanvas final : public Canvas {
   /// Another ratio, as on a move to another screen. The picture is read again where it can be;
   /// what was drawn on it is gone.
   void ChangeRapport(double ratio);
+  /// Another size than its own for the picture, from now on; an empty one: its own. As by another
+  /// ratio, what was drawn is gone.
+  void ChangeTaille(QSize size);
   /// A white sheet of that size takes the place of the picture.
   void ChangeFeuille(QSize size, double ratio);
-  QSize TailleImage() const { return pictureSize_; }  ///< of the picture, empty without one
+  QSize TailleFichier() const { return fileSize_; }   ///< of the picture in its file
+  QSize TailleImage() const { return pictureSize_; }  ///< as it is shown, empty without one
+  QPointF EnUnites(QPointF pixel) const;  ///< user units at a position of the picture shown
   const QImage& Surface();  ///< what is on show, ARGB32_Premultiplied; valid until the next drawing
 
   /// A picture NAME@2x.EXT beside NAME.EXT is shown in its place when the ratio is above 1.
   void ChargeImage(const std::string& path) override;
+  /// Shows a picture that stands in no file; a pixel of it is one of the surface.
+  void MontreImage(const QImage& picture);
   int LargeurPixels() const override { return surface_.width(); }
   int HauteurPixels() const override { return surface_.height(); }
   int LargeurTwips() const override { return pictureSize_.width() * 15; }
@@ -67,6 +75,8 @@ class QtCanvas final : public Canvas {
 
   double ratio_;
   std::string picturePath_;
+  QSize fileSize_;
+  QSize wantedSize_;  ///< empty: that of the file
   QSize pictureSize_;
   QImage background_;  ///< the picture at the size of the surface
   QImage surface_;

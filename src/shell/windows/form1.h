@@ -7,6 +7,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -15,6 +16,7 @@
 #include "gazetteer/gazetteer_context.h"
 #include "interchange/export_dialogs.h"
 #include "interchange/import_context.h"
+#include "platform/chart.h"
 #include "platform/platform.h"
 #include "shell/process_state.h"
 #include "shell/shell_view.h"
@@ -24,6 +26,7 @@
 
 class QAbstractButton;
 class QComboBox;
+class QDialog;
 class QLabel;
 class QLineEdit;
 class QMenu;
@@ -39,7 +42,6 @@ class Attente;
 class EditForm;
 class HelpDesk;
 class TDBGrid;
-class frmCarte;
 class frmGeoQuery;
 
 /// Menu bar, tool buttons, title lines, the grid and the status bar. What its controls do are
@@ -50,6 +52,7 @@ class Form1 : public QMainWindow,
               public AdjustDialogs,
               public ExportDialogs,
               public ImportDialogs,
+              public ChartPort,
               public GazetteerDialogs,
               public ShellView {
   Q_OBJECT
@@ -67,6 +70,10 @@ class Form1 : public QMainWindow,
   CommandContext Commandes() { return Contexte().Commandes(); }
   ImportContext Importations() { return {Commandes(), state_.interchange, *this}; }
 
+  /// Runs one that makes a chart, which is shown once the command has ended: it may stay open all
+  /// day.
+  void CommandeGraphique(const std::function<void()>& body);
+
   /// Runs a command under the common handler, with what is typed in the grid stored before. A
   /// tick of Timer1 and the close box wait until it has ended. False when it did not end well.
   bool Commande(const std::function<void()>& body);
@@ -80,10 +87,13 @@ class Form1 : public QMainWindow,
   void MnuDatumFichier_Click();
   void MnuLmbIfbl_Click();
   void MnuVisAutre_Click();
+  void mnuResume_Click();
   void MnuAideTexte_Click();
   void MnuInfo_Click();
   void MontreEdition();
   void cmdMap_Click();
+  void MontreCarteRaster(CarteRaster choisie);
+  void MnuOptionsCartes_Click();
 
   // MainWindowView
   std::vector<Bookmark> LignesSelectionnees() override;
@@ -108,6 +118,9 @@ class Form1 : public QMainWindow,
   // ImportDialogs
   void MontreImportation() override;
   void MontreImportGarmin(const std::string& fileName, int type) override;
+
+  // ChartPort
+  void MontreGraphique(const ChartPicture& picture) override { graphique_ = picture; }
 
   // GazetteerDialogs
   void MontreGeoSetup() override;
@@ -158,7 +171,10 @@ class Form1 : public QMainWindow,
   void cmdFirstLast_Click(int index);
   void ChangeCouleur(std::uint32_t& stored, QColor GridColours::*shown);
   void CmbTri_Click();
+  bool PeutMontrerCarte();
   void MontreCarte(bool choisit);
+  void ApresCarte();
+  void MontreAnalyse(QDialog& window);
   void Timer1_Tick();
   void SuitDocument(Changes changes);
   void MontreEntete();
@@ -218,10 +234,12 @@ class Form1 : public QMainWindow,
   QProgressBar* ProgressBar1 = nullptr;
   QTimer* Timer1 = nullptr;
   Attente* attente_ = nullptr;
-  EditForm* editForm_ = nullptr;        ///< while it is open
-  frmCarte* frmCarte_ = nullptr;        ///< as is this
-  frmGeoQuery* frmGeoQuery_ = nullptr;  ///< from its first opening on
-  std::unique_ptr<HelpDesk> aide_;      ///< opens the user guide
+  EditForm* editForm_ = nullptr;           ///< while it is open
+  QDialog* carteOuverte_ = nullptr;        ///< a map, of either kind, while it is open
+  QDialog* analyse_ = nullptr;             ///< as is this: a chart, a summary
+  std::optional<ChartPicture> graphique_;  ///< what the command under way made
+  frmGeoQuery* frmGeoQuery_ = nullptr;     ///< from its first opening on
+  std::unique_ptr<HelpDesk> aide_;         ///< opens the user guide
   Subscription observed_;
 };
 

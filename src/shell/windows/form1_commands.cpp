@@ -21,6 +21,8 @@
 #include "coords/windows/frm_lmb_ifbl.h"
 #include "interchange/windows/options_export.h"
 #include "maps/windows/frm_carte.h"
+#include "maps/windows/map.h"
+#include "maps/windows/options_map.h"
 #include "platform/busy.h"
 #include "platform/commands.h"
 #include "platform/qt/colours.h"
@@ -263,17 +265,38 @@ void Form1::MontreEdition() {
   ApresCommande();
 }
 
-/// The map view. As the record editor it is no command itself.
+/// One map at a time. As the record editor, none is a command itself.
+bool Form1::PeutMontrerCarte() {
+  const bool free = running_ == 0 && carteOuverte_ == nullptr && cmdMap->isEnabled();
+  return free && TDBGrid1->ValideEdition();
+}
+
 void Form1::MontreCarte(bool choisit) {
-  if (running_ > 0 || frmCarte_ != nullptr || !cmdMap->isEnabled()) return;
-  if (!TDBGrid1->ValideEdition()) return;
+  if (!PeutMontrerCarte()) return;
   frmCarte view(Commandes(), this);
-  frmCarte_ = &view;
+  carteOuverte_ = &view;
   view.Montre(choisit);
-  frmCarte_ = nullptr;
+  ApresCarte();
+}
+
+void Form1::MontreCarteRaster(CarteRaster choisie) {
+  if (!PeutMontrerCarte()) return;
+  Map view(Commandes(), state_.raster, this);
+  carteOuverte_ = &view;
+  ExecuteCommande(state_, io_, {}, [&] {
+    view.Charge(choisie);
+    view.exec();
+  });
+  ApresCarte();
+}
+
+void Form1::ApresCarte() {
+  carteOuverte_ = nullptr;
   PlaceFocusGrille();
   ApresCommande();
 }
+
+void Form1::MnuOptionsCartes_Click() { OptionsMap(state_, io_, this).exec(); }
 
 void Form1::MnuVisAutre_Click() { MontreCarte(true); }
 
@@ -332,8 +355,13 @@ void Form1::closeEvent(QCloseEvent* event) {
     event->ignore();
     return;
   }
-  if (frmCarte_ != nullptr) {
-    closeWaits_ = frmCarte_->close();
+  if (carteOuverte_ != nullptr) {
+    closeWaits_ = carteOuverte_->close();
+    event->ignore();
+    return;
+  }
+  if (analyse_ != nullptr) {
+    closeWaits_ = analyse_->close();
     event->ignore();
     return;
   }

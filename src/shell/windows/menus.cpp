@@ -4,7 +4,11 @@
 #include <array>
 #include <type_traits>
 
+#include "analysis/charts.h"
+#include "analysis/statistics.h"
+#include "analysis/year_charts.h"
 #include "common/msg_id.h"
+#include "common/msg_id_analysis.h"
 #include "common/msg_id_export.h"
 #include "common/msg_id_menus.h"
 #include "coord_commands/adjust.h"
@@ -39,6 +43,8 @@ void Appelle(Form1& form, int index) {
     Procedure(form.Commandes(), index);
   } else if constexpr (std::is_invocable_v<P, CommandContext, Form1&, int>) {
     Procedure(form.Commandes(), form, index);
+  } else if constexpr (std::is_invocable_v<P, CommandContext, Form1&>) {
+    Procedure(form.Commandes(), form);
   } else if constexpr (std::is_invocable_v<P, ImportContext, int>) {
     Procedure(form.Importations(), index);
   } else if constexpr (std::is_invocable_v<P, CommandContext>) {
@@ -57,10 +63,27 @@ void Lance(Form1& form, int index) {
   form.Commande([&] { Appelle<Procedure>(form, index); });
 }
 
+/// One that makes a chart.
+template <auto Procedure>
+void Trace(Form1& form, int index) {
+  form.CommandeGraphique([&] { Appelle<Procedure>(form, index); });
+}
+
 /// One that sees to that itself.
 template <auto Procedure>
 void Directement(Form1& form, int index) {
   Appelle<Procedure>(form, index);
+}
+
+/// A raster map by the entry of its own.
+template <CarteRaster choisie>
+void OuvreRaster(Form1& form, int /*index*/) {
+  form.MontreCarteRaster(choisie);
+}
+
+/// mnuEurope: the entries are the first rows of the table of raster maps.
+void OuvreEurope(Form1& form, int index) {
+  form.MontreCarteRaster(static_cast<CarteRaster>(index));
 }
 
 /// The entries count from 1, behind their separator.
@@ -195,23 +218,37 @@ constexpr std::array menuEdition = {
               .condition = MenuCondition::Rows, .run = Lance<&Form1::MnuSelection_Click>},
 };
 constexpr std::array menuEurope = {
-    MenuEntry{.control = "mnuEurope", .index = 0, .base = MsgId::MenuEurope},
-    MenuEntry{.control = "mnuEurope", .index = 1, .base = MsgId::MenuEuropeCentrale},
-    MenuEntry{.control = "mnuEurope", .index = 2, .base = MsgId::MenuGaule},
-    MenuEntry{.control = "mnuEurope", .index = 3, .base = MsgId::MenuBelgique},
-    MenuEntry{.control = "mnuEurope", .index = 4, .base = MsgId::MenuPaysBas},
-    MenuEntry{.control = "mnuEurope", .index = 5, .base = MsgId::MenuIlesBritanniques},
-    MenuEntry{.control = "mnuEurope", .index = 6, .base = MsgId::MenuIberie},
-    MenuEntry{.control = "mnuEurope", .index = 7, .base = MsgId::MenuTurquie},
+    MenuEntry{.control = "mnuEurope", .index = 0, .base = MsgId::MenuEurope,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 1, .base = MsgId::MenuEuropeCentrale,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 2, .base = MsgId::MenuGaule,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 3, .base = MsgId::MenuBelgique,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 4, .base = MsgId::MenuPaysBas,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 5, .base = MsgId::MenuIlesBritanniques,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 6, .base = MsgId::MenuIberie,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
+    MenuEntry{.control = "mnuEurope", .index = 7, .base = MsgId::MenuTurquie,
+              .condition = MenuCondition::Rows, .run = OuvreEurope},
 };
 constexpr std::array menuVisualiser = {
-    MenuEntry{.control = "MnuVisMonde", .base = MsgId::MenuMonde},
+    MenuEntry{.control = "MnuVisMonde", .base = MsgId::MenuMonde,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::Monde>},
     MenuEntry{.control = "mnuEurope", .base = MsgId::MenuEurope, .children = menuEurope},
-    MenuEntry{.control = "MnuVisAsiEur", .base = MsgId::MenuAsieEurope},
-    MenuEntry{.control = "MnuVisAfrica", .base = MsgId::MenuAfrique},
-    MenuEntry{.control = "MnuVisNamer", .base = MsgId::MenuAmeriqueNord},
-    MenuEntry{.control = "MnuVisSamer", .base = MsgId::MenuAmeriqueSud},
-    MenuEntry{.control = "MnuVisAsiocea", .base = MsgId::MenuAsieOceanie},
+    MenuEntry{.control = "MnuVisAsiEur", .base = MsgId::MenuAsieEurope,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::AsieEurope>},
+    MenuEntry{.control = "MnuVisAfrica", .base = MsgId::MenuAfrique,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::Afrique>},
+    MenuEntry{.control = "MnuVisNamer", .base = MsgId::MenuAmeriqueNord,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::AmeriqueNord>},
+    MenuEntry{.control = "MnuVisSamer", .base = MsgId::MenuAmeriqueSud,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::AmeriqueSud>},
+    MenuEntry{.control = "MnuVisAsiocea", .base = MsgId::MenuAsieOceanie,
+              .condition = MenuCondition::Rows, .run = OuvreRaster<CarteRaster::AsieOceanie>},
     MenuEntry{.control = "MnuVisAutre", .base = MsgId::MenuAutreCarte,
               .condition = MenuCondition::Rows, .run = Directement<&Form1::MnuVisAutre_Click>},
     MenuEntry{.control = "MnuSepar", .index = 4, .caption = menuSeparator},
@@ -254,21 +291,35 @@ constexpr std::array menuOptions = {
     MenuEntry{.control = "MnuOptionsPeriodes", .base = MsgId::MenuPeriodes,
               .condition = MenuCondition::File, .run = Lance<&Form1::MontreOptionsPeriodes>},
     MenuEntry{.control = "MnuCouleurs", .base = MsgId::MenuCouleurs, .children = menuCouleurs},
-    MenuEntry{.control = "MnuOptionsCartes", .base = MsgId::MenuOptionsCartes},
+    MenuEntry{.control = "MnuOptionsCartes", .base = MsgId::MenuOptionsCartes,
+              .run = Lance<&Form1::MnuOptionsCartes_Click>},
     MenuEntry{.control = "MnuLangue", .base = MsgId::MenuLangue, .children = menuLangues},
     MenuEntry{.control = "MnuOutils", .base = MsgId::MenuOutils, .children = menuOutils},
 };
 constexpr std::array menuStandardisation = {
-    MenuEntry{.control = "mnustd", .index = 0, .caption = "Logarithme"},
-    MenuEntry{.control = "mnustd", .index = 1, .caption = "Valeurs normales réduites"},
+    MenuEntry{.control = "mnustd", .index = 0, .caption = "Logarithme",
+              .condition = MenuCondition::Rows, .run = Lance<mnustd_Click>},
+    MenuEntry{.control = "mnustd", .index = 1, .caption = "Valeurs normales réduites",
+              .condition = MenuCondition::Rows, .run = Lance<mnustd_Click>},
 };
 constexpr std::array menuAnalyse = {
-    MenuEntry{.control = "MnuParametres", .caption = "Paramètres statistiques"},
+    MenuEntry{.control = "MnuParametres", .caption = "Paramètres statistiques",
+              .condition = MenuCondition::Rows, .run = Lance<MnuParametres_Click>},
     MenuEntry{.control = "mnuStandardisation", .caption = "Standardisation des valeurs",
               .children = menuStandardisation},
-    MenuEntry{.control = "mnuAnalyse", .index = 0, .caption = "Graphique Chiffre1/OGU"},
-    MenuEntry{.control = "mnuAnalyse", .index = 1, .caption = "Graphique Chiffre2/OGU"},
-    MenuEntry{.control = "mnuPhenolo", .caption = "P&hénologie"},
+    MenuEntry{.control = "mnuAnalyse", .index = 0, .caption = "Graphique Chiffre1/OGU",
+              .condition = MenuCondition::Rows, .run = Trace<mnuAnalyse_Click>},
+    MenuEntry{.control = "mnuAnalyse", .index = 1, .caption = "Graphique Chiffre2/OGU",
+              .condition = MenuCondition::Rows, .run = Trace<mnuAnalyse_Click>},
+    MenuEntry{.control = "mnuPhenolo", .caption = "P&hénologie",
+              .condition = MenuCondition::Rows, .run = Trace<mnuPhenolo_Click>},
+    MenuEntry{.control = "MnuSepar", .index = 5, .caption = menuSeparator},
+    MenuEntry{.control = "mnuResume", .base = MsgId::MenuResume,
+              .condition = MenuCondition::Rows, .run = Directement<&Form1::mnuResume_Click>},
+    MenuEntry{.control = "mnuDecades", .base = MsgId::MenuDecades,
+              .condition = MenuCondition::Rows, .run = Trace<mnuDecades_Click>},
+    MenuEntry{.control = "mnuAnnees", .base = MsgId::MenuAnnees,
+              .condition = MenuCondition::Rows, .run = Trace<mnuAnnees_Click>},
 };
 constexpr std::array menuAide = {
     MenuEntry{.control = "MnuAideTexte", .base = MsgId::MenuAide, .key = "F1",

@@ -49,11 +49,14 @@ TEST_F(GeoQueryWindow, FillsTheListWithItsPictures) {
     EXPECT_EQ(m.Libelle("lblNbre"), "3");
     EXPECT_EQ(m.Libelle("PicName"), "SAINT");
     const auto picture = [&](int row) {
-      return m.Liste()->model()->index(row, 0).data(Qt::DecorationRole).value<QIcon>();
+      const auto icon = m.Liste()->model()->index(row, 0).data(Qt::DecorationRole).value<QIcon>();
+      return icon.pixmap(16).toImage().convertToFormat(QImage::Format_ARGB32);
     };
-    EXPECT_TRUE(picture(0).isNull()) << "no picture for other codes";
-    EXPECT_FALSE(picture(1).isNull());
-    EXPECT_FALSE(picture(2).isNull());
+    QImage nothing(16, 16, QImage::Format_ARGB32);
+    nothing.fill(Qt::transparent);
+    EXPECT_EQ(picture(0), nothing) << "for other codes nothing, as wide as the pictures";
+    EXPECT_NE(picture(1), nothing);
+    EXPECT_NE(picture(2), nothing);
   });
 }
 

@@ -96,6 +96,7 @@ TEST_F(FrmGeoSetup, OkPutsTheKeysIntoAnEmptyList) {
   Bouton("Command1_1").click();
   EXPECT_TRUE(form->isVisible());
   EXPECT_TRUE(Liste(4).hasFocus());
+  EXPECT_EQ(Enfant<QLabel>("lblTest").text(), "Still to be chosen: Longitude");
   EXPECT_EQ(sound.bips, 1);
 }
 

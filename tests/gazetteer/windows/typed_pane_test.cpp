@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QTabWidget>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,13 @@ class TypedPlaces : public ::testing::Test {
     m.Fait({Place("Mons", 50.45, 3.95), Place("L'Étang", 49.5, 5.5), Place("Marimont", 50.47, 4.29),
             Place("Montigny", 50.38, 4.05), Place("Le Mont", 49.9, 5.2),
             Place("Mon-Repos", 50.6, 4.4)});
+  }
+
+  /// Another gazetteer in the place of the first.
+  void Refait(const std::vector<test::GazetteerRow>& places) {
+    std::filesystem::remove(m.path);
+    m.Fait(places);
+    m.files.Pose(m.path, "of another size");
   }
 
   /// A file with one record here, and the form on a new one.
@@ -106,6 +114,56 @@ TEST_F(TypedPlaces, ArrowDownAndEnterTakeAPlaceIntoTheRecord) {
   }));
   EXPECT_EQ(m.ecran.ChampLibre.substr(0, 7), "Le Mont");
   EXPECT_EQ(m.ecran.lblDatum, "WGS84");
+}
+
+TEST_F(TypedPlaces, AGazetteerThatChangesIsReadAnewAtTheNextLetter) {
+  m.files.Pose(m.path, "as it is");
+  m.Avec([&] {
+    m.Tape("mons");
+    EXPECT_EQ(m.Noms("lstTape"), (Lines{"Mons"}));
+    Refait({Place("Monsanto", 40.0, -7.1), Place("Mons", 50.45, 3.95)});
+    m.Tape("monsa");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return m.Tapes()->EstAuRepos(); }));
+    EXPECT_EQ(m.Noms("lstTape"), (Lines{"Monsanto"}));
+  });
+}
+
+TEST_F(TypedPlaces, NoneIsTakenFromAGazetteerThatChangedMeanwhile) {
+  m.files.Pose(m.path, "as it is");
+  m.Ligne();
+  m.Avec([&] {
+    m.Tape("mons");
+    Refait({Place("Mons", 43.6, 6.7)});
+    QTest::keyClick(m.Liste("lstTape"), Qt::Key_Return);
+    EXPECT_TRUE(m.form->isVisible());
+    EXPECT_EQ(m.ecran.ChampLibre, "") << "the place of before";
+  });
+}
+
+TEST_F(TypedPlaces, APlaceWithoutAUsablePointIsNotTakenAndSaysSo) {
+  m.Ligne();
+  Refait({Place("Mons", 123.4, 3.95), Place("Monsanto", 40.0, -7.1)});
+  m.Avec([&] {
+    m.Tape("mons");
+    QTest::keyClick(m.Liste("lstTape"), Qt::Key_Return);
+    EXPECT_TRUE(m.form->isVisible());
+    EXPECT_EQ(m.Libelle("lblTape"), "This place has no usable point: nothing was filled in.");
+    EXPECT_EQ(m.ecran.ChampLibre, "");
+    QTest::keyClick(m.Liste("lstTape"), Qt::Key_Down);
+    EXPECT_FALSE(m.Controle<QLabel>("lblTape")->isVisible());
+  });
+}
+
+TEST_F(TypedPlaces, ASearchThatFindsNothingSaysWhereNamesLikeItStand) {
+  m.Avec([&] {
+    m.Cherche("mon", "cmd_0");
+    EXPECT_EQ(m.Libelle("lblNbre"), "0");
+    EXPECT_EQ(m.Libelle("lblAilleurs"),
+              "Nothing is written like this in the search field of the table. Names like it stand "
+              "under “While typing”.");
+    m.Cherche("key", "cmd_0");
+    EXPECT_FALSE(m.Controle<QLabel>("lblAilleurs")->isVisible());
+  });
 }
 
 TEST_F(TypedPlaces, TheButtonsFillAListOfTheirOwn) {

@@ -58,10 +58,13 @@ struct MapMachine : CoordsWorld {
     return folder / "plan.dsw";
   }
 
-  frmCarte& Ouvre(const std::string& path) {
+  void Charge(const std::string& path) {
     settings.values["TALPENA/CARTO/LASTMAP"] = path;
     form = std::make_unique<frmCarte>(CommandContext{state, reel, vue, vue, vue});
     form->Charge();
+  }
+  frmCarte& Ouvre(const std::string& path) {
+    Charge(path);
     form->show();
     form->activateWindow();
     Traite();

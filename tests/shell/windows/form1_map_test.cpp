@@ -30,10 +30,13 @@ struct MapForm : test::Form1Machine {
   /// Opens the view, hands it over, and closes it.
   template <typename Body>
   void DansLaCarte(Body body) const {
-    const DialogDriver driver("frmCarte", [&](QDialog& dialog) {
-      body(dynamic_cast<frmCarte&>(dialog), *dialog.findChild<MapView*>());
-      dialog.reject();
-    });
+    const DialogDriver driver(
+        "frmCarte",
+        [&](QDialog& dialog) {
+          body(dynamic_cast<frmCarte&>(dialog), *dialog.findChild<MapView*>());
+          dialog.reject();
+        },
+        DialogDriver::Quand::Libre);
     Controle<QToolButton>("cmdMap")->click();
   }
   int Rangees() const { return Controle<TDBGrid>("TDBGrid1")->model()->rowCount(); }
@@ -58,7 +61,8 @@ TEST(Form1Map, OpensByItsButtonAndItsKey) {
     seen = view.isVisible() && picture.TailleImage() == QSize(300, 200);
   });
   EXPECT_TRUE(seen);
-  const DialogDriver driver("frmCarte", [](QDialog& dialog) { dialog.reject(); });
+  const DialogDriver driver(
+      "frmCarte", [](QDialog& dialog) { dialog.reject(); }, DialogDriver::Quand::Libre);
   m.form->activateWindow();
   QTest::qWait(20);
   QTest::keyClick(m.Controle<TDBGrid>("TDBGrid1"), Qt::Key_M, Qt::ControlModifier);

@@ -87,7 +87,7 @@ TEST_F(FrmAide, OpensAtTheContents) {
 TEST_F(FrmAide, ListsChaptersAndTheirSections) {
   Ouvre();
   const QTreeWidget* tree = Sommaire();
-  ASSERT_EQ(tree->topLevelItemCount(), 19);
+  ASSERT_EQ(tree->topLevelItemCount(), 20);
   EXPECT_EQ(tree->topLevelItem(0)->text(0), "Talpena user guide");
   EXPECT_EQ(tree->topLevelItem(0)->childCount(), 0);
   EXPECT_EQ(tree->topLevelItem(2)->text(0), "The table");

@@ -33,6 +33,8 @@ TEST(CibleAide, IsThatOfTheWindow) {
                             {"Ajustement", "coordinates.html#adjust"},
                             {"frmLmbIfbl", "coordinates.html#ifbl"},
                             {"frmOptionsPeriodes", "periods.html"},
+                            {"frmGraphique", "statistics.html#chart"},
+                            {"frmResume", "statistics.html#summary"},
                             {"frmEastern", "licence.html"},
                             {"MessageBox", "trouble.html"},
                             {"SaveDialog", "files.html#save"},

@@ -92,7 +92,7 @@ TEST(HelpPages, AreWellFormedInBothLanguages) {
   for (const Language& language : languages) {
     SCOPED_TRACE(language.folder);
     const HelpBook book = Guide(language);
-    EXPECT_EQ(book.Chapitres().size(), 19U);
+    EXPECT_EQ(book.Chapitres().size(), 20U);
     for (const HelpChapter& chapter : book.Chapitres()) {
       SCOPED_TRACE(chapter.page.toStdString());
       EXPECT_FALSE(chapter.title.isEmpty());

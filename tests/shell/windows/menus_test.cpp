@@ -96,11 +96,11 @@ std::set<std::string> Actifs(bool fileOpen) {
 }
 
 const std::set<std::string> always = {
-    "MnuNouveau",         "MnuOuvrir",     "MnuLastFile_1", "MnuLastFile_2", "MnuLastFile_3",
-    "MnuLastFile_4",      "MnuQuitter",    "MnuGrille",     "MnuTxtGrille",  "MnuLang_0",
-    "MnuLang_1",          "MnuLang_2",     "MnuLang_3",     "MnuLang_4",     "MnuLang_5",
-    "MnuAideTexte",       "MnuInfo",       "mnuGrid",       "MnuLmbIfbl",    "MnuIFBLGrid",
-    "MnuIFBLGridPolygon", "MnuPreferences"};
+    "MnuNouveau",         "MnuOuvrir",      "MnuLastFile_1",   "MnuLastFile_2", "MnuLastFile_3",
+    "MnuLastFile_4",      "MnuQuitter",     "MnuGrille",       "MnuTxtGrille",  "MnuLang_0",
+    "MnuLang_1",          "MnuLang_2",      "MnuLang_3",       "MnuLang_4",     "MnuLang_5",
+    "MnuAideTexte",       "MnuInfo",        "mnuGrid",         "MnuLmbIfbl",    "MnuIFBLGrid",
+    "MnuIFBLGridPolygon", "MnuPreferences", "MnuOptionsCartes"};
 
 TEST(Menus, WithoutAFileOnlyWhatNeedsNoneCanBeChosen) { EXPECT_EQ(Actifs(false), always); }
 
@@ -115,11 +115,16 @@ TEST(Menus, WithAFileEntriesWithoutACommandStayDisabled) {
                    "MnuDatumFichier"});
   expected.insert({"mnuChercher_0", "mnuChercher_1", "MnuAjoutLigne", "mnuDuplic", "MnuEraseCol",
                    "MnuSupprimer", "MnuSelection", "MnuVisAutre", "MnuVisCarte"});
+  expected.insert({"mnuEurope_0", "mnuEurope_1", "mnuEurope_2", "mnuEurope_3", "mnuEurope_4",
+                   "mnuEurope_5", "mnuEurope_6", "mnuEurope_7", "MnuVisAfrica", "MnuVisAsiEur",
+                   "MnuVisAsiocea", "MnuVisMonde", "MnuVisNamer", "MnuVisSamer"});
   expected.insert(
       {"MnuExpAsciiMode_0", "MnuExpAsciiMode_1", "MnuExpAsciiMode_2", "MnuExpAsciiMode_3"});
   expected.insert({"MnuExpDB_0", "MnuExpDB_1", "MnuExpDB_2", "MnuExpDB_3", "MnuExpDB_4",
                    "MnuExpDB_5", "MnuExpDB_6"});
   expected.insert({"mnuImport_0", "mnuImport_1", "mnuImportGarmin_0"});
+  expected.insert({"MnuParametres", "mnustd_0", "mnustd_1", "mnuAnalyse_0", "mnuAnalyse_1",
+                   "mnuPhenolo", "mnuResume", "mnuDecades", "mnuAnnees"});
   EXPECT_EQ(Actifs(true), expected);
 }
 

@@ -12,20 +12,21 @@ namespace talpena::sqlite {
 namespace {
 
 /// Welford's running sums (Technometrics 4, 1962, p. 419): exact where sums of squares are not.
+/// Wider than the values, so that the last digit of the result is right too.
 struct Spread {
   std::int64_t count;
-  double mean;
-  double squares;  ///< of the distances to the mean
+  long double mean;
+  long double squares;  ///< of the distances to the mean
 };
 
 void Ajoute(sqlite3_context* context, int, sqlite3_value** values) {
   if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
   auto* spread = static_cast<Spread*>(sqlite3_aggregate_context(context, sizeof(Spread)));
   if (spread == nullptr) return sqlite3_result_error_nomem(context);
-  const double value = sqlite3_value_double(values[0]);
-  const double distance = value - spread->mean;
+  const long double value = sqlite3_value_double(values[0]);
+  const long double distance = value - spread->mean;
   ++spread->count;
-  spread->mean += distance / static_cast<double>(spread->count);
+  spread->mean += distance / static_cast<long double>(spread->count);
   spread->squares += distance * (value - spread->mean);
 }
 
@@ -34,8 +35,8 @@ template <int fewest, int less, bool root>
 void Rend(sqlite3_context* context) {
   const auto* spread = static_cast<Spread*>(sqlite3_aggregate_context(context, 0));
   if (spread == nullptr || spread->count < fewest) return sqlite3_result_null(context);
-  const double variance = spread->squares / static_cast<double>(spread->count - less);
-  sqlite3_result_double(context, root ? std::sqrt(variance) : variance);
+  const long double variance = spread->squares / static_cast<long double>(spread->count - less);
+  sqlite3_result_double(context, static_cast<double>(root ? std::sqrt(variance) : variance));
 }
 
 using Final = void (*)(sqlite3_context*);
