@@ -2,7 +2,8 @@
 
 packages_build="g++ cmake ninja-build pkg-config ccache git
   qt6-base-dev qt6-svg-dev qt6-translations-l10n libgl1-mesa-dev libsqlite3-dev libicu-dev mdbtools-dev
-  libxlsxwriter-dev libexpat1-dev zlib1g-dev libqcustomplot-dev"
+  libxlsxwriter-dev libexpat1-dev zlib1g-dev libqcustomplot-dev
+  fonts-dejavu-core"
 packages_pictures="xvfb xauth fonts-dejavu-core"
 packages_test="libgtest-dev libgmock-dev libproj-dev libgeographiclib-dev mdbtools locales
   clang lld clang-format clang-tidy libclang-rt-14-dev xvfb xauth fonts-dejavu-core xdotool openbox strace

@@ -1,5 +1,6 @@
 // make_maps SCALE_50M.geo SCALE_10M.geo FOLDER [NAME...]: makes the maps that ship, or those named,
 // and their line layers.
+#include <QGuiApplication>
 #include <QImage>
 #include <cstdio>
 #include <exception>
@@ -20,6 +21,7 @@
 #include "carto/map_sheet.h"
 #include "carto/page_writer.h"
 #include "carto/picture_painter.h"
+#include "carto/plane_geometry.h"
 
 namespace {
 
@@ -28,7 +30,7 @@ namespace fs = std::filesystem;
 
 void EnregistreImage(const MapSheet& sheet, const MapDrawing& drawing, int scale,
                      const fs::path& file) {
-  if (!PeintImage(sheet, drawing, scale).save(QString::fromStdString(file.string()), "PNG"))
+  if (!PeintCarte(sheet, drawing, scale).save(QString::fromStdString(file.string()), "PNG"))
     throw std::runtime_error("cannot write " + file.string());
 }
 
@@ -54,20 +56,35 @@ std::vector<Line> Amincies(std::vector<Line> lines, double degrees) {
   return lines;
 }
 
-/// The four layers of one scale, thinned by a tolerance, their records so many degrees across.
+/// What lies beyond 180 degrees, a full turn on, behind the lines.
+void Repete(std::vector<Line>& lines) {
+  const std::size_t count = lines.size();
+  for (std::size_t i = 0; i < count; ++i) {
+    Line turned = lines[i];
+    for (PlanePoint& p : turned) p.x += 360;
+    for (Line& part : RogneLigne(turned, {180, -90, farthestEast, 90}))
+      lines.push_back(std::move(part));
+  }
+}
+
+/// The layers of one scale, thinned by a tolerance, their records so many degrees across.
 void FaitCouches(const GeoData& data, const std::string& scale, double tolerance, double across,
-                 const fs::path& folder) {
+                 bool repeated, const fs::path& folder) {
   constexpr int none = 6;
   const auto write = [&](const std::string& name, const std::vector<LayerLines>& content) {
     const std::string stem = name + "_" + scale;
     Enregistre(EcritCouche(stem, content, across), folder / (stem + ".tlp"));
   };
-  const auto thin = [&](std::vector<Line> lines) { return Amincies(std::move(lines), tolerance); };
+  const auto thin = [&](std::vector<Line> lines) {
+    if (repeated) Repete(lines);
+    return Amincies(std::move(lines), tolerance);
+  };
   write("coasts", {{'C', '1', thin(Contours(data.land))}});
   write("lakes", {{'L', '1', thin(Contours(data.lakes))}});
   write("rivers", {{'R', '1', thin(LignesDeRang(data.rivers, 0, none))}});
   write("borders", {{'U', '1', thin(LignesDeRang(data.borders, 0, 1))},
                     {'U', '3', thin(LignesDeRang(data.borders, 1, none))}});
+  write("provinces", {{'U', '3', thin(LignesDeRang(data.provinces, 0, 1))}});
 }
 
 bool EstDemande(std::string_view name, std::span<char* const> names) {
@@ -84,6 +101,8 @@ int main(int argc, char** argv) {
     std::fputs("usage: make_maps scale_50m.geo scale_10m.geo folder [name...]\n", stderr);
     return 2;
   }
+  qputenv("QT_QPA_PLATFORM", "offscreen");  // the letters need an application, no screen
+  const QGuiApplication application(argc, argv);
   const std::span<char* const> arguments(argv, static_cast<std::size_t>(argc));
   try {
     const GeoData small = LitDonnees(arguments[1]), large = LitDonnees(arguments[2]);
@@ -92,8 +111,8 @@ int main(int argc, char** argv) {
     for (const MapRow& row : Catalogue()) {
       if (EstDemande(row.name, arguments.subspan(4))) FaitCarte(row, small, large, folder);
     }
-    FaitCouches(small, "world", 0.02, 4, folder);
-    FaitCouches(large, "detail", 0.002, 1, folder);
+    FaitCouches(small, "world", 0.02, 4, true, folder);
+    FaitCouches(large, "detail", 0.002, 1, false, folder);
   } catch (const std::exception& e) {
     std::fprintf(stderr, "make_maps: %s\n", e.what());
     return 1;

@@ -3,10 +3,11 @@ from collections import defaultdict
 
 import numpy
 from netCDF4 import Dataset
-from shapely.geometry import Point, Polygon
-from shapely.ops import unary_union
+from shapely.geometry import LineString, Point, Polygon, box
+from shapely.ops import linemerge, polygonize, unary_union
 from shapely.prepared import prep
 
+SEA_SHORE = 1  # in the far south the front of the ice, shelves included
 LAKE = 2
 ISLAND_IN_LAKE = 3
 FULL = 65535.0
@@ -86,30 +87,74 @@ def rivers(path, great):
     return [(rank, line) for rank in sorted(by_rank) for line in joined(by_rank[rank])]
 
 
-def lakes(path, least_km2, most_km2):
-    """Lakes between two sizes as polygons, their islands taken out: (square kilometres, polygon)."""
-    bins = Bins(path)
-    info = bins.values["Embedded_npts_levels_exit_entry_for_a_segment"]
-    owners = bins.values["Id_of_GSHHS_ID"]
-    areas = bins.values["The_km_squared_area_of_polygons"]
-    pieces = defaultdict(list)
-    levels = {}
-    for number, segment in bins.segments("N_segments_in_a_bin"):
-        level, owner = (int(info[segment]) >> 6) & 7, int(owners[segment])
-        if level in (LAKE, ISLAND_IN_LAKE):
+class Shores:
+    """The shorelines of one resolution."""
+
+    def __init__(self, path):
+        self.bins = Bins(path)
+        self.info = self.bins.values["Embedded_npts_levels_exit_entry_for_a_segment"]
+        self.owners = self.bins.values["Id_of_GSHHS_ID"]
+        self.areas = self.bins.values["The_km_squared_area_of_polygons"]
+
+    def pieces(self, wanted):
+        """(level, owner, points) of the pieces for which `wanted(level, west, south)` holds."""
+        size, per_row = self.bins.size, self.bins.per_row
+        for number, segment in self.bins.segments("N_segments_in_a_bin"):
+            level = (int(self.info[segment]) >> 6) & 7
+            west = (number % per_row) * size
+            south = 90 - (number // per_row + 1) * size
+            if wanted(level, west - (360 if west >= 180 else 0), south):
+                yield level, int(self.owners[segment]), self.bins.points(
+                    number, segment, int(self.info[segment]) >> 9)
+
+    def lakes(self, least_km2, most_km2):
+        """Lakes between two sizes, their islands taken out: (square kilometres, polygon)."""
+        pieces = defaultdict(list)
+        levels = {}
+        for level, owner, line in self.pieces(lambda level, *_: level in (LAKE, ISLAND_IN_LAKE)):
             levels[owner] = level
-            pieces[owner].append(bins.points(number, segment, int(info[segment]) >> 9))
-    rings = {LAKE: [], ISLAND_IN_LAKE: []}
-    for owner, parts in pieces.items():
-        for line in joined(parts):
-            if len(line) >= 4 and line[0] == line[-1]:
-                rings[levels[owner]].append((float(areas[owner]), Polygon(line).buffer(0)))
-    islands = [shape for area, shape in rings[ISLAND_IN_LAKE] if area > least_km2 / 4]
-    found = []
-    for area, lake in rings[LAKE]:
-        if least_km2 <= area <= most_km2:
-            for island in islands:
-                if lake.intersects(island):
-                    lake = lake.difference(island)
-            found.append((area, lake))
-    return found
+            pieces[owner].append(line)
+        rings = {LAKE: [], ISLAND_IN_LAKE: []}
+        for owner, parts in pieces.items():
+            for line in joined(parts):
+                if len(line) >= 4 and line[0] == line[-1]:
+                    area = float(self.areas[owner])
+                    rings[levels[owner]].append((area, Polygon(line).buffer(0)))
+        islands = [shape for area, shape in rings[ISLAND_IN_LAKE] if area > least_km2 / 4]
+        found = []
+        for area, lake in rings[LAKE]:
+            if least_km2 <= area <= most_km2:
+                for island in islands:
+                    if lake.intersects(island):
+                        lake = lake.difference(island)
+                found.append((area, lake))
+        return found
+
+    def ice_front(self, least_km2):
+        """Antarctica and its islands out to the front of the shelves, as polygons."""
+        pieces = defaultdict(list)
+        for _, owner, line in self.pieces(
+                lambda level, west, south: level == SEA_SHORE and south < -60):
+            if len(line) > 1 and self.areas[owner] >= least_km2:
+                pieces[owner].append(LineString(line))
+        found = []
+        for lines in pieces.values():
+            merged = linemerge(lines)
+            for line in getattr(merged, "geoms", [merged]):
+                ring = list(line.coords)
+                if ring[0] != ring[-1]:  # round the pole
+                    ring += [(ring[-1][0], -90), (ring[0][0], -90)]
+                if len(ring) >= 4:
+                    found.append(Polygon(ring).buffer(0))
+        return [p for p in found if p.bounds[3] < -60]
+
+    def faces(self, frame):
+        """A frame (west, south, east, north) cut into pieces along the shores of the sea."""
+        west, south, east, north = frame
+        size = self.bins.size
+        lines = [LineString(line) for _, _, line in self.pieces(
+            lambda level, w, s: level == SEA_SHORE and w < east and w + size > west and s < north
+            and s + size > south) if len(line) > 1]
+        whole = box(*frame)
+        return list(polygonize(unary_union(
+            [line.intersection(whole) for line in lines] + [whole.boundary])))

@@ -3,7 +3,7 @@ import json
 import math
 from collections import defaultdict
 
-from shapely.geometry import LineString, MultiPolygon, Polygon, box
+from shapely.geometry import LineString, Polygon, box
 from shapely.affinity import translate
 from shapely.ops import linemerge, unary_union
 
@@ -148,9 +148,9 @@ def length_km(points):
 
 
 def parts_of(shape):
-    if isinstance(shape, MultiPolygon):
-        return list(shape.geoms)
-    return [] if shape.is_empty else [shape]
+    """The polygons of a shape; lines and points where shapes merely touch are none of them."""
+    return [p for p in getattr(shape, "geoms", [shape])
+            if isinstance(p, Polygon) and not p.is_empty]
 
 
 def union_of(polygons):

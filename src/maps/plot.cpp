@@ -65,6 +65,7 @@ void PrepareSymboles(Canvas& canvas) {
   canvas.Attributs.DrawWidth = 1;
   canvas.Attributs.ForeColor = 0;
   canvas.Attributs.drawStyle = DrawStyle::Solid;
+  canvas.Attributs.RingWidth = 1;  // neighbours that overlap stay apart
 }
 
 void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std::uint32_t colour,
@@ -76,12 +77,14 @@ void PlotSymbol(Canvas& canvas, float x, float y, int shape, float diameter, std
 
 void CacheSymbole(Canvas& canvas, double x, double y, double diameter) {
   constexpr std::uint32_t white = 0xFFFFFF;
-  const std::uint32_t before = canvas.Attributs.ForeColor;
+  const DrawAttributes before = canvas.Attributs;
   canvas.Attributs.ForeColor = white;
   canvas.Attributs.FillColor = white;
   canvas.Attributs.fillStyle = FillStyle::Solid;
+  canvas.Attributs.RingWidth = 0;
   canvas.Circle(x, y, diameter / 4.0);
-  canvas.Attributs.ForeColor = before;
+  canvas.Attributs.ForeColor = before.ForeColor;
+  canvas.Attributs.RingWidth = before.RingWidth;
 }
 
 void PlotDistri(MapContext c, MapSink& sink) {

@@ -30,6 +30,7 @@ struct DrawAttributes {
   int DrawWidth = 1;  ///< pixels of a screen of 96 dpi
   std::uint32_t FillColor = 0;
   FillStyle fillStyle = FillStyle::Transparent;
+  int RingWidth = 0;  ///< white outside of a circle's outline, pixels of a screen of 96 dpi
 };
 
 /// Coordinates beyond what the surface can take, and those that are no number, do no harm: a shape

@@ -53,6 +53,7 @@ TEST_F(PlotDistriTest, FillsInTheColourOfTheOptionsWithABlackSolidOutline) {
   EXPECT_EQ(with.ForeColor, 0U);
   EXPECT_EQ(with.drawStyle, DrawStyle::Solid);
   EXPECT_EQ(with.DrawWidth, 1);
+  EXPECT_EQ(with.RingWidth, 1) << "symbols that overlap stay apart";
 }
 
 TEST_F(PlotDistriTest, AnAutomaticDiameterIsAFiftiethOfTheLongerSide) {

@@ -54,6 +54,14 @@ TEST(EcritDessin, ChoosesColourOrGreyByTheFlag) {
   EXPECT_EQ(ink.grey, 0.93);
 }
 
+// By this colour the options dialog of the map view finds the land on a picture.
+TEST(EncreDe, GivesLandTheColourThatIsMeasured) {
+  const Ink land = EncreDe(Matter::Land, Detail::Region);
+  EXPECT_EQ(land.red, 249);
+  EXPECT_EQ(land.green, 246);
+  EXPECT_EQ(land.blue, 236);
+}
+
 TEST(EcritDessin, LeavesTheGraphicsStateAsItWas) {
   const MapSheet sheet(Ligne("world"));
   const auto words = Mots(EcritDessin(sheet, {{Matter::Water, sheet.Terre(), {}}}));

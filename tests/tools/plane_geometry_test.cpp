@@ -14,35 +14,6 @@ Ring Rectangle(double left, double bottom, double right, double top) {
   return {{left, bottom}, {right, bottom}, {right, top}, {left, top}};
 }
 
-TEST(RogneAnneau, KeepsARingThatLiesInside) {
-  const Ring ring = Rectangle(1, 1, 3, 4);
-  EXPECT_EQ(RogneAnneau(ring, unit), ring);
-}
-
-TEST(RogneAnneau, LeavesNothingOfARingOutside) {
-  EXPECT_TRUE(RogneAnneau(Rectangle(11, 1, 13, 4), unit).empty());
-  EXPECT_TRUE(RogneAnneau({{-5, 12}, {5, 22}, {15, 12}}, unit).empty());
-}
-
-TEST(RogneAnneau, FillsTheFrameWhenTheRingGoesRoundIt) {
-  EXPECT_DOUBLE_EQ(std::abs(Aire(RogneAnneau(Rectangle(-5, -5, 15, 15), unit))), 100);
-}
-
-TEST(RogneAnneau, CutsToTheAreaThatBothShare) {
-  EXPECT_DOUBLE_EQ(Aire(RogneAnneau(Rectangle(-5, 2, 5, 6), unit)), 20);
-  EXPECT_NEAR(Aire(RogneAnneau({{5, 5}, {15, 5}, {5, 15}}, unit)), 25, 1e-12);
-}
-
-TEST(RogneAnneau, JoinsTwoArmsAlongTheEdgeWithoutFillingTheGap) {
-  // A U that opens to the right, its bend left of the frame.
-  const Ring u{{-5, 2}, {8, 2}, {8, 4}, {-3, 4}, {-3, 6}, {8, 6}, {8, 8}, {-5, 8}};
-  const Surface cut{RogneAnneau(u, unit)};
-  EXPECT_TRUE(EstDedans(cut, {4, 3}));
-  EXPECT_FALSE(EstDedans(cut, {4, 5}));
-  EXPECT_TRUE(EstDedans(cut, {4, 7}));
-  EXPECT_DOUBLE_EQ(std::abs(Aire(cut.front())), 32);
-}
-
 TEST(RogneLigne, GivesThePartsInside) {
   const auto parts = RogneLigne({{-5, 5}, {5, 5}, {5, 15}, {7, 15}, {7, 5}}, unit);
   ASSERT_EQ(parts.size(), 2U);

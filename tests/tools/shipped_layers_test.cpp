@@ -10,9 +10,9 @@
 namespace talpena {
 namespace {
 
-constexpr const char* layers[] = {"coasts_world",  "borders_world", "rivers_world",
-                                  "lakes_world",   "coasts_detail", "borders_detail",
-                                  "rivers_detail", "lakes_detail"};
+constexpr const char* layers[] = {
+    "coasts_world",   "borders_world", "rivers_world", "lakes_world",     "coasts_detail",
+    "borders_detail", "rivers_detail", "lakes_detail", "provinces_world", "provinces_detail"};
 
 std::string Chemin(const std::string& layer) { return test::DansCarto(layer + ".tlp"); }
 
@@ -50,7 +50,8 @@ TEST(ShippedLayers, HaveSmallRecordsThatBeginAndEndWithThePenUp) {
       good = good && r.east - r.west <= most && r.north - r.south <= most;
       for (const LayerPoint& p : points) {
         good = good && p.latitude <= r.north + 1e-3F && p.latitude >= r.south - 1e-3F &&
-               p.longitude <= r.east && p.longitude >= r.west && std::abs(p.longitude) <= 180;
+               p.longitude <= r.east && p.longitude >= r.west && p.longitude >= -180 &&
+               p.longitude <= (world ? farthestEast : 180);
       }
       wrong += good ? 0 : 1;
     });
@@ -59,7 +60,7 @@ TEST(ShippedLayers, HaveSmallRecordsThatBeginAndEndWithThePenUp) {
 }
 
 TEST(ShippedLayers, BearTheKindsOfTheirLines) {
-  const std::map<char, char> kinds{{'c', 'C'}, {'b', 'U'}, {'r', 'R'}, {'l', 'L'}};
+  const std::map<char, char> kinds{{'c', 'C'}, {'b', 'U'}, {'r', 'R'}, {'l', 'L'}, {'p', 'U'}};
   for (const char* layer : layers) {
     std::set<char> found;
     PourChaqueArticle(layer, [&](const LayerRecord& record, const std::vector<LayerPoint>&) {
@@ -132,6 +133,25 @@ TEST(ShippedLayers, DrawNoStreaksOnAnyMap) {
       // Four degrees of a border on a map of eight, and a straight border is one step.
       EXPECT_LT(PlusLongPas(canvas.calls, 1000), world ? 0.35 : 0.12) << row.name << ' ' << layer;
     }
+  }
+}
+
+// Beyond the antimeridian the layers of the world go on, for limits that do.
+TEST(ShippedLayers, CoverTheWholeDiscOfTheGlobeOfThePacific) {
+  test::FakeCanvas canvas;
+  canvas.images[test::DansCarto("globe_pacific.png")] = {1000, 1000};
+  test::MapDesk desk(canvas);
+  ASSERT_TRUE(desk.Ouvre("globe_pacific"));
+  EXPECT_EQ(desk.carte.LonEst, farthestEast);
+  ScreenSink ecran(desk.Contexte());
+  for (const char* layer : {"coasts_world", "rivers_world"}) {
+    canvas.calls.clear();
+    AfficheTLP(desk.Contexte(), ecran, Chemin(layer));
+    int farEast = 0;
+    for (const test::CanvasCall& call : canvas.calls) {
+      for (const PixelPoint p : call.points) farEast += p.x > 600 && p.x <= 1000 ? 1 : 0;
+    }
+    EXPECT_GT(farEast, 20) << layer;
   }
 }
 

@@ -77,8 +77,10 @@ std::vector<GeoFeature> LitCouche(NumberReader& in, double units) {
 
 std::vector<GeoFeature>& CoucheNommee(GeoData& data, const std::string& name) {
   if (name == "land") return data.land;
+  if (name == "shelves") return data.shelves;
   if (name == "lakes") return data.lakes;
   if (name == "borders") return data.borders;
+  if (name == "provinces") return data.provinces;
   if (name == "rivers") return data.rivers;
   throw std::runtime_error("no layer of map data is called " + name);
 }

@@ -15,8 +15,10 @@ struct GeoFeature {
 /// One scale of data in degrees, everything between 180 W and 180 E.
 struct GeoData {
   std::vector<GeoFeature> land;
+  std::vector<GeoFeature> shelves;  ///< of ice, on the sea
   std::vector<GeoFeature> lakes;
   std::vector<GeoFeature> borders;
+  std::vector<GeoFeature> provinces;  ///< borders inside the countries of North America
   std::vector<GeoFeature> rivers;
 };
 

@@ -12,7 +12,9 @@ using enum Detail;
 //   layer shows, and a
 //            record behind the globe would be a streak: all of the limits lies on the near side
 //   11, 12   the limit towards the equator is the rim; a degree short of it for the same reason
-//   all      within 180 W and 180 E, since no longitude of a row is ever moved by a full turn
+//   all      within 180 W and 180 E, since no longitude of a row is ever moved by a full turn; but
+//            globes, which project by sines, so that 190 is 170 W: there the layers of the world
+//            repeat their records as far as farthestEast
 // clang-format off
 constexpr MapRow maps[] = {
     // name, title, detail, code, parallel, north, south, east, west, parallels, meridian, graticule
@@ -22,7 +24,7 @@ constexpr MapRow maps[] = {
     {"world_gall", "World, stereographic cylinder (45 degrees)", World, 8, 0, 90, -90, 180, -180, 0, 0, 0, 15},
     {"globe", "Globe, Europe and Africa", World, 13, 25, 90, -37, 82, -52, 0, 0, 15, 15},
     {"globe_america", "Globe, the Americas", World, 13, 10, 80, -60, -15, -155, 0, 0, -85, 15},
-    {"globe_pacific", "Globe, Pacific", World, 13, -12, 56, -80, 180, 110, 0, 0, 180, 15},
+    {"globe_pacific", "Globe, Pacific", World, 13, -12, 56, -80, 250, 110, 0, 0, 180, 15},
     {"equator", "Equator, the globe from the side (code 10)", World, 10, 0, 90, -90, 90, -90, 0, 0, 0, 15},
     {"north_pole", "Northern hemisphere from the pole", World, 11, 0, 90, 1, 180, -180, 0, 0, 0, 15},
     {"south_pole", "Southern hemisphere from the pole", World, 12, 0, -1, -90, 180, -180, 0, 0, 0, 15},
@@ -34,6 +36,7 @@ constexpr MapRow maps[] = {
     {"south_america", "South America, sinusoidal", Continent, 4, 0, 15, -57, -27, -93, 0, 0, -60, 10},
     {"asia", "Asia, stereographic", Continent, 3, 0, 76, -12, 148, 36, 0, 0, 92, 10},
     {"oceania", "Oceania, stereographic cylinder (30 degrees)", Continent, 7, 0, 12, -50, 180, 105, 0, 0, 142, 10},
+    {"united_states", "United States and neighbours, conformal conic", Region, 1, 0, 52, 23, -67, -125, 33, 45, -96, 5},
     {"western_europe", "Western Europe, cylinder of 50.5 degrees", Region, 6, 0, 61, 35, 20, -12, 0, 0, 4, 5},
     {"british_isles", "British Isles, conformal conic", Region, 1, 0, 61, 49.5F, 2.5F, -11.5F, 51, 59, -4.5F, 2},
     {"france_belgium", "France and Belgium, conformal conic", Region, 1, 0, 51.3F, 41.2F, 9.8F, -5.2F, 43, 50, 2.3F, 2},

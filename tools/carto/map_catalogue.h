@@ -20,6 +20,10 @@ struct MapRow {
   float graticule;                 ///< step of its faint graticule, degrees
 };
 
+/// Longitude up to which the layers of the world say once more, 360 degrees on, what lies west of
+/// the antimeridian: for a globe whose limits go across it.
+inline constexpr float farthestEast = 250;
+
 std::span<const MapRow> Catalogue();
 
 }  // namespace talpena

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "carto/equator_drawing.h"
+#include "carto/graticule.h"
 
 namespace talpena {
 namespace {
@@ -25,12 +26,15 @@ struct InkRow {
 constexpr InkRow inks[] = {
     // matter                  red  green blue  grey  width dash
     {Matter::Water,           {222, 234, 241, 0.93, 0,    0}},
+    {Matter::IceShelf,        {240, 246, 250, 0.97, 0,    0}},
     {Matter::Land,            {249, 246, 236, 1.00, 0,    0}},
-    {Matter::Graticule,       {211, 220, 224, 0.85, 0.6,  0}},
+    {Matter::Graticule,       {186, 203, 212, 0.76, 0.5,  0}},
     {Matter::River,           {160, 192, 214, 0.72, 0.6,  0}},
     {Matter::GreatRiver,      {150, 185, 210, 0.65, 0.95, 0}},
     {Matter::Lake,            {222, 234, 241, 0.93, 0,    0}},
     {Matter::LakeShore,       {150, 180, 200, 0.60, 0.5,  0}},
+    {Matter::IceFront,        {160, 182, 198, 0.50, 0.5,  0}},
+    {Matter::Province,        {200, 186, 172, 0.66, 0.6,  0}},
     {Matter::Border,          {186, 168, 152, 0.55, 0.9,  0}},
     {Matter::DisputedBorder,  {186, 168, 152, 0.55, 0.9,  3}},
     {Matter::Coast,           {116, 142, 160, 0.30, 0.75, 0}},
@@ -68,6 +72,12 @@ RiverRanks RangsDe(Detail detail) {
   return {1, 6};
 }
 
+std::vector<Line> LignesDe(const std::vector<GraticuleLine>& graticule) {
+  std::vector<Line> lines;
+  for (const GraticuleLine& g : graticule) lines.push_back(g.line);
+  return lines;
+}
+
 /// Fills a drawing, matter after matter.
 class Drawer {
  public:
@@ -79,10 +89,13 @@ class Drawer {
 
   MapDrawing Tout() {
     AjouteSurface(Matter::Water, sheet_.Terre());
+    AjouteSurface(Matter::IceShelf, sheet_.PlaceSurface(SurfaceDe(data_.shelves)));
     AjouteSurface(Matter::Land, sheet_.PlaceSurface(SurfaceDe(data_.land)));
-    AjouteLignes(Matter::Graticule, sheet_.PlaceLignes(Graticule()));
+    AjouteLignes(Matter::Graticule,
+                 sheet_.PlaceLignes(LignesDe(Graticule(sheet_.Description().graticule))));
     AjouteRivieres();
     AjouteLacs();
+    AjouteLignes(Matter::IceFront, sheet_.PlaceLignes(Contours(data_.shelves)));
     AjouteFrontieres();
     AjouteLignes(Matter::Coast, sheet_.PlaceLignes(Contours(data_.land)));
     AjouteLignes(Matter::Limb, sheet_.Limbe());
@@ -129,20 +142,10 @@ class Drawer {
   }
 
   void AjouteFrontieres() {
+    if (sheet_.Description().detail != Detail::World)
+      AjouteLignes(Matter::Province, sheet_.PlaceLignes(LignesDeRang(data_.provinces, 0, 1)));
     AjouteLignes(Matter::Border, sheet_.PlaceLignes(LignesDeRang(data_.borders, 0, 1)));
     AjouteLignes(Matter::DisputedBorder, sheet_.PlaceLignes(LignesDeRang(data_.borders, 1, 2)));
-  }
-
-  /// Parallels and meridians; meridians stop short of the poles, but for every sixth.
-  std::vector<Line> Graticule() const {
-    const double step = sheet_.Description().graticule;
-    std::vector<Line> lines;
-    for (double lat = -90 + step; lat < 90; lat += step) lines.push_back({{-180, lat}, {180, lat}});
-    for (double lon = -180; lon < 180; lon += step) {
-      const double end = std::fmod(lon, 6 * step) == 0 ? 90 : 90 - step;
-      lines.push_back({{lon, -end}, {lon, end}});
-    }
-    return lines;
   }
 
   const MapSheet& sheet_;

@@ -12,12 +12,15 @@ namespace talpena {
 /// One kind of thing on a map.
 enum class Matter : std::uint8_t {
   Water,
+  IceShelf,
   Land,
   Graticule,
   River,
   GreatRiver,
   Lake,
   LakeShore,
+  IceFront,
+  Province,
   Border,
   DisputedBorder,
   Coast,

@@ -6,6 +6,7 @@
 #include <stdexcept>
 #include <string>
 
+#include "carto/surface_clip.h"
 #include "maps/projection.h"
 
 namespace talpena {
@@ -72,7 +73,28 @@ Ring Coins(const Frame& f) {
 }  // namespace
 
 MapSheet::MapSheet(const MapRow& row)
-    : row_(row), state_(EtatDe(row)), horizon_(HorizonDe(row)), window_(FenetreDe(row)) {}
+    : row_(row), state_(EtatDe(row)), horizon_(HorizonDe(row)), window_(FenetreDe(row)) {
+  if (row.code == 1 || row.code == 4) ResserreFenetre();
+}
+
+// Most of a conic's window lies far outside of its box; what is not in it need not be projected.
+// A corner of the box may lie between the samples: half a degree of latitude is up to some
+// degrees of longitude, but near a pole.
+void MapSheet::ResserreFenetre() {
+  constexpr double step = 0.5, beyond = 1, beyondAcross = 6, nearPole = 85;
+  std::vector<PlanePoint> shown;
+  for (double lat = window_.bottom; lat <= window_.top; lat += step) {
+    for (double lon = window_.left; lon <= window_.right; lon += step) {
+      if (Cadre().Contient(Projette({lon, lat}))) shown.push_back({lon, lat});
+    }
+  }
+  const Frame seen = CadreDe(shown);
+  if (row_.code == 1 && seen.top > nearPole) return;
+  window_ = {std::max(window_.left, seen.left - beyondAcross),
+             std::max(window_.bottom, seen.bottom - beyond),
+             std::min(window_.right, seen.right + beyondAcross),
+             std::min(window_.top, seen.top + beyond)};
+}
 
 MapSheet::MapSheet(const MapRow& row, const MapState& cylinder)
     : row_(row), state_(cylinder), window_{row.west, row.south, row.east, row.north} {}
@@ -99,22 +121,23 @@ Line MapSheet::Projete(const Line& lonLat) const {
 }
 
 Surface MapSheet::CoupeEnLongitudes(const Surface& lonLat) const {
-  Surface kept;
-  for (const Ring& ring : lonLat) {
-    for (const double turn : {-360.0, 0.0, 360.0}) {
-      Ring part = RogneAnneau(Decale(ring, turn), window_);
-      if (part.empty()) continue;
-      part = Densifie(Ferme(part), curveStepDegrees);
-      part.pop_back();
-      kept.push_back(std::move(part));
-    }
+  Surface turned;
+  for (const double turn : {-360.0, 0.0, 360.0}) {
+    for (const Ring& ring : lonLat) turned.push_back(Decale(ring, turn));
+  }
+  Surface kept = RogneSurface(turned, window_);
+  for (Ring& ring : kept) {
+    ring = Densifie(Ferme(ring), curveStepDegrees);
+    ring.pop_back();
   }
   return kept;
 }
 
 std::vector<Line> MapSheet::CoupeEnLongitudes(const Line& lonLat) const {
   std::vector<Line> kept;
+  const Frame own = CadreDe(lonLat);
   for (const double turn : {-360.0, 0.0, 360.0}) {
+    if (!SeTouchent({own.left + turn, own.bottom, own.right + turn, own.top}, window_)) continue;
     for (const Line& part : RogneLigne(Decale(lonLat, turn), window_))
       kept.push_back(Densifie(part, curveStepDegrees));
   }
@@ -122,13 +145,9 @@ std::vector<Line> MapSheet::CoupeEnLongitudes(const Line& lonLat) const {
 }
 
 Surface MapSheet::PlaceSurface(const Surface& lonLat) const {
-  Surface placed;
-  for (const Ring& ring : horizon_ ? horizon_->Rogne(lonLat) : CoupeEnLongitudes(lonLat)) {
-    Line outline = Projete(Ferme(ring));
-    outline.pop_back();
-    if (Ring part = RogneAnneau(outline, Cadre()); !part.empty()) placed.push_back(std::move(part));
-  }
-  return placed;
+  Surface placed = horizon_ ? horizon_->Rogne(lonLat) : CoupeEnLongitudes(lonLat);
+  for (Ring& ring : placed) ring = Projete(ring);
+  return RogneSurface(placed, Cadre());
 }
 
 std::vector<Line> MapSheet::PlaceLignes(const std::vector<Line>& lonLat) const {
@@ -149,7 +168,7 @@ Line MapSheet::Bord() const {
 Surface MapSheet::Terre() const {
   Ring outline = Bord();
   outline.pop_back();
-  return {RogneAnneau(outline, Cadre())};
+  return RogneSurface({outline}, Cadre());
 }
 
 std::vector<Line> MapSheet::Limbe() const {

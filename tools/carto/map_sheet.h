@@ -41,6 +41,7 @@ class MapSheet {
   std::vector<Line> CoupeEnLongitudes(const Line& lonLat) const;
   Line Projete(const Line& lonLat) const;
   Line Bord() const;
+  void ResserreFenetre();
 
   MapRow row_;
   MapState state_;

@@ -7,6 +7,8 @@
 #include <string_view>
 #include <utility>
 
+#include "carto/map_furniture.h"
+#include "carto/surface_clip.h"
 #include "common/numbers.h"
 
 namespace talpena {
@@ -20,6 +22,7 @@ constexpr std::size_t mostColumns = 180;
 constexpr double thinningPoints = 0.08;
 constexpr double overlap = 0.15;  ///< points by which the tiles of a surface overlap, against seams
 constexpr int mostHalvings = 16;
+constexpr double textSize = 5.5;  ///< points
 
 /// Rounded to so many places, without needless zeros: 12.5, .25, -3.
 std::string Decimal(double value, int places) {
@@ -38,18 +41,26 @@ std::string Decimal(double value, int places) {
 /// A length or a place on the page, in points.
 std::string Centiemes(double points) { return Decimal(points, 2); }
 
+/// A string of PostScript, in ASCII.
+std::string Chaine(std::string_view latin1) {
+  std::string text = "(";
+  for (const char c : latin1) {
+    const auto code = static_cast<unsigned char>(c);
+    if (code < 0x80) {
+      if (c == '(' || c == ')' || c == '\\') text += '\\';
+      text += c;
+      continue;
+    }
+    text += '\\';
+    for (const unsigned shift : {6U, 3U, 0U}) text += static_cast<char>('0' + (code >> shift & 7U));
+  }
+  return text + ')';
+}
+
 std::size_t NombrePoints(const Surface& surface) {
   std::size_t count = 0;
   for (const Ring& ring : surface) count += ring.size() + 1;
   return count;
-}
-
-Surface RogneSurface(const Surface& surface, const Frame& frame) {
-  Surface kept;
-  for (const Ring& ring : surface) {
-    if (Ring part = RogneAnneau(ring, frame); !part.empty()) kept.push_back(std::move(part));
-  }
-  return kept;
 }
 
 /// Gathers words into lines of a bounded length.
@@ -88,17 +99,40 @@ class PageWriter {
 
   std::string Tout(const MapSheet& sheet, const MapDrawing& drawing) {
     text_.Ligne(std::string("% Map ") + sheet.Description().name);
-    text_.Ligne("gsave 10 dict begin");
+    text_.Ligne("gsave 20 dict begin");
     text_.Ligne("% red green blue grey: the colour, or the grey on a page without colours");
     text_.Ligne("/ink {coul {pop setrgbcolor} {4 1 roll pop pop pop sg} ifelse} bind def");
     text_.Ligne("1 setlinejoin 0 setlinecap");
     for (const DrawnLayer& layer : drawing) Couche(layer);
+    Garniture(sheet);
     TraitDeCadre();
     text_.Ligne("end grestore");
     return text_.Prend();
   }
 
  private:
+  void Garniture(const MapSheet& sheet) {
+    const double kmPerPoint = (box_.right - box_.left) / (page_.right - page_.left);
+    const MapFurniture furniture = Garnit(sheet, textSize * kmPerPoint);
+    text_.Ligne("/Helvetica /MapFont scandvec ReEncodeSmall");
+    text_.Ligne("/MapFont findfont " + Centiemes(textSize) + " scalefont setfont");
+    text_.Ligne("% x y across (text) txt: in a light ring, the place so far across the text");
+    text_.Ligne("/txt {/t exch def /a exch def m t stringwidth pop a mul neg 0 rm currentpoint");
+    text_.Ligne("t false charpath 1 sg 1.6 setlinewidth s m .2 sg t show} bind def");
+    text_.Ligne("[] 0 setdash");
+    for (const char* ink : {"1 sg 1.8 setlinewidth", ".2 sg .5 setlinewidth"}) {
+      text_.Ligne(ink);
+      Lignes(furniture.lines);
+    }
+    for (const PlacedText& text : furniture.texts) {
+      const PlanePoint at = SurPage(text.at);
+      for (const double number : {at.x, at.y, text.across}) text_.Mot(Centiemes(number));
+      text_.Mot(Chaine(text.text));
+      text_.Mot("txt");
+      text_.Ligne();
+    }
+  }
+
   /// The neat line over what was drawn up to it; the page clips away its outer half.
   void TraitDeCadre() {
     text_.Ligne("0 sg 1 setlinewidth [] 0 setdash");

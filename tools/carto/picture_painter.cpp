@@ -1,11 +1,16 @@
 #include "carto/picture_painter.h"
 
 #include <QColor>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QList>
 #include <QPainter>
 #include <QPainterPath>
 #include <QPen>
-#include <QSize>
+#include <QString>
+
+#include "carto/map_furniture.h"
 
 namespace talpena {
 namespace {
@@ -50,6 +55,48 @@ void AjouteLigne(QPainterPath& path, const Line& line, bool closed, const PixelS
   if (closed) path.closeSubpath();
 }
 
+constexpr int textPixels = 11;
+constexpr QColor textInk(50, 58, 64);
+constexpr QColor textRing(255, 255, 255);
+
+/// What `Garnit` lays out, in a light ring. Letters need the fonts of an application.
+void PeintGarniture(QPainter& painter, const MapSheet& sheet, const PixelScale& pixel) {
+  const double kmPerPixel =
+      static_cast<double>(sheet.Etat().LargeurKm) / TailleImage(sheet.Etat()).width;
+  const MapFurniture furniture = Garnit(sheet, textPixels * kmPerPixel);
+  QPainterPath lines, letters;
+  for (const Line& line : furniture.lines) AjouteLigne(lines, line, false, pixel);
+  if (qGuiApp != nullptr) {
+    QFont font("DejaVu Sans");
+    font.setPixelSize(textPixels);
+    const QFontMetricsF metrics(font);
+    for (const PlacedText& placed : furniture.texts) {
+      const QString text = QString::fromLatin1(placed.text);
+      const double left = metrics.horizontalAdvance(text) * placed.across;
+      letters.addText(pixel(placed.at) - QPointF(left, 0), font, text);
+    }
+  }
+  painter.setBrush(Qt::NoBrush);
+  painter.strokePath(lines, QPen(textRing, 3.5));
+  painter.strokePath(letters, QPen(textRing, 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  painter.strokePath(lines, QPen(textInk, 1));
+  painter.fillPath(letters, textInk);
+}
+
+/// The neat line: the outermost pixel all round.
+void PeintCadre(QPainter& painter, const PictureSize& size) {
+  painter.setPen(QPen(textInk, 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(0.5, 0.5, size.width - 1, size.height - 1));
+}
+
+/// In pixels of the picture at its normal size.
+void Prepare(QPainter& painter, const PictureSize& size) {
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.scale(static_cast<double>(painter.device()->width()) / size.width,
+                static_cast<double>(painter.device()->height()) / size.height);
+}
+
 QPen PlumeDe(const Ink& ink) {
   QPen pen(QColor(ink.red, ink.green, ink.blue), ink.width);
   pen.setCapStyle(Qt::FlatCap);
@@ -76,16 +123,24 @@ void PeintCouche(QPainter& painter, const DrawnLayer& layer, const Ink& ink,
 
 QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
   const PictureSize size = TailleImage(sheet.Etat());
-  const QSize pixels(qRound(size.width * scale), qRound(size.height * scale));
-  QImage image(pixels, QImage::Format_RGB32);
+  QImage image(qRound(size.width * scale), qRound(size.height * scale), QImage::Format_RGB32);
   image.fill(Qt::white);
   QPainter painter(&image);
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.scale(static_cast<double>(pixels.width()) / size.width,
-                static_cast<double>(pixels.height()) / size.height);
+  Prepare(painter, size);
   const PixelScale pixel(sheet, scale);
   for (const DrawnLayer& layer : drawing)
     PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel);
+  painter.end();
+  return image;
+}
+
+QImage PeintCarte(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
+  QImage image = PeintImage(sheet, drawing, scale);
+  const PictureSize size = TailleImage(sheet.Etat());
+  QPainter painter(&image);
+  Prepare(painter, size);
+  PeintGarniture(painter, sheet, PixelScale(sheet, scale));
+  PeintCadre(painter, size);
   painter.end();
   return image;
 }

@@ -10,4 +10,8 @@ namespace talpena {
 /// the same drawing; sides are whole pixels.
 QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, double scale);
 
+/// The same with a neat line and the furniture of a published map, on a sheet of the catalogue.
+/// Its letters need a QGuiApplication.
+QImage PeintCarte(const MapSheet& sheet, const MapDrawing& drawing, double scale);
+
 }  // namespace talpena

@@ -13,31 +13,6 @@ PlanePoint Entre(PlanePoint a, PlanePoint b, double t) {
   return {a.x + (b.x - a.x) * t, a.y + (b.y - a.y) * t};
 }
 
-/// One side of a frame: `keep` of the coordinate `along`.
-struct Side {
-  double PlanePoint::*along;
-  double bound;
-  bool lower;  ///< points below the bound are cut off; otherwise those above it
-  bool Garde(PlanePoint p) const { return lower ? p.*along >= bound : p.*along <= bound; }
-  PlanePoint Croise(PlanePoint a, PlanePoint b) const {
-    PlanePoint p = Entre(a, b, (bound - a.*along) / (b.*along - a.*along));
-    p.*along = bound;
-    return p;
-  }
-};
-
-Ring RogneCote(const Ring& ring, const Side& side) {
-  Ring kept;
-  kept.reserve(ring.size() + 8);
-  for (std::size_t i = 0; i < ring.size(); ++i) {
-    const PlanePoint from = ring[i == 0 ? ring.size() - 1 : i - 1];
-    const PlanePoint to = ring[i];
-    if (side.Garde(from) != side.Garde(to)) kept.push_back(side.Croise(from, to));
-    if (side.Garde(to)) kept.push_back(to);
-  }
-  return kept;
-}
-
 /// Liang and Barsky: the stretch of a segment inside the frame as two parameters; false if none.
 bool Troncon(PlanePoint a, PlanePoint b, const Frame& frame, double& from, double& to) {
   from = 0;
@@ -103,19 +78,6 @@ Frame CadreDe(const std::vector<PlanePoint>& points) {
 
 bool SeTouchent(const Frame& a, const Frame& b) {
   return a.left <= b.right && b.left <= a.right && a.bottom <= b.top && b.bottom <= a.top;
-}
-
-Ring RogneAnneau(const Ring& ring, const Frame& frame) {
-  const Side sides[] = {{&PlanePoint::x, frame.left, true},
-                        {&PlanePoint::x, frame.right, false},
-                        {&PlanePoint::y, frame.bottom, true},
-                        {&PlanePoint::y, frame.top, false}};
-  const Frame own = CadreDe(ring);
-  if (!SeTouchent(own, frame)) return {};
-  if (frame.Contient({own.left, own.bottom}) && frame.Contient({own.right, own.top})) return ring;
-  Ring kept = ring;
-  for (const Side& side : sides) kept = RogneCote(kept, side);
-  return kept.size() < 3 ? Ring{} : kept;
 }
 
 std::vector<Line> RogneLigne(const Line& line, const Frame& frame) {

@@ -29,10 +29,6 @@ struct Frame {
 Frame CadreDe(const std::vector<PlanePoint>& points);
 bool SeTouchent(const Frame& a, const Frame& b);
 
-/// The part of a ring inside the frame. Where it leaves the frame and comes back the two places
-/// are joined along the edge, so that a surface filled by odd and even stays right.
-Ring RogneAnneau(const Ring& ring, const Frame& frame);
-
 /// The parts of a line inside the frame, in its direction.
 std::vector<Line> RogneLigne(const Line& line, const Frame& frame);
 

@@ -7,10 +7,13 @@
 #include "maps/map_files.h"
 #include "maps/plot.h"
 #include "maps/redraw.h"
+#include "maps/symbol_cover.h"
 #include "maps/windows/frm_carte.h"
 #include "maps/windows/frm_cartes_options.h"
+#include "maps/windows/land_share.h"
 #include "maps/windows/map_view.h"
 #include "platform/commands.h"
+#include "platform/qt/controls.h"
 
 namespace talpena {
 
@@ -59,7 +62,9 @@ void frmCarte::OuvreCarte() {
 
 void frmCarte::SetOptions(OngletCartes onglet) {
   Commande([this, onglet] {
-    frmCartesOptions(state_, io_, carte_, options_, onglet, this).exec();
+    frmCartesOptions dialogue(state_, io_, carte_, options_, onglet, this);
+    dialogue.Conseille(ConseilDiametre(Contexte(), PartDeTerre(EnQt(carte_.FichierImage))));
+    dialogue.exec();
     if (options_.Cancel == 0) RedrawMap(Contexte());
   });
 }

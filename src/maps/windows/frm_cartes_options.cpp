@@ -12,9 +12,12 @@
 #include <QPushButton>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <string>
 
 #include "common/msg_id.h"
 #include "common/string_table.h"
+#include "common/text.h"
+#include "maps/symbol_cover.h"
 #include "maps/windows/colour_label.h"
 #include "platform/commands.h"
 #include "platform/qt/controls.h"
@@ -88,14 +91,18 @@ QWidget* frmCartesOptions::ConstruitSymboles() {
   GardeUneLigne(*cmbDiametre->lineEdit());
   cmbDiametre->setInsertPolicy(QComboBox::NoInsert);
   cmbDiametre->addItem(EnQt(DiametreAutomatique));
+  for (const int km : DiametresOfferts) cmbDiametre->addItem(QString::number(km * 1000));
   cmbDiametre->setMinimumWidth(fontMetrics().averageCharWidth() * 18);
   lblDiametre->setBuddy(cmbDiametre);
+  lblConseil = Cree<QLabel>(page, QStringLiteral("lblConseil"));
+  lblConseil->setWordWrap(true);
   lblCouleur = Cree<QLabel>(page, QStringLiteral("lblCouleur"));
   lblColor = Cree<ColourLabel>(page, QStringLiteral("lblColor"));
   lblCouleur->setBuddy(lblColor);
   auto* form = new QFormLayout(page);
   form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
   form->addRow(lblDiametre, cmbDiametre);
+  form->addRow(lblConseil);
   form->addRow(lblCouleur, lblColor);
   return page;
 }
@@ -137,6 +144,7 @@ void frmCartesOptions::Relie() {
     connect(cmdOptCarte[i], &QPushButton::clicked, this,
             [this, index] { cmdOptCarte_Click(index); });
   }
+  connect(cmbDiametre, &QComboBox::editTextChanged, this, &frmCartesOptions::MontreConseil);
   connect(lblColor, &ColourLabel::Clique, this, &frmCartesOptions::lblColor_Click);
   connect(lstTLP, &QListWidget::currentRowChanged, this, &frmCartesOptions::ActiveBoutons);
 }
@@ -169,6 +177,21 @@ void frmCartesOptions::AppliqueLangue() {
   lblOrdre->setText(letters.Marque(texte(MsgId::OrdreCouches)));
   lstTLP->setAccessibleName(nom(MsgId::OrdreCouches));
   lblSansCouches->setText(nom(MsgId::CarteSansCouches));
+  MontreConseil();
+}
+
+void frmCartesOptions::Conseille(std::optional<int> km) {
+  conseilKm_ = km;
+  MontreConseil();
+}
+
+void frmCartesOptions::MontreConseil() {
+  const bool automatic =
+      Minuscules(cmbDiametre->currentText().toStdString()) == Minuscules(DiametreAutomatique);
+  lblConseil->setVisible(conseilKm_ && automatic);
+  if (!conseilKm_) return;
+  lblConseil->setText(EnQt(Remplace(Texte(state_.Langue, MsgId::ConseilDiametre), "%1",
+                                    std::to_string(*conseilKm_ * 1000))));
 }
 
 void frmCartesOptions::changeEvent(QEvent* event) {

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "maps/options_dialog.h"
 
@@ -31,6 +32,9 @@ class frmCartesOptions : public QDialog {
   /// Captions in the current language; what was typed stays.
   void AppliqueLangue();
 
+  /// The diameter that is advised instead of the automatic one, kilometres.
+  void Conseille(std::optional<int> km);
+
   void reject() override;  ///< cmdOptCarte 1
 
  protected:
@@ -48,6 +52,7 @@ class frmCartesOptions : public QDialog {
   void Releve();
   void Montre();
   void ActiveBoutons();
+  void MontreConseil();
   void cmdTLP_Click(int index);
   void cmdUpDown_Click(int index);
   void lblColor_Click();
@@ -57,10 +62,12 @@ class frmCartesOptions : public QDialog {
   Platform& io_;
   MapOption& options_;
   OptionsCarte dialogue_;
+  std::optional<int> conseilKm_;
 
   QTabWidget* onglets_;
   QLabel* lblDiametre;
   QComboBox* cmbDiametre;
+  QLabel* lblConseil;
   QLabel* lblCouleur;
   ColourLabel* lblColor;
   QLabel* lblOrdre;

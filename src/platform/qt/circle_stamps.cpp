@@ -67,21 +67,32 @@ void Melange(const std::uint32_t* above, std::uint32_t* below, int count) {
 
 }  // namespace
 
+double CircleLook::RayonTotal() const {
+  const double perPixel = penWidth / std::max(attributes.DrawWidth, 1);
+  return radius + penWidth / 2 + attributes.RingWidth * perPixel;
+}
+
 bool CircleLook::operator==(const CircleLook& other) const {
   const DrawAttributes& a = attributes;
   const DrawAttributes& b = other.attributes;
   return radius == other.radius && penWidth == other.penWidth && a.ForeColor == b.ForeColor &&
-         a.FillColor == b.FillColor && a.fillStyle == b.fillStyle && a.drawStyle == b.drawStyle;
+         a.FillColor == b.FillColor && a.fillStyle == b.fillStyle && a.drawStyle == b.drawStyle &&
+         a.RingWidth == b.RingWidth;
 }
 
 void DessineCercle(QPainter& painter, double x, double y, const CircleLook& look) {
   const DrawAttributes& a = look.attributes;
+  const QPointF centre(x + 0.5, y + 0.5);  // the toolkit counts from the pixel's corner
   painter.setRenderHint(QPainter::Antialiasing);
+  if (a.RingWidth > 0) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Qt::white);
+    painter.drawEllipse(centre, look.RayonTotal(), look.RayonTotal());
+  }
   painter.setPen(QPen(EnQColor(a.ForeColor), look.penWidth, StyleDePlume(a.drawStyle), Qt::RoundCap,
                       Qt::RoundJoin));
   painter.setBrush(a.fillStyle == FillStyle::Solid ? QBrush(EnQColor(a.FillColor))
                                                    : QBrush(Qt::NoBrush));
-  const QPointF centre(x + 0.5, y + 0.5);             // the toolkit counts from the pixel's corner
   const double radius = std::max(look.radius, 0.01);  // the toolkit draws nothing for 0
   painter.drawEllipse(centre, radius, radius);
 }
@@ -93,7 +104,7 @@ CircleStamps::Set& CircleStamps::SetDe(const CircleLook& look) {
   if (found == sets_.end()) {
     found = sets_.begin() + static_cast<std::ptrdiff_t>(next_);
     next_ = (next_ + 1) % sets_.size();
-    const int margin = static_cast<int>(std::ceil(look.radius + look.penWidth / 2)) + 1;
+    const int margin = static_cast<int>(std::ceil(look.RayonTotal())) + 1;
     *found = Set{look, margin, {}};
   }
   last_ = static_cast<std::size_t>(found - sets_.begin());

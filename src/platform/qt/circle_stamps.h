@@ -19,6 +19,7 @@ struct CircleLook {
   double radius = 0;
   double penWidth = 1;
   DrawAttributes attributes;
+  double RayonTotal() const;  ///< with its outline and the white ring round it
   bool operator==(const CircleLook& other) const;
 };
 

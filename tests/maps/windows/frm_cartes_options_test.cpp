@@ -4,14 +4,19 @@
 #include <gtest/gtest.h>
 #include <optional>
 
+#include <QColor>
 #include <QComboBox>
+#include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTabWidget>
 
 #include "fakes/dialog_driver.h"
+#include "fakes/temp_folder.h"
 #include "map_machine.h"
+#include "maps/windows/land_share.h"
 
 namespace talpena {
 namespace {
@@ -76,6 +81,50 @@ TEST(FrmCartesOptions, LabelsTheDiameterTheSameInEveryLanguage) {
     EXPECT_EQ(m.Enfant<QLabel>("lblDiametre")->text().remove(QLatin1Char('&')).toStdString(),
               "Diamètre (en m):");
   }
+}
+
+TEST(FrmCartesOptions, OffersDiametersBesideTheAutomaticOne) {
+  OptionsMachine m;
+  m.Ouvre(OngletCartes::Symboles);
+  auto* box = m.Enfant<QComboBox>("cmbDiametre");
+  QStringList offered;
+  for (int i = 0; i < box->count(); ++i) offered << box->itemText(i);
+  EXPECT_EQ(offered.join(QLatin1Char(' ')).toStdString(),
+            "Auto 3000 6000 10000 20000 30000 50000 100000");
+  box->setCurrentIndex(3);
+  m.Bouton("cmdOptCarte_0")->click();
+  EXPECT_EQ(m.options.SymbolDiameter, 10000);
+}
+
+TEST(FrmCartesOptions, AdvisesADiameterAsLongAsTheAutomaticOneIsChosen) {
+  OptionsMachine m;
+  m.Ouvre(OngletCartes::Symboles);
+  auto* advice = m.Enfant<QLabel>("lblConseil");
+  EXPECT_FALSE(advice->isVisible());
+  m.dialog->Conseille(20);
+  EXPECT_TRUE(advice->isVisible());
+  EXPECT_NE(advice->text().indexOf(QLatin1String("20000 m")), -1);
+  m.Tape("99999999999");
+  EXPECT_FALSE(advice->isVisible());
+  m.Tape("AUTO");
+  EXPECT_TRUE(advice->isVisible());
+  m.dialog->Conseille(std::nullopt);
+  EXPECT_FALSE(advice->isVisible());
+}
+
+TEST(PartDeTerre, IsTheShareOfPixelsInTheColourOfLand) {
+  const test::TempFolder folder;
+  const QString path = QString::fromStdString(folder / "map.png");
+  QImage image(100, 40, QImage::Format_RGB32);
+  image.fill(QColor(222, 234, 241));
+  ASSERT_TRUE(image.save(path));
+  EXPECT_EQ(PartDeTerre(path), 1) << "no land of that colour";
+  for (int y = 0; y < 40; ++y) {
+    for (int x = 0; x < 50; ++x) image.setPixelColor(x, y, QColor(249, 246, 236));
+  }
+  ASSERT_TRUE(image.save(path));
+  EXPECT_DOUBLE_EQ(PartDeTerre(path), 0.5);
+  EXPECT_EQ(PartDeTerre(QStringLiteral("none.png")), 1);
 }
 
 TEST(FrmCartesOptions, AddsLayersInTheOrderOfDrawing) {

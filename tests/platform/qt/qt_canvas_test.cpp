@@ -400,6 +400,19 @@ TEST(QtCanvas, WhatIsDrawnLaterCoversWhatWasDrawnBefore) {
   EXPECT_EQ(d.At(40, 40), qRgb(255, 0, 0));
 }
 
+TEST(QtCanvas, ACircleCanHaveAWhiteRingOutside) {
+  Drawing d;
+  d.canvas.Attributs.fillStyle = FillStyle::Solid;
+  d.canvas.Attributs.FillColor = 0x00FF00;
+  d.canvas.Circle(50, 40, 10);
+  d.canvas.Attributs.RingWidth = 3;
+  d.canvas.Circle(66, 40, 10);
+  EXPECT_EQ(d.At(50, 40), qRgb(0, 255, 0));
+  EXPECT_EQ(d.At(66, 40), qRgb(0, 255, 0));
+  EXPECT_EQ(d.At(54, 40), white) << "the ring of the one lies over the other";
+  EXPECT_LT(qGreen(d.At(56, 40)), 128) << "the outline of the one on top";
+}
+
 struct CircleCase {
   double radius;  // pixels of the surface
   double ratio;
