@@ -47,6 +47,14 @@ def hash_path(digest, path):
             digest.update(hashlib.file_digest(file, "sha256").digest())
 
 
+def failures(output):
+    """What the failed cases said, a few lines each, for those who see only the end of a log."""
+    said = re.findall(r"^(?:.*: Failure\n(?:.*\n){1,8}?(?=\S*: Failure|\[|\n|Google Test trace)"
+                      r"|\[  FAILED  \] .*\([\d.,]+ ms\)\n"
+                      r"|.*(?:runtime error|ERROR: AddressSanitizer).*\n)", output, re.MULTILINE)
+    return "".join(said[-30:])
+
+
 def key_of(options):
     """Everything that the outcome depends on; None when that cannot be told."""
     data = os.environ.get("TALPENA_KEPT_DATA")
@@ -112,7 +120,8 @@ def main():
     write(counts, line)
     if failed:
         print(output)
-        print(f"the program ended with {run.returncode}")
+        print(f"the program ended with {run.returncode}; in short:")
+        print(failures(output))
     else:
         for case in re.findall(r"^\[  SKIPPED \] .*\([\d.,]+ ms\)$", output, re.MULTILINE):
             print(case)

@@ -50,7 +50,8 @@ class AllWindows : public Form1Machine, public ::testing::TestWithParam<int> {
   static void Montre(QWidget& window, const std::string& name, Look look) {
     SCOPED_TRACE(name);
     window.show();
-    QCoreApplication::processEvents();
+    // Each level of nested layouts takes its size one round later when the machine is busy.
+    for (int round = 0; round < 6; ++round) QCoreApplication::processEvents();
     look(window);
     window.hide();
   }
