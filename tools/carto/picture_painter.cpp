@@ -55,20 +55,20 @@ void AjouteLigne(QPainterPath& path, const Line& line, bool closed, const PixelS
   if (closed) path.closeSubpath();
 }
 
-constexpr int textPixels = 11;
 constexpr QColor textInk(50, 58, 64);
 constexpr QColor textRing(255, 255, 255);
 
 /// What `Garnit` lays out, in a light ring. Letters need the fonts of an application.
-void PeintGarniture(QPainter& painter, const MapSheet& sheet, const PixelScale& pixel) {
+void PeintGarniture(QPainter& painter, const MapSheet& sheet, const PixelScale& pixel,
+                    int letterPixels) {
   const double kmPerPixel =
       static_cast<double>(sheet.Etat().LargeurKm) / TailleImage(sheet.Etat()).width;
-  const MapFurniture furniture = Garnit(sheet, textPixels * kmPerPixel);
+  const MapFurniture furniture = Garnit(sheet, letterPixels * kmPerPixel);
   QPainterPath lines, letters;
   for (const Line& line : furniture.lines) AjouteLigne(lines, line, false, pixel);
   if (qGuiApp != nullptr) {
     QFont font("DejaVu Sans");
-    font.setPixelSize(textPixels);
+    font.setPixelSize(letterPixels);
     const QFontMetricsF metrics(font);
     for (const PlacedText& placed : furniture.texts) {
       const QString text = QString::fromLatin1(placed.text);
@@ -119,9 +119,7 @@ void PeintCouche(QPainter& painter, const DrawnLayer& layer, const Ink& ink,
   }
 }
 
-}  // namespace
-
-QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
+QImage PeintDessin(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
   const PictureSize size = TailleImage(sheet.Etat());
   QImage image(qRound(size.width * scale), qRound(size.height * scale), QImage::Format_RGB32);
   image.fill(Qt::white);
@@ -134,12 +132,15 @@ QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, double scale
   return image;
 }
 
-QImage PeintCarte(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
-  QImage image = PeintImage(sheet, drawing, scale);
+}  // namespace
+
+QImage PeintCarte(const MapSheet& sheet, const MapDrawing& drawing, double scale,
+                  int letterPixels) {
+  QImage image = PeintDessin(sheet, drawing, scale);
   const PictureSize size = TailleImage(sheet.Etat());
   QPainter painter(&image);
   Prepare(painter, size);
-  PeintGarniture(painter, sheet, PixelScale(sheet, scale));
+  PeintGarniture(painter, sheet, PixelScale(sheet, scale), letterPixels);
   PeintCadre(painter, size);
   painter.end();
   return image;
