@@ -97,8 +97,8 @@ void Prepare(QPainter& painter, const PictureSize& size) {
                 static_cast<double>(painter.device()->height()) / size.height);
 }
 
-QPen PlumeDe(const Ink& ink) {
-  QPen pen(QColor(ink.red, ink.green, ink.blue), ink.width);
+QPen PlumeDe(const Ink& ink, double weight) {
+  QPen pen(QColor(ink.red, ink.green, ink.blue), ink.width * weight);
   pen.setCapStyle(Qt::FlatCap);
   pen.setJoinStyle(Qt::RoundJoin);
   if (ink.dash > 0) pen.setDashPattern({ink.dash / ink.width, ink.dash / ink.width});
@@ -106,12 +106,12 @@ QPen PlumeDe(const Ink& ink) {
 }
 
 void PeintCouche(QPainter& painter, const DrawnLayer& layer, const Ink& ink,
-                 const PixelScale& pixel) {
+                 const PixelScale& pixel, double weight) {
   QPainterPath surface;
   surface.setFillRule(Qt::OddEvenFill);
   for (const Ring& ring : layer.surface) AjouteLigne(surface, ring, true, pixel);
   painter.fillPath(surface, QColor(ink.red, ink.green, ink.blue));
-  painter.setPen(PlumeDe(ink));
+  painter.setPen(PlumeDe(ink, weight));
   for (const Line& line : layer.lines) {
     QPainterPath path;
     AjouteLigne(path, line, line.front() == line.back(), pixel);
@@ -119,7 +119,7 @@ void PeintCouche(QPainter& painter, const DrawnLayer& layer, const Ink& ink,
   }
 }
 
-QImage PeintDessin(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
+QImage PeintDessin(const MapSheet& sheet, const MapDrawing& drawing, double scale, double weight) {
   const PictureSize size = TailleImage(sheet.Etat());
   QImage image(qRound(size.width * scale), qRound(size.height * scale), QImage::Format_RGB32);
   image.fill(Qt::white);
@@ -127,7 +127,7 @@ QImage PeintDessin(const MapSheet& sheet, const MapDrawing& drawing, double scal
   Prepare(painter, size);
   const PixelScale pixel(sheet, scale);
   for (const DrawnLayer& layer : drawing)
-    PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel);
+    PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel, weight);
   painter.end();
   return image;
 }
@@ -136,7 +136,8 @@ QImage PeintDessin(const MapSheet& sheet, const MapDrawing& drawing, double scal
 
 QImage PeintCarte(const MapSheet& sheet, const MapDrawing& drawing, double scale,
                   int letterPixels) {
-  QImage image = PeintDessin(sheet, drawing, scale);
+  const double weight = static_cast<double>(letterPixels) / lettresCarte;
+  QImage image = PeintDessin(sheet, drawing, scale, weight);
   const PictureSize size = TailleImage(sheet.Etat());
   QPainter painter(&image);
   Prepare(painter, size);

@@ -6,7 +6,8 @@
 
 namespace talpena {
 
-/// Sizes of the letters, pixels of the normal size. A raster map is scaled down to its window.
+/// Sizes of the letters, pixels of the normal size. A raster map is scaled down to its window;
+/// its lines are as much broader as its letters are larger.
 inline constexpr int lettresCarte = 11, lettresRaster = 15;
 
 /// A map with its neat line and the furniture of a published one. Its whole box fills the picture.
