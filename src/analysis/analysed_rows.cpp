@@ -50,18 +50,22 @@ void AnalysedRows::Parcourt(const RowVisitor& visit) const {
   }
 }
 
-CountedRows AnalysedRows::Lesquelles() const {
+CountedRows AnalysedRows::Lesquelles(std::int64_t sansDate) const {
   const NombresDeLignes counts = CompteLignes(c_.document());
   if (!chosen_.empty()) {
-    return {MsgId::LignesChoisies, static_cast<std::int64_t>(chosen_.size()), counts.toutes};
+    return {MsgId::LignesChoisies, static_cast<std::int64_t>(chosen_.size()), counts.toutes,
+            sansDate};
   }
   const bool filtered = c_.document().FiltreActif();
-  return {filtered ? MsgId::LignesDuFiltre : MsgId::LignesToutes, counts.montrees, counts.toutes};
+  return {filtered ? MsgId::LignesDuFiltre : MsgId::LignesToutes, counts.montrees, counts.toutes,
+          sansDate};
 }
 
 std::string TexteDesLignes(std::int16_t langue, const CountedRows& rows) {
   if (rows.texte == 0) return {};
-  return AvecNombres(langue, Texte(langue, rows.texte), {rows.montrees, rows.toutes});
+  std::string text = AvecNombres(langue, Texte(langue, rows.texte), {rows.montrees, rows.toutes});
+  if (rows.sansDate == 0) return text;
+  return text + ". " + AvecNombres(langue, Texte(langue, MsgId::LignesSansDate), {rows.sansDate});
 }
 
 DateParts LitDate(std::string_view date) {

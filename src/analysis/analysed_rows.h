@@ -17,7 +17,8 @@ class AnalysedRows {
   /// Hands over every row with all its fields, in no promised order, under the hourglass; the user
   /// may give up.
   void Parcourt(const RowVisitor& visit) const;
-  CountedRows Lesquelles() const;
+  /// @param sansDate  those of them that the chart passes over
+  CountedRows Lesquelles(std::int64_t sansDate = 0) const;
 
  private:
   CommandContext c_;

@@ -52,11 +52,11 @@ void CompteUnites(Document& document, const std::string& column, Chart& graph) {
   counter.Termine();
 }
 
-/// The whole table is counted: under a filter the chart says so.
-CountedRows LignesSousFiltre(Document& document) {
-  if (!document.FiltreActif()) return {};
+/// The whole table is counted, also under a filter: then the chart says so.
+CountedRows LignesComptees(Document& document) {
   const NombresDeLignes counts = CompteLignes(document);
-  return {MsgId::TableEntiereComptee, counts.montrees, counts.toutes};
+  return {document.FiltreActif() ? MsgId::TableEntiereComptee : MsgId::LignesToutes,
+          counts.montrees, counts.toutes};
 }
 
 }  // namespace
@@ -87,7 +87,7 @@ void mnuAnalyse_Click(CommandContext c, ChartPort& port, int index) {
   graph.BottomTitle(index == 0 ? c.state.LabelNumeric1 : c.state.LabelNumeric2);
   graph.LeftTitle("OGUs");
   graph.GraphTitle(c.document().Entete().BoxTitre);
-  graph.Lignes(LignesSousFiltre(c.document()));
+  graph.Lignes(LignesComptees(c.document()));
   graph.DrawMode();
   graph.Show();
 }
@@ -96,12 +96,13 @@ void mnuPhenolo_Click(CommandContext c, ChartPort& port) {
   constexpr int months = 12;
   std::array<double, months> sums{};
   const AnalysedRows rows(c);
-  rows.Parcourt([&sums](Bookmark, std::span<const Cell> cells) {
+  std::int64_t without = 0;
+  rows.Parcourt([&](Bookmark, std::span<const Cell> cells) {
     const Cell& date = cells[Column::DATE];
     const Cell& n1 = cells[Column::N1];
-    if (date.EstNull() || n1.EstNull()) return;
-    const int month = MoisDe(date.text);
-    if (month != 0) sums[static_cast<std::size_t>(month - 1)] += n1.Nombre();
+    const int month = date.EstNull() ? 0 : MoisDe(date.text);
+    if (month == 0) ++without;
+    if (month != 0 && !n1.EstNull()) sums[static_cast<std::size_t>(month - 1)] += n1.Nombre();
   });
   Chart graph(port);
   graph.DataReset();
@@ -116,7 +117,7 @@ void mnuPhenolo_Click(CommandContext c, ChartPort& port) {
   graph.BottomTitle("");
   graph.LeftTitle("N");
   graph.GraphTitle(c.document().Entete().BoxTitre);
-  graph.Lignes(rows.Lesquelles());
+  graph.Lignes(rows.Lesquelles(without));
   graph.DrawMode();
   graph.Show();
 }

@@ -36,8 +36,9 @@ void SauveSous(Platform& io, const std::string& filter, const OfferedFile& offer
                                                            .folder = offered.folder,
                                                            .name = NomDeFichier(offered),
                                                            .confirmReplace = true});
+  const std::string content = std::forward<Bytes>(bytes)(path);
   const auto file = io.files.Cree(path);
-  file->Ecrit(std::forward<Bytes>(bytes)(path));
+  file->Ecrit(content);
   file->Remplace();
 }
 

@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <tuple>
+#include <utility>
 
 #include "analysis/analysed_rows.h"
 #include "common/msg_id_analysis.h"
@@ -40,9 +41,18 @@ std::vector<std::string> NomsDesPas(std::int16_t langue) {
   return names;
 }
 
+/// A period keeps its colour whatever else is shown; the line of the records has the fourth.
+constexpr int lineOfRecords = 3, others = 5;
+int CouleurDe(std::optional<std::int64_t> period) {
+  if (!period || *period < 1) return others;
+  const std::int64_t place = *period <= lineOfRecords ? *period - 1 : *period;
+  return place < others ? static_cast<int>(place) : others;
+}
+
 struct StepsOfYear {
   std::map<std::optional<std::int64_t>, StepSums> sums;  ///< of N1, by period; Null comes first
   StepSums rows{};
+  std::int64_t sansDate = 0;
 };
 
 StepsOfYear CompteDecades(const AnalysedRows& rows) {
@@ -52,7 +62,10 @@ StepsOfYear CompteDecades(const AnalysedRows& rows) {
   rows.Parcourt([&](Bookmark, std::span<const Cell> cells) {
     const Cell& date = cells[Column::DATE];
     const auto step = date.EstNull() ? std::nullopt : PasDe(LitDate(date.text));
-    if (!step) return;
+    if (!step) {
+      ++year.sansDate;
+      return;
+    }
     const Cell& cell = cells[Column::PERIOD];
     const auto period = cell.EstNull() ? std::nullopt : std::optional(cell.integer);
     if (sums == nullptr || period != last) sums = &year.sums[last = period];
@@ -63,14 +76,14 @@ StepsOfYear CompteDecades(const AnalysedRows& rows) {
 }
 
 void AjouteSerie(Chart& graph, const std::string& name, std::span<const double> values,
-                 bool aDroite = false) {
-  graph.Serie(name, aDroite);
+                 bool aDroite = false, int couleur = -1) {
+  graph.Serie(name, aDroite, couleur);
   for (const double value : values) graph.GraphData(value);
 }
 
-void Acheve(CommandContext c, Chart& graph, const AnalysedRows& rows) {
+void Acheve(CommandContext c, Chart& graph, const CountedRows& rows) {
   graph.GraphTitle(c.document().Entete().BoxTitre);
-  graph.Lignes(rows.Lesquelles());
+  graph.Lignes(rows);
   graph.DrawMode();
   graph.Show();
 }
@@ -84,12 +97,16 @@ struct YearCounts {
 struct Sighting {
   float latitude = 0, longitude = 0;
   int year = 0;
-  auto operator<=>(const Sighting&) const = default;
+  bool operator<(const Sighting& other) const {
+    return std::tie(latitude, longitude, year) <
+           std::tie(other.latitude, other.longitude, other.year);
+  }
 };
 
 /// What the rows give before anything is counted.
 struct Sightings {
   std::map<int, double> rows;  ///< by year
+  std::int64_t sansDate = 0;
   std::vector<Sighting> points;
 };
 
@@ -97,11 +114,15 @@ Sightings LitAnnees(const AnalysedRows& rows) {
   Sightings seen;
   rows.Parcourt([&seen](Bookmark, std::span<const Cell> cells) {
     const int year = cells[Column::DATE].EstNull() ? 0 : LitDate(cells[Column::DATE].text).year;
-    if (year == 0) return;
+    if (year == 0) {
+      ++seen.sansDate;
+      return;
+    }
     ++seen.rows[year];
     const Cell& latitude = cells[Column::LATITUDE];
     const Cell& longitude = cells[Column::LONGITUDE];
     if (latitude.EstNull() || longitude.EstNull()) return;
+    if (latitude.Nombre() == 0 && longitude.Nombre() == 0) return;  // as on a map: no point
     seen.points.push_back(
         {static_cast<float>(latitude.Nombre()), static_cast<float>(longitude.Nombre()), year});
   });
@@ -142,20 +163,23 @@ void mnuDecades_Click(CommandContext c, ChartPort& port) {
   graph.Libelles(NomsDesPas(langue));
   graph.Empile();
   for (const auto& [period, sums] : year.sums) {
-    AjouteSerie(graph, NomDePeriode(langue, period ? Cell::Of(*period) : Cell::Null()), sums);
+    AjouteSerie(graph, NomDePeriode(langue, period ? Cell::Of(*period) : Cell::Null()), sums, false,
+                CouleurDe(period));
   }
   if (!year.sums.empty()) {
-    AjouteSerie(graph, Texte(langue, MsgId::Enregistrements), year.rows, true);
+    AjouteSerie(graph, Texte(langue, MsgId::Enregistrements), year.rows, true, lineOfRecords);
   }
   graph.LeftTitle(c.state.LabelNumeric1);
   graph.RightTitle(Texte(langue, MsgId::Enregistrements));
-  Acheve(c, graph, rows);
+  Acheve(c, graph, rows.Lesquelles(year.sansDate));
 }
 
 void mnuAnnees_Click(CommandContext c, ChartPort& port) {
   const std::int16_t langue = c.state.Langue;
   const AnalysedRows rows(c);
-  const auto counts = CompteAnnees(LitAnnees(rows));
+  Sightings seen = LitAnnees(rows);
+  const CountedRows counted = rows.Lesquelles(seen.sansDate);
+  const auto counts = CompteAnnees(std::move(seen));
   if (!counts) {
     Bip(c.state, c.io);
     c.io.dialogues.Demande(
@@ -172,7 +196,7 @@ void mnuAnnees_Click(CommandContext c, ChartPort& port) {
   AjouteSerie(graph, Texte(langue, MsgId::PointsNouveaux), counts->points);
   graph.BottomTitle(Texte(langue, MsgId::Annee));
   graph.LeftTitle(Texte(langue, MsgId::Enregistrements));
-  Acheve(c, graph, rows);
+  Acheve(c, graph, counted);
 }
 
 }  // namespace talpena

@@ -30,5 +30,7 @@ inline constexpr int GraphiqueVide = 292;         // "No row has a value for thi
 inline constexpr int GraphiqueClavier = 293;      // "Arrow keys go from point to point ..."
 inline constexpr int FiltreImages = 294;          // "PNG picture (*.png)|*.png|..."
 inline constexpr int FiltreCsv = 295;             // "Numbers (*.csv)|*.csv"
+inline constexpr int LignesSansDate = 297;        // "%1 of them have no date that ..."
+inline constexpr int FinDeNomInconnue = 298;  // "The ending of the name says what is written ..."
 
 }  // namespace talpena::MsgId

@@ -34,6 +34,7 @@ inline constexpr int EchecAmbigu = 346;    // "“%1” is a column of several t
 inline constexpr int EchecFonction = 347;  // "There is no function “%1” for conditions; ..."
 inline constexpr int EchecAgregat = 348;   // "Sums, counts and averages cannot stand in ..."
 inline constexpr int EchecSuite = 349;     // "Something stands behind the end of the ..."
+inline constexpr int EchecImage = 296;     // "This picture is damaged, or of a kind ..."
 inline constexpr int EchecLignePartie = 350;    // "This row is not in the table any more; go ..."
 inline constexpr int EchecTropLong = 351;       // "A text is longer than its column; shorten it."
 inline constexpr int EchecChampFige = 352;      // "The program numbers this column; it cannot ..."

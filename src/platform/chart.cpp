@@ -83,8 +83,8 @@ void Chart::GraphData(double value) {
   if (autoInc_) ++point_;
 }
 
-void Chart::Serie(const std::string& name, bool aDroite) {
-  picture_.series.push_back({name, {}, aDroite});
+void Chart::Serie(const std::string& name, bool aDroite, int couleur) {
+  picture_.series.push_back({name, {}, aDroite, couleur});
   point_ = 1;
 }
 

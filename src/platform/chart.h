@@ -12,6 +12,7 @@ struct ChartSeries {
   std::string name;                           ///< "" for the only one
   std::vector<std::optional<double>> values;  ///< of the points 1, 2, ...; empty: never charted
   bool aDroite = false;                       ///< a line over an axis of its own, at the right
+  int couleur = -1;  ///< place among the colours of charts; below 0: that among the series
 };
 
 /// How several series stand at a point.
@@ -22,6 +23,7 @@ struct CountedRows {
   int texte = 0;              ///< base id; 0 where that goes without saying
   std::int64_t montrees = 0;  ///< %1
   std::int64_t toutes = 0;    ///< %2
+  std::int64_t sansDate = 0;  ///< of them, those that the chart passes over for want of a date
 };
 
 /// All that there is to see of a chart.
@@ -87,7 +89,7 @@ class Chart {
 
   // Beside the control's own:
   /// Values belong to this series from now on, from point 1; the first needs no call.
-  void Serie(const std::string& name, bool aDroite = false);
+  void Serie(const std::string& name, bool aDroite = false, int couleur = -1);
   void Libelles(std::vector<std::string> labels) { picture_.labels = std::move(labels); }
   void PremierPoint(int name) { picture_.firstPoint = name; }
   void Empile() { picture_.style = ChartStyle::Stacked; }

@@ -19,7 +19,8 @@ struct MessageBox {
   Buttons buttons = Buttons::Ok;
   std::optional<Answer> defaultButton = {};  ///< the first button when empty
   std::string title = "Talpena";
-  std::string detail = {};  ///< below the text: the file that it is about
+  std::string detail = {};             ///< below the text: the file that it is about
+  std::optional<Answer> closing = {};  ///< of Escape and the close box; Cancel or No when empty
 };
 
 struct InputBox {

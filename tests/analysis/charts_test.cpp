@@ -30,7 +30,7 @@ TEST(MnuAnalyse, CountsTheDistinctPointsOfEachNumber) {
   EXPECT_EQ(w.Dernier().bottomTitle, "Males");
   EXPECT_EQ(w.Dernier().leftTitle, "OGUs");
   EXPECT_EQ(w.Dernier().graphTitle, "Talpa europaea");
-  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "");
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "Rows counted: 5 (all)");
   EXPECT_FALSE(w.state.document.FichierModifie());
 }
 
@@ -229,6 +229,17 @@ TEST(MnuPhenolo, SumsN1OverTheMonths) {
   EXPECT_EQ(w.Dernier().bottomTitle, "");
   EXPECT_EQ(w.Dernier().graphTitle, "Talpa europaea");
   EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "Rows counted: 4 (all)");
+}
+
+TEST(MnuPhenolo, SaysHowManyRowsHaveNoMonth) {
+  Charted w;
+  w.Montre({{3, 1, 50, 4, "1999/01/31"},
+            {3, 1, 50, 4, "1999/00/00"},
+            {3, 1, 50, 4, nullptr},
+            {{}, 1, 50, 4, "1999/01/31"}});
+  w.Phenologie();
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes),
+            "Rows counted: 4 (all). 2 of them have no date that this chart can use.");
 }
 
 TEST(MnuPhenolo, DatesWithoutAMonthAndRowsWithoutDateOrNumberFallOut) {

@@ -74,6 +74,29 @@ TEST(TenDaySteps, RowsWithoutMonthOrDayFallOut) {
   EXPECT_TRUE(w.Dernier().series.empty()) << "the window says that no row has a value";
 }
 
+TEST(TenDaySteps, APeriodKeepsItsColourWithoutTheOthers) {
+  Charted w;
+  w.Montre({{2, 1, 50, 4, "1999/01/01", 1}, {2, 1, 50, 4, "1999/01/01", 3}});
+  w.Decades();
+  ASSERT_EQ(w.Dernier().series.size(), 3U);
+  const int third = w.Dernier().series[1].couleur, records = w.Dernier().series[2].couleur;
+  EXPECT_NE(w.Dernier().series[0].couleur, third);
+  EXPECT_NE(third, records);
+  w.Choisit({1});
+  w.Decades();
+  ASSERT_EQ(w.Dernier().series.size(), 2U);
+  EXPECT_EQ(w.Dernier().series[0].couleur, third);
+  EXPECT_EQ(w.Dernier().series[1].couleur, records);
+}
+
+TEST(TenDaySteps, SayHowManyRowsHaveNoDay) {
+  Charted w;
+  w.Montre({{2, 1, 50, 4, "1999/01/00", 1}, {2, 1, 50, 4, "1999/01/01", 1}});
+  w.Decades();
+  EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes),
+            "Rows counted: 2 (all). 1 of them have no date that this chart can use.");
+}
+
 TEST(TenDaySteps, SeeTheSelectedRowsAndSaySo) {
   Charted w;
   w.Montre({{2, 1, 50, 4, "1999/01/01", 1}, {3, 1, 50, 4, "1999/01/01", 1}});
@@ -97,6 +120,14 @@ TEST(RecordsThroughTheYears, CountRowsAndPointsNeverSeenBefore) {
   EXPECT_EQ(w.charts.Valeurs(1), (Values{1, 0, 1}));
   EXPECT_EQ(w.Dernier().bottomTitle, "Year");
   EXPECT_EQ(TexteDesLignes(1000, w.Dernier().lignes), "Rows counted: 5 (all)");
+}
+
+TEST(RecordsThroughTheYears, NoughtNoughtIsNoPoint) {
+  Charted w;
+  w.Montre({{1, 1, 0, 0, "1999/01/01"}, {1, 1, 0, 4, "1999/01/01"}, {1, 1, 50, 0, "1999/01/01"}});
+  w.Annees();
+  EXPECT_EQ(w.charts.Valeurs(0), Values{3});
+  EXPECT_EQ(w.charts.Valeurs(1), Values{2});
 }
 
 TEST(RecordsThroughTheYears, RowsWithoutAYearFallOut) {

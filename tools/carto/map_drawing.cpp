@@ -74,6 +74,7 @@ RiverRanks RangsDe(Detail detail) {
 
 std::vector<Line> LignesDe(const std::vector<GraticuleLine>& graticule) {
   std::vector<Line> lines;
+  lines.reserve(graticule.size());
   for (const GraticuleLine& g : graticule) lines.push_back(g.line);
   return lines;
 }

@@ -18,6 +18,7 @@
 #include "common/msg_id.h"
 #include "common/msg_id_analysis.h"
 #include "common/string_table.h"
+#include "common/talpena_error.h"
 #include "platform/commands.h"
 #include "platform/qt/chart/chart_plot.h"
 #include "platform/qt/controls.h"
@@ -150,7 +151,10 @@ void frmGraphique::cmdEnregistrer_Click() {
                 const QString suffix = QFileInfo(EnQt(path)).suffix().toLower();
                 if (suffix == QLatin1String("svg")) return EnOctets(Graph1->EnSvg(PageSize));
                 if (suffix == QLatin1String("pdf")) return EnOctets(Graph1->EnPdf(PageSize));
-                return EnOctets(Graph1->EnPng(PageSize));
+                if (suffix.isEmpty() || suffix == QLatin1String("png"))
+                  return EnOctets(Graph1->EnPng(PageSize));
+                throw TalpenaError(ErrorNumber::PathFileAccess, "No such kind of picture: " + path,
+                                   {.text = MsgId::FinDeNomInconnue});
               });
   });
 }

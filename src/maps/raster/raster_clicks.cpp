@@ -127,7 +127,8 @@ void FermeRaster(RasterContext c) {
   const Answer answer =
       c.io.dialogues.Demande({.text = Texte(c.state.Langue, MsgId::GardeNouveauxPoints),
                               .icon = Icon::Question,
-                              .buttons = Buttons::YesNo});
+                              .buttons = Buttons::YesNo,
+                              .closing = Answer::Yes});  // Escape takes no point away
   if (answer == Answer::No) SupprimePoints(c, points);
 }
 

@@ -1,7 +1,6 @@
 #include "platform/qt/qt_canvas.h"
 
 #include <QFileInfo>
-#include <QImageReader>
 #include <QPainter>
 #include <QPolygonF>
 #include <QSaveFile>
@@ -10,9 +9,11 @@
 #include <cmath>
 #include <numbers>
 
+#include "common/msg_id_errors.h"
 #include "common/paths.h"
 #include "common/talpena_error.h"
 #include "platform/qt/colours.h"
+#include "platform/qt/picture_file.h"
 
 namespace talpena {
 namespace {
@@ -20,21 +21,14 @@ namespace {
 constexpr qint64 mostPixels = qint64{1} << 28;  ///< of a surface, 1 GB
 constexpr int longestSide = 1 << 20;
 
-[[noreturn]] void RefuseImage(const std::string& path) {
+[[noreturn]] void RefuseImage(const std::string& path, int words = 0) {
   throw TalpenaError(ErrorNumber::PathFileAccess, "Path/File access error: " + path,
-                     {.about = {path}});
+                     {.text = words, .about = {path}});
 }
 
 QString VarianteDense(const QString& path) {
   const QFileInfo info(path);
   return info.path() + "/" + info.completeBaseName() + "@2x." + info.suffix();
-}
-
-QImage LitImage(const QString& path) {
-  QImageReader reader(path);
-  reader.setAutoTransform(true);
-  reader.setDecideFormatFromContent(true);
-  return reader.read();
 }
 
 bool Contient(const SurfaceRect& rect, SurfacePoint p) {
@@ -77,7 +71,7 @@ void QtCanvas::ChargeImage(const std::string& path) {
     throw TalpenaError(ErrorNumber::FileNotFound, "File not found: " + native, {.about = {native}});
   }
   const QImage base = LitImage(file);
-  if (base.isNull()) RefuseImage(native);
+  if (base.isNull()) RefuseImage(native, MsgId::EchecImage);
   QImage picture = base;
   if (const QString dense = VarianteDense(file); ratio_ > 1 && QFileInfo(dense).isFile()) {
     if (const QImage sharper = LitImage(dense); !sharper.isNull()) picture = sharper;

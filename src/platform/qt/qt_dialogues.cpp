@@ -258,7 +258,8 @@ Answer QtDialogues::Demande(const MessageBox& box) {
   window.setInformativeText(EnLignes(box.detail));
   for (QLabel* label : window.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
   window.setDefaultButton(box.defaultButton ? EnBouton(*box.defaultButton) : buttons.first);
-  window.setEscapeButton(buttons.closing);
+  const auto closing = box.closing ? EnBouton(*box.closing) : buttons.closing;
+  window.setEscapeButton(closing);
   AgranditIcone(window);
   const Legendes captions(window, [&] {
     Mnemonics letters;
@@ -268,7 +269,7 @@ Answer QtDialogues::Demande(const MessageBox& box) {
     }
   });
   const PointeurNormal pointeur;
-  return EnReponse(window.exec(), buttons.closing);
+  return EnReponse(window.exec(), closing);
 }
 
 std::string QtDialogues::Saisie(const InputBox& box) {

@@ -148,6 +148,15 @@ TEST_F(ChartWindow, SavesPngSvgAndPdfByTheNameOfTheFile) {
   }
 }
 
+TEST_F(ChartWindow, AnEndingThatIsNoneOfThemIsRefused) {
+  Ouvre();
+  dialogues.paths = {"/out/chart.jpg"};
+  Presse("cmdEnregistrer");
+  ASSERT_EQ(dialogues.boxes.size(), 1U);
+  EXPECT_NE(dialogues.boxes[0].text.find(".png, .svg"), std::string::npos);
+  EXPECT_FALSE(files.Existe("/out/chart.jpg"));
+}
+
 /// Where there is ink, in eighths of a picture's width and height.
 std::set<std::pair<int, int>> Encre(const QImage& picture) {
   std::set<std::pair<int, int>> cells;

@@ -140,6 +140,7 @@ TEST_F(RasterClicks, ClosingAsksOnceWhetherNewPointsStay) {
   Gauche({51, 5});
   w.dialogues.answers = {Answer::Yes};
   Ferme();
+  EXPECT_EQ(w.dialogues.boxes.back().closing, Answer::Yes) << "Escape takes no point away";
   EXPECT_EQ(w.Boites(), (std::vector<std::string>{"Save new points?"}));
   EXPECT_EQ(Compte(), 2U);
   Ferme();

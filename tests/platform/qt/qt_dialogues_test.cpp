@@ -127,6 +127,17 @@ TEST(QtDialogues, ClosingABoxAndEscapeCountAsItsMildestAnswer) {
   }
 }
 
+TEST(QtDialogues, ABoxMaySayWhatEscapeCountsAs) {
+  QtDialogues dialogues;
+  const MessageBox box{.text = "?", .buttons = Buttons::YesNo, .closing = Answer::Yes};
+  {
+    const DialogDriver driver("MessageBox", ClosesBox);
+    EXPECT_EQ(dialogues.Demande(box), Answer::Yes);
+  }
+  const DialogDriver driver("MessageBox", [](QDialog& d) { QTest::keyClick(&d, Qt::Key_Escape); });
+  EXPECT_EQ(dialogues.Demande(box), Answer::Yes);
+}
+
 TEST(QtDialogues, EnterPressesTheDefaultButton) {
   QtDialogues dialogues;
   for (const BoxCase& c : boxCases) {

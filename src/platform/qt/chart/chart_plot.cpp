@@ -203,7 +203,9 @@ void ChartPlot::ColoreAxes(const QColor& text, const QColor& grid) {
 }
 
 void ChartPlot::ColoreSerie(std::size_t index, const QColor& background) {
-  const QColor colour = Eloigne(QColor(seriesColours[index % seriesColours.size()]),
+  const int wanted = picture_.series[index].couleur;
+  const std::size_t place = wanted < 0 ? index : static_cast<std::size_t>(wanted);
+  const QColor colour = Eloigne(QColor(seriesColours[place % seriesColours.size()]),
                                 std::array{background}, ContrasteInactif);
   QCPAbstractPlottable* series = series_[index];
   if (auto* line = qobject_cast<QCPGraph*>(series); line != nullptr) {
