@@ -153,7 +153,7 @@ inline constexpr int RetireCouche = 435;          // "Remove"
 inline constexpr int MonteCouche = 436;           // "Move up", and "Move down" behind it
 inline constexpr int OrdreCouches = 438;          // "Layers in the order of drawing:"
 inline constexpr int CarteSansCouches = 439;      // "This map is not georeferenced: no layer ..."
-inline constexpr int ConseilDiametre = 617;       // "With “Auto” the symbols cover more than ..."
+inline constexpr int ConseilDiametre = 617;  // "With “Auto” the symbols cover more than ..."
 
 // Raster maps.
 inline constexpr int DiametrePoints = 231;       // "Points diametre (in km):"

@@ -65,14 +65,20 @@ def waits_for_rows(program):
     wait_for("the first rows", lambda: button.getState().contains(pyatspi.STATE_SENSITIVE), 60)
 
 
-def opens_setup(program):
-    """The button Setup of the query."""
-    program.keys("Tab", "Tab", "Tab", "space")
-    number = program.window(SETUP)
-    waits_for_rows(program)
+def takes_keys(program, title):
+    """The keys go to that window from now on."""
+    number = program.window(title)
     xdotool("windowactivate", "--sync", number)
     wait_for("the keys", lambda: xdotool("getwindowfocus") == [number]
              or xdotool("windowfocus", "--sync", number))
+
+
+def opens_setup(program):
+    """The button Setup of the query."""
+    program.keys("Tab", "Tab", "Tab", "space")
+    program.window(SETUP)
+    waits_for_rows(program)
+    takes_keys(program, SETUP)
 
 
 def answers(program, title, path):
@@ -99,6 +105,7 @@ def expected(source, path):
 
 def accepts_and_searches(program, query, source):
     """Ok, a name in the query, and back to the form."""
+    takes_keys(program, SETUP)
     program.keys("Return")
     program.closes(SETUP)
     xdotool("windowactivate", "--sync", query)

@@ -4,7 +4,7 @@ import os
 import subprocess
 import time
 
-from driver import HEAD, ROW, accessible, wait_for, xdotool
+from driver import HEAD, ROW, accessible, focused, wait_for, xdotool
 from screen import Screen
 
 ROWS = int(os.environ.get("TALPENA_WAIT_ROWS", "500000"))
@@ -113,6 +113,7 @@ def shows_what_lasts_on_a_busy_machine(s):
         program.keys("alt+e", "f", pause=0.6)
         does(program, screen, "Grades Paris", lambda: program.keys("g", pause=0))
         program.keys("ctrl+Tab", *["Tab"] * 7)
+        wait_for("the sort list", lambda: focused(program).getRoleName() == "combo box")
         does(program, screen, "sort", lambda: program.keys("o", pause=0))
         program.brings("^Advanced selection$", "alt+e", "v")
         program.type("COMMENT LIKE '*a*c*e*9*'")

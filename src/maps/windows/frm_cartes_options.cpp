@@ -69,6 +69,9 @@ frmCartesOptions::frmCartesOptions(const SharedState& state, Platform& io, const
   }
 }
 
+/// The list of diameters empties its text while it goes, when this is a plain dialog again.
+frmCartesOptions::~frmCartesOptions() { cmbDiametre->disconnect(this); }
+
 void frmCartesOptions::Construit() {
   onglets_ = Cree<QTabWidget>(this, QStringLiteral("TabStrip1"));
   onglets_->addTab(ConstruitSymboles(), {});

@@ -28,6 +28,7 @@ class frmCartesOptions : public QDialog {
  public:
   frmCartesOptions(const SharedState& state, Platform& io, const MapState& carte,
                    MapOption& options, OngletCartes onglet, QWidget* parent = nullptr);
+  ~frmCartesOptions() override;
 
   /// Captions in the current language; what was typed stays.
   void AppliqueLangue();

@@ -6,7 +6,7 @@ namespace talpena {
 namespace {
 
 constexpr QRgb landColour =
-    qRgb(249, 246, 236);       // held by EncreDe.GivesLandTheColourThatIsMeasured
+    qRgb(249, 246, 236);      // held by EncreDe.GivesLandTheColourThatIsMeasured
 constexpr int pixelStep = 2;  ///< along both sides: a sample is enough
 
 }  // namespace
