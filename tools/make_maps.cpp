@@ -30,7 +30,8 @@ namespace fs = std::filesystem;
 
 void EnregistreImage(const MapSheet& sheet, const MapDrawing& drawing, int scale,
                      const fs::path& file) {
-  if (!PeintCarte(sheet, drawing, scale).save(QString::fromStdString(file.string()), "PNG"))
+  if (!PeintCarte(sheet, drawing, scale, lettresCarte)
+           .save(QString::fromStdString(file.string()), "PNG"))
     throw std::runtime_error("cannot write " + file.string());
 }
 

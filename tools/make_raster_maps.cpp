@@ -1,5 +1,6 @@
 // make_raster_maps SCALE_50M.geo SCALE_10M.geo FOLDER [FILE...]: makes the pictures of the raster
 // maps, or those named.
+#include <QGuiApplication>
 #include <QImage>
 #include <algorithm>
 #include <cstdio>
@@ -28,7 +29,7 @@ void FaitCarte(const RasterStyle& style, const GeoData& small, const GeoData& la
   const PictureSize size = TailleImage(sheet.Etat());
   const double scale = static_cast<double>(CoteRaster) / std::max(size.width, size.height);
   const fs::path file = folder / LigneRaster(style.map).file;
-  const QImage picture = AvecTable(PeintImage(sheet, drawing, scale));
+  const QImage picture = AvecTable(PeintCarte(sheet, drawing, scale, lettresRaster));
   if (!picture.save(QString::fromStdString(file.string()), "BMP"))
     throw std::runtime_error("cannot write " + file.string());
 }
@@ -45,6 +46,8 @@ int main(int argc, char** argv) {
     std::fputs("usage: make_raster_maps scale_50m.geo scale_10m.geo folder [file...]\n", stderr);
     return 2;
   }
+  qputenv("QT_QPA_PLATFORM", "offscreen");  // the letters need an application, no screen
+  const QGuiApplication application(argc, argv);
   const std::span<char* const> arguments(argv, static_cast<std::size_t>(argc));
   try {
     const GeoData small = LitDonnees(arguments[1]), large = LitDonnees(arguments[2]);

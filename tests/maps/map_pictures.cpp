@@ -85,6 +85,7 @@ class Feuille {
     const std::string name = path_.stem().string() + "-" + distribution.name;
     const std::string base = (out_ / (name + (withLines ? "-lines" : ""))).string();
     FaitEPS(vue.context, base + ".eps", withLines ? 0 : 1);
+    distribution.dialogues.boxes.clear();  // where the file lies
     return vue.canvas.Surface().save(QString::fromStdString(base + ".png"));
   }
 

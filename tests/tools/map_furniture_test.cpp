@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 #include <string>
 #include <vector>
 
@@ -61,6 +62,75 @@ TEST(Garnit, NumbersTheMeridiansThatStopShortOfThePoles) {
                            "150\xB0"
                            "E"})
     EXPECT_NE(Texte(furniture, text), nullptr) << text;
+}
+
+TEST(Garnit, NumbersTheMeridiansOnTheSidesOfAPolarMap) {
+  for (const char* map : {"arctic", "antarctic"}) {
+    SCOPED_TRACE(map);
+    const MapSheet sheet = Feuille(map);
+    const MapFurniture furniture = Garnit(sheet, Lettre(sheet));
+    for (const char* text : {"80\xB0"
+                             "W",
+                             "60\xB0"
+                             "E",
+                             "120\xB0"
+                             "E"}) {
+      const PlacedText* placed = Texte(furniture, text);
+      ASSERT_NE(placed, nullptr) << text;
+      EXPECT_EQ(placed->across, text[2] == '\xB0' && text[3] == 'W' ? 0 : 1) << text;
+    }
+  }
+}
+
+struct TrueCase {
+  const char* map;
+  double latitude;
+};
+// Where the scale bars say that they are true; a polar map at its pole, the others at a place of
+// their central meridian.
+constexpr TrueCase trueCases[] = {{"world", 0},
+                                  {"world_mercator", 0},
+                                  {"world_gall", 45},
+                                  {"world_sinusoidal", 30},
+                                  {"globe", 25},
+                                  {"globe_america", 10},
+                                  {"globe_pacific", -12},
+                                  {"europe", 42},
+                                  {"europe", 62},
+                                  {"africa", -30},
+                                  {"north_america", 25},
+                                  {"north_america", 60},
+                                  {"south_america", -40},
+                                  {"asia", 44},
+                                  {"oceania", -30},
+                                  {"united_states", 33},
+                                  {"western_europe", 50.5},
+                                  {"british_isles", 51},
+                                  {"british_isles", 59},
+                                  {"france_belgium", 43},
+                                  {"france_belgium", 50},
+                                  {"iberia", 40},
+                                  {"morocco", 31},
+                                  {"mediterranean", 38},
+                                  {"arctic", 89.9},
+                                  {"antarctic", -89.9},
+                                  {"north_pole", 89.9},
+                                  {"south_pole", -89.9}};
+
+// Against the length of a parallel on the ellipsoid; the figure of most projections is a sphere,
+// whose parallels are up to 0.34 per cent shorter.
+TEST(Garnit, ItsBarIsTrueWhereItSays) {
+  constexpr double a = 6378.388, e2 = 0.00672267, perDegree = std::numbers::pi / 180;
+  for (const TrueCase& c : trueCases) {
+    SCOPED_TRACE(std::string(c.map) + ' ' + std::to_string(c.latitude));
+    const MapSheet sheet = Feuille(c.map);
+    const double phi = c.latitude * perDegree, middle = sheet.Description().meridian;
+    const PlanePoint west = sheet.Projette({middle - 0.5, c.latitude});
+    const PlanePoint east = sheet.Projette({middle + 0.5, c.latitude});
+    const double normal = a / std::sqrt(1 - e2 * std::sin(phi) * std::sin(phi));
+    const double ground = normal * std::cos(phi) * perDegree;
+    EXPECT_NEAR(std::hypot(east.x - west.x, east.y - west.y) / ground, 1, 0.0037);
+  }
 }
 
 TEST(Garnit, LeavesTheDegreesOutWhereALimbEndsTheLines) {

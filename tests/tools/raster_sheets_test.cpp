@@ -5,13 +5,17 @@
 
 #include <QImage>
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
+#include <numbers>
 #include <string>
+#include <vector>
 
 #include "carto/colour_table.h"
 #include "carto/geo_source.h"
 #include "carto/map_drawing.h"
+#include "carto/map_furniture.h"
 
 namespace talpena {
 namespace {
@@ -38,6 +42,73 @@ TEST(RasterSheets, TheirBoxIsTheUserScale) {
     EXPECT_NEAR(box.top, scale.top, 0.01);
     EXPECT_NEAR(box.right, scale.left + scale.width, 0.01);
     EXPECT_NEAR(box.bottom, scale.top + scale.height, 0.01);
+  }
+}
+
+/// Kilometres that a scale bar says, and its length on the map.
+struct Bar {
+  double says = 0, drawn = 0;
+};
+
+Bar BarreDe(const MapFurniture& furniture) {
+  const Line& line = furniture.lines.front();
+  for (const PlacedText& placed : furniture.texts) {
+    if (placed.text.find(" km at ") != std::string::npos)
+      return {std::stod(placed.text), line[2].x - line[1].x};
+  }
+  return {};
+}
+
+// Against the length of the parallel on the ellipsoid; the figure of the maps is a sphere, whose
+// parallels are up to 0.34 per cent shorter.
+TEST(RasterSheets, TheirScaleBarIsTrueAtAParallelOfTheMap) {
+  constexpr double a = 6378.388, e2 = 0.00672267, perDegree = std::numbers::pi / 180;
+  for (const RasterStyle& style : StylesRaster()) {
+    const RasterRow& row = LigneRaster(style.map);
+    SCOPED_TRACE(row.file);
+    EXPECT_GT(style.barParallel, row.south);
+    EXPECT_LT(style.barParallel, row.north);
+    const MapSheet sheet = FeuilleRaster(style);
+    const double sine = std::sin(style.barParallel * perDegree);
+    const double cosine = std::cos(style.barParallel * perDegree);
+    const double ground = a / std::sqrt(1 - e2 * sine * sine) * cosine * perDegree;
+    const double onMap = sheet.Projette({row.west + 2, style.barParallel}).x -
+                         sheet.Projette({row.west + 1, style.barParallel}).x;
+    const Bar bar = BarreDe(Garnit(sheet, sheet.Etat().CoteKm / 65));
+    ASSERT_GT(bar.says, 0);
+    EXPECT_NEAR(bar.drawn / bar.says / (onMap / ground), 1, 0.004);
+  }
+}
+
+TEST(RasterSheets, SayWhereTheirScaleBarIsTrue) {
+  const auto texts = [](CarteRaster map) {
+    const MapSheet sheet = FeuilleRaster(StylesRaster()[static_cast<std::size_t>(map)]);
+    return Garnit(sheet, sheet.Etat().CoteKm / 65).texts;
+  };
+  const auto has = [](const std::vector<PlacedText>& all, const char* text) {
+    return std::any_of(all.begin(), all.end(),
+                       [&](const PlacedText& placed) { return placed.text == text; });
+  };
+  EXPECT_TRUE(has(texts(CarteRaster::Belgique), "50 km at 50.5\xB0N"));
+  EXPECT_TRUE(has(texts(CarteRaster::AmeriqueSud), "1000 km at 20\xB0S"));
+  EXPECT_TRUE(has(texts(CarteRaster::Afrique), "1000 km at the equator"));
+}
+
+TEST(RasterSheets, BearDegreesOnAllFourSides) {
+  for (const RasterStyle& style : StylesRaster()) {
+    SCOPED_TRACE(LigneRaster(style.map).file);
+    const MapSheet sheet = FeuilleRaster(style);
+    const double em = sheet.Etat().CoteKm / 65;
+    const Frame box = sheet.Cadre();
+    std::array<int, 4> sides{};
+    for (const PlacedText& placed : Garnit(sheet, em).texts) {
+      if (placed.text.find('\xB0') == std::string::npos || placed.text.size() > 5) continue;
+      sides[0] += placed.across == 0 ? 1 : 0;
+      sides[1] += placed.across == 1 ? 1 : 0;
+      if (placed.across != 0.5) continue;
+      ++sides[placed.at.y < (box.bottom + box.top) / 2 ? 2 : 3];
+    }
+    for (const int degrees : sides) EXPECT_GE(degrees, 1);
   }
 }
 
@@ -176,6 +247,34 @@ TEST(RasterPictures, ShowLandAndWaterWhereTheyAre) {
                       static_cast<int>((p.Y - scale.top) / scale.height * picture.height()));
     const QRgb land = Encre(Matter::Land), water = Encre(Matter::Water);
     EXPECT_EQ(Ecart(pixel, land) < Ecart(pixel, water), c.matter == Matter::Land);
+  }
+}
+
+constexpr ShoreCase crossings[] = {
+    {"north of Dundalk", CarteRaster::IlesBritanniques, 54.10, -6.37},
+    {"Belleek", CarteRaster::IlesBritanniques, 54.48, -8.09},
+    {"between Strabane and Lifford", CarteRaster::IlesBritanniques, 54.83, -7.47},
+};
+
+TEST(RasterPictures, ShowTheBorderOfNorthernIreland) {
+  for (const ShoreCase& c : crossings) {
+    SCOPED_TRACE(c.name);
+    const RasterRow& row = LigneRaster(c.map);
+    const QImage picture(QString::fromStdString(Chemin(row)));
+    ASSERT_FALSE(picture.isNull());
+    const RasterMap map = RasterDe(row, "");
+    const UserScale scale = EchelleRaster(map, row);
+    const PointKm p = ProjetteRaster(map, {c.latitude, c.from});
+    const auto x = static_cast<int>((p.X - scale.left) / scale.width * picture.width());
+    const auto y = static_cast<int>((p.Y - scale.top) / scale.height * picture.height());
+    constexpr int reach = 8;  // 6 km
+    int nearest = 765;
+    for (int down = -reach; down <= reach; ++down) {
+      for (int across = -reach; across <= reach; ++across)
+        nearest =
+            std::min(nearest, Ecart(picture.pixel(x + across, y + down), Encre(Matter::Border)));
+    }
+    EXPECT_LT(nearest, 24);
   }
 }
 

@@ -1,6 +1,7 @@
 // The maps that ship, one row each.
 #pragma once
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace talpena {
@@ -18,6 +19,9 @@ struct MapRow {
   float parallel1, parallel2;      ///< code 1
   float meridian;                  ///< central meridian
   float graticule;                 ///< step of its faint graticule, degrees
+  /// Where the scale bar is true if that is no place of true scale, and the scale there.
+  std::optional<float> barParallel = {};
+  double barStretch = 1;
 };
 
 /// Longitude up to which the layers of the world say once more, 360 degrees on, what lies west of

@@ -35,8 +35,8 @@ constexpr InkRow inks[] = {
     {Matter::LakeShore,       {150, 180, 200, 0.60, 0.5,  0}},
     {Matter::IceFront,        {160, 182, 198, 0.50, 0.5,  0}},
     {Matter::Province,        {200, 186, 172, 0.66, 0.6,  0}},
-    {Matter::Border,          {186, 168, 152, 0.55, 0.9,  0}},
-    {Matter::DisputedBorder,  {186, 168, 152, 0.55, 0.9,  3}},
+    {Matter::Border,          {168, 146, 128, 0.48, 0.9,  0}},
+    {Matter::DisputedBorder,  {168, 146, 128, 0.48, 0.9,  3}},
     {Matter::Coast,           {116, 142, 160, 0.30, 0.75, 0}},
     {Matter::Limb,            {150, 168, 180, 0.45, 1.2,  0}},
 };

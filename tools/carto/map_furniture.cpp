@@ -30,7 +30,7 @@ std::string Parallele(double value) {
 struct ProjectionText {
   int code;
   const char* name;
-  const char* where;  ///< its lengths are true there; empty: on a parallel of the map's own
+  const char* where;  ///< its lengths are true there
 };
 constexpr ProjectionText projections[] = {
     {2, "Mercator", "at the equator"},
@@ -39,8 +39,8 @@ constexpr ProjectionText projections[] = {
     {5,
      "Plate carr\xE9"
      "e",
-     "along meridians"},
-    {6, "Equirectangular", "along meridians"},
+     "at the equator"},
+    {6, "Equirectangular", "at 50.5\xB0"},
     {7, "Stereographic cylinder", "at 30\xB0"},
     {8, "Stereographic cylinder", "at 45\xB0"},
     {9, "Stereographic cylinder", ""},
@@ -59,8 +59,9 @@ const ProjectionText* TexteDe(int code) {
 /// Where the scale bar has the length that it says.
 std::string OuVraie(const MapRow& row) {
   if (row.code == 1) return "at " + Parallele(row.parallel1) + " and " + Parallele(row.parallel2);
-  const std::string where = TexteDe(row.code)->where;
-  return where.empty() ? "at " + Parallele(row.parallel) : where;
+  if (row.barParallel) return "at " + Parallele(*row.barParallel);
+  if (row.code == 9) return "at " + Parallele(row.parallel);
+  return TexteDe(row.code)->where;
 }
 
 /// The longest of 1, 2 and 5 with zeros behind that is not longer.
@@ -97,9 +98,16 @@ class Furnisher {
           GradueCote(line, end);
         } else {
           GradueBord(line, end);
+          if (EstPolaire()) GradueCote(line, end);
         }
       }
     }
+  }
+
+  /// Round a pole as many meridians end on the sides as above and below.
+  bool EstPolaire() const {
+    const int code = sheet_.Description().code;
+    return code == 11 || code == 12;
   }
 
   void GradueCote(const GraticuleLine& line, PlanePoint end) {
@@ -137,11 +145,14 @@ class Furnisher {
       furniture_.texts.push_back({{right, y}, 1, text});
       y += em_ * 1.3;
     }
-    const double km = Rond((box_.right - box_.left) * barShare), left = right - km;
+    const double stretch = sheet_.Description().barStretch;
+    const double km = Rond((box_.right - box_.left) * barShare / stretch);
+    const double left = right - km * stretch;
     const double tick = em_ * 0.4;
     y += em_ * 0.2;
     furniture_.lines.push_back({{left, y + tick}, {left, y}, {right, y}, {right, y + tick}});
-    furniture_.lines.push_back({{left + km / 2, y}, {left + km / 2, y + tick / 2}});
+    const double middle = (left + right) / 2;
+    furniture_.lines.push_back({{middle, y}, {middle, y + tick / 2}});
     const std::string length = FormeLibre(km).substr(1) + " km ";
     furniture_.texts.push_back({{right, y + em_ * 0.9}, 1, length + OuVraie(sheet_.Description())});
   }

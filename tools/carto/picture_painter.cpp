@@ -55,20 +55,20 @@ void AjouteLigne(QPainterPath& path, const Line& line, bool closed, const PixelS
   if (closed) path.closeSubpath();
 }
 
-constexpr int textPixels = 11;
 constexpr QColor textInk(50, 58, 64);
 constexpr QColor textRing(255, 255, 255);
 
 /// What `Garnit` lays out, in a light ring. Letters need the fonts of an application.
-void PeintGarniture(QPainter& painter, const MapSheet& sheet, const PixelScale& pixel) {
+void PeintGarniture(QPainter& painter, const MapSheet& sheet, const PixelScale& pixel,
+                    int letterPixels) {
   const double kmPerPixel =
       static_cast<double>(sheet.Etat().LargeurKm) / TailleImage(sheet.Etat()).width;
-  const MapFurniture furniture = Garnit(sheet, textPixels * kmPerPixel);
+  const MapFurniture furniture = Garnit(sheet, letterPixels * kmPerPixel);
   QPainterPath lines, letters;
   for (const Line& line : furniture.lines) AjouteLigne(lines, line, false, pixel);
   if (qGuiApp != nullptr) {
     QFont font("DejaVu Sans");
-    font.setPixelSize(textPixels);
+    font.setPixelSize(letterPixels);
     const QFontMetricsF metrics(font);
     for (const PlacedText& placed : furniture.texts) {
       const QString text = QString::fromLatin1(placed.text);
@@ -97,8 +97,8 @@ void Prepare(QPainter& painter, const PictureSize& size) {
                 static_cast<double>(painter.device()->height()) / size.height);
 }
 
-QPen PlumeDe(const Ink& ink) {
-  QPen pen(QColor(ink.red, ink.green, ink.blue), ink.width);
+QPen PlumeDe(const Ink& ink, double weight) {
+  QPen pen(QColor(ink.red, ink.green, ink.blue), ink.width * weight);
   pen.setCapStyle(Qt::FlatCap);
   pen.setJoinStyle(Qt::RoundJoin);
   if (ink.dash > 0) pen.setDashPattern({ink.dash / ink.width, ink.dash / ink.width});
@@ -106,12 +106,12 @@ QPen PlumeDe(const Ink& ink) {
 }
 
 void PeintCouche(QPainter& painter, const DrawnLayer& layer, const Ink& ink,
-                 const PixelScale& pixel) {
+                 const PixelScale& pixel, double weight) {
   QPainterPath surface;
   surface.setFillRule(Qt::OddEvenFill);
   for (const Ring& ring : layer.surface) AjouteLigne(surface, ring, true, pixel);
   painter.fillPath(surface, QColor(ink.red, ink.green, ink.blue));
-  painter.setPen(PlumeDe(ink));
+  painter.setPen(PlumeDe(ink, weight));
   for (const Line& line : layer.lines) {
     QPainterPath path;
     AjouteLigne(path, line, line.front() == line.back(), pixel);
@@ -119,9 +119,7 @@ void PeintCouche(QPainter& painter, const DrawnLayer& layer, const Ink& ink,
   }
 }
 
-}  // namespace
-
-QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
+QImage PeintDessin(const MapSheet& sheet, const MapDrawing& drawing, double scale, double weight) {
   const PictureSize size = TailleImage(sheet.Etat());
   QImage image(qRound(size.width * scale), qRound(size.height * scale), QImage::Format_RGB32);
   image.fill(Qt::white);
@@ -129,17 +127,21 @@ QImage PeintImage(const MapSheet& sheet, const MapDrawing& drawing, double scale
   Prepare(painter, size);
   const PixelScale pixel(sheet, scale);
   for (const DrawnLayer& layer : drawing)
-    PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel);
+    PeintCouche(painter, layer, EncreDe(layer.matter, sheet.Description().detail), pixel, weight);
   painter.end();
   return image;
 }
 
-QImage PeintCarte(const MapSheet& sheet, const MapDrawing& drawing, double scale) {
-  QImage image = PeintImage(sheet, drawing, scale);
+}  // namespace
+
+QImage PeintCarte(const MapSheet& sheet, const MapDrawing& drawing, double scale,
+                  int letterPixels) {
+  const double weight = static_cast<double>(letterPixels) / lettresCarte;
+  QImage image = PeintDessin(sheet, drawing, scale, weight);
   const PictureSize size = TailleImage(sheet.Etat());
   QPainter painter(&image);
   Prepare(painter, size);
-  PeintGarniture(painter, sheet, PixelScale(sheet, scale));
+  PeintGarniture(painter, sheet, PixelScale(sheet, scale), letterPixels);
   PeintCadre(painter, size);
   painter.end();
   return image;

@@ -1,6 +1,8 @@
 #include "carto/raster_sheets.h"
 
 #include <array>
+#include <cmath>
+#include <numbers>
 
 #include "maps/projection.h"
 
@@ -9,22 +11,25 @@ namespace {
 
 // clang-format off
 constexpr std::array styles = {
-    RasterStyle{CarteRaster::Europe,           Detail::Continent, 10},
-    RasterStyle{CarteRaster::EuropeCentrale,   Detail::Region,     2},
-    RasterStyle{CarteRaster::Gaule,            Detail::Region,     2},
-    RasterStyle{CarteRaster::Belgique,         Detail::Region,     1},
-    RasterStyle{CarteRaster::PaysBas,          Detail::Region,     1},
-    RasterStyle{CarteRaster::IlesBritanniques, Detail::Region,     2},
-    RasterStyle{CarteRaster::Iberie,           Detail::Region,     2},
-    RasterStyle{CarteRaster::Turquie,          Detail::Region,     2},
-    RasterStyle{CarteRaster::Afrique,          Detail::Continent, 10},
-    RasterStyle{CarteRaster::AsieEurope,       Detail::Continent, 10},
-    RasterStyle{CarteRaster::AsieOceanie,      Detail::Continent, 10},
-    RasterStyle{CarteRaster::Monde,            Detail::World,     15},
-    RasterStyle{CarteRaster::AmeriqueNord,     Detail::Continent, 10},
-    RasterStyle{CarteRaster::AmeriqueSud,      Detail::Continent, 10},
+    // map, detail, graticule, parallel of the scale bar
+    RasterStyle{CarteRaster::Europe,           Detail::Continent, 10, 50},
+    RasterStyle{CarteRaster::EuropeCentrale,   Detail::Region,     2, 50},
+    RasterStyle{CarteRaster::Gaule,            Detail::Region,     2, 45},
+    RasterStyle{CarteRaster::Belgique,         Detail::Region,     1, 50.5F},
+    RasterStyle{CarteRaster::PaysBas,          Detail::Region,     1, 52},
+    RasterStyle{CarteRaster::IlesBritanniques, Detail::Region,     2, 55},
+    RasterStyle{CarteRaster::Iberie,           Detail::Region,     2, 40},
+    RasterStyle{CarteRaster::Turquie,          Detail::Region,     2, 39},
+    RasterStyle{CarteRaster::Afrique,          Detail::Continent, 10, 0},
+    RasterStyle{CarteRaster::AsieEurope,       Detail::Continent, 10, 45},
+    RasterStyle{CarteRaster::AsieOceanie,      Detail::Continent, 10, 0},
+    RasterStyle{CarteRaster::Monde,            Detail::World,     15, 0},
+    RasterStyle{CarteRaster::AmeriqueNord,     Detail::Continent, 10, 50},
+    RasterStyle{CarteRaster::AmeriqueSud,      Detail::Continent, 10, -20},
 };
 // clang-format on
+
+double Cosinus(double degrees) { return std::cos(degrees * std::numbers::pi / 180); }
 
 /// Codes of the vector projections of the two types; both take their factor from the state.
 std::int16_t CodeDe(const RasterRow& row) {
@@ -38,6 +43,8 @@ MapRow LigneDe(const RasterRow& row, const RasterStyle& style) {
   drawn.title = "";
   drawn.detail = style.detail;
   drawn.code = CodeDe(row);
+  drawn.barParallel = style.barParallel;
+  drawn.barStretch = Cosinus(row.parallel) / Cosinus(style.barParallel);
   drawn.north = static_cast<float>(row.north);
   drawn.south = static_cast<float>(row.south);
   drawn.east = static_cast<float>(row.east);

@@ -11,7 +11,8 @@ namespace talpena {
 struct RasterStyle {
   CarteRaster map;
   Detail detail;
-  float graticule;  ///< step, degrees
+  float graticule;    ///< step, degrees
+  float barParallel;  ///< the scale bar is true there; most are not true to scale on the map itself
 };
 
 std::span<const RasterStyle> StylesRaster();

@@ -14,9 +14,11 @@ namespace {
 
 constexpr std::array columnsShown{Column::PERIOD, Column::LATITUDE, Column::LONGITUDE};
 
-/// Circles until something else is drawn: only their colour changes from row to row.
+/// Circles until something else is drawn: only their colour changes from row to row. The ring
+/// keeps those that overlap apart.
 void PrepareCercles(RasterContext c) {
-  c.canvas.Attributs = {.ForeColor = c.state.StrokeColor, .fillStyle = FillStyle::Solid};
+  c.canvas.Attributs = {
+      .ForeColor = c.state.StrokeColor, .fillStyle = FillStyle::Solid, .RingWidth = 1};
 }
 
 CirclePlace CercleDe(const RasterContext& c, double period, PointDegres place) {

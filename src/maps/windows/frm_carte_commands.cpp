@@ -1,5 +1,6 @@
 // What the controls of frmCarte do: each calls one procedure of the logic.
 #include <QTimer>
+#include <optional>
 #include <utility>
 
 #include "maps/canvas_sink.h"
@@ -63,7 +64,8 @@ void frmCarte::OuvreCarte() {
 void frmCarte::SetOptions(OngletCartes onglet) {
   Commande([this, onglet] {
     frmCartesOptions dialogue(state_, io_, carte_, options_, onglet, this);
-    dialogue.Conseille(ConseilDiametre(Contexte(), PartDeTerre(EnQt(carte_.FichierImage))));
+    const std::optional<double> land = PartDeTerre(EnQt(carte_.FichierImage));
+    if (land) dialogue.Conseille(ConseilDiametre(Contexte(), *land));
     dialogue.exec();
     if (options_.Cancel == 0) RedrawMap(Contexte());
   });

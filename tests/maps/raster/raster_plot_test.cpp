@@ -57,6 +57,15 @@ TEST(RasterPlot, APeriodOf0ANegativeOneAndNullAreDrawnAsPeriod1) {
   EXPECT_EQ(w.Couleurs(), (std::vector<std::uint32_t>{255, 255, 255, 255}));
 }
 
+TEST(RasterPlot, CirclesHaveARingThatKeepsThemApart) {
+  RasterWorld w;
+  w.Remplit({{1, 1, 1}});
+  w.Ouvre(CarteRaster::Afrique);
+  RedessineRaster(w.Carte());
+  ASSERT_EQ(w.Cercles().size(), 1U);
+  EXPECT_EQ(w.Cercles().front().attributs.RingWidth, 1);
+}
+
 TEST(RasterPlot, PeriodsHaveTheirColoursAndTheFourthIsBlack) {
   RasterWorld w;
   w.state.SymbolColor = {0x0000FF, 0x00FF00, 0xFF0000};

@@ -118,13 +118,16 @@ TEST(PartDeTerre, IsTheShareOfPixelsInTheColourOfLand) {
   QImage image(100, 40, QImage::Format_RGB32);
   image.fill(QColor(222, 234, 241));
   ASSERT_TRUE(image.save(path));
-  EXPECT_EQ(PartDeTerre(path), 1) << "no land of that colour";
+  EXPECT_EQ(PartDeTerre(path), std::nullopt) << "no land of that colour";
+  image.setPixelColor(0, 0, QColor(249, 246, 236));
+  ASSERT_TRUE(image.save(path));
+  EXPECT_EQ(PartDeTerre(path), std::nullopt) << "that colour by chance";
   for (int y = 0; y < 40; ++y) {
     for (int x = 0; x < 50; ++x) image.setPixelColor(x, y, QColor(249, 246, 236));
   }
   ASSERT_TRUE(image.save(path));
-  EXPECT_DOUBLE_EQ(PartDeTerre(path), 0.5);
-  EXPECT_EQ(PartDeTerre(QStringLiteral("none.png")), 1);
+  EXPECT_DOUBLE_EQ(PartDeTerre(path).value_or(0), 0.5);
+  EXPECT_EQ(PartDeTerre(QStringLiteral("none.png")), std::nullopt);
 }
 
 TEST(FrmCartesOptions, AddsLayersInTheOrderOfDrawing) {
