@@ -33,6 +33,13 @@ struct DrawAttributes {
   int RingWidth = 0;  ///< white outside of a circle's outline, pixels of a screen of 96 dpi
 };
 
+/// One of many circles: its centre in user units, and what is inside.
+struct CirclePlace {
+  double x = 0;
+  double y = 0;
+  std::uint32_t FillColor = 0;  ///< 0xBBGGRR
+};
+
 /// Coordinates beyond what the surface can take, and those that are no number, do no harm: a shape
 /// is clipped or left out.
 class Canvas {
@@ -56,6 +63,13 @@ class Canvas {
   virtual void Line(double x1, double y1, double x2, double y2) = 0;  ///< user units
   /// Outline in ForeColor, inside by fillStyle. Centre and radius in user units.
   virtual void Circle(double x, double y, double radius) = 0;
+  /// Circles of one radius, each drawn over those before by Circle, with its FillColor set.
+  virtual void Circles(std::span<const CirclePlace> places, double radius) {
+    for (const CirclePlace& place : places) {
+      Attributs.FillColor = place.FillColor;
+      Circle(place.x, place.y, radius);
+    }
+  }
   virtual void Polyline(std::span<const PixelPoint> points) = 0;  ///< pixels
   virtual void Polygon(std::span<const PixelPoint> points) = 0;   ///< pixels, closed and filled
 

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <utility>
+#include <vector>
 
 #include "maps/plot.h"
 #include "platform/busy.h"
@@ -20,10 +21,9 @@ void PrepareCercles(RasterContext c) {
       .ForeColor = c.state.StrokeColor, .fillStyle = FillStyle::Solid, .RingWidth = 1};
 }
 
-void TraceCercle(RasterContext c, double period, PointDegres place, double radius) {
+CirclePlace CercleDe(const RasterContext& c, double period, PointDegres place) {
   const PointKm point = ProjetteRaster(c.carte, place);
-  c.canvas.Attributs.FillColor = CouleurDePeriode(c.state, period);
-  c.canvas.Circle(point.X, point.Y, radius);
+  return {point.X, point.Y, CouleurDePeriode(c.state, period)};
 }
 
 /// NaN stands for Null.
@@ -52,11 +52,14 @@ void DessineDistribution(RasterContext c) {
   PrepareCercles(c);
   const double radius = DiametreRaster(c) / 2;
   std::int64_t done = 0;
+  std::vector<CirclePlace> circles;
   rows.LitNombres(columnsShown, chosen.empty() ? nullptr : &chosen, [&](const NumberBlock& block) {
+    circles.clear();
     for (std::size_t row = 0; row < block.rows; ++row) {
       const PointDegres place{block.Valeur(row, 1), block.Valeur(row, 2)};
-      if (EstPlace(place)) TraceCercle(c, block.Valeur(row, 0), place, radius);
+      if (EstPlace(place)) circles.push_back(CercleDe(c, block.Valeur(row, 0), place));
     }
+    c.canvas.Circles(circles, radius);
     done += static_cast<std::int64_t>(block.rows);
     busy.Avance(done, total);
   });
@@ -89,7 +92,7 @@ void RedessineRaster(RasterContext c) {
 
 void TraceLigneRaster(RasterContext c, double period, PointDegres place) {
   PrepareCercles(c);
-  TraceCercle(c, period, place, DiametreRaster(c) / 2);
+  c.canvas.Circles(std::array{CercleDe(c, period, place)}, DiametreRaster(c) / 2);
 }
 
 std::uint32_t CouleurDePeriode(const SettingsState& state, double period) {

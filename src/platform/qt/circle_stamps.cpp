@@ -11,8 +11,9 @@
 namespace talpena {
 namespace {
 
-constexpr int group = 4;          ///< pixels that are blended at once
-constexpr int shortestCopy = 32;  ///< opaque runs below this are quicker blended with their edges
+constexpr int group = 4;           ///< pixels that are blended at once
+constexpr int shortestPlain = 16;  ///< what is shorter is quicker blended with its edges
+constexpr int fetched = 16;        ///< pixels that the processor fetches at once
 
 Qt::PenStyle StyleDePlume(DrawStyle style) {
   switch (style) {
@@ -32,10 +33,21 @@ int PlusProche(double value) {
   return static_cast<int>(value + 0.5 + shift) - shift;
 }
 
-enum class Cover { None, Some, All };
+bool EstOpaque(std::uint32_t pixel) { return pixel >> 24 == 255; }
 
-Cover Sorte(std::uint32_t pixel) {
-  return pixel >> 24 == 255 ? Cover::All : pixel != 0 ? Cover::Some : Cover::None;
+/// Behind the pixels that equal the one at `first`.
+int FinDeSuite(const std::uint32_t* pixels, int first, int side) {
+  int last = first + 1;
+  while (last < side && pixels[last] == pixels[first]) ++last;
+  return last;
+}
+
+void Attend(const std::uint32_t* pixel) {
+#ifdef __GNUC__
+  __builtin_prefetch(pixel, 1);
+#else
+  static_cast<void>(pixel);
+#endif
 }
 
 /// Superpose for `group` pixels, each byte by itself: compilers make a few instructions of it.
@@ -65,6 +77,14 @@ void Melange(const std::uint32_t* above, std::uint32_t* below, int count) {
   for (; i < count; ++i) below[i] = Superpose(above[i], below[i]);
 }
 
+void Couvre(std::uint32_t colour, std::uint32_t* below, int count) {
+  std::array<std::uint32_t, group> same{};
+  same.fill(colour);
+  int i = 0;
+  for (; i + group <= count; i += group) std::memcpy(below + i, same.data(), sizeof same);
+  for (; i < count; ++i) below[i] = colour;
+}
+
 }  // namespace
 
 double CircleLook::RayonTotal() const {
@@ -75,8 +95,8 @@ double CircleLook::RayonTotal() const {
 bool CircleLook::operator==(const CircleLook& other) const {
   const DrawAttributes& a = attributes;
   const DrawAttributes& b = other.attributes;
-  return radius == other.radius && penWidth == other.penWidth && a.ForeColor == b.ForeColor &&
-         a.FillColor == b.FillColor && a.fillStyle == b.fillStyle && a.drawStyle == b.drawStyle &&
+  return a.FillColor == b.FillColor && radius == other.radius && penWidth == other.penWidth &&
+         a.ForeColor == b.ForeColor && a.fillStyle == b.fillStyle && a.drawStyle == b.drawStyle &&
          a.RingWidth == b.RingWidth;
 }
 
@@ -128,14 +148,29 @@ void CircleStamps::Pose(const PixelRows& target, double x, double y, const Circl
     const int first = std::max<int>(span.first, -left);
     const int count = std::min<int>(span.last, target.width - left) - first;
     if (row < 0 || row >= target.height || count <= 0) continue;
-    const std::uint32_t* above = stamp.pixels.data() + span.from + (first - span.first);
     std::uint32_t* below =
         target.pixels + static_cast<std::ptrdiff_t>(row) * target.width + left + first;
-    if (span.opaque) {
-      std::memcpy(below, above, static_cast<std::size_t>(count) * sizeof *below);
+    if (span.plain) {
+      Couvre(span.from, below, count);
     } else {
-      Melange(above, below, count);
+      Melange(stamp.pixels.data() + span.from + (first - span.first), below, count);
     }
+  }
+}
+
+void CircleStamps::Annonce(const PixelRows& target, double x, double y) const {
+  const int margin = sets_[last_].margin;
+  if (!(x > -margin && x < target.width + margin && y > -margin && y < target.height + margin)) {
+    return;
+  }
+  const int left = std::max(static_cast<int>(x) - margin, 0);
+  const int right = std::min(static_cast<int>(x) + margin, target.width - 1);
+  const int top = std::max(static_cast<int>(y) - margin, 0);
+  const int bottom = std::min(static_cast<int>(y) + margin, target.height - 1);
+  for (int row = top; row <= bottom; ++row) {
+    const std::uint32_t* pixels = target.pixels + static_cast<std::ptrdiff_t>(row) * target.width;
+    for (int column = left; column < right; column += fetched) Attend(pixels + column);
+    Attend(pixels + right);
   }
 }
 
@@ -170,8 +205,9 @@ void CircleStamps::Decoupe(Stamp& stamp, const QImage& image) {
   }
   // What a blended span gains stays as it is: nothing is drawn there, or it is opaque.
   for (Span& span : stamp.spans) {
+    if (span.plain) continue;
     const int over = (span.last - span.first) % group;
-    if (!span.opaque && over != 0) span.last = static_cast<std::int16_t>(span.last + group - over);
+    if (over != 0) span.last = static_cast<std::int16_t>(span.last + group - over);
     span.from = static_cast<std::uint32_t>(stamp.pixels.size());
     const auto start = pixels.begin() + static_cast<std::ptrdiff_t>(span.row) * side;
     stamp.pixels.insert(stamp.pixels.end(), start + span.first, start + span.last);
@@ -180,21 +216,17 @@ void CircleStamps::Decoupe(Stamp& stamp, const QImage& image) {
 
 void CircleStamps::DecoupeRangee(Stamp& stamp, const std::uint32_t* pixels, int side, int row) {
   const std::size_t before = stamp.spans.size();
-  for (int first = 0; first < side;) {
-    int last = first + 1;
-    while (last < side && Sorte(pixels[last]) == Sorte(pixels[first])) ++last;
-    const Cover cover = Sorte(pixels[first]);
-    const bool opaque = cover == Cover::All && last - first >= shortestCopy;
+  for (int first = 0, last = 0; first < side; first = last) {
+    last = FinDeSuite(pixels, first, side);
+    if (pixels[first] == 0) continue;
+    const bool plain = EstOpaque(pixels[first]) && last - first >= shortestPlain;
     Span* const former = stamp.spans.size() > before ? &stamp.spans.back() : nullptr;
-    if (cover == Cover::None) {
-      // nothing to copy
-    } else if (!opaque && former != nullptr && !former->opaque && first - former->last < group) {
+    if (!plain && former != nullptr && !former->plain && first - former->last < group) {
       former->last = static_cast<std::int16_t>(last);
     } else {
       stamp.spans.push_back({static_cast<std::int16_t>(row), static_cast<std::int16_t>(first),
-                             static_cast<std::int16_t>(last), opaque, 0});
+                             static_cast<std::int16_t>(last), plain, pixels[first]});
     }
-    first = last;
   }
 }
 

@@ -33,20 +33,22 @@ class CircleStamps {
 
   /// Puts a circle on the surface. Its centre is placed on the nearest eighth of a pixel.
   void Pose(const PixelRows& target, double x, double y, const CircleLook& look);
+  /// Has the processor fetch the pixels of the circle that comes next, of the radius of the last.
+  void Annonce(const PixelRows& target, double x, double y) const;
 
  private:
   static constexpr int phases = 8;  ///< places of the centre within a pixel, along each axis
 
-  /// Pixels of a stamp's row from one to another that are alike in how they are copied.
+  /// Pixels of a stamp's row from one to another that are put down in the same way.
   struct Span {
     std::int16_t row;
     std::int16_t first;
-    std::int16_t last;  ///< behind the last
-    bool opaque;
-    std::uint32_t from;  ///< its first pixel among those of the stamp
+    std::int16_t last;   ///< behind the last
+    bool plain;          ///< of one opaque colour throughout
+    std::uint32_t from;  ///< its first pixel among those of the stamp, or that colour
   };
-  /// Its spans alone are kept, one behind the other, so that the stamps of all looks of a map stay
-  /// near the processor.
+  /// Pixels are kept of its spans alone, one behind the other, and of the plain ones none, so that
+  /// the stamps of all looks of a map stay near the processor.
   struct Stamp {
     bool made = false;
     std::vector<std::uint32_t> pixels;

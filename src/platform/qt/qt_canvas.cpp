@@ -227,6 +227,25 @@ void QtCanvas::Circle(double x, double y, double radius) {
   }
 }
 
+void QtCanvas::Circles(std::span<const CirclePlace> places, double radius) {
+  CircleLook look{radius * std::abs(factorX_), LargeurTrait(), Attributs};
+  const bool stamped = look.radius >= 0 && look.radius <= CircleStamps::largestRadius;
+  if (places.empty() || !stamped) return Canvas::Circles(places, radius);
+  Vide();
+  const PixelRows target = Rangees();
+  SurfacePoint next = EnPixels(places.front().x, places.front().y);
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const SurfacePoint centre = next;
+    if (i + 1 < places.size()) {
+      next = EnPixels(places[i + 1].x, places[i + 1].y);
+      stamps_.Annonce(target, next.x, next.y);
+    }
+    look.attributes.FillColor = places[i].FillColor;
+    if (EstFini(centre)) stamps_.Pose(target, centre.x, centre.y, look);
+  }
+  Attributs.FillColor = places.back().FillColor;
+}
+
 /// A circle so large that only part of it may be in sight: an outline of chords that lie within a
 /// twentieth of a pixel of it, as far as their number allows.
 void QtCanvas::GrandCercle(SurfacePoint centre, const CircleLook& look) {

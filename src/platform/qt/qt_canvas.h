@@ -55,6 +55,7 @@ class QtCanvas final : public Canvas {
   void PSet(double x, double y) override;
   void Line(double x1, double y1, double x2, double y2) override;
   void Circle(double x, double y, double radius) override;
+  void Circles(std::span<const CirclePlace> places, double radius) override;
   void Polyline(std::span<const PixelPoint> points) override;
   void Polygon(std::span<const PixelPoint> points) override;
   void SauveBmp(const std::string& path) override;

@@ -75,8 +75,12 @@ void Synchronise(QSettings& store) {
                      {.about = {path}});
 }
 
+/// What stands there is not written anew: windows write on their way to the screen, and the disk
+/// may be slow.
 void Pose(QSettings& store, std::string_view section, std::string_view key, std::string_view text) {
-  store.setValue(CleExistante(store, section, key), EnQt(text));
+  const QString name = CleExistante(store, section, key), wanted = EnQt(text);
+  const QVariant stands = store.value(name);
+  if (!stands.isValid() || EnTexte(stands) != wanted) store.setValue(name, wanted);
 }
 
 }  // namespace
@@ -91,7 +95,9 @@ QSettings* QtSettingsStore::Application(std::string_view name) {
 
 QSettings& QtSettingsStore::PourEcrire(std::string_view name) {
   PrepareEcriture(CheminMagasin(Neutre(name).toLower()));
-  return *Application(name);  // what can be written can be read
+  QSettings& store = *Application(name);  // what can be written can be read
+  store.sync();                           // another program may have written meanwhile
+  return store;
 }
 
 std::string QtSettingsStore::Lit(std::string_view application, std::string_view section,

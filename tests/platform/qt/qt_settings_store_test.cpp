@@ -2,10 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QLockFile>
 #include <QTemporaryDir>
+#include <array>
 #include <chrono>
 #include <cstdio>
 #include <functional>
@@ -165,6 +168,32 @@ TEST_F(QtSettingsStoreTest, SeveralTextsAreWrittenAtOnce) {
   store.EcritTout("TALPENA", entries);
   EXPECT_EQ(store.Lit("TALPENA", "A", "x", ""), "3");
   EXPECT_EQ(store.Lit("TALPENA", "B", "y", ""), "2");
+}
+
+TEST_F(QtSettingsStoreTest, WhatStandsThereIsNotWrittenAnew) {
+  QtSettingsStore store;
+  store.Ecrit("TALPENA", "Carto", "LastMap", "europe.dsw");
+  const QString path = folder.filePath("Talpena/talpena.ini");
+  const QDateTime longAgo(QDate(2001, 2, 3), QTime(4, 5));
+  {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(file.setFileTime(longAgo, QFileDevice::FileModificationTime));
+  }
+  store.Ecrit("TALPENA", "Carto", "LastMap", "europe.dsw");
+  const std::array same = {SettingEntry{"carto", "LASTMAP", "europe.dsw"}};
+  store.EcritTout("TALPENA", same);
+  EXPECT_EQ(QFileInfo(path).lastModified(), longAgo);
+  store.Ecrit("TALPENA", "Carto", "LastMap", "asia.dsw");
+  EXPECT_GT(QFileInfo(path).lastModified(), longAgo);
+}
+
+TEST_F(QtSettingsStoreTest, WhatAnotherProgramWroteMeanwhileIsWrittenOver) {
+  QtSettingsStore store;
+  store.Ecrit("TALPENA", "Carto", "LastMap", "europe.dsw");
+  EcritIni("talpena.ini", "[Carto]\nLastMap=mediterranean.dsw\n");
+  store.Ecrit("TALPENA", "Carto", "LastMap", "europe.dsw");
+  EXPECT_EQ(QtSettingsStore().Lit("TALPENA", "Carto", "LastMap", ""), "europe.dsw");
 }
 
 TEST_F(QtSettingsStoreTest, AStoreThatCannotBeWrittenIsNamed) {

@@ -1,63 +1,101 @@
 #include "platform/sqlite/rows/row_update.h"
 
 #include <algorithm>
-#include <array>
 
 #include "platform/sqlite/columns.h"
 #include "platform/sqlite/dialect/function_call.h"
+#include "platform/sqlite/errors.h"
 
 namespace talpena::sqlite {
 namespace {
 
-/// Arguments of tlp_change before the fields that the pass reads.
-constexpr int LeadingArguments = 4;
+/// Arguments of tlp_change that all calls have.
+constexpr int LeadingArguments = 3;
 
-// (pass, place of the written field, key, value now, fields read ...)
+/// The last arguments of a call.
+void LitDonnees(FunctionCall& call, std::span<Cell> given) {
+  const int first = call.Nombre() - static_cast<int>(given.size());
+  std::size_t characters = 0;
+  for (std::size_t i = 0; i < given.size(); ++i) {
+    given[i] = call.Cellule(first + static_cast<int>(i));
+    characters += given[i].text.size();
+  }
+  call.Base().Travaille(characters);
+}
+
+// (pass, place of the written field, key, value now where the pass does not know it, fields read
+// where the row is asked first)
 void NouvelleValeur(FunctionCall& call) {
   auto* update = static_cast<RowUpdate*>(sqlite3_value_pointer(call.Valeur(0), UpdatePointer));
   if (update == nullptr) return call.RendNull();
+  const auto place = static_cast<std::size_t>(call.Entier(1));
   const std::int64_t row = call.Entier(2);
   if (!update->Connait(row)) {
-    std::array<Cell, 12> given;  // as many as a distribution has fields
-    const auto count = static_cast<std::size_t>(call.Nombre() - LeadingArguments);
-    std::vector<Cell> more;
-    std::span<Cell> cells(given.data(), std::min(count, given.size()));
-    if (count > given.size()) {
-      more.resize(count);
-      cells = more;
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-      cells[i] = call.Cellule(LeadingArguments + static_cast<int>(i));
-    }
-    update->Demande(row, cells);
+    if (place != update->Premier()) throw ArgumentInvalide();
+    LitDonnees(call, update->Donnees());
+    update->Demande(row);
   }
-  const Cell* value = update->Valeur(static_cast<std::size_t>(call.Entier(1)));
+  const Cell* value = update->Valeur(place);
   if (value == nullptr) {
-    sqlite3_result_value(call.Contexte(), call.Valeur(3));
+    sqlite3_result_value(call.Contexte(), call.Valeur(LeadingArguments));
   } else {
     call.Rend(*value);
   }
 }
 
+/// SQLite works the new values of a row out in the order of the table's columns.
+/// Held by RowPassTest.WritesItsFieldsInAnyOrder.
+std::size_t PremierDemande(const RowPass& pass) {
+  return static_cast<std::size_t>(std::min_element(pass.written.begin(), pass.written.end()) -
+                                  pass.written.begin());
+}
+
+/// Where a number that is written stands among the fields read. A text does not last as long as
+/// its row.
+std::optional<std::size_t> PlaceLue(const TableState& table, const RowPass& pass, int field) {
+  const Storage storage = StockageDe(table.Def(field).type);
+  const auto at = std::find(pass.read.begin(), pass.read.end(), field);
+  const bool number = storage == Storage::Integer || storage == Storage::Real;
+  if (!number || at == pass.read.end()) return std::nullopt;
+  return static_cast<std::size_t>(at - pass.read.begin());
+}
+
 }  // namespace
 
-void RowUpdate::Demande(std::int64_t row, std::span<const Cell> given) {
+RowUpdate::RowUpdate(const TableState& table, const RowPass& pass, RowChange& change)
+    : table_(table),
+      pass_(pass),
+      change_(change),
+      first_(PremierDemande(pass)),
+      given_(pass.read.size()),
+      changed_(pass.written.size()),
+      stored_(pass.written.size()),
+      scratch_(pass.written.size()) {
+  for (const int field : pass.written) own_.push_back(PlaceLue(table, pass, field));
+}
+
+void RowUpdate::Demande(std::int64_t row) {
   row_ = row;
   known_ = true;
   modified_ = false;
   if (failure) return;
   ++seen_;
   try {
-    Calcule(given);
+    Calcule();
   } catch (...) {
     modified_ = false;
     failure = std::current_exception();
   }
 }
 
-void RowUpdate::Calcule(std::span<const Cell> given) {
+const Cell* RowUpdate::Valeur(std::size_t place) const {
+  if (modified_) return &stored_[place];
+  return own_[place] ? &given_[*own_[place]] : nullptr;
+}
+
+void RowUpdate::Calcule() {
   std::fill(changed_.begin(), changed_.end(), Cell::Null());
-  if (!change_.Modifie(row_, given, changed_)) return;
+  if (!change_.Modifie(row_, given_, changed_)) return;
   for (std::size_t i = 0; i < changed_.size(); ++i) {
     stored_[i] = Convertit(table_, pass_.written[i], changed_[i], scratch_[i]);
   }
@@ -68,12 +106,14 @@ void RowUpdate::Calcule(std::span<const Cell> given) {
 std::string SqlModification(const TableState& table, const RowPass& pass, Rows rows) {
   std::string given;
   for (const int field : pass.read) given += ", " + table.ChampSql(field);
+  const std::size_t first = PremierDemande(pass);
   std::string assignments;
   for (std::size_t i = 0; i < pass.written.size(); ++i) {
     const std::string field = table.ChampSql(pass.written[i]);
     const bool binary = StockageDe(table.Def(pass.written[i]).type) == Storage::Blob;
-    const std::string value =
-        "tlp_change(?1, " + std::to_string(i) + ", " + table.CleSql() + ", " + field + given + ")";
+    const std::string now = PlaceLue(table, pass, pass.written[i]) ? "" : ", " + field;
+    const std::string value = "tlp_change(?1, " + std::to_string(i) + ", " + table.CleSql() + now +
+                              (i == first ? given : "") + ")";
     assignments +=
         (i == 0 ? "" : ", ") + field + " = " + (binary ? "CAST(" + value + " AS BLOB)" : value);
   }
@@ -83,7 +123,7 @@ std::string SqlModification(const TableState& table, const RowPass& pass, Rows r
 }
 
 void EnregistreModification(Connection& connection) {
-  Enregistre<NouvelleValeur>(connection, "tlp_change", -1);
+  Enregistre<NouvelleValeur, Travail::Soi>(connection, "tlp_change", -1);
 }
 
 }  // namespace talpena::sqlite

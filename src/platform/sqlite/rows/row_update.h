@@ -1,7 +1,10 @@
 // One UPDATE over many rows whose new values C++ works out.
 #pragma once
+#include <cstddef>
 #include <cstdint>
 #include <exception>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -13,25 +16,23 @@ namespace talpena::sqlite {
 
 class Connection;
 
-/// What "tlp_change(?1, place, key, old, given...)" asks for the new value of a field. The rows
-/// may come in any order and their fields too: the answer for the row asked last is kept.
+/// What "tlp_change(?1, place, key ...)" asks for the new value of a field. The rows may come in
+/// any order; the answer for the row asked last is kept for its other fields.
 class RowUpdate {
  public:
-  RowUpdate(const TableState& table, const RowPass& pass, RowChange& change)
-      : table_(table),
-        pass_(pass),
-        change_(change),
-        changed_(pass.written.size()),
-        stored_(pass.written.size()),
-        scratch_(pass.written.size()) {}
+  RowUpdate(const TableState& table, const RowPass& pass, RowChange& change);
 
   /// True when `row` is the one that was asked last.
   bool Connait(std::int64_t row) const { return known_ && row_ == row; }
+  /// Place of the written field that SQLite asks for first in each row.
+  std::size_t Premier() const { return first_; }
+  /// Where the fields that the pass reads are put before a row is asked for.
+  std::span<Cell> Donnees() { return given_; }
   /// Asks for a row. After a failure, which is kept in `failure`, rows are left as they are:
   /// a statement that is broken off would take back the rows before.
-  void Demande(std::int64_t row, std::span<const Cell> given);
-  /// The value of the written field at `place`, or null when the row stays as it is.
-  const Cell* Valeur(std::size_t place) const { return modified_ ? &stored_[place] : nullptr; }
+  void Demande(std::int64_t row);
+  /// The value of the written field at `place`; null when it stays as it is and is not known here.
+  const Cell* Valeur(std::size_t place) const;
 
   std::int64_t Modifiees() const { return count_; }
   std::int64_t Vues() const { return seen_; }
@@ -39,11 +40,14 @@ class RowUpdate {
   std::exception_ptr failure;
 
  private:
-  void Calcule(std::span<const Cell> given);
+  void Calcule();
 
   const TableState& table_;
   const RowPass& pass_;
   RowChange& change_;
+  std::size_t first_;
+  std::vector<std::optional<std::size_t>> own_;  ///< of what is written: its place in given_
+  std::vector<Cell> given_;                      ///< texts are gone behind Demande
   std::vector<Cell> changed_;
   std::vector<Cell> stored_;
   std::vector<std::string> scratch_;

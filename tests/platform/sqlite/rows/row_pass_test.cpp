@@ -151,6 +151,35 @@ TEST_P(RowPassTest, WritesSeveralFieldsOfEveryKind) {
   EXPECT_TRUE(rows->Get("DATUM").EstNull());
 }
 
+TEST_P(RowPassTest, WritesItsFieldsInAnyOrder) {
+  CreeTalpena();
+  AjouteLignes(3);
+  database->Execute("UPDATE TALPENA SET N2 = 7, LATITUDE = 0.5, DATUM = 'WGS84', SEX = 'F'");
+  const auto rows = database->OpenRecordset("TALPENA");
+  const auto fields = [&rows](const std::vector<std::string>& names) {
+    std::vector<int> indices;
+    for (const std::string& name : names) indices.push_back(rows->FieldIndex(name));
+    return indices;
+  };
+  // The second row stays as it is: of what is written some is read too, some is not.
+  const RowPass pass{fields({"SEX", "N1", "N2"}), fields({"SEX", "DATUM", "N2", "LATITUDE", "N1"})};
+  Changer change([](std::span<const Cell> given, std::span<Cell> changed) {
+    changed[0] = Cell::Of(std::string_view("M"));
+    changed[1] = Cell::Of(std::string_view("NTF"));
+    changed[2] = given[1];
+    changed[3] = Cell::Of(1.5);
+    changed[4] = given[2];
+    return given[1].integer != 2;
+  });
+  EXPECT_EQ(Modifie(*rows, pass, change), 2);
+  EXPECT_EQ(change.rows, (std::vector<Bookmark>{1, 2, 3}));
+  EXPECT_EQ(Colonne("TALPENA", "SEX"), (Strings{"M", "F", "M"}));
+  EXPECT_EQ(Colonne("TALPENA", "DATUM"), (Strings{"NTF", "WGS84", "NTF"}));
+  EXPECT_EQ(Colonne("TALPENA", "N2"), (Strings{"1", "7", "3"}));
+  EXPECT_EQ(Colonne("TALPENA", "LATITUDE"), (Strings{"1.5", "0.5", "1.5"}));
+  EXPECT_EQ(Colonne("TALPENA", "N1"), (Strings{"7", "2", "7"}));
+}
+
 TEST_P(RowPassTest, MayChangeTheFieldOfAnIndexAndOfTheOrder) {
   CreeTalpena();
   AjouteLignes(50);
