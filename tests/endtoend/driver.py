@@ -186,13 +186,18 @@ def descendants(node):
             yield from descendants(child)
 
 
+def controls(program, window=None):
+    """Those of the program; with `window`, those of the window of that title."""
+    root = application(program)
+    if window is not None:
+        root = next((top for top in root if top is not None and top.name == window), None)
+    return descendants(root) if root is not None else ()
+
+
 def accessible(program, name, role=None, window=None):
-    """The control of that accessible name; with `window`, in the window of that title."""
+    """The control of that accessible name."""
     def search():
-        root = application(program)
-        if window is not None:
-            root = next((top for top in root if top is not None and top.name == window), None)
-        for node in descendants(root) if root is not None else ():
+        for node in controls(program, window):
             if node.name == name and role in (None, node.getRoleName()):
                 return node
         return None
@@ -209,12 +214,12 @@ def text_of(node):
     return content.getText(0, content.characterCount)
 
 
-def focused(program):
-    """The control that has the keys."""
+def focused(program, window=None):
+    """The control that has the keys; a window behind another one says it of one of its own too."""
     import pyatspi
 
     def search():
-        for node in descendants(application(program)):
+        for node in controls(program, window):
             if node.getState().contains(pyatspi.STATE_FOCUSED):
                 return node
         return None

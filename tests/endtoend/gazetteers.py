@@ -4,7 +4,7 @@ import os
 import shutil
 from dataclasses import dataclass
 
-from driver import accessible, application, descendants, wait_for, xdotool
+from driver import accessible, application, descendants, focused, wait_for, xdotool
 from editor import closes_form, opens_form
 
 DATA = os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "..", "..", "shared", "data",
@@ -73,9 +73,18 @@ def takes_keys(program, title):
              or xdotool("windowfocus", "--sync", number))
 
 
+def tabs(program, window, key="Tab"):
+    """The next control has the keys: a busy machine may take longer than keys wait."""
+    before = focused(program, window)
+    program.keys(key)
+    wait_for("the next control", lambda: focused(program, window) != before)
+
+
 def opens_setup(program):
     """The button Setup of the query."""
-    program.keys("Tab", "Tab", "Tab", "space")
+    for _ in range(3):
+        tabs(program, "Gazetteer")
+    program.keys("space")
     program.window(SETUP)
     waits_for_rows(program)
     takes_keys(program, SETUP)
@@ -90,11 +99,15 @@ def answers(program, title, path):
 
 
 def fills_lists(program, source):
-    """From the button Change on, with Tab, Home and Down."""
-    for place in source.places:
-        program.keys("Tab")
-        if place is not None:
-            program.keys("Home", *["Down"] * place, pause=0.05)
+    """From the button Change on, with Tab, Home and Down. Reading the rows of a table takes keys
+    away on a busy machine: each list shows its choice before the next one gets its keys."""
+    for place, name in zip(source.places, source.chosen):
+        tabs(program, "Database setup")
+        if place is None:
+            continue
+        program.keys("Home", *["Down"] * place, pause=0.05)
+        if name:
+            wait_for(name, lambda wanted=name: focused(program, "Database setup").name == wanted)
 
 
 def expected(source, path):
@@ -142,7 +155,9 @@ def sets_up_gazetteers_by_keyboard(s):
     for source, setup in kept:
         query = opens_query(program)
         opens_setup(program)
-        program.keys(*["shift+Tab"] * 7, "space")
+        for _ in range(7):
+            tabs(program, "Database setup", "shift+Tab")
+        program.keys("space")
         answers(program, "^Open", setup)
         accepts_and_searches(program, query, source)
     closes_form(program)

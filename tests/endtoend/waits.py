@@ -7,7 +7,7 @@ import time
 from driver import HEAD, ROW, accessible, focused, wait_for, xdotool
 from screen import Screen
 
-ROWS = int(os.environ.get("TALPENA_WAIT_ROWS", "500000"))
+ROWS = int(os.environ.get("TALPENA_WAIT_ROWS", "1000000"))
 # Until the wait window has its text, seconds. A tenth is what the program aims at; looking costs
 # time too, and other programs may be at work.
 LIMIT = float(os.environ.get("TALPENA_WAIT_LIMIT", "2.0"))
@@ -114,7 +114,7 @@ def shows_what_lasts_on_a_busy_machine(s):
         does(program, screen, "Grades Paris", lambda: program.keys("g", pause=0))
         program.keys("ctrl+Tab", *["Tab"] * 7)
         wait_for("the sort list", lambda: focused(program).getRoleName() == "combo box")
-        does(program, screen, "sort", lambda: program.keys("o", pause=0))
+        does(program, screen, "sort", lambda: program.keys("d", pause=0))
         program.brings("^Advanced selection$", "alt+e", "v")
         program.type("COMMENT LIKE '*a*c*e*9*'")
         does(program, screen, "selection", lambda: program.keys("Return", pause=0))
