@@ -23,8 +23,9 @@ double FinDesPixels(const QByteArray& head) {
   const qint64 bits = small(core ? 24 : 28);
   const qint32 compression = core ? 0 : number(30);
   if (compression == 1 || compression == 2) return number(34) > 0 ? pixels + number(34) : 0;
-  const auto row = static_cast<double>((width * bits + 31) / 32 * 4);
-  return pixels + row * static_cast<double>(height);  // wild numbers have no room in an integer
+  const qint64 row = (width * bits + 31) / 32 * 4;
+  // Wild numbers have no room in an integer.
+  return pixels + static_cast<double>(row) * static_cast<double>(height);
 }
 
 }  // namespace
