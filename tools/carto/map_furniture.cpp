@@ -167,7 +167,7 @@ class Furnisher {
 }  // namespace
 
 std::string NomProjection(const MapRow& row) {
-  const std::string name = row.code == 1 ? "Conformal conic" : TexteDe(row.code)->name;
+  std::string name = row.code == 1 ? "Conformal conic" : TexteDe(row.code)->name;
   if (row.code == 13) return name + ", centre " + Parallele(row.parallel);
   if (row.code == 3) return name + ", centre " + Parallele((row.north - row.south) / 2);
   return name;
